@@ -1,0 +1,85 @@
+# What every target of this project is built with.
+
+set(CMAKE_CXX_STANDARD 17)
+set(CMAKE_CXX_STANDARD_REQUIRED ON)
+set(CMAKE_CXX_EXTENSIONS OFF)
+set(CMAKE_CXX_VISIBILITY_PRESET hidden)
+set(CMAKE_VISIBILITY_INLINES_HIDDEN ON)
+set(CMAKE_AUTOMOC ON)
+set(CMAKE_EXPORT_COMPILE_COMMANDS ON)
+set_property(GLOBAL PROPERTY USE_FOLDERS ON)
+
+if(NOT CMAKE_BUILD_TYPE AND NOT CMAKE_CONFIGURATION_TYPES)
+    set(CMAKE_BUILD_TYPE RelWithDebInfo CACHE STRING "Kind of build" FORCE)
+endif()
+
+# Installed programs find the libraries beside them, wherever the tree is moved to.
+if(UNIX AND NOT APPLE)
+    file(RELATIVE_PATH KEST_BIN_TO_LIB
+        "/${CMAKE_INSTALL_BINDIR}" "/${CMAKE_INSTALL_LIBDIR}")
+    set(CMAKE_INSTALL_RPATH "$ORIGIN;$ORIGIN/${KEST_BIN_TO_LIB}")
+endif()
+
+if(KEST_SANITIZERS)
+    add_compile_options(-fsanitize=${KEST_SANITIZERS} -fno-sanitize-recover=all -fno-omit-frame-pointer)
+    add_link_options(-fsanitize=${KEST_SANITIZERS})
+endif()
+if(KEST_COVERAGE)
+    add_compile_options(--coverage)
+    add_link_options(--coverage)
+endif()
+
+# Warnings and Qt's strict string rules, for this project's own code only.
+function(kest_strict target)
+    if(MSVC)
+        target_compile_options(${target} PRIVATE /W4 $<$<BOOL:${KEST_WARNINGS_AS_ERRORS}>:/WX>)
+    else()
+        target_compile_options(${target} PRIVATE
+            -Wall -Wextra -Wpedantic -Wnon-virtual-dtor -Woverloaded-virtual
+            $<$<BOOL:${KEST_WARNINGS_AS_ERRORS}>:-Werror>)
+    endif()
+    target_compile_definitions(${target} PRIVATE
+        QT_NO_CAST_FROM_ASCII QT_NO_CAST_TO_ASCII QT_NO_CAST_FROM_BYTEARRAY
+        QT_NO_URL_CAST_FROM_STRING QT_NO_KEYWORDS QT_DEPRECATED_WARNINGS
+        QT_DISABLE_DEPRECATED_BEFORE=0x050e00)
+endfunction()
+
+# One shared library of the suite: kest_<name>, known as kest::<name>, with its export macro
+# KEST_<NAME>_EXPORT in kest_<name>_export.h and its exported headers in <include_directory>.
+function(kest_library name)
+    cmake_parse_arguments(PARSE_ARGV 1 ARG "" "INCLUDE_DIRECTORY" "SOURCES;PUBLIC_LIBRARIES")
+    set(target kest_${name})
+    string(TOUPPER ${target} macro)
+    add_library(${target} SHARED ${ARG_SOURCES})
+    add_library(kest::${name} ALIAS ${target})
+
+    include(GenerateExportHeader)
+    set(export_header "${CMAKE_CURRENT_BINARY_DIR}/exported/${target}_export.h")
+    generate_export_header(${target}
+        BASE_NAME ${target}
+        EXPORT_MACRO_NAME ${macro}_EXPORT
+        EXPORT_FILE_NAME "${export_header}")
+
+    target_include_directories(${target} PUBLIC
+        $<BUILD_INTERFACE:${ARG_INCLUDE_DIRECTORY}>
+        $<BUILD_INTERFACE:${CMAKE_CURRENT_BINARY_DIR}/exported>
+        $<INSTALL_INTERFACE:${CMAKE_INSTALL_INCLUDEDIR}/kest>)
+    target_link_libraries(${target} PUBLIC ${ARG_PUBLIC_LIBRARIES})
+    target_compile_features(${target} PUBLIC cxx_std_17)
+    kest_strict(${target})
+    set_target_properties(${target} PROPERTIES
+        EXPORT_NAME ${name}
+        VERSION ${PROJECT_VERSION}
+        SOVERSION ${PROJECT_VERSION_MAJOR})
+
+    install(TARGETS ${target} EXPORT KestCommonTargets
+        RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR} COMPONENT Runtime
+        LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR} COMPONENT Runtime
+            NAMELINK_COMPONENT Development
+        ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR} COMPONENT Development)
+    install(DIRECTORY "${ARG_INCLUDE_DIRECTORY}/"
+        DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/kest COMPONENT Development
+        FILES_MATCHING PATTERN "*.h")
+    install(FILES "${export_header}"
+        DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/kest COMPONENT Development)
+endfunction()

@@ -1,0 +1,132 @@
+#ifndef COMMON_ACTIVEPTR_H
+#define COMMON_ACTIVEPTR_H
+
+#include <cstddef>
+#include <type_traits>
+#include <utility>
+
+/// How common_ActivePtr counts objects that carry their own count: through their operations
+/// reference(), dereference() and getRefCount(). The object is deleted when the count reaches 0.
+struct IntrusivePtrActor
+{
+    template <typename T>
+    static void acquire(T* object)
+    {
+        object->reference();
+    }
+
+    template <typename T>
+    static void release(T* object)
+    {
+        object->dereference();
+        if (object->getRefCount() == 0) {
+            delete object;
+        }
+    }
+};
+
+/// A pointer that shares the ownership of a reference-counted object.
+///
+/// Every non-null pointer holds one reference and gives it back when it is destroyed, reset or
+/// pointed elsewhere. The pointer already shows its new value when the old object goes, so that
+/// the old object's destructor may look at it. T may be incomplete where pointers are only passed
+/// on by reference.
+template <typename T, typename Actor = IntrusivePtrActor>
+class common_ActivePtr
+{
+public:
+    common_ActivePtr() = default;
+
+    common_ActivePtr(std::nullptr_t) {}
+
+    /// Takes a reference of its own on the object; null makes a null pointer.
+    common_ActivePtr(T* object) : m_object(object) { acquire(); }
+
+    common_ActivePtr(const common_ActivePtr& other) : m_object(other.m_object) { acquire(); }
+
+    common_ActivePtr(common_ActivePtr&& other) noexcept
+        : m_object(std::exchange(other.m_object, nullptr))
+    {
+    }
+
+    /// From a pointer to a derived class.
+    template <typename Derived, typename = decltype(static_cast<T*>(std::declval<Derived*>()))>
+    common_ActivePtr(const common_ActivePtr<Derived, Actor>& other) : m_object(other.get())
+    {
+        acquire();
+    }
+
+    ~common_ActivePtr()
+    {
+        if (m_object) {
+            Actor::release(m_object);
+        }
+    }
+
+    /// By value: serves copies, moves, raw pointers, null and pointers to derived classes alike.
+    common_ActivePtr& operator=(common_ActivePtr other) noexcept
+    {
+        swap(other);
+        return *this;
+    }
+
+    /// Lets go of the object, or takes another one.
+    void reset(T* object = nullptr) { common_ActivePtr(object).swap(*this); }
+
+    void swap(common_ActivePtr& other) noexcept { std::swap(m_object, other.m_object); }
+
+    T* get() const { return m_object; }
+    T* operator->() const { return m_object; }
+    T& operator*() const { return *m_object; }
+    bool isNull() const { return !m_object; }
+    explicit operator bool() const { return m_object; }
+
+private:
+    void acquire()
+    {
+        if (m_object) {
+            Actor::acquire(m_object);
+        }
+    }
+
+    T* m_object = nullptr;
+};
+
+template <typename T, typename U, typename Actor>
+bool operator==(const common_ActivePtr<T, Actor>& left, const common_ActivePtr<U, Actor>& right)
+{
+    return left.get() == right.get();
+}
+
+template <typename T, typename U, typename Actor>
+bool operator!=(const common_ActivePtr<T, Actor>& left, const common_ActivePtr<U, Actor>& right)
+{
+    return left.get() != right.get();
+}
+
+// T stands in a non-deduced place so that nullptr and pointers to derived classes compare as well.
+template <typename T, typename Actor>
+bool operator==(const common_ActivePtr<T, Actor>& left, const std::enable_if_t<true, T>* right)
+{
+    return left.get() == right;
+}
+
+template <typename T, typename Actor>
+bool operator==(const std::enable_if_t<true, T>* left, const common_ActivePtr<T, Actor>& right)
+{
+    return left == right.get();
+}
+
+template <typename T, typename Actor>
+bool operator!=(const common_ActivePtr<T, Actor>& left, const std::enable_if_t<true, T>* right)
+{
+    return left.get() != right;
+}
+
+template <typename T, typename Actor>
+bool operator!=(const std::enable_if_t<true, T>* left, const common_ActivePtr<T, Actor>& right)
+{
+    return left != right.get();
+}
+
+#endif

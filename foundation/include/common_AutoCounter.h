@@ -1,0 +1,29 @@
+#ifndef COMMON_AUTOCOUNTER_H
+#define COMMON_AUTOCOUNTER_H
+
+#include <atomic>
+
+/// An integer that starts at 0 and is counted up and down atomically.
+///
+/// Copying copies the value of that moment; the copies count on independently.
+class common_AutoCounter
+{
+public:
+    common_AutoCounter() = default;
+    common_AutoCounter(const common_AutoCounter& other) : m_value(other.value()) {}
+    common_AutoCounter& operator=(const common_AutoCounter& other)
+    {
+        m_value = other.value();
+        return *this;
+    }
+    ~common_AutoCounter() = default;
+
+    void increment() { ++m_value; }
+    void decrement() { --m_value; }
+    int value() const { return m_value; }
+
+private:
+    std::atomic<int> m_value{0};
+};
+
+#endif

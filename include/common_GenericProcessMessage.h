@@ -1,0 +1,41 @@
+#ifndef COMMON_GENERICPROCESSMESSAGE_H
+#define COMMON_GENERICPROCESSMESSAGE_H
+
+#include <common_IProcessMessage.h>
+#include <kest_common_export.h>
+
+#include <QString>
+#include <QVector>
+
+/// A line of a program that prints no markers: output from standard output, an error from standard
+/// error.
+///
+/// A value. Made for common_ProcessRunner, whose messages need the static parseOutput() and
+/// parseError().
+class KEST_COMMON_EXPORT common_GenericProcessMessage : public common_IProcessMessage
+{
+public:
+    /// Empty text of type Output.
+    common_GenericProcessMessage() = default;
+    common_GenericProcessMessage(Type type, const QString& text);
+
+    QString getText() const override;
+    Type getType() const override;
+
+    /// Exactly one message of the type, also for an empty text. Carriage returns and line feeds
+    /// are removed and white space is trimmed at both ends; what is not ASCII does not survive: it
+    /// becomes "?" or the Unicode replacement character.
+    static QVector<common_GenericProcessMessage> parse(Type type, const QString& text);
+
+    /// parse() as Output.
+    static QVector<common_GenericProcessMessage> parseOutput(const QString& text);
+
+    /// parse() as Error.
+    static QVector<common_GenericProcessMessage> parseError(const QString& text);
+
+private:
+    QString m_text;
+    Type m_type = Output;
+};
+
+#endif

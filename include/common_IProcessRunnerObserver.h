@@ -1,0 +1,40 @@
+#ifndef COMMON_IPROCESSRUNNEROBSERVER_H
+#define COMMON_IPROCESSRUNNEROBSERVER_H
+
+#include <kest_common_export.h>
+
+class common_IProcessMessage;
+class QString;
+class QStringList;
+
+/// What a process runner tells its observers. Derive observers from
+/// common_ObserverOf<common_IProcessRunnerObserver>.
+class KEST_COMMON_EXPORT common_IProcessRunnerObserver
+{
+public:
+    /// The child runs.
+    virtual void onProcessStarted(const QString& executable, const QStringList& arguments) = 0;
+
+    /// The child could not be started; errorString says why. The exit code was told before.
+    virtual void onFailedProcessStarted(const QString& executable, const QStringList& arguments,
+                                        const QString& errorString) = 0;
+
+    /// The child printed something. The message lives for this call only.
+    virtual void onProcessMessageReceived(const common_IProcessMessage& message) = 0;
+
+    /// The child has ended and everything that it printed was told. The exit code was told before;
+    /// the run's temporary files are still there.
+    virtual void onProcessDone() = 0;
+
+    /// The exit code, just before onProcessDone() or onFailedProcessStarted().
+    virtual void onExitCodeChanged(int exitCode) = 0;
+
+    virtual ~common_IProcessRunnerObserver();
+
+protected:
+    common_IProcessRunnerObserver() = default;
+    common_IProcessRunnerObserver(const common_IProcessRunnerObserver&) = default;
+    common_IProcessRunnerObserver& operator=(const common_IProcessRunnerObserver&) = default;
+};
+
+#endif
