@@ -1,6 +1,10 @@
 #ifndef COMMON_IPROCESSRUNNEROBSERVER_H
 #define COMMON_IPROCESSRUNNEROBSERVER_H
 
+#include <common_MultiObserverOf.h>
+#include <common_ObservableVia.h>
+#include <common_ObserverConnection.h>
+#include <common_ObserverOf.h>
 #include <kest_common_export.h>
 
 class common_IProcessMessage;
@@ -36,5 +40,11 @@ protected:
     common_IProcessRunnerObserver(const common_IProcessRunnerObserver&) = default;
     common_IProcessRunnerObserver& operator=(const common_IProcessRunnerObserver&) = default;
 };
+
+// Here, so that nobody instantiates them before they are declared to be in the library.
+extern template class KEST_COMMON_EXPORT common_ObserverConnection<common_IProcessRunnerObserver>;
+extern template class KEST_COMMON_EXPORT common_ObservableVia<common_IProcessRunnerObserver>;
+extern template class KEST_COMMON_EXPORT common_ObserverOf<common_IProcessRunnerObserver>;
+extern template class KEST_COMMON_EXPORT common_MultiObserverOf<common_IProcessRunnerObserver>;
 
 #endif

@@ -50,7 +50,7 @@ public:
     }
 
     /// From a pointer to a derived class.
-    template <typename Derived, typename = decltype(static_cast<T*>(std::declval<Derived*>()))>
+    template <typename Derived, typename = std::enable_if_t<std::is_convertible<Derived*, T*>::value>>
     common_ActivePtr(const common_ActivePtr<Derived, Actor>& other) : m_object(other.get())
     {
         acquire();

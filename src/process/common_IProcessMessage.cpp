@@ -1,0 +1,3 @@
+#include <common_IProcessMessage.h>
+
+common_IProcessMessage::~common_IProcessMessage() = default;

@@ -1,0 +1,3 @@
+#include <common_IProcessRunnerMediatorObserver.h>
+
+common_IProcessRunnerMediatorObserver::~common_IProcessRunnerMediatorObserver() = default;

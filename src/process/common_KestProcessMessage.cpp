@@ -1,0 +1,224 @@
+#include <common_KestProcessMessage.h>
+
+#include "common_LineEnds.h"
+
+#include <QStringMatcher>
+#include <QStringView>
+
+#include <algorithm>
+#include <array>
+
+namespace {
+
+enum class BodyUse { Unchanged, Trimmed, Number, Dropped };
+
+struct MarkerMeaning
+{
+    QLatin1String marker;
+    common_IProcessMessage::Type type;
+    BodyUse bodyUse;
+};
+
+// clang-format off
+constexpr std::array<MarkerMeaning, 8> markerMeanings = {{
+    {QLatin1String("-*-linefeed-*-"),         common_IProcessMessage::LineFeed,        BodyUse::Dropped},
+    {QLatin1String("-*-error-*-"),            common_IProcessMessage::Error,           BodyUse::Unchanged},
+    {QLatin1String("-*-warning-*-"),          common_IProcessMessage::Warning,         BodyUse::Unchanged},
+    {QLatin1String("-*-notice-*-"),           common_IProcessMessage::Notice,          BodyUse::Unchanged},
+    {QLatin1String("-*-percentage-*-"),       common_IProcessMessage::Percentage,      BodyUse::Number},
+    {QLatin1String("-*-total-percentage-*-"), common_IProcessMessage::TotalPercentage, BodyUse::Number},
+    {QLatin1String("-*-file-*-"),             common_IProcessMessage::File,            BodyUse::Trimmed},
+    {QLatin1String("-*-variable-*-"),         common_IProcessMessage::Variable,        BodyUse::Trimmed},
+}};
+constexpr MarkerMeaning otherMarker =
+    {QLatin1String(),                         common_IProcessMessage::Output,          BodyUse::Unchanged};
+
+// What the parallel runtime prints when it closes its sockets at the end of a good run.
+constexpr std::array<QLatin1String, 6> bogusParallelRunErrors = {
+    QLatin1String("Error posting writev, A request to send or receive data was disallowed because the socket had already been shut down in that direction with a previous shutdown call.(10058)"),
+    QLatin1String("unable to post a write for the next command,"),
+    QLatin1String("sock error: Error = 10058"),
+    QLatin1String("unable to post a write of the closed_request command to the parent context."),
+    QLatin1String("unable to close the stdin context."),
+    QLatin1String("state machine failed."),
+};
+// clang-format on
+
+bool isLetter(QChar character)
+{
+    return character >= QLatin1Char('a') && character <= QLatin1Char('z');
+}
+
+int behindLetters(QStringView text, int position)
+{
+    const auto* const end =
+        std::find_if_not(text.cbegin() + position, text.cend(), isLetter);
+    return static_cast<int>(end - text.cbegin());
+}
+
+bool isFence(QStringView text, int position)
+{
+    return text.mid(position, 3) == QLatin1String("-*-");
+}
+
+struct Marker
+{
+    int position = -1; // -1: no marker
+    int end = -1;      // behind the marker
+};
+
+// The marker that begins with the fence at the position. There is at most one: the letters and the
+// hyphen in the middle can be told from the closing fence by one character.
+Marker markerAt(QStringView text, int position)
+{
+    int end = behindLetters(text, position + 3);
+    if (!isFence(text, end) && end < text.size() && text[end] == QLatin1Char('-')) {
+        end = behindLetters(text, end + 1);
+    }
+    return isFence(text, end) ? Marker{position, end + 3} : Marker();
+}
+
+// The first marker at or behind the position; the same as a search for the regular expression
+// "\-\*\-[a-z]*[\-]?[a-z]*\-\*\-", many times faster. Every marker has a star behind its first
+// character, and no text between two stars is looked at more than twice.
+Marker nextMarker(QStringView text, int from)
+{
+    int star = text.indexOf(QLatin1Char('*'), from + 1);
+    while (star >= 0) {
+        if (isFence(text, star - 1)) {
+            const Marker marker = markerAt(text, star - 1);
+            if (marker.position >= 0) {
+                return marker;
+            }
+        }
+        star = text.indexOf(QLatin1Char('*'), star + 1);
+    }
+    return Marker();
+}
+
+const MarkerMeaning& meaningOf(QStringView marker)
+{
+    const auto* const found =
+        std::find_if(markerMeanings.cbegin(), markerMeanings.cend(),
+                     [marker](const MarkerMeaning& row) { return row.marker == marker; });
+    return found == markerMeanings.cend() ? otherMarker : *found;
+}
+
+bool isDigit(QChar character)
+{
+    return character >= QLatin1Char('0') && character <= QLatin1Char('9');
+}
+
+// The number in front of the first percent sign, of three digits at most; without a percent sign
+// the whole body counts. What is no number is 0.
+QString percentageIn(QStringView body)
+{
+    const int sign = body.indexOf(QLatin1Char('%'));
+    if (sign < 0) {
+        return QString::number(body.toString().toInt());
+    }
+    int begin = sign;
+    while (begin > 0 && sign - begin < 3 && isDigit(body[begin - 1])) {
+        --begin;
+    }
+    return QString::number(body.mid(begin, sign - begin).toString().toInt());
+}
+
+QString messageText(BodyUse bodyUse, QStringView body)
+{
+    switch (bodyUse) {
+    case BodyUse::Unchanged:
+        return body.toString();
+    case BodyUse::Trimmed:
+        return body.trimmed().toString();
+    case BodyUse::Number:
+        return percentageIn(body);
+    case BodyUse::Dropped:
+        break;
+    }
+    return QString();
+}
+
+// A marker without a body shows the body before it once more: the components count on it.
+QVector<common_KestProcessMessage> markedMessages(QStringView text, Marker marker)
+{
+    QVector<common_KestProcessMessage> messages;
+    QStringView body;
+    while (marker.position >= 0) {
+        const Marker next = nextMarker(text, marker.end);
+        const int bodyEnd = next.position >= 0 ? next.position : static_cast<int>(text.size());
+        const MarkerMeaning& meaning =
+            meaningOf(text.mid(marker.position, marker.end - marker.position));
+        if (meaning.bodyUse != BodyUse::Dropped && bodyEnd > marker.end) {
+            body = text.mid(marker.end, bodyEnd - marker.end);
+        }
+        messages.append(
+            common_KestProcessMessage(meaning.type, messageText(meaning.bodyUse, body)));
+        marker = next;
+    }
+    return messages;
+}
+
+using BogusMatchers = std::array<QStringMatcher, bogusParallelRunErrors.size()>;
+
+const BogusMatchers& bogusMatchers()
+{
+    static const BogusMatchers matchers = [] {
+        BogusMatchers result;
+        std::transform(bogusParallelRunErrors.cbegin(), bogusParallelRunErrors.cend(),
+                       result.begin(), [](QLatin1String text) { return QStringMatcher(text); });
+        return result;
+    }();
+    return matchers;
+}
+
+} // namespace
+
+common_KestProcessMessage::common_KestProcessMessage(Type type, const QString& text)
+    : m_text(text), m_type(type)
+{
+}
+
+QString common_KestProcessMessage::getText() const
+{
+    return m_text;
+}
+
+common_IProcessMessage::Type common_KestProcessMessage::getType() const
+{
+    return m_type;
+}
+
+QVector<common_KestProcessMessage> common_KestProcessMessage::parseOutput(const QString& text)
+{
+    const QString line = common_withoutLineEnds(text);
+    if (QStringView(line).trimmed().isEmpty()) {
+        return {};
+    }
+    const QString chunk = removeBogusParallelRunErrors(line);
+    const Marker first = nextMarker(chunk, 0);
+    if (first.position < 0) {
+        return {common_KestProcessMessage(Output, chunk)};
+    }
+    return markedMessages(chunk, first);
+}
+
+QVector<common_KestProcessMessage> common_KestProcessMessage::parseError(const QString& text)
+{
+    return parseOutput(text);
+}
+
+// Removing one of the texts can bring another one together, but only a later one is looked for
+// then; so nothing needs doing where the line holds none of them.
+QString common_KestProcessMessage::removeBogusParallelRunErrors(QString text)
+{
+    const BogusMatchers& matchers = bogusMatchers();
+    if (std::any_of(matchers.cbegin(), matchers.cend(), [&text](const QStringMatcher& matcher) {
+            return matcher.indexIn(text) >= 0;
+        })) {
+        for (const QStringMatcher& matcher : matchers) {
+            text.replace(matcher.pattern(), QString());
+        }
+    }
+    return text;
+}

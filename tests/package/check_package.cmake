@@ -1,0 +1,24 @@
+# Stops with an error as soon as one step fails; the consumer's output is the last thing printed.
+function(step)
+    execute_process(COMMAND ${ARGV} RESULT_VARIABLE result OUTPUT_VARIABLE output ERROR_VARIABLE output)
+    if(NOT result EQUAL 0)
+        message(FATAL_ERROR "${ARGV}: ${result}\n${output}")
+    endif()
+    set(output "${output}" PARENT_SCOPE)
+endfunction()
+
+set(prefix ${WORK_DIRECTORY}/prefix)
+file(REMOVE_RECURSE ${WORK_DIRECTORY})
+step(${CMAKE_COMMAND} --install ${BUILD_DIRECTORY} --prefix ${prefix} --component Runtime)
+step(${CMAKE_COMMAND} --install ${BUILD_DIRECTORY} --prefix ${prefix} --component Development)
+if(SANITIZERS)
+    set(flags -DCMAKE_CXX_FLAGS=-fsanitize=${SANITIZERS})
+endif()
+
+# The tree is moved first: nothing in it may name the place it was installed to.
+file(RENAME ${prefix} ${WORK_DIRECTORY}/moved)
+step(${CMAKE_COMMAND} -S ${CONSUMER_DIRECTORY} -B ${WORK_DIRECTORY}/build -G ${GENERATOR}
+    -DCMAKE_CXX_COMPILER=${COMPILER} -DCMAKE_PREFIX_PATH=${WORK_DIRECTORY}/moved ${flags})
+step(${CMAKE_COMMAND} --build ${WORK_DIRECTORY}/build)
+step(${WORK_DIRECTORY}/build/consumer)
+message("consumer: ${output}")

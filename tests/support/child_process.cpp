@@ -1,0 +1,201 @@
+// Plays every child process of the tests. Its arguments are commands, done one after another:
+//
+//   out TEXT, err TEXT        writes TEXT, with \n \r \t \0 \\ and \xHH decoded, and flushes
+//   lines COUNT WIDTH         COUNT numbered lines of WIDTH bytes, line end included,
+//   error-lines COUNT WIDTH   ... to standard error,
+//   both-lines COUNT WIDTH    ... to both channels, each line on either
+//   long-line BYTES           one line of BYTES bytes and a line end
+//   arguments ...             writes the arguments that follow, in hex, one a line, and ends
+//   variable NAME             writes the environment variable, or "unset"
+//   directory                 writes the working directory
+//   sleep MILLISECONDS
+//   ignore-terminate          from now on
+//   wait-for-file NAME        until there is such a file
+//   touch NAME                makes an empty file
+//   leave-grandchild TEXT MS  a process of its own that writes TEXT after MS on the same channels
+//   crash                     dies by a signal
+//   exit CODE                 the end of the commands means exit 0
+#include <chrono>
+#include <csignal>
+#include <cstdio>
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <functional>
+#include <map>
+#include <string>
+#include <thread>
+#include <vector>
+
+#ifndef _WIN32
+#include <unistd.h>
+#endif
+
+namespace {
+
+using Arguments = std::vector<std::string>;
+
+void sleepFor(const std::string& milliseconds)
+{
+    std::this_thread::sleep_for(std::chrono::milliseconds(std::stol(milliseconds)));
+}
+
+char decodedEscape(const std::string& text, std::size_t& position)
+{
+    const char code = text.at(position++);
+    switch (code) {
+    case 'n':
+        return '\n';
+    case 'r':
+        return '\r';
+    case 't':
+        return '\t';
+    case '0':
+        return '\0';
+    case 'x':
+        position += 2;
+        return static_cast<char>(std::stoi(text.substr(position - 2, 2), nullptr, 16));
+    default:
+        return code;
+    }
+}
+
+std::string decoded(const std::string& text)
+{
+    std::string result;
+    for (std::size_t position = 0; position < text.size();) {
+        const char character = text[position++];
+        result += character == '\\' ? decodedEscape(text, position) : character;
+    }
+    return result;
+}
+
+void write(std::FILE* stream, const std::string& text)
+{
+    std::fwrite(text.data(), 1, text.size(), stream);
+    std::fflush(stream);
+}
+
+std::string numberedLine(long number, std::size_t width)
+{
+    std::string line = std::to_string(number);
+    line.resize(width - 1, '.');
+    return line + '\n';
+}
+
+void writeLines(const Arguments& arguments, const std::vector<std::FILE*>& streams)
+{
+    const long count = std::stol(arguments[0]);
+    const std::size_t width = std::stoul(arguments[1]);
+    for (long number = 0; number < count; ++number) {
+        const std::string line = numberedLine(number, width);
+        for (std::FILE* stream : streams) {
+            std::fwrite(line.data(), 1, line.size(), stream);
+        }
+    }
+    std::fflush(nullptr);
+}
+
+void writeLongLine(const std::string& bytes)
+{
+    write(stdout, std::string(std::stoul(bytes), 'x') + '\n');
+}
+
+void writeVariable(const std::string& name)
+{
+    const char* const value = std::getenv(name.c_str());
+    write(stdout, std::string(value ? value : "unset") + '\n');
+}
+
+void waitForFile(const std::string& name)
+{
+    while (!std::filesystem::exists(name)) {
+        sleepFor("1");
+    }
+}
+
+void leaveGrandchild(const std::string& text, const std::string& milliseconds)
+{
+#ifndef _WIN32
+    if (fork() == 0) {
+        sleepFor(milliseconds);
+        write(stdout, decoded(text));
+        std::_Exit(0);
+    }
+#else
+    (void)text;
+    (void)milliseconds;
+#endif
+}
+
+struct Command
+{
+    std::size_t argumentCount;
+    std::function<void(const Arguments&)> run;
+};
+
+const std::map<std::string, Command>& commands()
+{
+    // clang-format off
+    static const std::map<std::string, Command> table = {
+        {"out",              {1, [](const Arguments& a) { write(stdout, decoded(a[0])); }}},
+        {"err",              {1, [](const Arguments& a) { write(stderr, decoded(a[0])); }}},
+        {"lines",            {2, [](const Arguments& a) { writeLines(a, {stdout}); }}},
+        {"error-lines",      {2, [](const Arguments& a) { writeLines(a, {stderr}); }}},
+        {"both-lines",       {2, [](const Arguments& a) { writeLines(a, {stdout, stderr}); }}},
+        {"long-line",        {1, [](const Arguments& a) { writeLongLine(a[0]); }}},
+        {"variable",         {1, [](const Arguments& a) { writeVariable(a[0]); }}},
+        {"directory",        {0, [](const Arguments&)   { write(stdout, std::filesystem::current_path().string() + '\n'); }}},
+        {"sleep",            {1, [](const Arguments& a) { sleepFor(a[0]); }}},
+        {"ignore-terminate", {0, [](const Arguments&)   { std::signal(SIGTERM, SIG_IGN); }}},
+        {"wait-for-file",    {1, [](const Arguments& a) { waitForFile(a[0]); }}},
+        {"touch",            {1, [](const Arguments& a) { std::ofstream(a[0]).flush(); }}},
+        {"leave-grandchild", {2, [](const Arguments& a) { leaveGrandchild(a[0], a[1]); }}},
+        {"crash",            {0, [](const Arguments&)   { std::abort(); }}},
+        {"exit",             {1, [](const Arguments& a) { std::exit(std::stoi(a[0])); }}},
+    };
+    // clang-format on
+    return table;
+}
+
+std::string hexadecimal(const std::string& text)
+{
+    static const char* const digits = "0123456789abcdef";
+    std::string result;
+    for (const unsigned char character : text) {
+        result += digits[character >> 4];
+        result += digits[character & 15];
+    }
+    return result;
+}
+
+void writeArguments(Arguments::const_iterator argument, Arguments::const_iterator end)
+{
+    for (; argument != end; ++argument) {
+        std::printf("%s\n", hexadecimal(*argument).c_str());
+    }
+}
+
+} // namespace
+
+int main(int argc, char* argv[])
+{
+    const Arguments arguments(argv + 1, argv + argc);
+    for (auto argument = arguments.cbegin(); argument != arguments.cend();) {
+        const std::string name = *argument++;
+        if (name == "arguments") {
+            writeArguments(argument, arguments.cend());
+            return 0;
+        }
+        const auto command = commands().find(name);
+        const std::size_t left = static_cast<std::size_t>(arguments.cend() - argument);
+        if (command == commands().cend() || left < command->second.argumentCount) {
+            std::fprintf(stderr, "kest_test_child: cannot do %s\n", name.c_str());
+            return 99;
+        }
+        const auto next = argument + static_cast<long>(command->second.argumentCount);
+        command->second.run(Arguments(argument, next));
+        argument = next;
+    }
+    return 0;
+}

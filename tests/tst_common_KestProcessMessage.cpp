@@ -1,0 +1,272 @@
+#include <MarkerPattern.h>
+
+#include <common_KestProcessMessage.h>
+
+#include <QRandomGenerator>
+#include <QtTest>
+
+#include <type_traits>
+#include <utility>
+
+namespace {
+
+using Message = common_KestProcessMessage;
+using Expected = MarkerPattern::Message;
+
+static_assert(std::is_base_of<common_IProcessMessage, Message>::value, "for the process runner");
+static_assert(std::is_copy_constructible<Message>::value, "a value");
+static_assert(std::is_copy_assignable<Message>::value, "a value");
+static_assert(std::is_move_constructible<Message>::value, "a value");
+static_assert(std::is_move_assignable<Message>::value, "a value");
+
+QString described(const QVector<Expected>& messages)
+{
+    QStringList lines;
+    for (const Expected& message : messages) {
+        lines.append(QStringLiteral("%1'%2'").arg(int(message.first)).arg(message.second));
+    }
+    return lines.join(QLatin1Char(' '));
+}
+
+QVector<Expected> parsed(const QString& line)
+{
+    QVector<Expected> messages;
+    for (const Message& message : Message::parseOutput(line)) {
+        messages.append({message.getType(), message.getText()});
+    }
+    return messages;
+}
+
+QString text(const char* latin1)
+{
+    return QString::fromLatin1(latin1);
+}
+
+// Fragments that bring the scanner to all its corners when they are strung together.
+QString randomChunk(QRandomGenerator& random)
+{
+    // clang-format off
+    static const char* const fragments[] = {
+        "-*-", "-", "*", "-*", "*-", "a", "z", "error", "A", "-*-A-*-",
+        "-*-error-*-", "-*-warning-*-", "-*-notice-*-", "-*-linefeed-*-", "-*-percentage-*-",
+        "-*-total-percentage-*-", "-*-file-*-", "-*-variable-*-", "-*-foo-*-", "-*-a-b-*-",
+        "-*-a-b-c-*-", "-*-ERROR-*-",
+        "%", "1", "45%", "1000%", "99999999999", "-7", "+8%",
+        " ", "  ", "\t", "\r", "\n", "\r\n", ".",
+        "state machine failed.", "sock error: Error = 10058", "unable to close the stdin context.",
+        "state machine ", "failed.", "unable to post a write for the next command,",
+        "\xc3\xa9", "\xd9\xa3%",
+    };
+    // clang-format on
+    constexpr int fragmentCount = sizeof(fragments) / sizeof(*fragments);
+    QString chunk;
+    const int count = random.bounded(1, 12);
+    for (int i = 0; i < count; ++i) {
+        const int fragment = random.bounded(fragmentCount + 1);
+        chunk += fragment < fragmentCount ? QString::fromUtf8(fragments[fragment]) : QString(QChar(0));
+    }
+    return chunk;
+}
+
+} // namespace
+
+class tst_common_KestProcessMessage : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void isEmptyOutputByDefault()
+    {
+        const Message message;
+        QCOMPARE(message.getText(), QString());
+        QCOMPARE(message.getType(), Message::Output);
+    }
+
+    void copiesAndMovesBothFields()
+    {
+        const Message message(Message::File, text("out.log"));
+        Message copy(message);
+        Message assigned;
+        assigned = copy;
+        const Message moved(std::move(copy));
+        Message moveAssigned;
+        moveAssigned = std::move(assigned);
+        for (const Message* each : {&message, &moved, &std::as_const(moveAssigned)}) {
+            QCOMPARE(each->getText(), text("out.log"));
+            QCOMPARE(each->getType(), Message::File);
+        }
+    }
+
+    void decodes_data()
+    {
+        QTest::addColumn<QString>("line");
+        QTest::addColumn<QString>("messages"); // as described() writes them
+        // clang-format off
+        QTest::newRow("empty")                       << ""                                   << "";
+        QTest::newRow("blanks")                      << "  \t \r\n"                          << "";
+        QTest::newRow("no marker")                   << "Solving"                            << "0'Solving'";
+        QTest::newRow("no marker, not trimmed")      << "  Solving  \n"                      << "0'  Solving  '";
+        QTest::newRow("line ends inside")            << "a\rb\nc"                            << "0'abc'";
+        QTest::newRow("error, front dropped")        << "abc -*-error-*- bad value"          << "4' bad value'";
+        QTest::newRow("warning")                     << "-*-warning-*-WARNING 1: hot "       << "5'WARNING 1: hot '";
+        QTest::newRow("notice")                      << "-*-notice-*-NOTE 2: wet"            << "6'NOTE 2: wet'";
+        QTest::newRow("linefeed loses its text")     << "-*-linefeed-*-text"                 << "1''";
+        QTest::newRow("file trimmed")                << "-*-file-*-  out.log  "              << "7'out.log'";
+        QTest::newRow("variable trimmed")            << "-*-variable-*-\ta = 1 "             << "8'a = 1'";
+        QTest::newRow("percentage")                  << "-*-percentage-*- 45% done"          << "2'45'";
+        QTest::newRow("total percentage")            << "-*-total-percentage-*-100%"         << "3'100'";
+        QTest::newRow("percentage of four digits")   << "-*-percentage-*-1000%"              << "2'0'";
+        QTest::newRow("percentage of three digits")  << "-*-percentage-*-999%"               << "2'999'";
+        QTest::newRow("percentage, last digits")     << "-*-percentage-*-12345%"             << "2'345'";
+        QTest::newRow("percentage without sign")     << "-*-percentage-*-45"                 << "2'45'";
+        QTest::newRow("percentage without sign, blanks") << "-*-percentage-*- 45 "           << "2'45'";
+        QTest::newRow("percentage, text without sign") << "-*-percentage-*-45 of 100"        << "2'0'";
+        QTest::newRow("percentage alone")            << "-*-percentage-*-"                   << "2'0'";
+        QTest::newRow("percentage, sign alone")      << "-*-percentage-*-%"                  << "2'0'";
+        QTest::newRow("percentage, blank in front of sign") << "-*-percentage-*-45 %"        << "2'0'";
+        QTest::newRow("percentage, first sign counts") << "-*-percentage-*-7% of 50%"        << "2'7'";
+        QTest::newRow("percentage, leading zero")    << "-*-percentage-*-007%"               << "2'7'";
+        QTest::newRow("percentage, fraction")        << "-*-percentage-*-12.5%"              << "2'5'";
+        QTest::newRow("percentage, minus with sign") << "-*-percentage-*--5%"                << "2'5'";
+        QTest::newRow("percentage, minus")           << "-*-percentage-*--5"                 << "2'-5'";
+        QTest::newRow("percentage beyond int")       << "-*-percentage-*-99999999999"        << "2'0'";
+        QTest::newRow("percentage at the end of int") << "-*-percentage-*-2147483647"        << "2'2147483647'";
+        QTest::newRow("percentage, other script")    << QString::fromUtf8("-*-percentage-*-\xd9\xa3%") << "2'0'";
+        QTest::newRow("carry-over at the end")       << "-*-error-*-disk full-*-warning-*-"  << "4'disk full' 5'disk full'";
+        QTest::newRow("carry-over in the middle")    << "-*-error-*-a-*-warning-*--*-notice-*-b" << "4'a' 5'a' 6'b'";
+        QTest::newRow("carry-over over two")         << "-*-error-*-a-*-warning-*--*-notice-*-" << "4'a' 5'a' 6'a'";
+        QTest::newRow("nothing to carry over")       << "-*-error-*--*-warning-*-b"          << "4'' 5'b'";
+        QTest::newRow("nothing carried from linefeed") << "-*-error-*-a-*-linefeed-*-x-*-notice-*-" << "4'a' 1'' 6'a'";
+        QTest::newRow("carried over to a percentage") << "-*-error-*-45%-*-percentage-*-"    << "4'45%' 2'45'";
+        QTest::newRow("body carried untrimmed")      << "-*-file-*- f -*-error-*-"           << "7'f' 4' f '";
+        QTest::newRow("blank body is a body")        << "-*-error-*-a-*-warning-*- "         << "4'a' 5' '";
+        QTest::newRow("unknown marker")              << "-*-foo-*-bar"                       << "0'bar'";
+        QTest::newRow("unknown marker with hyphen")  << "-*-foo-bar-*-baz"                   << "0'baz'";
+        QTest::newRow("two inner hyphens")           << "-*-a-b-c-*-"                        << "0'-*-a-b-c-*-'";
+        QTest::newRow("upper case is no marker")     << "-*-Error-*-x"                       << "0'-*-Error-*-x'";
+        QTest::newRow("digit is no marker")          << "-*-a1-*-x"                          << "0'-*-a1-*-x'";
+        QTest::newRow("blank is no marker")          << "-*-a b-*-x"                         << "0'-*-a b-*-x'";
+        QTest::newRow("empty marker")                << "-*--*-x"                            << "0'x'";
+        QTest::newRow("empty marker with hyphen")    << "-*---*-x"                           << "0'x'";
+        QTest::newRow("hyphen in front")             << "-*--a-*-x"                          << "0'x'";
+        QTest::newRow("hyphen behind")               << "-*-a--*-x"                          << "0'x'";
+        QTest::newRow("fences share a hyphen")       << "-*-*-"                              << "0'-*-*-'";
+        QTest::newRow("fence in front of a marker")  << "-*-*-error-*-x"                     << "4'x'";
+        QTest::newRow("hyphens in front of a marker") << "---*-error-*-x"                    << "4'x'";
+        QTest::newRow("fence is used once")          << "-*-error-*-warning-*-x"             << "4'warning-*-x'";
+        QTest::newRow("unfinished marker")           << "-*-error-*"                         << "0'-*-error-*'";
+        QTest::newRow("fence only")                  << "-*-"                                << "0'-*-'";
+        QTest::newRow("marker cut at a chunk's end") << "-*-err"                             << "0'-*-err'";
+        QTest::newRow("bogus error, prefix kept")    << "[0] sock error: Error = 10058"      << "0'[0] '";
+        QTest::newRow("bogus error alone")           << "state machine failed."              << "0''";
+        QTest::newRow("bogus error twice")           << "state machine failed.state machine failed." << "0''";
+        QTest::newRow("bogus error in a body")       << "-*-error-*-x state machine failed. y" << "4'x  y'";
+        QTest::newRow("bogus error, wrong case")     << "State machine failed."              << "0'State machine failed.'";
+        QTest::newRow("marker freed of a bogus error") << "-*-errstate machine failed.or-*-x" << "4'x'";
+        QTest::newRow("body emptied of a bogus error") << "-*-error-*-a-*-warning-*-state machine failed." << "4'a' 5'a'";
+        QTest::newRow("later text brought together") << "state mastate machine failed.chine failed." << "0'state machine failed.'";
+        QTest::newRow("removed in the order listed") << "state machinesock error: Error = 10058 failed." << "0''";
+        QTest::newRow("not out of order")            << "sock erstate machine failed.ror: Error = 10058" << "0'sock error: Error = 10058'";
+        // clang-format on
+        const char* const bogus[] = {
+            "Error posting writev, A request to send or receive data was disallowed because the "
+            "socket had already been shut down in that direction with a previous shutdown "
+            "call.(10058)",
+            "unable to post a write for the next command,",
+            "sock error: Error = 10058",
+            "unable to post a write of the closed_request command to the parent context.",
+            "unable to close the stdin context.",
+            "state machine failed.",
+        };
+        for (const char* each : bogus) {
+            QTest::newRow(each) << QStringLiteral("<%1>").arg(QLatin1String(each)) << "0'<>'";
+        }
+    }
+
+    void decodes()
+    {
+        QFETCH(QString, line);
+        QFETCH(QString, messages);
+        QCOMPARE(described(parsed(line)), messages);
+        QCOMPARE(described(MarkerPattern::parse(line)), messages);
+    }
+
+    void standardErrorIsDecodedTheSameWay()
+    {
+        const QVector<Message> messages = Message::parseError(text("-*-warning-*-x"));
+        QCOMPARE(messages.size(), 1);
+        QCOMPARE(messages[0].getType(), Message::Warning);
+        QCOMPARE(Message::parseError(text("plain"))[0].getType(), Message::Output);
+    }
+
+    void remembersNothingFromChunkToChunk()
+    {
+        QCOMPARE(described(parsed(text("-*-error-*-a"))), text("4'a'"));
+        QCOMPARE(described(parsed(text("-*-warning-*-"))), text("5''"));
+        QCOMPARE(described(parsed(text("-*-err"))), text("0'-*-err'"));
+        QCOMPARE(described(parsed(text("or-*-x"))), text("0'or-*-x'"));
+    }
+
+    void findsWhatTheRegularExpressionsFind()
+    {
+        constexpr quint32 seed = 20260;
+        QRandomGenerator random(seed);
+        int marked = 0;
+        for (int i = 0; i < 200000; ++i) {
+            const QString chunk = randomChunk(random);
+            const QVector<Expected> expected = MarkerPattern::parse(chunk);
+            const QVector<Expected> found = parsed(chunk);
+            if (found != expected) {
+                QFAIL(qPrintable(QStringLiteral("'%1' gives %2 and should give %3")
+                                     .arg(chunk, described(found), described(expected))));
+            }
+            marked += expected.size() > 1 ? 1 : 0;
+        }
+        QVERIFY2(marked > 20000, "the chunks are not worth much");
+    }
+
+    void findsEveryShortMarker()
+    {
+        // All texts of up to nine of the four characters that matter.
+        const QString alphabet = text("-*a%");
+        for (int length = 1; length <= 9; ++length) {
+            for (int number = 0; number < 1 << (2 * length); ++number) {
+                QString chunk;
+                for (int i = 0; i < length; ++i) {
+                    chunk += alphabet[(number >> (2 * i)) & 3];
+                }
+                if (chunk.count(QLatin1Char('*')) >= 2 &&
+                    parsed(chunk) != MarkerPattern::parse(chunk)) {
+                    QFAIL(qPrintable(chunk));
+                }
+            }
+        }
+    }
+
+    void needsTimeInProportionToTheLength_data()
+    {
+        QTest::addColumn<QString>("piece");
+        QTest::newRow("fences") << "-*-";
+        QTest::newRow("begun markers") << "-*-a";
+        QTest::newRow("letters") << "a";
+        QTest::newRow("almost markers") << "-*-a-b-c";
+        QTest::newRow("markers") << "-*-error-*-x";
+        QTest::newRow("bogus errors") << "state machine failed.";
+    }
+
+    // In quadratic time 16 MB would take hours, so no clock is needed: the test's time limit is
+    // check enough.
+    void needsTimeInProportionToTheLength()
+    {
+        QFETCH(QString, piece);
+        for (const int size : {64 << 10, 1 << 20, 16 << 20}) {
+            const QString chunk = piece.repeated(size / piece.size());
+            const QVector<Message> messages = Message::parseOutput(chunk);
+            QVERIFY(!messages.isEmpty());
+        }
+        QCOMPARE(Message::parseOutput(text("-*-error-*-x").repeated(100000)).size(), 100000);
+    }
+};
+
+QTEST_GUILESS_MAIN(tst_common_KestProcessMessage)
+#include "tst_common_KestProcessMessage.moc"
