@@ -30,8 +30,7 @@ private:
 int Counted::s_alive = 0;
 
 class Special : public Counted
-{
-};
+{};
 
 // Looks at the pointer that is letting go of it.
 class Looking : public Counted

@@ -86,8 +86,7 @@ private Q_SLOTS:
         constexpr int length = 200;
         for (int link = 0; link < length; ++link) {
             const QByteArray name = QByteArray("KEST_T_LINK") + QByteArray::number(link);
-            qputenv(name.constData(),
-                    QByteArray("x$KEST_T_LINK") + QByteArray::number(link + 1));
+            qputenv(name.constData(), QByteArray("x$KEST_T_LINK") + QByteArray::number(link + 1));
         }
         qputenv("KEST_T_LINK200", "end");
         QCOMPARE(common_EnvironmentVariablesExt::getVariableExpanded("KEST_T_LINK0"),

@@ -75,7 +75,8 @@ private Q_SLOTS:
         QTest::newRow("markup")                    << "<b>&amp;</b>"     << "<b>&amp;</b>";
         QTest::newRow("control characters")        << "a\x01\x7f" "b"    << "a\x01\x7f" "b";
         // clang-format on
-        QTest::newRow("zero inside") << QString(QStringLiteral("a\0b")) << QString(QStringLiteral("a\0b"));
+        QTest::newRow("zero inside")
+            << QString(QStringLiteral("a\0b")) << QString(QStringLiteral("a\0b"));
     }
 
     void givesOneMessageWithTheText()
@@ -100,8 +101,8 @@ private Q_SLOTS:
         QTest::newRow("outside Latin-1") << QStringLiteral("\u20ac5") << "?5";
         QTest::newRow("surrogate pair") << QString::fromUtf8("\xf0\x9f\x98\x80") << "??";
         QTest::newRow("replacement character") << replacement << "?";
-        QTest::newRow("Latin-1 that is UTF-8 again") << QString::fromLatin1("\xc3\xa9")
-                                                     << QStringLiteral("\u00e9");
+        QTest::newRow("Latin-1 that is UTF-8 again")
+            << QString::fromLatin1("\xc3\xa9") << QStringLiteral("\u00e9");
         QTest::newRow("zero after it is not the end")
             << QString(QStringLiteral("\u20ac\0b")) << QString(QStringLiteral("?\0b"));
     }

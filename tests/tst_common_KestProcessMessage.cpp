@@ -63,7 +63,8 @@ QString randomChunk(QRandomGenerator& random)
     const int count = random.bounded(1, 12);
     for (int i = 0; i < count; ++i) {
         const int fragment = random.bounded(fragmentCount + 1);
-        chunk += fragment < fragmentCount ? QString::fromUtf8(fragments[fragment]) : QString(QChar(0));
+        chunk +=
+            fragment < fragmentCount ? QString::fromUtf8(fragments[fragment]) : QString(QChar(0));
     }
     return chunk;
 }
@@ -168,17 +169,7 @@ private Q_SLOTS:
         QTest::newRow("removed in the order listed") << "state machinesock error: Error = 10058 failed." << "0''";
         QTest::newRow("not out of order")            << "sock erstate machine failed.ror: Error = 10058" << "0'sock error: Error = 10058'";
         // clang-format on
-        const char* const bogus[] = {
-            "Error posting writev, A request to send or receive data was disallowed because the "
-            "socket had already been shut down in that direction with a previous shutdown "
-            "call.(10058)",
-            "unable to post a write for the next command,",
-            "sock error: Error = 10058",
-            "unable to post a write of the closed_request command to the parent context.",
-            "unable to close the stdin context.",
-            "state machine failed.",
-        };
-        for (const char* each : bogus) {
+        for (const char* each : MarkerPattern::bogusErrors) {
             QTest::newRow(each) << QStringLiteral("<%1>").arg(QLatin1String(each)) << "0'<>'";
         }
     }

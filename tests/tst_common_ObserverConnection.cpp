@@ -23,7 +23,8 @@ private Q_SLOTS:
         QCOMPARE(subject.getObservers().size(), 1);
         QCOMPARE(subject.getObservers().first(), &connection);
         QCOMPARE(connection.getObserver(), static_cast<IListener*>(&listener));
-        QCOMPARE(connection.getObservable(), static_cast<common_ObservableVia<IListener>*>(&subject));
+        QCOMPARE(connection.getObservable(),
+                 static_cast<common_ObservableVia<IListener>*>(&subject));
         QCOMPARE(connection.getRefCount(), 0);
     }
 

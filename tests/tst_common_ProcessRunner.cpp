@@ -64,7 +64,8 @@ private Q_SLOTS:
     {
         PlainRunner runner;
         const RecordingObserver observer(&runner);
-        QVERIFY(run(runner, {text("out"), text("-*-error-*-a \\n\\n"), text("err"), text(" b\\n")}));
+        QVERIFY(
+            run(runner, {text("out"), text("-*-error-*-a \\n\\n"), text("err"), text(" b\\n")}));
         QCOMPARE(observer.texts[common_IProcessMessage::Output],
                  QStringList({text("-*-error-*-a"), QString()}));
         QCOMPARE(observer.texts[common_IProcessMessage::Error], QStringList(text("b")));

@@ -85,13 +85,16 @@ QString logOf(const QString& path)
 
 int openDescriptors()
 {
-    return QDir(QStringLiteral("/proc/self/fd")).entryList(QDir::NoDotAndDotDot | QDir::AllEntries).size();
+    return QDir(QStringLiteral("/proc/self/fd"))
+        .entryList(QDir::NoDotAndDotDot | QDir::AllEntries)
+        .size();
 }
 
 int childProcesses()
 {
     int children = 0;
-    const QStringList processes = QDir(QStringLiteral("/proc")).entryList({QStringLiteral("[1-9]*")});
+    const QStringList processes =
+        QDir(QStringLiteral("/proc")).entryList({QStringLiteral("[1-9]*")});
     for (const QString& process : processes) {
         QFile stat(QStringLiteral("/proc/%1/stat").arg(process));
         if (stat.open(QIODevice::ReadOnly)) {
@@ -229,11 +232,14 @@ private Q_SLOTS:
     {
         QTest::addColumn<QString>("executable");
         QTest::addColumn<QString>("directory");
-        QTest::newRow("no such program") << "/no/such/program" << "";
-        QTest::newRow("not in the path") << "no-such-program" << "";
+        QTest::newRow("no such program") << "/no/such/program"
+                                         << "";
+        QTest::newRow("not in the path") << "no-such-program"
+                                         << "";
         QTest::newRow("not executable") << QFINDTESTDATA("CMakeLists.txt") << "";
         QTest::newRow("a directory") << QDir::tempPath() << "";
-        QTest::newRow("no program at all") << "" << "";
+        QTest::newRow("no program at all") << ""
+                                           << "";
         QTest::newRow("no such working directory") << KEST_TEST_CHILD << "/no/such/directory";
     }
 
@@ -247,8 +253,9 @@ private Q_SLOTS:
         runner.setWorkingDirectory(directory);
         runner.addArgument(text("an argument"));
         QVERIFY(!runner.run());
-        QCOMPARE(observer.events, QStringList({QStringLiteral("exit code %1").arg(runner.exitCode()),
-                                               text("failed")}));
+        QCOMPARE(
+            observer.events,
+            QStringList({QStringLiteral("exit code %1").arg(runner.exitCode()), text("failed")}));
         QCOMPARE(observer.lastExecutable, executable);
         QCOMPARE(observer.lastArguments, QStringList(text("an argument")));
         QVERIFY(!observer.lastErrorString.isEmpty());
@@ -269,8 +276,9 @@ private Q_SLOTS:
         QVERIFY(runner.runAndWaitForFinish());
         runner.setExecutable(text("/no/such/program"));
         QVERIFY(!runner.run());
-        QCOMPARE(observer.events.mid(3), QStringList({QStringLiteral("exit code %1").arg(runner.exitCode()),
-                                                      text("failed")}));
+        QCOMPARE(
+            observer.events.mid(3),
+            QStringList({QStringLiteral("exit code %1").arg(runner.exitCode()), text("failed")}));
     }
 
     void runWhileRunningIsRefusedAndHarmless()
@@ -278,7 +286,8 @@ private Q_SLOTS:
         QTemporaryDir folder;
         LineRunner runner;
         const RecordingObserver observer(&runner);
-        setUp(runner, {text("wait-for-file"), folder.filePath(text("go")), text("out"), text("x\\n")});
+        setUp(runner,
+              {text("wait-for-file"), folder.filePath(text("go")), text("out"), text("x\\n")});
         QVERIFY(runner.run());
         QVERIFY(runner.isRunning());
         QTest::ignoreMessage(QtWarningMsg, QRegularExpression(text("still running")));
@@ -429,8 +438,8 @@ private Q_SLOTS:
     {
         QTemporaryDir folder;
         LineRunner runner;
-        setUp(runner, {text("out"), text("a\\nb"), text("wait-for-file"), folder.filePath(text("go")),
-                       text("out"), text("c\\n")});
+        setUp(runner, {text("out"), text("a\\nb"), text("wait-for-file"),
+                       folder.filePath(text("go")), text("out"), text("c\\n")});
         QVERIFY(runner.run());
         QVERIFY(QTest::qWaitFor([&runner] { return !runner.output.isEmpty(); }));
         QTest::qWait(50);
@@ -459,12 +468,13 @@ private Q_SLOTS:
         LineRunner runner;
         setUp(runner, {command, QString::number(count), text("55")});
         QVERIFY(runWithEventLoop(runner));
-        for (const auto& channel : {std::make_pair(&runner.output, onOutput),
-                                    std::make_pair(&runner.errors, onError)}) {
+        for (const auto& channel :
+             {std::make_pair(&runner.output, onOutput), std::make_pair(&runner.errors, onError)}) {
             QCOMPARE(channel.first->size(), channel.second ? count : 0);
             for (int i = 0; i < channel.first->size(); ++i) {
                 const QString& line = channel.first->at(i);
-                if (line.size() != 55 || line.leftRef(line.indexOf(QLatin1Char('.'))).toInt() != i) {
+                if (line.size() != 55 ||
+                    line.leftRef(line.indexOf(QLatin1Char('.'))).toInt() != i) {
                     QFAIL(qPrintable(line));
                 }
             }
@@ -506,9 +516,14 @@ private Q_SLOTS:
         QTest::addColumn<QStringList>("arguments");
         QTest::newRow("none") << QStringList();
         QTest::newRow("empty") << QStringList{text("")};
-        QTest::newRow("blanks, quotes, line breaks")
-            << QStringList{text("a b"), text("\"quoted\""), text("'"), text("line\nbreak"),
-                           text("\\"), text("$HOME;`ls`*"), text("\xc3\xa9\xe2\x82\xac"), text("")};
+        QTest::newRow("blanks, quotes, line breaks") << QStringList{text("a b"),
+                                                                    text("\"quoted\""),
+                                                                    text("'"),
+                                                                    text("line\nbreak"),
+                                                                    text("\\"),
+                                                                    text("$HOME;`ls`*"),
+                                                                    text("\xc3\xa9\xe2\x82\xac"),
+                                                                    text("")};
         QTest::newRow("100 KB") << QStringList{QString(100000, QLatin1Char('x'))};
         QStringList many;
         for (int i = 0; i < 10000; ++i) {
@@ -555,7 +570,8 @@ private Q_SLOTS:
         runner.setWorkingDirectory(folder.path());
         QCOMPARE(runner.getWorkingDirectory(), folder.path());
         QVERIFY(runWithEventLoop(runner));
-        QCOMPARE(runner.output, QStringList(QFileInfo(folder.path()).canonicalFilePath() + text("\n")));
+        QCOMPARE(runner.output,
+                 QStringList(QFileInfo(folder.path()).canonicalFilePath() + text("\n")));
     }
 
     void environmentEntriesAreSimplifiedOrIgnored_data()
@@ -808,7 +824,8 @@ private Q_SLOTS:
             runner.setArguments({text("model")});
             QVERIFY(!runner.run());
         }
-        const QStringList lines = logOf(folder.filePath(text("model.log"))).split(QLatin1Char('\n'));
+        const QStringList lines =
+            logOf(folder.filePath(text("model.log"))).split(QLatin1Char('\n'));
         QCOMPARE(lines.size(), 3);
         QVERIFY(QDateTime::fromString(lines[1], Qt::TextDate).isValid());
     }
@@ -883,7 +900,9 @@ private Q_SLOTS:
         QVERIFY(QTest::qWaitFor([&] { return runner.isNull(); }));
         QVERIFY(QTest::qWaitFor([] { return childProcesses() == 0; }));
         QCOMPARE(LineRunner::getProcessCount(), 0);
-        QCOMPARE(lines, event == text("message") ? 1 : event == text("done") || event == text("exit code 0") ? 2 : 0);
+        QCOMPARE(lines, event == text("message")                                ? 1
+                        : event == text("done") || event == text("exit code 0") ? 2
+                                                                                : 0);
     }
 
     void runnerReleasedWhileItsOwnerWaitsIsSafe()
@@ -1055,7 +1074,8 @@ private Q_SLOTS:
         std::vector<std::unique_ptr<LineRunner>> runners;
         for (int i = 0; i < 50; ++i) {
             runners.push_back(std::make_unique<LineRunner>());
-            setUp(*runners.back(), {text("out"), QString::number(i) + text("\\n"), text("sleep"), text("100")});
+            setUp(*runners.back(),
+                  {text("out"), QString::number(i) + text("\\n"), text("sleep"), text("100")});
             QVERIFY(runners.back()->run());
         }
         for (int i = 0; i < 50; ++i) {

@@ -11,10 +11,8 @@ static QStringList assertions;
 
 void common_assertionFailed(const char* text, const char* file, int line)
 {
-    assertions.append(QStringLiteral("%1 (%2): %3")
-                          .arg(QLatin1String(file))
-                          .arg(line)
-                          .arg(QLatin1String(text)));
+    assertions.append(
+        QStringLiteral("%1 (%2): %3").arg(QLatin1String(file)).arg(line).arg(QLatin1String(text)));
 }
 
 namespace {
@@ -38,8 +36,8 @@ private Q_SLOTS:
         source.reference();
         {
             const Runner copy(source);
-            QCOMPARE(assertions,
-                     QStringList(QStringLiteral("src/process/common_ProcessRunnerBase.cpp (40): 0")));
+            QCOMPARE(assertions, QStringList(QStringLiteral(
+                                     "src/process/common_ProcessRunnerBase.cpp (40): 0")));
             QCOMPARE(Runner::getProcessCount(), 1);
             QVERIFY(copy.getArguments().isEmpty());
             QCOMPARE(copy.getExecutable().filePath(), QString());

@@ -67,7 +67,8 @@ private Q_SLOTS:
             common_ProcessRunnerMediator mediator(&recorder);
             mediator.setProcess(&process);
         }
-        process.start(QStringLiteral(KEST_TEST_CHILD), {QStringLiteral("out"), QStringLiteral("x")});
+        process.start(QStringLiteral(KEST_TEST_CHILD),
+                      {QStringLiteral("out"), QStringLiteral("x")});
         QVERIFY(process.waitForFinished());
         QVERIFY(recorder.calls.isEmpty());
     }

@@ -46,11 +46,11 @@ public:
 
     common_ActivePtr(common_ActivePtr&& other) noexcept
         : m_object(std::exchange(other.m_object, nullptr))
-    {
-    }
+    {}
 
     /// From a pointer to a derived class.
-    template <typename Derived, typename = std::enable_if_t<std::is_convertible<Derived*, T*>::value>>
+    template <typename Derived,
+              typename = std::enable_if_t<std::is_convertible<Derived*, T*>::value>>
     common_ActivePtr(const common_ActivePtr<Derived, Actor>& other) : m_object(other.get())
     {
         acquire();

@@ -14,7 +14,6 @@ KEST_FOUNDATION_EXPORT void common_assertionFailed(const char* text, const char*
 /// The text, the file and the line are printed exactly as given: support staff search for them, so
 /// they stay as they are when the code around them moves.
 #define COMMON_ASSERT_AT(condition, text, file, line)                                              \
-    (static_cast<bool>(condition) ? static_cast<void>(0)                                           \
-                                  : common_assertionFailed(text, file, line))
+    (static_cast<bool>(condition) ? static_cast<void>(0) : common_assertionFailed(text, file, line))
 
 #endif

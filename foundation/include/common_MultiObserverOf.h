@@ -25,8 +25,8 @@ public:
     void startObserving(common_ObservableVia<T>* pObservable)
     {
         if (!isObserving(pObservable)) {
-            m_observerConnectionMap.insert(
-                pObservable, new common_ObserverConnection<T>(this, pObservable));
+            m_observerConnectionMap.insert(pObservable,
+                                           new common_ObserverConnection<T>(this, pObservable));
         }
     }
 

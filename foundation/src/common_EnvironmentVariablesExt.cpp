@@ -13,8 +13,8 @@ QString variableExpanded(const QString& name, const QStringList& enclosing)
     if (enclosing.contains(name)) {
         return QString();
     }
-    return expanded(qEnvironmentVariable(name.toLocal8Bit().constData()),
-                    QStringList(enclosing) << name);
+    return expanded(qEnvironmentVariable(name.toLocal8Bit().constData()), QStringList(enclosing)
+                                                                              << name);
 }
 
 // The names of the variables that are being expanded around this value are in enclosing.

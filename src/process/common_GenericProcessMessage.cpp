@@ -26,8 +26,7 @@ QString decodedTwice(const QString& text)
 
 common_GenericProcessMessage::common_GenericProcessMessage(Type type, const QString& text)
     : m_text(text), m_type(type)
-{
-}
+{}
 
 QString common_GenericProcessMessage::getText() const
 {
@@ -42,8 +41,8 @@ common_IProcessMessage::Type common_GenericProcessMessage::getType() const
 QVector<common_GenericProcessMessage> common_GenericProcessMessage::parse(Type type,
                                                                           const QString& text)
 {
-    return {common_GenericProcessMessage(type,
-                                         decodedTwice(common_withoutLineEnds(text).trimmed()))};
+    return {
+        common_GenericProcessMessage(type, decodedTwice(common_withoutLineEnds(text).trimmed()))};
 }
 
 QVector<common_GenericProcessMessage> common_GenericProcessMessage::parseOutput(const QString& text)

@@ -20,7 +20,7 @@ struct MarkerMeaning
 };
 
 // clang-format off
-constexpr std::array<MarkerMeaning, 8> markerMeanings = {{
+const std::array<MarkerMeaning, 8> markerMeanings = {{
     {QLatin1String("-*-linefeed-*-"),         common_IProcessMessage::LineFeed,        BodyUse::Dropped},
     {QLatin1String("-*-error-*-"),            common_IProcessMessage::Error,           BodyUse::Unchanged},
     {QLatin1String("-*-warning-*-"),          common_IProcessMessage::Warning,         BodyUse::Unchanged},
@@ -30,11 +30,12 @@ constexpr std::array<MarkerMeaning, 8> markerMeanings = {{
     {QLatin1String("-*-file-*-"),             common_IProcessMessage::File,            BodyUse::Trimmed},
     {QLatin1String("-*-variable-*-"),         common_IProcessMessage::Variable,        BodyUse::Trimmed},
 }};
-constexpr MarkerMeaning otherMarker =
+const MarkerMeaning otherMarker =
     {QLatin1String(),                         common_IProcessMessage::Output,          BodyUse::Unchanged};
 
-// What the parallel runtime prints when it closes its sockets at the end of a good run.
-constexpr std::array<QLatin1String, 6> bogusParallelRunErrors = {
+// What the parallel runtime prints when it closes its sockets at the end of a good run. Each holds
+// one of the signs of mayHoldBogusError().
+const std::array<QLatin1String, 6> bogusParallelRunErrors = {
     QLatin1String("Error posting writev, A request to send or receive data was disallowed because the socket had already been shut down in that direction with a previous shutdown call.(10058)"),
     QLatin1String("unable to post a write for the next command,"),
     QLatin1String("sock error: Error = 10058"),
@@ -49,29 +50,28 @@ bool isLetter(QChar character)
     return character >= QLatin1Char('a') && character <= QLatin1Char('z');
 }
 
-int behindLetters(QStringView text, int position)
+qsizetype behindLetters(QStringView text, qsizetype position)
 {
-    const auto* const end =
-        std::find_if_not(text.cbegin() + position, text.cend(), isLetter);
-    return static_cast<int>(end - text.cbegin());
+    const auto* const end = std::find_if_not(text.cbegin() + position, text.cend(), isLetter);
+    return end - text.cbegin();
 }
 
-bool isFence(QStringView text, int position)
+bool isFence(QStringView text, qsizetype position)
 {
     return text.mid(position, 3) == QLatin1String("-*-");
 }
 
 struct Marker
 {
-    int position = -1; // -1: no marker
-    int end = -1;      // behind the marker
+    qsizetype position = -1; // -1: no marker
+    qsizetype end = -1;      // behind the marker
 };
 
 // The marker that begins with the fence at the position. There is at most one: the letters and the
 // hyphen in the middle can be told from the closing fence by one character.
-Marker markerAt(QStringView text, int position)
+Marker markerAt(QStringView text, qsizetype position)
 {
-    int end = behindLetters(text, position + 3);
+    qsizetype end = behindLetters(text, position + 3);
     if (!isFence(text, end) && end < text.size() && text[end] == QLatin1Char('-')) {
         end = behindLetters(text, end + 1);
     }
@@ -81,9 +81,9 @@ Marker markerAt(QStringView text, int position)
 // The first marker at or behind the position; the same as a search for the regular expression
 // "\-\*\-[a-z]*[\-]?[a-z]*\-\*\-", many times faster. Every marker has a star behind its first
 // character, and no text between two stars is looked at more than twice.
-Marker nextMarker(QStringView text, int from)
+Marker nextMarker(QStringView text, qsizetype from)
 {
-    int star = text.indexOf(QLatin1Char('*'), from + 1);
+    qsizetype star = text.indexOf(QLatin1Char('*'), from + 1);
     while (star >= 0) {
         if (isFence(text, star - 1)) {
             const Marker marker = markerAt(text, star - 1);
@@ -113,11 +113,11 @@ bool isDigit(QChar character)
 // the whole body counts. What is no number is 0.
 QString percentageIn(QStringView body)
 {
-    const int sign = body.indexOf(QLatin1Char('%'));
+    const qsizetype sign = body.indexOf(QLatin1Char('%'));
     if (sign < 0) {
         return QString::number(body.toString().toInt());
     }
-    int begin = sign;
+    qsizetype begin = sign;
     while (begin > 0 && sign - begin < 3 && isDigit(body[begin - 1])) {
         --begin;
     }
@@ -146,7 +146,7 @@ QVector<common_KestProcessMessage> markedMessages(QStringView text, Marker marke
     QStringView body;
     while (marker.position >= 0) {
         const Marker next = nextMarker(text, marker.end);
-        const int bodyEnd = next.position >= 0 ? next.position : static_cast<int>(text.size());
+        const qsizetype bodyEnd = next.position >= 0 ? next.position : text.size();
         const MarkerMeaning& meaning =
             meaningOf(text.mid(marker.position, marker.end - marker.position));
         if (meaning.bodyUse != BodyUse::Dropped && bodyEnd > marker.end) {
@@ -159,25 +159,22 @@ QVector<common_KestProcessMessage> markedMessages(QStringView text, Marker marke
     return messages;
 }
 
-using BogusMatchers = std::array<QStringMatcher, bogusParallelRunErrors.size()>;
-
-const BogusMatchers& bogusMatchers()
+bool mayHoldBogusError(const QString& text)
 {
-    static const BogusMatchers matchers = [] {
-        BogusMatchers result;
-        std::transform(bogusParallelRunErrors.cbegin(), bogusParallelRunErrors.cend(),
-                       result.begin(), [](QLatin1String text) { return QStringMatcher(text); });
-        return result;
-    }();
-    return matchers;
+    static const std::array<QStringMatcher, 3> signs = {
+        QStringMatcher(QStringLiteral("10058")),
+        QStringMatcher(QStringLiteral("unable to ")),
+        QStringMatcher(QStringLiteral("state machine failed.")),
+    };
+    return std::any_of(signs.cbegin(), signs.cend(),
+                       [&text](const QStringMatcher& sign) { return sign.indexIn(text) >= 0; });
 }
 
 } // namespace
 
 common_KestProcessMessage::common_KestProcessMessage(Type type, const QString& text)
     : m_text(text), m_type(type)
-{
-}
+{}
 
 QString common_KestProcessMessage::getText() const
 {
@@ -208,16 +205,12 @@ QVector<common_KestProcessMessage> common_KestProcessMessage::parseError(const Q
     return parseOutput(text);
 }
 
-// Removing one of the texts can bring another one together, but only a later one is looked for
-// then; so nothing needs doing where the line holds none of them.
+// Removing one of the texts can bring a later one together, but not where the line holds none.
 QString common_KestProcessMessage::removeBogusParallelRunErrors(QString text)
 {
-    const BogusMatchers& matchers = bogusMatchers();
-    if (std::any_of(matchers.cbegin(), matchers.cend(), [&text](const QStringMatcher& matcher) {
-            return matcher.indexIn(text) >= 0;
-        })) {
-        for (const QStringMatcher& matcher : matchers) {
-            text.replace(matcher.pattern(), QString());
+    if (mayHoldBogusError(text)) {
+        for (const QLatin1String bogus : bogusParallelRunErrors) {
+            text.replace(QString(bogus), QString());
         }
     }
     return text;

@@ -13,11 +13,18 @@ bool isLineEnd(QChar character)
 
 } // namespace
 
+// Nearly every text ends with its only line end, and indexOf() is the fastest way there.
 QString common_withoutLineEnds(const QString& text)
 {
-    const auto firstEnd = std::find_if(text.cbegin(), text.cend(), isLineEnd);
-    QString result = text.left(static_cast<int>(firstEnd - text.cbegin()));
-    std::copy_if(firstEnd, text.cend(), std::back_inserter(result),
+    const int lineFeed = text.indexOf(QLatin1Char('\n'));
+    const int carriageReturn = text.indexOf(QLatin1Char('\r'));
+    if (lineFeed < 0 && carriageReturn < 0) {
+        return text;
+    }
+    const int first = lineFeed < 0 || carriageReturn < 0 ? std::max(lineFeed, carriageReturn)
+                                                         : std::min(lineFeed, carriageReturn);
+    QString result = text.left(first);
+    std::copy_if(text.cbegin() + first, text.cend(), std::back_inserter(result),
                  [](QChar character) { return !isLineEnd(character); });
     return result;
 }

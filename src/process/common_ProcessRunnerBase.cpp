@@ -59,13 +59,13 @@ private:
 };
 
 common_ProcessRunnerBase::common_ProcessRunnerBase()
-    : m_pProcess(std::make_unique<QProcess>()),
-      m_logDirectory(
-          common_EnvironmentVariablesExt::getVariableExpanded("DUMP_KERNEL_STDOUT_STDERR")),
-      m_logEnabled(!m_logDirectory.isEmpty()),
-      m_pMediator(std::make_unique<common_ProcessRunnerMediator>(this)),
-      m_outputLines(std::make_unique<common_LineBuffer>()),
-      m_errorLines(std::make_unique<common_LineBuffer>())
+    : m_pProcess(std::make_unique<QProcess>())
+    , m_logDirectory(
+          common_EnvironmentVariablesExt::getVariableExpanded("DUMP_KERNEL_STDOUT_STDERR"))
+    , m_logEnabled(!m_logDirectory.isEmpty())
+    , m_pMediator(std::make_unique<common_ProcessRunnerMediator>(this))
+    , m_outputLines(std::make_unique<common_LineBuffer>())
+    , m_errorLines(std::make_unique<common_LineBuffer>())
 {
     m_pMediator->setProcess(m_pProcess.get());
     m_pProcess->setProcessChannelMode(QProcess::SeparateChannels);
@@ -73,11 +73,13 @@ common_ProcessRunnerBase::common_ProcessRunnerBase()
     ++s_processCount;
 }
 
+// The bases stay empty, which gcc wants said. NOLINTBEGIN(*-init)
 common_ProcessRunnerBase::common_ProcessRunnerBase(const common_ProcessRunnerBase& /*other*/)
     : common_ObservableVia<common_IProcessRunnerObserver>(), common_IProcessRunnerMediatorObserver()
 {
     COMMON_ASSERT_AT(false, "0", sourceFile, 40);
 }
+// NOLINTEND(*-init)
 
 common_ProcessRunnerBase&
 common_ProcessRunnerBase::operator=(const common_ProcessRunnerBase& /*other*/)
@@ -129,10 +131,11 @@ void common_ProcessRunnerBase::addArgument(const QString& argument)
     m_arguments.append(argument);
 }
 
+// NOLINTNEXTLINE(performance-unnecessary-value-param): the exported signature is kept
 void common_ProcessRunnerBase::addArguments(QStringList arguments)
 {
     assertNotRunning(111);
-    m_arguments.append(std::move(arguments));
+    m_arguments.append(arguments);
 }
 
 void common_ProcessRunnerBase::clearArguments()

@@ -5,14 +5,13 @@
 common_ProcessRunnerMediator::common_ProcessRunnerMediator(
     common_IProcessRunnerMediatorObserver* pObserver)
     : m_pObserver(pObserver)
-{
-}
+{}
 
 // Connected by signature: these are the names that signal tracers and test tools list.
 void common_ProcessRunnerMediator::setProcess(QProcess* pProcess)
 {
-    connect(pProcess, SIGNAL(finished(int,QProcess::ExitStatus)), this,
-            SLOT(onProcessFinished(int,QProcess::ExitStatus)));
+    connect(pProcess, SIGNAL(finished(int, QProcess::ExitStatus)), this,
+            SLOT(onProcessFinished(int, QProcess::ExitStatus)));
     connect(pProcess, SIGNAL(readyReadStandardOutput()), this, SLOT(onPipeReady()));
     connect(pProcess, SIGNAL(readyReadStandardError()), this, SLOT(onErrorPipeReady()));
 }

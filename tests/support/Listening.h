@@ -38,8 +38,7 @@ class Listener : public common_ObserverOf<IListener>
 public:
     explicit Listener(QString name, QStringList* calls, Subject* subject = nullptr)
         : common_ObserverOf(subject), m_name(std::move(name)), m_calls(calls)
-    {
-    }
+    {}
 
     using common_ObserverOf::startObserving;
     using common_ObserverOf::stopObserving;

@@ -15,18 +15,19 @@ namespace MarkerPattern {
 
 using Message = std::pair<common_IProcessMessage::Type, QString>;
 
+inline const char* const bogusErrors[] = {
+    "Error posting writev, A request to send or receive data was disallowed because the socket had "
+    "already been shut down in that direction with a previous shutdown call.(10058)",
+    "unable to post a write for the next command,",
+    "sock error: Error = 10058",
+    "unable to post a write of the closed_request command to the parent context.",
+    "unable to close the stdin context.",
+    "state machine failed.",
+};
+
 inline QString withoutBogusErrors(QString text)
 {
-    const char* const bogus[] = {
-        "Error posting writev, A request to send or receive data was disallowed because the socket "
-        "had already been shut down in that direction with a previous shutdown call.(10058)",
-        "unable to post a write for the next command,",
-        "sock error: Error = 10058",
-        "unable to post a write of the closed_request command to the parent context.",
-        "unable to close the stdin context.",
-        "state machine failed.",
-    };
-    for (const char* each : bogus) {
+    for (const char* each : bogusErrors) {
         text.remove(QString::fromLatin1(each));
     }
     return text;

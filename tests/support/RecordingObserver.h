@@ -15,8 +15,7 @@ class RecordingObserver : public common_ObserverOf<common_IProcessRunnerObserver
 public:
     explicit RecordingObserver(common_ObservableVia<common_IProcessRunnerObserver>* runner)
         : common_ObserverOf(runner)
-    {
-    }
+    {}
 
     using common_ObserverOf::startObserving;
     using common_ObserverOf::stopObserving;

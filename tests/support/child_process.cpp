@@ -1,9 +1,12 @@
 // Plays every child process of the tests. Its arguments are commands, done one after another:
+// Where the first argument is the name of a file that ends in ".commands", they are read from that
+// file, a word a line, and the other arguments are ignored.
 //
 //   out TEXT, err TEXT        writes TEXT, with \n \r \t \0 \\ and \xHH decoded, and flushes
 //   lines COUNT WIDTH         COUNT numbered lines of WIDTH bytes, line end included,
 //   error-lines COUNT WIDTH   ... to standard error,
 //   both-lines COUNT WIDTH    ... to both channels, each line on either
+//   flood COUNT WIDTH         COUNT lines of WIDTH bytes, line end included, as fast as can be
 //   long-line BYTES           one line of BYTES bytes and a line end
 //   arguments ...             writes the arguments that follow, in hex, one a line, and ends
 //   variable NAME             writes the environment variable, or "unset"
@@ -15,6 +18,7 @@
 //   leave-grandchild TEXT MS  a process of its own that writes TEXT after MS on the same channels
 //   crash                     dies by a signal
 //   exit CODE                 the end of the commands means exit 0
+#include <algorithm>
 #include <chrono>
 #include <csignal>
 #include <cstdio>
@@ -96,6 +100,21 @@ void writeLines(const Arguments& arguments, const std::vector<std::FILE*>& strea
     std::fflush(nullptr);
 }
 
+void writeFlood(const Arguments& arguments)
+{
+    constexpr long linesInBlock = 4096;
+    const std::string line = std::string(std::stoul(arguments[1]) - 1, 'x') + '\n';
+    std::string block;
+    for (long number = 0; number < linesInBlock; ++number) {
+        block += line;
+    }
+    for (long left = std::stol(arguments[0]); left > 0; left -= linesInBlock) {
+        const auto lines = static_cast<std::size_t>(std::min(left, linesInBlock));
+        std::fwrite(block.data(), line.size(), lines, stdout);
+    }
+    std::fflush(stdout);
+}
+
 void writeLongLine(const std::string& bytes)
 {
     write(stdout, std::string(std::stoul(bytes), 'x') + '\n');
@@ -143,6 +162,7 @@ const std::map<std::string, Command>& commands()
         {"lines",            {2, [](const Arguments& a) { writeLines(a, {stdout}); }}},
         {"error-lines",      {2, [](const Arguments& a) { writeLines(a, {stderr}); }}},
         {"both-lines",       {2, [](const Arguments& a) { writeLines(a, {stdout, stderr}); }}},
+        {"flood",            {2, [](const Arguments& a) { writeFlood(a); }}},
         {"long-line",        {1, [](const Arguments& a) { writeLongLine(a[0]); }}},
         {"variable",         {1, [](const Arguments& a) { writeVariable(a[0]); }}},
         {"directory",        {0, [](const Arguments&)   { write(stdout, std::filesystem::current_path().string() + '\n'); }}},
@@ -176,11 +196,25 @@ void writeArguments(Arguments::const_iterator argument, Arguments::const_iterato
     }
 }
 
+Arguments commandsOf(const Arguments& arguments)
+{
+    const std::filesystem::path file = arguments.empty() ? std::string() : arguments.front();
+    if (file.extension() != ".commands") {
+        return arguments;
+    }
+    Arguments words;
+    std::ifstream stream(file);
+    for (std::string word; std::getline(stream, word);) {
+        words.push_back(word);
+    }
+    return words;
+}
+
 } // namespace
 
 int main(int argc, char* argv[])
 {
-    const Arguments arguments(argv + 1, argv + argc);
+    const Arguments arguments = commandsOf(Arguments(argv + 1, argv + argc));
     for (auto argument = arguments.cbegin(); argument != arguments.cend();) {
         const std::string name = *argument++;
         if (name == "arguments") {

@@ -1,0 +1,173 @@
+#include "BatchReport.h"
+
+#include <QFileInfo>
+
+#include <algorithm>
+#include <cstdio>
+
+namespace {
+
+constexpr int statusInterval = 200; // milliseconds
+constexpr int barWidth = 20;
+
+struct OutcomeText
+{
+    const char* text;
+    Terminal::Colour colour;
+};
+
+// Indexed by Outcome.
+constexpr OutcomeText outcomeTexts[] = {
+    {"valid", Terminal::Colour::Green},
+    {"fault", Terminal::Colour::Red},
+    {"could not start", Terminal::Colour::Red},
+    {"stopped", Terminal::Colour::Yellow},
+};
+
+// Indexed by common_IProcessMessage::Type. Progress and files are shown in their own places.
+struct MessageLook
+{
+    bool isLine;
+    Terminal::Colour colour;
+};
+
+constexpr MessageLook messageLooks[] = {
+    {true, Terminal::Colour::None},   // Output
+    {true, Terminal::Colour::None},   // LineFeed
+    {false, Terminal::Colour::None},  // Percentage
+    {false, Terminal::Colour::None},  // TotalPercentage
+    {true, Terminal::Colour::Red},    // Error
+    {true, Terminal::Colour::Yellow}, // Warning
+    {true, Terminal::Colour::Cyan},   // Notice
+    {false, Terminal::Colour::None},  // File
+    {true, Terminal::Colour::None},   // Variable
+};
+
+QString clockTime(qint64 milliseconds)
+{
+    const qint64 seconds = milliseconds / 1000;
+    return QStringLiteral("%1:%2:%3")
+        .arg(seconds / 3600)
+        .arg(seconds / 60 % 60, 2, 10, QLatin1Char('0'))
+        .arg(seconds % 60, 2, 10, QLatin1Char('0'));
+}
+
+QString duration(qint64 milliseconds)
+{
+    return milliseconds < 60000
+               ? QStringLiteral("%1 s").arg(static_cast<double>(milliseconds) / 1000, 0, 'f', 1)
+               : clockTime(milliseconds);
+}
+
+QString counted(int count, const char* noun)
+{
+    return QStringLiteral("%1 %2%3").arg(count).arg(QLatin1String(noun),
+                                                    QLatin1String(count == 1 ? "" : "s"));
+}
+
+QString progressBar(int percentage)
+{
+    const int filled = qBound(0, percentage, 100) * barWidth / 100;
+    return QString(filled, QLatin1Char('#')) + QString(barWidth - filled, QLatin1Char('.'));
+}
+
+} // namespace
+
+BatchReport::BatchReport() : m_output(stdout)
+{
+    m_statusTimer.setInterval(statusInterval);
+    connect(&m_statusTimer, &QTimer::timeout, this, &BatchReport::showStatus);
+    m_flushTimer.setSingleShot(true);
+    connect(&m_flushTimer, &QTimer::timeout, this, [this] { m_output.flush(); });
+}
+
+void BatchReport::begin(const QString& model)
+{
+    m_model = QFileInfo(model).fileName();
+    m_files.clear();
+    m_percentage = 0;
+    m_totalPercentage = 0;
+    std::fill(std::begin(m_counts), std::end(m_counts), 0);
+    m_elapsed.start();
+    m_statusTimer.start();
+    showStatus();
+}
+
+void BatchReport::add(const common_IProcessMessage& message)
+{
+    const common_IProcessMessage::Type type = message.getType();
+    ++m_counts[type];
+    if (type == common_IProcessMessage::Percentage) {
+        m_percentage = message.getText().toInt();
+    } else if (type == common_IProcessMessage::TotalPercentage) {
+        m_totalPercentage = message.getText().toInt();
+    } else if (type == common_IProcessMessage::File && !m_files.contains(message.getText())) {
+        m_files.append(message.getText());
+    }
+    if (messageLooks[type].isLine) {
+        showLine(message.getText(), messageLooks[type].colour);
+    }
+}
+
+void BatchReport::complain(const QString& text)
+{
+    m_output.clearStatusLine();
+    m_output.flush();
+    Terminal(stderr).writeLine(QStringLiteral("kestdesk: ") + text, Terminal::Colour::Red);
+}
+
+void BatchReport::end(Outcome outcome)
+{
+    m_statusTimer.stop();
+    for (const QString& file : qAsConst(m_files)) {
+        m_output.writeLine(QStringLiteral("wrote %1").arg(file));
+    }
+    m_output.writeLine(QStringLiteral("%1, %2, %3, %4 in %5")
+                           .arg(counted(m_counts[common_IProcessMessage::Error], "error"),
+                                counted(m_counts[common_IProcessMessage::Warning], "warning"),
+                                counted(m_counts[common_IProcessMessage::Notice], "notice"),
+                                counted(m_files.size(), "file"), duration(m_elapsed.elapsed())));
+    const OutcomeText& look = outcomeTexts[static_cast<int>(outcome)];
+    m_output.writeLine(QStringLiteral("%1: %2").arg(m_model, QLatin1String(look.text)),
+                       look.colour);
+    m_output.flush();
+}
+
+void BatchReport::summarise(const QVector<Outcome>& outcomes)
+{
+    QStringList parts;
+    for (const Outcome outcome :
+         {Outcome::Valid, Outcome::Fault, Outcome::NotStarted, Outcome::Stopped}) {
+        const int count = outcomes.count(outcome);
+        if (count > 0) {
+            parts.append(QStringLiteral("%1 %2").arg(count).arg(
+                QLatin1String(outcomeTexts[static_cast<int>(outcome)].text)));
+        }
+    }
+    m_output.writeLine(QStringLiteral("%1: %2").arg(counted(outcomes.size(), "model"),
+                                                    parts.join(QStringLiteral(", "))));
+    m_output.flush();
+}
+
+void BatchReport::showLine(const QString& text, Terminal::Colour colour)
+{
+    m_output.writeLine(colour == Terminal::Colour::None ? text : text.trimmed(), colour);
+    flushSoon();
+}
+
+void BatchReport::showStatus()
+{
+    m_output.setStatusLine(QStringLiteral("[%1] %2% in all, phase %3%, %4  %5")
+                               .arg(progressBar(m_totalPercentage))
+                               .arg(m_totalPercentage, 3)
+                               .arg(m_percentage, 3)
+                               .arg(clockTime(m_elapsed.elapsed()), m_model));
+}
+
+// Once for all the lines that arrive together.
+void BatchReport::flushSoon()
+{
+    if (!m_flushTimer.isActive()) {
+        m_flushTimer.start(0);
+    }
+}

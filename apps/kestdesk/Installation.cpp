@@ -1,0 +1,18 @@
+#include "Installation.h"
+
+#include <QCoreApplication>
+#include <QDir>
+#include <QStandardPaths>
+
+QString Installation::directory()
+{
+    const QString home = qEnvironmentVariable("KEST_HOME");
+    return home.isEmpty() ? QDir::cleanPath(QCoreApplication::applicationDirPath() +
+                                            QLatin1String("/" KESTDESK_SUITE_FROM_BIN))
+                          : QDir(home).absolutePath();
+}
+
+QString Installation::program(const QString& component)
+{
+    return QStandardPaths::findExecutable(component, {directory() + QLatin1String("/bin")});
+}

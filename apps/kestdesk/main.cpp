@@ -1,0 +1,27 @@
+#include "BatchSession.h"
+#include "CommandLine.h"
+
+#include <QCoreApplication>
+
+#include <cstdio>
+
+int main(int argc, char* argv[])
+{
+    QCoreApplication application(argc, argv);
+    QCoreApplication::setApplicationName(QStringLiteral("kestdesk"));
+    QCoreApplication::setApplicationVersion(QStringLiteral(KESTDESK_VERSION));
+
+    const CommandLine commandLine = CommandLine::parsed(QCoreApplication::arguments());
+    switch (commandLine.request) {
+    case CommandLine::Request::ShowText:
+        std::fputs(qPrintable(commandLine.text), stdout);
+        return 0;
+    case CommandLine::Request::Refuse:
+        std::fprintf(stderr, "kestdesk: %s\nTry \"kestdesk --help\".\n",
+                     qPrintable(commandLine.text));
+        return 2;
+    case CommandLine::Request::RunModels:
+        break;
+    }
+    return BatchSession(commandLine.component, commandLine.models).exec();
+}

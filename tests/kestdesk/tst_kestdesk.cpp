@@ -1,0 +1,462 @@
+#include <QDir>
+#include <QElapsedTimer>
+#include <QFileInfo>
+#include <QProcess>
+#include <QTemporaryDir>
+#include <QtTest>
+
+#include <csignal>
+
+#include <pty.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+namespace {
+
+QString text(const char* utf8)
+{
+    return QString::fromUtf8(utf8);
+}
+
+QStringList lines(const QByteArray& output)
+{
+    QStringList result = QString::fromUtf8(output).split(QLatin1Char('\n'));
+    result.removeLast();
+    return result;
+}
+
+struct Result
+{
+    int exitCode = -1;
+    QByteArray output;
+    QByteArray errors;
+};
+
+const char* const escape = "\x1b";
+
+} // namespace
+
+class tst_kestdesk : public QObject
+{
+    Q_OBJECT
+
+private:
+    /// A model for the fake component, which does what stands in it.
+    QString model(const QString& name, const QStringList& commands)
+    {
+        QFile file(m_folder->filePath(name + text(".commands")));
+        if (!file.open(QIODevice::WriteOnly)) {
+            qFatal("no model");
+        }
+        file.write(commands.join(QLatin1Char('\n')).toUtf8() + "\n");
+        return file.fileName();
+    }
+
+    QStringList environment() const
+    {
+        QStringList result = QProcess::systemEnvironment();
+        result.append(text("KEST_HOME=") + m_home);
+        result.append(text("LC_ALL=C.UTF-8"));
+        return result + m_variables;
+    }
+
+    Result run(const QStringList& arguments, const QString& input = {})
+    {
+        QProcess process;
+        start(process, arguments);
+        process.write(input.toUtf8());
+        process.waitForFinished(60000);
+        return {process.exitStatus() == QProcess::NormalExit ? process.exitCode() : -1,
+                process.readAllStandardOutput(), process.readAllStandardError()};
+    }
+
+    Result runModel(const QStringList& commands)
+    {
+        return run({text("--non-interactive"), model(text("model"), commands)});
+    }
+
+    void start(QProcess& process, const QStringList& arguments)
+    {
+        process.setEnvironment(environment());
+        process.start(text(KESTDESK), arguments);
+        QVERIFY(process.waitForStarted());
+    }
+
+    /// Runs it on a terminal of 60 columns and returns all that it writes there.
+    Result runOnTerminal(const QStringList& arguments)
+    {
+        QVector<QByteArray> words = {QByteArray(KESTDESK)};
+        for (const QString& argument : arguments) {
+            words.append(argument.toUtf8());
+        }
+        winsize size = {24, 60, 0, 0};
+        int terminal = -1;
+        const pid_t child = forkpty(&terminal, nullptr, nullptr, &size);
+        if (child == 0) {
+            for (const QString& variable : environment()) {
+                putenv(qstrdup(variable.toUtf8().constData()));
+            }
+            putenv(qstrdup("TERM=xterm"));
+            for (const QString& variable : qAsConst(m_variables)) {
+                putenv(qstrdup(variable.toUtf8().constData()));
+            }
+            QVector<char*> argv;
+            for (QByteArray& word : words) {
+                argv.append(word.data());
+            }
+            argv.append(nullptr);
+            execv(KESTDESK, argv.data());
+            _exit(127);
+        }
+        Result result;
+        char buffer[4096];
+        for (ssize_t count = read(terminal, buffer, sizeof buffer); count > 0;
+             count = read(terminal, buffer, sizeof buffer)) {
+            result.output.append(buffer, int(count));
+        }
+        int status = 0;
+        waitpid(child, &status, 0);
+        close(terminal);
+        result.exitCode = WIFEXITED(status) ? WEXITSTATUS(status) : -1;
+        return result;
+    }
+
+    std::unique_ptr<QTemporaryDir> m_folder;
+    QString m_home;
+    QStringList m_variables;
+
+private Q_SLOTS:
+    void init()
+    {
+        m_folder = std::make_unique<QTemporaryDir>();
+        m_home = m_folder->filePath(text("home"));
+        m_variables.clear();
+        QVERIFY(QDir().mkpath(m_home + text("/bin")));
+        QVERIFY(QFile::link(text(KEST_TEST_CHILD), m_home + text("/bin/runkest")));
+        QVERIFY(QFile::link(text(KEST_TEST_CHILD), m_home + text("/bin/prekest")));
+    }
+
+    void helpAndVersionGoToStandardOutput_data()
+    {
+        QTest::addColumn<QString>("option");
+        QTest::addColumn<QByteArray>("part");
+        QTest::newRow("help") << "--help" << QByteArray("--component <name>");
+        QTest::newRow("short help") << "-h" << QByteArray("Exit code: 0 all models valid");
+        QTest::newRow("version") << "--version" << QByteArray("kestdesk " KEST_VERSION "\n");
+    }
+
+    void helpAndVersionGoToStandardOutput()
+    {
+        QFETCH(QString, option);
+        QFETCH(QByteArray, part);
+        const Result result = run({option});
+        QCOMPARE(result.exitCode, 0);
+        QVERIFY2(result.output.contains(part), result.output.constData());
+        QVERIFY(result.errors.isEmpty());
+    }
+
+    void wrongCommandLineIsRefused_data()
+    {
+        QTest::addColumn<QStringList>("arguments");
+        QTest::addColumn<QByteArray>("reason");
+        // clang-format off
+        QTest::newRow("nothing")           << QStringList()                                << QByteArray("--non-interactive is needed");
+        QTest::newRow("no model")          << QStringList{text("--non-interactive")}       << QByteArray("no model given");
+        QTest::newRow("unknown option")    << QStringList{text("--colour"), text("m.nec")} << QByteArray("colour");
+        QTest::newRow("component missing") << QStringList{text("--non-interactive"), text("m.nec"), text("--component")} << QByteArray("component");
+        QTest::newRow("component a path")  << QStringList{text("--non-interactive"), text("--component"), text("../sh"), text("m.nec")} << QByteArray("\"../sh\" is no name of a component");
+        QTest::newRow("component empty")   << QStringList{text("--non-interactive"), text("--component="), text("m.nec")} << QByteArray("is no name of a component");
+        // clang-format on
+    }
+
+    void wrongCommandLineIsRefused()
+    {
+        QFETCH(QStringList, arguments);
+        QFETCH(QByteArray, reason);
+        const Result result = run(arguments);
+        QCOMPARE(result.exitCode, 2);
+        QVERIFY(result.output.isEmpty());
+        QVERIFY2(result.errors.startsWith("kestdesk: "), result.errors.constData());
+        QVERIFY2(result.errors.contains(reason), result.errors.constData());
+        QVERIFY(result.errors.contains("kestdesk --help"));
+    }
+
+    void showsWhatTheComponentPrintsInOrder()
+    {
+        const Result result =
+            runModel({text("out"), text("plain  \\n-*-notice-*-NOTE 101: fact\\n-*-linefeed-*-\\n"),
+                      text("out"), text("-*-warning-*-WARNING 3201: long\\n-*-error-*- bad\\n"),
+                      text("out"), text("-*-variable-*- n = 3 \\n-*-percentage-*-50%\\n")});
+        QCOMPARE(result.exitCode, 1);
+        QVERIFY2(result.errors.isEmpty(), result.errors.constData());
+        const QStringList shown = lines(result.output);
+        QCOMPARE(shown.mid(0, 6),
+                 QStringList({text("plain  "), text("NOTE 101: fact"), QString(),
+                              text("WARNING 3201: long"), text("bad"), text("n = 3")}));
+        QVERIFY(shown.value(6).startsWith(text("1 error, 1 warning, 1 notice, 0 files in ")));
+        QCOMPARE(shown.value(7), text("model.commands: fault"));
+        QCOMPARE(shown.size(), 8);
+    }
+
+    void standardErrorOfTheComponentIsShownToo()
+    {
+        const Result result = runModel({text("err"), text("-*-error-*-broken\\n")});
+        QCOMPARE(lines(result.output).value(0), text("broken"));
+        QVERIFY(result.errors.isEmpty());
+    }
+
+    void outcomeAndExitCode_data()
+    {
+        QTest::addColumn<QStringList>("commands");
+        QTest::addColumn<QString>("outcome");
+        QTest::addColumn<int>("exitCode");
+        const QString done = text("-*-total-percentage-*-100%\\n");
+        // clang-format off
+        QTest::newRow("all done")          << QStringList{text("out"), done}                               << "valid" << 0;
+        QTest::newRow("not all done")      << QStringList{text("out"), text("-*-total-percentage-*-99%\\n")} << "fault" << 1;
+        QTest::newRow("nothing said")      << QStringList{}                                                << "fault" << 1;
+        QTest::newRow("done, but exit 1")  << QStringList{text("out"), done, text("exit"), text("1")}      << "fault" << 1;
+        QTest::newRow("done, but crashed") << QStringList{text("out"), done, text("crash")}                << "fault" << 1;
+        QTest::newRow("phase alone")       << QStringList{text("out"), text("-*-percentage-*-100%\\n")}    << "fault" << 1;
+        // clang-format on
+    }
+
+    void outcomeAndExitCode()
+    {
+        QFETCH(QStringList, commands);
+        QFETCH(QString, outcome);
+        QFETCH(int, exitCode);
+        const Result result = runModel(commands);
+        QCOMPARE(result.exitCode, exitCode);
+        QCOMPARE(lines(result.output).last(), text("model.commands: ") + outcome);
+    }
+
+    void writtenFilesAreListedOnceInTheSummary()
+    {
+        const Result result = runModel({text("out"), text("-*-file-*- a.out \\n-*-file-*-b c.csv\\n"
+                                                          "-*-file-*-a.out\\nplain\\n")});
+        QCOMPARE(lines(result.output).mid(0, 3),
+                 QStringList({text("plain"), text("wrote a.out"), text("wrote b c.csv")}));
+        QVERIFY(lines(result.output).value(3).contains(text("2 files in ")));
+    }
+
+    void componentRunsInTheModelsFolderOnItsName()
+    {
+        const QString file = model(text("a \"model\""), {text("directory")});
+        const Result result = run({text("--non-interactive"), file});
+        QCOMPARE(lines(result.output).value(0), QFileInfo(m_folder->path()).canonicalFilePath());
+        QVERIFY(lines(result.output).last().startsWith(text("a \"model\".commands: ")));
+    }
+
+    void otherComponentMayBeNamed()
+    {
+        QVERIFY(QFile::remove(m_home + text("/bin/runkest")));
+        const QString file = model(text("model"), {text("out"), text("pre\\n")});
+        QCOMPARE(
+            run({text("--non-interactive"), text("--component"), text("prekest"), file}).exitCode,
+            1);
+        QCOMPARE(run({text("--non-interactive"), file}).exitCode, 2);
+    }
+
+    void startThatFailsSaysWhy_data()
+    {
+        QTest::addColumn<QString>("component");
+        QTest::addColumn<QString>("model");
+        QTest::addColumn<QByteArray>("reason");
+        QTest::newRow("no such component")
+            << "nokest"
+            << "here" << QByteArray("there is no component nokest in ");
+        QTest::newRow("not executable")
+            << "textkest"
+            << "here" << QByteArray("there is no component textkest in ");
+        QTest::newRow("no program in it") << "emptykest"
+                                          << "here" << QByteArray("cannot start ");
+        QTest::newRow("no such model") << "runkest"
+                                       << "missing" << QByteArray("there is no model ");
+    }
+
+    void startThatFailsSaysWhy()
+    {
+        QFETCH(QString, component);
+        QFETCH(QString, model);
+        QFETCH(QByteArray, reason);
+        QFile plain(m_home + text("/bin/textkest"));
+        QVERIFY(plain.open(QIODevice::WriteOnly));
+        QFile strange(m_home + text("/bin/emptykest"));
+        QVERIFY(strange.open(QIODevice::WriteOnly));
+        strange.write("#!/no/such/interpreter\n");
+        strange.setPermissions(QFile::ReadOwner | QFile::ExeOwner);
+        strange.close();
+        this->model(text("here"), {});
+        const Result result = run({text("--non-interactive"), text("--component"), component,
+                                   m_folder->filePath(model + text(".commands"))});
+        QCOMPARE(result.exitCode, 2);
+        QVERIFY2(result.errors.contains(reason), result.errors.constData());
+        QCOMPARE(lines(result.output).last(), model + text(".commands: could not start"));
+    }
+
+    void severalModelsRunOneAfterTheOther_data()
+    {
+        QTest::addColumn<QStringList>("models");
+        QTest::addColumn<QString>("summary");
+        QTest::addColumn<int>("exitCode");
+        // clang-format off
+        QTest::newRow("all valid")     << QStringList{text("good"), text("good")}                 << "2 models: 2 valid"                               << 0;
+        QTest::newRow("a fault")       << QStringList{text("good"), text("bad"), text("good")}    << "3 models: 2 valid, 1 fault"                      << 1;
+        QTest::newRow("one not there") << QStringList{text("missing"), text("bad"), text("good")} << "3 models: 1 valid, 1 fault, 1 could not start"   << 2;
+        // clang-format on
+    }
+
+    void severalModelsRunOneAfterTheOther()
+    {
+        QFETCH(QStringList, models);
+        QFETCH(QString, summary);
+        QFETCH(int, exitCode);
+        model(text("good"), {text("out"), text("-*-total-percentage-*-100%\\n")});
+        model(text("bad"), {text("exit"), text("1")});
+        QStringList arguments{text("--non-interactive")};
+        for (const QString& name : models) {
+            arguments.append(m_folder->filePath(name + text(".commands")));
+        }
+        const Result result = run(arguments);
+        QCOMPARE(result.exitCode, exitCode);
+        QCOMPARE(lines(result.output).last(), summary);
+    }
+
+    void controlCharactersDoNotReachTheTerminal()
+    {
+        const Result result =
+            runModel({text("out"), text("a\\x1b[2Jb\\x07\\tc\\xc2\\x9bd\\0e\\n")});
+        const QString replacement(QChar::ReplacementCharacter);
+        QCOMPARE(lines(result.output).value(0),
+                 text("a%1[2Jb%1\tc%1d%1e").replace(text("%1"), replacement));
+    }
+
+    void floodIsShownWhole()
+    {
+        const Result result = runModel({text("lines"), text("200000"), text("55")});
+        const QStringList shown = lines(result.output);
+        QCOMPARE(shown.size(), 200002);
+        for (int i = 0; i < 200000; ++i) {
+            QVERIFY(shown[i].startsWith(QString::number(i) + QLatin1Char('.')));
+        }
+    }
+
+    void linesComeAsTheyArePrinted()
+    {
+        QProcess process;
+        start(process, {text("--non-interactive"),
+                        model(text("model"), {text("out"), text("early\\n"), text("wait-for-file"),
+                                              m_folder->filePath(text("go"))})});
+        QVERIFY(process.waitForReadyRead());
+        QCOMPARE(process.readAll(), QByteArray("early\n"));
+        QFile(m_folder->filePath(text("go"))).open(QIODevice::WriteOnly);
+        QVERIFY(process.waitForFinished());
+    }
+
+    void plainWithoutATerminal()
+    {
+        const Result result =
+            runModel({text("out"), text("-*-error-*-bad\\n-*-percentage-*-5%\\n")});
+        QVERIFY(!result.output.contains(escape));
+        QVERIFY(!result.output.contains('\r'));
+    }
+
+    void colouredOnATerminal()
+    {
+        const QString file = model(
+            text("model"),
+            {text("out"), text("-*-error-*-bad\\n-*-warning-*-hot\\n-*-notice-*-wet\\ndry\\n")});
+        const QByteArray output = runOnTerminal({text("--non-interactive"), file}).output;
+        QVERIFY2(output.contains("\x1b[31mbad\x1b[0m\r\n"), output.constData());
+        QVERIFY(output.contains("\x1b[33mhot\x1b[0m\r\n"));
+        QVERIFY(output.contains("\x1b[36mwet\x1b[0m\r\n"));
+        QVERIFY(output.contains("dry\r\n"));
+        QVERIFY(output.contains("\x1b[31mmodel.commands: fault\x1b[0m\r\n"));
+    }
+
+    void withoutColoursWhenTheUserWantsNone_data()
+    {
+        QTest::addColumn<QString>("variable");
+        QTest::newRow("NO_COLOR") << "NO_COLOR=1";
+        QTest::newRow("dumb terminal") << "TERM=dumb";
+    }
+
+    void withoutColoursWhenTheUserWantsNone()
+    {
+        QFETCH(QString, variable);
+        m_variables.append(variable);
+        const QString file = model(text("model"), {text("out"), text("-*-error-*-bad\\n")});
+        const QByteArray output = runOnTerminal({text("--non-interactive"), file}).output;
+        QVERIFY2(!output.contains("\x1b[31m"), output.constData());
+        QVERIFY(output.contains("bad\r\n"));
+    }
+
+    void progressLineUpdatesInPlaceAndIsGoneAtTheEnd()
+    {
+        const QString file =
+            model(text("model"),
+                  {text("out"), text("-*-percentage-*-40%\\n-*-total-percentage-*-30%\\n"),
+                   text("sleep"), text("700"), text("out"), text("-*-total-percentage-*-100%\\n")});
+        const Result result = runOnTerminal({text("--non-interactive"), file});
+        QCOMPARE(result.exitCode, 0);
+        const QByteArray status = "[######..............]  30% in all, phase  40%, 0:00:00  mo";
+        QCOMPARE(status.size(), 59); // one less than the terminal is wide
+        QVERIFY2(result.output.contains(status + "\r\x1b[K"), result.output.constData());
+        QVERIFY(!result.output.contains(status + "d"));
+        QCOMPARE(result.output.count('\n'), 2);
+        QVERIFY(result.output.endsWith("\x1b[32mmodel.commands: valid\x1b[0m\r\n"));
+    }
+
+    void stopEndsTheComponentThroughTheRunner_data()
+    {
+        QTest::addColumn<int>("signal");
+        QTest::newRow("Ctrl+C") << int(SIGINT);
+        QTest::newRow("terminate") << int(SIGTERM);
+    }
+
+    void stopEndsTheComponentThroughTheRunner()
+    {
+        QFETCH(int, signal);
+        QProcess process;
+        start(process,
+              {text("--non-interactive"),
+               model(text("model"), {text("out"), text("up\\n"), text("sleep"), text("60000")}),
+               model(text("next"), {text("touch"), m_folder->filePath(text("ran"))})});
+        QVERIFY(process.waitForReadyRead());
+        QElapsedTimer timer;
+        timer.start();
+        ::kill(pid_t(process.processId()), signal);
+        QVERIFY(process.waitForFinished());
+        QVERIFY(timer.elapsed() < 5000);
+        QCOMPARE(process.exitCode(), 130);
+        QVERIFY(process.readAllStandardError().contains("kestdesk: stopping"));
+        const QStringList shown = lines(process.readAllStandardOutput());
+        QVERIFY(shown.contains(text("model.commands: stopped")));
+        QCOMPARE(shown.last(), text("1 model: 1 stopped"));
+        QVERIFY(!QFile::exists(m_folder->filePath(text("ran"))));
+    }
+
+    void secondStopEndsAtOnceAndKillsTheComponent()
+    {
+        const QString alive = m_folder->filePath(text("alive"));
+        QProcess process;
+        start(process, {text("--non-interactive"),
+                        model(text("model"), {text("ignore-terminate"), text("out"), text("up\\n"),
+                                              text("sleep"), text("3000"), text("touch"), alive})});
+        QVERIFY(process.waitForReadyRead());
+        ::kill(pid_t(process.processId()), SIGINT);
+        QVERIFY(!process.waitForFinished(500));
+        QElapsedTimer timer;
+        timer.start();
+        ::kill(pid_t(process.processId()), SIGINT);
+        QVERIFY(process.waitForFinished());
+        QVERIFY(timer.elapsed() < 2000);
+        QCOMPARE(process.exitCode(), 130);
+        QTest::qWait(3500);
+        QVERIFY(!QFile::exists(alive));
+    }
+};
+
+QTEST_GUILESS_MAIN(tst_kestdesk)
+#include "tst_kestdesk.moc"
