@@ -33,8 +33,7 @@ const std::array<MarkerMeaning, 8> markerMeanings = {{
 const MarkerMeaning otherMarker =
     {QLatin1String(),                         common_IProcessMessage::Output,          BodyUse::Unchanged};
 
-// What the parallel runtime prints when it closes its sockets at the end of a good run. Each holds
-// one of the signs of mayHoldBogusError().
+// What the parallel runtime prints when it closes its sockets at the end of a good run.
 const std::array<QLatin1String, 6> bogusParallelRunErrors = {
     QLatin1String("Error posting writev, A request to send or receive data was disallowed because the socket had already been shut down in that direction with a previous shutdown call.(10058)"),
     QLatin1String("unable to post a write for the next command,"),
@@ -159,15 +158,20 @@ QVector<common_KestProcessMessage> markedMessages(QStringView text, Marker marke
     return messages;
 }
 
-bool mayHoldBogusError(const QString& text)
+// By matchers that skip by the length of what they look for: most lines are shorter than most of
+// the texts, or not much longer.
+bool holdsBogusError(const QString& line)
 {
-    static const std::array<QStringMatcher, 3> signs = {
-        QStringMatcher(QStringLiteral("10058")),
-        QStringMatcher(QStringLiteral("unable to ")),
-        QStringMatcher(QStringLiteral("state machine failed.")),
-    };
-    return std::any_of(signs.cbegin(), signs.cend(),
-                       [&text](const QStringMatcher& sign) { return sign.indexIn(text) >= 0; });
+    static const QVector<QStringMatcher> matchers = [] {
+        QVector<QStringMatcher> result;
+        for (const QLatin1String bogus : bogusParallelRunErrors) {
+            result.append(QStringMatcher(bogus));
+        }
+        return result;
+    }();
+    return std::any_of(matchers.cbegin(), matchers.cend(), [&line](const QStringMatcher& matcher) {
+        return matcher.indexIn(line) >= 0;
+    });
 }
 
 } // namespace
@@ -208,7 +212,7 @@ QVector<common_KestProcessMessage> common_KestProcessMessage::parseError(const Q
 // Removing one of the texts can bring a later one together, but not where the line holds none.
 QString common_KestProcessMessage::removeBogusParallelRunErrors(QString text)
 {
-    if (mayHoldBogusError(text)) {
+    if (holdsBogusError(text)) {
         for (const QLatin1String bogus : bogusParallelRunErrors) {
             text.replace(QString(bogus), QString());
         }
