@@ -111,15 +111,15 @@ private Q_SLOTS:
     {
         QFETCH(QString, line);
         QFETCH(QString, text);
-        QCOMPARE(Message::parseOutput(line)[0].getText(), text);
+        QCOMPARE(Message::parseOutput(line).at(0).getText(), text);
     }
 
     void channelDecidesTheType()
     {
-        QCOMPARE(Message::parseOutput(QStringLiteral("ERROR"))[0].getType(), Message::Output);
-        QCOMPARE(Message::parseError(QStringLiteral("-*-warning-*-all is well"))[0].getType(),
+        QCOMPARE(Message::parseOutput(QStringLiteral("ERROR")).at(0).getType(), Message::Output);
+        QCOMPARE(Message::parseError(QStringLiteral("-*-warning-*-all is well")).at(0).getType(),
                  Message::Error);
-        QCOMPARE(Message::parseError(QStringLiteral(" x "))[0].getText(), QStringLiteral("x"));
+        QCOMPARE(Message::parseError(QStringLiteral(" x ")).at(0).getText(), QStringLiteral("x"));
     }
 };
 

@@ -31,7 +31,8 @@ QString described(const QVector<Expected>& messages)
 QVector<Expected> parsed(const QString& line)
 {
     QVector<Expected> messages;
-    for (const Message& message : Message::parseOutput(line)) {
+    const QVector<Message> found = Message::parseOutput(line);
+    for (const Message& message : found) {
         messages.append({message.getType(), message.getText()});
     }
     return messages;
@@ -187,7 +188,7 @@ private Q_SLOTS:
         const QVector<Message> messages = Message::parseError(text("-*-warning-*-x"));
         QCOMPARE(messages.size(), 1);
         QCOMPARE(messages[0].getType(), Message::Warning);
-        QCOMPARE(Message::parseError(text("plain"))[0].getType(), Message::Output);
+        QCOMPARE(Message::parseError(text("plain")).at(0).getType(), Message::Output);
     }
 
     void remembersNothingFromChunkToChunk()

@@ -27,7 +27,8 @@ public:
     static QVector<LetterMessage> parse(Type type, const QString& line)
     {
         QVector<LetterMessage> messages;
-        for (const QChar letter : line.trimmed()) {
+        const QString letters = line.trimmed();
+        for (const QChar letter : letters) {
             messages.append(LetterMessage(type, letter));
         }
         return messages;
@@ -113,8 +114,8 @@ private Q_SLOTS:
         RecordingObserver first(&runner);
         RecordingObserver second(&runner);
         QStringList order;
-        first.then = [&](const QString& event) { order.append(text("1") + event.left(1)); };
-        second.then = [&](const QString& event) { order.append(text("2") + event.left(1)); };
+        first.then = [&](const QString& event) { order.append(text("1") + event.at(0)); };
+        second.then = [&](const QString& event) { order.append(text("2") + event.at(0)); };
         QVERIFY(run(runner, {text("out"), text("ab\\n")}));
         QCOMPARE(order.join(QLatin1Char(' ')), text("1s 2s 1m 2m 1m 2m 1e 1d 2e 2d"));
     }

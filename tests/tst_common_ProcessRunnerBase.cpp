@@ -348,7 +348,7 @@ private Q_SLOTS:
         QVERIFY(runWithEventLoop(runner));
         QCOMPARE(runner.output.size(), 5000);
         QCOMPARE(observer.lifeCycle().size(), 3);
-        QCOMPARE(observer.lifeCycle().last(), text("done"));
+        QCOMPARE(observer.lifeCycle().constLast(), text("done"));
         QVERIFY(!runner.normalExit());
     }
 
@@ -1044,7 +1044,7 @@ private Q_SLOTS:
         const RecordingObserver observer(&runner);
         setUp(runner, words("leave-grandchild late\\n 200 out a\\n exit 0"));
         QVERIFY(runWithEventLoop(runner));
-        QCOMPARE(observer.lifeCycle().last(), text("done"));
+        QCOMPARE(observer.lifeCycle().constLast(), text("done"));
         QTest::qWait(300);
         QCOMPARE(runner.output, QStringList(text("a\n")));
     }

@@ -7,11 +7,15 @@
 
 // What a fatal message handler that returns would make of assertions: they are only noted. As the
 // program's own definition it is used by the libraries as well.
-static QStringList assertions;
+static QStringList& assertions()
+{
+    static QStringList list;
+    return list;
+}
 
 void common_assertionFailed(const char* text, const char* file, int line)
 {
-    assertions.append(
+    assertions().append(
         QStringLiteral("%1 (%2): %3").arg(QLatin1String(file)).arg(line).arg(QLatin1String(text)));
 }
 
@@ -26,7 +30,7 @@ class tst_common_ProcessRunnerCopies : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void init() { assertions.clear(); }
+    void init() { assertions().clear(); }
 
     void copyStaysIncompleteAndIsNotCounted()
     {
@@ -36,8 +40,8 @@ private Q_SLOTS:
         source.reference();
         {
             const Runner copy(source);
-            QCOMPARE(assertions, QStringList(QStringLiteral(
-                                     "src/process/common_ProcessRunnerBase.cpp (40): 0")));
+            QCOMPARE(assertions(), QStringList(QStringLiteral(
+                                       "src/process/common_ProcessRunnerBase.cpp (40): 0")));
             QCOMPARE(Runner::getProcessCount(), 1);
             QVERIFY(copy.getArguments().isEmpty());
             QCOMPARE(copy.getExecutable().filePath(), QString());
@@ -53,7 +57,7 @@ private Q_SLOTS:
         Runner target;
         target.addArgument(QStringLiteral("y"));
         QVERIFY_EXCEPTION_THROWN(target = source, std::exception);
-        QCOMPARE(assertions,
+        QCOMPARE(assertions(),
                  QStringList(QStringLiteral("src/process/common_ProcessRunnerBase.cpp (45): 0")));
         QCOMPARE(Runner::getProcessCount(), 2);
         QCOMPARE(target.getArguments(), QStringList(QStringLiteral("y")));

@@ -57,6 +57,7 @@ private:
         QStringList result = QProcess::systemEnvironment();
         result.append(text("KEST_HOME=") + m_home);
         result.append(text("LC_ALL=C.UTF-8"));
+        result.append(text("TERM=xterm"));
         return result + m_variables;
     }
 
@@ -93,11 +94,8 @@ private:
         int terminal = -1;
         const pid_t child = forkpty(&terminal, nullptr, nullptr, &size);
         if (child == 0) {
-            for (const QString& variable : environment()) {
-                putenv(qstrdup(variable.toUtf8().constData()));
-            }
-            putenv(qstrdup("TERM=xterm"));
-            for (const QString& variable : qAsConst(m_variables)) {
+            const QStringList variables = environment();
+            for (const QString& variable : variables) {
                 putenv(qstrdup(variable.toUtf8().constData()));
             }
             QVector<char*> argv;
@@ -228,7 +226,7 @@ private Q_SLOTS:
         QFETCH(int, exitCode);
         const Result result = runModel(commands);
         QCOMPARE(result.exitCode, exitCode);
-        QCOMPARE(lines(result.output).last(), text("model.commands: ") + outcome);
+        QCOMPARE(lines(result.output).constLast(), text("model.commands: ") + outcome);
     }
 
     void writtenFilesAreListedOnceInTheSummary()
@@ -245,7 +243,7 @@ private Q_SLOTS:
         const QString file = model(text("a \"model\""), {text("directory")});
         const Result result = run({text("--non-interactive"), file});
         QCOMPARE(lines(result.output).value(0), QFileInfo(m_folder->path()).canonicalFilePath());
-        QVERIFY(lines(result.output).last().startsWith(text("a \"model\".commands: ")));
+        QVERIFY(lines(result.output).constLast().startsWith(text("a \"model\".commands: ")));
     }
 
     void otherComponentMayBeNamed()
@@ -292,7 +290,7 @@ private Q_SLOTS:
                                    m_folder->filePath(model + text(".commands"))});
         QCOMPARE(result.exitCode, 2);
         QVERIFY2(result.errors.contains(reason), result.errors.constData());
-        QCOMPARE(lines(result.output).last(), model + text(".commands: could not start"));
+        QCOMPARE(lines(result.output).constLast(), model + text(".commands: could not start"));
     }
 
     void severalModelsRunOneAfterTheOther_data()
@@ -320,7 +318,7 @@ private Q_SLOTS:
         }
         const Result result = run(arguments);
         QCOMPARE(result.exitCode, exitCode);
-        QCOMPARE(lines(result.output).last(), summary);
+        QCOMPARE(lines(result.output).constLast(), summary);
     }
 
     void controlCharactersDoNotReachTheTerminal()

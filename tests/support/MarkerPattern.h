@@ -16,8 +16,9 @@ namespace MarkerPattern {
 using Message = std::pair<common_IProcessMessage::Type, QString>;
 
 inline const char* const bogusErrors[] = {
-    "Error posting writev, A request to send or receive data was disallowed because the socket had "
-    "already been shut down in that direction with a previous shutdown call.(10058)",
+    ("Error posting writev, A request to send or receive data was disallowed because the socket "
+     "had "
+     "already been shut down in that direction with a previous shutdown call.(10058)"),
     "unable to post a write for the next command,",
     "sock error: Error = 10058",
     "unable to post a write of the closed_request command to the parent context.",
@@ -37,7 +38,7 @@ inline QString percentage(const QString& body)
 {
     QRegExp pattern(QStringLiteral("[0-9]{0,3}%"));
     const int position = pattern.indexIn(body);
-    return QString::number(body.mid(position, pattern.matchedLength() - 1).toInt());
+    return QString::number(body.midRef(position, pattern.matchedLength() - 1).toInt());
 }
 
 inline Message message(const QString& marker, const QString& body)

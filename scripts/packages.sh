@@ -1,0 +1,28 @@
+# For ./run and ./check: makes sure that Debian packages are there. To be sourced.
+
+# install_missing PACKAGE...: installs those of the packages that are not, and nothing else.
+install_missing() {
+    local missing=() package
+    if ! command -v dpkg-query >/dev/null; then
+        echo "This is not Debian: please see that you have the counterparts of $*." >&2
+        return 0
+    fi
+    for package in "$@"; do
+        if [ "$(dpkg-query -W -f='${db:Status-Status}' "$package" 2>/dev/null)" != installed ]; then
+            missing+=("$package")
+        fi
+    done
+    if [ ${#missing[@]} -eq 0 ]; then
+        return 0
+    fi
+    local as_root=()
+    if [ "$(id -u)" -ne 0 ]; then
+        as_root=(sudo)
+    fi
+    echo "Installing ${missing[*]}"
+    "${as_root[@]}" apt-get -qq update
+    "${as_root[@]}" env DEBIAN_FRONTEND=noninteractive \
+        apt-get -qq -y --no-install-recommends install "${missing[@]}" >/dev/null
+}
+
+build_packages=(cmake ninja-build g++ qtbase5-dev libkf5coreaddons-dev nec2c)
