@@ -1,0 +1,46 @@
+#pragma once
+
+#include "OptionTable.h"
+
+#include <QMap>
+#include <QStringList>
+
+namespace suite {
+
+// A component's command line: the model and the options, each known to the table.
+class CommandLine
+{
+public:
+    // Reads the words behind the program's name. The group is the component's own.
+    CommandLine(OptionGroup group, QStringList arguments);
+
+    // What is wrong, one text each; empty when everything can be used.
+    [[nodiscard]] const QStringList& errors() const { return m_errors; }
+
+    [[nodiscard]] QString model() const { return m_model; }
+
+    // Whether an option was given in its group, and the last value given with it.
+    [[nodiscard]] bool has(OptionGroup group, const QString& name) const;
+    [[nodiscard]] QString value(OptionGroup group, const QString& name) const;
+
+    // The help text of a component.
+    static QString help(const QString& program, OptionGroup group);
+
+private:
+    using Key = QPair<OptionGroup, QString>;
+
+    void readWord();
+    void readOption(const OptionRow& row);
+    QString readValue(const OptionRow& row);
+    void readModel(const QString& word);
+    void complain(const QString& problem, const QString& word);
+
+    OptionGroup m_start;
+    OptionGroup m_group;
+    QStringList m_words;
+    QString m_model;
+    QMap<Key, QString> m_options;
+    QStringList m_errors;
+};
+
+} // namespace suite

@@ -1,0 +1,99 @@
+#include "Component.h"
+
+#include "ResultFiles.h"
+
+#include <QDir>
+
+#include <utility>
+
+namespace suite {
+
+namespace {
+
+QString version()
+{
+    return QStringLiteral(KEST_SUITE_VERSION);
+}
+
+} // namespace
+
+Component::Component(QString name, OptionGroup group) : m_name(std::move(name)), m_group(group)
+{}
+
+std::optional<int> Component::readCommandLine(const QStringList& arguments)
+{
+    m_commandLine.emplace(m_group, arguments);
+    if (!m_commandLine->errors().isEmpty()) {
+        FindingPrinter findings(m_printer, m_name);
+        for (const QString& error : m_commandLine->errors()) {
+            findings.print(FindingKind::BadCommandLine, {error});
+        }
+        return ExitFailure;
+    }
+    if (m_commandLine->has(OptionGroup::Common, QStringLiteral("--help"))) {
+        const QStringList lines = CommandLine::help(m_name, m_group).split(QLatin1Char('\n'));
+        for (const QString& line : lines) {
+            m_printer.printText(line);
+        }
+        return ExitSuccess;
+    }
+    if (m_commandLine->has(OptionGroup::Common, QStringLiteral("--version"))) {
+        m_printer.printText(m_name + QLatin1Char(' ') + version());
+        return ExitSuccess;
+    }
+    m_modelFile.emplace(m_commandLine->model());
+    return std::nullopt;
+}
+
+bool Component::preprocess()
+{
+    m_printer.printText(QStringLiteral("Pre-processing ") + m_modelFile->name());
+    m_printer.printPercentage(Marker::Percentage, 0);
+    m_preprocessor.emplace(*m_modelFile);
+    const FindingList& findings = m_preprocessor->findings();
+    findingPrinter().print(findings);
+    const bool isAllowed = hasPrekestOption(QStringLiteral("--ignore-errors"));
+    if (findings.hasFatalErrors() || (findings.hasErrors() && !isAllowed)) {
+        return false;
+    }
+    if (hasPrekestOption(QStringLiteral("--print-variables"))) {
+        printVariables();
+    }
+    if (hasPrekestOption(QStringLiteral("--print-variables-to-out")) && !writeVariables()) {
+        return false;
+    }
+    m_printer.printPercentage(Marker::Percentage, 100);
+    return true;
+}
+
+FindingPrinter Component::findingPrinter()
+{
+    return {m_printer, m_modelFile->name()};
+}
+
+void Component::printVariables()
+{
+    for (const QString& variable : m_preprocessor->variables()) {
+        m_printer.print(Marker::Variable, variable);
+    }
+}
+
+bool Component::writeVariables()
+{
+    const QString path = m_modelFile->resultPath(QStringLiteral("pre"));
+    const QString text = m_preprocessor->variables().join(QLatin1Char('\n')) + QLatin1Char('\n');
+    ResultFiles files;
+    if (files.open({path}) && files.write(0, text.toUtf8()) && files.commit()) {
+        m_printer.print(Marker::File, QDir::toNativeSeparators(path));
+        return true;
+    }
+    findingPrinter().print(FindingKind::ResultNotWritten, {files.error()});
+    return false;
+}
+
+bool Component::hasPrekestOption(const QString& name) const
+{
+    return m_commandLine->has(OptionGroup::Prekest, name);
+}
+
+} // namespace suite

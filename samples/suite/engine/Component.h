@@ -1,0 +1,52 @@
+#pragma once
+
+#include "CommandLine.h"
+#include "FindingPrinter.h"
+#include "MarkerPrinter.h"
+#include "ModelFile.h"
+#include "Preprocessor.h"
+
+#include <optional>
+
+namespace suite {
+
+constexpr int ExitSuccess = 0;
+constexpr int ExitFailure = 1;
+
+// What all components do alike: they read their command line, answer questions for help, and check
+// the model before anything else.
+class Component
+{
+public:
+    // The name is the program's, the group the one its own options stand in.
+    Component(QString name, OptionGroup group);
+
+    // Reads the command line. An exit code when the component is done already.
+    std::optional<int> readCommandLine(const QStringList& arguments);
+
+    // Pre-processing: checks the model, prints what was found, its variables and their file where
+    // asked for. False when the component must end.
+    bool preprocess();
+
+    [[nodiscard]] const CommandLine& commandLine() const { return *m_commandLine; }
+    [[nodiscard]] const ModelFile& modelFile() const { return *m_modelFile; }
+    [[nodiscard]] const Preprocessor& preprocessor() const { return *m_preprocessor; }
+    MarkerPrinter& printer() { return m_printer; }
+
+    // A printer of findings about the model.
+    FindingPrinter findingPrinter();
+
+private:
+    void printVariables();
+    bool writeVariables();
+    [[nodiscard]] bool hasPrekestOption(const QString& name) const;
+
+    QString m_name;
+    OptionGroup m_group;
+    MarkerPrinter m_printer;
+    std::optional<CommandLine> m_commandLine;
+    std::optional<ModelFile> m_modelFile;
+    std::optional<Preprocessor> m_preprocessor;
+};
+
+} // namespace suite

@@ -1,0 +1,195 @@
+#include "DeckReader.h"
+
+#include "CardParser.h"
+#include "CardRules.h"
+#include "ModelFile.h"
+#include "PlainText.h"
+
+#include <QFile>
+#include <QFileInfo>
+
+#include <algorithm>
+
+namespace suite {
+
+namespace {
+
+constexpr qint64 Megabyte = 1 << 20;
+constexpr qint64 LargestDeck = 16 * Megabyte;
+
+// The engine reads this many bytes of a line and takes the rest for the next card.
+constexpr int LongestLine = 132;
+
+bool isBlank(char character)
+{
+    return character == ' ' || character == '\t';
+}
+
+bool isAscii(const QByteArray& line)
+{
+    return std::all_of(line.begin(), line.end(),
+                       [](char each) { return static_cast<unsigned char>(each) < 0x80; });
+}
+
+bool isControl(char character)
+{
+    const auto code = static_cast<unsigned char>(character);
+    return (code < 0x20 && character != '\t' && character != '\n' && character != '\r') ||
+           code == 0x7f;
+}
+
+} // namespace
+
+DeckReader::DeckReader(FindingList& findings) : m_findings(findings)
+{}
+
+Deck DeckReader::readFile(const ModelFile& model)
+{
+    if (!isReadable(model)) {
+        return {};
+    }
+    QFile file(model.path());
+    if (!file.open(QIODevice::ReadOnly)) {
+        m_findings.add(FindingKind::ModelUnreadable, 0, {file.errorString()});
+        return {};
+    }
+    const QByteArray bytes = file.read(LargestDeck + 1);
+    if (file.error() != QFileDevice::NoError) {
+        m_findings.add(FindingKind::ModelUnreadable, 0, {file.errorString()});
+        return {};
+    }
+    return readBytes(bytes);
+}
+
+// Devices and pipes are refused: reading one could wait for ever.
+bool DeckReader::isReadable(const ModelFile& model)
+{
+    const QFileInfo info(model.path());
+    if (!info.exists()) {
+        m_findings.add(FindingKind::ModelMissing);
+    } else if (info.isDir()) {
+        m_findings.add(FindingKind::ModelIsDirectory);
+    } else if (!info.isFile()) {
+        m_findings.add(FindingKind::ModelUnreadable, 0, {QStringLiteral("it is no plain file")});
+    } else {
+        return true;
+    }
+    return false;
+}
+
+Deck DeckReader::readBytes(const QByteArray& bytes)
+{
+    m_deck = Deck();
+    if (!isText(bytes)) {
+        return m_deck;
+    }
+    const QList<QByteArray> lines = bytes.split('\n');
+    for (const QByteArray& line : lines) {
+        ++m_line;
+        readLine(line.endsWith('\r') ? line.left(line.size() - 1) : line);
+    }
+    m_deck.lastLine = bytes.endsWith('\n') ? m_line - 1 : m_line;
+    if (m_deck.cards.isEmpty() && m_deck.comments.isEmpty() && !m_findings.hasErrors()) {
+        m_findings.add(FindingKind::ModelEmpty);
+    }
+    return m_deck;
+}
+
+bool DeckReader::isText(const QByteArray& bytes)
+{
+    if (bytes.trimmed().isEmpty()) {
+        m_findings.add(FindingKind::ModelEmpty);
+    } else if (bytes.size() > LargestDeck) {
+        m_findings.add(FindingKind::ModelTooLarge, 0, {QString::number(LargestDeck / Megabyte)});
+    } else if (std::any_of(bytes.begin(), bytes.end(), isControl)) {
+        m_findings.add(FindingKind::ModelBinary);
+    } else {
+        return true;
+    }
+    return false;
+}
+
+void DeckReader::readLine(const QByteArray& line)
+{
+    const QByteArray content = line.trimmed();
+    if (content.isEmpty() || content.startsWith('#')) {
+        return;
+    }
+    if (m_ended) {
+        if (!m_ignoredTold) {
+            m_findings.add(FindingKind::IgnoredAfterEnd, m_line);
+        }
+        m_ignoredTold = true;
+        return;
+    }
+    Card card;
+    card.line = m_line;
+    card.mnemonic = QString::fromLatin1(content.left(2)).toUpper();
+    if (card.mnemonic == QLatin1String("CM") || card.mnemonic == QLatin1String("CE")) {
+        readComment(line, card.mnemonic);
+    } else if (checkLine(line)) {
+        readCard(content, card);
+    }
+    m_ended = card.mnemonic == QLatin1String("EN");
+}
+
+void DeckReader::readComment(const QByteArray& line, const QString& mnemonic)
+{
+    if (m_commentsEnded || !m_deck.cards.isEmpty()) {
+        m_findings.add(FindingKind::CommentAfterEnd, m_line, {mnemonic});
+        return;
+    }
+    if (isBlank(line.at(0))) {
+        m_findings.add(FindingKind::LeadingBlank, m_line);
+    }
+    if (line.size() > LongestLine) {
+        m_findings.add(FindingKind::LineTooLong, m_line,
+                       {QString::number(line.size()), QString::number(LongestLine)});
+    }
+    m_deck.comments.append(line.trimmed().left(LongestLine));
+    m_commentsEnded = mnemonic == QLatin1String("CE");
+}
+
+// True when the line's fields are worth reading.
+bool DeckReader::checkLine(const QByteArray& line)
+{
+    if (line.startsWith("\xef\xbb\xbf")) {
+        m_findings.add(FindingKind::ByteOrderMark, m_line);
+        return false;
+    }
+    if (!isAscii(line)) {
+        m_findings.add(FindingKind::NotAscii, m_line);
+        return false;
+    }
+    if (isBlank(line.at(0))) {
+        m_findings.add(FindingKind::LeadingBlank, m_line);
+    }
+    if (line.size() > LongestLine) {
+        m_findings.add(FindingKind::LineTooLong, m_line,
+                       {QString::number(line.size()), QString::number(LongestLine)});
+        return false;
+    }
+    return true;
+}
+
+void DeckReader::readCard(const QByteArray& line, Card card)
+{
+    if (!m_deck.comments.isEmpty() && !m_commentsEnded) {
+        m_findings.add(FindingKind::CommentsNotEnded, m_line);
+        m_commentsEnded = true;
+    }
+    const CardRule* rule = cardRule(card.mnemonic);
+    if (rule == nullptr) {
+        const QByteArray word = line.left(line.indexOf(' ') < 0 ? line.size() : line.indexOf(' '));
+        m_findings.add(FindingKind::UnknownCard, m_line, {excerpt(QString::fromLatin1(word))});
+        return;
+    }
+    if (rule->section == Section::Unsupported) {
+        m_findings.add(FindingKind::UnsupportedCard, m_line, {card.mnemonic});
+        return;
+    }
+    CardParser(m_findings).parse(*rule, QString::fromLatin1(line.mid(2)), card);
+    m_deck.cards.append(card);
+}
+
+} // namespace suite

@@ -1,0 +1,41 @@
+#pragma once
+
+#include "Deck.h"
+#include "Finding.h"
+
+class QIODevice;
+
+namespace suite {
+
+class ModelFile;
+
+// Reads a deck. Whatever is wrong with the file, a line or a field becomes a finding; the cards
+// that could be read are there all the same, so that one mistake does not hide the next.
+class DeckReader
+{
+public:
+    explicit DeckReader(FindingList& findings);
+
+    // Reads a model's file.
+    Deck readFile(const ModelFile& model);
+
+    // Reads a deck's bytes.
+    Deck readBytes(const QByteArray& bytes);
+
+private:
+    bool isReadable(const ModelFile& model);
+    bool isText(const QByteArray& bytes);
+    void readLine(const QByteArray& line);
+    void readComment(const QByteArray& line, const QString& mnemonic);
+    void readCard(const QByteArray& line, Card card);
+    bool checkLine(const QByteArray& line);
+
+    FindingList& m_findings;
+    Deck m_deck;
+    int m_line = 0;
+    bool m_commentsEnded = false;
+    bool m_ended = false;
+    bool m_ignoredTold = false;
+};
+
+} // namespace suite

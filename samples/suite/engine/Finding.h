@@ -1,0 +1,128 @@
+#pragma once
+
+#include <QString>
+#include <QStringList>
+#include <QVector>
+
+namespace suite {
+
+// Everything a component can have to say about its command line, the model and the run. The number
+// and the text of each stand in one table (Finding.cpp).
+enum class FindingKind {
+    BadCommandLine,
+    ModelMissing,
+    ModelIsDirectory,
+    ModelUnreadable,
+    ModelEmpty,
+    ModelTooLarge,
+    ModelBinary,
+    ByteOrderMark,
+    TooManyErrors,
+    UnknownCard,
+    MissingFields,
+    TooManyFields,
+    NotNumber,
+    NotInteger,
+    NumberOutOfRange,
+    LineTooLong,
+    NotAscii,
+    LeadingBlank,
+    UnsupportedCard,
+    CommentsNotEnded,
+    CommentAfterEnd,
+    ControlBeforeEnd,
+    GeometryAfterEnd,
+    NoGeometryEnd,
+    NoGeometry,
+    NoFrequency,
+    SecondFrequency,
+    NoExcitation,
+    NoExecution,
+    ExecutionTooEarly,
+    NoEnd,
+    TaperWithoutWire,
+    PatchContinuation,
+    BadSegmentCount,
+    TooManySegments,
+    ZeroLengthWire,
+    BadRadius,
+    BadTag,
+    BadArc,
+    BadHelix,
+    BadTransformation,
+    WireBelowGround,
+    BadFrequency,
+    BadFrequencyStep,
+    BadFrequencyType,
+    TooManyFrequencies,
+    BadCardType,
+    UnknownTag,
+    UnknownSegment,
+    BadLoadRange,
+    BadLoadValue,
+    BadLine,
+    BadGround,
+    TooManyAngles,
+    EngineMissing,
+    EngineFailed,
+    EngineResult,
+    EngineOutput,
+    ResultNotWritten,
+    Stopped,
+    LongSegment,
+    ThickSegment,
+    SharedTag,
+    IgnoredAfterEnd,
+    PlotFileDropped,
+    WireCount,
+    SegmentCount,
+    FrequencyCount,
+    WavelengthRange,
+    GroundKind,
+    ExcitationCount,
+    Resonance,
+    NoResonance,
+    BestMatch,
+};
+
+enum class Severity {
+    Fatal, // an error that cannot be ignored
+    Error,
+    Warning,
+    Notice,
+};
+
+// One thing that was found, at a line of the model or (0) at none.
+struct Finding
+{
+    FindingKind kind;
+    int line = 0;
+    QString reason;
+
+    [[nodiscard]] Severity severity() const;
+    [[nodiscard]] int number() const;
+};
+
+// What was found so far, in the order of finding. Past a limit the errors are only counted: a file
+// that is no deck at all would otherwise give one for each of its lines.
+class FindingList
+{
+public:
+    // Adds a finding; the parts fill the gaps of the kind's text and are made safe to print.
+    void add(FindingKind kind, int line = 0, const QStringList& parts = QStringList());
+
+    [[nodiscard]] bool hasErrors() const { return m_errorCount > 0; }
+    [[nodiscard]] bool hasFatalErrors() const { return m_fatal; }
+    [[nodiscard]] int errorCount() const { return m_errorCount; }
+    [[nodiscard]] bool contains(FindingKind kind) const;
+
+    // All findings, those of one severity together and in the order of their lines.
+    [[nodiscard]] QVector<Finding> sorted() const;
+
+private:
+    QVector<Finding> m_findings;
+    int m_errorCount = 0;
+    bool m_fatal = false;
+};
+
+} // namespace suite

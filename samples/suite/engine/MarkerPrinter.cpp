@@ -1,0 +1,83 @@
+#include "MarkerPrinter.h"
+
+#include "PlainText.h"
+
+#include <poll.h>
+
+namespace suite {
+
+namespace {
+
+struct MarkerRow
+{
+    Marker marker;
+    const char* text;
+};
+
+// clang-format off
+constexpr MarkerRow MarkerTable[] = {
+    {Marker::LineFeed,        "-*-linefeed-*-"},
+    {Marker::Percentage,      "-*-percentage-*-"},
+    {Marker::TotalPercentage, "-*-total-percentage-*-"},
+    {Marker::Error,           "-*-error-*-"},
+    {Marker::Warning,         "-*-warning-*-"},
+    {Marker::Notice,          "-*-notice-*-"},
+    {Marker::File,            "-*-file-*-"},
+    {Marker::Variable,        "-*-variable-*-"},
+};
+// clang-format on
+
+QString markerText(Marker marker)
+{
+    for (const MarkerRow& row : MarkerTable) {
+        if (row.marker == marker) {
+            return QLatin1String(row.text);
+        }
+    }
+    return {};
+}
+
+} // namespace
+
+MarkerPrinter::MarkerPrinter(std::FILE* stream) : m_stream(stream)
+{}
+
+void MarkerPrinter::print(Marker marker, const QString& body)
+{
+    writeLine(markerText(marker) + plainText(body));
+}
+
+void MarkerPrinter::printText(const QString& text)
+{
+    writeLine(plainText(text));
+}
+
+void MarkerPrinter::printPercentage(Marker marker, int percentage)
+{
+    print(marker, QStringLiteral("%1%").arg(percentage));
+}
+
+void MarkerPrinter::printLineFeed()
+{
+    print(Marker::LineFeed, QString());
+}
+
+bool MarkerPrinter::isReaderGone()
+{
+    pollfd descriptor = {fileno(m_stream), 0, 0};
+    if (::poll(&descriptor, 1, 0) > 0 && (descriptor.revents & (POLLERR | POLLNVAL)) != 0) {
+        m_failed = true;
+    }
+    return m_failed;
+}
+
+void MarkerPrinter::writeLine(const QString& line)
+{
+    const QByteArray bytes = line.toUtf8() + '\n';
+    const auto size = static_cast<std::size_t>(bytes.size());
+    if (std::fwrite(bytes.constData(), 1, size, m_stream) != size || std::fflush(m_stream) != 0) {
+        m_failed = true;
+    }
+}
+
+} // namespace suite

@@ -1,0 +1,50 @@
+#pragma once
+
+#include <QString>
+
+#include <cstdio>
+
+namespace suite {
+
+// What a line of output is for the program that reads it.
+enum class Marker {
+    LineFeed,
+    Percentage,
+    TotalPercentage,
+    Error,
+    Warning,
+    Notice,
+    File,
+    Variable,
+};
+
+// Prints a component's messages, one marker a line, each line flushed at once: the reader shows it
+// while the run goes on.
+class MarkerPrinter
+{
+public:
+    explicit MarkerPrinter(std::FILE* stream = stdout);
+
+    // Prints one tagged line. The body is made safe, so it cannot form a marker of its own.
+    void print(Marker marker, const QString& body);
+
+    // Prints one plain line.
+    void printText(const QString& text);
+
+    // Prints "45%" behind a percentage marker.
+    void printPercentage(Marker marker, int percentage);
+
+    // Prints an empty line for the reader.
+    void printLineFeed();
+
+    // True once nobody reads any more: a write has failed or the other end of the pipe is closed.
+    bool isReaderGone();
+
+private:
+    void writeLine(const QString& line);
+
+    std::FILE* m_stream;
+    bool m_failed = false;
+};
+
+} // namespace suite

@@ -1,0 +1,21 @@
+#pragma once
+
+#include "Deck.h"
+#include "FrequencyRange.h"
+#include "Structure.h"
+
+namespace suite {
+
+// What pre-processing knows of a model.
+struct Model
+{
+    Deck deck;
+    Structure structure;
+    FrequencyRange frequencies;
+    int frequencyCard = -1; // index of the FR card, -1 without one
+    int groundType = -1;    // of the last GN card; -1 is free space
+    int excitationCount = 0;
+    bool hasVoltageSource = false;
+};
+
+} // namespace suite

@@ -1,0 +1,38 @@
+#include "ModelFile.h"
+
+#include <QFileInfo>
+
+namespace suite {
+
+namespace {
+
+QString deckSuffix()
+{
+    return QStringLiteral(".nec");
+}
+
+} // namespace
+
+ModelFile::ModelFile(const QString& argument)
+{
+    const QFileInfo given(argument);
+    const QFileInfo completed(argument + deckSuffix());
+    const bool useCompleted = !given.isFile() && completed.isFile();
+    m_path = (useCompleted ? completed : given).absoluteFilePath();
+}
+
+QString ModelFile::name() const
+{
+    return QFileInfo(m_path).fileName();
+}
+
+QString ModelFile::resultPath(const QString& suffix) const
+{
+    QString stem = m_path;
+    if (stem.endsWith(deckSuffix(), Qt::CaseInsensitive)) {
+        stem.chop(deckSuffix().size());
+    }
+    return stem + QLatin1Char('.') + suffix;
+}
+
+} // namespace suite

@@ -1,0 +1,62 @@
+#include "OptionTable.h"
+
+#include <algorithm>
+
+namespace suite {
+
+namespace {
+
+using G = OptionGroup;
+using V = ValueKind;
+
+constexpr int MostProcesses = 4096;
+constexpr int MostRestarts = 1000000;
+
+// clang-format off
+constexpr OptionRow OptionTable[] = {
+    {G::Common,    V::None,          "--help",                           0, 0, "", G::Common, "print this help and end"},
+    {G::Common,    V::None,          "--version",                        0, 0, "", G::Common, "print the version and end"},
+    {G::Common,    V::None,          "--run-from-gui",                   0, 0, "", G::Common, "started by a graphical front end"},
+
+    {G::Prekest,   V::None,          "--ignore-errors",                  0, 0, "", G::Common, "go on in spite of errors in the model"},
+    {G::Prekest,   V::None,          "--print-variables",                0, 0, "", G::Common, "print the model's variables"},
+    {G::Prekest,   V::None,          "--print-variables-to-out",        0, 0, "", G::Common, "write the model's variables to MODEL.pre"},
+
+    {G::Runkest,   V::Integer,       "--priority",                    0, 4, "", G::Common, "priority from 0 (lowest) to 4 (highest)"},
+    {G::Runkest,   V::ProcessCount,  "-np",                      1, MostProcesses, "", G::Common, "how many frequencies to solve at once, or all"},
+    {G::Runkest,   V::ProcessCount,  "-NP",                      1, MostProcesses, "", G::Common, "the same as -np"},
+    {G::Runkest,   V::Text,          "--machines-file",                  0, 0, "", G::Common, "file of host:count lines"},
+    {G::Runkest,   V::Word,          "--parallel-authenticate",          0, 0, "localonly sspi default", G::Common, "how parallel processes identify themselves"},
+    {G::Runkest,   V::None,          "--remote-use-mpi",                 0, 0, "", G::Common, "reach the remote host through the parallel runtime"},
+    {G::Runkest,   V::Hosts,         "--remote-host",                   0, 0, "", G::Common, "host to run on"},
+    {G::Runkest,   V::OptionalGpus,  "--use-gpu",                0, 0, "", G::Common, "graphics processors as COUNT, :LIST or COUNT:LIST"},
+    {G::Runkest,   V::Switch,        "--kest-options",                 0, 0, "", G::Kest, "options of the solver follow"},
+    {G::Runkest,   V::Switch,        "--prekest-options",              0, 0, "", G::Prekest, "options of the pre-processing follow"},
+    {G::Runkest,   V::Switch,        "--adaptkest-options",            0, 0, "", G::Adaptkest, "options of the adaptive sampling follow"},
+
+    {G::Kest,      V::None,          "--check-only",                     0, 0, "", G::Common, "check the model and solve nothing"},
+    {G::Kest,      V::None,          "--mtl-circuit-export",             0, 0, "", G::Common, "export transmission line circuits"},
+
+    {G::Adaptkest, V::Integer,       "--restart",                     0, MostRestarts, "", G::Common, "go on from this analysis"},
+    {G::Adaptkest, V::None,          "--keep-files",                     0, 0, "", G::Common, "keep temporary files"},
+};
+// clang-format on
+
+} // namespace
+
+const OptionRow* optionRow(OptionGroup group, const QString& name)
+{
+    const auto* row =
+        std::find_if(std::begin(OptionTable), std::end(OptionTable), [&](const OptionRow& each) {
+            return (each.group == group || each.group == OptionGroup::Common) &&
+                   name == QLatin1String(each.name);
+        });
+    return row == std::end(OptionTable) ? nullptr : row;
+}
+
+QVector<OptionRow> optionRows()
+{
+    return {std::begin(OptionTable), std::end(OptionTable)};
+}
+
+} // namespace suite

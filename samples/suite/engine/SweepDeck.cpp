@@ -1,0 +1,42 @@
+#include "SweepDeck.h"
+
+namespace suite {
+
+namespace {
+
+// Plot files would be dropped with the engine's folder.
+bool isPassedOn(const Card& card)
+{
+    return card.mnemonic != QLatin1String("PL") && card.mnemonic != QLatin1String("FR");
+}
+
+QByteArray cardBytes(const Card& card)
+{
+    const QString text = card.mnemonic + QLatin1Char(' ') + card.fields.join(QLatin1Char(' '));
+    return text.toLatin1() + '\n';
+}
+
+} // namespace
+
+SweepDeck::SweepDeck(const Model& model) : m_frequencies(model.frequencies.values())
+{
+    for (const QByteArray& comment : model.deck.comments) {
+        m_before += comment + '\n';
+    }
+    QByteArray* part = &m_before;
+    for (int index = 0; index < model.deck.cards.size(); ++index) {
+        if (index == model.frequencyCard) {
+            part = &m_after;
+        } else if (isPassedOn(model.deck.cards.at(index))) {
+            *part += cardBytes(model.deck.cards.at(index));
+        }
+    }
+}
+
+QByteArray SweepDeck::deck(int index) const
+{
+    return m_before + "FR 0 1 0 0 " + QByteArray::number(frequency(index), 'g', 15) + " 0\n" +
+           m_after;
+}
+
+} // namespace suite

@@ -1,0 +1,25 @@
+#pragma once
+
+#include "Model.h"
+
+namespace suite {
+
+// Makes the decks that the engine gets: the model's cards in plain form, at one frequency each.
+class SweepDeck
+{
+public:
+    explicit SweepDeck(const Model& model);
+
+    [[nodiscard]] int count() const { return m_frequencies.size(); }
+    [[nodiscard]] double frequency(int index) const { return m_frequencies.at(index); }
+
+    // The deck of one frequency.
+    [[nodiscard]] QByteArray deck(int index) const;
+
+private:
+    QByteArray m_before;
+    QByteArray m_after;
+    QVector<double> m_frequencies;
+};
+
+} // namespace suite

@@ -1,0 +1,21 @@
+#include "Component.h"
+#include "ComponentSetup.h"
+
+#include <QCoreApplication>
+
+// prekest reads a model, checks it and prints what it found.
+int main(int argc, char* argv[])
+{
+    suite::setupComponent();
+    const QCoreApplication application(argc, argv);
+    suite::Component component(QStringLiteral("prekest"), suite::OptionGroup::Prekest);
+    const std::optional<int> done = component.readCommandLine(QCoreApplication::arguments().mid(1));
+    if (done) {
+        return *done;
+    }
+    if (!component.preprocess()) {
+        return suite::ExitFailure;
+    }
+    component.printer().printPercentage(suite::Marker::TotalPercentage, 100);
+    return suite::ExitSuccess;
+}
