@@ -7,6 +7,7 @@
 #include <QEventLoop>
 #include <QRegularExpression>
 #include <QTemporaryDir>
+#include <QThread>
 #include <QTimer>
 #include <QtTest>
 
@@ -90,7 +91,8 @@ int openDescriptors()
         .size();
 }
 
-int childProcesses()
+/// The children of this process; those that have ended and were not waited for yet only on demand.
+int childProcesses(bool withEnded = true)
 {
     int children = 0;
     const QStringList processes =
@@ -100,7 +102,8 @@ int childProcesses()
         if (stat.open(QIODevice::ReadOnly)) {
             const QByteArray line = stat.readAll();
             const QList<QByteArray> fields = line.mid(line.lastIndexOf(')') + 2).split(' ');
-            children += fields.value(1).toLongLong() == QCoreApplication::applicationPid() ? 1 : 0;
+            const bool own = fields.value(1).toLongLong() == QCoreApplication::applicationPid();
+            children += own && (withEnded || fields.value(0) != "Z") ? 1 : 0;
         }
     }
     return children;
@@ -1036,6 +1039,24 @@ private Q_SLOTS:
         QVERIFY(timer.elapsed() < 10000);
         QCOMPARE(childProcesses(), 0);
         QCOMPARE(observer.events, QStringList(text("started")));
+    }
+
+    void destructionAsksTheChildToTerminate()
+    {
+        common_ActivePtr<LineRunner> runner(new LineRunner);
+        RecordingObserver observer(runner.get());
+        observer.then = [&runner](const QString&) { runner.reset(); };
+        setUp(*runner, words("sleep 60000"));
+        QVERIFY(runner->run());
+        QVERIFY(runner.isNull());
+        // Without an event loop nothing else ends it.
+        QElapsedTimer timer;
+        timer.start();
+        while (childProcesses(false) > 0 && timer.elapsed() < 5000) {
+            QThread::msleep(1);
+        }
+        QCOMPARE(childProcesses(false), 0);
+        QVERIFY(QTest::qWaitFor([] { return childProcesses() == 0; }));
     }
 
     void grandchildOutlivesTheChildAndIsNotHeard()

@@ -325,7 +325,8 @@ void tst_deck::goodDeckPasses()
 {
     QFETCH(QByteArray, deck);
     const suite::Preprocessor checked(deck);
-    for (const suite::Finding& finding : checked.findings().sorted()) {
+    const auto findings = checked.findings().sorted();
+    for (const suite::Finding& finding : findings) {
         const bool isMistake = finding.severity() == suite::Severity::Fatal ||
                                finding.severity() == suite::Severity::Error;
         QVERIFY2(!isMistake, qPrintable(finding.reason));
@@ -343,7 +344,8 @@ void tst_deck::oneMistakeDoesNotHideTheNext()
 {
     const suite::Preprocessor checked(readFile(suiteHome() + utf8("/models/mistakes.nec")));
     QVector<int> lines;
-    for (const suite::Finding& finding : checked.findings().sorted()) {
+    const auto findings = checked.findings().sorted();
+    for (const suite::Finding& finding : findings) {
         if (finding.severity() == suite::Severity::Error) {
             lines.append(finding.line);
         }
@@ -384,7 +386,8 @@ void tst_deck::warnings()
     const suite::Preprocessor checked(deck);
     QVERIFY(!checked.findings().hasErrors());
     QVector<QPair<int, int>> found;
-    for (const suite::Finding& finding : checked.findings().sorted()) {
+    const auto findings = checked.findings().sorted();
+    for (const suite::Finding& finding : findings) {
         if (finding.severity() == suite::Severity::Warning) {
             found.append({finding.number(), finding.line});
         }

@@ -188,7 +188,7 @@ void tst_markers::partsAreNotFilledTwice()
     FindingList list;
     list.add(FindingKind::NotNumber, 1,
              {QStringLiteral("%2"), QStringLiteral("%3"), QStringLiteral("%1%9%")});
-    QCOMPARE(list.sorted().first().reason,
+    QCOMPARE(list.sorted().constFirst().reason,
              QStringLiteral("field %3 of card %2 is not a number but '%1%9%'"));
 }
 

@@ -180,7 +180,8 @@ void tst_options::groupsEndAtTheNextSwitch()
 void tst_options::rowsAreUnique()
 {
     QSet<QPair<int, QString>> seen;
-    for (const suite::OptionRow& row : suite::optionRows()) {
+    const auto rows = suite::optionRows();
+    for (const suite::OptionRow& row : rows) {
         const auto key = qMakePair(static_cast<int>(row.group), QString::fromLatin1(row.name));
         QVERIFY2(!seen.contains(key), row.name);
         seen.insert(key);

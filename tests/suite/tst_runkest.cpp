@@ -58,7 +58,8 @@ QVector<Row> readTable(const QString& path)
     QVector<Row> rows;
     QList<QByteArray> lines = readFile(path).split('\n');
     lines.removeAll(QByteArray());
-    for (const QByteArray& line : lines.mid(1)) {
+    const QList<QByteArray> rows = lines.mid(1);
+    for (const QByteArray& line : rows) {
         const QList<QByteArray> cells = line.split(',');
         rows.append({cells.value(0).toDouble(), cells.value(1).toDouble(),
                      cells.value(2).toDouble(), cells.value(3).toDouble()});

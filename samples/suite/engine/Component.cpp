@@ -73,7 +73,8 @@ FindingPrinter Component::findingPrinter()
 
 void Component::printVariables()
 {
-    for (const QString& variable : m_preprocessor->variables()) {
+    const QStringList variables = m_preprocessor->variables();
+    for (const QString& variable : variables) {
         m_printer.print(Marker::Variable, variable);
     }
 }

@@ -29,7 +29,8 @@ void FindingPrinter::print(const Finding& finding)
 
 void FindingPrinter::print(const FindingList& findings)
 {
-    for (const Finding& finding : findings.sorted()) {
+    const auto sorted = findings.sorted();
+    for (const Finding& finding : sorted) {
         print(finding);
     }
 }
