@@ -1,0 +1,45 @@
+#ifndef KEST_BINFILES_H
+#define KEST_BINFILES_H
+
+#include <kest_binfiles_export.h>
+
+#ifdef __cplusplus
+#include <cstddef>
+#include <cstdint>
+extern "C" {
+#else
+#include <stddef.h>
+#include <stdint.h>
+#include <wchar.h>
+#endif
+
+/* What KEST_binfiles_set_lock_hard returns. */
+enum KEST_binfiles_lock_status {
+    KEST_BINFILES_LOCK_TAKEN = 0,
+    KEST_BINFILES_LOCKED_BY_OTHER_PROCESS = 1,
+    KEST_BINFILES_LOCKED_BY_THIS_PROCESS = 2,
+    KEST_BINFILES_LOCK_NOT_MADE = 3 /* no such directory that could be made, or no permission */
+};
+
+/* Locks a file against all other processes, at once or not at all; the file itself need not exist
+   and is not touched. The lock is a file beside it, with ".kestlock" added to the name; folders
+   that are missing are made. The lock of a process that has ended, by whatever means, is taken
+   over. The option is not used. The handle is set only when the lock is taken, and never to 0 then.
+ */
+KEST_BINFILES_EXPORT int KEST_binfiles_set_lock_hard(const wchar_t* path, int option,
+                                                     uint64_t* handle);
+
+/* Removes the lock that the handle stands for: 0, or 1 when it stands for no lock of this file (any
+   more); then nothing happens. */
+KEST_BINFILES_EXPORT int KEST_binfiles_remove_lock(const wchar_t* path, uint64_t handle);
+
+/* Who holds the lock of the file, as far as that can be told: the process id and the host's name,
+   as UTF-8, cut to the buffer. 0 when nobody does or it cannot be told. */
+KEST_BINFILES_EXPORT int64_t KEST_binfiles_lock_owner(const wchar_t* path, char* host,
+                                                      size_t hostSize);
+
+#ifdef __cplusplus
+}
+#endif
+
+#endif

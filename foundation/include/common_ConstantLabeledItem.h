@@ -1,0 +1,26 @@
+#ifndef COMMON_CONSTANTLABELEDITEM_H
+#define COMMON_CONSTANTLABELEDITEM_H
+
+#include <common_Label.h>
+#include <kest_foundation_export.h>
+
+/// A counted object whose label never changes.
+class KEST_FOUNDATION_EXPORT common_ConstantLabeledItem
+{
+public:
+    virtual void reference() = 0;
+    virtual void dereference() = 0;
+    virtual int getRefCount() const = 0;
+    virtual ~common_ConstantLabeledItem();
+
+    virtual common_Label getLabel() const;
+
+protected:
+    common_ConstantLabeledItem() = default;
+    common_ConstantLabeledItem(const common_ConstantLabeledItem&) = default;
+    common_ConstantLabeledItem& operator=(const common_ConstantLabeledItem&) = default;
+
+    virtual common_Label doGetConstantLabel() const = 0;
+};
+
+#endif

@@ -1,0 +1,25 @@
+#ifndef COMMON_IPIXMAPUTILITY_H
+#define COMMON_IPIXMAPUTILITY_H
+
+#include <kest_foundation_export.h>
+
+class QPixmap;
+class QString;
+
+/// The service that finds the suite's pictures.
+class KEST_FOUNDATION_EXPORT common_IPixmapUtility
+{
+public:
+    virtual ~common_IPixmapUtility();
+
+    /// Loads the picture of that name in the directory; false when there is none, and out is then
+    /// as before.
+    virtual bool getPixmap(QPixmap& out, const QString& directory, const QString& name) = 0;
+
+protected:
+    common_IPixmapUtility() = default;
+    common_IPixmapUtility(const common_IPixmapUtility&) = default;
+    common_IPixmapUtility& operator=(const common_IPixmapUtility&) = default;
+};
+
+#endif

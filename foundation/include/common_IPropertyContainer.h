@@ -1,0 +1,40 @@
+#ifndef COMMON_IPROPERTYCONTAINER_H
+#define COMMON_IPROPERTYCONTAINER_H
+
+#include <common_Property.h>
+#include <common_PropertyReference.h>
+#include <kest_foundation_export.h>
+
+class QStringList;
+
+/// A counted object that holds properties by name.
+class KEST_FOUNDATION_EXPORT common_IPropertyContainer
+{
+public:
+    virtual void reference() = 0;
+    virtual void dereference() = 0;
+    virtual int getRefCount() const = 0;
+    virtual ~common_IPropertyContainer();
+
+    virtual bool hasProperty(const QString& name) const = 0;
+
+    /// The names of the properties held, in the order of their registration.
+    virtual QStringList getProperties() const = 0;
+
+    /// The property's value; asserts that a property of that name is registered.
+    virtual common_Property operator[](const QString& name) const = 0;
+
+    /// The property itself, to be assigned to; made from its registered metadata when the container
+    /// does not hold it yet.
+    virtual common_PropertyReference operator[](const QString& name) = 0;
+
+    /// Tells the observers that the property has this value.
+    virtual void propertyValueChanged(const common_Property& property) = 0;
+
+protected:
+    common_IPropertyContainer() = default;
+    common_IPropertyContainer(const common_IPropertyContainer&) = default;
+    common_IPropertyContainer& operator=(const common_IPropertyContainer&) = default;
+};
+
+#endif

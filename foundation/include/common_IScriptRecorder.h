@@ -1,0 +1,26 @@
+#ifndef COMMON_ISCRIPTRECORDER_H
+#define COMMON_ISCRIPTRECORDER_H
+
+#include <common_ActivePtr.h>
+#include <kest_foundation_export.h>
+
+class QString;
+class common_DomainEntity;
+
+/// The service that records what the user does as a script.
+class KEST_FOUNDATION_EXPORT common_IScriptRecorder
+{
+public:
+    virtual ~common_IScriptRecorder();
+
+    /// Records a command of the entity, for example ":RestoreDefaults()".
+    virtual void recordCommand(common_ActivePtr<common_DomainEntity> entity,
+                               const QString& command) = 0;
+
+protected:
+    common_IScriptRecorder() = default;
+    common_IScriptRecorder(const common_IScriptRecorder&) = default;
+    common_IScriptRecorder& operator=(const common_IScriptRecorder&) = default;
+};
+
+#endif

@@ -1,0 +1,24 @@
+#ifndef COMMON_ISPLASHSCREEN_H
+#define COMMON_ISPLASHSCREEN_H
+
+#include <kest_foundation_export.h>
+
+/// The service of the window that shows while the application starts.
+class KEST_FOUNDATION_EXPORT common_ISplashScreen
+{
+public:
+    virtual ~common_ISplashScreen();
+
+    /// Takes the splash screen out of the way.
+    virtual void hide() = 0;
+
+    /// Shows it again.
+    virtual void show() = 0;
+
+protected:
+    common_ISplashScreen() = default;
+    common_ISplashScreen(const common_ISplashScreen&) = default;
+    common_ISplashScreen& operator=(const common_ISplashScreen&) = default;
+};
+
+#endif

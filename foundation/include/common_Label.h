@@ -1,0 +1,24 @@
+#ifndef COMMON_LABEL_H
+#define COMMON_LABEL_H
+
+#include <QString>
+
+#include <utility>
+
+/// What an item is called towards the user. A value.
+class common_Label
+{
+public:
+    common_Label() = default;
+    common_Label(QString text) : m_text(std::move(text)) {}
+
+    QString text() const { return m_text; }
+
+    bool operator==(const common_Label& other) const { return m_text == other.m_text; }
+    bool operator!=(const common_Label& other) const { return !(*this == other); }
+
+private:
+    QString m_text;
+};
+
+#endif

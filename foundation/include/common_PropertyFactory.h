@@ -1,0 +1,28 @@
+#ifndef COMMON_PROPERTYFACTORY_H
+#define COMMON_PROPERTYFACTORY_H
+
+#include <kest_foundation_export.h>
+
+class common_PropertyMetaData;
+class QString;
+class QStringList;
+
+/// The registry of all properties of the process. Libraries register theirs when they are loaded,
+/// before main() begins.
+class KEST_FOUNDATION_EXPORT common_PropertyFactory
+{
+public:
+    /// Registers a property; asserts that the name is new.
+    static void addMetaData(const QString& name, const common_PropertyMetaData& metaData);
+
+    /// The registered metadata, for reading and for adding members; asserts that there is some. The
+    /// reference stays good for the life of the process.
+    static common_PropertyMetaData& getMetaData(const QString& name);
+
+    static bool hasMetaData(const QString& name);
+
+    /// All names, in the order of registration.
+    static QStringList names();
+};
+
+#endif

@@ -1,0 +1,54 @@
+#ifndef COMMON_PROPERTYMETADATA_H
+#define COMMON_PROPERTYMETADATA_H
+
+#include <EnumType.h>
+#include <kest_foundation_export.h>
+
+#include <QString>
+#include <QVector>
+
+/// What a property is, whatever its value in one container or another. A value.
+class KEST_FOUNDATION_EXPORT common_PropertyMetaData
+{
+public:
+    using EnumType = ::EnumType;
+
+    enum Type {
+        Boolean = 1,
+        String = 2,
+        Integer = 3, ///< with members, an enumerated property
+        Double = 5
+    };
+
+    enum Cardinality {
+        Single = 0 ///< one value
+    };
+
+    /// A boolean property without a name.
+    common_PropertyMetaData() = default;
+
+    /// The flags are the suite's own; they are kept here and not looked at.
+    common_PropertyMetaData(const QString& name, const QString& label, Type type,
+                            Cardinality cardinality, int flags);
+
+    QString name() const { return m_name; }
+    QString label() const { return m_label; }
+    Type type() const { return m_type; }
+    Cardinality cardinality() const { return m_cardinality; }
+    int flags() const { return m_flags; }
+
+    /// The members of an enumerated property, in order; empty for any other.
+    QVector<EnumType> getEnumList() const { return m_enumList; }
+
+    void setEnumerated(const QVector<EnumType>& members) { m_enumList = members; }
+
+private:
+    QString m_name;
+    QString m_label;
+    Type m_type = Boolean;
+    Cardinality m_cardinality = Single;
+    int m_flags = 0;
+    QVector<EnumType> m_enumList;
+};
+
+#endif

@@ -1,0 +1,48 @@
+#ifndef COMMON_SERVICEOF_H
+#define COMMON_SERVICEOF_H
+
+#include <common_Assert.h>
+#include <kest_foundation_export.h>
+
+#include <typeinfo>
+
+/// The one table of services, by the name of their interface. Use common_ServiceOf.
+class KEST_FOUNDATION_EXPORT common_ServiceTable
+{
+public:
+    /// The service, or null.
+    static void* find(const char* interfaceName);
+
+    /// Sets the service; null removes it.
+    static void set(const char* interfaceName, void* service);
+};
+
+/// The service that the application offers through the interface T, if it does.
+///
+/// The table behind it is one for the whole process: a static member of this template would exist
+/// once in every library, and a library would miss what the application has set.
+template <typename T>
+class common_ServiceOf
+{
+public:
+    static bool hasService() { return find() != nullptr; }
+
+    /// The service; asserts that there is one, with the name, the file and the line given. Use
+    /// GET_SERVICE(T), which fills them in.
+    static T* getService(const char* name, const char* file, int line)
+    {
+        COMMON_ASSERT_AT(hasService(), name, file, line);
+        return find();
+    }
+
+    /// Sets the service, which is not owned and must be removed, by null, before it dies.
+    static void setService(T* service) { common_ServiceTable::set(typeid(T).name(), service); }
+
+private:
+    static T* find() { return static_cast<T*>(common_ServiceTable::find(typeid(T).name())); }
+};
+
+/// The service of the interface T, which there must be.
+#define GET_SERVICE(T) common_ServiceOf<T>::getService(#T, __FILE__, __LINE__)
+
+#endif

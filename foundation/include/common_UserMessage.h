@@ -1,0 +1,51 @@
+#ifndef COMMON_USERMESSAGE_H
+#define COMMON_USERMESSAGE_H
+
+#include <common_ActivePtr.h>
+#include <common_Assert.h>
+#include <common_AutoCounter.h>
+#include <kest_foundation_export.h>
+
+#include <QString>
+
+/// Something to tell the user, for the common_ISession service to show. Does not change.
+class KEST_FOUNDATION_EXPORT common_UserMessage
+{
+public:
+    enum MessageType { Information = 0, Warning = 1, Error = 2 };
+    enum MessageFormat { PlainText = 0, RichText = 1 };
+
+    /// The code is what support staff look up.
+    static common_ActivePtr<common_UserMessage> create(const QString& text, const QString& code,
+                                                       MessageType type, MessageFormat format);
+
+    common_UserMessage(const common_UserMessage&) = delete;
+    common_UserMessage& operator=(const common_UserMessage&) = delete;
+    virtual ~common_UserMessage();
+
+    QString text() const { return m_text; }
+    QString code() const { return m_code; }
+    MessageType type() const { return m_type; }
+    MessageFormat format() const { return m_format; }
+
+    void reference() { m_refCount.increment(); }
+    void dereference()
+    {
+        COMMON_ASSERT_AT(m_refCount.value() > 0, "m_refCount > 0", "include/common_UserMessage.h",
+                         __LINE__);
+        m_refCount.decrement();
+    }
+    int getRefCount() const { return m_refCount.value(); }
+
+private:
+    common_UserMessage(const QString& text, const QString& code, MessageType type,
+                       MessageFormat format);
+
+    common_AutoCounter m_refCount;
+    QString m_text;
+    QString m_code;
+    MessageType m_type;
+    MessageFormat m_format;
+};
+
+#endif

@@ -1,0 +1,131 @@
+#ifndef COMMON_COMPONENTSLAUNCHOPTIONS_H
+#define COMMON_COMPONENTSLAUNCHOPTIONS_H
+
+#include <AccessMode.h>
+#include <common_ActivePtr.h>
+#include <common_Assert.h>
+#include <common_AutoCounter.h>
+#include <common_ConstantLabeledItem.h>
+#include <common_DomainEntity.h>
+#include <common_IValidatable.h>
+#include <common_LockFile.h>
+#include <common_PropertyContainer.h>
+#include <common_settings.h>
+#include <kest_common_export.h>
+
+#include <QStringList>
+
+/// The user's options for launching the solver components: properties by name, kept in the group
+/// "options" of the user's kest.ini, and made into the components' command lines.
+///
+/// A writable object holds the lock of kest.ini for its whole life. Values that are changed are
+/// saved by writeSettings() and by nothing else.
+class KEST_COMMON_EXPORT common_ComponentsLaunchOptions : public common_PropertyContainer,
+                                                          public common_IValidatable,
+                                                          public common_settings,
+                                                          public common_DomainEntity,
+                                                          public common_ConstantLabeledItem
+{
+public:
+    using Pointer = common_ActivePtr<common_ComponentsLaunchOptions, IntrusivePtrActor>;
+    using LockPointer = common_ActivePtr<common_LockFile, IntrusivePtrActor>;
+
+    static const char* s_classIdString;
+
+    /// The options as they are in the file. Null when they are to be written and the file is
+    /// locked, of which the user has been told. Needs the services common_IApplicationInfo and, for
+    /// that message, common_ISession.
+    static Pointer create(AccessMode mode);
+
+    /// A read-only object with what was last written; unsaved values of the source are not in it.
+    static Pointer createClone(Pointer source);
+
+    /// For clone(): the same values and the same lock.
+    common_ComponentsLaunchOptions(const common_ComponentsLaunchOptions& other);
+    common_ComponentsLaunchOptions& operator=(const common_ComponentsLaunchOptions&) = delete;
+    ~common_ComponentsLaunchOptions() override;
+
+    void reference() override { m_refCount.increment(); }
+    void dereference() override
+    {
+        COMMON_ASSERT_AT(m_refCount.value() > 0, "m_refCount > 0",
+                         "include/common_ComponentsLaunchOptions.h", __LINE__);
+        m_refCount.decrement();
+    }
+    int getRefCount() const override { return m_refCount.value(); }
+
+    QString getClassID() const;
+    common_Label getLabel() const override;
+
+    /// Takes the values of the installation's default.ini, and the built-in defaults for what that
+    /// lacks. Nothing is written; a script recorder hears of it.
+    void restoreDefaults() override;
+
+    /// Any combination of values is accepted: these return true and do nothing.
+    bool validateMembers() override;
+    bool validateDomainRules() override;
+    void setIgnoreValues() override;
+
+    // The command lines: an element for each process argument, read afresh from the properties on
+    // each call, without any check of the values. Free text is split at white space; quotes have no
+    // meaning.
+
+    QStringList getPrekestOptions() const;
+
+    /// Of a sequential runkest.
+    QStringList getKestSequentialOptions(bool remoteRun) const;
+
+    /// Of a parallel runkest.
+    QStringList getKestParallelOptions(bool remoteRun) const;
+
+    /// The words of the remote host; empty ones are kept, so there is always at least one.
+    QStringList getKestRemoteOptions() const;
+
+    QStringList getAdaptkestOptions() const;
+    QStringList getOptkestOptions() const;
+    QStringList getAmrkestOptions() const;
+
+    /// NAME=value assignments for the environment of the solver's process, and what else the user
+    /// typed there, line by line.
+    QStringList getEnvironmentOptions() const;
+
+    /// Whether parallel runs stay on this machine, so that nobody needs to authenticate.
+    bool isLocalOnlySpecified() const;
+
+    /// Whether the remote host is more than blanks.
+    bool isRemoteHostArgumentSpecified() const;
+
+protected:
+    explicit common_ComponentsLaunchOptions(LockPointer lockFile);
+
+    common_ComponentsLaunchOptions* clone() const override;
+    common_Label doGetConstantLabel() const override;
+
+    void doReadSettings(QSettings& settings) override;
+    void doWriteSettings(QSettings& settings) override;
+
+private:
+    void doMemberwiseCopy(const common_ComponentsLaunchOptions& other);
+    void doMemberwiseInitialisation();
+    void doConnect();
+    void doDispose();
+
+    void readProperty(QSettings& settings, const QString& key);
+
+    bool boolean(const char* key) const;
+    int integer(const char* key) const;
+    QString text(const char* key) const;
+
+    void addCommandOption(QStringList& list, QString text) const;
+    void addConditionalCommandOption(QStringList& list, QString text, QString propertyName,
+                                     bool expected) const;
+    void addKestOptions(QStringList& list) const;
+    void addGPUCommandOptions(QStringList& list) const;
+    void addPriorityOption(QStringList& list) const;
+    void addRemoteMethodOption(QStringList& list, bool remoteRun) const;
+
+    common_AutoCounter m_refCount;
+    LockPointer m_pLockFile;
+};
+
+#endif

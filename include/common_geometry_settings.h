@@ -1,0 +1,52 @@
+#ifndef COMMON_GEOMETRY_SETTINGS_H
+#define COMMON_GEOMETRY_SETTINGS_H
+
+#include <common_settings.h>
+#include <kest_common_export.h>
+
+/// Where an application's main window was, in pixels: the group "geometry" of its settings file.
+class KEST_COMMON_EXPORT common_geometry_settings : public common_settings
+{
+public:
+    /// The values come with readSettings() or restoreDefaults().
+    explicit common_geometry_settings(const QString& fileName);
+    common_geometry_settings(const common_geometry_settings& other);
+    common_geometry_settings& operator=(const common_geometry_settings& other) = default;
+    ~common_geometry_settings() override;
+
+    int x_pos() const { return m_values.xPosition; }
+    int y_pos() const { return m_values.yPosition; }
+    int width() const { return m_values.width; }
+    int height() const { return m_values.height; }
+    bool isMaximised() const { return m_values.maximised; }
+
+    void set_x_pos(int position) { m_values.xPosition = position; }
+    void set_y_pos(int position) { m_values.yPosition = position; }
+    void set_width(int width) { m_values.width = width; }
+    void set_height(int height) { m_values.height = height; }
+    void set_isMaximised(bool maximised) { m_values.maximised = maximised; }
+
+    /// Takes the values of the other, and not its file.
+    void copy(const common_geometry_settings& other);
+
+    /// Maximised, and 1020 by 720 at the screen's corner otherwise.
+    void restoreDefaults() override;
+
+protected:
+    void doReadSettings(QSettings& settings) override;
+    void doWriteSettings(QSettings& settings) override;
+
+private:
+    struct Values
+    {
+        int xPosition = 0;
+        int yPosition = 0;
+        int width = 1020;
+        int height = 720;
+        bool maximised = true;
+    };
+
+    Values m_values;
+};
+
+#endif
