@@ -58,8 +58,8 @@ QVector<Row> readTable(const QString& path)
     QVector<Row> rows;
     QList<QByteArray> lines = readFile(path).split('\n');
     lines.removeAll(QByteArray());
-    const QList<QByteArray> rows = lines.mid(1);
-    for (const QByteArray& line : rows) {
+    lines.removeFirst(); // the heading
+    for (const QByteArray& line : qAsConst(lines)) {
         const QList<QByteArray> cells = line.split(',');
         rows.append({cells.value(0).toDouble(), cells.value(1).toDouble(),
                      cells.value(2).toDouble(), cells.value(3).toDouble()});
