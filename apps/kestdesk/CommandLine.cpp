@@ -1,5 +1,7 @@
 #include "CommandLine.h"
 
+#include "OptionsCommand.h"
+
 #include <QCommandLineParser>
 
 namespace {
@@ -14,8 +16,10 @@ void addOptions(QCommandLineParser& parser)
         "Exit code: 0 all models valid, 1 fault, 2 could not start, 130 stopped.\n"
         "Ctrl+C stops the component, a second one ends at once.\n\n"
         "Environment:\n"
-        "  KEST_HOME  the installation with the components\n"
-        "  NO_COLOR   set to anything: no colours"));
+        "  KEST_HOME       the installation with the components\n"
+        "  KEST_USER_HOME  where the user's kest.ini is\n"
+        "  KEST_SCRIPT     a file to record commands in\n"
+        "  NO_COLOR        set to anything: no colours"));
     parser.addHelpOption();
     parser.addVersionOption();
     parser.addOption(
@@ -47,16 +51,21 @@ QString complaint(const QCommandLineParser& parser)
 
 CommandLine CommandLine::parsed(const QStringList& arguments)
 {
+    CommandLine result;
+    if (arguments.value(1) == QLatin1String("options")) {
+        result.request = Request::EditOptions;
+        result.optionWords = arguments.mid(2);
+        return result;
+    }
     QCommandLineParser parser;
     addOptions(parser);
-    CommandLine result;
     if (!parser.parse(arguments)) {
         result.text = parser.errorText();
         return result;
     }
     if (parser.isSet(QStringLiteral("help")) || parser.isSet(QStringLiteral("help-all"))) {
         result.request = Request::ShowText;
-        result.text = parser.helpText();
+        result.text = parser.helpText() + QLatin1Char('\n') + OptionsCommand::usage();
     } else if (parser.isSet(QStringLiteral("version"))) {
         result.request = Request::ShowText;
         result.text = QStringLiteral("kestdesk " KESTDESK_VERSION "\n");

@@ -1,5 +1,7 @@
 #include "BatchSession.h"
 #include "CommandLine.h"
+#include "OptionsCommand.h"
+#include "Services.h"
 
 #include <QCoreApplication>
 
@@ -11,6 +13,7 @@ int main(int argc, char* argv[])
     QCoreApplication::setApplicationName(QStringLiteral("kestdesk"));
     QCoreApplication::setApplicationVersion(QStringLiteral(KESTDESK_VERSION));
 
+    const Services services(true); // nothing has a window yet
     const CommandLine commandLine = CommandLine::parsed(QCoreApplication::arguments());
     switch (commandLine.request) {
     case CommandLine::Request::ShowText:
@@ -20,6 +23,8 @@ int main(int argc, char* argv[])
         std::fprintf(stderr, "kestdesk: %s\nTry \"kestdesk --help\".\n",
                      qPrintable(commandLine.text));
         return 2;
+    case CommandLine::Request::EditOptions:
+        return OptionsCommand::run(commandLine.optionWords);
     case CommandLine::Request::RunModels:
         break;
     }

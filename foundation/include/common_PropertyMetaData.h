@@ -24,10 +24,14 @@ public:
         Single = 0 ///< one value
     };
 
+    enum Flag {
+        Transient = 64 ///< no settings file keeps the value
+    };
+
     /// A boolean property without a name.
     common_PropertyMetaData() = default;
 
-    /// The flags are the suite's own; they are kept here and not looked at.
+    /// Of the flags only those of Flag mean something here; others are kept for the applications.
     common_PropertyMetaData(const QString& name, const QString& label, Type type,
                             Cardinality cardinality, int flags);
 
