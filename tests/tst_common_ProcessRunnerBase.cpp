@@ -7,6 +7,7 @@
 #include <QEventLoop>
 #include <QRegularExpression>
 #include <QTemporaryDir>
+#include <QTextCodec>
 #include <QThread>
 #include <QTimer>
 #include <QtTest>
@@ -803,6 +804,21 @@ private Q_SLOTS:
         QCOMPARE(log.mid(lines.value(1).size() + 2), text("a\r\n\xc3\xa9\nb\na\r\n\xc3\xa9\nb\n"));
     }
 
+    void logIsUtf8InEveryLocale()
+    {
+        QTemporaryDir folder;
+        qputenv(logVariable, folder.path().toLocal8Bit());
+        QTextCodec* const ofTheLocale = QTextCodec::codecForLocale();
+        QTextCodec::setCodecForLocale(QTextCodec::codecForName("ISO-8859-1"));
+        {
+            LineRunner runner;
+            setUp(runner, {text("out"), text("\\xe2\\x82\\xac\\n")});
+            QVERIFY(runWithEventLoop(runner));
+        }
+        QTextCodec::setCodecForLocale(ofTheLocale);
+        QVERIFY(logOf(folder.filePath(text("out.log"))).endsWith(text("\xe2\x82\xac\n")));
+    }
+
     void logIsAppendedTo()
     {
         QTemporaryDir folder;
@@ -993,7 +1009,7 @@ private Q_SLOTS:
                 QVERIFY(runner.run());
             }
         };
-        setUp(runner, words("out once\\n exit 0"));
+        setUp(runner, words("out once\\n exit 6"));
         QVERIFY(runner.run());
         QVERIFY(QTest::qWaitFor([&first] { return first.lifeCycle().size() == 6; }));
         QVERIFY(!wasRunning);
@@ -1001,7 +1017,7 @@ private Q_SLOTS:
         // The second observer hears of the next start before it hears of the first end, and the
         // exit code that it hears then is still the first.
         QCOMPARE(second.lifeCycle(),
-                 QStringList({text("started"), text("started"), text("exit code 0"), text("done"),
+                 QStringList({text("started"), text("started"), text("exit code 6"), text("done"),
                               text("exit code 5"), text("done")}));
     }
 
