@@ -924,6 +924,32 @@ private Q_SLOTS:
                                                                                 : 0);
     }
 
+    // Its signal may still be on the way to other receivers. QProcess itself tells when it goes.
+    void processOfARunnerReleasedInACallbackIsLeftToTheEventLoop()
+    {
+        static int gone = 0;
+        gone = 0;
+        const QtMessageHandler before =
+            qInstallMessageHandler([](QtMsgType, const QMessageLogContext&, const QString& told) {
+                gone += told.contains(text("Destroyed while process")) ? 1 : 0;
+            });
+        common_ActivePtr<LineRunner> runner(new LineRunner);
+        int goneInTheCallback = -1;
+        runner->onLine = [&] {
+            QMetaObject::invokeMethod(
+                this, [&goneInTheCallback] { goneInTheCallback = gone; }, Qt::QueuedConnection);
+            runner.reset();
+        };
+        setUp(*runner, words("ignore-terminate out a\\n sleep 60000"));
+        const bool started = runner->run();
+        const bool deleted = QTest::qWaitFor([] { return gone > 0; });
+        qInstallMessageHandler(before);
+        QVERIFY(started);
+        QVERIFY(deleted);
+        QCOMPARE(goneInTheCallback, 0);
+        QCOMPARE(childProcesses(), 0);
+    }
+
     void runnerReleasedWhileItsOwnerWaitsIsSafe()
     {
         common_ActivePtr<LineRunner> runner(new LineRunner);
