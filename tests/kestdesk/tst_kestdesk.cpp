@@ -459,7 +459,7 @@ private Q_SLOTS:
 #ifdef KEST_SUITE
     QString sampleModel(const char* name)
     {
-        const QString model = m_folder->filePath(text(name));
+        QString model = m_folder->filePath(text(name));
         QFile::copy(text(KEST_SUITE "/models/") + text(name), model);
         return model;
     }
