@@ -7,6 +7,7 @@
 #include <QEventLoop>
 #include <QRegularExpression>
 #include <QTemporaryDir>
+#include <QTextCodec>
 #include <QThread>
 #include <QTimer>
 #include <QtTest>
@@ -803,6 +804,21 @@ private Q_SLOTS:
         QCOMPARE(log.mid(lines.value(1).size() + 2), text("a\r\n\xc3\xa9\nb\na\r\n\xc3\xa9\nb\n"));
     }
 
+    void logIsUtf8InEveryLocale()
+    {
+        QTemporaryDir folder;
+        qputenv(logVariable, folder.path().toLocal8Bit());
+        QTextCodec* const ofTheLocale = QTextCodec::codecForLocale();
+        QTextCodec::setCodecForLocale(QTextCodec::codecForName("ISO-8859-1"));
+        {
+            LineRunner runner;
+            setUp(runner, {text("out"), text("\\xe2\\x82\\xac\\n")});
+            QVERIFY(runWithEventLoop(runner));
+        }
+        QTextCodec::setCodecForLocale(ofTheLocale);
+        QVERIFY(logOf(folder.filePath(text("out.log"))).endsWith(text("\xe2\x82\xac\n")));
+    }
+
     void logIsAppendedTo()
     {
         QTemporaryDir folder;
@@ -908,6 +924,41 @@ private Q_SLOTS:
                                                                                 : 0);
     }
 
+    // Its signal may still be on the way to other receivers. QProcess itself tells when it goes.
+    void processOfARunnerReleasedInACallbackIsLeftToTheEventLoop()
+    {
+        static int gone = 0;
+        gone = 0;
+        const QtMessageHandler before =
+            qInstallMessageHandler([](QtMsgType, const QMessageLogContext&, const QString& told) {
+                gone += told.contains(text("Destroyed while process")) ? 1 : 0;
+            });
+        common_ActivePtr<LineRunner> runner(new LineRunner);
+        int goneInTheCallback = -1;
+        runner->onLine = [&] {
+            QMetaObject::invokeMethod(
+                this, [&goneInTheCallback] { goneInTheCallback = gone; }, Qt::QueuedConnection);
+            runner.reset();
+        };
+        setUp(*runner, words("ignore-terminate out a\\n sleep 60000"));
+        const bool started = runner->run();
+        QEventLoop loop; // QTest::qWaitFor() would see to deletions before anything else
+        QTimer poll;
+        connect(&poll, &QTimer::timeout, &loop, [&loop] {
+            if (gone > 0) {
+                loop.quit();
+            }
+        });
+        poll.start(1);
+        QTimer::singleShot(10000, &loop, &QEventLoop::quit);
+        loop.exec();
+        qInstallMessageHandler(before);
+        QVERIFY(started);
+        QCOMPARE(gone, 1);
+        QCOMPARE(goneInTheCallback, 0);
+        QCOMPARE(childProcesses(), 0);
+    }
+
     void runnerReleasedWhileItsOwnerWaitsIsSafe()
     {
         common_ActivePtr<LineRunner> runner(new LineRunner);
@@ -993,7 +1044,7 @@ private Q_SLOTS:
                 QVERIFY(runner.run());
             }
         };
-        setUp(runner, words("out once\\n exit 0"));
+        setUp(runner, words("out once\\n exit 6"));
         QVERIFY(runner.run());
         QVERIFY(QTest::qWaitFor([&first] { return first.lifeCycle().size() == 6; }));
         QVERIFY(!wasRunning);
@@ -1001,7 +1052,7 @@ private Q_SLOTS:
         // The second observer hears of the next start before it hears of the first end, and the
         // exit code that it hears then is still the first.
         QCOMPARE(second.lifeCycle(),
-                 QStringList({text("started"), text("started"), text("exit code 0"), text("done"),
+                 QStringList({text("started"), text("started"), text("exit code 6"), text("done"),
                               text("exit code 5"), text("done")}));
     }
 

@@ -2,6 +2,7 @@
 #include <QElapsedTimer>
 #include <QFileInfo>
 #include <QProcess>
+#include <QRegularExpression>
 #include <QTemporaryDir>
 #include <QtTest>
 
@@ -454,6 +455,60 @@ private Q_SLOTS:
         QTest::qWait(3500);
         QVERIFY(!QFile::exists(alive));
     }
+
+#ifdef KEST_SUITE
+    QString sampleModel(const char* name)
+    {
+        QString model = m_folder->filePath(text(name));
+        QFile::copy(text(KEST_SUITE "/models/") + text(name), model);
+        return model;
+    }
+
+    void dipoleIsComputedToTheEnd()
+    {
+        m_home = text(KEST_SUITE);
+        const Result result = run({text("--non-interactive"), sampleModel("dipole.nec")});
+        QCOMPARE(result.exitCode, 0);
+        const QStringList shown = lines(result.output);
+        QVERIFY(!shown.filter(QRegularExpression(text("^NOTE \\d+: resonance at 28\\d\\.\\d+ MHz")))
+                     .isEmpty());
+        QVERIFY(shown.contains(text("wrote ") + m_folder->filePath(text("dipole.csv"))));
+        QVERIFY(QFile::exists(m_folder->filePath(text("dipole.csv"))));
+        QVERIFY(QFile::exists(m_folder->filePath(text("dipole.out"))));
+        QCOMPARE(shown.last(), text("dipole.nec: valid"));
+    }
+
+    void goodDeckIsValidForThePreProcessorToo()
+    {
+        m_home = text(KEST_SUITE);
+        const Result result = run({text("--non-interactive"), text("--component"), text("prekest"),
+                                   sampleModel("yagi.nec")});
+        QCOMPARE(result.exitCode, 0);
+        QCOMPARE(lines(result.output).constLast(), text("yagi.nec: valid"));
+    }
+
+    void deckWithMistakesIsAFaultWithFilesAndLines_data()
+    {
+        QTest::addColumn<QString>("component");
+        QTest::newRow("pre-processor") << "prekest";
+        QTest::newRow("solver") << "runkest";
+    }
+
+    void deckWithMistakesIsAFaultWithFilesAndLines()
+    {
+        QFETCH(QString, component);
+        m_home = text(KEST_SUITE);
+        const Result result = run({text("--non-interactive"), text("--component"), component,
+                                   sampleModel("mistakes.nec")});
+        QCOMPARE(result.exitCode, 1);
+        const QStringList errors =
+            lines(result.output)
+                .filter(QRegularExpression(text("^ERROR \\d+: mistakes\\.nec:\\d+: .")));
+        QVERIFY2(errors.size() >= 5, result.output.constData());
+        QVERIFY(!QFile::exists(m_folder->filePath(text("mistakes.csv"))));
+        QCOMPARE(lines(result.output).constLast(), text("mistakes.nec: fault"));
+    }
+#endif
 };
 
 QTEST_GUILESS_MAIN(tst_kestdesk)
