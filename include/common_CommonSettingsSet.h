@@ -23,6 +23,7 @@ public:
     common_CommonSettingsSet(const common_CommonSettingsSet&) = delete;
 
     /// Takes over the other's geometry and recent files, which it then has no more.
+    // NOLINTNEXTLINE(misc-unconventional-assign-operator): the exported signature is kept
     common_CommonSettingsSet& operator=(common_CommonSettingsSet& other);
 
     virtual ~common_CommonSettingsSet();

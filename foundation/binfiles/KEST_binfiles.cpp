@@ -1,12 +1,11 @@
 #include <KEST_binfiles.h>
 
-#include <QDateTime>
+#include "FileLock.h"
+
 #include <QDir>
 #include <QFileInfo>
-#include <QLockFile>
 
 #include <algorithm>
-#include <cstring>
 #include <map>
 #include <memory>
 
@@ -15,13 +14,10 @@ namespace {
 // Not ".lock": QSettings takes that one itself whenever it writes, and would wait for ever.
 const char* const lockSuffix = ".kestlock";
 
-// A lock file is made first and filled and locked right after: one as young as this is left alone.
-constexpr qint64 newLockMilliseconds = 2000;
-
 struct Lock
 {
     QString path;
-    std::unique_ptr<QLockFile> file;
+    std::unique_ptr<FileLock> file;
 };
 
 using Locks = std::map<uint64_t, Lock>;
@@ -51,22 +47,6 @@ Locks::iterator lockOf(const QString& path)
     });
 }
 
-// Removes what a process left that no longer lives. QLockFile does so where it can read the process
-// id; a lock file that is empty or damaged, or whose id now is another process's, is still not
-// locked by the system, and removeStaleLockFile() asks for that.
-bool removeLeftLock(QLockFile& lock, const QString& path)
-{
-    const QDateTime modified = QFileInfo(lockPath(path)).lastModified();
-    return modified.msecsTo(QDateTime::currentDateTime()) > newLockMilliseconds &&
-           lock.removeStaleLockFile();
-}
-
-bool tryLock(QLockFile& lock, const QString& path)
-{
-    return lock.tryLock(0) || (lock.error() == QLockFile::LockFailedError &&
-                               removeLeftLock(lock, path) && lock.tryLock(0));
-}
-
 uint64_t newHandle()
 {
     static uint64_t last = 0;
@@ -82,11 +62,11 @@ int KEST_binfiles_set_lock_hard(const wchar_t* path, int /*option*/, uint64_t* h
     if (lockOf(file) != locks().end()) {
         return KEST_BINFILES_LOCKED_BY_THIS_PROCESS;
     }
-    auto lock = std::make_unique<QLockFile>(lockPath(file));
-    lock->setStaleLockTime(0); // a lock lives as long as a dialog: only its process's end ends it
-    if (!tryLock(*lock, file)) {
-        return lock->error() == QLockFile::LockFailedError ? KEST_BINFILES_LOCKED_BY_OTHER_PROCESS
-                                                           : KEST_BINFILES_LOCK_NOT_MADE;
+    auto lock = std::make_unique<FileLock>(lockPath(file));
+    const FileLock::Outcome outcome = lock->tryTake();
+    if (outcome != FileLock::Taken) {
+        return outcome == FileLock::HeldElsewhere ? KEST_BINFILES_LOCKED_BY_OTHER_PROCESS
+                                                  : KEST_BINFILES_LOCK_NOT_MADE;
     }
     *handle = newHandle();
     locks()[*handle] = Lock{file, std::move(lock)};
@@ -105,16 +85,15 @@ int KEST_binfiles_remove_lock(const wchar_t* path, uint64_t handle)
 
 int64_t KEST_binfiles_lock_owner(const wchar_t* path, char* host, size_t hostSize)
 {
-    const QLockFile lock(lockPath(absolutePath(path)));
-    qint64 process = 0;
-    QString hostName;
-    QString application;
-    if (!lock.getLockInfo(&process, &hostName, &application)) {
-        process = 0;
+    constexpr qint64 longestOwner = 1000; // bytes
+    QFile file(lockPath(absolutePath(path)));
+    QList<QByteArray> lines;
+    if (file.open(QIODevice::ReadOnly)) {
+        lines = file.read(longestOwner).split('\n');
     }
+    const QByteArray hostName = lines.value(2);
     if (host && hostSize > 0) {
-        const QByteArray name = hostName.toUtf8().left(static_cast<int>(hostSize) - 1);
-        std::memcpy(host, name.constData(), static_cast<size_t>(name.size()) + 1);
+        qstrncpy(host, hostName.constData(), static_cast<uint>(hostSize));
     }
-    return process;
+    return lines.value(0).toLongLong();
 }

@@ -1,8 +1,11 @@
 #include <common_PropertyContainer.h>
 
+#include <common_ActivePtr.h>
 #include <common_PropertyFactory.h>
 
 #include <QStringList>
+
+#include <vector>
 
 common_IPropertyContainer::~common_IPropertyContainer() = default;
 
@@ -64,8 +67,12 @@ common_PropertyReference common_PropertyContainer::operator[](const QString& nam
 void common_PropertyContainer::propertyValueChanged(const common_Property& property)
 {
     const common_Property told = property; // an observer may assign again
-    const auto connections = getObservers();
-    for (const auto* connection : connections) {
-        connection->getObserver()->propertyValueChanged(told);
+    const auto& observers = getObservers();
+    const std::vector<common_ActivePtr<common_ObserverConnection<common_PropertyContainerObserver>>>
+        connections(observers.cbegin(), observers.cend()); // kept while observers come and go
+    for (const auto& connection : connections) {
+        if (connection->hasObserver()) {
+            connection->getObserver()->propertyValueChanged(told);
+        }
     }
 }

@@ -66,25 +66,25 @@ void common_UserQuery::print() const
     }
 }
 
-// As QMessageBox has it: the button of the Escape key, else the only one, else the only one that
-// rejects, else the only one that declines.
+// As QMessageBox has it: the button of the Escape key, which is the last one set, else the only
+// one, else the only one that rejects, else the only one that declines.
 int common_UserQuery::escapeAnswer() const
 {
     if (m_options.isEmpty()) {
         return QMessageBox::AcceptRole;
     }
     const auto escape =
-        std::find_if(m_options.cbegin(), m_options.cend(),
+        std::find_if(m_options.crbegin(), m_options.crend(),
                      [](const Option& option) { return option.defaultType == EscapeDefault; });
-    if (escape != m_options.cend()) {
+    if (escape != m_options.crend()) {
         return escape->role;
     }
     if (m_options.size() == 1) {
         return m_options.first().role;
     }
     for (const QMessageBox::ButtonRole role : {QMessageBox::RejectRole, QMessageBox::NoRole}) {
-        if (std::any_of(m_options.cbegin(), m_options.cend(),
-                        [role](const Option& option) { return option.role == role; })) {
+        if (std::count_if(m_options.cbegin(), m_options.cend(),
+                          [role](const Option& option) { return option.role == role; }) == 1) {
             return role;
         }
     }

@@ -32,7 +32,9 @@ bool common_LockFile::lock(bool keepHandle)
     const common_ActivePtr<common_UserMessage> message = common_UserMessage::create(
         QStringLiteral("The %1 file is locked.").arg(m_file.absoluteFilePath()),
         QStringLiteral("17331"), common_UserMessage::Warning, common_UserMessage::PlainText);
-    GET_SERVICE(common_ISession)->showUserMessage(message, nullptr);
+    common_ServiceOf<common_ISession>::getService("common_ISession",
+                                                  "src/lockfile/common_LockFile.cpp", __LINE__)
+        ->showUserMessage(message, nullptr);
     return false;
 }
 

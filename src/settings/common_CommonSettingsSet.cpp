@@ -62,6 +62,7 @@ common_CommonSettingsSet::common_CommonSettingsSet(const QString& directory, con
     m_recentFiles = std::make_unique<common_recent_file_settings>(m_fullFileName);
 }
 
+// NOLINTNEXTLINE(misc-unconventional-assign-operator): the exported signature is kept
 common_CommonSettingsSet& common_CommonSettingsSet::operator=(common_CommonSettingsSet& other)
 {
     m_geometry = std::move(other.m_geometry);

@@ -1,23 +1,31 @@
 #include "common_SettingsFile.h"
 
-#include <QDateTime>
-#include <QDeadlineTimer>
+#include <KEST_binfiles.h>
+
+#include <QDataStream>
 #include <QDir>
+#include <QElapsedTimer>
 #include <QFileInfo>
-#include <QLockFile>
 #include <QMap>
 #include <QSaveFile>
 #include <QTemporaryDir>
 #include <QThread>
 #include <QVariant>
 
+#include <algorithm>
+#include <string>
+
 namespace {
 
-// What a window may stand still for, and a small part of the time that a write takes. QLockFile
-// waits longer and longer between its tries, so that one of many writers may starve.
-constexpr int longestWait = 900;     // milliseconds
-constexpr int waitBetweenTries = 1;  // milliseconds
-constexpr qint64 leftGuardAge = 300; // milliseconds: no write takes that long
+// What a window may stand still for, and a small part of the time that a write takes.
+constexpr int longestWait = 900; // milliseconds
+
+// Nobody queues, so whoever has waited for long tries more often than those who came later.
+unsigned long waitBetweenTries(qint64 waited)
+{
+    constexpr qint64 longWait = 50;        // milliseconds
+    return waited < longWait ? 2000 : 100; // microseconds
+}
 
 using Values = QMap<QString, QVariant>;
 
@@ -31,24 +39,101 @@ Values valuesOf(const QSettings& settings)
     return values;
 }
 
-// A guard of a process that was killed is taken over: QLockFile does that where it can read it, and
-// removeStaleLockFile() where only the system knows that nobody holds it any more.
-bool lockGuard(QLockFile& guard, const QString& path)
+QByteArray streamed(const QVariant& value)
 {
-    guard.setStaleLockTime(0);
-    const QDeadlineTimer deadline(longestWait);
-    while (!guard.tryLock(0)) {
-        if (guard.error() != QLockFile::LockFailedError || deadline.hasExpired()) {
-            return false;
-        }
-        const QDateTime made = QFileInfo(path).lastModified();
-        if (made.isValid() && made.msecsTo(QDateTime::currentDateTime()) > leftGuardAge) {
-            guard.removeStaleLockFile();
-        }
-        QThread::msleep(waitBetweenTries);
-    }
-    return true;
+    QByteArray bytes;
+    QDataStream stream(&bytes, QIODevice::WriteOnly);
+    stream << value;
+    return bytes;
 }
+
+QStringList texts(const QVariant& value)
+{
+    if (!value.isValid()) {
+        return QStringList();
+    }
+    return value.canConvert<QStringList>() ? value.toStringList() : QStringList(value.toString());
+}
+
+// Types change on the way through a file: a number becomes a text, an empty list becomes nothing.
+bool isSame(const QVariant& expected, const QVariant& read)
+{
+    return expected == read || streamed(expected) == streamed(read) ||
+           texts(expected) == texts(read);
+}
+
+bool areSame(const Values& expected, const Values& read)
+{
+    return expected.keys() == read.keys() &&
+           std::equal(expected.cbegin(), expected.cend(), read.cbegin(), isSame);
+}
+
+bool isNothing(const QVariant& value)
+{
+    return !value.isValid() || value.userType() == QMetaType::QVariant;
+}
+
+// QSettings tells of lines that it cannot read as soon as it had to look at them all, but not of
+// values: of those that it cannot read nothing comes, as of those that are meant to be nothing.
+bool isDamaged(const QSettings& settings)
+{
+    const Values values = valuesOf(settings);
+    const auto nothing = std::count_if(values.cbegin(), values.cend(), isNothing);
+    QFile file(settings.fileName());
+    return settings.status() == QSettings::FormatError ||
+           (nothing > 0 && file.open(QIODevice::ReadOnly) &&
+            file.readAll().count("@Invalid()") < nothing);
+}
+
+/// Keeps other writers of a file away for as long as it lives.
+class WriteGuard
+{
+public:
+    explicit WriteGuard(const QString& file)
+        : m_path((file + QStringLiteral(".write")).toStdWString())
+    {
+        QElapsedTimer waiting;
+        waiting.start();
+        while (!tryLock() && m_status == KEST_BINFILES_LOCKED_BY_OTHER_PROCESS &&
+               !waiting.hasExpired(longestWait)) {
+            QThread::usleep(waitBetweenTries(waiting.elapsed()));
+        }
+    }
+
+    WriteGuard(const WriteGuard&) = delete;
+    WriteGuard& operator=(const WriteGuard&) = delete;
+
+    ~WriteGuard()
+    {
+        if (m_handle != 0) {
+            KEST_binfiles_remove_lock(m_path.c_str(), m_handle);
+        }
+    }
+
+    /// Why it keeps nobody away; empty when it does.
+    QString failure() const
+    {
+        switch (m_status) {
+        case KEST_BINFILES_LOCK_TAKEN:
+            return QString();
+        case KEST_BINFILES_LOCK_NOT_MADE:
+            return QStringLiteral("its folder cannot be written");
+        default:
+            return QStringLiteral("somebody else is writing it");
+        }
+    }
+
+private:
+    bool tryLock()
+    {
+        m_status = KEST_binfiles_set_lock_hard(m_path.c_str(), 0, &m_handle);
+        return m_status == KEST_BINFILES_LOCK_TAKEN;
+    }
+
+    const std::wstring m_path;
+    uint64_t m_handle = 0;
+    int m_status = KEST_BINFILES_LOCK_NOT_MADE;
+};
 
 } // namespace
 
@@ -62,14 +147,10 @@ QString common_SettingsFile::change(const std::function<void(QSettings&)>& chang
     if (!QDir().mkpath(file.absolutePath())) {
         return QStringLiteral("its folder cannot be made");
     }
-    const QString guardPath = file.absoluteFilePath() + QStringLiteral(".kestwrite");
-    QLockFile guard(guardPath);
-    if (!lockGuard(guard, guardPath)) {
-        return guard.error() == QLockFile::LockFailedError
-                   ? QStringLiteral("another process is writing it")
-                   : QStringLiteral("its folder cannot be written");
-    }
-    return changeUnderGuard(change);
+    // Whoever reaches the file by a link writes the same file.
+    const WriteGuard guard(file.exists() ? file.canonicalFilePath() : file.absoluteFilePath());
+    const QString failure = guard.failure();
+    return failure.isEmpty() ? changeUnderGuard(change) : failure;
 }
 
 // The change is made to a copy and read back, because QSettings does not notice a short write.
@@ -86,15 +167,13 @@ QString common_SettingsFile::changeUnderGuard(const std::function<void(QSettings
     Values expected;
     {
         QSettings settings(copy, m_format);
-        if (settings.status() == QSettings::FormatError) {
-            keepDamaged();
-        }
+        keepIfDamaged(settings);
         change(settings);
         expected = valuesOf(settings);
     }
     QFile file(written);
     if (!QFile::rename(copy, written) || !file.open(QIODevice::ReadOnly) ||
-        valuesOf(QSettings(written, m_format)) != expected) {
+        !areSame(expected, valuesOf(QSettings(written, m_format)))) {
         return QStringLiteral("there is no room in %1").arg(folder.path());
     }
     return replace(file.readAll());
@@ -110,10 +189,10 @@ QString common_SettingsFile::replace(const QByteArray& content) const
     return QString();
 }
 
-void common_SettingsFile::keepDamaged() const
+void common_SettingsFile::keepIfDamaged(const QSettings& content) const
 {
     const QString kept = m_fileName + QStringLiteral(".damaged");
-    if (!QFile::exists(kept) && QFile::copy(m_fileName, kept)) {
+    if (!QFile::exists(kept) && isDamaged(content) && QFile::copy(m_fileName, kept)) {
         qWarning("The settings file %s is damaged; a copy is kept in %s.",
                  qUtf8Printable(m_fileName), qUtf8Printable(kept));
     }

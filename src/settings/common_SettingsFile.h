@@ -17,9 +17,9 @@ public:
     /// the reason why the file is as it was.
     QString change(const std::function<void(QSettings&)>& change) const;
 
-    /// Keeps a copy of the file as it is, once, because what cannot be read is lost with the next
-    /// write. Qt's log names both.
-    void keepDamaged() const;
+    /// Keeps a copy of the file as it is, once, when not all of its content could be read, because
+    /// that is lost with the next write. Qt's log names both.
+    void keepIfDamaged(const QSettings& content) const;
 
 private:
     QString changeUnderGuard(const std::function<void(QSettings&)>& change) const;

@@ -45,8 +45,8 @@ void common_settings::writeSettings()
 void common_settings::readFrom(const QString& fileName)
 {
     QSettings settings(fileName, m_format);
-    if (settings.status() == QSettings::FormatError) {
-        common_SettingsFile(fileName, m_format).keepDamaged();
+    if (fileName == m_fileName) {
+        common_SettingsFile(fileName, m_format).keepIfDamaged(settings);
     }
     settings.beginGroup(m_groupName);
     doReadSettings(settings);

@@ -4,6 +4,8 @@
 
 #include <QRegExp>
 
+#include <utility>
+
 namespace {
 
 constexpr int normalPriority = 2;
@@ -78,7 +80,8 @@ QStringList common_ComponentsLaunchOptions::getKestParallelOptions(bool remoteRu
                                .arg(authenticationWord(integer("Kest.ParallelAuthenticMethod"))));
     addGPUCommandOptions(list);
     addRemoteMethodOption(list, remoteRun);
-    addCommandOption(list, text("Kest.AdvancedOptions"));
+    // Simplified first: here blanks only are no element, unlike in a sequential run.
+    addCommandOption(list, text("Kest.AdvancedOptions").simplified());
     addKestOptions(list);
     return list;
 }
@@ -176,12 +179,12 @@ void common_ComponentsLaunchOptions::addCommandOption(QStringList& list, QString
 }
 
 void common_ComponentsLaunchOptions::addConditionalCommandOption(
-    QStringList& list, QString text, // NOLINT(performance-unnecessary-value-param): declared so
-    QString propertyName,            // NOLINT(performance-unnecessary-value-param): declared so
+    QStringList& list, QString text,
+    QString propertyName, // NOLINT(performance-unnecessary-value-param): declared so
     bool expected) const
 {
     if ((*this)[propertyName].castToBool() == expected) {
-        addCommandOption(list, text);
+        addCommandOption(list, std::move(text));
     }
 }
 

@@ -1,0 +1,249 @@
+// Plays the other processes that use the same settings files. Its first argument is the command:
+//
+//   try FILE                    tries to lock the file, says the status and ends
+//   hold FILE                   the same, and waits for the end of its input before it ends
+//   hold-with-child FILE        the same, with a child process that outlives it for a while
+//   race FILE ROUNDS            takes the lock ROUNDS times, notes when somebody else has it as
+//                               well, and leaves lock files behind as killed processes do
+//   create DIRECTORY            makes writable launch options on DIRECTORY/kest.ini, says "made" or
+//                               "null", and waits for the end of its input
+//   change FILE KEY ROUNDS      ROUNDS times: locks the file, counts KEY up, writes, releases
+//   write FILE KEYS COUNT       writes COUNT keys, KEYS0 and so on, one a time and without a lock
+//   rewrite FILE LENGTH         writes texts of LENGTH equal letters for ever
+//   write-limited FILE BYTES LENGTH
+//                               writes a text of LENGTH letters where no file may exceed BYTES
+//
+// Says "slowest MILLISECONDS" of its writes where it counts them.
+#include <FakeServices.h>
+#include <SettingsObjects.h>
+
+#include <KEST_binfiles.h>
+#include <common_ComponentsLaunchOptions.h>
+#include <common_LockFile.h>
+
+#include <QCoreApplication>
+#include <QElapsedTimer>
+#include <QFile>
+#include <QProcess>
+#include <QThread>
+
+#include <csignal>
+#include <cstdio>
+#include <functional>
+#include <map>
+
+#include <fcntl.h>
+#include <sys/resource.h>
+#include <sys/stat.h>
+#include <sys/time.h>
+#include <unistd.h>
+
+namespace {
+
+int say(const char* what, qint64 number)
+{
+    std::printf("%s %lld\n", what, static_cast<long long>(number));
+    std::fflush(stdout);
+    return 0;
+}
+
+void waitForEndOfInput()
+{
+    while (std::getchar() != EOF) {
+    }
+}
+
+int lock(const QString& file, uint64_t* handle)
+{
+    return KEST_binfiles_set_lock_hard(file.toStdWString().c_str(), 0, handle);
+}
+
+int tryLock(const QStringList& arguments)
+{
+    uint64_t handle = 0;
+    return say("status", lock(arguments.at(0), &handle));
+}
+
+int holdLock(const QStringList& arguments)
+{
+    tryLock(arguments);
+    waitForEndOfInput();
+    return 0;
+}
+
+int holdLockWithChild(const QStringList& arguments)
+{
+    tryLock(arguments);
+    qint64 child = 0;
+    QProcess::startDetached(QStringLiteral(KEST_TEST_CHILD),
+                            {QStringLiteral("sleep"), QStringLiteral("5000")}, QString(), &child);
+    say("child", child);
+    waitForEndOfInput();
+    return 0;
+}
+
+// As a process leaves it that was killed right after it had made it, some time ago.
+void leaveLockFile(const QByteArray& path)
+{
+    const int file = ::open(path.constData(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666);
+    if (file >= 0) {
+        const timespec times[] = {{1, 0}, {1, 0}};
+        ::futimens(file, times);
+        ::close(file);
+    }
+}
+
+bool holdAlone(const QByteArray& marker)
+{
+    const int file = ::open(marker.constData(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666);
+    if (file < 0) {
+        return false;
+    }
+    ::close(file);
+    ::usleep(200);
+    return ::unlink(marker.constData()) == 0;
+}
+
+int race(const QStringList& arguments)
+{
+    const QString path = arguments.at(0);
+    int rounds = arguments.at(1).toInt();
+    qint64 clashes = 0;
+    while (rounds > 0) {
+        uint64_t handle = 0;
+        if (lock(path, &handle) != KEST_BINFILES_LOCK_TAKEN) {
+            QThread::usleep(100);
+            continue;
+        }
+        clashes += holdAlone(QFile::encodeName(path + QStringLiteral(".holder"))) ? 0 : 1;
+        KEST_binfiles_remove_lock(path.toStdWString().c_str(), handle);
+        if (--rounds % 2 == 0) {
+            leaveLockFile(QFile::encodeName(path + QStringLiteral(".kestlock")));
+        }
+    }
+    return say("clashes", clashes);
+}
+
+int create(const QStringList& arguments)
+{
+    const FakeApplicationInfo info(arguments.at(0));
+    const FakeSession session;
+    const auto options = common_ComponentsLaunchOptions::create(ReadWriteAccess);
+    std::puts(options.isNull() ? "null" : "made");
+    std::fflush(stdout);
+    waitForEndOfInput();
+    return 0;
+}
+
+// A writer like the suite's own: it keeps the lock from before it reads until after it wrote.
+bool countUp(const QString& file, const QString& key)
+{
+    const common_ActivePtr<common_LockFile> lockFile(new common_LockFile(QFileInfo(file)));
+    if (!lockFile->lock(false)) {
+        return false;
+    }
+    CountSettings settings(file, key);
+    settings.readSettings();
+    ++settings.count;
+    settings.writeSettings();
+    return true;
+}
+
+int change(const QStringList& arguments)
+{
+    const FakeApplicationInfo info;
+    const FakeSession session;
+    int rounds = arguments.at(2).toInt();
+    qint64 slowest = 0;
+    while (rounds > 0) {
+        QElapsedTimer timer;
+        timer.start();
+        if (countUp(arguments.at(0), arguments.at(1))) {
+            slowest = qMax(slowest, timer.elapsed());
+            --rounds;
+        } else {
+            QThread::msleep(1);
+        }
+    }
+    return say("slowest", slowest);
+}
+
+int write(const QStringList& arguments)
+{
+    const FakeApplicationInfo info;
+    qint64 slowest = 0;
+    for (int number = 0; number < arguments.at(2).toInt(); ++number) {
+        CountSettings settings(arguments.at(0), arguments.at(1) + QString::number(number));
+        settings.count = number;
+        QElapsedTimer timer;
+        timer.start();
+        settings.writeSettings();
+        slowest = qMax(slowest, timer.elapsed());
+    }
+    return say("slowest", slowest);
+}
+
+int rewrite(const QStringList& arguments)
+{
+    const FakeApplicationInfo info;
+    TextSettings settings(arguments.at(0));
+    say("writing", 1);
+    for (int number = 0;; ++number) {
+        settings.text = QString(arguments.at(1).toInt(), QLatin1Char(char('a' + number % 26)));
+        settings.writeSettings();
+    }
+}
+
+int writeLimited(const QStringList& arguments)
+{
+    const FakeApplicationInfo info;
+    TextSettings settings(arguments.at(0));
+    settings.text = QString(arguments.at(2).toInt(), QLatin1Char('x'));
+    std::signal(SIGXFSZ, SIG_IGN);
+    const rlim_t bytes = arguments.at(1).toULongLong();
+    const rlimit limit = {bytes, bytes};
+    if (::setrlimit(RLIMIT_FSIZE, &limit) != 0) {
+        return 1;
+    }
+    settings.writeSettings();
+    return 0;
+}
+
+struct Command
+{
+    int argumentCount;
+    std::function<int(const QStringList&)> run;
+};
+
+const std::map<QString, Command>& commands()
+{
+    // clang-format off
+    static const std::map<QString, Command> table = {
+        {QStringLiteral("try"),           {1, tryLock}},
+        {QStringLiteral("hold"),          {1, holdLock}},
+        {QStringLiteral("hold-with-child"), {1, holdLockWithChild}},
+        {QStringLiteral("race"),          {2, race}},
+        {QStringLiteral("create"),        {1, create}},
+        {QStringLiteral("change"),        {3, change}},
+        {QStringLiteral("write"),         {3, write}},
+        {QStringLiteral("rewrite"),       {2, rewrite}},
+        {QStringLiteral("write-limited"), {3, writeLimited}},
+    };
+    // clang-format on
+    return table;
+}
+
+} // namespace
+
+int main(int argc, char* argv[])
+{
+    const QCoreApplication application(argc, argv);
+    QStringList arguments = QCoreApplication::arguments().mid(1);
+    const auto command = commands().find(arguments.value(0));
+    if (command == commands().cend() || arguments.size() != command->second.argumentCount + 1) {
+        std::fprintf(stderr, "kest_settings_process: bad command\n");
+        return 99;
+    }
+    arguments.removeFirst();
+    return command->second.run(arguments);
+}

@@ -1,0 +1,443 @@
+#include <SettingsProcess.h>
+
+#include <KEST_binfiles.h>
+
+#include <QDir>
+#include <QElapsedTimer>
+#include <QFile>
+#include <QSettings>
+#include <QTemporaryDir>
+#include <QtTest>
+
+#include <memory>
+#include <vector>
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+namespace {
+
+constexpr qint64 atOnce = 1000; // milliseconds
+constexpr uint64_t untouched = 4711;
+const char* const lockSuffix = ".kestlock";
+
+int lock(const QString& file, uint64_t* handle)
+{
+    return KEST_binfiles_set_lock_hard(file.toStdWString().c_str(), 0, handle);
+}
+
+int unlock(const QString& file, uint64_t handle)
+{
+    return KEST_binfiles_remove_lock(file.toStdWString().c_str(), handle);
+}
+
+QString statusOfOtherProcess(const QString& file)
+{
+    return SettingsProcess({QStringLiteral("try"), file}).said();
+}
+
+void makeOld(const QString& file)
+{
+    const timespec times[] = {{1, 0}, {1, 0}};
+    ::utimensat(AT_FDCWD, QFile::encodeName(file).constData(), times, 0);
+}
+
+bool write(const QString& name, const QByteArray& content)
+{
+    QFile file(name);
+    return file.open(QIODevice::WriteOnly) && file.write(content) == content.size();
+}
+
+QByteArray contentOf(const QString& name)
+{
+    QFile file(name);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("no such file");
+}
+
+} // namespace
+
+class tst_KEST_binfiles : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init()
+    {
+        m_directory = std::make_unique<QTemporaryDir>();
+        m_file = m_directory->filePath(QStringLiteral("kest.ini"));
+        m_lock = m_file + QLatin1String(lockSuffix);
+    }
+
+    void takesALockOnceAndGivesAHandle()
+    {
+        uint64_t handle = 0;
+        QCOMPARE(lock(m_file, &handle), 0);
+        QVERIFY(handle != 0);
+        QCOMPARE(unlock(m_file, handle), 0);
+    }
+
+    void refusesASecondLockOfThisProcess()
+    {
+        uint64_t handle = 0;
+        QCOMPARE(lock(m_file, &handle), 0);
+        uint64_t second = untouched;
+        QCOMPARE(lock(m_file, &second), 2);
+        QCOMPARE(second, untouched);
+        QCOMPARE(unlock(m_file, handle), 0);
+        QCOMPARE(lock(m_file, &second), 0);
+        QVERIFY(second != handle);
+        QCOMPARE(unlock(m_file, second), 0);
+    }
+
+    void knowsAFileByEachOfItsPaths()
+    {
+        const QString folder = m_directory->filePath(QStringLiteral("link"));
+        QVERIFY(QFile::link(m_directory->path(), folder));
+        uint64_t handle = 0;
+        QCOMPARE(lock(folder + QStringLiteral("/kest.ini"), &handle), 0);
+        uint64_t second = untouched;
+        QCOMPARE(lock(m_file, &second), 2);
+        QVERIFY(QDir(m_directory->path()).mkdir(QStringLiteral("sub")));
+        QCOMPARE(lock(m_directory->filePath(QStringLiteral("./sub/../kest.ini")), &second), 2);
+        QCOMPARE(unlock(m_file, handle), 0);
+    }
+
+    void refusesALockOfAnotherProcess()
+    {
+        SettingsProcess holder({QStringLiteral("hold"), m_file});
+        QCOMPARE(holder.said(), QStringLiteral("status 0"));
+        uint64_t handle = untouched;
+        QElapsedTimer timer;
+        timer.start();
+        QCOMPARE(lock(m_file, &handle), 1);
+        QVERIFY(timer.elapsed() < atOnce);
+        QCOMPARE(handle, untouched);
+    }
+
+    void isRefusedToAnotherProcess()
+    {
+        uint64_t handle = 0;
+        QCOMPARE(lock(m_file, &handle), 0);
+        QCOMPARE(statusOfOtherProcess(m_file), QStringLiteral("status 1"));
+        QCOMPARE(unlock(m_file, handle), 0);
+        QCOMPARE(statusOfOtherProcess(m_file), QStringLiteral("status 0"));
+    }
+
+    void takesOverWhenTheHolderEnds_data()
+    {
+        QTest::addColumn<bool>("killed");
+        QTest::newRow("by itself") << false;
+        QTest::newRow("killed") << true;
+    }
+
+    void takesOverWhenTheHolderEnds()
+    {
+        QFETCH(bool, killed);
+        SettingsProcess holder({QStringLiteral("hold"), m_file});
+        QCOMPARE(holder.said(), QStringLiteral("status 0"));
+        uint64_t handle = 0;
+        QCOMPARE(lock(m_file, &handle), 1);
+        QVERIFY(killed ? holder.killAtOnce() : holder.end());
+        QElapsedTimer timer;
+        timer.start();
+        QCOMPARE(lock(m_file, &handle), 0);
+        QVERIFY(timer.elapsed() < atOnce);
+        QCOMPARE(unlock(m_file, handle), 0);
+    }
+
+    void aLockIsNeverTooOld()
+    {
+        uint64_t handle = 0;
+        QCOMPARE(lock(m_file, &handle), 0);
+        makeOld(m_lock);
+        QCOMPARE(statusOfOtherProcess(m_file), QStringLiteral("status 1"));
+        QCOMPARE(statusOfOtherProcess(m_file), QStringLiteral("status 1"));
+        QCOMPARE(unlock(m_file, handle), 0);
+    }
+
+    void childProcessesDoNotInheritTheLock()
+    {
+        SettingsProcess holder({QStringLiteral("hold-with-child"), m_file});
+        QCOMPARE(holder.said(), QStringLiteral("status 0"));
+        QVERIFY(holder.said().startsWith(QStringLiteral("child ")));
+        QVERIFY(holder.killAtOnce());
+        uint64_t handle = 0;
+        QCOMPARE(lock(m_file, &handle), 0);
+        QCOMPARE(unlock(m_file, handle), 0);
+    }
+
+    void removesOnlyTheLockThatTheHandleStandsFor()
+    {
+        const QString other = m_directory->filePath(QStringLiteral("other.ini"));
+        uint64_t handle = 0;
+        uint64_t otherHandle = 0;
+        QCOMPARE(lock(m_file, &handle), 0);
+        QCOMPARE(lock(other, &otherHandle), 0);
+        QCOMPARE(unlock(m_file, 0), 1);
+        QCOMPARE(unlock(m_file, 999999), 1);
+        QCOMPARE(unlock(m_file, otherHandle), 1);
+        QCOMPARE(statusOfOtherProcess(m_file), QStringLiteral("status 1"));
+        QCOMPARE(statusOfOtherProcess(other), QStringLiteral("status 1"));
+        QCOMPARE(unlock(other, otherHandle), 0);
+        QCOMPARE(unlock(other, otherHandle), 1);
+        QCOMPARE(statusOfOtherProcess(m_file), QStringLiteral("status 1"));
+        QCOMPARE(unlock(m_file, handle), 0);
+    }
+
+    void anOldHandleDoesNotRemoveANewLock()
+    {
+        uint64_t old = 0;
+        QCOMPARE(lock(m_file, &old), 0);
+        QCOMPARE(unlock(m_file, old), 0);
+        uint64_t handle = 0;
+        QCOMPARE(lock(m_file, &handle), 0);
+        QCOMPARE(unlock(m_file, old), 1);
+        QCOMPARE(statusOfOtherProcess(m_file), QStringLiteral("status 1"));
+        QCOMPARE(unlock(m_file, handle), 0);
+    }
+
+    void aHandleOfAnotherProcessRemovesNothing()
+    {
+        SettingsProcess holder({QStringLiteral("hold"), m_file});
+        QCOMPARE(holder.said(), QStringLiteral("status 0"));
+        for (uint64_t handle = 0; handle < 100; ++handle) {
+            QCOMPARE(unlock(m_file, handle), 1);
+        }
+        QCOMPARE(statusOfOtherProcess(m_file), QStringLiteral("status 1"));
+    }
+
+    void takesOverWhatADeadProcessLeft_data()
+    {
+        QTest::addColumn<QByteArray>("content");
+        // clang-format off
+        QTest::newRow("empty")             << QByteArray();
+        QTest::newRow("cut")               << QByteArray("12");
+        QTest::newRow("no line end")       << QByteArray("4194303\nkestdesk");
+        QTest::newRow("of a dead process") << QByteArray("4194303\nkestdesk\n") + QSysInfo::machineHostName().toUtf8() + '\n';
+        QTest::newRow("process id reused") << QByteArray("1\nkestdesk\n") + QSysInfo::machineHostName().toUtf8() + '\n';
+        QTest::newRow("of another host")   << QByteArray("1\nkestdesk\nelsewhere\n");
+        QTest::newRow("negative id")       << QByteArray("-1\n\n\n");
+        QTest::newRow("huge id")           << QByteArray(400, '9') + '\n';
+        QTest::newRow("binary")            << QByteArray("\0\xff\xfe\x80\0\n\0\n", 8);
+        // clang-format on
+    }
+
+    void takesOverWhatADeadProcessLeft()
+    {
+        QFETCH(QByteArray, content);
+        QVERIFY(write(m_lock, content));
+        makeOld(m_lock);
+        uint64_t handle = 0;
+        QElapsedTimer timer;
+        timer.start();
+        QCOMPARE(lock(m_file, &handle), 0);
+        QVERIFY(timer.elapsed() < atOnce);
+        QCOMPARE(unlock(m_file, handle), 0);
+    }
+
+    void takesOverAHugeFile()
+    {
+        QFile left(m_lock);
+        QVERIFY(left.open(QIODevice::WriteOnly));
+        QVERIFY(left.resize(qint64(1) << 30)); // sparse
+        left.close();
+        makeOld(m_lock);
+        QElapsedTimer timer;
+        timer.start();
+        uint64_t handle = 0;
+        char host[8];
+        QCOMPARE(KEST_binfiles_lock_owner(m_file.toStdWString().c_str(), host, sizeof host), 0);
+        QCOMPARE(lock(m_file, &handle), 0);
+        QVERIFY(timer.elapsed() < atOnce);
+        QCOMPARE(unlock(m_file, handle), 0);
+    }
+
+    void doesNotHangOnWhatIsNoFile_data()
+    {
+        QTest::addColumn<int>("kind");
+        QTest::newRow("directory") << int(S_IFDIR);
+        QTest::newRow("pipe") << int(S_IFIFO);
+        QTest::newRow("link to nowhere") << int(S_IFLNK);
+    }
+
+    void doesNotHangOnWhatIsNoFile()
+    {
+        QFETCH(int, kind);
+        const QByteArray path = QFile::encodeName(m_lock);
+        const int made = kind == S_IFDIR   ? ::mkdir(path.constData(), 0700)
+                         : kind == S_IFIFO ? ::mkfifo(path.constData(), 0600)
+                                           : ::symlink("nowhere/at/all", path.constData());
+        QCOMPARE(made, 0);
+        QElapsedTimer timer;
+        timer.start();
+        uint64_t handle = 0;
+        const int status = lock(m_file, &handle);
+        QVERIFY(timer.elapsed() < atOnce);
+        QVERIFY(status == 0 || status == 3);
+        QCOMPARE(handle != 0, status == 0);
+        QCOMPARE(unlock(m_file, handle), status == 0 ? 0 : 1);
+    }
+
+    void makesMissingFolders()
+    {
+        const QString deep = m_directory->filePath(QStringLiteral("a/b/c/kest.ini"));
+        uint64_t handle = 0;
+        QCOMPARE(lock(deep, &handle), 0);
+        QVERIFY(QDir(m_directory->filePath(QStringLiteral("a/b/c"))).exists());
+        QVERIFY(!QFile::exists(deep));
+        QCOMPARE(statusOfOtherProcess(deep), QStringLiteral("status 1"));
+        QCOMPARE(unlock(deep, handle), 0);
+    }
+
+    void saysWhenTheFolderCannotBeMade()
+    {
+        const QString obstacle = m_directory->filePath(QStringLiteral("file"));
+        QVERIFY(write(obstacle, "x"));
+        uint64_t handle = untouched;
+        QCOMPARE(lock(obstacle + QStringLiteral("/kest.ini"), &handle), 3);
+        QCOMPARE(lock(obstacle + QStringLiteral("/deeper/kest.ini"), &handle), 3);
+        QCOMPARE(handle, untouched);
+        QCOMPARE(contentOf(obstacle), QByteArray("x"));
+    }
+
+    void saysWhenTheFolderCannotBeWritten()
+    {
+        if (::geteuid() == 0) {
+            QSKIP("permissions do not bind the administrator");
+        }
+        QVERIFY(QFile::setPermissions(m_directory->path(), QFile::ReadOwner | QFile::ExeOwner));
+        uint64_t handle = untouched;
+        QCOMPARE(lock(m_file, &handle), 3);
+        QCOMPARE(handle, untouched);
+        QVERIFY(QFile::setPermissions(m_directory->path(),
+                                      QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner));
+    }
+
+    void saysWhenTheNameIsTooLong()
+    {
+        uint64_t handle = untouched;
+        QCOMPARE(lock(m_directory->filePath(QString(300, QLatin1Char('x'))), &handle), 3);
+        QCOMPARE(handle, untouched);
+    }
+
+    void worksForEveryName_data()
+    {
+        QTest::addColumn<QString>("name");
+        QTest::newRow("blanks") << QStringLiteral("my kest settings.ini");
+        QTest::newRow("other scripts") << QString::fromUtf8("\xc3\xa4\xe6\xbc\xa2\xf0\x9f\x94\x92");
+        QTest::newRow("line break") << QStringLiteral("a\nb");
+    }
+
+    void worksForEveryName()
+    {
+        QFETCH(QString, name);
+        const QString file = m_directory->filePath(name);
+        uint64_t handle = 0;
+        QCOMPARE(lock(file, &handle), 0);
+        const QStringList files = QDir(m_directory->path()).entryList(QDir::Files);
+        QCOMPARE(files, QStringList(name + QLatin1String(lockSuffix)));
+        QCOMPARE(unlock(file, handle), 0);
+    }
+
+    void doesNotTouchTheFile()
+    {
+        QVERIFY(write(m_file, "content"));
+        makeOld(m_file);
+        const QDateTime modified = QFileInfo(m_file).lastModified();
+        uint64_t handle = 0;
+        QCOMPARE(lock(m_file, &handle), 0);
+        QCOMPARE(contentOf(m_file), QByteArray("content"));
+        QCOMPARE(unlock(m_file, handle), 0);
+        QCOMPARE(contentOf(m_file), QByteArray("content"));
+        QCOMPARE(QFileInfo(m_file).lastModified(), modified);
+    }
+
+    void leavesNothingBehind()
+    {
+        uint64_t handle = 0;
+        QCOMPARE(lock(m_file, &handle), 0);
+        QCOMPARE(unlock(m_file, handle), 0);
+        QVERIFY(QDir(m_directory->path()).isEmpty());
+    }
+
+    void isNotInTheWayOfQSettings()
+    {
+        uint64_t handle = 0;
+        QCOMPARE(lock(m_file, &handle), 0);
+        QVERIFY(!QFile::exists(m_file + QStringLiteral(".lock")));
+        QElapsedTimer timer;
+        timer.start();
+        {
+            QSettings settings(m_file, QSettings::IniFormat);
+            settings.setValue(QStringLiteral("a"), 1);
+        }
+        QVERIFY(timer.elapsed() < atOnce);
+        QVERIFY(contentOf(m_file).contains("a=1"));
+        QCOMPARE(statusOfOtherProcess(m_file), QStringLiteral("status 1"));
+        QCOMPARE(unlock(m_file, handle), 0);
+    }
+
+    void aLockThatSomebodyDeletedAndSomebodyElseTookIsNotRemoved()
+    {
+        uint64_t handle = 0;
+        QCOMPARE(lock(m_file, &handle), 0);
+        QVERIFY(QFile::remove(m_lock));
+        SettingsProcess holder({QStringLiteral("hold"), m_file});
+        QCOMPARE(holder.said(), QStringLiteral("status 0"));
+        QCOMPARE(unlock(m_file, handle), 0);
+        QVERIFY(QFile::exists(m_lock));
+        QCOMPARE(lock(m_file, &handle), 1);
+    }
+
+    void namesTheOwner()
+    {
+        const std::wstring file = m_file.toStdWString();
+        char host[300] = "x";
+        QCOMPARE(KEST_binfiles_lock_owner(file.c_str(), host, sizeof host), 0);
+        QCOMPARE(host, "");
+        SettingsProcess holder({QStringLiteral("hold"), m_file});
+        QCOMPARE(holder.said(), QStringLiteral("status 0"));
+        QCOMPARE(KEST_binfiles_lock_owner(file.c_str(), host, sizeof host), holder.processId());
+        QCOMPARE(QString::fromUtf8(host), QSysInfo::machineHostName());
+    }
+
+    void cutsTheOwnersHostToTheBuffer()
+    {
+        QVERIFY(write(m_lock, "12\nkestdesk\nelsewhere\n"));
+        const std::wstring file = m_file.toStdWString();
+        char host[] = "xxxxxxxxx";
+        QCOMPARE(KEST_binfiles_lock_owner(file.c_str(), host, 5), 12);
+        QCOMPARE(host, "else");
+        QCOMPARE(host[5], 'x');
+        QCOMPARE(KEST_binfiles_lock_owner(file.c_str(), host, 0), 12);
+        QCOMPARE(host, "else");
+        QCOMPARE(KEST_binfiles_lock_owner(file.c_str(), nullptr, 0), 12);
+    }
+
+    // Also between processes that find what killed ones left: each leaves it now and then.
+    void neverHasTwoHolders()
+    {
+        const QString rounds =
+            QString::number(qEnvironmentVariableIsSet("KEST_FULL_TESTS") ? 1000 : 100);
+        constexpr int racers = 8;
+        std::vector<std::unique_ptr<SettingsProcess>> processes;
+        for (int racer = 0; racer < racers; ++racer) {
+            processes.push_back(std::make_unique<SettingsProcess>(
+                QStringList{QStringLiteral("race"), m_file, rounds}));
+        }
+        for (const auto& process : processes) {
+            QCOMPARE(process->said(), QStringLiteral("clashes 0"));
+            QVERIFY(process->hasEndedWell());
+        }
+    }
+
+private:
+    std::unique_ptr<QTemporaryDir> m_directory;
+    QString m_file;
+    QString m_lock;
+};
+
+QTEST_GUILESS_MAIN(tst_KEST_binfiles)
+
+#include "tst_KEST_binfiles.moc"

@@ -1,0 +1,627 @@
+#include <FakeServices.h>
+#include <SettingsObjects.h>
+#include <SettingsProcess.h>
+
+#include <common_LockFile.h>
+
+#include <QDir>
+#include <QElapsedTimer>
+#include <QFile>
+#include <QTemporaryDir>
+#include <QtTest>
+
+#include <functional>
+#include <limits>
+#include <memory>
+
+#include <sys/stat.h>
+
+namespace {
+
+constexpr qint64 atOnce = 1000; // milliseconds
+
+/// What the test wants to be read and written.
+class ScriptedSettings : public common_settings
+{
+public:
+    explicit ScriptedSettings(const QString& file, const QString& group = QStringLiteral("group"))
+        : common_settings(file, group, QSettings::IniFormat)
+    {}
+
+    std::function<void(QSettings&)> onRead = [](QSettings&) {};
+    std::function<void(QSettings&)> onWrite = [](QSettings&) {};
+
+protected:
+    void restoreDefaults() override {}
+    void doReadSettings(QSettings& settings) override { onRead(settings); }
+    void doWriteSettings(QSettings& settings) override { onWrite(settings); }
+};
+
+bool write(const QString& name, const QByteArray& content)
+{
+    QFile file(name);
+    return file.open(QIODevice::WriteOnly) && file.write(content) == content.size();
+}
+
+QByteArray contentOf(const QString& name)
+{
+    QFile file(name);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("no such file");
+}
+
+QVariant storedValue(const QString& file, const QString& key)
+{
+    return QSettings(file, QSettings::IniFormat).value(key);
+}
+
+QString textIn(const QString& file)
+{
+    TextSettings settings(file);
+    settings.readSettings();
+    return settings.text;
+}
+
+void writeText(const QString& file, const QString& text)
+{
+    TextSettings settings(file);
+    settings.text = text;
+    settings.writeSettings();
+}
+
+/// Collects what Qt's log is told while it lives.
+class LogCatcher
+{
+public:
+    LogCatcher() : m_previous(qInstallMessageHandler(note)) { lines().clear(); }
+    LogCatcher(const LogCatcher&) = delete;
+    LogCatcher& operator=(const LogCatcher&) = delete;
+    ~LogCatcher() { qInstallMessageHandler(m_previous); }
+
+    static QStringList& lines()
+    {
+        static QStringList instance;
+        return instance;
+    }
+
+private:
+    static void note(QtMsgType type, const QMessageLogContext&, const QString& text)
+    {
+        lines().append(
+            (type == QtWarningMsg ? QStringLiteral("warning: ") : QStringLiteral("other: ")) +
+            text);
+    }
+
+    QtMessageHandler m_previous;
+};
+
+} // namespace
+
+class tst_common_settings : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init()
+    {
+        m_directory = std::make_unique<QTemporaryDir>();
+        m_file = path("kest.ini");
+        m_defaults = path("defaults/default.ini");
+        QVERIFY(QDir(m_directory->path()).mkdir(QStringLiteral("defaults")));
+        m_info = std::make_unique<FakeApplicationInfo>(m_directory->path());
+        m_info->defaultSettings = path("defaults");
+    }
+
+    void knowsItsFile()
+    {
+        QCOMPARE(TextSettings(m_file).getFileName(), m_file);
+        QCOMPARE(TextSettings(QString()).getFileName(), QString());
+    }
+
+    void copiesReadAndWriteTheSame()
+    {
+        TextSettings settings(m_file, QStringLiteral("one"));
+        const TextSettings copy(settings);
+        QCOMPARE(copy.getFileName(), m_file);
+        TextSettings other(path("other.ini"), QStringLiteral("two"));
+        other = settings;
+        other.text = QStringLiteral("x");
+        other.writeSettings();
+        QVERIFY(!QFile::exists(path("other.ini")));
+        QCOMPARE(storedValue(m_file, QStringLiteral("one/text")), QVariant(QStringLiteral("x")));
+    }
+
+    void leavesTheDefaultsWhereThereIsNoFileAtAll()
+    {
+        QCOMPARE(textIn(m_file), TextSettings::defaultText());
+        QCOMPARE(QDir(m_directory->path()).entryList(QDir::Files), QStringList());
+        QCOMPARE(QDir(path("defaults")).entryList(QDir::Files), QStringList());
+    }
+
+    void readsDefaultIniUntilThereIsAUserFile()
+    {
+        QVERIFY(write(m_defaults, "[texts]\ntext=installed\n"));
+        QCOMPARE(textIn(m_file), QStringLiteral("installed"));
+        QVERIFY(!QFile::exists(m_file));
+        QVERIFY(write(m_file, "[texts]\ntext=mine\n"));
+        QCOMPARE(textIn(m_file), QStringLiteral("mine"));
+    }
+
+    void aUserFileWithoutTheGroupStillHidesDefaultIni_data()
+    {
+        QTest::addColumn<QByteArray>("content");
+        QTest::newRow("empty") << QByteArray();
+        QTest::newRow("another group") << QByteArray("[others]\ntext=x\n");
+        QTest::newRow("no group") << QByteArray("text=x\n");
+    }
+
+    void aUserFileWithoutTheGroupStillHidesDefaultIni()
+    {
+        QFETCH(QByteArray, content);
+        QVERIFY(write(m_defaults, "[texts]\ntext=installed\n"));
+        QVERIFY(write(m_file, content));
+        QCOMPARE(textIn(m_file), TextSettings::defaultText());
+    }
+
+    void writesTheUserFileAndNeverDefaultIni()
+    {
+        const QByteArray installed = "; installed\n[texts]\ntext=installed\n";
+        QVERIFY(write(m_defaults, installed));
+        TextSettings settings(m_file);
+        settings.readSettings();
+        settings.text += QStringLiteral(" and mine");
+        settings.writeSettings();
+        QCOMPARE(storedValue(m_file, QStringLiteral("texts/text")),
+                 QVariant(QStringLiteral("installed and mine")));
+        QCOMPARE(contentOf(m_defaults), installed);
+        QCOMPARE(QDir(path("defaults")).entryList(QDir::Files).size(), 1);
+    }
+
+    void aDamagedDefaultIniIsReadAsFarAsPossibleAndNotCopied()
+    {
+        QVERIFY(write(m_defaults, "[texts]\ntext=installed\nhalf a li"));
+        QCOMPARE(textIn(m_file), QStringLiteral("installed"));
+        QCOMPARE(QDir(path("defaults")).entryList(QDir::Files).size(), 1);
+    }
+
+    void opensTheGroupForItsSubclass()
+    {
+        ScriptedSettings settings(m_file, QStringLiteral("a/b"));
+        QStringList groups;
+        settings.onWrite = [&groups](QSettings& open) {
+            groups.append(open.group());
+            open.setValue(QStringLiteral("key"), 1);
+        };
+        settings.onRead = [&groups](QSettings& open) {
+            groups.append(open.group() + open.value(QStringLiteral("key")).toString());
+        };
+        settings.writeSettings();
+        settings.readSettings();
+        QCOMPARE(groups, (QStringList{QStringLiteral("a/b"), QStringLiteral("a/b1")}));
+    }
+
+    void leavesOtherGroupsAndKeysAsTheyAre()
+    {
+        QVERIFY(write(m_file, "plain=1\n[others]\ntext=theirs\n[texts]\nelse=2\ntext=old\n"));
+        writeText(m_file, QStringLiteral("new"));
+        QCOMPARE(contentOf(m_file), QByteArray("[General]\nplain=1\n\n[others]\ntext=theirs\n\n"
+                                               "[texts]\nelse=2\ntext=new\n"));
+    }
+
+    void keysThatAreRemovedAreGone()
+    {
+        QVERIFY(write(m_file, "[group]\na=1\nb=2\n"));
+        ScriptedSettings settings(m_file);
+        settings.onWrite = [](QSettings& open) { open.remove(QStringLiteral("a")); };
+        settings.writeSettings();
+        QCOMPARE(contentOf(m_file), QByteArray("[group]\nb=2\n"));
+    }
+
+    void everyValueComesBack_data()
+    {
+        QTest::addColumn<QVariant>("value");
+        // clang-format off
+        QTest::newRow("number")            << QVariant(42);
+        QTest::newRow("large number")      << QVariant(qlonglong(1) << 62);
+        QTest::newRow("true")              << QVariant(true);
+        QTest::newRow("fraction")          << QVariant(0.1);
+        QTest::newRow("not a number")      << QVariant(std::numeric_limits<double>::quiet_NaN());
+        QTest::newRow("infinity")          << QVariant(std::numeric_limits<double>::infinity());
+        QTest::newRow("empty text")        << QVariant(QString());
+        QTest::newRow("blanks")            << QVariant(QStringLiteral("  a  "));
+        QTest::newRow("quotes and commas") << QVariant(QStringLiteral("a,\"b\";c=d\\e,@f"));
+        QTest::newRow("like a type")       << QVariant(QStringLiteral("@Variant(x)"));
+        QTest::newRow("lines and NUL")     << QVariant(QStringLiteral("a\nb\r\nc") + QChar(0) + QStringLiteral("d"));
+        QTest::newRow("other scripts")     << QVariant(QString::fromUtf8("\xc3\xa4\xe6\xbc\xa2\xf0\x9f\x94\x92"));
+        QTest::newRow("bytes")             << QVariant(QByteArray("\0\xff\n", 3));
+        QTest::newRow("no bytes")          << QVariant(QByteArray());
+        QTest::newRow("list")              << QVariant(QStringList{QStringLiteral("a"), QStringLiteral("b,c")});
+        QTest::newRow("list of one")       << QVariant(QStringList{QStringLiteral("a")});
+        QTest::newRow("list of nothing")   << QVariant(QStringList{QString()});
+        QTest::newRow("empty list")        << QVariant(QStringList());
+        QTest::newRow("rectangle")         << QVariant(QRect(1, 2, 3, 4));
+        QTest::newRow("invalid")           << QVariant();
+        QTest::newRow("long text")         << QVariant(QString(200000, QLatin1Char('x')));
+        // clang-format on
+    }
+
+    void everyValueComesBack()
+    {
+        QFETCH(QVariant, value);
+        QVERIFY(write(m_file, "[others]\na=1\n"));
+        const LogCatcher log;
+        ScriptedSettings settings(m_file);
+        settings.onWrite = [&value](QSettings& open) {
+            open.setValue(QStringLiteral("key"), value);
+        };
+        settings.writeSettings();
+        QCOMPARE(LogCatcher::lines(), QStringList());
+        QVERIFY(contentOf(m_file).contains("key="));
+        QVariant read;
+        settings.onRead = [&read](QSettings& open) { read = open.value(QStringLiteral("key")); };
+        settings.readSettings();
+        if (value.type() == QVariant::StringList) {
+            QCOMPARE(read.toStringList(), value.toStringList());
+            return;
+        }
+        QCOMPARE(read.toString(), value.toString());
+        QCOMPARE(read.toByteArray(), value.toByteArray());
+        QCOMPARE(read.toRect(), value.toRect());
+    }
+
+    void readsWhateverMayBeInAFile_data()
+    {
+        QTest::addColumn<QByteArray>("content");
+        QTest::addColumn<QString>("text");
+        const QString good = QStringLiteral("good");
+        // clang-format off
+        QTest::newRow("plain")               << QByteArray("[texts]\ntext=good\n") << good;
+        QTest::newRow("CRLF")                << QByteArray("[texts]\r\ntext=good\r\n") << good;
+        QTest::newRow("no last line end")    << QByteArray("[texts]\ntext=good") << good;
+        QTest::newRow("comments")            << QByteArray("; text=bad\n# text=bad\n[texts]\n;text=bad\ntext=good\n; end") << good;
+        QTest::newRow("twice")               << QByteArray("[texts]\ntext=bad\ntext=good\n") << good;
+        QTest::newRow("group twice")         << QByteArray("[texts]\ntext=bad\n[others]\n[texts]\ntext=good\n") << good;
+        QTest::newRow("blanks around")       << QByteArray("[texts]\n text = good\n") << good;
+        QTest::newRow("list for a text")     << QByteArray("[texts]\ntext=good, bad\n") << QString();
+        QTest::newRow("invalid value")       << QByteArray("[texts]\ntext=@Invalid()\n") << QString();
+        // clang-format on
+    }
+
+    void readsWhateverMayBeInAFile()
+    {
+        QFETCH(QByteArray, content);
+        QFETCH(QString, text);
+        QVERIFY(write(m_file, content));
+        const LogCatcher log;
+        QCOMPARE(textIn(m_file), text);
+        QCOMPARE(LogCatcher::lines(), QStringList());
+        QCOMPARE(contentOf(m_file), content);
+        QVERIFY(!QFile::exists(m_file + QStringLiteral(".damaged")));
+    }
+
+    void keepsACopyOfADamagedFile_data()
+    {
+        QTest::addColumn<QByteArray>("content");
+        QTest::addColumn<QString>("text");
+        const QString good = QStringLiteral("good");
+        const QString none = TextSettings::defaultText();
+        // clang-format off
+        QTest::newRow("garbage")             << QByteArray("garbage\nand more\n") << none;
+        QTest::newRow("byte order mark")     << QByteArray("\xef\xbb\xbf[texts]\ntext=good\n") << good;
+        QTest::newRow("half a group")        << QByteArray("[texts]\ntext=good\n[oth") << good;
+        QTest::newRow("half a key")          << QByteArray("[texts]\ntext=good\nmor") << good;
+        QTest::newRow("junk between")        << QByteArray("[texts]\njunk\ntext=good\n") << good;
+        QTest::newRow("nothing but NUL")     << QByteArray(4096, '\0') << none;
+        QTest::newRow("NUL at the end")      << QByteArray("[texts]\ntext=good\n") + QByteArray(4096, '\0') << good;
+        QTest::newRow("binary")              << QByteArray("\x7f" "ELF\2\1\1\0\0\xff\xfe\n\0\0\0\n\r\n\x80", 19) << none;
+        QTest::newRow("bad variant")         << QByteArray("[texts]\nlook=@Variant(\\0\\0\\0)\ntext=good\n") << good;
+        QTest::newRow("empty variant")       << QByteArray("[texts]\nlook=@Variant()\nnone=@Invalid()\ntext=good\n") << good;
+        QTest::newRow("bad variant, asked")  << QByteArray("[texts]\ntext=@Variant(\\0\\0\\0)\n") << QString();
+        // clang-format on
+    }
+
+    void keepsACopyOfADamagedFile()
+    {
+        QFETCH(QByteArray, content);
+        QFETCH(QString, text);
+        QVERIFY(write(m_file, content));
+        const QString kept = m_file + QStringLiteral(".damaged");
+        {
+            const LogCatcher log;
+            QCOMPARE(textIn(m_file), text);
+            QCOMPARE(LogCatcher::lines().size(), 1);
+            QVERIFY(LogCatcher::lines().constFirst().startsWith(QStringLiteral("warning: ")));
+            QVERIFY(LogCatcher::lines().constFirst().contains(m_file));
+            QVERIFY(LogCatcher::lines().constFirst().contains(kept));
+            QCOMPARE(contentOf(m_file), content);
+            QCOMPARE(contentOf(kept), content);
+        }
+        const LogCatcher log;
+        QCOMPARE(textIn(m_file), text);
+        writeText(m_file, QStringLiteral("new"));
+        QCOMPARE(LogCatcher::lines(), QStringList());
+        QCOMPARE(contentOf(kept), content);
+        QCOMPARE(textIn(m_file), QStringLiteral("new"));
+    }
+
+    void keepsACopyAlsoWhenItOnlyWrites()
+    {
+        const QByteArray content = "[texts]\njunk\nelse=1\n";
+        QVERIFY(write(m_file, content));
+        const LogCatcher log;
+        writeText(m_file, QStringLiteral("new"));
+        QCOMPARE(LogCatcher::lines().size(), 1);
+        QCOMPARE(contentOf(m_file + QStringLiteral(".damaged")), content);
+        QCOMPARE(contentOf(m_file), QByteArray("[texts]\nelse=1\ntext=new\n"));
+    }
+
+    void survivesALargeFile()
+    {
+        constexpr int megabytes = 20;
+        QByteArray content = "[others]\n";
+        for (int number = 0; number < megabytes; ++number) {
+            content += "key" + QByteArray::number(number) + '=' + QByteArray(1 << 20, 'x') + '\n';
+        }
+        QVERIFY(write(m_file, content + "[texts]\ntext=good\n"));
+        QCOMPARE(textIn(m_file), QStringLiteral("good"));
+        writeText(m_file, QStringLiteral("new"));
+        QCOMPARE(textIn(m_file), QStringLiteral("new"));
+        QVERIFY(QFileInfo(m_file).size() > content.size());
+    }
+
+    void survivesALargeFileOfJunk()
+    {
+        const QByteArray content(20 << 20, 'x');
+        QVERIFY(write(m_file, content));
+        const LogCatcher log;
+        QCOMPARE(textIn(m_file), TextSettings::defaultText());
+        QCOMPARE(LogCatcher::lines().size(), 1);
+        QCOMPARE(QFileInfo(m_file + QStringLiteral(".damaged")).size(), qint64(content.size()));
+    }
+
+    void leavesTheFileAsItWasOnAFullDisk_data()
+    {
+        QTest::addColumn<QByteArray>("before");
+        QTest::addColumn<int>("limit");
+        QTest::addColumn<int>("length");
+        const QByteArray small = "[texts]\ntext=old\n";
+        const QByteArray large = "[texts]\ntext=" + QByteArray(60000, 'o') + '\n';
+        // clang-format off
+        QTest::newRow("no room at all")                << small << 0     << 10;
+        QTest::newRow("one byte")                      << small << 1     << 10;
+        QTest::newRow("up to the group")               << small << 8     << 10;
+        QTest::newRow("up to the key")                 << small << 10    << 10;
+        QTest::newRow("up to the value")               << small << 13    << 10;
+        QTest::newRow("half the value")                << small << 18    << 10;
+        QTest::newRow("all but the line end")          << small << 23    << 10;
+        QTest::newRow("one block of a long value")     << small << 4096  << 60000;
+        QTest::newRow("two blocks of a long value")    << small << 8192  << 60000;
+        QTest::newRow("long before")                   << large << 100   << 60000;
+        QTest::newRow("long before, short after")      << large << 8     << 10;
+        // clang-format on
+    }
+
+    void leavesTheFileAsItWasOnAFullDisk()
+    {
+        QFETCH(QByteArray, before);
+        QFETCH(int, limit);
+        QFETCH(int, length);
+        QVERIFY(write(m_file, before));
+        SettingsProcess writer({QStringLiteral("write-limited"), m_file, QString::number(limit),
+                                QString::number(length)});
+        QVERIFY(writer.hasEndedWell());
+        QCOMPARE(contentOf(m_file), before);
+        const QString log = QString::fromUtf8(writer.readAllStandardError());
+        QCOMPARE(log.count(QLatin1Char('\n')), 1);
+        QVERIFY2(log.contains(m_file), qPrintable(log));
+        QCOMPARE(QDir(m_directory->path()).entryList(QDir::Files | QDir::Hidden),
+                 QStringList(QStringLiteral("kest.ini")));
+    }
+
+    void writesWhatJustFits()
+    {
+        QVERIFY(write(m_file, "[texts]\ntext=old\n"));
+        SettingsProcess writer({QStringLiteral("write-limited"), m_file, QStringLiteral("60014"),
+                                QStringLiteral("60000")});
+        QVERIFY(writer.hasEndedWell());
+        QCOMPARE(writer.readAllStandardError(), QByteArray());
+        QCOMPARE(textIn(m_file).size(), 60000);
+    }
+
+    void saysOnceWhyAFileWasNotWritten_data()
+    {
+        QTest::addColumn<QString>("name");
+        QTest::newRow("a file in place of the folder") << QStringLiteral("obstacle/kest.ini");
+        QTest::newRow("a file in place of a folder above") << QStringLiteral("obstacle/a/kest.ini");
+        QTest::newRow("a folder in place of the file") << QStringLiteral("folder");
+        QTest::newRow("name too long") << QString(300, QLatin1Char('x'));
+    }
+
+    void saysOnceWhyAFileWasNotWritten()
+    {
+        QFETCH(QString, name);
+        QVERIFY(write(path("obstacle"), "x"));
+        QVERIFY(QDir(m_directory->path()).mkdir(QStringLiteral("folder")));
+        const QString file = m_directory->filePath(name);
+        const LogCatcher log;
+        TextSettings settings(file);
+        settings.text = QStringLiteral("mine");
+        QElapsedTimer timer;
+        timer.start();
+        settings.writeSettings();
+        QVERIFY(timer.elapsed() < atOnce);
+        QCOMPARE(settings.text, QStringLiteral("mine"));
+        QCOMPARE(LogCatcher::lines().size(), 1);
+        QVERIFY(LogCatcher::lines().constFirst().startsWith(QStringLiteral("warning: ")));
+        QVERIFY(LogCatcher::lines().constFirst().contains(file));
+        QCOMPARE(contentOf(path("obstacle")), QByteArray("x"));
+        QVERIFY(QDir(path("folder")).isEmpty());
+    }
+
+    void readsDefaultsWhereTheFileIsAFolder()
+    {
+        const LogCatcher log;
+        QCOMPARE(textIn(path("defaults")), TextSettings::defaultText());
+        QCOMPARE(LogCatcher::lines(), QStringList());
+    }
+
+    void makesMissingFolders()
+    {
+        const QString deep = path("a/b/kest.ini");
+        writeText(deep, QStringLiteral("deep"));
+        QCOMPARE(textIn(deep), QStringLiteral("deep"));
+    }
+
+    void writesThroughALink_data()
+    {
+        QTest::addColumn<bool>("exists");
+        QTest::newRow("to a file") << true;
+        QTest::newRow("to nothing yet") << false;
+    }
+
+    void writesThroughALink()
+    {
+        QFETCH(bool, exists);
+        const QString target = path("defaults/target.ini");
+        QVERIFY(!exists || write(target, "[others]\na=1\n"));
+        QVERIFY(QFile::link(target, m_file));
+        writeText(m_file, QStringLiteral("linked"));
+        QVERIFY(QFileInfo(m_file).isSymLink());
+        QCOMPARE(QFileInfo(m_file).symLinkTarget(), target);
+        QCOMPARE(textIn(target), QStringLiteral("linked"));
+        QCOMPARE(contentOf(target).contains("[others]"), exists);
+    }
+
+    void keepsThePermissions_data()
+    {
+        QTest::addColumn<int>("mode");
+        QTest::newRow("only mine") << 0600;
+        QTest::newRow("of a group") << 0660;
+        QTest::newRow("read by all") << 0644;
+    }
+
+    void keepsThePermissions()
+    {
+        QFETCH(int, mode);
+        QVERIFY(write(m_file, ""));
+        const QByteArray name = QFile::encodeName(m_file);
+        QCOMPARE(::chmod(name.constData(), mode_t(mode)), 0);
+        writeText(m_file, QStringLiteral("new"));
+        struct stat status = {};
+        QCOMPARE(::stat(name.constData(), &status), 0);
+        QCOMPARE(int(status.st_mode & 0777), mode);
+        QCOMPARE(textIn(m_file), QStringLiteral("new"));
+    }
+
+    void isNotDelayedByWhatAKilledProcessLeft_data()
+    {
+        QTest::addColumn<QString>("suffix");
+        QTest::addColumn<QByteArray>("content");
+        // clang-format off
+        QTest::newRow("QSettings's lock, empty")           << QStringLiteral(".lock") << QByteArray();
+        QTest::newRow("QSettings's lock, of another host") << QStringLiteral(".lock") << QByteArray("1\nx\nelsewhere\n");
+        QTest::newRow("guard, empty")                      << QStringLiteral(".write.kestlock") << QByteArray();
+        QTest::newRow("guard, of another host")            << QStringLiteral(".write.kestlock") << QByteArray("1\nx\nelsewhere\n");
+        QTest::newRow("guard, id reused")                  << QStringLiteral(".write.kestlock") << QByteArray("1\nx\n");
+        // clang-format on
+    }
+
+    void isNotDelayedByWhatAKilledProcessLeft()
+    {
+        QFETCH(QString, suffix);
+        QFETCH(QByteArray, content);
+        QVERIFY(write(m_file, "[texts]\ntext=old\n"));
+        QVERIFY(write(m_file + suffix, content));
+        const LogCatcher log;
+        QElapsedTimer timer;
+        timer.start();
+        QCOMPARE(textIn(m_file), QStringLiteral("old"));
+        writeText(m_file, QStringLiteral("new"));
+        QVERIFY(timer.elapsed() < atOnce);
+        QCOMPARE(textIn(m_file), QStringLiteral("new"));
+        QCOMPARE(LogCatcher::lines(), QStringList());
+    }
+
+    void writesWhileTheLockIsHeld_data()
+    {
+        QTest::addColumn<bool>("byAnotherProcess");
+        QTest::newRow("by this process") << false;
+        QTest::newRow("by another process") << true;
+    }
+
+    void writesWhileTheLockIsHeld()
+    {
+        QFETCH(bool, byAnotherProcess);
+        const FakeSession session;
+        const QString holderFile = byAnotherProcess ? m_file : path("unrelated.ini");
+        SettingsProcess holder({QStringLiteral("hold"), holderFile});
+        QCOMPARE(holder.said(), QStringLiteral("status 0"));
+        common_LockFile lockFile((QFileInfo(m_file)));
+        QCOMPARE(lockFile.lock(false), !byAnotherProcess);
+        QElapsedTimer timer;
+        timer.start();
+        writeText(m_file, QStringLiteral("new"));
+        QVERIFY(timer.elapsed() < atOnce);
+        QCOMPARE(textIn(m_file), QStringLiteral("new"));
+    }
+
+    void givesUpInTimeWhenSomebodyElseGoesOnWriting()
+    {
+        QVERIFY(write(m_file, "[texts]\ntext=old\n"));
+        SettingsProcess writer({QStringLiteral("hold"), m_file + QStringLiteral(".write")});
+        QCOMPARE(writer.said(), QStringLiteral("status 0"));
+        const LogCatcher log;
+        QElapsedTimer timer;
+        timer.start();
+        writeText(m_file, QStringLiteral("new"));
+        QVERIFY(timer.elapsed() < 2 * atOnce);
+        QCOMPARE(LogCatcher::lines().size(), 1);
+        QVERIFY(LogCatcher::lines().constFirst().contains(m_file));
+        QCOMPARE(textIn(m_file), QStringLiteral("old"));
+        QVERIFY(writer.killAtOnce());
+        writeText(m_file, QStringLiteral("new"));
+        QCOMPARE(textIn(m_file), QStringLiteral("new"));
+    }
+
+    void aWriteWithinAWriteIsRefusedAtOnce()
+    {
+        const LogCatcher log;
+        ScriptedSettings settings(m_file);
+        settings.onWrite = [this](QSettings& open) {
+            writeText(m_file, QStringLiteral("inner"));
+            open.setValue(QStringLiteral("key"), 1);
+        };
+        QElapsedTimer timer;
+        timer.start();
+        settings.writeSettings();
+        QVERIFY(timer.elapsed() < 500);
+        QCOMPARE(LogCatcher::lines().size(), 1);
+        QCOMPARE(contentOf(m_file), QByteArray("[group]\nkey=1\n"));
+    }
+
+    void leavesNothingBesideTheFile()
+    {
+        writeText(m_file, QStringLiteral("new"));
+        QCOMPARE(QDir(m_directory->path()).entryList(QDir::Files | QDir::Hidden),
+                 QStringList(QStringLiteral("kest.ini")));
+    }
+
+    void seesWhatAnotherObjectWrote()
+    {
+        writeText(m_file, QStringLiteral("a"));
+        QCOMPARE(textIn(m_file), QStringLiteral("a"));
+        QVERIFY(write(m_file, "[texts]\ntext=by hand\n"));
+        QCOMPARE(textIn(m_file), QStringLiteral("by hand"));
+    }
+
+private:
+    QString path(const char* name) const { return m_directory->filePath(QLatin1String(name)); }
+
+    std::unique_ptr<QTemporaryDir> m_directory;
+    std::unique_ptr<FakeApplicationInfo> m_info;
+    QString m_file;
+    QString m_defaults;
+};
+
+QTEST_GUILESS_MAIN(tst_common_settings)
+
+#include "tst_common_settings.moc"
