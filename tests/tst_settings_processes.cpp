@@ -129,7 +129,7 @@ private Q_SLOTS:
             SettingsProcess writer({QStringLiteral("rewrite"), m_file, QString::number(length)});
             QCOMPARE(writer.said(), QStringLiteral("writing 1"));
             QTRY_VERIFY(QFile::exists(m_file)); // for the first write: the file stays
-            QTest::qSleep(QRandomGenerator::global()->bounded(longestLife));
+            QTest::qSleep(QRandomGenerator::global()->bounded(1, longestLife));
             QVERIFY(writer.killAtOnce());
             const QByteArray content = contentOf(m_file);
             TextSettings settings(m_file);

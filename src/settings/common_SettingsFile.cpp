@@ -23,8 +23,7 @@ constexpr int longestWait = 900; // milliseconds
 // Nobody queues, so whoever has waited for long tries more often than those who came later.
 unsigned long waitBetweenTries(qint64 waited)
 {
-    constexpr qint64 longWait = 50;        // milliseconds
-    return waited < longWait ? 2000 : 100; // microseconds
+    return static_cast<unsigned long>(20000 / (waited + 10)); // microseconds, from milliseconds
 }
 
 using Values = QMap<QString, QVariant>;
@@ -92,10 +91,17 @@ public:
     explicit WriteGuard(const QString& file)
         : m_path((file + QStringLiteral(".write")).toStdWString())
     {
+        // Whoever had to wait for others the last time lets them go first now.
+        static bool isSought = false;
+        if (isSought) {
+            QThread::usleep(waitBetweenTries(0));
+        }
         QElapsedTimer waiting;
         waiting.start();
+        isSought = false;
         while (!tryLock() && m_status == KEST_BINFILES_LOCKED_BY_OTHER_PROCESS &&
                !waiting.hasExpired(longestWait)) {
+            isSought = true;
             QThread::usleep(waitBetweenTries(waiting.elapsed()));
         }
     }
