@@ -216,7 +216,6 @@ private Q_SLOTS:
         QTest::newRow("no line end")       << QByteArray("4194303\nkestdesk");
         QTest::newRow("of a dead process") << QByteArray("4194303\nkestdesk\n") + QSysInfo::machineHostName().toUtf8() + '\n';
         QTest::newRow("process id reused") << QByteArray("1\nkestdesk\n") + QSysInfo::machineHostName().toUtf8() + '\n';
-        QTest::newRow("of another host")   << QByteArray("1\nkestdesk\nelsewhere\n");
         QTest::newRow("negative id")       << QByteArray("-1\n\n\n");
         QTest::newRow("huge id")           << QByteArray(400, '9') + '\n';
         QTest::newRow("binary")            << QByteArray("\0\xff\xfe\x80\0\n\0\n", 8);
@@ -234,6 +233,49 @@ private Q_SLOTS:
         QCOMPARE(lock(m_file, &handle), 0);
         QVERIFY(timer.elapsed() < atOnce);
         QCOMPARE(unlock(m_file, handle), 0);
+    }
+
+    // Its process cannot be asked for, and may well live.
+    void refusesALockOfAnotherHostAtOnce()
+    {
+        const QByteArray left("1\nkestdesk\nelsewhere\n");
+        QFile file(m_file + QStringLiteral(".kestlock"));
+        QVERIFY(file.open(QIODevice::WriteOnly));
+        file.write(left);
+        file.close();
+        makeOld(file.fileName());
+        QElapsedTimer timer;
+        timer.start();
+        uint64_t handle = 7;
+        QCOMPARE(lock(m_file, &handle), 1);
+        QCOMPARE(handle, uint64_t(7));
+        QVERIFY(timer.elapsed() < 1000);
+        QVERIFY(file.open(QIODevice::ReadOnly));
+        QCOMPARE(file.readAll(), left);
+    }
+
+    void removesALeftLockByItsAgeWhenAskedTo()
+    {
+        QFile file(m_file + QStringLiteral(".kestlock"));
+        QVERIFY(file.open(QIODevice::WriteOnly));
+        file.write("1\nkestdesk\nelsewhere\n");
+        file.close();
+        const std::wstring path = m_file.toStdWString();
+        KEST_binfiles_remove_left_lock(path.c_str(), 60000);
+        QVERIFY(file.exists());
+        makeOld(file.fileName());
+        KEST_binfiles_remove_left_lock(path.c_str(), 60000);
+        QVERIFY(!file.exists());
+    }
+
+    void doesNotRemoveALockThatIsHeldHoweverOld()
+    {
+        uint64_t handle = 0;
+        QCOMPARE(lock(m_file, &handle), 0);
+        makeOld(m_file + QStringLiteral(".kestlock"));
+        KEST_binfiles_remove_left_lock(m_file.toStdWString().c_str(), 0);
+        QVERIFY(QFile::exists(m_file + QStringLiteral(".kestlock")));
+        QCOMPARE(KEST_binfiles_remove_lock(m_file.toStdWString().c_str(), handle), 0);
     }
 
     void takesOverAHugeFile()

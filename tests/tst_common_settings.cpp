@@ -4,6 +4,7 @@
 
 #include <common_LockFile.h>
 
+#include <QDateTime>
 #include <QDir>
 #include <QElapsedTimer>
 #include <QFile>
@@ -516,12 +517,13 @@ private Q_SLOTS:
     {
         QTest::addColumn<QString>("suffix");
         QTest::addColumn<QByteArray>("content");
+        QTest::addColumn<int>("age"); // seconds
         // clang-format off
-        QTest::newRow("QSettings's lock, empty")           << QStringLiteral(".lock") << QByteArray();
-        QTest::newRow("QSettings's lock, of another host") << QStringLiteral(".lock") << QByteArray("1\nx\nelsewhere\n");
-        QTest::newRow("guard, empty")                      << QStringLiteral(".write.kestlock") << QByteArray();
-        QTest::newRow("guard, of another host")            << QStringLiteral(".write.kestlock") << QByteArray("1\nx\nelsewhere\n");
-        QTest::newRow("guard, id reused")                  << QStringLiteral(".write.kestlock") << QByteArray("1\nx\n");
+        QTest::newRow("QSettings's lock, empty")           << QStringLiteral(".lock") << QByteArray() << 0;
+        QTest::newRow("QSettings's lock, of another host") << QStringLiteral(".lock") << QByteArray("1\nx\nelsewhere\n") << 0;
+        QTest::newRow("guard, empty")                      << QStringLiteral(".write.kestlock") << QByteArray() << 0;
+        QTest::newRow("guard, of another host")            << QStringLiteral(".write.kestlock") << QByteArray("1\nx\nelsewhere\n") << 10;
+        QTest::newRow("guard, id reused")                  << QStringLiteral(".write.kestlock") << QByteArray("1\nx\n") << 0;
         // clang-format on
     }
 
@@ -529,8 +531,14 @@ private Q_SLOTS:
     {
         QFETCH(QString, suffix);
         QFETCH(QByteArray, content);
+        QFETCH(int, age);
         QVERIFY(write(m_file, "[texts]\ntext=old\n"));
         QVERIFY(write(m_file + suffix, content));
+        QFile left(m_file + suffix);
+        QVERIFY(left.open(QIODevice::ReadWrite));
+        QVERIFY(left.setFileTime(QDateTime::currentDateTime().addSecs(-age),
+                                 QFileDevice::FileModificationTime));
+        left.close();
         const LogCatcher log;
         QElapsedTimer timer;
         timer.start();

@@ -1,9 +1,10 @@
 #include <KEST_binfiles.h>
 
-#include "FileLock.h"
-
+#include <QCoreApplication>
+#include <QDateTime>
 #include <QDir>
 #include <QFileInfo>
+#include <QLockFile>
 
 #include <algorithm>
 #include <map>
@@ -14,10 +15,19 @@ namespace {
 // Not ".lock": QSettings takes that one itself whenever it writes, and would wait for ever.
 const char* const lockSuffix = ".kestlock";
 
+// Beside a lock file that is being taken over.
+const char* const takeoverSuffix = ".takeover";
+
+// A living process fills its lock file right after making it.
+constexpr qint64 youngLock = 500; // milliseconds
+
+// An owner is a few short lines. More is not read: it could be a gigabyte.
+constexpr qint64 largestLockFile = 4096; // bytes
+
 struct Lock
 {
     QString path;
-    std::unique_ptr<FileLock> file;
+    std::unique_ptr<QLockFile> file;
 };
 
 using Locks = std::map<uint64_t, Lock>;
@@ -47,6 +57,68 @@ Locks::iterator lockOf(const QString& path)
     });
 }
 
+struct Owner
+{
+    qint64 process = 0; // 0: cannot be told
+    QString host;
+};
+
+Owner ownerOf(const QString& file)
+{
+    Owner owner;
+    QString application;
+    const QFileInfo lockFile(lockPath(file));
+    if (!lockFile.isFile() || lockFile.size() > largestLockFile ||
+        !QLockFile(lockPath(file)).getLockInfo(&owner.process, &owner.host, &application)) {
+        owner = Owner();
+    }
+    return owner;
+}
+
+// A folder, a pipe or a link in the place of the lock file: nothing to wait for, or to read.
+bool isBlocked(const QString& file)
+{
+    const QFileInfo lockFile(lockPath(file));
+    return lockFile.isSymLink() || (lockFile.exists() && !lockFile.isFile());
+}
+
+bool isOlder(const QString& file, qint64 milliseconds)
+{
+    const QFileInfo lockFile(lockPath(file));
+    return lockFile.isFile() &&
+           lockFile.lastModified().msecsTo(QDateTime::currentDateTime()) > milliseconds;
+}
+
+// One process at a time, and never the lock of a process that lives on this machine: the system
+// keeps its file locked too, and removeStaleLockFile() respects that.
+template <typename IsLeft>
+void removeLeftLock(const QString& file, IsLeft isLeft)
+{
+    if (isLeft()) {
+        QLockFile takeover(lockPath(file) + QLatin1String(takeoverSuffix));
+        if (takeover.tryLock(0) && isLeft()) {
+            QLockFile(lockPath(file)).removeStaleLockFile();
+        }
+    }
+}
+
+// A lock file whose owner cannot be read is not a lock, but what a crash or a full disk has left.
+void removeUnreadableLock(const QString& file)
+{
+    removeLeftLock(file,
+                   [&file] { return isOlder(file, youngLock) && ownerOf(file).process == 0; });
+}
+
+// A lock file that was deleted under its owner is perhaps somebody else's by now. QLockFile would
+// remove it all the same, so it is left to the end of the process.
+void unlock(Lock& lock)
+{
+    const Owner owner = ownerOf(lock.path);
+    if (owner.process != 0 && owner.process != QCoreApplication::applicationPid()) {
+        static_cast<void>(lock.file.release());
+    }
+}
+
 uint64_t newHandle()
 {
     static uint64_t last = 0;
@@ -62,11 +134,15 @@ int KEST_binfiles_set_lock_hard(const wchar_t* path, int /*option*/, uint64_t* h
     if (lockOf(file) != locks().end()) {
         return KEST_BINFILES_LOCKED_BY_THIS_PROCESS;
     }
-    auto lock = std::make_unique<FileLock>(lockPath(file));
-    const FileLock::Outcome outcome = lock->tryTake();
-    if (outcome != FileLock::Taken) {
-        return outcome == FileLock::HeldElsewhere ? KEST_BINFILES_LOCKED_BY_OTHER_PROCESS
-                                                  : KEST_BINFILES_LOCK_NOT_MADE;
+    if (isBlocked(file)) {
+        return KEST_BINFILES_LOCK_NOT_MADE;
+    }
+    removeUnreadableLock(file);
+    auto lock = std::make_unique<QLockFile>(lockPath(file));
+    lock->setStaleLockTime(0); // held as long as a dialog: only the end of its process ends a lock
+    if (!lock->tryLock(0)) {
+        return lock->error() == QLockFile::LockFailedError ? KEST_BINFILES_LOCKED_BY_OTHER_PROCESS
+                                                           : KEST_BINFILES_LOCK_NOT_MADE;
     }
     *handle = newHandle();
     locks()[*handle] = Lock{file, std::move(lock)};
@@ -79,21 +155,22 @@ int KEST_binfiles_remove_lock(const wchar_t* path, uint64_t handle)
     if (held == locks().end() || held->second.path != absolutePath(path)) {
         return 1;
     }
+    unlock(held->second);
     locks().erase(held);
     return 0;
 }
 
+void KEST_binfiles_remove_left_lock(const wchar_t* path, int64_t milliseconds)
+{
+    const QString file = absolutePath(path);
+    removeLeftLock(file, [&] { return isOlder(file, milliseconds); });
+}
+
 int64_t KEST_binfiles_lock_owner(const wchar_t* path, char* host, size_t hostSize)
 {
-    constexpr qint64 longestOwner = 1000; // bytes
-    QFile file(lockPath(absolutePath(path)));
-    QList<QByteArray> lines;
-    if (file.open(QIODevice::ReadOnly)) {
-        lines = file.read(longestOwner).split('\n');
-    }
-    const QByteArray hostName = lines.value(2);
+    const Owner owner = ownerOf(absolutePath(path));
     if (host && hostSize > 0) {
-        qstrncpy(host, hostName.constData(), static_cast<uint>(hostSize));
+        qstrncpy(host, owner.host.toUtf8().constData(), static_cast<uint>(hostSize));
     }
-    return lines.value(0).toLongLong();
+    return owner.process;
 }

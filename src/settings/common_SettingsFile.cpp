@@ -20,6 +20,9 @@ namespace {
 // What a window may stand still for, and a small part of the time that a write takes.
 constexpr int longestWait = 900; // milliseconds
 
+// Whoever seems to write for longer has left its guard behind, perhaps on another machine.
+constexpr int longestWrite = 5000; // milliseconds
+
 // Nobody queues, so whoever has waited for long tries more often than those who came later.
 unsigned long waitBetweenTries(qint64 waited)
 {
@@ -91,17 +94,11 @@ public:
     explicit WriteGuard(const QString& file)
         : m_path((file + QStringLiteral(".write")).toStdWString())
     {
-        // Whoever had to wait for others the last time lets them go first now.
-        static bool isSought = false;
-        if (isSought) {
-            QThread::usleep(waitBetweenTries(0));
-        }
         QElapsedTimer waiting;
         waiting.start();
-        isSought = false;
         while (!tryLock() && m_status == KEST_BINFILES_LOCKED_BY_OTHER_PROCESS &&
                !waiting.hasExpired(longestWait)) {
-            isSought = true;
+            KEST_binfiles_remove_left_lock(m_path.c_str(), longestWrite);
             QThread::usleep(waitBetweenTries(waiting.elapsed()));
         }
     }
