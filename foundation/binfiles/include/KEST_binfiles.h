@@ -33,9 +33,9 @@ KEST_BINFILES_EXPORT int KEST_binfiles_set_lock_hard(const wchar_t* path, int op
    more); then nothing happens. */
 KEST_BINFILES_EXPORT int KEST_binfiles_remove_lock(const wchar_t* path, uint64_t handle);
 
-/* Removes the lock of the file if it is older than that and its process does not live on this machine:
-   for locks that nobody holds that long. What was locked by another machine is removed by its age
-   alone, which KEST_binfiles_set_lock_hard never does. */
+/* Removes the lock of the file if it is older than that and its process does not live on this
+   machine: for locks that nobody holds that long. What was locked by another machine is removed by
+   its age alone, which KEST_binfiles_set_lock_hard never does. */
 KEST_BINFILES_EXPORT void KEST_binfiles_remove_left_lock(const wchar_t* path, int64_t milliseconds);
 
 /* Who holds the lock of the file, as far as that can be told: the process id and the host's name,
