@@ -1,0 +1,78 @@
+#ifndef COMMON_RUNWRAPPER_H
+#define COMMON_RUNWRAPPER_H
+
+#include <common_ProcessRunner.h>
+#include <kest_common_export.h>
+
+#include <QFlags>
+#include <QObject>
+#include <QStringList>
+
+class common_CommonSettingsSet;
+class QFileInfo;
+
+/// Sets a process runner up to run a solver component on a model, as the user's launch options say.
+///
+/// Give it a fresh runner that is not running: a set-up adds to the runner and clears nothing. The
+/// caller starts the runner afterwards. The launch options are read from the user's file at every
+/// step, so that changes count from the next run on. Needs the service common_IApplicationInfo and
+/// the environment variables KEST_HOME and KEST_USER_HOME.
+class KEST_COMMON_EXPORT common_RunWrapper : public QObject
+{
+    Q_OBJECT
+
+public:
+    enum RunOption {
+        Parallel = 0x1, ///< several processes, on the hosts of the machines file
+        Remote = 0x2,   ///< on the remote host
+        FarmOut = 0x4   ///< the optimiser's evaluations on the hosts of the machines file
+    };
+    Q_DECLARE_FLAGS(RunOptions, RunOption)
+
+    enum MachinesFileOption {
+        CopyMachinesFile = 0, ///< the count of processes and a copy of the machines file
+        ProcessCountOnly = 1  ///< the count alone: the file was given already
+    };
+
+    using Runner = common_ProcessRunner<common_KestProcessMessage>;
+
+    /// The settings are not owned and must outlive the wrapper.
+    explicit common_RunWrapper(common_CommonSettingsSet* settings);
+    ~common_RunWrapper() override;
+
+    // Each returns whether the run may start. Where it may not, the user has been told why, and the
+    // runner holds a part of the set-up.
+
+    /// Always true; the options have no influence.
+    bool setupPrekestProcess(Runner& runner, const QFileInfo& modelFile, QFlags<RunOption> options);
+    bool setupKestProcess(Runner& runner, const QFileInfo& modelFile, QFlags<RunOption> options);
+
+    /// A farmed run without a machines file goes on unfarmed, of which the user is told.
+    bool setupOptkestProcess(Runner& runner, const QFileInfo& modelFile, QFlags<RunOption> options);
+
+    /// Always true.
+    bool setupAmrkestProcess(Runner& runner, const QFileInfo& modelFile, QFlags<RunOption> options);
+
+private:
+    void applyComponent(Runner& runner, const QFileInfo& modelFile, const QString& program) const;
+    void applyEnvironment(Runner& runner) const;
+    void applyPreKestArguments(Runner& runner) const;
+    void applyAdaptKestArguments(Runner& runner) const;
+    void applyRunkestArguments(Runner& runner, QFlags<RunOption> options,
+                               MachinesFileOption machinesFileOption);
+    bool applyRemoteRunArguments(Runner& runner, QFlags<RunOption> options) const;
+    void applyMachinesFileArguments(Runner& runner, const QStringList& options,
+                                    MachinesFileOption machinesFileOption);
+    QStringList getRunkestArguments(QFlags<RunOption> options) const;
+    QStringList getProcessArguments(QStringList options, QString& processCount) const;
+    bool validateMachinesFileForParallelRun(QFlags<RunOption> options) const;
+    bool validateMachinesFileForFarmingRun(QFlags<RunOption> options) const;
+    QStringList checkCompatibilityNP(QStringList options) const;
+
+    common_CommonSettingsSet* m_pSettings;
+    QString m_temporaryMachinesFile;
+};
+
+Q_DECLARE_OPERATORS_FOR_FLAGS(common_RunWrapper::RunOptions)
+
+#endif

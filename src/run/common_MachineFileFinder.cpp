@@ -1,0 +1,126 @@
+#include <common_MachineFileFinder.h>
+
+#include <common_EnvironmentVariablesExt.h>
+#include <common_UserQuery.h>
+
+#include <QDebug>
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+
+namespace {
+
+QString expandedVariable(const char* name)
+{
+    return common_EnvironmentVariablesExt::getVariableExpanded(name);
+}
+
+QString joined(const QStringList& parts)
+{
+    return parts.join(QDir::separator());
+}
+
+void tellError(const QString& title, const QString& text)
+{
+    common_UserQuery(title, text, common_UserQuery::Error, nullptr, QString()).display();
+}
+
+// An entry without a count is one process; a count that is no number is none.
+int processesOf(const QString& entry)
+{
+    const QStringList parts = entry.split(QLatin1Char(':'), Qt::SkipEmptyParts);
+    return parts.size() >= 2 ? parts.at(1).toInt() : 1;
+}
+
+} // namespace
+
+common_MachineFileFinder::common_MachineFileFinder()
+{
+    search();
+    determineProcesses();
+}
+
+common_MachineFileFinder::~common_MachineFileFinder() = default;
+
+void common_MachineFileFinder::search()
+{
+    const QString name = QStringLiteral("machines.kest");
+    m_pFile = std::make_unique<QFileInfo>(joined({expandedVariable("KEST_USER_HOME"), name}));
+    m_localFile = m_pFile->exists();
+    m_valid = m_localFile;
+    if (m_localFile) {
+        return;
+    }
+    *m_pFile = QFileInfo(joined(
+        {expandedVariable("KEST_HOME"), QStringLiteral("shared"), QStringLiteral("mpi"), name}));
+    m_valid = m_pFile->exists();
+    if (m_valid) {
+        qDebug("Found a valid file - in KEST_HOME");
+    }
+}
+
+bool common_MachineFileFinder::isValid() const
+{
+    return m_valid;
+}
+
+bool common_MachineFileFinder::isLocalFile() const
+{
+    return m_localFile;
+}
+
+int common_MachineFileFinder::getProcesses() const
+{
+    return m_processes;
+}
+
+QFileInfo* common_MachineFileFinder::getMachineFileInfo() const
+{
+    return m_pFile.get();
+}
+
+QStringList common_MachineFileFinder::parseMachinesFile()
+{
+    QStringList entries;
+    if (!m_valid) {
+        return entries;
+    }
+    QFile file(m_pFile->absoluteFilePath());
+    if (!file.open(QIODevice::ReadOnly)) {
+        tellError(
+            QStringLiteral("Open failed"),
+            QStringLiteral("Could not open the following file :\n%1.\nReason: %2")
+                .arg(QDir::toNativeSeparators(m_pFile->absoluteFilePath()), file.errorString()));
+        return entries;
+    }
+    const QString text = QString::fromUtf8(file.readAll());
+    const QVector<QStringRef> lines = text.splitRef(QLatin1Char('\n'), Qt::SkipEmptyParts);
+    for (const QStringRef& line : lines) {
+        const QStringRef entry = line.left(line.indexOf(QLatin1Char('#')));
+        if (!entry.trimmed().isEmpty()) {
+            entries.append(entry.toString());
+        }
+    }
+    return entries;
+}
+
+void common_MachineFileFinder::determineProcesses()
+{
+    const QStringList entries = parseMachinesFile();
+    m_processes = entries.isEmpty() ? -1 : 0;
+    for (const QString& entry : entries) {
+        m_processes += processesOf(entry);
+    }
+}
+
+// NOLINTNEXTLINE(performance-unnecessary-value-param): the exported signature is kept
+bool common_MachineFileFinder::checkEnv(QString variableName)
+{
+    const bool isSet = !expandedVariable(variableName.toLatin1().constData()).isEmpty();
+    if (!isSet) {
+        tellError(QStringLiteral("No such environment variable"),
+                  QStringLiteral("Please set the environment variable %1 before proceeding.")
+                      .arg(variableName));
+    }
+    return isSet;
+}
