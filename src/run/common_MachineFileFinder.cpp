@@ -8,6 +8,8 @@
 #include <QFile>
 #include <QFileInfo>
 
+#include <limits>
+
 namespace {
 
 QString expandedVariable(const char* name)
@@ -107,10 +109,13 @@ QStringList common_MachineFileFinder::parseMachinesFile()
 void common_MachineFileFinder::determineProcesses()
 {
     const QStringList entries = parseMachinesFile();
-    m_processes = entries.isEmpty() ? -1 : 0;
+    qint64 processes = entries.isEmpty() ? -1 : 0;
     for (const QString& entry : entries) {
-        m_processes += processesOf(entry);
+        processes += processesOf(entry);
     }
+    // Counts are the user's to type: their sum may be more than any machine runs.
+    m_processes = int(qBound(qint64(std::numeric_limits<int>::min()), processes,
+                             qint64(std::numeric_limits<int>::max())));
 }
 
 // NOLINTNEXTLINE(performance-unnecessary-value-param): the exported signature is kept
