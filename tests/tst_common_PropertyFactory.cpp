@@ -21,8 +21,14 @@ void add(const QString& name, int flags = 3)
     common_PropertyFactory::addMetaData(name, metaData(name, flags));
 }
 
+bool registerEarly()
+{
+    add(QLatin1String(early));
+    return true;
+}
+
 // As libraries do it, before main() begins.
-const bool isRegistered = (add(QLatin1String(early)), true);
+const bool isRegistered = registerEarly();
 
 int doTask(const QString& task)
 {

@@ -109,7 +109,7 @@ int doTask(const QString& task, int& argc, char** argv)
     } else if (task == QLatin1String("non-interactive")) {
         application = std::make_unique<QApplication>(argc, argv);
         service = std::make_unique<FakeApplication>(true);
-        QTimer::singleShot(0, [] { std::puts("a box was shown"); });
+        QTimer::singleShot(0, application.get(), [] { std::puts("a box was shown"); });
     } else if (task == QLatin1String("non-interactive, bare")) {
         service = std::make_unique<FakeApplication>(true);
         Query(title, QString(), Query::Error, nullptr, QString()).display();

@@ -9,6 +9,8 @@
 #include <algorithm>
 #include <map>
 #include <memory>
+#include <utility>
+#include <vector>
 
 namespace {
 
@@ -109,13 +111,19 @@ void removeUnreadableLock(const QString& file)
                    [&file] { return isOlder(file, youngLock) && ownerOf(file).process == 0; });
 }
 
-// A lock file that was deleted under its owner is perhaps somebody else's by now. QLockFile would
-// remove it all the same, so it is left to the end of the process.
+// Lock files that were deleted under their owner and are perhaps somebody else's by now. QLockFile
+// would remove them all the same, so it is kept from it to the end of the process.
+void abandon(std::unique_ptr<QLockFile> lock)
+{
+    static auto* const abandoned = new std::vector<std::unique_ptr<QLockFile>>;
+    abandoned->push_back(std::move(lock));
+}
+
 void unlock(Lock& lock)
 {
     const Owner owner = ownerOf(lock.path);
     if (owner.process != 0 && owner.process != QCoreApplication::applicationPid()) {
-        static_cast<void>(lock.file.release());
+        abandon(std::move(lock.file));
     }
 }
 

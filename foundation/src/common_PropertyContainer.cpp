@@ -66,7 +66,8 @@ common_PropertyReference common_PropertyContainer::operator[](const QString& nam
 
 void common_PropertyContainer::propertyValueChanged(const common_Property& property)
 {
-    const common_Property told = property; // an observer may assign again
+    // An observer may assign again. NOLINTNEXTLINE(performance-unnecessary-copy-initialization)
+    const common_Property told = property;
     const auto& observers = getObservers();
     const std::vector<common_ActivePtr<common_ObserverConnection<common_PropertyContainerObserver>>>
         connections(observers.cbegin(), observers.cend()); // kept while observers come and go

@@ -66,7 +66,8 @@ bool isSame(const QVariant& expected, const QVariant& read)
 
 bool areSame(const Values& expected, const Values& read)
 {
-    return expected.keys() == read.keys() &&
+    return expected.size() == read.size() &&
+           std::equal(expected.keyBegin(), expected.keyEnd(), read.keyBegin()) &&
            std::equal(expected.cbegin(), expected.cend(), read.cbegin(), isSame);
 }
 

@@ -51,7 +51,7 @@ common_3DMouseOptions::common_3DMouseOptions(LockPointer lockFile)
 }
 
 common_3DMouseOptions::common_3DMouseOptions(const common_3DMouseOptions& other)
-    : common_PropertyContainer(other), common_settings(other), m_refCount(), m_pLockFile()
+    : common_PropertyContainer(other), common_settings(other)
 {
     doMemberwiseCopy(other);
 }

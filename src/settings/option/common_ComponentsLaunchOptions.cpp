@@ -61,8 +61,6 @@ common_ComponentsLaunchOptions::common_ComponentsLaunchOptions(
     , common_settings(other)
     , common_DomainEntity(other)
     , common_ConstantLabeledItem(other)
-    , m_refCount()
-    , m_pLockFile()
 {
     doMemberwiseCopy(other);
 }
