@@ -1,7 +1,8 @@
 #include <common_MachineFileFinder.h>
 
+#include "common_ErrorQuery.h"
+
 #include <common_EnvironmentVariablesExt.h>
-#include <common_UserQuery.h>
 
 #include <QDebug>
 #include <QDir>
@@ -20,11 +21,6 @@ QString expandedVariable(const char* name)
 QString joined(const QStringList& parts)
 {
     return parts.join(QDir::separator());
-}
-
-void tellError(const QString& title, const QString& text)
-{
-    common_UserQuery(title, text, common_UserQuery::Error, nullptr, QString()).display();
 }
 
 // An entry without a count is one process; a count that is no number is none.
@@ -89,7 +85,7 @@ QStringList common_MachineFileFinder::parseMachinesFile()
     }
     QFile file(m_pFile->absoluteFilePath());
     if (!file.open(QIODevice::ReadOnly)) {
-        tellError(
+        common_tellError(
             QStringLiteral("Open failed"),
             QStringLiteral("Could not open the following file :\n%1.\nReason: %2")
                 .arg(QDir::toNativeSeparators(m_pFile->absoluteFilePath()), file.errorString()));
@@ -123,9 +119,9 @@ bool common_MachineFileFinder::checkEnv(QString variableName)
 {
     const bool isSet = !expandedVariable(variableName.toLatin1().constData()).isEmpty();
     if (!isSet) {
-        tellError(QStringLiteral("No such environment variable"),
-                  QStringLiteral("Please set the environment variable %1 before proceeding.")
-                      .arg(variableName));
+        common_tellError(QStringLiteral("No such environment variable"),
+                         QStringLiteral("Please set the environment variable %1 before proceeding.")
+                             .arg(variableName));
     }
     return isSet;
 }

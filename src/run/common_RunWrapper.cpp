@@ -1,10 +1,11 @@
 #include <common_RunWrapper.h>
 
+#include "common_ErrorQuery.h"
+
 #include <common_CommonSettingsSet.h>
 #include <common_ComponentsLaunchOptions.h>
 #include <common_EnvironmentVariablesExt.h>
 #include <common_MachineFileFinder.h>
-#include <common_UserQuery.h>
 
 #include <QDir>
 #include <QFile>
@@ -12,11 +13,6 @@
 #include <QTime>
 
 namespace {
-
-void tellError(const QString& title, const QString& text)
-{
-    common_UserQuery(title, text, common_UserQuery::Error, nullptr, QString()).display();
-}
 
 // Removes the option and what follows it, which is returned; only the first of its kind.
 QString takeOptionWithValue(QStringList& options, const QString& option)
@@ -167,9 +163,10 @@ bool common_RunWrapper::applyRemoteRunArguments(Runner& runner, QFlags<RunOption
     }
     const auto launchOptions = m_pSettings->getComponentsLaunchOptions();
     if (!launchOptions->isRemoteHostArgumentSpecified()) {
-        tellError(QStringLiteral("No remote host argument specified"),
-                  QStringLiteral("Unable to do remote launching since the remote host has not been "
-                                 "provided."));
+        common_tellError(
+            QStringLiteral("No remote host argument specified"),
+            QStringLiteral("Unable to do remote launching since the remote host has not been "
+                           "provided."));
         return false;
     }
     runner.addArgument(QStringLiteral("--remote-host"));
@@ -234,11 +231,12 @@ bool common_RunWrapper::validateMachinesFileForParallelRun(QFlags<RunOption> opt
     if (!(options & Parallel) || common_MachineFileFinder().isValid()) {
         return true;
     }
-    tellError(QStringLiteral("No machines file"),
-              QStringLiteral("No machines file could be found. Please configure one using\n"
-                             "\"Component launch options\" (select the \"Kest Solver\" tab and\n"
-                             "click \"Configure\") or uncheck \"Parallel\" on the \"Run/launch\"\n"
-                             "group to switch to sequential execution.\n"));
+    common_tellError(
+        QStringLiteral("No machines file"),
+        QStringLiteral("No machines file could be found. Please configure one using\n"
+                       "\"Component launch options\" (select the \"Kest Solver\" tab and\n"
+                       "click \"Configure\") or uncheck \"Parallel\" on the \"Run/launch\"\n"
+                       "group to switch to sequential execution.\n"));
     return false;
 }
 
@@ -251,11 +249,12 @@ bool common_RunWrapper::validateMachinesFileForFarmingRun(QFlags<RunOption> opti
     if (common_MachineFileFinder().isValid()) {
         return true;
     }
-    tellError(QStringLiteral("No machines file"),
-              QStringLiteral("No machines file could be found. Please configure one using\n"
-                             "\"Component launch options\" (select the \"Utilities\" tab and\n"
-                             "click \"Configure\") or uncheck \"Run -> Farm out by OPTKEST\"\n"
-                             "to switch to sequential execution."));
+    common_tellError(
+        QStringLiteral("No machines file"),
+        QStringLiteral("No machines file could be found. Please configure one using\n"
+                       "\"Component launch options\" (select the \"Utilities\" tab and\n"
+                       "click \"Configure\") or uncheck \"Run -> Farm out by OPTKEST\"\n"
+                       "to switch to sequential execution."));
     return false;
 }
 
