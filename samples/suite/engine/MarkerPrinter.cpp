@@ -27,6 +27,8 @@ constexpr MarkerRow MarkerTable[] = {
 };
 // clang-format on
 
+} // namespace
+
 QString markerText(Marker marker)
 {
     for (const MarkerRow& row : MarkerTable) {
@@ -37,7 +39,15 @@ QString markerText(Marker marker)
     return {};
 }
 
-} // namespace
+std::optional<Marker> markerOf(const QString& line)
+{
+    for (const MarkerRow& row : MarkerTable) {
+        if (line.startsWith(QLatin1String(row.text))) {
+            return row.marker;
+        }
+    }
+    return std::nullopt;
+}
 
 MarkerPrinter::MarkerPrinter(std::FILE* stream) : m_stream(stream)
 {}

@@ -3,6 +3,7 @@
 #include <QString>
 
 #include <cstdio>
+#include <optional>
 
 namespace suite {
 
@@ -17,6 +18,10 @@ enum class Marker {
     File,
     Variable,
 };
+
+// The text of a marker, and the marker that a line begins with.
+QString markerText(Marker marker);
+std::optional<Marker> markerOf(const QString& line);
 
 // Prints a component's messages, one marker a line, each line flushed at once: the reader shows it
 // while the run goes on.

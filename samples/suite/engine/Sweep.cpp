@@ -6,16 +6,13 @@
 #include <QFile>
 #include <QFileInfo>
 
-#include <csignal>
 #include <utility>
 
 namespace suite {
 
 namespace {
 
-constexpr int AskingTime = 300;   // ms between asking the processes to end and killing them
-constexpr int GivingUpTime = 700; // ms until the sweep ends in any case
-constexpr int WatchInterval = 20;
+constexpr StopTimes EngineStopTimes = {300, 700};
 constexpr qint64 LargestOutput = 256 << 20;
 
 // Results that wait for an earlier frequency take memory: no more of them than this many a process.
@@ -29,14 +26,9 @@ Sweep::Sweep(SweepDeck deck, QString engine, int atOnce, bool needsImpedance)
     , m_atOnce(atOnce)
     , m_needsImpedance(needsImpedance)
     , m_folder(QDir::tempPath() + QStringLiteral("/kest-sweep-XXXXXX"))
+    , m_processes(EngineStopTimes)
 {
-    m_endWatch.setInterval(WatchInterval);
-    connect(&m_endWatch, &QTimer::timeout, this, &Sweep::watchEnd);
-}
-
-Sweep::~Sweep()
-{
-    signalAll(SIGKILL);
+    connect(&m_processes, &ChildProcesses::allEnded, this, &Sweep::endStopped);
 }
 
 void Sweep::start()
@@ -56,16 +48,14 @@ void Sweep::stop()
         return;
     }
     m_stopping = true;
-    signalAll(SIGTERM);
-    m_stopClock.start();
-    m_endWatch.start();
+    m_processes.stop();
 }
 
 void Sweep::startJobs()
 {
     const int horizon = m_nextResult + m_atOnce * MostWaitingPerProcess;
     while (!m_stopping && m_nextStart < qMin(m_deck.count(), horizon) &&
-           static_cast<int>(m_processes.size()) < m_atOnce) {
+           m_processes.count() < m_atOnce) {
         startJob(m_nextStart++);
     }
 }
@@ -88,7 +78,7 @@ void Sweep::startJob(int index)
         [this, index](QProcess::ProcessError error) { checkStart(index, error); },
         Qt::QueuedConnection);
     EngineProcess& started = *process;
-    m_processes.emplace(index, std::move(process));
+    m_processes.add(index, std::move(process));
     started.startEngine(m_engine, QFileInfo(file).fileName(),
                         QFileInfo(filePath(index, QStringLiteral("out"))).fileName());
 }
@@ -105,12 +95,7 @@ void Sweep::finishJob(int index)
     if (m_stopping) {
         return;
     }
-    const auto position = m_processes.find(index);
-    // The process object is still telling: it goes when control is back in the event loop.
-    EngineProcess* process = position->second.release();
-    m_processes.erase(position);
-    process->deleteLater();
-
+    const auto* process = static_cast<EngineProcess*>(m_processes.release(index));
     QString error;
     const EngineOutput output(readOutput(index, error));
     const QString exitProblem = exitError(*process, output);
@@ -195,35 +180,10 @@ QString Sweep::filePath(int index, const QString& suffix) const
     return m_folder.filePath(QStringLiteral("f%1.%2").arg(index + 1).arg(suffix));
 }
 
-void Sweep::watchEnd()
+void Sweep::endStopped()
 {
-    const qint64 elapsed = m_stopClock.elapsed();
-    if (elapsed >= AskingTime) {
-        signalAll(SIGKILL);
-    }
-    if (isAnyAlive() && elapsed < GivingUpTime) {
-        return;
-    }
-    m_endWatch.stop();
     m_folder.remove();
     Q_EMIT ended(false);
-}
-
-bool Sweep::isAnyAlive() const
-{
-    for (const auto& entry : m_processes) {
-        if (entry.second->state() != QProcess::NotRunning || entry.second->isGroupAlive()) {
-            return true;
-        }
-    }
-    return false;
-}
-
-void Sweep::signalAll(int signal)
-{
-    for (const auto& entry : m_processes) {
-        entry.second->signalGroup(signal);
-    }
 }
 
 } // namespace suite

@@ -1,5 +1,7 @@
 #include "SweepDeck.h"
 
+#include <utility>
+
 namespace suite {
 
 namespace {
@@ -18,7 +20,11 @@ QByteArray cardBytes(const Card& card)
 
 } // namespace
 
-SweepDeck::SweepDeck(const Model& model) : m_frequencies(model.frequencies.values())
+SweepDeck::SweepDeck(const Model& model) : SweepDeck(model, model.frequencies.values())
+{}
+
+SweepDeck::SweepDeck(const Model& model, QVector<double> frequencies)
+    : m_frequencies(std::move(frequencies))
 {
     for (const QByteArray& comment : model.deck.comments) {
         m_before += comment + '\n';

@@ -8,7 +8,9 @@ namespace suite {
 class SweepDeck
 {
 public:
+    // The model at its own frequencies, or at others.
     explicit SweepDeck(const Model& model);
+    SweepDeck(const Model& model, QVector<double> frequencies);
 
     [[nodiscard]] int count() const { return m_frequencies.size(); }
     [[nodiscard]] double frequency(int index) const { return m_frequencies.at(index); }

@@ -1,18 +1,15 @@
 #pragma once
 
-#include "Component.h"
+#include "ComponentProgram.h"
 #include "ResultFiles.h"
-#include "Sweep.h"
+#include "SweepDeck.h"
 #include "SweepReport.h"
-
-#include <QObject>
-#include <QTimer>
+#include "SweepRunner.h"
 
 #include <memory>
 
-// The solver component: pre-processing, the sweep with the engine, the results. It works in the
-// event loop, so that it can be stopped at any moment.
-class Runkest : public QObject
+// The solver component: pre-processing, the sweep with the engine, the results.
+class Runkest : public suite::ComponentProgram
 {
     Q_OBJECT
 
@@ -20,17 +17,9 @@ public:
     Runkest();
     ~Runkest() override;
 
-    // Reads the command line; an exit code when there is nothing to run.
-    std::optional<int> readCommandLine(const QStringList& arguments);
-
-    // Runs to the end and tells finished().
-    void run();
-
-    // Stops the run because of a signal: the exit code becomes 128 plus its number.
-    void stop(int signal);
-
-Q_SIGNALS:
-    void finished(int exitCode);
+protected:
+    void work() override;
+    bool stopWork() override;
 
 private:
     bool prepare();
@@ -39,18 +28,11 @@ private:
     void takeResult(int index, const suite::EngineOutput& output);
     void printProgress(int index);
     void endSweep(bool isComplete);
-    bool writeResults();
-    void checkReader();
-    void fail(suite::FindingKind kind, const QString& reason);
-    void finish(int exitCode);
+    void writeResults();
 
-    suite::Component m_component;
     suite::SweepReport m_report;
     suite::ResultFiles m_results;
     QStringList m_resultPaths;
     std::unique_ptr<suite::SweepDeck> m_deck;
-    std::unique_ptr<suite::Sweep> m_sweep;
-    QTimer m_readerWatch;
-    int m_exitCode = suite::ExitSuccess;
-    bool m_isFinished = false;
+    std::unique_ptr<suite::SweepRunner> m_sweep;
 };

@@ -1,0 +1,104 @@
+#include "ComponentProgram.h"
+
+#include <KSignalHandler>
+
+#include <QCoreApplication>
+
+#include <csignal>
+
+namespace suite {
+
+namespace {
+
+constexpr int SignalBase = 128;
+constexpr int ReaderWatchInterval = 250; // ms
+
+} // namespace
+
+ComponentProgram::ComponentProgram(const QString& name, OptionGroup group)
+    : m_component(name, group)
+{
+    m_readerWatch.setInterval(ReaderWatchInterval);
+    connect(&m_readerWatch, &QTimer::timeout, this, &ComponentProgram::checkReader);
+}
+
+ComponentProgram::~ComponentProgram() = default;
+
+std::optional<int> ComponentProgram::readCommandLine(const QStringList& arguments)
+{
+    return m_component.readCommandLine(arguments);
+}
+
+void ComponentProgram::run()
+{
+    if (m_isFinished) {
+        return;
+    }
+    if (!m_component.preprocess()) {
+        failAsTold();
+        finish();
+        return;
+    }
+    m_readerWatch.start();
+    work();
+}
+
+void ComponentProgram::stop(int signal)
+{
+    if (m_isFinished || !isGood()) {
+        return;
+    }
+    fail(FindingKind::Stopped, QString());
+    m_exitCode = SignalBase + signal;
+    end();
+}
+
+void ComponentProgram::checkReader()
+{
+    if (!m_isFinished && isGood() && printer().isReaderGone()) {
+        failAsTold();
+        end();
+    }
+}
+
+void ComponentProgram::fail(FindingKind kind, const QString& reason)
+{
+    m_component.findingPrinter().print(kind, {reason});
+    m_exitCode = ExitFailure;
+}
+
+void ComponentProgram::finish()
+{
+    if (m_isFinished) {
+        return;
+    }
+    m_isFinished = true;
+    m_readerWatch.stop();
+    Q_EMIT finished(m_exitCode);
+}
+
+void ComponentProgram::end()
+{
+    if (!stopWork()) {
+        finish();
+    }
+}
+
+int runComponent(ComponentProgram& program)
+{
+    const std::optional<int> done = program.readCommandLine(QCoreApplication::arguments().mid(1));
+    if (done) {
+        return *done;
+    }
+    QObject::connect(&program, &ComponentProgram::finished, QCoreApplication::instance(),
+                     &QCoreApplication::exit, Qt::QueuedConnection);
+    QObject::connect(KSignalHandler::self(), &KSignalHandler::signalReceived, &program,
+                     &ComponentProgram::stop);
+    for (const int signal : {SIGTERM, SIGINT}) {
+        KSignalHandler::self()->watchSignal(signal);
+    }
+    QMetaObject::invokeMethod(&program, &ComponentProgram::run, Qt::QueuedConnection);
+    return QCoreApplication::exec();
+}
+
+} // namespace suite

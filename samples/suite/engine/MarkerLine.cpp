@@ -1,0 +1,21 @@
+#include "MarkerLine.h"
+
+namespace suite {
+
+MarkerLine MarkerLine::parsed(const QByteArray& line)
+{
+    MarkerLine result;
+    result.body = QString::fromUtf8(line);
+    result.marker = markerOf(result.body);
+    if (result.marker) {
+        result.body.remove(0, markerText(*result.marker).size());
+    }
+    return result;
+}
+
+int MarkerLine::percentage() const
+{
+    return body.left(body.indexOf(QLatin1Char('%'))).toInt();
+}
+
+} // namespace suite

@@ -1,0 +1,9 @@
+#include "SweepRunner.h"
+
+namespace suite {
+
+SweepRunner::SweepRunner() = default;
+
+SweepRunner::~SweepRunner() = default;
+
+} // namespace suite
