@@ -1,5 +1,6 @@
 #include "BatchRun.h"
 
+#include "Descendants.h"
 #include "Installation.h"
 
 #include <QDir>
@@ -7,36 +8,85 @@
 
 #include <utility>
 
-BatchRun::BatchRun(BatchReport& report, Finished finished)
-    : m_report(report), m_finished(std::move(finished)), m_runner(new Runner)
+namespace {
+
+// The copy of the machines file that the arguments name, when it is not there: copying fails
+// silently.
+QString missingMachinesFile(const common_ProcessRunnerBase& runner)
 {
-    startObserving(m_runner.get());
+    const QStringList arguments = runner.getArguments();
+    const int option = arguments.indexOf(QStringLiteral("--machines-file"));
+    if (option < 0) {
+        return QString();
+    }
+    const QString file = QDir(runner.getWorkingDirectory()).filePath(arguments.value(option + 1));
+    return QFileInfo(file).isFile() ? QString() : file;
 }
 
-void BatchRun::start(const QString& component, const QString& model)
+} // namespace
+
+BatchRun::BatchRun(BatchReport& report, Finished finished)
+    : m_report(report), m_finished(std::move(finished)), m_runner(new BatchRunner)
+{}
+
+void BatchRun::start(const Component& component, common_RunWrapper::RunOptions options,
+                     const QString& model, common_CommonSettingsSet& settings)
 {
     m_report.begin(model);
-    const QFileInfo file(model);
-    if (!file.exists()) {
-        refuse(QStringLiteral("there is no model %1").arg(model));
-        return;
+    const QString complaint = setUp(component, options, QFileInfo(model), settings);
+    if (complaint.isEmpty()) {
+        run();
+    } else {
+        m_runner->discardTemporaryFiles();
+        refuse(complaint);
     }
-    const QString program = Installation::program(component);
-    if (program.isEmpty()) {
-        refuse(QStringLiteral("there is no component %1 in %2 (KEST_HOME names the installation)")
-                   .arg(component, Installation::directory()));
-        return;
+}
+
+// Why the run cannot start; empty when it can.
+QString BatchRun::setUp(const Component& component, common_RunWrapper::RunOptions options,
+                        const QFileInfo& model, common_CommonSettingsSet& settings)
+{
+    if (!model.exists()) {
+        return QStringLiteral("there is no model %1").arg(model.filePath());
     }
-    m_runner->setExecutable(QFileInfo(program));
-    m_runner->setArguments({file.fileName(), QStringLiteral("--run-from-gui")});
-    m_runner->setWorkingDirectory(file.absolutePath());
-    m_runner->run();
+    if (model.isDir()) {
+        return QStringLiteral("%1 is a folder and not a model").arg(model.filePath());
+    }
+    const QString name = QLatin1String(component.name);
+    if (Installation::program(name).isEmpty()) {
+        return QStringLiteral("there is no component %1 in %2 (KEST_HOME names the installation)")
+            .arg(name, Installation::directory());
+    }
+    QDir().mkpath(qEnvironmentVariable("KEST_USER_HOME")); // takes the copy of a machines file
+    common_RunWrapper wrapper(&settings);
+    if (!(wrapper.*component.setUp)(*m_runner, model, options)) {
+        return QStringLiteral("%1 was not started").arg(name);
+    }
+    const QString missing = missingMachinesFile(*m_runner);
+    return missing.isEmpty()
+               ? QString()
+               : QStringLiteral("the machines file cannot be copied to %1").arg(missing);
+}
+
+void BatchRun::run()
+{
+    startObserving(m_runner.get());
+    if (!m_runner->run()) {
+        stopObserving();
+        m_runner->discardTemporaryFiles();
+    }
 }
 
 void BatchRun::stop()
 {
     m_stopRequested = true;
     m_runner->stopProcess();
+}
+
+void BatchRun::kill()
+{
+    m_stopRequested = true;
+    Descendants::killAll();
 }
 
 void BatchRun::onProcessStarted(const QString& /*executable*/, const QStringList& /*arguments*/)

@@ -2,12 +2,15 @@
 #define BATCHRUN_H
 
 #include "BatchReport.h"
+#include "BatchRunner.h"
+#include "Component.h"
 
 #include <common_ActivePtr.h>
 #include <common_ObserverOf.h>
-#include <common_ProcessRunner.h>
 
 #include <functional>
+
+class common_CommonSettingsSet;
 
 /// One run of a component on one model, reported as it goes.
 class BatchRun : public common_ObserverOf<common_IProcessRunnerObserver>
@@ -18,10 +21,15 @@ public:
     /// The report is not owned. The callback comes once, when start() has begun.
     BatchRun(BatchReport& report, Finished finished);
 
-    void start(const QString& component, const QString& model);
+    /// The settings name the user's launch options.
+    void start(const Component& component, common_RunWrapper::RunOptions options,
+               const QString& model, common_CommonSettingsSet& settings);
 
     /// Asks the component to stop.
     void stop();
+
+    /// Kills the component and all that it started.
+    void kill();
 
     void onProcessStarted(const QString& executable, const QStringList& arguments) override;
     void onFailedProcessStarted(const QString& executable, const QStringList& arguments,
@@ -31,14 +39,15 @@ public:
     void onExitCodeChanged(int exitCode) override;
 
 private:
-    using Runner = common_ProcessRunner<common_KestProcessMessage>;
-
+    QString setUp(const Component& component, common_RunWrapper::RunOptions options,
+                  const QFileInfo& model, common_CommonSettingsSet& settings);
+    void run();
     void refuse(const QString& reason);
     void finish(Outcome outcome);
 
     BatchReport& m_report;
     Finished m_finished;
-    common_ActivePtr<Runner> m_runner;
+    common_ActivePtr<BatchRunner> m_runner;
     bool m_stopRequested = false;
 };
 

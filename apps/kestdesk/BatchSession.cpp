@@ -1,11 +1,13 @@
 #include "BatchSession.h"
 
+#include "ApplicationInfo.h"
 #include "BatchRun.h"
+#include "Descendants.h"
+#include "StopSignals.h"
 
-#include <KSignalHandler>
 #include <QCoreApplication>
+#include <QTimer>
 
-#include <csignal>
 #include <utility>
 
 namespace {
@@ -15,16 +17,19 @@ constexpr int exitFault = 1;
 constexpr int exitNotStarted = 2;
 constexpr int exitStopped = 130; // what shells give for a program that Ctrl+C ended
 
+constexpr int graceTime = 2000; // milliseconds that processes may take to end
+constexpr int killTime = 2000;  // milliseconds after which a killed one is given up
+
 } // namespace
 
-BatchSession::BatchSession(QString component, QStringList models)
-    : m_component(std::move(component)), m_models(std::move(models))
+BatchSession::BatchSession(const Component& component, common_RunWrapper::RunOptions options,
+                           QStringList models)
+    : m_component(component)
+    , m_options(options)
+    , m_models(std::move(models))
+    , m_settings(ApplicationInfo().userSettingsDirectory(), ApplicationInfo().applicationName())
 {
-    KSignalHandler* const signalHandler = KSignalHandler::self();
-    for (const int signal : {SIGINT, SIGTERM}) {
-        signalHandler->watchSignal(signal);
-    }
-    connect(signalHandler, &KSignalHandler::signalReceived, this, &BatchSession::onStopRequested);
+    StopSignals::watch(this, [this] { onStopRequested(); });
 }
 
 BatchSession::~BatchSession() = default;
@@ -37,6 +42,9 @@ int BatchSession::exec()
 
 void BatchSession::runNext()
 {
+    if (m_stopRequested) {
+        Descendants::endAll(m_killed ? 0 : graceTime); // what the component has left behind
+    }
     if (m_stopRequested || m_outcomes.size() == m_models.size()) {
         if (m_models.size() > 1) {
             m_report.summarise(m_outcomes);
@@ -46,7 +54,7 @@ void BatchSession::runNext()
     }
     m_run =
         std::make_unique<BatchRun>(m_report, [this](Outcome outcome) { onRunFinished(outcome); });
-    m_run->start(m_component, m_models[m_outcomes.size()]);
+    m_run->start(m_component, m_options, m_models[m_outcomes.size()], m_settings);
 }
 
 // The run is still in its last callback: the next one begins when that has returned.
@@ -58,14 +66,30 @@ void BatchSession::onRunFinished(Outcome outcome)
 
 void BatchSession::onStopRequested()
 {
-    if (std::exchange(m_stopRequested, true)) {
-        QCoreApplication::exit(exitStopped);
-        return;
+    if (!m_stopRequested) {
+        stop();
+    } else if (!m_killed) {
+        kill();
     }
+}
+
+void BatchSession::stop()
+{
+    m_stopRequested = true;
     m_report.complain(QStringLiteral("stopping; once more ends at once"));
+    Descendants::adoptOrphans();
     if (m_run) {
         m_run->stop();
     }
+}
+
+void BatchSession::kill()
+{
+    m_killed = true;
+    if (m_run) {
+        m_run->kill();
+    }
+    QTimer::singleShot(killTime, this, [] { QCoreApplication::exit(exitStopped); });
 }
 
 int BatchSession::exitCode() const

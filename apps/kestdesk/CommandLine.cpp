@@ -1,5 +1,7 @@
 #include "CommandLine.h"
 
+#include "Component.h"
+#include "MachinesCommand.h"
 #include "OptionsCommand.h"
 
 #include <QCommandLineParser>
@@ -9,26 +11,73 @@ namespace {
 const QString nonInteractiveOption = QStringLiteral("non-interactive");
 const QString componentOption = QStringLiteral("component");
 
+struct RunOptionWord
+{
+    const char* word;
+    common_RunWrapper::RunOption option;
+    const char* meaning;
+};
+
+// clang-format off
+constexpr RunOptionWord runOptionWords[] = {
+    {"parallel", common_RunWrapper::Parallel, "Run in parallel on the hosts of the machines file."},
+    {"remote",   common_RunWrapper::Remote,   "Run on the remote host of the launch options."},
+    {"farm-out", common_RunWrapper::FarmOut,  "Farm the optimiser's runs out to the hosts of the machines file."},
+};
+// clang-format on
+
 void addOptions(QCommandLineParser& parser)
 {
     parser.setApplicationDescription(QStringLiteral(
-        "Runs a solver component of the suite on each model and shows what it prints.\n\n"
+        "Runs a solver component of the suite on each model, with the user's launch options, and "
+        "shows what it prints.\n\n"
         "Exit code: 0 all models valid, 1 fault, 2 could not start, 130 stopped.\n"
         "Ctrl+C stops the component, a second one ends at once.\n\n"
         "Environment:\n"
-        "  KEST_HOME       the installation with the components\n"
-        "  KEST_USER_HOME  where the user's kest.ini is\n"
+        "  KEST_HOME       the installation with the components; without it, the one beside "
+        "kestdesk\n"
+        "  KEST_USER_HOME  where the user's kest.ini and machines.kest are; without it, the folder "
+        "kest\n"
+        "                  among the user's settings\n"
+        "  KEST_SSH        the program to reach hosts with; without it, ssh\n"
         "  KEST_SCRIPT     a file to record commands in\n"
         "  NO_COLOR        set to anything: no colours"));
     parser.addHelpOption();
     parser.addVersionOption();
     parser.addOption(
         {nonInteractiveOption, QStringLiteral("Run in this terminal, without a window.")});
-    parser.addOption({componentOption,
-                      QStringLiteral("The component to run: runkest (default), prekest."),
-                      QStringLiteral("name"), QStringLiteral("runkest")});
+    parser.addOption(
+        {componentOption,
+         QStringLiteral("The component to run: %1. Without it, runkest.").arg(Component::names()),
+         QStringLiteral("name"), QStringLiteral("runkest")});
+    for (const RunOptionWord& row : runOptionWords) {
+        parser.addOption({QLatin1String(row.word),
+                          QStringLiteral("%1 For %2.")
+                              .arg(QLatin1String(row.meaning), Component::names(row.option))});
+    }
     parser.addPositionalArgument(QStringLiteral("model"), QStringLiteral("Model files (*.nec)."),
                                  QStringLiteral("model..."));
+}
+
+QString componentComplaint(const QString& name)
+{
+    return name == QLatin1String("adaptkest")
+               ? QStringLiteral("adaptkest is started by runkest and not by itself; its launch "
+                                "options are set with \"kestdesk options\"")
+               : QStringLiteral("\"%1\" is no name of a component; the components are %2")
+                     .arg(name, Component::names());
+}
+
+QString runOptionComplaint(const QCommandLineParser& parser, const Component& component)
+{
+    for (const RunOptionWord& row : runOptionWords) {
+        if (parser.isSet(QLatin1String(row.word)) && !(component.options & row.option)) {
+            return QStringLiteral("--%1 has no meaning for %2, only for %3")
+                .arg(QLatin1String(row.word), QLatin1String(component.name),
+                     Component::names(row.option));
+        }
+    }
+    return QString();
 }
 
 // Why the command line cannot be followed; empty when it can.
@@ -41,10 +90,32 @@ QString complaint(const QCommandLineParser& parser)
         return QStringLiteral("no model given");
     }
     const QString name = parser.value(componentOption);
-    if (name.isEmpty() || name.contains(QLatin1Char('/')) || name.contains(QLatin1Char('\\'))) {
-        return QStringLiteral("\"%1\" is no name of a component").arg(name);
+    const Component* const component = Component::find(name);
+    return component ? runOptionComplaint(parser, *component) : componentComplaint(name);
+}
+
+CommandLine run(const QCommandLineParser& parser)
+{
+    CommandLine result;
+    result.text = complaint(parser);
+    if (!result.text.isEmpty()) {
+        return result;
     }
-    return QString();
+    result.request = CommandLine::Request::RunModels;
+    result.component = Component::find(parser.value(componentOption));
+    result.models = parser.positionalArguments();
+    for (const RunOptionWord& row : runOptionWords) {
+        result.options.setFlag(row.option, parser.isSet(QLatin1String(row.word)));
+    }
+    return result;
+}
+
+CommandLine shown(const QString& text)
+{
+    CommandLine result;
+    result.request = CommandLine::Request::ShowText;
+    result.text = text;
+    return result;
 }
 
 } // namespace
@@ -52,9 +123,11 @@ QString complaint(const QCommandLineParser& parser)
 CommandLine CommandLine::parsed(const QStringList& arguments)
 {
     CommandLine result;
-    if (arguments.value(1) == QLatin1String("options")) {
-        result.request = Request::EditOptions;
-        result.optionWords = arguments.mid(2);
+    const QString first = arguments.value(1);
+    if (first == QLatin1String("options") || first == QLatin1String("machines")) {
+        result.request =
+            first == QLatin1String("options") ? Request::EditOptions : Request::UseMachines;
+        result.words = arguments.mid(2);
         return result;
     }
     QCommandLineParser parser;
@@ -64,16 +137,11 @@ CommandLine CommandLine::parsed(const QStringList& arguments)
         return result;
     }
     if (parser.isSet(QStringLiteral("help")) || parser.isSet(QStringLiteral("help-all"))) {
-        result.request = Request::ShowText;
-        result.text = parser.helpText() + QLatin1Char('\n') + OptionsCommand::usage();
-    } else if (parser.isSet(QStringLiteral("version"))) {
-        result.request = Request::ShowText;
-        result.text = QStringLiteral("kestdesk " KESTDESK_VERSION "\n");
-    } else {
-        result.text = complaint(parser);
-        result.request = result.text.isEmpty() ? Request::RunModels : Request::Refuse;
-        result.component = parser.value(componentOption);
-        result.models = parser.positionalArguments();
+        return shown(parser.helpText() + QLatin1Char('\n') + OptionsCommand::usage() +
+                     QLatin1Char('\n') + MachinesCommand::usage());
     }
-    return result;
+    if (parser.isSet(QStringLiteral("version"))) {
+        return shown(QStringLiteral("kestdesk " KESTDESK_VERSION "\n"));
+    }
+    return run(parser);
 }

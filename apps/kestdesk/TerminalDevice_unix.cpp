@@ -9,7 +9,12 @@
 bool TerminalDevice::isTerminal(std::FILE* stream)
 {
     const char* const type = std::getenv("TERM");
-    return isatty(fileno(stream)) && type && std::strcmp(type, "dumb") != 0;
+    return isPerson(stream) && type && std::strcmp(type, "dumb") != 0;
+}
+
+bool TerminalDevice::isPerson(std::FILE* stream)
+{
+    return isatty(fileno(stream));
 }
 
 int TerminalDevice::columns(std::FILE* stream)

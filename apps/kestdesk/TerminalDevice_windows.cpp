@@ -11,6 +11,11 @@ bool TerminalDevice::isTerminal(std::FILE* stream)
            SetConsoleMode(console, mode | ENABLE_VIRTUAL_TERMINAL_PROCESSING);
 }
 
+bool TerminalDevice::isPerson(std::FILE* stream)
+{
+    return _isatty(_fileno(stream));
+}
+
 int TerminalDevice::columns(std::FILE* stream)
 {
     const auto console = reinterpret_cast<HANDLE>(_get_osfhandle(_fileno(stream)));

@@ -1,9 +1,12 @@
 #include "BatchSession.h"
 #include "CommandLine.h"
+#include "Environment.h"
+#include "MachinesCommand.h"
 #include "OptionsCommand.h"
 #include "Services.h"
 
 #include <QCoreApplication>
+#include <QLoggingCategory>
 
 #include <cstdio>
 
@@ -13,6 +16,9 @@ int main(int argc, char* argv[])
     QCoreApplication::setApplicationName(QStringLiteral("kestdesk"));
     QCoreApplication::setApplicationVersion(QStringLiteral(KESTDESK_VERSION));
 
+    QLoggingCategory::setFilterRules(QStringLiteral("default.debug=false"));
+
+    Environment::complete();
     const Services services(true); // nothing has a window yet
     const CommandLine commandLine = CommandLine::parsed(QCoreApplication::arguments());
     switch (commandLine.request) {
@@ -24,9 +30,11 @@ int main(int argc, char* argv[])
                      qPrintable(commandLine.text));
         return 2;
     case CommandLine::Request::EditOptions:
-        return OptionsCommand::run(commandLine.optionWords);
+        return OptionsCommand::run(commandLine.words);
+    case CommandLine::Request::UseMachines:
+        return MachinesCommand::run(commandLine.words);
     case CommandLine::Request::RunModels:
         break;
     }
-    return BatchSession(commandLine.component, commandLine.models).exec();
+    return BatchSession(*commandLine.component, commandLine.options, commandLine.models).exec();
 }

@@ -57,6 +57,7 @@ private:
     {
         QStringList result = QProcess::systemEnvironment();
         result.append(text("KEST_HOME=") + m_home);
+        result.append(text("KEST_USER_HOME=") + m_folder->filePath(text("user")));
         result.append(text("LC_ALL=C.UTF-8"));
         result.append(text("TERM=xterm"));
         return result + m_variables;
@@ -131,6 +132,7 @@ private Q_SLOTS:
         m_home = m_folder->filePath(text("home"));
         m_variables.clear();
         QVERIFY(QDir().mkpath(m_home + text("/bin")));
+        QVERIFY(QFile(m_home + text("/default.ini")).open(QIODevice::WriteOnly));
         QVERIFY(QFile::link(text(KEST_TEST_CHILD), m_home + text("/bin/runkest")));
         QVERIFY(QFile::link(text(KEST_TEST_CHILD), m_home + text("/bin/prekest")));
     }
@@ -263,12 +265,12 @@ private Q_SLOTS:
         QTest::addColumn<QString>("model");
         QTest::addColumn<QByteArray>("reason");
         QTest::newRow("no such component")
-            << "nokest"
-            << "here" << QByteArray("there is no component nokest in ");
+            << "optkest"
+            << "here" << QByteArray("there is no component optkest in ");
         QTest::newRow("not executable")
-            << "textkest"
-            << "here" << QByteArray("there is no component textkest in ");
-        QTest::newRow("no program in it") << "emptykest"
+            << "amrkest"
+            << "here" << QByteArray("there is no component amrkest in ");
+        QTest::newRow("no program in it") << "prekest"
                                           << "here" << QByteArray("cannot start ");
         QTest::newRow("no such model") << "runkest"
                                        << "missing" << QByteArray("there is no model ");
@@ -279,9 +281,10 @@ private Q_SLOTS:
         QFETCH(QString, component);
         QFETCH(QString, model);
         QFETCH(QByteArray, reason);
-        QFile plain(m_home + text("/bin/textkest"));
+        QFile plain(m_home + text("/bin/amrkest"));
         QVERIFY(plain.open(QIODevice::WriteOnly));
-        QFile strange(m_home + text("/bin/emptykest"));
+        QVERIFY(QFile::remove(m_home + text("/bin/prekest")));
+        QFile strange(m_home + text("/bin/prekest"));
         QVERIFY(strange.open(QIODevice::WriteOnly));
         strange.write("#!/no/such/interpreter\n");
         strange.setPermissions(QFile::ReadOwner | QFile::ExeOwner);
