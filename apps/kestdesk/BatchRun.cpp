@@ -1,29 +1,12 @@
 #include "BatchRun.h"
 
 #include "Descendants.h"
-#include "Installation.h"
+#include "RunSetup.h"
 
 #include <QDir>
 #include <QFileInfo>
 
 #include <utility>
-
-namespace {
-
-// The copy of the machines file that the arguments name, when it is not there: copying fails
-// silently.
-QString missingMachinesFile(const common_ProcessRunnerBase& runner)
-{
-    const QStringList arguments = runner.getArguments();
-    const int option = arguments.indexOf(QStringLiteral("--machines-file"));
-    if (option < 0) {
-        return QString();
-    }
-    const QString file = QDir(runner.getWorkingDirectory()).filePath(arguments.value(option + 1));
-    return QFileInfo(file).isFile() ? QString() : file;
-}
-
-} // namespace
 
 BatchRun::BatchRun(BatchReport& report, Finished finished)
     : m_report(report), m_finished(std::move(finished)), m_runner(new BatchRunner)
@@ -33,39 +16,14 @@ void BatchRun::start(const Component& component, common_RunWrapper::RunOptions o
                      const QString& model, common_CommonSettingsSet& settings)
 {
     m_report.begin(model);
-    const QString complaint = setUp(component, options, QFileInfo(model), settings);
+    const QString complaint =
+        RunSetup::apply(*m_runner, component, options, QFileInfo(model), settings);
     if (complaint.isEmpty()) {
         run();
     } else {
         m_runner->discardTemporaryFiles();
         refuse(complaint);
     }
-}
-
-// Why the run cannot start; empty when it can.
-QString BatchRun::setUp(const Component& component, common_RunWrapper::RunOptions options,
-                        const QFileInfo& model, common_CommonSettingsSet& settings)
-{
-    if (!model.exists()) {
-        return QStringLiteral("there is no model %1").arg(model.filePath());
-    }
-    if (model.isDir()) {
-        return QStringLiteral("%1 is a folder and not a model").arg(model.filePath());
-    }
-    const QString name = QLatin1String(component.name);
-    if (Installation::program(name).isEmpty()) {
-        return QStringLiteral("there is no component %1 in %2 (KEST_HOME names the installation)")
-            .arg(name, Installation::directory());
-    }
-    QDir().mkpath(qEnvironmentVariable("KEST_USER_HOME")); // takes the copy of a machines file
-    common_RunWrapper wrapper(&settings);
-    if (!(wrapper.*component.setUp)(*m_runner, model, options)) {
-        return QStringLiteral("%1 was not started").arg(name);
-    }
-    const QString missing = missingMachinesFile(*m_runner);
-    return missing.isEmpty()
-               ? QString()
-               : QStringLiteral("the machines file cannot be copied to %1").arg(missing);
 }
 
 void BatchRun::run()

@@ -39,8 +39,6 @@ public:
     void onExitCodeChanged(int exitCode) override;
 
 private:
-    QString setUp(const Component& component, common_RunWrapper::RunOptions options,
-                  const QFileInfo& model, common_CommonSettingsSet& settings);
     void run();
     void refuse(const QString& reason);
     void finish(Outcome outcome);

@@ -3,7 +3,7 @@
 #include "Component.h"
 #include "Descendants.h"
 #include "LaunchOptionsDialog.h"
-#include "MachinesFileDialog.h"
+#include "MachinesDialog.h"
 #include "Notifier.h"
 #include "RunChoice.h"
 #include "RunPanel.h"
@@ -47,8 +47,8 @@ QIcon icon(const QString& name)
 QString droppedFile(const QMimeData& data)
 {
     const QList<QUrl> urls = data.urls();
-    const auto found = std::find_if(urls.begin(), urls.end(),
-                                    [](const QUrl& url) { return url.isLocalFile(); });
+    const auto found =
+        std::find_if(urls.begin(), urls.end(), [](const QUrl& url) { return url.isLocalFile(); });
     return found == urls.end() ? QString() : found->toLocalFile();
 }
 
@@ -195,6 +195,12 @@ void MainWindow::openModel(const QString& path)
     m_panel->setFocus();
 }
 
+void MainWindow::setComponent(const Component& component)
+{
+    m_panel->setComponent(QLatin1String(component.name));
+    updateControls();
+}
+
 void MainWindow::chooseModel()
 {
     const QString folder = QFileInfo(m_panel->model()).absolutePath();
@@ -278,7 +284,7 @@ void MainWindow::editLaunchOptions()
 
 void MainWindow::editMachinesFile()
 {
-    MachinesFileDialog(this).exec();
+    MachinesDialog::edit(this);
 }
 
 void MainWindow::showAbout()
@@ -364,9 +370,9 @@ void MainWindow::updateControls()
 
 void MainWindow::onRunEnded(WindowRun& run)
 {
-    const QString text = QStringLiteral("%1 of %2: %3")
-                             .arg(run.componentName(), QFileInfo(run.model()).fileName(),
-                                  run.stateText());
+    const QString text =
+        QStringLiteral("%1 of %2: %3")
+            .arg(run.componentName(), QFileInfo(run.model()).fileName(), run.stateText());
     m_outcome->setText(text);
     if (QApplication::applicationState() != Qt::ApplicationActive) {
         QApplication::alert(this);
@@ -396,16 +402,7 @@ bool MainWindow::mayClose()
     if (going.isEmpty()) {
         return true;
     }
-    common_UserQuery query(
-        QStringLiteral("Runs are still going"),
-        m_closing ? QStringLiteral("%1 of the runs did not stop yet. End them by force and quit?")
-                        .arg(going.size())
-                  : QStringLiteral("Runs that are still going: %1. Stop them and quit?")
-                        .arg(going.size()),
-        common_UserQuery::Warning, this, QString());
-    query.addOption(QStringLiteral("Yes"), QMessageBox::YesRole, common_UserQuery::EnterDefault);
-    query.addOption(QStringLiteral("No"), QMessageBox::NoRole, common_UserQuery::EscapeDefault);
-    if (query.display() != QMessageBox::YesRole) {
+    if (!isAgreedToClose(going)) {
         m_closing = false;
         return false;
     }
@@ -413,12 +410,42 @@ bool MainWindow::mayClose()
         Descendants::killAll();
         return true;
     }
+    stopForClose(going);
+    return goingRuns().isEmpty();
+}
+
+bool MainWindow::isAgreedToClose(const QVector<WindowRun*>& going)
+{
+    const QString question =
+        m_closing ? QStringLiteral("Runs that did not stop yet: %1. End them by force and quit?")
+                  : QStringLiteral("Runs that are still going: %1. Stop them and quit?");
+    common_UserQuery query(QStringLiteral("Runs are still going"), question.arg(going.size()),
+                           common_UserQuery::Warning, this, QString());
+    query.addOption(QStringLiteral("Yes"), QMessageBox::YesRole, common_UserQuery::EnterDefault);
+    query.addOption(QStringLiteral("No"), QMessageBox::NoRole, common_UserQuery::EscapeDefault);
+    return query.display() == QMessageBox::YesRole;
+}
+
+// The window closes when the last of them has ended.
+void MainWindow::stopForClose(const QVector<WindowRun*>& going)
+{
     m_closing = true;
+    m_outcome->setText(QStringLiteral("Stopping the runs..."));
     for (WindowRun* run : going) {
         run->stop();
     }
-    m_outcome->setText(QStringLiteral("Stopping the runs..."));
-    return false;
+}
+
+void MainWindow::quit()
+{
+    const QVector<WindowRun*> going = goingRuns();
+    if (m_closing || going.isEmpty()) {
+        Descendants::killAll();
+        saveSession();
+        QCoreApplication::quit();
+    } else {
+        stopForClose(going);
+    }
 }
 
 void MainWindow::dragEnterEvent(QDragEnterEvent* event)

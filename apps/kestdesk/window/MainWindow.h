@@ -15,6 +15,7 @@ class QTableView;
 class RunPanel;
 class RunTableModel;
 class WindowRun;
+struct Component;
 
 /// kestdesk's window: a model, how to run it, and the runs of this session.
 class MainWindow : public QMainWindow
@@ -29,6 +30,11 @@ public:
     /// Opens a model: it becomes the one to run, and the newest of the recent files. Tells the user
     /// when there is no such file.
     void openModel(const QString& path);
+
+    void setComponent(const Component& component);
+
+    /// Stops the runs and closes the window without asking; asked once more, ends them by force.
+    void quit();
 
 protected:
     void closeEvent(QCloseEvent* event) override;
@@ -65,6 +71,8 @@ private:
     void updateControls();
     void onRunEnded(WindowRun& run);
     bool mayClose();
+    bool isAgreedToClose(const QVector<WindowRun*>& going);
+    void stopForClose(const QVector<WindowRun*>& going);
 
     common_CommonSettingsSet m_settings;
     SessionSettings m_session;

@@ -25,9 +25,9 @@ void Notifier::show(const QString& title, const QString& text)
         return;
     }
     const QString interface = QStringLiteral("org.freedesktop.Notifications");
-    QDBusMessage call = QDBusMessage::createMethodCall(
-        interface, QStringLiteral("/org/freedesktop/Notifications"), interface,
-        QStringLiteral("Notify"));
+    QDBusMessage call =
+        QDBusMessage::createMethodCall(interface, QStringLiteral("/org/freedesktop/Notifications"),
+                                       interface, QStringLiteral("Notify"));
     const quint32 replacesNone = 0;
     call.setArguments({QGuiApplication::applicationDisplayName(), replacesNone, QString(), title,
                        plain(text), QStringList(), QVariantMap(), serverChoosesTime});

@@ -25,8 +25,8 @@ struct ColumnRow
 
 QString remainingText(const WindowRun& run)
 {
-    const auto time = run.isRunning() ? RunTimes::remaining(run.elapsed(), run.totalPercentage())
-                                      : std::nullopt;
+    const auto time =
+        run.isRunning() ? RunTimes::remaining(run.elapsed(), run.totalPercentage()) : std::nullopt;
     return time ? RunTimes::text(*time) : QString();
 }
 

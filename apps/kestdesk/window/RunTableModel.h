@@ -12,8 +12,15 @@ class RunTableModel : public QAbstractTableModel
     Q_OBJECT
 
 public:
-    enum Column { ModelColumn, ComponentColumn, StateColumn, ProgressColumn, ElapsedColumn,
-                  RemainingColumn, ColumnCount };
+    enum Column {
+        ModelColumn,
+        ComponentColumn,
+        StateColumn,
+        ProgressColumn,
+        ElapsedColumn,
+        RemainingColumn,
+        ColumnCount
+    };
 
     explicit RunTableModel(QObject* parent);
 

@@ -15,6 +15,7 @@
 namespace {
 
 constexpr int complete = 100;
+constexpr int exitTerminated = 143; // of a component that was asked to end, whoever asked
 
 // clang-format off
 const struct { WindowRun::State state; const char* text; } stateTexts[] = {
@@ -30,7 +31,7 @@ const struct { WindowRun::State state; const char* text; } stateTexts[] = {
 } // namespace
 
 WindowRun::WindowRun(const Component& component, QString model, QObject* parent)
-    : QObject(parent), m_component(component), m_model(std::move(model)), m_runner(new BatchRunner)
+    : QObject(parent), m_component(component), m_model(std::move(model)), m_runner(new WindowRunner)
 {}
 
 WindowRun::~WindowRun()
@@ -125,7 +126,7 @@ void WindowRun::onProcessDone()
 {
     m_duration = m_clock.elapsed();
     const bool isValid = m_totalPercentage == complete && m_runner->normalExit();
-    const bool isStopped = m_state == State::Stopping && !isValid;
+    const bool isStopped = m_state == State::Stopping || m_runner->exitCode() == exitTerminated;
     setState(isValid ? State::Valid : isStopped ? State::Stopped : State::Fault);
     Q_EMIT ended();
 }

@@ -1,8 +1,8 @@
 #ifndef WINDOWRUN_H
 #define WINDOWRUN_H
 
-#include "BatchRunner.h"
 #include "Component.h"
+#include "WindowRunner.h"
 
 #include <common_ActivePtr.h>
 #include <common_ObserverOf.h>
@@ -71,7 +71,7 @@ private:
 
     const Component& m_component;
     QString m_model;
-    common_ActivePtr<BatchRunner> m_runner;
+    common_ActivePtr<WindowRunner> m_runner;
     QPointer<common_KestProcessDialog> m_dialog;
     State m_state = State::NotStarted;
     int m_totalPercentage = 0;
