@@ -19,16 +19,6 @@ constexpr Minimum minimums[] = {
     {"Optkest.NumberOfFarmProcesses", 2},  {"Amrkest.MaximumIterations", 1},
 };
 
-std::optional<int> minimumOf(const common_PropertyMetaData& metaData)
-{
-    for (const Minimum& minimum : minimums) {
-        if (metaData.name() == QLatin1String(minimum.name)) {
-            return minimum.value;
-        }
-    }
-    return std::nullopt;
-}
-
 std::optional<QString> parsedBoolean(const QString& typed)
 {
     for (const auto& [word, value] :
@@ -62,6 +52,16 @@ std::optional<QString> parsedInteger(const std::optional<int>& minimum, const QS
 
 } // namespace
 
+std::optional<int> OptionValue::minimum(const common_PropertyMetaData& metaData)
+{
+    for (const Minimum& row : minimums) {
+        if (metaData.name() == QLatin1String(row.name)) {
+            return row.value;
+        }
+    }
+    return std::nullopt;
+}
+
 QString OptionValue::accepted(const common_PropertyMetaData& metaData)
 {
     if (metaData.type() == common_PropertyMetaData::Boolean) {
@@ -78,9 +78,9 @@ QString OptionValue::accepted(const common_PropertyMetaData& metaData)
         }
         return parts.join(QStringLiteral(", "));
     }
-    const std::optional<int> minimum = minimumOf(metaData);
-    return minimum ? QStringLiteral("an integer from %1").arg(*minimum)
-                   : QStringLiteral("an integer");
+    const std::optional<int> smallest = minimum(metaData);
+    return smallest ? QStringLiteral("an integer from %1").arg(*smallest)
+                    : QStringLiteral("an integer");
 }
 
 QStringList OptionValue::words(const common_PropertyMetaData& metaData)
@@ -106,6 +106,6 @@ std::optional<QString> OptionValue::parsed(const common_PropertyMetaData& metaDa
         return parsedBoolean(typed);
     }
     const QVector<EnumType> members = metaData.getEnumList();
-    return members.isEmpty() ? parsedInteger(minimumOf(metaData), typed)
+    return members.isEmpty() ? parsedInteger(minimum(metaData), typed)
                              : parsedMember(members, typed);
 }

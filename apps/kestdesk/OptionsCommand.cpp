@@ -1,8 +1,8 @@
 #include "OptionsCommand.h"
 
+#include "LaunchOptionsFile.h"
 #include "OptionValue.h"
 
-#include <KEST_binfiles.h>
 #include <common_ComponentsLaunchOptions.h>
 #include <common_PropertyFactory.h>
 
@@ -31,26 +31,14 @@ void complain(const QString& line)
     std::fprintf(stderr, "kestdesk: %s\n", qUtf8Printable(line));
 }
 
-bool isKept(const QString& name)
-{
-    return (common_PropertyFactory::getMetaData(name).flags() &
-            common_PropertyMetaData::Transient) == 0;
-}
-
-// The options that the settings file keeps: the others would be forgotten at once.
 QStringList names(const Options& options)
 {
-    QStringList result = options->getProperties();
-    result.erase(std::remove_if(result.begin(), result.end(),
-                                [](const QString& name) { return !isKept(name); }),
-                 result.end());
-    return result;
+    return LaunchOptionsFile::keptNames(*options);
 }
 
 QString value(const Options& options, const QString& name)
 {
-    const common_ComponentsLaunchOptions& constant = *options;
-    return constant[name].castToQString();
+    return LaunchOptionsFile::value(*options, name);
 }
 
 bool knows(const Options& options, const QString& name)
@@ -100,29 +88,15 @@ Options writableOptions()
 {
     Options options = common_ComponentsLaunchOptions::create(ReadWriteAccess);
     if (!options) {
-        const Options readable = common_ComponentsLaunchOptions::create(ReadOnlyAccess);
-        char host[256] = "";
-        const qint64 process = KEST_binfiles_lock_owner(
-            readable->getFileName().toStdWString().c_str(), host, sizeof host);
-        complain(QStringLiteral("process %1 on %2 holds it; nothing was changed")
-                     .arg(process)
-                     .arg(QString::fromUtf8(host)));
+        complain(
+            QStringLiteral("%1 holds it; nothing was changed").arg(LaunchOptionsFile::owner()));
     }
     return options;
 }
 
-// Reads again what was written: a disk may be full, a folder read-only.
 int save(const Options& options)
 {
-    options->writeSettings();
-    const Options saved = common_ComponentsLaunchOptions::create(ReadOnlyAccess);
-    QStringList lost;
-    const QStringList all = names(options);
-    for (const QString& name : all) {
-        if (value(saved, name) != value(options, name)) {
-            lost.append(name);
-        }
-    }
+    const QStringList lost = LaunchOptionsFile::save(*options);
     if (!lost.isEmpty()) {
         complain(QStringLiteral("not saved in %1: %2")
                      .arg(options->getFileName(), lost.join(QStringLiteral(", "))));

@@ -1,3 +1,4 @@
+#include "ApplicationIdentity.h"
 #include "BatchSession.h"
 #include "CommandLine.h"
 #include "OptionsCommand.h"
@@ -13,7 +14,8 @@ int main(int argc, char* argv[])
     QCoreApplication::setApplicationName(QStringLiteral("kestdesk"));
     QCoreApplication::setApplicationVersion(QStringLiteral(KESTDESK_VERSION));
 
-    const Services services(true); // nothing has a window yet
+    const Services services({QStringLiteral("kestdesk"), QStringLiteral("models/dipole.nec")},
+                            true); // nothing has a window yet
     const CommandLine commandLine = CommandLine::parsed(QCoreApplication::arguments());
     switch (commandLine.request) {
     case CommandLine::Request::ShowText:

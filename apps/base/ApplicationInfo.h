@@ -1,14 +1,16 @@
 #ifndef APPLICATIONINFO_H
 #define APPLICATIONINFO_H
 
-#include <common_IApplicationInfo.h>
+#include "ApplicationIdentity.h"
 
-#include <QString>
+#include <common_IApplicationInfo.h>
 
 /// Where this program and its user have their files.
 class ApplicationInfo : public common_IApplicationInfo
 {
 public:
+    explicit ApplicationInfo(ApplicationIdentity identity = {});
+
     QString applicationName() const override;
     QString installationDirectory() const override;
 
@@ -18,8 +20,10 @@ public:
     /// The installation folder.
     QString defaultSettingsDirectory() const override;
 
-    /// The installation's first model.
     QString initialRecentFile() const override;
+
+private:
+    ApplicationIdentity m_identity;
 };
 
 #endif

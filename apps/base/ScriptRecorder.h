@@ -10,7 +10,8 @@
 class ScriptRecorder : public common_IScriptRecorder
 {
 public:
-    ScriptRecorder();
+    /// The name is that of the application, for complaints.
+    explicit ScriptRecorder(QString applicationName);
 
     /// Whether a file is named.
     bool isRecording() const;
@@ -19,6 +20,7 @@ public:
                        const QString& command) override;
 
 private:
+    QString m_applicationName;
     QString m_fileName;
 };
 

@@ -5,9 +5,14 @@
 #include <QDir>
 #include <QStandardPaths>
 
+#include <utility>
+
+ApplicationInfo::ApplicationInfo(ApplicationIdentity identity) : m_identity(std::move(identity))
+{}
+
 QString ApplicationInfo::applicationName() const
 {
-    return QStringLiteral("kestdesk");
+    return m_identity.name;
 }
 
 QString ApplicationInfo::installationDirectory() const
@@ -31,5 +36,7 @@ QString ApplicationInfo::defaultSettingsDirectory() const
 
 QString ApplicationInfo::initialRecentFile() const
 {
-    return Installation::directory() + QStringLiteral("/models/dipole.nec");
+    return m_identity.initialRecentFile.isEmpty()
+               ? QString()
+               : Installation::directory() + QLatin1Char('/') + m_identity.initialRecentFile;
 }

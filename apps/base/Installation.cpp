@@ -8,8 +8,13 @@ QString Installation::directory()
 {
     const QString home = qEnvironmentVariable("KEST_HOME");
     return home.isEmpty() ? QDir::cleanPath(QCoreApplication::applicationDirPath() +
-                                            QLatin1String("/" KESTDESK_SUITE_FROM_BIN))
+                                            QLatin1String("/" KEST_SUITE_FROM_BIN))
                           : QDir(home).absolutePath();
+}
+
+QString Installation::helpDirectory()
+{
+    return directory() + QStringLiteral("/help");
 }
 
 QString Installation::program(const QString& component)

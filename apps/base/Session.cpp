@@ -17,8 +17,8 @@ constexpr QMessageBox::Icon icons[] = {QMessageBox::Information, QMessageBox::Wa
 void Session::showUserMessage(common_ActivePtr<common_UserMessage> message, QWidget* parent)
 {
     if (m_nonInteractive) {
-        std::fprintf(stderr, "kestdesk: %s (%s)\n", qPrintable(message->text()),
-                     qPrintable(message->code()));
+        std::fprintf(stderr, "%s: %s (%s)\n", qPrintable(m_applicationName),
+                     qPrintable(message->text()), qPrintable(message->code()));
         return;
     }
     QMessageBox box(icons[message->type()], QStringLiteral("Kest"), message->text(),

@@ -3,12 +3,16 @@
 
 #include <memory>
 
-/// What the suite's libraries ask an application for. The services are set as long as this lives.
+struct ApplicationIdentity;
+
+/// What the suite's libraries ask an application for. The services are set as long as this lives;
+/// those that show something, icons, pictures and help, only where there is a QApplication, which
+/// must live longer.
 class Services
 {
 public:
     /// Non-interactive: messages go to standard error and nobody is asked anything.
-    explicit Services(bool nonInteractive);
+    Services(const ApplicationIdentity& identity, bool nonInteractive);
     ~Services();
 
     Services(const Services&) = delete;

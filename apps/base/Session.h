@@ -3,15 +3,22 @@
 
 #include <common_ISession.h>
 
+#include <QString>
+
+#include <utility>
+
 /// Tells the user: on standard error, or in a box.
 class Session : public common_ISession
 {
 public:
-    explicit Session(bool nonInteractive) : m_nonInteractive(nonInteractive) {}
+    Session(QString applicationName, bool nonInteractive)
+        : m_applicationName(std::move(applicationName)), m_nonInteractive(nonInteractive)
+    {}
 
     void showUserMessage(common_ActivePtr<common_UserMessage> message, QWidget* parent) override;
 
 private:
+    QString m_applicationName;
     bool m_nonInteractive;
 };
 

@@ -6,8 +6,10 @@
 #include <QFile>
 
 #include <cstdio>
+#include <utility>
 
-ScriptRecorder::ScriptRecorder() : m_fileName(qEnvironmentVariable("KEST_SCRIPT"))
+ScriptRecorder::ScriptRecorder(QString applicationName)
+    : m_applicationName(std::move(applicationName)), m_fileName(qEnvironmentVariable("KEST_SCRIPT"))
 {}
 
 bool ScriptRecorder::isRecording() const
@@ -24,7 +26,7 @@ void ScriptRecorder::recordCommand(common_ActivePtr<common_DomainEntity> entity,
     QFile file(m_fileName);
     if (!file.open(QIODevice::WriteOnly | QIODevice::Append) || file.write(line) != line.size() ||
         !file.flush()) {
-        std::fprintf(stderr, "kestdesk: cannot record to %s: %s\n", qPrintable(m_fileName),
-                     qPrintable(file.errorString()));
+        std::fprintf(stderr, "%s: cannot record to %s: %s\n", qPrintable(m_applicationName),
+                     qPrintable(m_fileName), qPrintable(file.errorString()));
     }
 }
