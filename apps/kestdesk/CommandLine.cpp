@@ -29,9 +29,11 @@ constexpr RunOptionWord runOptionWords[] = {
 void addOptions(QCommandLineParser& parser)
 {
     parser.setApplicationDescription(QStringLiteral(
-        "Runs a solver component of the suite on each model, with the user's launch options, and "
+        "Opens a window that runs the suite's solver components on models. With --non-interactive "
+        "runs a component on each model in this terminal, with the user's launch options, and "
         "shows what it prints.\n\n"
-        "Exit code: 0 all models valid, 1 fault, 2 could not start, 130 stopped.\n"
+        "Exit code of --non-interactive: 0 all models valid, 1 fault, 2 could not start, 130 "
+        "stopped.\n"
         "Ctrl+C stops the component, a second one ends at once.\n\n"
         "Environment:\n"
         "  KEST_HOME       the installation with the components; without it, the one beside "
@@ -56,7 +58,7 @@ void addOptions(QCommandLineParser& parser)
                               .arg(QLatin1String(row.meaning), Component::names(row.option))});
     }
     parser.addPositionalArgument(QStringLiteral("model"), QStringLiteral("Model files (*.nec)."),
-                                 QStringLiteral("model..."));
+                                 QStringLiteral("[model...]"));
 }
 
 QString componentComplaint(const QString& name)
@@ -83,27 +85,51 @@ QString runOptionComplaint(const QCommandLineParser& parser, const Component& co
 // Why the command line cannot be followed; empty when it can.
 QString complaint(const QCommandLineParser& parser)
 {
-    if (!parser.isSet(nonInteractiveOption)) {
-        return QStringLiteral("there is no window yet, so --non-interactive is needed");
-    }
-    if (parser.positionalArguments().isEmpty()) {
+    const bool isBatch = parser.isSet(nonInteractiveOption);
+    const int modelCount = parser.positionalArguments().size();
+    if (isBatch && modelCount == 0) {
         return QStringLiteral("no model given");
+    }
+    if (!isBatch && modelCount > 1) {
+        return QStringLiteral("the window takes one model; --non-interactive runs several");
     }
     const QString name = parser.value(componentOption);
     const Component* const component = Component::find(name);
     return component ? runOptionComplaint(parser, *component) : componentComplaint(name);
 }
 
+// Why the window cannot follow the command line: what it is to do is chosen in it.
+QString windowComplaint(const QCommandLineParser& parser)
+{
+    for (const RunOptionWord& row : runOptionWords) {
+        if (parser.isSet(QLatin1String(row.word))) {
+            return QStringLiteral("--%1 needs --non-interactive; the window has a box for it")
+                .arg(QLatin1String(row.word));
+        }
+    }
+    return QString();
+}
+
 CommandLine run(const QCommandLineParser& parser)
 {
     CommandLine result;
     result.text = complaint(parser);
+    if (!parser.isSet(nonInteractiveOption) && result.text.isEmpty()) {
+        result.text = windowComplaint(parser);
+    }
     if (!result.text.isEmpty()) {
+        return result;
+    }
+    result.models = parser.positionalArguments();
+    if (!parser.isSet(nonInteractiveOption)) {
+        result.request = CommandLine::Request::ShowWindow;
+        result.component = parser.isSet(componentOption)
+                               ? Component::find(parser.value(componentOption))
+                               : nullptr;
         return result;
     }
     result.request = CommandLine::Request::RunModels;
     result.component = Component::find(parser.value(componentOption));
-    result.models = parser.positionalArguments();
     for (const RunOptionWord& row : runOptionWords) {
         result.options.setFlag(row.option, parser.isSet(QLatin1String(row.word)));
     }

@@ -11,11 +11,11 @@ struct Component;
 /// What the user asked for on the command line.
 struct CommandLine
 {
-    enum class Request { RunModels, EditOptions, UseMachines, ShowText, Refuse };
+    enum class Request { ShowWindow, RunModels, EditOptions, UseMachines, ShowText, Refuse };
 
     Request request = Request::Refuse;
     QString text;                         ///< what to show, or why the command line is refused
-    const Component* component = nullptr; ///< set when models are to be run
+    const Component* component = nullptr; ///< null where the window is to choose
     common_RunWrapper::RunOptions options;
     QStringList models;
     QStringList words; ///< behind "options" or "machines"
