@@ -6,6 +6,8 @@
 
 #include <QCommandLineParser>
 
+#include <algorithm>
+
 namespace {
 
 const QString nonInteractiveOption = QStringLiteral("non-interactive");
@@ -144,15 +146,37 @@ CommandLine shown(const QString& text)
     return result;
 }
 
+CommandLine::Request commandOf(const QString& word)
+{
+    if (word == QLatin1String("options")) {
+        return CommandLine::Request::EditOptions;
+    }
+    return word == QLatin1String("machines") ? CommandLine::Request::UseMachines
+                                             : CommandLine::Request::Refuse;
+}
+
+bool isAnySet(const QCommandLineParser& parser, const QStringList& names)
+{
+    return std::any_of(names.begin(), names.end(),
+                       [&parser](const QString& name) { return parser.isSet(name); });
+}
+
 } // namespace
+
+bool CommandLine::asksForWindow(const QStringList& arguments)
+{
+    QCommandLineParser parser;
+    addOptions(parser);
+    return commandOf(arguments.value(1)) == Request::Refuse && parser.parse(arguments) &&
+           !isAnySet(parser, {nonInteractiveOption, QStringLiteral("help"),
+                              QStringLiteral("help-all"), QStringLiteral("version")});
+}
 
 CommandLine CommandLine::parsed(const QStringList& arguments)
 {
     CommandLine result;
-    const QString first = arguments.value(1);
-    if (first == QLatin1String("options") || first == QLatin1String("machines")) {
-        result.request =
-            first == QLatin1String("options") ? Request::EditOptions : Request::UseMachines;
+    result.request = commandOf(arguments.value(1));
+    if (result.request != Request::Refuse) {
         result.words = arguments.mid(2);
         return result;
     }
@@ -162,7 +186,7 @@ CommandLine CommandLine::parsed(const QStringList& arguments)
         result.text = parser.errorText();
         return result;
     }
-    if (parser.isSet(QStringLiteral("help")) || parser.isSet(QStringLiteral("help-all"))) {
+    if (isAnySet(parser, {QStringLiteral("help"), QStringLiteral("help-all")})) {
         return shown(parser.helpText() + QLatin1Char('\n') + OptionsCommand::usage() +
                      QLatin1Char('\n') + MachinesCommand::usage());
     }

@@ -22,6 +22,10 @@ struct CommandLine
 
     /// The arguments include the program's name.
     static CommandLine parsed(const QStringList& arguments);
+
+    /// Whether the arguments ask for the window, which decides what kind of application object
+    /// there must be. Needs none itself.
+    static bool asksForWindow(const QStringList& arguments);
 };
 
 #endif

@@ -70,8 +70,7 @@ int follow(const CommandLine& commandLine)
 
 int main(int argc, char* argv[])
 {
-    const CommandLine commandLine = CommandLine::parsed(wordsOf(argc, argv));
-    const bool isWindow = commandLine.request == CommandLine::Request::ShowWindow;
+    const bool isWindow = CommandLine::asksForWindow(wordsOf(argc, argv));
     if (isWindow && !Display::exists()) {
         return refuse(QStringLiteral("there is no display for the window; --non-interactive runs "
                                      "models in this terminal"));
@@ -88,5 +87,5 @@ int main(int argc, char* argv[])
     Environment::complete();
     const Services services({QStringLiteral("kestdesk"), QStringLiteral("models/dipole.nec")},
                             !isWindow);
-    return follow(commandLine);
+    return follow(CommandLine::parsed(QCoreApplication::arguments()));
 }

@@ -142,7 +142,7 @@ private Q_SLOTS:
         QTest::addColumn<QString>("option");
         QTest::addColumn<QByteArray>("part");
         QTest::newRow("help") << "--help" << QByteArray("--component <name>");
-        QTest::newRow("short help") << "-h" << QByteArray("Exit code: 0 all models valid");
+        QTest::newRow("short help") << "-h" << QByteArray("0 all models valid");
         QTest::newRow("version") << "--version" << QByteArray("kestdesk " KEST_VERSION "\n");
     }
 
@@ -161,7 +161,7 @@ private Q_SLOTS:
         QTest::addColumn<QStringList>("arguments");
         QTest::addColumn<QByteArray>("reason");
         // clang-format off
-        QTest::newRow("nothing")           << QStringList()                                << QByteArray("--non-interactive is needed");
+        QTest::newRow("no display")        << QStringList()                                << QByteArray("there is no display for the window");
         QTest::newRow("no model")          << QStringList{text("--non-interactive")}       << QByteArray("no model given");
         QTest::newRow("unknown option")    << QStringList{text("--colour"), text("m.nec")} << QByteArray("colour");
         QTest::newRow("component missing") << QStringList{text("--non-interactive"), text("m.nec"), text("--component")} << QByteArray("component");
