@@ -79,7 +79,8 @@ QString otherValue(const common_PropertyMetaData& metaData, const QString& value
     if (metaData.type() == common_PropertyMetaData::Boolean) {
         return value == text("true") ? text("false") : text("true");
     }
-    for (const EnumType& member : metaData.getEnumList()) {
+    const QVector<EnumType> members = metaData.getEnumList();
+    for (const EnumType& member : members) {
         if (QString::number(member.value) != value) {
             return QString::number(member.value);
         }
@@ -88,10 +89,13 @@ QString otherValue(const common_PropertyMetaData& metaData, const QString& value
 }
 
 // Of all properties of the process those that are launch options.
-QStringList allNames()
+const QStringList& allNames()
 {
-    QStringList names = common_PropertyFactory::names();
-    names.removeAll(text("3DMouseSensitivity"));
+    static const QStringList names = [] {
+        QStringList all = common_PropertyFactory::names();
+        all.removeAll(text("3DMouseSensitivity"));
+        return all;
+    }();
     return names;
 }
 
@@ -426,7 +430,7 @@ private Q_SLOTS:
             file.setValue(text("options/Kest.ProcessPriority"), 7);
             file.setValue(text("options/Kest.ParallelAuthenticMethod"), 0);
             file.setValue(text("options/Prekest.AdvancedOptions"), text("a\tb\nc"));
-            file.setValue(text("options/EnvironmentVariables"), text("A=1\nB=\tx"));
+            file.setValue(text("options/EnvironmentVariables"), text("A=1\r\nB=\tx"));
         }
         open();
         QCOMPARE(shown(editor(text("Kest.ProcessPriority"))), text("7"));
@@ -437,7 +441,7 @@ private Q_SLOTS:
         QCOMPARE(file.value(text("options/Kest.ProcessPriority")).toInt(), 7);
         QCOMPARE(file.value(text("options/Kest.ParallelAuthenticMethod")).toInt(), 0);
         QCOMPARE(file.value(text("options/Prekest.AdvancedOptions")).toString(), text("a\tb\nc"));
-        QCOMPARE(file.value(text("options/EnvironmentVariables")).toString(), text("A=1\nB=\tx"));
+        QCOMPARE(file.value(text("options/EnvironmentVariables")).toString(), text("A=1\r\nB=\tx"));
         QCOMPARE(file.value(text("options/RunParallel")).toBool(), true);
     }
 
@@ -586,6 +590,9 @@ private Q_SLOTS:
         QCOMPARE(preview("Kest Solver"), text("runkest --use-gpu 0"));
         QCOMPARE(preview("Utilities"), text("adaptkest   |   optkest -NP 2"));
         QCOMPARE(preview("Environment"), text("KEST_MPISTATISTICS=0"));
+        type(editor(text("Kest.AdvancedOptions")), text("  "));
+        QCOMPARE(preview("Kest Solver"), text("runkest --use-gpu 0 \"\""));
+        type(editor(text("Kest.AdvancedOptions")), QString());
         type(editor(text("RunParallel")), text("true"));
         type(editor(text("RunRemote")), text("true"));
         type(editor(text("Kest.RemoteHost")), text("a b"));

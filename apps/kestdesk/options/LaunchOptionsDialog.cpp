@@ -202,14 +202,15 @@ QWidget* LaunchOptionsDialog::makeBanner()
 
 void LaunchOptionsDialog::loadEditors()
 {
+    m_loading = true;
     for (auto entry = m_pageOf.cbegin(); entry != m_pageOf.cend(); ++entry) {
         LaunchOptionsPage* const page = entry.value();
         page->setText(entry.key(), LaunchOptionsFile::value(*m_options, entry.key()));
         m_shown.insert(entry.key(), page->text(entry.key()));
+        (*m_preview)[entry.key()].assignFromQString(
+            LaunchOptionsFile::value(*m_options, entry.key()));
     }
-    for (const QString& key : m_pageOf.keys()) {
-        (*m_preview)[key].assignFromQString(LaunchOptionsFile::value(*m_options, key));
-    }
+    m_loading = false;
     check();
 }
 
@@ -223,14 +224,15 @@ QString LaunchOptionsDialog::currentValue(const QString& key) const
 
 void LaunchOptionsDialog::takeFromEditors()
 {
-    for (const QString& key : m_pageOf.keys()) {
+    for (auto entry = m_pageOf.cbegin(); entry != m_pageOf.cend(); ++entry) {
+        const QString& key = entry.key();
         const QString value = currentValue(key);
         if (value != LaunchOptionsFile::value(*m_options, key)) {
             common_PropertyReference property = (*m_options)[key];
             property.assignFromQString(value);
             property.notify();
         }
-        m_shown.insert(key, m_pageOf[key]->text(key));
+        m_shown.insert(key, entry.value()->text(key));
     }
 }
 
@@ -289,8 +291,10 @@ void LaunchOptionsDialog::accept()
 
 void LaunchOptionsDialog::onEdited(LaunchOptionsPage* page, const QString& key)
 {
-    (*m_preview)[key].assignFromQString(page->text(key));
-    check();
+    if (!m_loading) {
+        (*m_preview)[key].assignFromQString(page->text(key));
+        check();
+    }
 }
 
 void LaunchOptionsDialog::onMachinesRequested()

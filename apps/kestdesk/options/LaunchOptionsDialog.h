@@ -69,6 +69,7 @@ private:
     QLineEdit* m_previewLine;
     QLabel* m_reason;
     QDialogButtonBox* m_buttons;
+    bool m_loading = false; ///< the editors change because of us
     QPushButton* m_ok = nullptr;
     QPushButton* m_apply = nullptr;
 };

@@ -103,7 +103,7 @@ void LaunchOptionsPage::addField(const LaunchOptionRow& row, QGroupBox* group, Q
     m_fields.append(field);
 }
 
-void LaunchOptionsPage::addMachines(QGroupBox* group, QGridLayout* grid)
+void LaunchOptionsPage::addMachines(QGroupBox* group, QGridLayout* grid) const
 {
     auto* const label = new QLabel(QStringLiteral("Machines file"), group);
     auto* const button = new QPushButton(QStringLiteral("Configure"), group);
@@ -175,7 +175,7 @@ bool LaunchOptionsPage::isAllowed(const Field& field) const
 QString LaunchOptionsPage::check()
 {
     QString first;
-    for (const Field& field : m_fields) {
+    for (const Field& field : qAsConst(m_fields)) {
         const bool allowed = isAllowed(field);
         field.editor->widget()->setEnabled(allowed);
         for (QLabel* const label : {field.label, field.unit}) {

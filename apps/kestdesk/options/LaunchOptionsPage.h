@@ -54,7 +54,7 @@ private:
 
     QGroupBox* makeGroup(const QString& tab, const QString& title);
     void addField(const LaunchOptionRow& row, QGroupBox* group, QGridLayout* grid);
-    void addMachines(QGroupBox* group, QGridLayout* grid);
+    void addMachines(QGroupBox* group, QGridLayout* grid) const;
     const Field& field(const QString& key) const;
     bool isAllowed(const Field& field) const;
     void mark(const Field& field, const QString& complaint);
