@@ -168,8 +168,9 @@ bool CommandLine::asksForWindow(const QStringList& arguments)
     QCommandLineParser parser;
     addOptions(parser);
     return commandOf(arguments.value(1)) == Request::Refuse && parser.parse(arguments) &&
-           !isAnySet(parser, {nonInteractiveOption, QStringLiteral("help"),
-                              QStringLiteral("help-all"), QStringLiteral("version")});
+           !isAnySet(parser, {QStringLiteral("help"), QStringLiteral("help-all"),
+                              QStringLiteral("version")}) &&
+           run(parser).request == Request::ShowWindow;
 }
 
 CommandLine CommandLine::parsed(const QStringList& arguments)

@@ -161,7 +161,8 @@ private Q_SLOTS:
         QTest::addColumn<QStringList>("arguments");
         QTest::addColumn<QByteArray>("reason");
         // clang-format off
-        QTest::newRow("no display")        << QStringList()                                << QByteArray("there is no display for the window");
+        QTest::newRow("two models")        << QStringList{text("a.nec"), text("b.nec")}    << QByteArray("the window takes one model");
+        QTest::newRow("box as option")     << QStringList{text("--parallel"), text("a.nec")} << QByteArray("--parallel needs --non-interactive");
         QTest::newRow("no model")          << QStringList{text("--non-interactive")}       << QByteArray("no model given");
         QTest::newRow("unknown option")    << QStringList{text("--colour"), text("m.nec")} << QByteArray("colour");
         QTest::newRow("component missing") << QStringList{text("--non-interactive"), text("m.nec"), text("--component")} << QByteArray("component");
@@ -180,6 +181,23 @@ private Q_SLOTS:
         QVERIFY2(result.errors.startsWith("kestdesk: "), result.errors.constData());
         QVERIFY2(result.errors.contains(reason), result.errors.constData());
         QVERIFY(result.errors.contains("kestdesk --help"));
+    }
+
+    void windowNeedsADisplay()
+    {
+        QStringList withoutDisplay = environment();
+        const QStringList names = {text("DISPLAY="), text("WAYLAND_DISPLAY="),
+                                   text("QT_QPA_PLATFORM=")};
+        for (const QString& name : names) {
+            withoutDisplay = withoutDisplay.filter(
+                QRegularExpression(text("^(?!%1)").arg(QRegularExpression::escape(name))));
+        }
+        QProcess process;
+        process.setEnvironment(withoutDisplay);
+        process.start(text(KESTDESK), {model(text("model"), {})});
+        QVERIFY(process.waitForFinished(60000));
+        QCOMPARE(process.exitCode(), 2);
+        QVERIFY(process.readAllStandardError().contains("there is no display for the window"));
     }
 
     void showsWhatTheComponentPrintsInOrder()
