@@ -11,11 +11,21 @@ namespace suite {
 
 namespace {
 
+// Infinity is no number to compute with.
+constexpr double LargestValue = 1e15;
+
 bool isInRange(const OptionRow& row, const QString& value)
 {
     bool isNumber = false;
     const int number = value.toInt(&isNumber);
     return isNumber && number >= row.least && number <= row.most;
+}
+
+bool isPositive(const QString& value)
+{
+    bool isNumber = false;
+    const double number = value.toDouble(&isNumber);
+    return isNumber && number > 0 && number <= LargestValue;
 }
 
 bool areHosts(const QString& value)
@@ -41,6 +51,8 @@ bool isGoodValue(const OptionRow& row, const QString& value)
     switch (row.kind) {
     case ValueKind::Integer:
         return isInRange(row, value);
+    case ValueKind::Positive:
+        return isPositive(value);
     case ValueKind::ProcessCount:
         return value == QLatin1String("all") || isInRange(row, value);
     case ValueKind::Word:
@@ -63,6 +75,8 @@ QString expectation(const OptionRow& row)
     switch (row.kind) {
     case ValueKind::Integer:
         return QStringLiteral("a whole number from %1 to %2").arg(row.least).arg(row.most);
+    case ValueKind::Positive:
+        return QStringLiteral("a number greater than 0");
     case ValueKind::ProcessCount:
         return QStringLiteral("a whole number from %1 to %2, or all").arg(row.least).arg(row.most);
     case ValueKind::Word:
@@ -82,7 +96,7 @@ bool takesValue(const OptionRow& row)
 } // namespace
 
 CommandLine::CommandLine(OptionGroup group, QStringList arguments)
-    : m_start(group), m_group(group), m_words(std::move(arguments))
+    : m_group(group), m_words(std::move(arguments))
 {
     while (!m_words.isEmpty()) {
         readWord();
@@ -101,11 +115,9 @@ void CommandLine::readWord()
     if (word.isEmpty()) {
         return;
     }
-    // Switches lead from any group to any other.
     const OptionRow* row = optionRow(m_group, word);
-    const OptionRow* start = optionRow(m_start, word);
-    if (row == nullptr && start != nullptr && start->kind == ValueKind::Switch) {
-        row = start;
+    if (row == nullptr) {
+        row = earlierSwitch(word);
     }
     if (row != nullptr) {
         readOption(*row);
@@ -114,10 +126,26 @@ void CommandLine::readWord()
     }
 }
 
+// Switches lead from any group to those that the groups before it lead to.
+const OptionRow* CommandLine::earlierSwitch(const QString& word) const
+{
+    for (const OptionGroup group : m_groups) {
+        const OptionRow* row = optionRow(group, word);
+        if (row != nullptr && row->kind == ValueKind::Switch) {
+            return row;
+        }
+    }
+    return nullptr;
+}
+
 void CommandLine::readOption(const OptionRow& row)
 {
     const Key key(row.group, QLatin1String(row.name));
     if (row.kind == ValueKind::Switch) {
+        m_behind.insert(key, m_words);
+        if (!m_groups.contains(m_group)) {
+            m_groups.append(m_group);
+        }
         m_group = row.target;
     }
     m_options.insert(key, takesValue(row) ? readValue(row) : QString());
@@ -171,14 +199,23 @@ QString CommandLine::value(OptionGroup group, const QString& name) const
     return m_options.value(Key(group, name));
 }
 
+QStringList CommandLine::wordsBehind(OptionGroup group, const QString& name) const
+{
+    return m_behind.value(Key(group, name));
+}
+
 QString CommandLine::help(const QString& program, OptionGroup group)
 {
     QString text = QStringLiteral("Usage: %1 MODEL [options]\n").arg(program);
     QVector<OptionGroup> groups = {OptionGroup::Common, group};
     const QVector<OptionRow> rows = optionRows();
-    for (const OptionRow& row : rows) {
-        if (row.group == group && row.kind == ValueKind::Switch) {
-            groups.append(row.target);
+    // Grows while it is walked through: the solver's options lead to further groups.
+    for (int index = 1; index < groups.size(); ++index) {
+        for (const OptionRow& row : rows) {
+            if (row.group == groups.at(index) && row.kind == ValueKind::Switch &&
+                !groups.contains(row.target)) {
+                groups.append(row.target);
+            }
         }
     }
     for (const OptionGroup each : qAsConst(groups)) {

@@ -10,6 +10,7 @@ namespace suite {
 struct Deck
 {
     QVector<QByteArray> comments;
+    QVector<int> commentLines; // where the comments stand
     QVector<Card> cards;
     int lastLine = 0;
 };

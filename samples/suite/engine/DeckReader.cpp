@@ -147,6 +147,7 @@ void DeckReader::readComment(const QByteArray& line, const QString& mnemonic)
                        {QString::number(line.size()), QString::number(LongestLine)});
     }
     m_deck.comments.append(line.trimmed().left(LongestLine));
+    m_deck.commentLines.append(m_line);
     m_commentsEnded = mnemonic == QLatin1String("CE");
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "AdaptiveSampling.h"
 #include "Deck.h"
 #include "FrequencyRange.h"
 #include "Structure.h"
@@ -12,6 +13,7 @@ struct Model
     Deck deck;
     Structure structure;
     FrequencyRange frequencies;
+    AdaptiveSampling adaptive;
     int frequencyCard = -1; // index of the FR card, -1 without one
     int groundType = -1;    // of the last GN card; -1 is free space
     int excitationCount = 0;

@@ -57,6 +57,7 @@ void Preprocessor::check()
     checkOrder(m_model.deck, m_findings);
     buildStructure();
     checkControls();
+    takeAdaptiveSampling();
     if (m_model.frequencies.count > 0) {
         warnOfSegments();
     }
@@ -83,6 +84,14 @@ void Preprocessor::checkControls()
         if (cardRule(m_model.deck.cards.at(index).mnemonic)->section == Section::Control) {
             control.check(index);
         }
+    }
+}
+
+void Preprocessor::takeAdaptiveSampling()
+{
+    m_model.adaptive = readAdaptiveSampling(m_model.deck, m_findings);
+    if (m_model.adaptive.isWanted && !m_model.hasVoltageSource) {
+        m_findings.add(FindingKind::AdaptiveWithoutSource, m_model.adaptive.line);
     }
 }
 
