@@ -1,0 +1,76 @@
+#ifndef COMMON_RENDERINGSETTINGSWIDGET_H
+#define COMMON_RENDERINGSETTINGSWIDGET_H
+
+#include <kest_common_export.h>
+
+#include <QWidget>
+
+class QButtonGroup;
+class QGridLayout;
+class QGroupBox;
+class QLabel;
+class QRadioButton;
+class QSlider;
+class QSpacerItem;
+class QVBoxLayout;
+
+/// The panel on which the user chooses between hardware and software 3D rendering and tunes the
+/// face displacement: how far faces are pushed back so that edges drawn on them stay visible.
+///
+/// It keeps no settings. The dialog that embeds it sets the controls, reads them, and listens to
+/// the signals; what a slider's value of 0 to 32 means to the renderer is the dialog's business.
+class KEST_COMMON_EXPORT common_RenderingSettingsWidget : public QWidget
+{
+    Q_OBJECT
+
+public:
+    /// In mode 1 there is one slider, for everything; in any other, one for geometry and one for
+    /// meshes. The name, in Latin-1, becomes the object name; null stands for
+    /// "common_Rendering_Settings_Widget".
+    explicit common_RenderingSettingsWidget(QWidget* parent = nullptr, const char* name = nullptr,
+                                            Qt::WindowFlags flags = {}, int mode = 2);
+
+Q_SIGNALS:
+    /// A slider was moved. The radio buttons do not signal: read them when the choice is applied,
+    /// or connect to them.
+    void renderingSettingsChanged();
+
+    /// The user asks for the defaults; the controls stay as they are until they are set.
+    void useDefaults();
+
+public Q_SLOTS:
+    /// Emits renderingSettingsChanged().
+    virtual void onWidgetChanged();
+
+protected Q_SLOTS:
+    /// Emits useDefaults().
+    void onDefaultsClicked();
+
+    /// Sets all texts but that of the defaults button.
+    virtual void languageChange();
+
+private:
+    void hideTwoSlidersLayout(bool hide) const;
+
+public:
+    // The controls and their layouts, owned by the widget.
+
+    /// Always null: the radio buttons exclude each other as siblings.
+    QButtonGroup* m_pButtonGroup = nullptr;
+    QSlider* m_pMeshesSlider = nullptr;
+    QSlider* m_pGeometrySlider = nullptr;
+    QSlider* m_pFaceDisplacementSlider = nullptr;
+    QGridLayout* m_pMainGrid = nullptr;
+    QVBoxLayout* m_pRadioLayout = nullptr;
+    QSpacerItem* m_pSpacer = nullptr;
+    QGridLayout* m_pGroupGrid = nullptr;
+    QGridLayout* m_pTwoSlidersGrid = nullptr;
+    QRadioButton* m_pHardwareRadioButton = nullptr;
+    QRadioButton* m_pSoftwareRadioButton = nullptr;
+    QGroupBox* m_pFaceDisplacementBox = nullptr;
+    QLabel* m_pFaceDisplacementText = nullptr;
+    QLabel* m_pGeometryLabel = nullptr;
+    QLabel* m_pMeshesLabel = nullptr;
+};
+
+#endif
