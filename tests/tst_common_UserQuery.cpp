@@ -228,6 +228,18 @@ private Q_SLOTS:
         QCOMPARE(queryWithOptions().display(), role);
     }
 
+    void answersAsEscapeWhenItsParentGoes()
+    {
+        auto parent = std::make_unique<QWidget>();
+        Query asked(title, question, Query::Warning, parent.get(), details);
+        asked.addOption(QStringLiteral("Go on"), QMessageBox::AcceptRole, Query::EnterDefault);
+        asked.addOption(QStringLiteral("Stop"), QMessageBox::DestructiveRole, Query::EscapeDefault);
+        QTimer::singleShot(20, parent.get(), [&parent] { parent.reset(); });
+        QCOMPARE(asked.display(), int(QMessageBox::DestructiveRole));
+        QVERIFY(!parent);
+        QVERIFY(!shownBox());
+    }
+
     void enterChoosesItsDefault()
     {
         const Answer answer(

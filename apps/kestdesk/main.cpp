@@ -1,32 +1,91 @@
+#include "ApplicationIdentity.h"
 #include "BatchSession.h"
 #include "CommandLine.h"
+#include "Component.h"
+#include "Display.h"
+#include "Environment.h"
+#include "MachinesCommand.h"
+#include "MainWindow.h"
 #include "OptionsCommand.h"
 #include "Services.h"
+#include "StopSignals.h"
 
-#include <QCoreApplication>
+#include <QApplication>
+#include <QLoggingCategory>
 
 #include <cstdio>
+#include <memory>
 
-int main(int argc, char* argv[])
+namespace {
+
+constexpr int exitRefused = 2;
+
+QStringList wordsOf(int argc, char* argv[])
 {
-    QCoreApplication application(argc, argv);
-    QCoreApplication::setApplicationName(QStringLiteral("kestdesk"));
-    QCoreApplication::setApplicationVersion(QStringLiteral(KESTDESK_VERSION));
+    QStringList result;
+    for (int i = 0; i < argc; ++i) {
+        result.append(QString::fromLocal8Bit(argv[i]));
+    }
+    return result;
+}
 
-    const Services services(true); // nothing has a window yet
-    const CommandLine commandLine = CommandLine::parsed(QCoreApplication::arguments());
+int refuse(const QString& text)
+{
+    std::fprintf(stderr, "kestdesk: %s\nTry \"kestdesk --help\".\n", qPrintable(text));
+    return exitRefused;
+}
+
+int showWindow(const CommandLine& commandLine)
+{
+    MainWindow window(commandLine.models.value(0));
+    if (commandLine.component != nullptr) {
+        window.setComponent(*commandLine.component);
+    }
+    StopSignals::watch(&window, [&window] { window.quit(); });
+    window.show();
+    return QApplication::exec();
+}
+
+int follow(const CommandLine& commandLine)
+{
     switch (commandLine.request) {
     case CommandLine::Request::ShowText:
         std::fputs(qPrintable(commandLine.text), stdout);
         return 0;
-    case CommandLine::Request::Refuse:
-        std::fprintf(stderr, "kestdesk: %s\nTry \"kestdesk --help\".\n",
-                     qPrintable(commandLine.text));
-        return 2;
     case CommandLine::Request::EditOptions:
-        return OptionsCommand::run(commandLine.optionWords);
+        return OptionsCommand::run(commandLine.words);
+    case CommandLine::Request::UseMachines:
+        return MachinesCommand::run(commandLine.words);
     case CommandLine::Request::RunModels:
+        return BatchSession(*commandLine.component, commandLine.options, commandLine.models).exec();
+    case CommandLine::Request::ShowWindow:
+        return showWindow(commandLine);
+    case CommandLine::Request::Refuse:
         break;
     }
-    return BatchSession(commandLine.component, commandLine.models).exec();
+    return refuse(commandLine.text);
+}
+
+} // namespace
+
+int main(int argc, char* argv[])
+{
+    const bool isWindow = CommandLine::asksForWindow(wordsOf(argc, argv));
+    if (isWindow && !Display::exists()) {
+        return refuse(QStringLiteral("there is no display for the window; --non-interactive runs "
+                                     "models in this terminal"));
+    }
+    QCoreApplication::setAttribute(Qt::AA_EnableHighDpiScaling);
+    QCoreApplication::setAttribute(Qt::AA_UseHighDpiPixmaps);
+    const std::unique_ptr<QCoreApplication> application =
+        isWindow ? std::make_unique<QApplication>(argc, argv)
+                 : std::make_unique<QCoreApplication>(argc, argv);
+    QCoreApplication::setApplicationName(QStringLiteral("kestdesk"));
+    QCoreApplication::setApplicationVersion(QStringLiteral(KESTDESK_VERSION));
+    QLoggingCategory::setFilterRules(QStringLiteral("default.debug=false"));
+
+    Environment::complete();
+    const Services services({QStringLiteral("kestdesk"), QStringLiteral("models/dipole.nec")},
+                            !isWindow);
+    return follow(CommandLine::parsed(QCoreApplication::arguments()));
 }

@@ -41,20 +41,24 @@ int common_UserQuery::display()
         print();
         return escapeAnswer();
     }
-    QMessageBox box(icons[m_type], m_title, m_text, QMessageBox::NoButton, m_parent);
-    box.setDetailedText(m_details);
+    // Not on the stack: the parent may be destroyed while it is asked, and takes the box with it.
+    const QPointer<QMessageBox> box =
+        new QMessageBox(icons[m_type], m_title, m_text, QMessageBox::NoButton, m_parent);
+    box->setDetailedText(m_details);
     for (const Option& option : qAsConst(m_options)) {
-        QPushButton* const button = box.addButton(option.label, option.role);
+        QPushButton* const button = box->addButton(option.label, option.role);
         button->setToolTip(option.tooltip);
         if (option.defaultType == EnterDefault) {
-            box.setDefaultButton(button);
+            box->setDefaultButton(button);
         } else if (option.defaultType == EscapeDefault) {
-            box.setEscapeButton(button);
+            box->setEscapeButton(button);
         }
     }
-    box.exec();
-    QAbstractButton* const clicked = box.clickedButton();
-    return clicked ? box.buttonRole(clicked) : escapeAnswer();
+    box->exec();
+    QAbstractButton* const clicked = box ? box->clickedButton() : nullptr;
+    const int answer = clicked ? box->buttonRole(clicked) : escapeAnswer();
+    delete box;
+    return answer;
 }
 
 void common_UserQuery::print() const

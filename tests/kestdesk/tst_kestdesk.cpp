@@ -57,6 +57,7 @@ private:
     {
         QStringList result = QProcess::systemEnvironment();
         result.append(text("KEST_HOME=") + m_home);
+        result.append(text("KEST_USER_HOME=") + m_folder->filePath(text("user")));
         result.append(text("LC_ALL=C.UTF-8"));
         result.append(text("TERM=xterm"));
         return result + m_variables;
@@ -131,6 +132,7 @@ private Q_SLOTS:
         m_home = m_folder->filePath(text("home"));
         m_variables.clear();
         QVERIFY(QDir().mkpath(m_home + text("/bin")));
+        QVERIFY(QFile(m_home + text("/default.ini")).open(QIODevice::WriteOnly));
         QVERIFY(QFile::link(text(KEST_TEST_CHILD), m_home + text("/bin/runkest")));
         QVERIFY(QFile::link(text(KEST_TEST_CHILD), m_home + text("/bin/prekest")));
     }
@@ -140,7 +142,7 @@ private Q_SLOTS:
         QTest::addColumn<QString>("option");
         QTest::addColumn<QByteArray>("part");
         QTest::newRow("help") << "--help" << QByteArray("--component <name>");
-        QTest::newRow("short help") << "-h" << QByteArray("Exit code: 0 all models valid");
+        QTest::newRow("short help") << "-h" << QByteArray("0 all models valid");
         QTest::newRow("version") << "--version" << QByteArray("kestdesk " KEST_VERSION "\n");
     }
 
@@ -159,7 +161,8 @@ private Q_SLOTS:
         QTest::addColumn<QStringList>("arguments");
         QTest::addColumn<QByteArray>("reason");
         // clang-format off
-        QTest::newRow("nothing")           << QStringList()                                << QByteArray("--non-interactive is needed");
+        QTest::newRow("two models")        << QStringList{text("a.nec"), text("b.nec")}    << QByteArray("the window takes one model");
+        QTest::newRow("box as option")     << QStringList{text("--parallel"), text("a.nec")} << QByteArray("--parallel needs --non-interactive");
         QTest::newRow("no model")          << QStringList{text("--non-interactive")}       << QByteArray("no model given");
         QTest::newRow("unknown option")    << QStringList{text("--colour"), text("m.nec")} << QByteArray("colour");
         QTest::newRow("component missing") << QStringList{text("--non-interactive"), text("m.nec"), text("--component")} << QByteArray("component");
@@ -178,6 +181,23 @@ private Q_SLOTS:
         QVERIFY2(result.errors.startsWith("kestdesk: "), result.errors.constData());
         QVERIFY2(result.errors.contains(reason), result.errors.constData());
         QVERIFY(result.errors.contains("kestdesk --help"));
+    }
+
+    void windowNeedsADisplay()
+    {
+        QStringList withoutDisplay = environment();
+        const QStringList names = {text("DISPLAY="), text("WAYLAND_DISPLAY="),
+                                   text("QT_QPA_PLATFORM=")};
+        for (const QString& name : names) {
+            withoutDisplay = withoutDisplay.filter(
+                QRegularExpression(text("^(?!%1)").arg(QRegularExpression::escape(name))));
+        }
+        QProcess process;
+        process.setEnvironment(withoutDisplay);
+        process.start(text(KESTDESK), {model(text("model"), {})});
+        QVERIFY(process.waitForFinished(60000));
+        QCOMPARE(process.exitCode(), 2);
+        QVERIFY(process.readAllStandardError().contains("there is no display for the window"));
     }
 
     void showsWhatTheComponentPrintsInOrder()
@@ -263,12 +283,12 @@ private Q_SLOTS:
         QTest::addColumn<QString>("model");
         QTest::addColumn<QByteArray>("reason");
         QTest::newRow("no such component")
-            << "nokest"
-            << "here" << QByteArray("there is no component nokest in ");
+            << "optkest"
+            << "here" << QByteArray("there is no component optkest in ");
         QTest::newRow("not executable")
-            << "textkest"
-            << "here" << QByteArray("there is no component textkest in ");
-        QTest::newRow("no program in it") << "emptykest"
+            << "amrkest"
+            << "here" << QByteArray("there is no component amrkest in ");
+        QTest::newRow("no program in it") << "prekest"
                                           << "here" << QByteArray("cannot start ");
         QTest::newRow("no such model") << "runkest"
                                        << "missing" << QByteArray("there is no model ");
@@ -279,9 +299,10 @@ private Q_SLOTS:
         QFETCH(QString, component);
         QFETCH(QString, model);
         QFETCH(QByteArray, reason);
-        QFile plain(m_home + text("/bin/textkest"));
+        QFile plain(m_home + text("/bin/amrkest"));
         QVERIFY(plain.open(QIODevice::WriteOnly));
-        QFile strange(m_home + text("/bin/emptykest"));
+        QVERIFY(QFile::remove(m_home + text("/bin/prekest")));
+        QFile strange(m_home + text("/bin/prekest"));
         QVERIFY(strange.open(QIODevice::WriteOnly));
         strange.write("#!/no/such/interpreter\n");
         strange.setPermissions(QFile::ReadOwner | QFile::ExeOwner);

@@ -289,6 +289,15 @@ private Q_SLOTS:
         QTest::newRow("name to set")  << "options set Kest.ProcessP"              << "Kest.ProcessPriority=";
         QTest::newRow("values")       << "options set RunRemote ="                << "true false";
         QTest::newRow("value")        << "options set Kest.ProcessPriority = Low" << "LowProcessPriority";
+        QTest::newRow("machines")     << "machines ''"                            << "show check edit";
+        QTest::newRow("machines' option") << "machines show -"                    << "--json";
+        QTest::newRow("limit")        << "machines check --t"                     << "--timeout";
+        QTest::newRow("component")    << "--non-interactive --component o"        << "optkest";
+        QTest::newRow("components")   << "--component ''"                         << "runkest prekest optkest amrkest";
+        QTest::newRow("with sign")    << "--component = a"                        << "amrkest";
+        QTest::newRow("run options")  << "--component optkest --fa"               << "--farm-out";
+        QTest::newRow("parallel")     << "--p"                                    << "--parallel";
+        QTest::newRow("first word")   << "mach"                                   << "machines";
         QTest::newRow("second name")  << "options set RunRemote = true FarmO"     << "FarmOut=";
         // clang-format on
     }

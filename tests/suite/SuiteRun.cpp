@@ -37,6 +37,11 @@ QString runkestProgram()
     return QStringLiteral(KEST_RUNKEST_PROGRAM);
 }
 
+QString optkestProgram()
+{
+    return QStringLiteral(KEST_OPTKEST_PROGRAM);
+}
+
 QString fakeEngineProgram()
 {
     return QStringLiteral(KEST_FAKE_ENGINE_PROGRAM);

@@ -22,6 +22,7 @@ struct SuiteResult
 // Paths of what is tested.
 QString prekestProgram();
 QString runkestProgram();
+QString optkestProgram();
 QString fakeEngineProgram();
 QString suiteHome();
 

@@ -7,6 +7,9 @@
 //   error-lines COUNT WIDTH   ... to standard error,
 //   both-lines COUNT WIDTH    ... to both channels, each line on either
 //   flood COUNT WIDTH         COUNT lines of WIDTH bytes, line end included, as fast as can be
+//   solver-lines COUNT        COUNT lines of a solver, as fast as can be: of each 200 one warning
+//                             that is numbered, 39 notices that are not, and 160 plain lines
+//   warnings COUNT DIFFERENT  COUNT numbered warnings with DIFFERENT texts, as fast as can be
 //   long-line BYTES           one line of BYTES bytes and a line end
 //   arguments ...             writes the arguments that follow, in hex, one a line, and ends
 //   variable NAME             writes the environment variable, or "unset"
@@ -115,6 +118,36 @@ void writeFlood(const Arguments& arguments)
     std::fflush(stdout);
 }
 
+std::string solverLine(long number)
+{
+    const std::string text = std::to_string(number) + " of the elements: residue 1.25e-3";
+    if (number % 200 == 0) {
+        return "-*-warning-*-WARNING " + std::to_string(number % 7000) + ": segment " + text + '\n';
+    }
+    return (number % 5 == 0 ? "-*-notice-*-Now at step " : "Solving for the current on ") + text +
+           '\n';
+}
+
+void writeSolverLines(const std::string& count)
+{
+    for (long number = 0; number < std::stol(count); ++number) {
+        const std::string line = solverLine(number);
+        std::fwrite(line.data(), 1, line.size(), stdout);
+    }
+    std::fflush(stdout);
+}
+
+void writeWarnings(const Arguments& arguments)
+{
+    const long different = std::stol(arguments[1]);
+    for (long number = 0; number < std::stol(arguments[0]); ++number) {
+        const std::string text = std::to_string(number % different);
+        std::printf("-*-warning-*-WARNING %s: segment %s is too short for its radius\n",
+                    text.c_str(), text.c_str());
+    }
+    std::fflush(stdout);
+}
+
 void writeLongLine(const std::string& bytes)
 {
     write(stdout, std::string(std::stoul(bytes), 'x') + '\n');
@@ -163,6 +196,8 @@ const std::map<std::string, Command>& commands()
         {"error-lines",      {2, [](const Arguments& a) { writeLines(a, {stderr}); }}},
         {"both-lines",       {2, [](const Arguments& a) { writeLines(a, {stdout, stderr}); }}},
         {"flood",            {2, [](const Arguments& a) { writeFlood(a); }}},
+        {"solver-lines",     {1, [](const Arguments& a) { writeSolverLines(a[0]); }}},
+        {"warnings",         {2, [](const Arguments& a) { writeWarnings(a); }}},
         {"long-line",        {1, [](const Arguments& a) { writeLongLine(a[0]); }}},
         {"variable",         {1, [](const Arguments& a) { writeVariable(a[0]); }}},
         {"directory",        {0, [](const Arguments&)   { write(stdout, std::filesystem::current_path().string() + '\n'); }}},

@@ -1,9 +1,12 @@
 #include "CardParser.h"
 
+#include "DefinitionReader.h"
+#include "Expression.h"
 #include "PlainText.h"
 
 #include <QRegularExpression>
 
+#include <algorithm>
 #include <cmath>
 
 namespace suite {
@@ -13,6 +16,14 @@ namespace {
 // Beyond this no coordinate, frequency or material constant has a meaning.
 constexpr double LargestNumber = 1e15;
 
+// A value this close to a whole number, relative to its size, is meant to be one.
+constexpr double Tolerance = 1e-9;
+
+// The most bytes of a line that the engine reads, and the digits that values are given in one.
+constexpr int LongestLine = 132;
+constexpr int MostDigits = 15;
+constexpr int FewestDigits = 8;
+
 bool isMatch(const QRegularExpression& pattern, const QString& text)
 {
     return pattern.match(text).hasMatch();
@@ -21,13 +32,6 @@ bool isMatch(const QRegularExpression& pattern, const QString& text)
 const QRegularExpression& integerPattern()
 {
     static const QRegularExpression pattern(QStringLiteral("\\A[+-]?[0-9]+\\z"));
-    return pattern;
-}
-
-const QRegularExpression& numberPattern()
-{
-    static const QRegularExpression pattern(
-        QStringLiteral("\\A[+-]?([0-9]+\\.?[0-9]*|\\.[0-9]+)([eE][+-]?[0-9]+)?\\z"));
     return pattern;
 }
 
@@ -42,7 +46,8 @@ QStringList splitFields(const QString& text)
 
 } // namespace
 
-CardParser::CardParser(FindingList& findings) : m_findings(findings)
+CardParser::CardParser(FindingList& findings, const NamedValues* values)
+    : m_findings(findings), m_values(values)
 {}
 
 void CardParser::parse(const CardRule& rule, const QString& text, Card& card)
@@ -53,6 +58,7 @@ void CardParser::parse(const CardRule& rule, const QString& text, Card& card)
     for (int index = 0; index < count; ++index) {
         card.isValid = parseField(rule, card, index) && card.isValid;
     }
+    card.isValid = card.isValid && shortenFields(card);
 }
 
 bool CardParser::checkCount(const CardRule& rule, const Card& card)
@@ -70,8 +76,59 @@ bool CardParser::checkCount(const CardRule& rule, const Card& card)
 
 bool CardParser::parseField(const CardRule& rule, Card& card, int index)
 {
-    return index < integerFieldCount(rule.section) ? parseInteger(card, index)
-                                                   : parseNumber(card, index);
+    const bool isInteger = index < integerFieldCount(rule.section);
+    const bool isNamed = m_values != nullptr && !isPlainNumber(card.fields.at(index));
+    if (isNamed && !evaluateField(card, index, isInteger)) {
+        (isInteger ? card.integers.append(0) : card.numbers.append(0));
+        return false;
+    }
+    return isInteger ? parseInteger(card, index) : parseNumber(card, index);
+}
+
+// Puts the value in the place of the name or expression.
+bool CardParser::evaluateField(Card& card, int index, bool isInteger)
+{
+    QString& field = card.fields[index];
+    const ExpressionResult result = evaluate(field, *m_values);
+    if (result.fault != ExpressionFault::None) {
+        reportExpression(
+            m_findings, card.line,
+            QStringLiteral("field %1 of card %2").arg(QString::number(index + 1), card.mnemonic),
+            field, result);
+        return false;
+    }
+    const double whole = std::round(result.value);
+    const bool isWhole =
+        std::abs(result.value - whole) <= Tolerance * std::max(1.0, std::abs(whole));
+    if (isInteger && isWhole) {
+        field = QString::number(whole, 'f', 0);
+    } else {
+        field = plainNumber(result.value);
+        m_evaluated.append({index, result.value});
+    }
+    return true;
+}
+
+// With all their digits the values may not fit into a line of the engine.
+bool CardParser::shortenFields(Card& card)
+{
+    const auto length = [&card] {
+        return card.mnemonic.size() + 1 + card.fields.join(QLatin1Char(' ')).size();
+    };
+    for (int digits = MostDigits; digits >= FewestDigits; --digits) {
+        if (m_evaluated.isEmpty() || length() <= LongestLine) {
+            return true;
+        }
+        for (const auto& evaluated : qAsConst(m_evaluated)) {
+            card.fields[evaluated.first] = QString::number(evaluated.second, 'g', digits);
+        }
+    }
+    if (length() <= LongestLine) {
+        return true;
+    }
+    m_findings.add(FindingKind::LineTooLong, card.line,
+                   {QString::number(length()), QString::number(LongestLine)});
+    return false;
 }
 
 bool CardParser::parseInteger(Card& card, int index)
@@ -83,7 +140,7 @@ bool CardParser::parseInteger(Card& card, int index)
     if (isMatch(integerPattern(), field) && isInRange) {
         return true;
     }
-    const bool isNumber = isMatch(numberPattern(), field);
+    const bool isNumber = isPlainNumber(field);
     const bool isInteger = isMatch(integerPattern(), field);
     report(isInteger  ? FindingKind::NumberOutOfRange
            : isNumber ? FindingKind::NotInteger
@@ -98,7 +155,7 @@ bool CardParser::parseNumber(Card& card, int index)
     bool isInRange = false;
     const double value = field.toDouble(&isInRange);
     card.numbers.append(value);
-    if (!isMatch(numberPattern(), field)) {
+    if (!isPlainNumber(field)) {
         report(FindingKind::NotNumber, card, index);
         return false;
     }

@@ -39,6 +39,7 @@ constexpr CardRule CardTable[] = {
     {"RP", Section::Control,     4}, // radiation pattern
     {"TL", Section::Control,     5}, // transmission line
     {"XQ", Section::Control,     0}, // execute
+    {"SY", Section::Definition,  1}, // named values
     {"EN", Section::End,         0}, // end of the deck
     {"GF", Section::Unsupported, 0}, // read a Green's function
     {"NX", Section::Unsupported, 0}, // next structure

@@ -8,6 +8,7 @@ enum class Section {
     Comment,
     Geometry,
     Control,
+    Definition,
     End,
     Unsupported,
 };

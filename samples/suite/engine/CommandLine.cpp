@@ -82,7 +82,7 @@ bool takesValue(const OptionRow& row)
 } // namespace
 
 CommandLine::CommandLine(OptionGroup group, QStringList arguments)
-    : m_start(group), m_group(group), m_words(std::move(arguments))
+    : m_group(group), m_words(std::move(arguments))
 {
     while (!m_words.isEmpty()) {
         readWord();
@@ -101,11 +101,9 @@ void CommandLine::readWord()
     if (word.isEmpty()) {
         return;
     }
-    // Switches lead from any group to any other.
     const OptionRow* row = optionRow(m_group, word);
-    const OptionRow* start = optionRow(m_start, word);
-    if (row == nullptr && start != nullptr && start->kind == ValueKind::Switch) {
-        row = start;
+    if (row == nullptr) {
+        row = earlierSwitch(word);
     }
     if (row != nullptr) {
         readOption(*row);
@@ -114,10 +112,26 @@ void CommandLine::readWord()
     }
 }
 
+// Switches lead from any group to those that the groups before it lead to.
+const OptionRow* CommandLine::earlierSwitch(const QString& word) const
+{
+    for (const OptionGroup group : m_groups) {
+        const OptionRow* row = optionRow(group, word);
+        if (row != nullptr && row->kind == ValueKind::Switch) {
+            return row;
+        }
+    }
+    return nullptr;
+}
+
 void CommandLine::readOption(const OptionRow& row)
 {
     const Key key(row.group, QLatin1String(row.name));
     if (row.kind == ValueKind::Switch) {
+        m_behind.insert(key, m_words);
+        if (!m_groups.contains(m_group)) {
+            m_groups.append(m_group);
+        }
         m_group = row.target;
     }
     m_options.insert(key, takesValue(row) ? readValue(row) : QString());
@@ -171,14 +185,22 @@ QString CommandLine::value(OptionGroup group, const QString& name) const
     return m_options.value(Key(group, name));
 }
 
+QStringList CommandLine::wordsBehind(OptionGroup group, const QString& name) const
+{
+    return m_behind.value(Key(group, name));
+}
+
 QString CommandLine::help(const QString& program, OptionGroup group)
 {
     QString text = QStringLiteral("Usage: %1 MODEL [options]\n").arg(program);
     QVector<OptionGroup> groups = {OptionGroup::Common, group};
     const QVector<OptionRow> rows = optionRows();
-    for (const OptionRow& row : rows) {
-        if (row.group == group && row.kind == ValueKind::Switch) {
-            groups.append(row.target);
+    // Grows while it is walked through: the solver's options lead to further groups.
+    for (int index = 1; index < groups.size(); ++index) {
+        for (const OptionRow& row : rows) {
+            if (row.group == groups.at(index) && row.kind == ValueKind::Switch) {
+                groups.append(row.target);
+            }
         }
     }
     for (const OptionGroup each : qAsConst(groups)) {

@@ -23,6 +23,9 @@ public:
     [[nodiscard]] bool has(OptionGroup group, const QString& name) const;
     [[nodiscard]] QString value(OptionGroup group, const QString& name) const;
 
+    // All words behind a switch, for the program that they are meant for.
+    [[nodiscard]] QStringList wordsBehind(OptionGroup group, const QString& name) const;
+
     // The help text of a component.
     static QString help(const QString& program, OptionGroup group);
 
@@ -30,16 +33,18 @@ private:
     using Key = QPair<OptionGroup, QString>;
 
     void readWord();
+    [[nodiscard]] const OptionRow* earlierSwitch(const QString& word) const;
     void readOption(const OptionRow& row);
     QString readValue(const OptionRow& row);
     void readModel(const QString& word);
     void complain(const QString& problem, const QString& word);
 
-    OptionGroup m_start;
     OptionGroup m_group;
+    QVector<OptionGroup> m_groups; // those that a switch has led away from
     QStringList m_words;
     QString m_model;
     QMap<Key, QString> m_options;
+    QMap<Key, QStringList> m_behind;
     QStringList m_errors;
 };
 

@@ -3,6 +3,7 @@
 #include "CardParser.h"
 #include "CardRules.h"
 #include "ModelFile.h"
+#include "Optimisation.h"
 #include "PlainText.h"
 
 #include <QFile>
@@ -19,6 +20,9 @@ constexpr qint64 LargestDeck = 16 * Megabyte;
 
 // The engine reads this many bytes of a line and takes the rest for the next card.
 constexpr int LongestLine = 132;
+
+// The engine never sees cards that give values names.
+constexpr int LongestDefinition = 1000;
 
 bool isBlank(char character)
 {
@@ -38,9 +42,16 @@ bool isControl(char character)
            code == 0x7f;
 }
 
+bool isDefinition(const QByteArray& line)
+{
+    const QByteArray mnemonic = line.trimmed().left(2);
+    return qstricmp(mnemonic.constData(), "SY") == 0;
+}
+
 } // namespace
 
-DeckReader::DeckReader(FindingList& findings) : m_findings(findings)
+DeckReader::DeckReader(FindingList& findings)
+    : m_findings(findings), m_definitions(m_deck.names, findings)
 {}
 
 Deck DeckReader::readFile(const ModelFile& model)
@@ -84,6 +95,8 @@ Deck DeckReader::readBytes(const QByteArray& bytes)
         return m_deck;
     }
     const QList<QByteArray> lines = bytes.split('\n');
+    m_deck.bytes = bytes;
+    m_hasNames = std::any_of(lines.begin(), lines.end(), isDefinition);
     for (const QByteArray& line : lines) {
         ++m_line;
         readLine(line.endsWith('\r') ? line.left(line.size() - 1) : line);
@@ -127,8 +140,8 @@ void DeckReader::readLine(const QByteArray& line)
     card.mnemonic = QString::fromLatin1(content.left(2)).toUpper();
     if (card.mnemonic == QLatin1String("CM") || card.mnemonic == QLatin1String("CE")) {
         readComment(line, card.mnemonic);
-    } else if (checkLine(line)) {
-        readCard(content, card);
+    } else if (checkLine(line, card.mnemonic)) {
+        readCard(line, card);
     }
     m_ended = card.mnemonic == QLatin1String("EN");
 }
@@ -147,11 +160,14 @@ void DeckReader::readComment(const QByteArray& line, const QString& mnemonic)
                        {QString::number(line.size()), QString::number(LongestLine)});
     }
     m_deck.comments.append(line.trimmed().left(LongestLine));
+    if (isOptimisation(m_deck.comments.last())) {
+        m_deck.instructions.append({m_line, m_deck.comments.last()});
+    }
     m_commentsEnded = mnemonic == QLatin1String("CE");
 }
 
 // True when the line's fields are worth reading.
-bool DeckReader::checkLine(const QByteArray& line)
+bool DeckReader::checkLine(const QByteArray& line, const QString& mnemonic)
 {
     if (line.startsWith("\xef\xbb\xbf")) {
         m_findings.add(FindingKind::ByteOrderMark, m_line);
@@ -164,9 +180,10 @@ bool DeckReader::checkLine(const QByteArray& line)
     if (isBlank(line.at(0))) {
         m_findings.add(FindingKind::LeadingBlank, m_line);
     }
-    if (line.size() > LongestLine) {
+    const int longest = mnemonic == QLatin1String("SY") ? LongestDefinition : LongestLine;
+    if (line.size() > longest) {
         m_findings.add(FindingKind::LineTooLong, m_line,
-                       {QString::number(line.size()), QString::number(LongestLine)});
+                       {QString::number(line.size()), QString::number(longest)});
         return false;
     }
     return true;
@@ -174,13 +191,15 @@ bool DeckReader::checkLine(const QByteArray& line)
 
 void DeckReader::readCard(const QByteArray& line, Card card)
 {
+    const QByteArray content = line.trimmed();
     if (!m_deck.comments.isEmpty() && !m_commentsEnded) {
         m_findings.add(FindingKind::CommentsNotEnded, m_line);
         m_commentsEnded = true;
     }
     const CardRule* rule = cardRule(card.mnemonic);
     if (rule == nullptr) {
-        const QByteArray word = line.left(line.indexOf(' ') < 0 ? line.size() : line.indexOf(' '));
+        const int blank = content.indexOf(' ');
+        const QByteArray word = blank < 0 ? content : content.left(blank);
         m_findings.add(FindingKind::UnknownCard, m_line, {excerpt(QString::fromLatin1(word))});
         return;
     }
@@ -188,7 +207,12 @@ void DeckReader::readCard(const QByteArray& line, Card card)
         m_findings.add(FindingKind::UnsupportedCard, m_line, {card.mnemonic});
         return;
     }
-    CardParser(m_findings).parse(*rule, QString::fromLatin1(line.mid(2)), card);
+    if (rule->section == Section::Definition) {
+        m_definitions.read(line, m_line);
+        return;
+    }
+    CardParser parser(m_findings, m_hasNames ? &m_deck.names : nullptr);
+    parser.parse(*rule, QString::fromLatin1(content.mid(2)), card);
     m_deck.cards.append(card);
 }
 

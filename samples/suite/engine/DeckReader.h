@@ -1,6 +1,7 @@
 #pragma once
 
 #include "Deck.h"
+#include "DefinitionReader.h"
 #include "Finding.h"
 
 class QIODevice;
@@ -28,10 +29,12 @@ private:
     void readLine(const QByteArray& line);
     void readComment(const QByteArray& line, const QString& mnemonic);
     void readCard(const QByteArray& line, Card card);
-    bool checkLine(const QByteArray& line);
+    bool checkLine(const QByteArray& line, const QString& mnemonic);
 
     FindingList& m_findings;
     Deck m_deck;
+    DefinitionReader m_definitions;
+    bool m_hasNames = false;
     int m_line = 0;
     bool m_commentsEnded = false;
     bool m_ended = false;

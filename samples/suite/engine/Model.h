@@ -2,6 +2,7 @@
 
 #include "Deck.h"
 #include "FrequencyRange.h"
+#include "Optimisation.h"
 #include "Structure.h"
 
 namespace suite {
@@ -12,8 +13,9 @@ struct Model
     Deck deck;
     Structure structure;
     FrequencyRange frequencies;
-    int frequencyCard = -1; // index of the FR card, -1 without one
-    int groundType = -1;    // of the last GN card; -1 is free space
+    std::optional<Optimisation> optimisation; // with its frequency, unless the model has none
+    int frequencyCard = -1;                   // index of the FR card, -1 without one
+    int groundType = -1;                      // of the last GN card; -1 is free space
     int excitationCount = 0;
     bool hasVoltageSource = false;
 };

@@ -28,11 +28,16 @@ QString ModelFile::name() const
 
 QString ModelFile::resultPath(const QString& suffix) const
 {
+    return pathWithEnding(QLatin1Char('.') + suffix);
+}
+
+QString ModelFile::pathWithEnding(const QString& ending) const
+{
     QString stem = m_path;
     if (stem.endsWith(deckSuffix(), Qt::CaseInsensitive)) {
         stem.chop(deckSuffix().size());
     }
-    return stem + QLatin1Char('.') + suffix;
+    return stem + ending;
 }
 
 } // namespace suite

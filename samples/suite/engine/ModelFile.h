@@ -20,6 +20,9 @@ public:
     // Absolute path of a result beside the deck: its name with another suffix ("out", "csv").
     [[nodiscard]] QString resultPath(const QString& suffix) const;
 
+    // The same with any other ending behind the name ("_opt.nec").
+    [[nodiscard]] QString pathWithEnding(const QString& ending) const;
+
 private:
     QString m_path;
 };

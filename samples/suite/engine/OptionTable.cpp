@@ -39,6 +39,13 @@ constexpr OptionRow OptionTable[] = {
 
     {G::Adaptkest, V::Integer,       "--restart",                     0, MostRestarts, "", G::Common, "go on from this analysis"},
     {G::Adaptkest, V::None,          "--keep-files",                     0, 0, "", G::Common, "keep temporary files"},
+
+    {G::Optkest,   V::ProcessCount,  "-np",                      1, MostProcesses, "", G::Common, "how many evaluations at once, or all"},
+    {G::Optkest,   V::ProcessCount,  "-NP",                      1, MostProcesses, "", G::Common, "the same as -np"},
+    {G::Optkest,   V::Text,          "--machines-file",                  0, 0, "", G::Common, "file of host:count lines to farm evaluations out to"},
+    {G::Optkest,   V::Integer,       "--restart",                     0, MostRestarts, "", G::Common, "take over the runs up to this one"},
+    {G::Optkest,   V::None,          "-r",                               0, 0, "", G::Common, "delete all files of earlier runs first"},
+    {G::Optkest,   V::Switch,        "--runkest-options",              0, 0, "", G::Runkest, "options of runkest follow"},
 };
 // clang-format on
 

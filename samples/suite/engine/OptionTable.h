@@ -13,6 +13,7 @@ enum class OptionGroup {
     Runkest,
     Kest,
     Adaptkest,
+    Optkest,
 };
 
 enum class ValueKind {

@@ -4,10 +4,13 @@
 #include "ControlCheck.h"
 #include "DeckOrder.h"
 #include "DeckReader.h"
+#include "Expression.h"
 #include "ModelFile.h"
 #include "StructureBuilder.h"
 
 #include <QStringList>
+
+#include <cmath>
 
 namespace suite {
 
@@ -57,6 +60,7 @@ void Preprocessor::check()
     checkOrder(m_model.deck, m_findings);
     buildStructure();
     checkControls();
+    takeOptimisation();
     if (m_model.frequencies.count > 0) {
         warnOfSegments();
     }
@@ -83,6 +87,15 @@ void Preprocessor::checkControls()
         if (cardRule(m_model.deck.cards.at(index).mnemonic)->section == Section::Control) {
             control.check(index);
         }
+    }
+}
+
+void Preprocessor::takeOptimisation()
+{
+    m_model.optimisation = readOptimisation(m_model.deck, m_findings);
+    const FrequencyRange& range = m_model.frequencies;
+    if (m_model.optimisation && m_model.optimisation->frequency == 0 && range.count > 0) {
+        m_model.optimisation->frequency = (range.lowest() + range.highest()) / 2;
     }
 }
 
@@ -142,6 +155,11 @@ QStringList Preprocessor::variables() const
     QStringList result;
     for (const auto& row : table) {
         result.append(row.first + QStringLiteral(" = ") + row.second);
+    }
+    for (const NamedValue& named : m_model.deck.names.all()) {
+        if (std::isfinite(named.value)) {
+            result.append(named.name + QStringLiteral(" = ") + plainNumber(named.value));
+        }
     }
     return result;
 }

@@ -27,6 +27,7 @@ private:
     void check();
     void buildStructure();
     void checkControls();
+    void takeOptimisation();
     void warnOfSegments();
     void addNotices();
 

@@ -1,0 +1,15 @@
+#ifndef APPLICATIONIDENTITY_H
+#define APPLICATIONIDENTITY_H
+
+#include <QString>
+
+/// Which of the suite's applications this is.
+struct ApplicationIdentity
+{
+    QString name;
+
+    /// Offered while there are no recent files: a path below the installation folder, or empty.
+    QString initialRecentFile;
+};
+
+#endif

@@ -1,0 +1,34 @@
+#ifndef HELPPAGES_H
+#define HELPPAGES_H
+
+#include <QByteArray>
+#include <QString>
+
+#include <optional>
+
+class QUrl;
+
+/// The help pages: Markdown files in one folder, and the pictures beside them. Nothing outside of
+/// the folder is ever read.
+class HelpPages
+{
+public:
+    explicit HelpPages(QString directory);
+
+    /// The address of a page, which is named without its ".md".
+    static QUrl address(const QString& page);
+
+    /// Whether the address can be one of these pages at all.
+    static bool isOwn(const QUrl& address);
+
+    /// What stands at the address; nothing when there is no such file in the folder.
+    std::optional<QByteArray> content(const QUrl& address) const;
+
+    /// The text to show in place of a page that is missing.
+    QString missingPage(const QUrl& address) const;
+
+private:
+    QString m_directory;
+};
+
+#endif

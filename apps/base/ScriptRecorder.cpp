@@ -1,0 +1,32 @@
+#include "ScriptRecorder.h"
+
+#include <common_ConstantLabeledItem.h>
+#include <common_DomainEntity.h>
+
+#include <QFile>
+
+#include <cstdio>
+#include <utility>
+
+ScriptRecorder::ScriptRecorder(QString applicationName)
+    : m_applicationName(std::move(applicationName)), m_fileName(qEnvironmentVariable("KEST_SCRIPT"))
+{}
+
+bool ScriptRecorder::isRecording() const
+{
+    return !m_fileName.isEmpty();
+}
+
+void ScriptRecorder::recordCommand(common_ActivePtr<common_DomainEntity> entity,
+                                   const QString& command)
+{
+    const auto* const item = dynamic_cast<const common_ConstantLabeledItem*>(entity.get());
+    const QByteArray line =
+        ((item ? item->getLabel().text() : QString()) + command + QLatin1Char('\n')).toUtf8();
+    QFile file(m_fileName);
+    if (!file.open(QIODevice::WriteOnly | QIODevice::Append) || file.write(line) != line.size() ||
+        !file.flush()) {
+        std::fprintf(stderr, "%s: cannot record to %s: %s\n", qPrintable(m_applicationName),
+                     qPrintable(m_fileName), qPrintable(file.errorString()));
+    }
+}

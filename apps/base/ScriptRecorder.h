@@ -1,0 +1,27 @@
+#ifndef SCRIPTRECORDER_H
+#define SCRIPTRECORDER_H
+
+#include <common_IScriptRecorder.h>
+
+#include <QString>
+
+/// Appends what the user does to the file that KEST_SCRIPT names, a command a line, behind the
+/// label of the object that it is done to.
+class ScriptRecorder : public common_IScriptRecorder
+{
+public:
+    /// The name is that of the application, for complaints.
+    explicit ScriptRecorder(QString applicationName);
+
+    /// Whether a file is named.
+    bool isRecording() const;
+
+    void recordCommand(common_ActivePtr<common_DomainEntity> entity,
+                       const QString& command) override;
+
+private:
+    QString m_applicationName;
+    QString m_fileName;
+};
+
+#endif

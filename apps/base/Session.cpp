@@ -1,0 +1,30 @@
+#include "Session.h"
+
+#include <common_UserMessage.h>
+
+#include <QMessageBox>
+
+#include <cstdio>
+
+namespace {
+
+// Indexed by common_UserMessage::MessageType.
+constexpr QMessageBox::Icon icons[] = {QMessageBox::Information, QMessageBox::Warning,
+                                       QMessageBox::Critical};
+
+} // namespace
+
+void Session::showUserMessage(common_ActivePtr<common_UserMessage> message, QWidget* parent)
+{
+    if (m_nonInteractive) {
+        std::fprintf(stderr, "%s: %s (%s)\n", qPrintable(m_applicationName),
+                     qPrintable(message->text()), qPrintable(message->code()));
+        return;
+    }
+    QMessageBox box(icons[message->type()], QStringLiteral("Kest"), message->text(),
+                    QMessageBox::Ok, parent);
+    box.setTextFormat(message->format() == common_UserMessage::RichText ? Qt::RichText
+                                                                        : Qt::PlainText);
+    box.setInformativeText(QStringLiteral("Message %1").arg(message->code()));
+    box.exec();
+}

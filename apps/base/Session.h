@@ -1,0 +1,25 @@
+#ifndef SESSION_H
+#define SESSION_H
+
+#include <common_ISession.h>
+
+#include <QString>
+
+#include <utility>
+
+/// Tells the user: on standard error, or in a box.
+class Session : public common_ISession
+{
+public:
+    Session(QString applicationName, bool nonInteractive)
+        : m_applicationName(std::move(applicationName)), m_nonInteractive(nonInteractive)
+    {}
+
+    void showUserMessage(common_ActivePtr<common_UserMessage> message, QWidget* parent) override;
+
+private:
+    QString m_applicationName;
+    bool m_nonInteractive;
+};
+
+#endif

@@ -1,0 +1,18 @@
+#ifndef WINDOWGEOMETRY_H
+#define WINDOWGEOMETRY_H
+
+class QWidget;
+class common_geometry_settings;
+
+/// A main window's place, kept from session to session.
+namespace WindowGeometry {
+
+/// Puts the window where the settings say, or onto the nearest screen when that place is on none.
+void restore(QWidget& window, const common_geometry_settings& settings);
+
+/// Notes where the window is; for a maximised one where it was before.
+void save(const QWidget& window, common_geometry_settings& settings);
+
+} // namespace WindowGeometry
+
+#endif

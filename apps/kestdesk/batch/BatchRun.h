@@ -1,0 +1,52 @@
+#ifndef BATCHRUN_H
+#define BATCHRUN_H
+
+#include "BatchReport.h"
+#include "BatchRunner.h"
+#include "Component.h"
+
+#include <common_ActivePtr.h>
+#include <common_ObserverOf.h>
+
+#include <functional>
+
+class common_CommonSettingsSet;
+
+/// One run of a component on one model, reported as it goes.
+class BatchRun : public common_ObserverOf<common_IProcessRunnerObserver>
+{
+public:
+    using Finished = std::function<void(Outcome)>;
+
+    /// The report is not owned. The callback comes once, when start() has begun.
+    BatchRun(BatchReport& report, Finished finished);
+
+    /// The settings name the user's launch options.
+    void start(const Component& component, common_RunWrapper::RunOptions options,
+               const QString& model, common_CommonSettingsSet& settings);
+
+    /// Asks the component to stop.
+    void stop();
+
+    /// Kills the component and all that it started.
+    void kill();
+
+    void onProcessStarted(const QString& executable, const QStringList& arguments) override;
+    void onFailedProcessStarted(const QString& executable, const QStringList& arguments,
+                                const QString& errorString) override;
+    void onProcessMessageReceived(const common_IProcessMessage& message) override;
+    void onProcessDone() override;
+    void onExitCodeChanged(int exitCode) override;
+
+private:
+    void run();
+    void refuse(const QString& reason);
+    void finish(Outcome outcome);
+
+    BatchReport& m_report;
+    Finished m_finished;
+    common_ActivePtr<BatchRunner> m_runner;
+    bool m_stopRequested = false;
+};
+
+#endif

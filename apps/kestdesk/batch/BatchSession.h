@@ -1,0 +1,51 @@
+#ifndef BATCHSESSION_H
+#define BATCHSESSION_H
+
+#include "BatchReport.h"
+
+#include <common_CommonSettingsSet.h>
+#include <common_RunWrapper.h>
+
+#include <QObject>
+#include <QStringList>
+#include <QVector>
+
+#include <memory>
+
+class BatchRun;
+struct Component;
+
+/// Runs a component on one model after the other, until all are done or the user stops it.
+class BatchSession : public QObject
+{
+    Q_OBJECT
+
+public:
+    /// With the user's launch options. The component must outlive the session.
+    BatchSession(const Component& component, common_RunWrapper::RunOptions options,
+                 QStringList models);
+    ~BatchSession() override;
+
+    /// The application's exit code: 0 all valid, 1 a fault, 2 a start that failed, 130 stopped.
+    int exec();
+
+private:
+    void runNext();
+    void onRunFinished(Outcome outcome);
+    void onStopRequested();
+    void stop();
+    void kill();
+    int exitCode() const;
+
+    const Component& m_component;
+    common_RunWrapper::RunOptions m_options;
+    QStringList m_models;
+    common_CommonSettingsSet m_settings;
+    QVector<Outcome> m_outcomes;
+    BatchReport m_report;
+    std::unique_ptr<BatchRun> m_run;
+    bool m_stopRequested = false;
+    bool m_killed = false;
+};
+
+#endif

@@ -1,0 +1,20 @@
+#ifndef TERMINALDEVICE_H
+#define TERMINALDEVICE_H
+
+#include <cstdio>
+
+/// What the platform knows of the terminal behind a stream.
+namespace TerminalDevice {
+
+/// Whether there is a terminal that a person looks at and that understands control sequences.
+bool isTerminal(std::FILE* stream);
+
+/// Whether somebody types or reads there, on whatever kind of terminal.
+bool isPerson(std::FILE* stream);
+
+/// The width in columns; 80 where it is not known.
+int columns(std::FILE* stream);
+
+} // namespace TerminalDevice
+
+#endif

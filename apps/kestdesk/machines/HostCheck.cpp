@@ -1,0 +1,179 @@
+#include "HostCheck.h"
+
+#include <QFileInfo>
+#include <QHostAddress>
+#include <QHostInfo>
+#include <QStandardPaths>
+#include <QThread>
+
+#include <utility>
+
+namespace {
+
+constexpr int longestAnswer = 65536; // bytes; what comes after is of no interest
+constexpr int longestLine = 120;
+
+QString lastLine(const QByteArray& output)
+{
+    const QByteArray text = output.trimmed();
+    return QString::fromUtf8(text.mid(text.lastIndexOf('\n') + 1)).left(longestLine);
+}
+
+QString counted(int count, const char* noun, const char* plural)
+{
+    return QStringLiteral("%1 %2").arg(count).arg(QLatin1String(count == 1 ? noun : plural));
+}
+
+} // namespace
+
+HostCheck::HostCheck(QString host, int processes, int limitSeconds)
+    : m_host(std::move(host)), m_processes(processes), m_limit(limitSeconds)
+{
+    m_timer.setSingleShot(true);
+    connect(&m_timer, &QTimer::timeout, this, &HostCheck::onTimeout);
+    connect(&m_process, &QProcess::readyReadStandardOutput, this, &HostCheck::onAnswerPart);
+    connect(&m_process, &QProcess::readyReadStandardError, this, &HostCheck::onAnswerPart);
+    connect(&m_process, QOverload<int, QProcess::ExitStatus>::of(&QProcess::finished), this,
+            &HostCheck::onAnswered);
+    connect(&m_process, &QProcess::errorOccurred, this, [this](QProcess::ProcessError error) {
+        if (error == QProcess::FailedToStart) {
+            fail(QStringLiteral("cannot start %1: %2")
+                     .arg(m_process.program(), m_process.errorString()));
+        }
+    });
+}
+
+// Nobody is told any more: what would listen is half gone when the process goes.
+HostCheck::~HostCheck()
+{
+    m_process.disconnect(this);
+    m_process.killGroup();
+}
+
+// An address is looked up by nobody: that would ask for its name.
+void HostCheck::start()
+{
+    m_timer.start(m_limit * 1000);
+    if (isThisMachine(m_host)) {
+        compare(QThread::idealThreadCount());
+    } else if (QHostAddress(name()).isNull()) {
+        m_lookingUp = true;
+        QHostInfo::lookupHost(name(), this, &HostCheck::onLookedUp);
+    } else {
+        ask();
+    }
+}
+
+bool HostCheck::isThisMachine(const QString& host)
+{
+    const QString name = host.toLower();
+    const QString own = QHostInfo::localHostName().toLower();
+    const QString domain = QHostInfo::localDomainName().toLower();
+    return name == QLatin1String("localhost") || name == QLatin1String("127.0.0.1") ||
+           name == QLatin1String("[::1]") || name == own ||
+           (!domain.isEmpty() && name == own + QLatin1Char('.') + domain);
+}
+
+QString HostCheck::remoteShell()
+{
+    const QString program = qEnvironmentVariable("KEST_SSH", QStringLiteral("ssh"));
+    const QFileInfo file(program);
+    if (program.contains(QLatin1Char('/'))) {
+        return file.isFile() && file.isExecutable() ? file.absoluteFilePath() : QString();
+    }
+    return QStandardPaths::findExecutable(program);
+}
+
+// The brackets of an address are the machines file's, not the address's.
+QString HostCheck::name() const
+{
+    return m_host.startsWith(QLatin1Char('[')) ? m_host.mid(1, m_host.size() - 2) : m_host;
+}
+
+void HostCheck::onLookedUp(const QHostInfo& info)
+{
+    m_lookingUp = false;
+    if (m_done) {
+        return;
+    }
+    if (info.error() == QHostInfo::NoError) {
+        ask();
+    } else {
+        fail(QStringLiteral("the name does not resolve: %1").arg(info.errorString()));
+    }
+}
+
+void HostCheck::ask()
+{
+    m_process.setStandardInputFile(QProcess::nullDevice());
+    m_process.start(remoteShell(),
+                    {QStringLiteral("-o"), QStringLiteral("BatchMode=yes"), QStringLiteral("-o"),
+                     QStringLiteral("ConnectTimeout=%1").arg(m_limit), QStringLiteral("--"), name(),
+                     QStringLiteral("getconf"), QStringLiteral("_NPROCESSORS_ONLN")});
+}
+
+void HostCheck::onAnswerPart()
+{
+    m_answer += m_process.readAllStandardOutput();
+    m_complaints += m_process.readAllStandardError();
+    if (m_answer.size() + m_complaints.size() > longestAnswer && !m_done) {
+        fail(QStringLiteral("answers without end"));
+    }
+}
+
+void HostCheck::onAnswered(int exitCode, QProcess::ExitStatus status)
+{
+    onAnswerPart();
+    if (m_done) {
+        return;
+    }
+    const QString complaint = lastLine(m_complaints);
+    if (status != QProcess::NormalExit) {
+        fail(QStringLiteral("%1 crashed").arg(m_process.program()));
+    } else if (exitCode != 0) {
+        fail(complaint.isEmpty() ? QStringLiteral("%1 ended with exit code %2")
+                                       .arg(m_process.program())
+                                       .arg(exitCode)
+                                 : complaint);
+    } else {
+        compare(lastLine(m_answer).toInt());
+    }
+}
+
+void HostCheck::onTimeout()
+{
+    if (!m_done) {
+        fail(QStringLiteral("%1 within %2")
+                 .arg(m_lookingUp ? QStringLiteral("the name does not resolve")
+                                  : QStringLiteral("no answer"),
+                      counted(m_limit, "second", "seconds")));
+    }
+}
+
+void HostCheck::compare(int cores)
+{
+    if (cores < 1) {
+        fail(QStringLiteral("answers \"%1\" in place of the number of its cores")
+                 .arg(lastLine(m_answer)));
+        return;
+    }
+    const QString text =
+        QStringLiteral("%1 for %2")
+            .arg(counted(cores, "core", "cores"), counted(m_processes, "process", "processes"));
+    finish(cores < m_processes ? Outcome::Warning : Outcome::Fine, text);
+}
+
+void HostCheck::fail(const QString& reason)
+{
+    finish(Outcome::Error, reason);
+}
+
+void HostCheck::finish(Outcome outcome, const QString& text)
+{
+    m_done = true;
+    m_timer.stop();
+    m_outcome = outcome;
+    m_text = text;
+    m_process.killGroup();
+    Q_EMIT finished();
+}

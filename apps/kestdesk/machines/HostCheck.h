@@ -1,0 +1,71 @@
+#ifndef HOSTCHECK_H
+#define HOSTCHECK_H
+
+#include "GroupedProcess.h"
+
+#include <QObject>
+#include <QString>
+#include <QTimer>
+
+class QHostInfo;
+
+/// Finds out whether processes can be started on a host, and how many cores it has.
+class HostCheck : public QObject
+{
+    Q_OBJECT
+
+public:
+    enum class Outcome { Fine, Warning, Error };
+
+    /// As the machines file names the host, with all the processes that it asks for. The check
+    /// takes no longer than the limit.
+    HostCheck(QString host, int processes, int limitSeconds);
+
+    /// Kills what still runs.
+    ~HostCheck() override;
+
+    void start();
+
+    bool isDone() const { return m_done; }
+    Outcome outcome() const { return m_outcome; }
+
+    /// What was found out, in one line.
+    QString text() const { return m_text; }
+
+    /// Whether somebody still looks for the name, who cannot be stopped.
+    bool isLookingUp() const { return m_lookingUp; }
+
+    /// Whether it is this machine, of which nobody needs to be asked.
+    static bool isThisMachine(const QString& host);
+
+    /// The program that reaches hosts: KEST_SSH, or ssh. Empty when there is no such program.
+    static QString remoteShell();
+
+Q_SIGNALS:
+    void finished();
+
+private:
+    QString name() const;
+    void onLookedUp(const QHostInfo& info);
+    void ask();
+    void onAnswerPart();
+    void onAnswered(int exitCode, QProcess::ExitStatus status);
+    void onTimeout();
+    void compare(int cores);
+    void fail(const QString& reason);
+    void finish(Outcome outcome, const QString& text);
+
+    QString m_host;
+    int m_processes;
+    int m_limit; // seconds
+    QTimer m_timer;
+    GroupedProcess m_process;
+    QByteArray m_answer;
+    QByteArray m_complaints;
+    bool m_lookingUp = false;
+    bool m_done = false;
+    Outcome m_outcome = Outcome::Error;
+    QString m_text;
+};
+
+#endif

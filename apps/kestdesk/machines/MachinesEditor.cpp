@@ -1,0 +1,267 @@
+#include "MachinesEditor.h"
+
+#include "MachinesFile.h"
+#include "MachinesReport.h"
+#include "Terminal.h"
+#include "TerminalDevice.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QProcess>
+#include <QSaveFile>
+#include <QStandardPaths>
+#include <QTemporaryFile>
+
+#include <algorithm>
+#include <csignal>
+#include <cstdio>
+
+namespace {
+
+constexpr int exitDone = 0;
+constexpr int exitNotSaved = 1;
+constexpr int exitImpossible = 2;
+
+constexpr const char* fileTemplate =
+    "# The machines for parallel runs, one a line:\n"
+    "#\n"
+    "#   host:count\n"
+    "#\n"
+    "# \"host\" is a host name or an address, \"count\" the number of "
+    "processes that it takes;\n"
+    "# without a count it is one. \"#\" begins a comment. Example, "
+    "without the \"#\":\n"
+    "#\n"
+    "#   localhost:2\n"
+    "#   node1.example.org:8\n";
+
+// Tried where the user names none.
+constexpr const char* commonEditors[] = {"sensible-editor", "editor", "vi", "nano", "notepad"};
+
+void complain(const QString& line)
+{
+    Terminal(stderr).writeLine(QStringLiteral("kestdesk: ") + line, Terminal::Colour::Red);
+}
+
+// The editor's program and its arguments; empty when there is none.
+QStringList editorCommand()
+{
+    for (const char* const variable : {"VISUAL", "EDITOR"}) {
+        QStringList command = QProcess::splitCommand(qEnvironmentVariable(variable));
+        if (!command.isEmpty()) {
+            return command;
+        }
+    }
+    for (const char* const name : commonEditors) {
+        if (!QStandardPaths::findExecutable(QLatin1String(name)).isEmpty()) {
+            return {QLatin1String(name)};
+        }
+    }
+    return {};
+}
+
+// Nothing when the file cannot be read.
+std::optional<QByteArray> contentOf(const QString& fileName, QString* error = nullptr)
+{
+    QFile file(fileName);
+    if (QFileInfo(fileName).isDir() || !file.open(QIODevice::ReadOnly)) {
+        if (error) {
+            *error =
+                QFileInfo(fileName).isDir() ? QStringLiteral("it is a folder") : file.errorString();
+        }
+        return std::nullopt;
+    }
+    return file.readAll();
+}
+
+/// While this lives, Ctrl+C is the editor's business alone. The editor does not inherit that.
+class InterruptsLeftToTheEditor
+{
+public:
+    InterruptsLeftToTheEditor() : m_before(std::signal(SIGINT, [](int) {})) {}
+    ~InterruptsLeftToTheEditor() { std::signal(SIGINT, m_before); }
+
+    InterruptsLeftToTheEditor(const InterruptsLeftToTheEditor&) = delete;
+    InterruptsLeftToTheEditor& operator=(const InterruptsLeftToTheEditor&) = delete;
+
+private:
+    void (*m_before)(int);
+};
+
+// The user's next line; nothing at the end of the input.
+std::optional<QString> readLine()
+{
+    QByteArray line;
+    for (int character = std::getchar(); character != '\n'; character = std::getchar()) {
+        if (character == EOF) {
+            return std::nullopt;
+        }
+        line.append(static_cast<char>(character));
+    }
+    return QString::fromLocal8Bit(line).trimmed().toLower();
+}
+
+} // namespace
+
+MachinesEditor::MachinesEditor()
+    : m_fileName(
+          QDir(qEnvironmentVariable("KEST_USER_HOME")).filePath(QStringLiteral("machines.kest")))
+{}
+
+int MachinesEditor::exec()
+{
+    if (!readOriginal() || !makeCopy()) {
+        return exitImpossible;
+    }
+    const int failure = editCopy();
+    return failure == exitDone ? conclude() : failure;
+}
+
+bool MachinesEditor::readOriginal()
+{
+    QString error;
+    m_original = contentOf(m_fileName, &error);
+    if (!m_original && QFileInfo::exists(m_fileName)) {
+        complain(QStringLiteral("cannot read %1: %2").arg(m_fileName, error));
+        return false;
+    }
+    const QString shared = QDir(qEnvironmentVariable("KEST_HOME"))
+                               .filePath(QStringLiteral("shared/mpi/machines.kest"));
+    m_begun = m_original ? *m_original : contentOf(shared).value_or(QByteArray(fileTemplate));
+    return true;
+}
+
+// Beside the file, where what is typed belongs to the user alone and survives.
+bool MachinesEditor::makeCopy()
+{
+    const QFileInfo file(m_fileName);
+    QDir().mkpath(file.absolutePath());
+    QTemporaryFile copy(file.absolutePath() + QStringLiteral("/machines-edited-XXXXXX.kest"));
+    copy.setAutoRemove(false);
+    if (!copy.open() || copy.write(m_begun) != m_begun.size() || !copy.flush()) {
+        complain(
+            QStringLiteral("cannot write in %1: %2").arg(file.absolutePath(), copy.errorString()));
+        copy.remove();
+        return false;
+    }
+    m_copyName = copy.fileName();
+    return true;
+}
+
+// The exit code when nothing can come of it.
+int MachinesEditor::editCopy()
+{
+    const QStringList command = editorCommand();
+    if (command.isEmpty()) {
+        QFile::remove(m_copyName);
+        complain(QStringLiteral("there is no editor; VISUAL or EDITOR names one"));
+        return exitImpossible;
+    }
+    QProcess editor;
+    editor.setProcessChannelMode(QProcess::ForwardedChannels);
+    editor.setInputChannelMode(QProcess::ForwardedInputChannel);
+    const InterruptsLeftToTheEditor interrupts;
+    editor.start(command.first(), command.mid(1) + QStringList(m_copyName));
+    if (!editor.waitForStarted(-1)) {
+        complain(QStringLiteral("cannot start the editor %1: %2")
+                     .arg(command.first(), editor.errorString()));
+        return contentOf(m_copyName) == m_begun ? (QFile::remove(m_copyName), exitImpossible)
+                                                : keepCopy(QStringLiteral("nothing was saved"));
+    }
+    editor.waitForFinished(-1);
+    if (editor.exitStatus() != QProcess::NormalExit || editor.exitCode() != 0) {
+        const QString reason = QStringLiteral("the editor did not end well; nothing was saved");
+        return contentOf(m_copyName) == m_begun ? dropCopy(reason) : keepCopy(reason);
+    }
+    return exitDone;
+}
+
+int MachinesEditor::conclude()
+{
+    for (;;) {
+        QString error;
+        const std::optional<QByteArray> edited = contentOf(m_copyName, &error);
+        if (!edited) {
+            return keepCopy(QStringLiteral("cannot read what was edited: %1").arg(error));
+        }
+        if (*edited == m_begun) {
+            QFile::remove(m_copyName);
+            Terminal(stdout).writeLine(QStringLiteral("Nothing was changed."));
+            return exitDone;
+        }
+        const Answer answer = judge(*edited);
+        if (answer == Answer::Save) {
+            return save(*edited);
+        }
+        if (answer == Answer::Discard) {
+            return dropCopy(QStringLiteral("nothing was saved"));
+        }
+        if (answer == Answer::Keep) {
+            return keepCopy(QStringLiteral("a file with errors is not saved"));
+        }
+        const int failure = editCopy();
+        if (failure != exitDone) {
+            return failure;
+        }
+    }
+}
+
+// What to do with it: what is right is saved, and of what is wrong the user decides.
+MachinesEditor::Answer MachinesEditor::judge(const QByteArray& edited) const
+{
+    const MachinesFile file = MachinesFile::parsed(edited);
+    Terminal terminal(stderr);
+    MachinesReport::writeFindings(file, terminal);
+    terminal.flush();
+    if (file.isRight()) {
+        return Answer::Save;
+    }
+    if (!TerminalDevice::isPerson(stdin)) {
+        return Answer::Keep;
+    }
+    for (;;) {
+        std::fputs("Edit again, save anyway, or discard? [e/s/d] ", stderr);
+        const std::optional<QString> line = readLine();
+        if (!line) {
+            return Answer::Keep;
+        }
+        if (line->startsWith(QLatin1Char('e')) || line->isEmpty()) {
+            return Answer::EditAgain;
+        }
+        if (line->startsWith(QLatin1Char('s'))) {
+            return Answer::Save;
+        }
+        if (line->startsWith(QLatin1Char('d'))) {
+            return Answer::Discard;
+        }
+    }
+}
+
+int MachinesEditor::save(const QByteArray& edited)
+{
+    if (contentOf(m_fileName) != m_original) {
+        return keepCopy(
+            QStringLiteral("%1 was changed meanwhile and is left as it is").arg(m_fileName));
+    }
+    QSaveFile file(m_fileName);
+    if (!file.open(QIODevice::WriteOnly) || file.write(edited) != edited.size() || !file.commit()) {
+        return keepCopy(QStringLiteral("cannot write %1: %2").arg(m_fileName, file.errorString()));
+    }
+    QFile::remove(m_copyName);
+    Terminal(stdout).writeLine(QStringLiteral("Saved %1.").arg(m_fileName));
+    return exitDone;
+}
+
+int MachinesEditor::keepCopy(const QString& reason) const
+{
+    complain(QStringLiteral("%1; what you edited is in %2").arg(reason, m_copyName));
+    return exitNotSaved;
+}
+
+int MachinesEditor::dropCopy(const QString& reason) const
+{
+    QFile::remove(m_copyName);
+    complain(reason);
+    return exitNotSaved;
+}

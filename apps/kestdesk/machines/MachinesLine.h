@@ -1,0 +1,18 @@
+#ifndef MACHINESLINE_H
+#define MACHINESLINE_H
+
+#include <QByteArray>
+#include <QString>
+
+/// One line of a machines file: "host" or "host:count", or nothing.
+struct MachinesLine
+{
+    QByteArray host; ///< empty where the line names none, or is wrong
+    int processes = 0;
+    QString error; ///< empty when the line is right
+
+    /// The line without its end.
+    static MachinesLine parsed(const QByteArray& line);
+};
+
+#endif

@@ -1,0 +1,70 @@
+#ifndef LAUNCHOPTIONSPAGE_H
+#define LAUNCHOPTIONSPAGE_H
+
+#include <QScrollArea>
+#include <QStringList>
+#include <QVector>
+
+class OptionEditor;
+class QGridLayout;
+class QGroupBox;
+class QLabel;
+class QVBoxLayout;
+struct LaunchOptionRow;
+
+/// One tab of launch options: their editors in groups, beside each other where there is room.
+class LaunchOptionsPage : public QScrollArea
+{
+    Q_OBJECT
+
+public:
+    LaunchOptionsPage(const QString& tab, QWidget* parent);
+
+    QStringList keys() const;
+
+    /// Puts everything here behind the widget for the Tab key; gives the last.
+    QWidget* continueTabOrder(QWidget* previous) const;
+
+    QString text(const QString& key) const;
+    void setText(const QString& key, const QString& text);
+
+    /// Nothing can be changed any more.
+    void setReadOnly();
+
+    /// Enables what its switch allows, marks what is wrong and says why beside it. What is wrong
+    /// first, as a sentence; empty when all is right.
+    QString check();
+
+Q_SIGNALS:
+    void edited(const QString& key);
+    void machinesRequested();
+
+protected:
+    void resizeEvent(QResizeEvent* event) override;
+
+private:
+    struct Field
+    {
+        const LaunchOptionRow* row;
+        OptionEditor* editor;
+        QLabel* label;   ///< may be null
+        QLabel* unit;    ///< may be null
+        QLabel* message; ///< hidden while all is right
+    };
+
+    QGroupBox* makeGroup(const QString& tab, const QString& title);
+    void addField(const LaunchOptionRow& row, QGroupBox* group, QGridLayout* grid);
+    void addMachines(QGroupBox* group, QGridLayout* grid) const;
+    const Field& field(const QString& key) const;
+    bool isAllowed(const Field& field) const;
+    void mark(const Field& field, const QString& complaint);
+    void arrange(int columns);
+
+    QVector<Field> m_fields;
+    QVector<QGroupBox*> m_groups;
+    QVector<QVBoxLayout*> m_columnLayouts;
+    int m_columns = 0;
+    bool m_readOnly = false;
+};
+
+#endif

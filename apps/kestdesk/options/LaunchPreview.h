@@ -1,0 +1,16 @@
+#ifndef LAUNCHPREVIEW_H
+#define LAUNCHPREVIEW_H
+
+#include <QString>
+
+class common_ComponentsLaunchOptions;
+
+/// What the options come to.
+namespace LaunchPreview {
+
+/// The parts of the command lines, or of the environment, that the tab's options make.
+QString line(const QString& tab, const common_ComponentsLaunchOptions& options);
+
+} // namespace LaunchPreview
+
+#endif

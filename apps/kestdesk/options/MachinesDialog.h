@@ -1,0 +1,52 @@
+#ifndef MACHINESDIALOG_H
+#define MACHINESDIALOG_H
+
+#include "MachinesFileStore.h"
+
+#include <QDialog>
+
+class MachinesFile;
+class MachinesTextEdit;
+class QLabel;
+class QListWidget;
+class QPushButton;
+
+/// "Configure": lets the user change the own machines file, and says what is wrong with it line by
+/// line while it is typed.
+class MachinesDialog : public QDialog
+{
+    Q_OBJECT
+
+public:
+    explicit MachinesDialog(QWidget* parent);
+
+    /// True when the file was saved.
+    static bool edit(QWidget* parent);
+
+public Q_SLOTS:
+    /// Saves, where the user does not want to go on because of mistakes or of somebody else's
+    /// change; what cannot be saved stays in the dialog.
+    void accept() override;
+
+    /// Asks before something that was typed is thrown away.
+    void reject() override;
+
+private:
+    void makeWidgets();
+    void load();
+    QByteArray typed() const;
+    bool isChanged() const;
+    void check();
+    void showFindings(const MachinesFile& file);
+    bool mayOverwrite();
+
+    MachinesFileStore m_store;
+    QString m_loaded; ///< what the editor made of the file
+    QLabel* m_origin;
+    MachinesTextEdit* m_text;
+    QListWidget* m_findings;
+    QLabel* m_summary;
+    QPushButton* m_save = nullptr;
+};
+
+#endif

@@ -1,0 +1,70 @@
+#include "MachinesFileStore.h"
+
+#include <common_IApplicationInfo.h>
+#include <common_ServiceOf.h>
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QSaveFile>
+
+namespace {
+
+constexpr const char* beginning = "# The machines for parallel runs, one a line:\n"
+                                  "#\n"
+                                  "#   host:count\n"
+                                  "#\n";
+
+std::optional<QByteArray> contentOf(const QString& fileName, QString* error = nullptr)
+{
+    QFile file(fileName);
+    if (!file.open(QIODevice::ReadOnly)) {
+        if (error != nullptr) {
+            *error = file.errorString();
+        }
+        return std::nullopt;
+    }
+    const QByteArray content = file.readAll();
+    if (error != nullptr && file.error() != QFile::NoError) {
+        *error = file.errorString();
+    }
+    return content;
+}
+
+} // namespace
+
+MachinesFileStore::MachinesFileStore()
+{
+    const common_IApplicationInfo* const info = GET_SERVICE(common_IApplicationInfo);
+    const QString name = QStringLiteral("machines.kest");
+    m_fileName = QDir(info->userSettingsDirectory()).filePath(name);
+    m_origin = m_fileName;
+    if (QFileInfo::exists(m_fileName)) {
+        m_original = contentOf(m_fileName, &m_readError);
+        m_content = m_original.value_or(QByteArray());
+        return;
+    }
+    const QString shared =
+        QDir(info->installationDirectory()).filePath(QStringLiteral("shared/mpi/") + name);
+    const std::optional<QByteArray> installed = contentOf(shared);
+    m_origin = installed ? shared : QString();
+    m_content = installed.value_or(QByteArray(beginning));
+}
+
+bool MachinesFileStore::hasChanged() const
+{
+    return contentOf(m_fileName) != m_original;
+}
+
+QString MachinesFileStore::save(const QByteArray& content)
+{
+    QDir().mkpath(QFileInfo(m_fileName).absolutePath());
+    QSaveFile file(m_fileName);
+    if (!file.open(QIODevice::WriteOnly) || file.write(content) != content.size() ||
+        !file.commit()) {
+        return file.errorString();
+    }
+    m_original = content;
+    m_content = content;
+    return QString();
+}

@@ -1,0 +1,33 @@
+#ifndef MACHINESTEXTEDIT_H
+#define MACHINESTEXTEDIT_H
+
+#include <QPlainTextEdit>
+
+class MachinesFile;
+
+/// The text of a machines file, with line numbers, and with its findings underlined.
+class MachinesTextEdit : public QPlainTextEdit
+{
+    Q_OBJECT
+
+public:
+    explicit MachinesTextEdit(QWidget* parent);
+
+    void showFindings(const MachinesFile& file);
+
+    /// Puts the cursor into the line, which counts from 1.
+    void goToLine(int line);
+
+protected:
+    void resizeEvent(QResizeEvent* event) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+private:
+    int numbersWidth() const;
+    void paintNumbers(const QRect& rect);
+    void placeNumbers();
+
+    QWidget* m_numbers;
+};
+
+#endif

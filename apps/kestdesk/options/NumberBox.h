@@ -1,0 +1,27 @@
+#ifndef NUMBERBOX_H
+#define NUMBERBOX_H
+
+#include <QSpinBox>
+
+/// A box for any integer, so that a stored one that is out of range is shown as it is. Its arrows
+/// and keys stop at the smallest that makes sense.
+class NumberBox : public QSpinBox
+{
+    Q_OBJECT
+
+public:
+    NumberBox(int smallest, QWidget* parent);
+
+    void stepBy(int steps) override;
+
+protected:
+    StepEnabled stepEnabled() const override;
+
+    /// The wheel scrolls the page, and changes the number only where the user is.
+    void wheelEvent(QWheelEvent* event) override;
+
+private:
+    int m_smallest;
+};
+
+#endif

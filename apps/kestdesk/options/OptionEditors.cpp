@@ -1,0 +1,205 @@
+#include "OptionEditors.h"
+
+#include "LaunchOptionTable.h"
+#include "NumberBox.h"
+#include "OptionEditor.h"
+#include "OptionValue.h"
+
+#include <common_PropertyFactory.h>
+#include <common_PropertyMetaData.h>
+
+#include <QAbstractItemView>
+#include <QCheckBox>
+#include <QComboBox>
+#include <QLineEdit>
+#include <QPlainTextEdit>
+#include <QSignalBlocker>
+#include <QWheelEvent>
+
+#include <limits>
+
+namespace {
+
+constexpr int longestLine = 1 << 20;
+constexpr int linesOfTextEdit = 6;
+
+class CheckEditor : public OptionEditor
+{
+public:
+    CheckEditor(const LaunchOptionRow& row, QWidget* parent)
+        : CheckEditor(row, new QCheckBox(QString::fromLatin1(row.label), parent))
+    {}
+
+    QWidget* widget() const override { return m_box; }
+    bool needsLabel() const override { return false; }
+    QString text() const override
+    {
+        return m_box->isChecked() ? QStringLiteral("true") : QStringLiteral("false");
+    }
+    void setText(const QString& text) override { m_box->setChecked(text == QLatin1String("true")); }
+
+private:
+    CheckEditor(const LaunchOptionRow& row, QCheckBox* box) : OptionEditor(box), m_box(box)
+    {
+        m_box->setEnabled(row.editor != LaunchOptionRow::Fixed);
+        connect(m_box, &QCheckBox::toggled, this, &OptionEditor::edited);
+    }
+
+    QCheckBox* m_box;
+};
+
+// As narrow as the page needs it, with a list as wide as its texts. Leaves the wheel to the page
+// while the user is elsewhere.
+class ComboBox : public QComboBox
+{
+public:
+    explicit ComboBox(QWidget* parent) : QComboBox(parent)
+    {
+        setFocusPolicy(Qt::StrongFocus);
+        setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
+        setMinimumContentsLength(12);
+    }
+
+    void showPopup() override
+    {
+        view()->setMinimumWidth(view()->sizeHintForColumn(0));
+        QComboBox::showPopup();
+    }
+
+protected:
+    void wheelEvent(QWheelEvent* event) override
+    {
+        if (hasFocus()) {
+            QComboBox::wheelEvent(event);
+        } else {
+            event->ignore();
+        }
+    }
+};
+
+class ComboEditor : public OptionEditor
+{
+public:
+    ComboEditor(const common_PropertyMetaData& metaData, QWidget* parent)
+        : ComboEditor(metaData, new ComboBox(parent))
+    {}
+
+    QWidget* widget() const override { return m_box; }
+    QString text() const override { return m_box->currentData().toString(); }
+
+    // A value that is no member is shown as it is, and kept until another one is chosen.
+    void setText(const QString& text) override
+    {
+        if (m_box->findData(text) < 0) {
+            m_box->addItem(QStringLiteral("%1 (none of these)").arg(text), text);
+        }
+        m_box->setCurrentIndex(m_box->findData(text));
+    }
+
+private:
+    ComboEditor(const common_PropertyMetaData& metaData, QComboBox* box)
+        : OptionEditor(box), m_box(box)
+    {
+        const QVector<EnumType> members = metaData.getEnumList();
+        for (const EnumType& member : members) {
+            m_box->addItem(member.text, QString::number(member.value));
+        }
+        connect(m_box, qOverload<int>(&QComboBox::currentIndexChanged), this,
+                &OptionEditor::edited);
+    }
+
+    QComboBox* m_box;
+};
+
+class NumberEditor : public OptionEditor
+{
+public:
+    NumberEditor(const common_PropertyMetaData& metaData, QWidget* parent)
+        : NumberEditor(new NumberBox(
+              OptionValue::minimum(metaData).value_or(std::numeric_limits<int>::min()), parent))
+    {}
+
+    QWidget* widget() const override { return m_box; }
+    QString text() const override { return m_box->cleanText(); }
+    void setText(const QString& text) override { m_box->setValue(text.toInt()); }
+
+private:
+    explicit NumberEditor(NumberBox* box) : OptionEditor(box), m_box(box)
+    {
+        connect(m_box, &QSpinBox::textChanged, this, &OptionEditor::edited);
+    }
+
+    NumberBox* m_box;
+};
+
+class LineEditor : public OptionEditor
+{
+public:
+    explicit LineEditor(QWidget* parent) : LineEditor(new QLineEdit(parent)) {}
+
+    QWidget* widget() const override { return m_line; }
+    QString text() const override { return m_line->text(); }
+    void setText(const QString& text) override { m_line->setText(text); }
+
+private:
+    explicit LineEditor(QLineEdit* line) : OptionEditor(line), m_line(line)
+    {
+        m_line->setMaxLength(longestLine);
+        connect(m_line, &QLineEdit::textChanged, this, &OptionEditor::edited);
+    }
+
+    QLineEdit* m_line;
+};
+
+class TextEditor : public OptionEditor
+{
+public:
+    explicit TextEditor(QWidget* parent) : TextEditor(new QPlainTextEdit(parent)) {}
+
+    QWidget* widget() const override { return m_text; }
+    QString text() const override { return m_text->toPlainText(); }
+    void setText(const QString& text) override { m_text->setPlainText(text); }
+
+private:
+    explicit TextEditor(QPlainTextEdit* text) : OptionEditor(text), m_text(text)
+    {
+        m_text->setTabChangesFocus(true);
+        m_text->setLineWrapMode(QPlainTextEdit::NoWrap);
+        m_text->setMinimumHeight(m_text->fontMetrics().lineSpacing() * linesOfTextEdit);
+        connect(m_text, &QPlainTextEdit::textChanged, this, &OptionEditor::edited);
+    }
+
+    QPlainTextEdit* m_text;
+};
+
+OptionEditor* madeFor(const LaunchOptionRow& row, QWidget* parent)
+{
+    const common_PropertyMetaData& metaData =
+        common_PropertyFactory::getMetaData(QString::fromLatin1(row.key));
+    switch (row.editor) {
+    case LaunchOptionRow::CheckBox:
+    case LaunchOptionRow::Fixed:
+        return new CheckEditor(row, parent);
+    case LaunchOptionRow::ComboBox:
+        return new ComboEditor(metaData, parent);
+    case LaunchOptionRow::NumberBox:
+        return new NumberEditor(metaData, parent);
+    case LaunchOptionRow::LineEdit:
+        return new LineEditor(parent);
+    case LaunchOptionRow::TextEdit:
+        break;
+    }
+    return new TextEditor(parent);
+}
+
+} // namespace
+
+OptionEditor* OptionEditors::make(const LaunchOptionRow& row, QWidget* parent)
+{
+    OptionEditor* const editor = madeFor(row, parent);
+    QWidget* const widget = editor->widget();
+    widget->setObjectName(QString::fromLatin1(row.key));
+    widget->setAccessibleName(QString::fromLatin1(row.accessibleName));
+    widget->setToolTip(QString::fromLatin1(row.hint));
+    return editor;
+}

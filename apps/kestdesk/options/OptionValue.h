@@ -1,0 +1,28 @@
+#ifndef OPTIONVALUE_H
+#define OPTIONVALUE_H
+
+#include <QStringList>
+
+#include <optional>
+
+class common_PropertyMetaData;
+
+/// What a launch option accepts when a person types it: stricter than the settings file, which
+/// takes what is there.
+namespace OptionValue {
+
+/// The smallest number that the option accepts; nothing where it may be any.
+std::optional<int> minimum(const common_PropertyMetaData& metaData);
+
+/// What the option accepts, in words.
+QString accepted(const common_PropertyMetaData& metaData);
+
+/// The words that the option accepts, for a shell to complete; empty when there are too many.
+QStringList words(const common_PropertyMetaData& metaData);
+
+/// The typed value as the option stores it; nothing when it is not accepted.
+std::optional<QString> parsed(const common_PropertyMetaData& metaData, const QString& typed);
+
+} // namespace OptionValue
+
+#endif

@@ -1,0 +1,15 @@
+#ifndef BATCHRUNNER_H
+#define BATCHRUNNER_H
+
+#include <common_ProcessRunner.h>
+
+/// A runner of solver components that can let go of a run that never began.
+class BatchRunner : public common_ProcessRunner<common_KestProcessMessage>
+{
+public:
+    /// Deletes the temporary files, as the end of a run does, when no child was started. Observers
+    /// would hear of an end: there must be none.
+    void discardTemporaryFiles() { onProcessDone(); }
+};
+
+#endif

@@ -1,0 +1,8 @@
+#include "StopSignals.h"
+
+#include <csignal>
+
+QVector<int> StopSignals::all()
+{
+    return {SIGINT, SIGTERM};
+}

@@ -1,0 +1,462 @@
+#include "MainWindow.h"
+
+#include "Component.h"
+#include "Descendants.h"
+#include "LaunchOptionsDialog.h"
+#include "MachinesDialog.h"
+#include "Notifier.h"
+#include "RunChoice.h"
+#include "RunPanel.h"
+#include "RunTableModel.h"
+#include "WindowGeometry.h"
+#include "WindowRun.h"
+
+#include <common_HelpClient.h>
+#include <common_IApplicationInfo.h>
+#include <common_IIconUtility.h>
+#include <common_ServiceOf.h>
+#include <common_UserQuery.h>
+#include <common_geometry_settings.h>
+#include <common_recent_file_settings.h>
+
+#include <QApplication>
+#include <QCloseEvent>
+#include <QDir>
+#include <QFileDialog>
+#include <QFileInfo>
+#include <QHeaderView>
+#include <QLabel>
+#include <QMenuBar>
+#include <QMimeData>
+#include <QStatusBar>
+#include <QTableView>
+#include <QVBoxLayout>
+
+#include <algorithm>
+
+namespace {
+
+const QString applicationName = QStringLiteral("kestdesk");
+
+QIcon icon(const QString& name)
+{
+    return GET_SERVICE(common_IIconUtility)->getIcon(name);
+}
+
+// The first local file that was dropped; empty when there is none.
+QString droppedFile(const QMimeData& data)
+{
+    const QList<QUrl> urls = data.urls();
+    const auto found =
+        std::find_if(urls.begin(), urls.end(), [](const QUrl& url) { return url.isLocalFile(); });
+    return found == urls.end() ? QString() : found->toLocalFile();
+}
+
+} // namespace
+
+MainWindow::MainWindow(const QString& model)
+    : m_settings(GET_SERVICE(common_IApplicationInfo)->userSettingsDirectory(), applicationName)
+    , m_session(m_settings.getFullFilename())
+    , m_runs(new RunTableModel(this))
+{
+    setObjectName(QStringLiteral("kestdeskWindow"));
+    setWindowIcon(icon(applicationName));
+    setAcceptDrops(true);
+    makeContent();
+    makeFileMenu();
+    makeRunMenu();
+    makeOptionsMenu();
+    makeHelpMenu();
+    restoreSession(model);
+    updateControls();
+}
+
+MainWindow::~MainWindow() = default;
+
+void MainWindow::makeContent()
+{
+    auto* content = new QWidget(this);
+    auto* layout = new QVBoxLayout(content);
+    m_panel = new RunPanel(content);
+    layout->addWidget(m_panel);
+    layout->addWidget(makeRunList(), 1);
+    setCentralWidget(content);
+    m_outcome = new QLabel(this);
+    m_outcome->setObjectName(QStringLiteral("outcomeLabel"));
+    statusBar()->addWidget(m_outcome, 1);
+    connect(m_panel, &RunPanel::openRequested, this, &MainWindow::chooseModel);
+    connect(m_panel, &RunPanel::runRequested, this, &MainWindow::run);
+    connect(m_panel, &RunPanel::stopRequested, this, &MainWindow::stopRun);
+    connect(m_panel, &RunPanel::componentChanged, this, &MainWindow::updateControls);
+    connect(m_panel, &RunPanel::tickedChanged, this, &MainWindow::saveChoice);
+    GET_SERVICE(common_HelpClient)->registerPage(content, QStringLiteral("kestdesk"));
+}
+
+QWidget* MainWindow::makeRunList()
+{
+    m_list = new QTableView(this);
+    m_list->setObjectName(QStringLiteral("runList"));
+    m_list->setAccessibleName(QStringLiteral("Runs of this session"));
+    m_list->setModel(m_runs);
+    m_list->setSelectionBehavior(QAbstractItemView::SelectRows);
+    m_list->setSelectionMode(QAbstractItemView::SingleSelection);
+    m_list->setTabKeyNavigation(false);
+    m_list->setWordWrap(false);
+    m_list->verticalHeader()->hide();
+    m_list->horizontalHeader()->setSectionResizeMode(QHeaderView::ResizeToContents);
+    m_list->horizontalHeader()->setSectionResizeMode(RunTableModel::ModelColumn,
+                                                     QHeaderView::Stretch);
+    m_list->horizontalHeader()->setHighlightSections(false);
+    connect(m_list, &QTableView::activated, this, &MainWindow::showRun);
+    connect(m_list->selectionModel(), &QItemSelectionModel::selectionChanged, this,
+            &MainWindow::updateControls);
+    return m_list;
+}
+
+void MainWindow::makeFileMenu()
+{
+    QMenu* menu = menuBar()->addMenu(QStringLiteral("&File"));
+    addAction(*menu, QStringLiteral("&Open..."), QStringLiteral("openAction"), QKeySequence::Open,
+              &MainWindow::chooseModel)
+        ->setIcon(icon(QStringLiteral("open")));
+    m_recentMenu = menu->addMenu(icon(QStringLiteral("recent")), QStringLiteral("Open &recent"));
+    m_recentMenu->setObjectName(QStringLiteral("recentMenu"));
+    connect(m_recentMenu, &QMenu::aboutToShow, this, &MainWindow::listRecentFiles);
+    menu->addSeparator();
+    QAction* quit = menu->addAction(QStringLiteral("&Quit"), this, &QWidget::close);
+    quit->setObjectName(QStringLiteral("quitAction"));
+    quit->setShortcut(QKeySequence(QStringLiteral("Ctrl+Q")));
+}
+
+void MainWindow::makeRunMenu()
+{
+    QMenu* menu = menuBar()->addMenu(QStringLiteral("&Run"));
+    addAction(*menu, QStringLiteral("&Run"), QStringLiteral("runAction"),
+              QKeySequence(QStringLiteral("F5")), &MainWindow::run)
+        ->setIcon(icon(QStringLiteral("play")));
+    addAction(*menu, QStringLiteral("&Stop"), QStringLiteral("stopAction"),
+              QKeySequence(QStringLiteral("Shift+F5")), &MainWindow::stopRun)
+        ->setIcon(icon(QStringLiteral("exclude")));
+    menu->addSeparator();
+    m_farmOut = menu->addAction(QStringLiteral("&Farm out by OPTKEST"));
+    m_farmOut->setObjectName(QStringLiteral("farmOutAction"));
+    m_farmOut->setCheckable(true);
+    connect(m_farmOut, &QAction::toggled, this, &MainWindow::saveChoice);
+    menu->addSeparator();
+    addAction(*menu, QStringLiteral("Show run's &window"), QStringLiteral("showRunAction"),
+              QKeySequence(QStringLiteral("Ctrl+Return")), &MainWindow::showRun);
+    addAction(*menu, QStringLiteral("&Clear ended runs"), QStringLiteral("clearAction"),
+              QKeySequence(), &MainWindow::removeEndedRuns);
+}
+
+void MainWindow::makeOptionsMenu()
+{
+    QMenu* menu = menuBar()->addMenu(QStringLiteral("&Options"));
+    addAction(*menu, QStringLiteral("Component &launch options..."),
+              QStringLiteral("launchOptionsAction"), QKeySequence(QStringLiteral("Ctrl+L")),
+              &MainWindow::editLaunchOptions)
+        ->setIcon(icon(QStringLiteral("settings")));
+    addAction(*menu, QStringLiteral("&Machines file..."), QStringLiteral("machinesFileAction"),
+              QKeySequence(), &MainWindow::editMachinesFile)
+        ->setIcon(icon(QStringLiteral("machines")));
+}
+
+void MainWindow::makeHelpMenu()
+{
+    QMenu* menu = menuBar()->addMenu(QStringLiteral("&Help"));
+    addAction(*menu, QStringLiteral("&About kestdesk"), QStringLiteral("aboutAction"),
+              QKeySequence(), &MainWindow::showAbout);
+}
+
+QAction* MainWindow::addAction(QMenu& menu, const QString& text, const QString& name,
+                               const QKeySequence& shortcut, void (MainWindow::*slot)())
+{
+    QAction* action = menu.addAction(text);
+    action->setObjectName(name);
+    action->setShortcut(shortcut);
+    connect(action, &QAction::triggered, this, slot);
+    return action;
+}
+
+void MainWindow::openModel(const QString& path)
+{
+    const QFileInfo file(path);
+    if (!file.isFile() || !file.isReadable()) {
+        common_UserQuery(QStringLiteral("Model not opened"),
+                         QStringLiteral("There is no model that can be read at\n%1.")
+                             .arg(QDir::toNativeSeparators(path)),
+                         common_UserQuery::Error, this, QString())
+            .display();
+        return;
+    }
+    m_panel->setModel(file.absoluteFilePath());
+    m_settings.recentFiles()->addRecentFile(file.absoluteFilePath());
+    setWindowTitle(file.fileName() + QStringLiteral(" - kestdesk"));
+    m_panel->setFocus();
+}
+
+void MainWindow::setComponent(const Component& component)
+{
+    m_panel->setComponent(QLatin1String(component.name));
+    updateControls();
+}
+
+void MainWindow::chooseModel()
+{
+    const QString folder = QFileInfo(m_panel->model()).absolutePath();
+    const QString path = QFileDialog::getOpenFileName(this, QStringLiteral("Open a model"), folder,
+                                                      QStringLiteral("Models (*.nec);;All (*)"));
+    if (!path.isEmpty()) {
+        openModel(path);
+    }
+}
+
+void MainWindow::listRecentFiles()
+{
+    m_recentMenu->clear();
+    const QStringList files = m_settings.recentFiles()->recentFiles();
+    int number = 0;
+    for (const QString& file : files) {
+        QString shown = file;
+        shown.replace(QLatin1Char('&'), QStringLiteral("&&"));
+        m_recentMenu->addAction(QStringLiteral("&%1 %2").arg(++number).arg(shown), this,
+                                [this, file] { openModel(file); });
+    }
+    if (files.isEmpty()) {
+        m_recentMenu->addAction(QStringLiteral("No recent files"))->setEnabled(false);
+    }
+}
+
+void MainWindow::run()
+{
+    const QString model = m_panel->model();
+    if (model.isEmpty()) {
+        return;
+    }
+    m_settings.recentFiles()->addRecentFile(QFileInfo(model).absoluteFilePath());
+    auto* run = new WindowRun(m_panel->component(), model, this);
+    connect(run, &WindowRun::changed, this, &MainWindow::updateControls);
+    connect(run, &WindowRun::ended, this, [this, run] { onRunEnded(*run); });
+    m_runs->add(run);
+    m_list->selectRow(m_runs->rowCount() - 1);
+    m_outcome->clear();
+    run->start(choice() & m_panel->component().options, m_settings, this);
+    updateControls();
+}
+
+void MainWindow::stopRun()
+{
+    WindowRun* run = selectedRun();
+    if (run == nullptr || !run->isRunning()) {
+        const QVector<WindowRun*> going = goingRuns();
+        run = going.isEmpty() ? nullptr : going.last();
+    }
+    if (run != nullptr) {
+        run->stop();
+    }
+}
+
+void MainWindow::showRun()
+{
+    WindowRun* run = selectedRun();
+    if (run != nullptr && !run->showDialog()) {
+        m_outcome->setText(QStringLiteral("The window of this run has been closed."));
+    }
+}
+
+void MainWindow::removeEndedRuns()
+{
+    const QVector<WindowRun*> runs = m_runs->runs();
+    for (WindowRun* run : runs) {
+        if (!run->isRunning()) {
+            m_runs->remove(run);
+            run->deleteLater();
+        }
+    }
+    updateControls();
+}
+
+void MainWindow::editLaunchOptions()
+{
+    LaunchOptionsDialog::edit(this);
+    showChoice();
+}
+
+void MainWindow::editMachinesFile()
+{
+    MachinesDialog::edit(this);
+}
+
+void MainWindow::showAbout()
+{
+    common_UserQuery(QStringLiteral("About kestdesk"),
+                     QStringLiteral("kestdesk %1\nRuns the suite's solver components on models.\n"
+                                    "Installation: %2")
+                         .arg(QCoreApplication::applicationVersion(),
+                              QDir::toNativeSeparators(
+                                  GET_SERVICE(common_IApplicationInfo)->installationDirectory())),
+                     common_UserQuery::Information, this, QString())
+        .display();
+}
+
+void MainWindow::restoreSession(const QString& model)
+{
+    m_settings.readSettings();
+    m_session.readSettings();
+    WindowGeometry::restore(*this, *m_settings.geometry());
+    m_panel->setComponent(m_session.component());
+    showChoice();
+    setWindowTitle(applicationName);
+    if (!model.isEmpty()) {
+        openModel(model);
+    } else if (m_settings.recentFiles()->getRecentSession() &&
+               QFileInfo(m_session.model()).isFile()) {
+        openModel(m_session.model());
+    }
+}
+
+void MainWindow::saveSession()
+{
+    WindowGeometry::save(*this, *m_settings.geometry());
+    m_settings.recentFiles()->setRecentSession(true);
+    m_settings.writeSettings();
+    m_session.setModel(m_panel->model());
+    m_session.setComponent(QLatin1String(m_panel->component().name));
+    m_session.writeSettings();
+}
+
+void MainWindow::showChoice()
+{
+    const common_RunWrapper::RunOptions options = RunChoice::load();
+    m_panel->setTicked(options);
+    const QSignalBlocker blocker(m_farmOut);
+    m_farmOut->setChecked(options.testFlag(common_RunWrapper::FarmOut));
+}
+
+// What cannot be kept counts for this session all the same.
+void MainWindow::saveChoice()
+{
+    RunChoice::save(choice());
+}
+
+common_RunWrapper::RunOptions MainWindow::choice() const
+{
+    common_RunWrapper::RunOptions result = m_panel->ticked();
+    result.setFlag(common_RunWrapper::FarmOut, m_farmOut->isChecked());
+    return result;
+}
+
+WindowRun* MainWindow::selectedRun() const
+{
+    return m_runs->run(m_list->selectionModel()->currentIndex().row());
+}
+
+QVector<WindowRun*> MainWindow::goingRuns() const
+{
+    QVector<WindowRun*> result;
+    for (WindowRun* run : m_runs->runs()) {
+        if (run->isRunning()) {
+            result.append(run);
+        }
+    }
+    return result;
+}
+
+void MainWindow::updateControls()
+{
+    m_panel->setStopEnabled(!goingRuns().isEmpty());
+    m_farmOut->setEnabled(m_panel->component().options.testFlag(common_RunWrapper::FarmOut));
+}
+
+void MainWindow::onRunEnded(WindowRun& run)
+{
+    const QString text =
+        QStringLiteral("%1 of %2: %3")
+            .arg(run.componentName(), QFileInfo(run.model()).fileName(), run.stateText());
+    m_outcome->setText(text);
+    if (QApplication::applicationState() != Qt::ApplicationActive) {
+        QApplication::alert(this);
+        Notifier::show(QStringLiteral("Run ended"), text);
+    }
+    if (m_closing && goingRuns().isEmpty()) {
+        QMetaObject::invokeMethod(this, &QWidget::close, Qt::QueuedConnection);
+    }
+}
+
+void MainWindow::closeEvent(QCloseEvent* event)
+{
+    if (!mayClose()) {
+        event->ignore();
+        return;
+    }
+    saveSession();
+    event->accept();
+    QCoreApplication::quit();
+}
+
+// With runs going the user decides; a second wish to close while they are being stopped ends them
+// by force.
+bool MainWindow::mayClose()
+{
+    const QVector<WindowRun*> going = goingRuns();
+    if (going.isEmpty()) {
+        return true;
+    }
+    if (!isAgreedToClose(going)) {
+        m_closing = false;
+        return false;
+    }
+    if (m_closing) {
+        Descendants::killAll();
+        return true;
+    }
+    stopForClose(going);
+    return goingRuns().isEmpty();
+}
+
+bool MainWindow::isAgreedToClose(const QVector<WindowRun*>& going)
+{
+    const QString question =
+        m_closing ? QStringLiteral("Runs that did not stop yet: %1. End them by force and quit?")
+                  : QStringLiteral("Runs that are still going: %1. Stop them and quit?");
+    common_UserQuery query(QStringLiteral("Runs are still going"), question.arg(going.size()),
+                           common_UserQuery::Warning, this, QString());
+    query.addOption(QStringLiteral("Yes"), QMessageBox::YesRole, common_UserQuery::EnterDefault);
+    query.addOption(QStringLiteral("No"), QMessageBox::NoRole, common_UserQuery::EscapeDefault);
+    return query.display() == QMessageBox::YesRole;
+}
+
+// The window closes when the last of them has ended.
+void MainWindow::stopForClose(const QVector<WindowRun*>& going)
+{
+    m_closing = true;
+    m_outcome->setText(QStringLiteral("Stopping the runs..."));
+    for (WindowRun* run : going) {
+        run->stop();
+    }
+}
+
+void MainWindow::quit()
+{
+    const QVector<WindowRun*> going = goingRuns();
+    if (m_closing || going.isEmpty()) {
+        Descendants::killAll();
+        saveSession();
+        QCoreApplication::quit();
+    } else {
+        stopForClose(going);
+    }
+}
+
+void MainWindow::dragEnterEvent(QDragEnterEvent* event)
+{
+    if (!droppedFile(*event->mimeData()).isEmpty()) {
+        event->acceptProposedAction();
+    }
+}
+
+void MainWindow::dropEvent(QDropEvent* event)
+{
+    openModel(droppedFile(*event->mimeData()));
+    event->acceptProposedAction();
+}

@@ -1,0 +1,88 @@
+#ifndef MAINWINDOW_H
+#define MAINWINDOW_H
+
+#include "SessionSettings.h"
+
+#include <common_CommonSettingsSet.h>
+#include <common_RunWrapper.h>
+
+#include <QMainWindow>
+
+class QAction;
+class QLabel;
+class QMenu;
+class QTableView;
+class RunPanel;
+class RunTableModel;
+class WindowRun;
+struct Component;
+
+/// kestdesk's window: a model, how to run it, and the runs of this session.
+class MainWindow : public QMainWindow
+{
+    Q_OBJECT
+
+public:
+    /// With no model the one of the last session is there again.
+    explicit MainWindow(const QString& model);
+    ~MainWindow() override;
+
+    /// Opens a model: it becomes the one to run, and the newest of the recent files. Tells the user
+    /// when there is no such file.
+    void openModel(const QString& path);
+
+    void setComponent(const Component& component);
+
+    /// Stops the runs and closes the window without asking; asked once more, ends them by force.
+    void quit();
+
+protected:
+    void closeEvent(QCloseEvent* event) override;
+    void dragEnterEvent(QDragEnterEvent* event) override;
+    void dropEvent(QDropEvent* event) override;
+
+private:
+    void makeContent();
+    QWidget* makeRunList();
+    void makeFileMenu();
+    void makeRunMenu();
+    void makeOptionsMenu();
+    void makeHelpMenu();
+    QAction* addAction(QMenu& menu, const QString& text, const QString& name,
+                       const QKeySequence& shortcut, void (MainWindow::*slot)());
+
+    void chooseModel();
+    void listRecentFiles();
+    void run();
+    void stopRun();
+    void showRun();
+    void removeEndedRuns();
+    void editLaunchOptions();
+    void editMachinesFile();
+    void showAbout();
+
+    void restoreSession(const QString& model);
+    void saveSession();
+    void showChoice();
+    void saveChoice();
+    [[nodiscard]] common_RunWrapper::RunOptions choice() const;
+    [[nodiscard]] WindowRun* selectedRun() const;
+    [[nodiscard]] QVector<WindowRun*> goingRuns() const;
+    void updateControls();
+    void onRunEnded(WindowRun& run);
+    bool mayClose();
+    bool isAgreedToClose(const QVector<WindowRun*>& going);
+    void stopForClose(const QVector<WindowRun*>& going);
+
+    common_CommonSettingsSet m_settings;
+    SessionSettings m_session;
+    RunPanel* m_panel = nullptr;
+    QTableView* m_list = nullptr;
+    QLabel* m_outcome = nullptr;
+    RunTableModel* m_runs;
+    QMenu* m_recentMenu = nullptr;
+    QAction* m_farmOut = nullptr;
+    bool m_closing = false;
+};
+
+#endif

@@ -1,0 +1,36 @@
+#include "Notifier.h"
+
+#include <QDBusConnection>
+#include <QDBusMessage>
+#include <QDBusPendingCall>
+#include <QGuiApplication>
+#include <QVariantMap>
+
+namespace {
+
+constexpr int serverChoosesTime = -1;
+
+// The server may show markup.
+QString plain(const QString& text)
+{
+    return text.toHtmlEscaped();
+}
+
+} // namespace
+
+// The interface of the freedesktop.org notification server, which every Linux desktop has.
+void Notifier::show(const QString& title, const QString& text)
+{
+    QDBusConnection bus = QDBusConnection::sessionBus();
+    if (!bus.isConnected()) {
+        return;
+    }
+    const QString interface = QStringLiteral("org.freedesktop.Notifications");
+    QDBusMessage call =
+        QDBusMessage::createMethodCall(interface, QStringLiteral("/org/freedesktop/Notifications"),
+                                       interface, QStringLiteral("Notify"));
+    const quint32 replacesNone = 0;
+    call.setArguments({QGuiApplication::applicationDisplayName(), replacesNone, QString(), title,
+                       plain(text), QStringList(), QVariantMap(), serverChoosesTime});
+    bus.asyncCall(call);
+}

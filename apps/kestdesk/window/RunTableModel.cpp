@@ -1,0 +1,146 @@
+#include "RunTableModel.h"
+
+#include "RunTimes.h"
+#include "WindowRun.h"
+
+#include <common_IIconUtility.h>
+#include <common_ServiceOf.h>
+
+#include <QDir>
+#include <QFileInfo>
+#include <QIcon>
+
+#include <algorithm>
+
+namespace {
+
+constexpr int timesInterval = 1000; // ms
+
+struct ColumnRow
+{
+    const char* header;
+    bool isNumber;
+    QString (*text)(const WindowRun& run);
+};
+
+QString remainingText(const WindowRun& run)
+{
+    const auto time =
+        run.isRunning() ? RunTimes::remaining(run.elapsed(), run.totalPercentage()) : std::nullopt;
+    return time ? RunTimes::text(*time) : QString();
+}
+
+// clang-format off
+const ColumnRow columns[RunTableModel::ColumnCount] = {
+    {"Model",     false, [](const WindowRun& run) { return QFileInfo(run.model()).fileName(); }},
+    {"Component", false, [](const WindowRun& run) { return run.componentName(); }},
+    {"State",     false, [](const WindowRun& run) { return run.stateText(); }},
+    {"Progress",  true,  [](const WindowRun& run) { return QStringLiteral("%1 %").arg(run.totalPercentage()); }},
+    {"Elapsed",   true,  [](const WindowRun& run) { return RunTimes::text(run.elapsed()); }},
+    {"Remaining", true,  remainingText},
+};
+
+const struct { WindowRun::State state; const char* icon; } stateIcons[] = {
+    {WindowRun::State::NotStarted, "fault"},
+    {WindowRun::State::Running,    "play"},
+    {WindowRun::State::Stopping,   "exclude"},
+    {WindowRun::State::Valid,      "valid"},
+    {WindowRun::State::Fault,      "fault"},
+    {WindowRun::State::Stopped,    "exclude"},
+};
+// clang-format on
+
+QIcon stateIcon(WindowRun::State state)
+{
+    const auto* row =
+        std::find_if(std::begin(stateIcons), std::end(stateIcons),
+                     [state](const auto& candidate) { return candidate.state == state; });
+    return GET_SERVICE(common_IIconUtility)->getIcon(QLatin1String(row->icon));
+}
+
+} // namespace
+
+RunTableModel::RunTableModel(QObject* parent) : QAbstractTableModel(parent)
+{
+    m_timesTimer.setInterval(timesInterval);
+    connect(&m_timesTimer, &QTimer::timeout, this, &RunTableModel::tellTimes);
+    m_timesTimer.start();
+}
+
+void RunTableModel::add(WindowRun* run)
+{
+    beginInsertRows(QModelIndex(), m_runs.size(), m_runs.size());
+    m_runs.append(run);
+    endInsertRows();
+    connect(run, &WindowRun::changed, this, [this, run] { tellChange(run); });
+}
+
+void RunTableModel::remove(WindowRun* run)
+{
+    const int row = m_runs.indexOf(run);
+    if (row >= 0) {
+        beginRemoveRows(QModelIndex(), row, row);
+        m_runs.removeAt(row);
+        endRemoveRows();
+        disconnect(run, nullptr, this, nullptr);
+    }
+}
+
+WindowRun* RunTableModel::run(int row) const
+{
+    return m_runs.value(row);
+}
+
+int RunTableModel::rowCount(const QModelIndex& parent) const
+{
+    return parent.isValid() ? 0 : m_runs.size();
+}
+
+int RunTableModel::columnCount(const QModelIndex& parent) const
+{
+    return parent.isValid() ? 0 : ColumnCount;
+}
+
+QVariant RunTableModel::data(const QModelIndex& index, int role) const
+{
+    const WindowRun* shown = run(index.row());
+    if (shown == nullptr || index.column() >= ColumnCount) {
+        return QVariant();
+    }
+    const ColumnRow& column = columns[index.column()];
+    switch (role) {
+    case Qt::DisplayRole:
+        return column.text(*shown);
+    case Qt::ToolTipRole:
+        return QDir::toNativeSeparators(shown->model());
+    case Qt::TextAlignmentRole:
+        return int(Qt::AlignVCenter | (column.isNumber ? Qt::AlignRight : Qt::AlignLeft));
+    case Qt::DecorationRole:
+        return index.column() == StateColumn ? QVariant(stateIcon(shown->state())) : QVariant();
+    default:
+        return QVariant();
+    }
+}
+
+QVariant RunTableModel::headerData(int section, Qt::Orientation orientation, int role) const
+{
+    if (orientation != Qt::Horizontal || role != Qt::DisplayRole || section >= ColumnCount) {
+        return QVariant();
+    }
+    return QLatin1String(columns[section].header);
+}
+
+void RunTableModel::tellChange(WindowRun* run)
+{
+    const int row = m_runs.indexOf(run);
+    Q_EMIT dataChanged(index(row, 0), index(row, ColumnCount - 1));
+}
+
+void RunTableModel::tellTimes()
+{
+    for (WindowRun* run : qAsConst(m_runs)) {
+        if (run->isRunning()) {
+            tellChange(run);
+        }
+    }
+}

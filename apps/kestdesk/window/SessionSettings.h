@@ -1,0 +1,31 @@
+#ifndef SESSIONSETTINGS_H
+#define SESSIONSETTINGS_H
+
+#include <common_settings.h>
+
+#include <QString>
+
+/// What the window showed when it was closed: the group "session" of the application's settings
+/// file.
+class SessionSettings : public common_settings
+{
+public:
+    explicit SessionSettings(const QString& fileName);
+
+    QString model() const { return m_model; }
+    void setModel(const QString& model) { m_model = model; }
+
+    QString component() const { return m_component; }
+    void setComponent(const QString& name) { m_component = name; }
+
+protected:
+    void restoreDefaults() override;
+    void doReadSettings(QSettings& settings) override;
+    void doWriteSettings(QSettings& settings) override;
+
+private:
+    QString m_model;
+    QString m_component;
+};
+
+#endif

@@ -1,0 +1,141 @@
+#include "WindowRun.h"
+
+#include "RunSetup.h"
+
+#include <common_CommonSettingsSet.h>
+#include <common_KestProcessDialog.h>
+#include <common_UserQuery.h>
+
+#include <QDir>
+#include <QFileInfo>
+
+#include <algorithm>
+#include <utility>
+
+namespace {
+
+constexpr int complete = 100;
+constexpr int exitTerminated = 143; // of a component that was asked to end, whoever asked
+
+// clang-format off
+const struct { WindowRun::State state; const char* text; } stateTexts[] = {
+    {WindowRun::State::NotStarted, "not started"},
+    {WindowRun::State::Running,    "running"},
+    {WindowRun::State::Stopping,   "stopping, still running"},
+    {WindowRun::State::Valid,      "valid"},
+    {WindowRun::State::Fault,      "fault"},
+    {WindowRun::State::Stopped,    "stopped"},
+};
+// clang-format on
+
+} // namespace
+
+WindowRun::WindowRun(const Component& component, QString model, QObject* parent)
+    : QObject(parent), m_component(component), m_model(std::move(model)), m_runner(new WindowRunner)
+{}
+
+WindowRun::~WindowRun()
+{
+    stopObserving();
+}
+
+bool WindowRun::start(common_RunWrapper::RunOptions options, common_CommonSettingsSet& settings,
+                      QWidget* window)
+{
+    const QString complaint =
+        RunSetup::apply(*m_runner, m_component, options, QFileInfo(m_model), settings);
+    if (!complaint.isEmpty()) {
+        m_runner->discardTemporaryFiles();
+        common_UserQuery(QStringLiteral("Run not started"), complaint, common_UserQuery::Error,
+                         window, QString())
+            .display();
+        return false;
+    }
+    m_dialog = new common_KestProcessDialog(m_runner, window);
+    startObserving(m_runner.get());
+    if (!m_runner->run()) {
+        stopObserving();
+        m_runner->discardTemporaryFiles();
+        delete m_dialog;
+        return false;
+    }
+    return true;
+}
+
+void WindowRun::stop()
+{
+    if (m_state == State::Running) {
+        setState(State::Stopping);
+        m_runner->stopProcess();
+    }
+}
+
+bool WindowRun::showDialog()
+{
+    if (m_dialog.isNull()) {
+        return false;
+    }
+    m_dialog->showNormal();
+    m_dialog->raise();
+    m_dialog->activateWindow();
+    return true;
+}
+
+qint64 WindowRun::elapsed() const
+{
+    return isRunning() ? m_clock.elapsed() : m_duration;
+}
+
+QString WindowRun::stateText() const
+{
+    const auto* row =
+        std::find_if(std::begin(stateTexts), std::end(stateTexts),
+                     [this](const auto& candidate) { return candidate.state == m_state; });
+    return QLatin1String(row->text);
+}
+
+void WindowRun::onProcessStarted(const QString& /*executable*/, const QStringList& /*arguments*/)
+{
+    m_clock.start();
+    setState(State::Running);
+}
+
+void WindowRun::onFailedProcessStarted(const QString& /*executable*/,
+                                       const QStringList& /*arguments*/,
+                                       const QString& /*errorString*/)
+{
+    // The dialog tells the user.
+}
+
+void WindowRun::onProcessMessageReceived(const common_IProcessMessage& message)
+{
+    switch (message.getType()) {
+    case common_IProcessMessage::TotalPercentage:
+        m_totalPercentage = std::clamp(message.getText().toInt(), 0, complete);
+        Q_EMIT changed();
+        break;
+    case common_IProcessMessage::File:
+        m_files.append(QDir(m_runner->getWorkingDirectory()).absoluteFilePath(message.getText()));
+        break;
+    default:
+        break;
+    }
+}
+
+void WindowRun::onProcessDone()
+{
+    m_duration = m_clock.elapsed();
+    const bool isValid = m_totalPercentage == complete && m_runner->normalExit();
+    const bool isStopped = m_state == State::Stopping || m_runner->exitCode() == exitTerminated;
+    setState(isValid ? State::Valid : isStopped ? State::Stopped : State::Fault);
+    Q_EMIT ended();
+}
+
+void WindowRun::onExitCodeChanged(int /*exitCode*/)
+{}
+
+void WindowRun::setState(State state)
+{
+    m_state = state;
+    Q_EMIT changed();
+}

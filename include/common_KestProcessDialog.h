@@ -1,0 +1,122 @@
+#ifndef COMMON_KESTPROCESSDIALOG_H
+#define COMMON_KESTPROCESSDIALOG_H
+
+#include <common_ActivePtr.h>
+#include <common_IProcessRunnerObserver.h>
+#include <common_ObserverOf.h>
+#include <common_ProcessRunner.h>
+#include <kest_common_export.h>
+
+#include <QDialog>
+
+class common_KestProcessOutputTabWidget;
+class common_UserQuery;
+class QGridLayout;
+class QGroupBox;
+class QIcon;
+class QLabel;
+class QLayout;
+class QProgressBar;
+class QPushButton;
+
+/// The window that shows a running solver component: its progress, its command line, how many
+/// numbered notices and warnings it has printed, and on demand everything that it has printed.
+///
+/// Make it with new, then start the runner: the dialog shows itself when the process has started,
+/// unless the application is non-interactive, and deletes itself when it is closed. Closing it
+/// while the process runs asks, and stops the process. A process that cannot be started is told of
+/// in a box, and the dialog stays hidden.
+///
+/// When the process has ended the button "buttonOk" has the property "squishValue": "valid" when
+/// the last total percentage was 100, else "fault".
+///
+/// What a process prints is shown as rich text, but nothing that it names is read. A message of the
+/// type Variable ends the application: components must not be asked to export variables here.
+///
+/// Needs the services common_IIconUtility, common_IPixmapUtility (the pictures "show_details_arrow"
+/// and "hide_arrow" of ":/rc/images"), common_IApplicationInfo and common_IApplication, and
+/// common_ISession for the message that the settings are locked.
+class KEST_COMMON_EXPORT common_KestProcessDialog
+    : public QDialog,
+      public common_ObserverOf<common_IProcessRunnerObserver>
+{
+    Q_OBJECT
+
+public:
+    using Runner =
+        common_ActivePtr<common_ProcessRunner<common_KestProcessMessage>, IntrusivePtrActor>;
+
+    /// Observes the runner, which must not be null, and holds it for as long as the dialog lives.
+    /// The parent may be null; it also becomes the parent of the box that tells of a failed start.
+    common_KestProcessDialog(Runner runner, QWidget* parent);
+    ~common_KestProcessDialog() override;
+
+    /// The window's title. An empty one makes room for "Executing ..." at the next start.
+    void setTitle(const QString& title);
+
+    /// The text above the output. An empty one makes room for the command line at the next start.
+    /// "Copy command" leaves out the first two characters, which are "> " in a command line.
+    void setInfoLabel(const QString& text);
+
+    /// Shows or hides the text above the output until the details are next opened or closed.
+    void setInfoLabelVisible(bool visible);
+
+    /// False, for a component that reports no progress: opens the details for good, and the
+    /// process, however it ends, counts as valid. True: shows all of the progress, and closes the
+    /// details.
+    void setProgressBarVisible(bool visible);
+
+protected:
+    void onProcessStarted(const QString& executable, const QStringList& arguments) override;
+    void onFailedProcessStarted(const QString& executable, const QStringList& arguments,
+                                const QString& errorString) override;
+    void onProcessMessageReceived(const common_IProcessMessage& message) override;
+    void onProcessDone() override;
+    void onExitCodeChanged(int exitCode) override;
+
+    void closeEvent(QCloseEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+
+private Q_SLOTS:
+    void closeDialog();
+    void onStopClicked();
+    void onDetailsClicked(bool checked);
+    void onDetailsToggled(bool checked);
+    void onCommandCopied();
+
+private:
+    bool handleStop();
+    QString colourise(const QString& text, const QColor& colour);
+
+    QLayout* createProgressLayout();
+    QGroupBox* createCountBox(const char* iconName, QLabel*& count, const QString& text);
+    void createInfoLabel();
+    void createButtons();
+    QIcon detailsIcon() const;
+    QLayout* createButtonLayout();
+    void setOutputFont();
+    void connectWidgets();
+    void setInfoText(const QString& text);
+    void showCount(QGroupBox* box, QLabel* label, int count);
+
+    common_KestProcessOutputTabWidget* m_pOutput = nullptr;
+    QLabel* m_pPhaseLabel = nullptr;
+    QLabel* m_pTotalLabel = nullptr;
+    QLabel* m_pBusyLabel = nullptr;
+    QProgressBar* m_pProgressBar = nullptr;
+    QProgressBar* m_pTotalProgressBar = nullptr;
+    QLabel* m_pInfoLabel = nullptr;
+    QPushButton* m_pOkButton = nullptr;
+    QPushButton* m_pStopButton = nullptr;
+    QPushButton* m_pDetailsButton = nullptr;
+    common_UserQuery* m_pStopQuery = nullptr; // while it is shown
+    QLabel* m_pWarningsCount = nullptr;
+    QLabel* m_pNoticesCount = nullptr;
+    QGroupBox* m_pNoticesBox = nullptr;
+    QGroupBox* m_pWarningsBox = nullptr;
+    bool m_isTitleSet = false;
+    bool m_isInfoSet = false;
+    Runner m_pRunner;
+};
+
+#endif

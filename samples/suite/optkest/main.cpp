@@ -1,0 +1,13 @@
+#include "ComponentSetup.h"
+#include "Optkest.h"
+
+#include <QCoreApplication>
+
+// optkest tunes a named value of a model to resonance.
+int main(int argc, char* argv[])
+{
+    suite::setupComponent();
+    const QCoreApplication application(argc, argv);
+    Optkest optkest;
+    return suite::runComponent(optkest);
+}

@@ -1,0 +1,493 @@
+#include <common_KestProcessDialog.h>
+
+#include "widgets/common_Colourise.h"
+#include "widgets/common_ImagePlaceholder.h"
+#include "widgets/common_KestProcessOutputTabWidget.h"
+
+#include <common_ComponentsLaunchOptions.h>
+#include <common_IApplication.h>
+#include <common_IApplicationInfo.h>
+#include <common_IIconUtility.h>
+#include <common_IPixmapUtility.h>
+#include <common_IProcessMessage.h>
+#include <common_ServiceOf.h>
+#include <common_UserQuery.h>
+
+#include <QAction>
+#include <QClipboard>
+#include <QCloseEvent>
+#include <QFileInfo>
+#include <QGridLayout>
+#include <QGroupBox>
+#include <QGuiApplication>
+#include <QIcon>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QMovie>
+#include <QPointer>
+#include <QProgressBar>
+#include <QPushButton>
+#include <QTextDocument>
+#include <QUrl>
+
+#include <utility>
+
+namespace {
+
+constexpr const char* sourceFile = "src/process/common_KestProcessDialog.cpp";
+constexpr int iconSize = 16;
+constexpr int outputColumns = 82;
+constexpr int lastPercent = 100;
+
+QString promptText()
+{
+    return QStringLiteral("> ");
+}
+
+QString detailsShownKey()
+{
+    return QStringLiteral("RunDetailsShown");
+}
+
+QIcon icon(const char* name)
+{
+    return common_ServiceOf<common_IIconUtility>::getService("common_IIconUtility", sourceFile,
+                                                             __LINE__)
+        ->getIcon(QLatin1String(name));
+}
+
+bool getPixmap(QPixmap& pixmap, const char* name)
+{
+    return common_ServiceOf<common_IPixmapUtility>::getService("common_IPixmapUtility", sourceFile,
+                                                               __LINE__)
+        ->getPixmap(pixmap, QStringLiteral(":/rc/images"), QLatin1String(name));
+}
+
+QString installationDirectory()
+{
+    return common_ServiceOf<common_IApplicationInfo>::getService("common_IApplicationInfo",
+                                                                 sourceFile, __LINE__)
+        ->installationDirectory();
+}
+
+bool isNonInteractive()
+{
+    return common_ServiceOf<common_IApplication>::getService("common_IApplication", sourceFile,
+                                                             __LINE__)
+        ->isNonInteractive();
+}
+
+QProgressBar* createProgressBar(const char* name)
+{
+    auto* const bar = new QProgressBar;
+    bar->setObjectName(QLatin1String(name));
+    bar->setRange(0, lastPercent);
+    return bar;
+}
+
+QPushButton* createButton(const char* name, const char* text)
+{
+    auto* const button = new QPushButton(QLatin1String(text));
+    button->setObjectName(QLatin1String(name));
+    return button;
+}
+
+// A bar that is not visible keeps its value.
+void showPercentage(QProgressBar* bar, const QString& text)
+{
+    const int percentage = text.toInt();
+    if (percentage != -1 && bar->isVisible()) {
+        bar->setValue(percentage);
+    }
+}
+
+void setOutcome(QPushButton* button, const char* outcome)
+{
+    button->setIcon(icon(outcome));
+    button->setProperty("squishValue", QLatin1String(outcome));
+}
+
+// A label reads the images and style sheets that a rich text names, relative ones too. Its document
+// is its own; there is one as soon as there is a text.
+void refuseResources(const QLabel* label)
+{
+    auto* const document = label->findChild<QTextDocument*>();
+    if (document) {
+        document->setBaseUrl(QUrl(QStringLiteral("nowhere:/")));
+        common_ImagePlaceholder::install(*document);
+    }
+}
+
+} // namespace
+
+common_KestProcessDialog::common_KestProcessDialog(Runner runner, QWidget* parent)
+    : QDialog(parent, Qt::WindowMinimizeButtonHint), m_pRunner(std::move(runner))
+{
+    setAttribute(Qt::WA_DeleteOnClose);
+    startObserving(m_pRunner.get());
+    setWindowFlags(windowFlags() & ~Qt::WindowContextHelpButtonHint);
+    setObjectName(QStringLiteral("common_KestProcessDialog"));
+
+    auto* const layout = new QVBoxLayout(this);
+    layout->addLayout(createProgressLayout());
+    m_pNoticesBox =
+        createCountBox("info", m_pNoticesCount, QStringLiteral("distinct notice(s) occurred"));
+    layout->addWidget(m_pNoticesBox);
+    m_pWarningsBox =
+        createCountBox("warning", m_pWarningsCount, QStringLiteral("distinct warning(s) occurred"));
+    layout->addWidget(m_pWarningsBox);
+    createInfoLabel();
+    layout->addWidget(m_pInfoLabel);
+    m_pOutput = new common_KestProcessOutputTabWidget(this);
+    m_pOutput->hide();
+    layout->addWidget(m_pOutput);
+    layout->addLayout(createButtonLayout());
+    setOutputFont();
+    connectWidgets();
+}
+
+common_KestProcessDialog::~common_KestProcessDialog()
+{
+    stopObserving();
+    m_pRunner.reset();
+}
+
+void common_KestProcessDialog::setTitle(const QString& title)
+{
+    setWindowTitle(title);
+    m_isTitleSet = !title.isEmpty();
+}
+
+void common_KestProcessDialog::setInfoLabel(const QString& text)
+{
+    setInfoText(text);
+    m_isInfoSet = !text.isEmpty();
+}
+
+void common_KestProcessDialog::setInfoLabelVisible(bool visible)
+{
+    m_pInfoLabel->setVisible(visible);
+}
+
+void common_KestProcessDialog::setProgressBarVisible(bool visible)
+{
+    m_pDetailsButton->setChecked(!visible);
+    QWidget* const widgets[] = {m_pDetailsButton, m_pProgressBar, m_pPhaseLabel,
+                                m_pTotalProgressBar, m_pTotalLabel};
+    for (QWidget* const widget : widgets) {
+        widget->setVisible(visible);
+    }
+    m_pTotalProgressBar->setValue(m_pTotalProgressBar->maximum());
+    m_pBusyLabel->setVisible(visible);
+}
+
+void common_KestProcessDialog::onProcessStarted(const QString& executable,
+                                                const QStringList& arguments)
+{
+    if (!isNonInteractive()) {
+        show();
+    }
+    const QFileInfo file(executable);
+    if (!m_isTitleSet) {
+        setWindowTitle(QStringLiteral("Executing ") + file.baseName());
+    }
+    if (!m_isInfoSet) {
+        setInfoText(promptText() + file.fileName() + QLatin1Char(' ') +
+                    arguments.join(QLatin1Char(' ')));
+    }
+    m_pStopButton->setEnabled(true);
+    m_pOkButton->setEnabled(false);
+    m_pBusyLabel->movie()->start();
+
+    const auto options = common_ComponentsLaunchOptions::create(ReadOnlyAccess);
+    if (options && m_pDetailsButton->isVisible()) {
+        m_pDetailsButton->setChecked((*options)[detailsShownKey()].castToBool());
+    }
+}
+
+void common_KestProcessDialog::onFailedProcessStarted(const QString& executable,
+                                                      const QStringList& arguments,
+                                                      const QString& /*errorString*/)
+{
+    const QString text =
+        QStringLiteral("Process\n    %1\ncould not be started with the following arguments:\n"
+                       "    %2.\nPlease ensure that Morlan Kest is fully installed, and that\n"
+                       "the KEST_HOME environment variable is set correctly.")
+            .arg(executable, arguments.join(QLatin1Char(' ')));
+    common_UserQuery(QStringLiteral("Information"), text, common_UserQuery::Information,
+                     parentWidget(), QString())
+        .display();
+}
+
+void common_KestProcessDialog::onProcessMessageReceived(const common_IProcessMessage& message)
+{
+    switch (message.getType()) {
+    case common_IProcessMessage::Output:
+        m_pOutput->append(message.getText());
+        break;
+    case common_IProcessMessage::LineFeed:
+        m_pOutput->append(QString());
+        break;
+    case common_IProcessMessage::Percentage:
+        showPercentage(m_pProgressBar, message.getText());
+        break;
+    case common_IProcessMessage::TotalPercentage:
+        showPercentage(m_pTotalProgressBar, message.getText());
+        break;
+    case common_IProcessMessage::Error:
+        m_pOutput->addError(message.getText());
+        m_pDetailsButton->setChecked(true);
+        break;
+    case common_IProcessMessage::Warning:
+        showCount(m_pWarningsBox, m_pWarningsCount, m_pOutput->addWarning(message.getText()));
+        break;
+    case common_IProcessMessage::Notice:
+        showCount(m_pNoticesBox, m_pNoticesCount, m_pOutput->addNotice(message.getText()));
+        break;
+    case common_IProcessMessage::File:
+        m_pOutput->append(message.getText().trimmed());
+        break;
+    default:
+        COMMON_ASSERT_AT(false, "0", sourceFile, __LINE__);
+    }
+}
+
+void common_KestProcessDialog::onProcessDone()
+{
+    m_pStopQuery = nullptr;
+    m_pStopButton->setEnabled(false);
+    m_pOkButton->setEnabled(true);
+    m_pOkButton->setFocus();
+    m_pBusyLabel->movie()->stop();
+    const bool complete = m_pTotalProgressBar->value() == m_pTotalProgressBar->maximum();
+    setOutcome(m_pOkButton, complete ? "valid" : "fault");
+}
+
+void common_KestProcessDialog::onExitCodeChanged(int /*exitCode*/)
+{}
+
+// A question runs an event loop, in which the parent may take the dialog with it.
+void common_KestProcessDialog::closeEvent(QCloseEvent* event)
+{
+    if (m_pRunner->isRunning()) {
+        event->setAccepted(handleStop());
+    }
+}
+
+void common_KestProcessDialog::keyPressEvent(QKeyEvent* event)
+{
+    if (event->key() == Qt::Key_Escape) {
+        const QPointer<common_KestProcessDialog> self(this);
+        QCloseEvent close;
+        closeEvent(&close);
+        if (!self || !close.isAccepted()) {
+            return;
+        }
+    }
+    QDialog::keyPressEvent(event);
+}
+
+void common_KestProcessDialog::closeDialog()
+{
+    if (m_pRunner->isRunning()) {
+        m_pRunner->stopProcess();
+    }
+    done(0);
+}
+
+void common_KestProcessDialog::onStopClicked()
+{
+    handleStop();
+}
+
+void common_KestProcessDialog::onDetailsClicked(bool checked)
+{
+    const auto options = common_ComponentsLaunchOptions::create(ReadWriteAccess);
+    if (options) {
+        common_PropertyReference detailsShown = (*options)[detailsShownKey()];
+        detailsShown.assignFromBool(checked);
+        detailsShown.notify();
+        options->writeSettings();
+    }
+}
+
+void common_KestProcessDialog::onDetailsToggled(bool checked)
+{
+    QWidget* const details[] = {m_pInfoLabel, m_pOutput, m_pProgressBar, m_pPhaseLabel,
+                                m_pTotalLabel};
+    for (QWidget* const widget : details) {
+        widget->setVisible(checked);
+    }
+    m_pBusyLabel->setVisible(!checked);
+    m_pWarningsBox->setVisible(!checked && m_pWarningsCount->text().toInt() > 0);
+    m_pNoticesBox->setVisible(!checked && m_pNoticesCount->text().toInt() > 0);
+    adjustSize();
+}
+
+void common_KestProcessDialog::onCommandCopied()
+{
+    QGuiApplication::clipboard()->setText(m_pInfoLabel->text().mid(promptText().size()));
+}
+
+bool common_KestProcessDialog::handleStop()
+{
+    const QPointer<common_KestProcessDialog> self(this);
+    const Runner runner = m_pRunner;
+    common_UserQuery query(QStringLiteral("Warning"),
+                           QStringLiteral("Are you sure you want to stop the process?"),
+                           common_UserQuery::Warning, this, QString());
+    m_pStopQuery = &query;
+    query.addOption(QStringLiteral("Yes"), QMessageBox::YesRole, common_UserQuery::EnterDefault);
+    query.addOption(QStringLiteral("No"), QMessageBox::NoRole, common_UserQuery::EscapeDefault);
+    const bool stop = query.display() == QMessageBox::YesRole;
+    if (stop) {
+        runner->stopProcess();
+    }
+    if (self) {
+        m_pStopQuery = nullptr;
+    }
+    return stop;
+}
+
+QString common_KestProcessDialog::colourise(const QString& text, const QColor& colour)
+{
+    return common_colourise(text, colour);
+}
+
+// The first cell is for two: the busy label while the details are hidden, else the label.
+QLayout* common_KestProcessDialog::createProgressLayout()
+{
+    m_pTotalLabel = new QLabel(QStringLiteral("Total progress:"));
+    m_pBusyLabel = new QLabel;
+    m_pTotalProgressBar = createProgressBar("totalProgressBar");
+    m_pPhaseLabel = new QLabel(QStringLiteral("Current phase:"));
+    m_pProgressBar = createProgressBar("progressBar");
+
+    auto* const layout = new QGridLayout;
+    layout->addWidget(m_pTotalLabel, 0, 0);
+    layout->addWidget(m_pBusyLabel, 0, 0);
+    layout->addWidget(m_pTotalProgressBar, 0, 1);
+    layout->addWidget(m_pPhaseLabel, 1, 0);
+    layout->addWidget(m_pProgressBar, 1, 1);
+    for (QWidget* const widget :
+         {static_cast<QWidget*>(m_pTotalLabel), static_cast<QWidget*>(m_pPhaseLabel),
+          static_cast<QWidget*>(m_pProgressBar)}) {
+        widget->hide();
+    }
+    const QString animation =
+        installationDirectory() + QStringLiteral("/images/shared/busyindicator.gif");
+    m_pBusyLabel->setMovie(new QMovie(animation, QByteArray(), m_pBusyLabel));
+    return layout;
+}
+
+QGroupBox* common_KestProcessDialog::createCountBox(const char* iconName, QLabel*& count,
+                                                    const QString& text)
+{
+    auto* const box = new QGroupBox;
+    box->setFlat(true);
+    box->hide();
+    auto* const picture = new QLabel;
+    picture->setPixmap(icon(iconName).pixmap(iconSize, iconSize));
+    count = new QLabel(QString::number(0));
+    auto* const layout = new QHBoxLayout(box);
+    layout->addWidget(picture);
+    layout->addWidget(count);
+    layout->addWidget(new QLabel(text), 1);
+    return box;
+}
+
+void common_KestProcessDialog::createInfoLabel()
+{
+    m_pInfoLabel = new QLabel;
+    m_pInfoLabel->setObjectName(QStringLiteral("infoLabel"));
+    m_pInfoLabel->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::LinksAccessibleByMouse |
+                                          Qt::LinksAccessibleByKeyboard);
+    m_pInfoLabel->setFrameShape(QFrame::Panel);
+    m_pInfoLabel->setFrameShadow(QFrame::Sunken);
+    m_pInfoLabel->setScaledContents(false);
+    m_pInfoLabel->setWordWrap(true);
+    m_pInfoLabel->setAlignment(Qt::AlignVCenter);
+    m_pInfoLabel->hide();
+    m_pInfoLabel->setContextMenuPolicy(Qt::ActionsContextMenu);
+    m_pInfoLabel->addAction(new QAction(QStringLiteral("Copy command"), m_pInfoLabel));
+}
+
+void common_KestProcessDialog::createButtons()
+{
+    m_pDetailsButton = createButton("buttonDetails", "&Details");
+    m_pDetailsButton->setFlat(true);
+    m_pDetailsButton->setCheckable(true);
+    m_pDetailsButton->setFocusPolicy(Qt::NoFocus);
+    m_pDetailsButton->setIcon(detailsIcon());
+
+    m_pOkButton = createButton("buttonOk", "OK");
+    m_pOkButton->setAutoDefault(true);
+    m_pOkButton->setDefault(true);
+    m_pOkButton->setIcon(icon("play"));
+
+    m_pStopButton = createButton("buttonStop", "Stop");
+    m_pStopButton->setAutoDefault(true);
+    m_pStopButton->setEnabled(false);
+    m_pStopButton->setIcon(icon("exclude"));
+}
+
+QIcon common_KestProcessDialog::detailsIcon() const
+{
+    QPixmap detailsShownArrow;
+    COMMON_ASSERT_AT(getPixmap(detailsShownArrow, "show_details_arrow"),
+                     "GET_SERVICE(common_IPixmapUtility)->getPixmap(detailsShownArrow, "
+                     "\"show_details_arrow\")",
+                     sourceFile, __LINE__);
+    QPixmap detailsHiddenArrow;
+    COMMON_ASSERT_AT(getPixmap(detailsHiddenArrow, "hide_arrow"),
+                     "GET_SERVICE(common_IPixmapUtility)->getPixmap(detailsHiddenArrow, "
+                     "\"hide_arrow\")",
+                     sourceFile, __LINE__);
+    QIcon arrows;
+    arrows.addPixmap(detailsShownArrow, QIcon::Normal, QIcon::On);
+    arrows.addPixmap(detailsHiddenArrow, QIcon::Normal, QIcon::Off);
+    return arrows;
+}
+
+QLayout* common_KestProcessDialog::createButtonLayout()
+{
+    createButtons();
+    auto* const layout = new QHBoxLayout;
+    layout->addWidget(m_pDetailsButton, 1, Qt::AlignLeft);
+    layout->addWidget(m_pOkButton, 0, Qt::AlignRight);
+    layout->addWidget(m_pStopButton, 0, Qt::AlignRight);
+    return layout;
+}
+
+void common_KestProcessDialog::setOutputFont()
+{
+    QFont font(QStringLiteral("Courier"), 9, QFont::Normal);
+    font.setStyleHint(QFont::TypeWriter);
+    m_pOutput->setFont(font);
+    const int width = outputColumns * QFontMetrics(font).horizontalAdvance(QLatin1Char('X'));
+    m_pOutput->setMinimumWidth(width);
+    m_pInfoLabel->setMinimumWidth(width);
+}
+
+// By name, as test tools list them.
+void common_KestProcessDialog::connectWidgets()
+{
+    connect(m_pOkButton, SIGNAL(clicked(bool)), this, SLOT(closeDialog()));
+    connect(m_pStopButton, SIGNAL(clicked(bool)), this, SLOT(onStopClicked()));
+    connect(m_pDetailsButton, SIGNAL(clicked(bool)), this, SLOT(onDetailsClicked(bool)));
+    connect(m_pDetailsButton, SIGNAL(toggled(bool)), this, SLOT(onDetailsToggled(bool)));
+    connect(m_pInfoLabel->actions().constFirst(), SIGNAL(triggered(bool)), this,
+            SLOT(onCommandCopied()));
+}
+
+void common_KestProcessDialog::setInfoText(const QString& text)
+{
+    m_pInfoLabel->setText(text);
+    refuseResources(m_pInfoLabel);
+}
+
+void common_KestProcessDialog::showCount(QGroupBox* box, QLabel* label, int count)
+{
+    label->setNum(count);
+    box->setVisible(!m_pOutput->isVisible());
+}

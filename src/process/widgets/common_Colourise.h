@@ -1,0 +1,10 @@
+#ifndef COMMON_COLOURISE_H
+#define COMMON_COLOURISE_H
+
+class QColor;
+class QString;
+
+/// The text as rich text in that colour. Markup in the text stays markup.
+QString common_colourise(const QString& text, const QColor& colour);
+
+#endif

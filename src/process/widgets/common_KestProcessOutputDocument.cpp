@@ -1,0 +1,19 @@
+#include "common_KestProcessOutputDocument.h"
+
+#include "common_ImagePlaceholder.h"
+
+#include <QUrl>
+#include <QVariant>
+
+// Read only, so nobody can undo; what could be undone would take as much memory again.
+common_KestProcessOutputDocument::common_KestProcessOutputDocument(QObject* parent)
+    : QTextDocument(parent)
+{
+    setUndoRedoEnabled(false);
+    common_ImagePlaceholder::install(*this);
+}
+
+QVariant common_KestProcessOutputDocument::loadResource(int /*type*/, const QUrl& /*name*/)
+{
+    return QVariant();
+}

@@ -1,0 +1,123 @@
+#ifndef DESK_H
+#define DESK_H
+
+#include <QDir>
+#include <QFile>
+#include <QProcess>
+#include <QTemporaryDir>
+#include <QUuid>
+#include <QtTest>
+
+inline QString text(const char* utf8)
+{
+    return QString::fromUtf8(utf8);
+}
+
+inline QByteArray contentOf(const QString& fileName)
+{
+    QFile file(fileName);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+inline void writeFile(const QString& fileName, const QByteArray& content)
+{
+    QFile file(fileName);
+    if (!file.open(QIODevice::WriteOnly) || file.write(content) != content.size()) {
+        qFatal("cannot write %s", qPrintable(fileName));
+    }
+}
+
+/// kestdesk as a user runs it, with an installation and a user's folder of its own, all in a folder
+/// with a blank in its name.
+class Desk
+{
+public:
+    struct Result
+    {
+        int exitCode = -1;
+        QString output;
+        QString errors;
+    };
+
+    Desk()
+    {
+        for (const char* const name : {"home/bin", "home/shared/mpi", "user", "models"}) {
+            if (!QDir().mkpath(path(name))) {
+                qFatal("no folder");
+            }
+        }
+        writeFile(path("home/default.ini"), "[options]\nRunParallel=false\n");
+        set("KEST_HOME", path("home"));
+        set("KEST_USER_HOME", path("user"));
+        set("KEST_TEST_MARK", m_mark);
+        set("LC_ALL", text("C.UTF-8"));
+        set("XDG_CONFIG_HOME", path("settings"));
+        for (const char* const name : {"VISUAL", "EDITOR", "KEST_SSH", "KEST_SCRIPT"}) {
+            m_environment.remove(text(name));
+        }
+    }
+
+    QString path(const QString& name) const { return m_folder.path() + text("/a folder/") + name; }
+    QString path(const char* name) const { return path(text(name)); }
+
+    void set(const char* variable, const QString& value)
+    {
+        m_environment.insert(text(variable), value);
+    }
+
+    void unset(const char* variable) { m_environment.remove(text(variable)); }
+
+    void start(QProcess& process, const QStringList& arguments) const
+    {
+        process.setProcessEnvironment(m_environment);
+        process.setWorkingDirectory(path("models"));
+        process.start(m_program, arguments);
+        QVERIFY(process.waitForStarted(30000));
+    }
+
+    Result run(const QStringList& arguments, const QByteArray& input = {}) const
+    {
+        QProcess process;
+        start(process, arguments);
+        process.write(input);
+        process.closeWriteChannel();
+        return resultOf(process);
+    }
+
+    static Result resultOf(QProcess& process)
+    {
+        const bool ended =
+            process.state() == QProcess::NotRunning || process.waitForFinished(60000);
+        return {ended && process.exitStatus() == QProcess::NormalExit ? process.exitCode() : -1,
+                QString::fromUtf8(process.readAllStandardOutput()),
+                QString::fromUtf8(process.readAllStandardError())};
+    }
+
+    void setProgram(const QString& program) { m_program = program; }
+
+    /// The processes that were started from here and are still alive.
+    QStringList processes() const
+    {
+        QStringList result;
+        const QStringList directories = QDir(text("/proc")).entryList({text("[0-9]*")}, QDir::Dirs);
+        for (const QString& directory : directories) {
+            const QString process = text("/proc/") + directory;
+            if (contentOf(process + text("/environ")).contains(m_mark.toLatin1())) {
+                result.append(
+                    directory + QLatin1Char(' ') +
+                    QString::fromUtf8(contentOf(process + text("/cmdline")).replace('\0', ' ')));
+            }
+        }
+        return result;
+    }
+
+    QProcessEnvironment environment() const { return m_environment; }
+
+private:
+    QTemporaryDir m_folder;
+    QString m_mark = QUuid::createUuid().toString();
+    QString m_program = text(KESTDESK);
+    QProcessEnvironment m_environment = QProcessEnvironment::systemEnvironment();
+};
+
+#endif

@@ -1,0 +1,93 @@
+// Plays every solver component of an installation. Writes to MODEL.seen, a line each, its
+// arguments, then "--" and its environment, and to MODEL.machines what stands in its machines file.
+// Then it writes "up" and does what the model's only word says:
+//
+//   valid      reports that all is done and ends
+//   fault      ends with exit code 3
+//   crash      dies by a signal
+//   wait       waits to be terminated
+//   stubborn   waits with a child of its own, which both ignore the terminate request
+//   forgetful  waits to be terminated, and leaves a child of its own that ignores the request
+#include <csignal>
+#include <cstdio>
+#include <cstdlib>
+#include <fstream>
+#include <map>
+#include <string>
+#include <vector>
+
+#include <unistd.h>
+
+namespace {
+
+void writeSeen(const std::vector<std::string>& arguments)
+{
+    std::ofstream seen(arguments.front() + ".seen", std::ios::app);
+    for (const std::string& argument : arguments) {
+        seen << argument << '\n';
+    }
+    seen << "--\n";
+    for (char** variable = environ; *variable; ++variable) {
+        seen << *variable << '\n';
+    }
+    for (std::size_t i = 0; i + 1 < arguments.size(); ++i) {
+        if (arguments[i] == "--machines-file") {
+            const std::ifstream machines(arguments[i + 1]);
+            if (machines) {
+                std::ofstream(arguments.front() + ".machines") << machines.rdbuf();
+            }
+        }
+    }
+}
+
+[[noreturn]] void waitForEver()
+{
+    for (;;) {
+        pause();
+    }
+}
+
+void say(const char* line)
+{
+    std::printf("%s\n", line);
+    std::fflush(stdout);
+}
+
+void wait(bool withChild, bool ignoring)
+{
+    if (withChild && fork() == 0) {
+        std::signal(SIGTERM, SIG_IGN);
+        say("child");
+        waitForEver();
+    }
+    if (ignoring) {
+        std::signal(SIGTERM, SIG_IGN);
+    }
+    say("up");
+    waitForEver();
+}
+
+void beValid()
+{
+    say("up");
+    say("-*-total-percentage-*-100%");
+}
+
+} // namespace
+
+int main(int argc, char* argv[])
+{
+    const std::map<std::string, void (*)()> behaviours = {
+        {"valid", beValid},
+        {"fault", [] { say("up"), std::exit(3); }},
+        {"crash", [] { say("up"), std::raise(SIGKILL); }},
+        {"wait", [] { wait(false, false); }},
+        {"stubborn", [] { wait(true, true); }},
+        {"forgetful", [] { wait(true, false); }},
+    };
+    writeSeen(std::vector<std::string>(argv + 1, argv + argc));
+    std::string word;
+    std::ifstream(argv[1]) >> word;
+    behaviours.at(word)();
+    return 0;
+}

@@ -1,0 +1,551 @@
+#include <DialogStage.h>
+
+#include <QAction>
+#include <QClipboard>
+#include <QHeaderView>
+#include <QRandomGenerator>
+#include <QtTest>
+
+namespace {
+
+using Texts = std::initializer_list<const char*>;
+
+QStringList strings(Texts texts)
+{
+    QStringList result;
+    for (const char* const text : texts) {
+        result.append(QString::fromUtf8(text));
+    }
+    return result;
+}
+
+QFont tableFont()
+{
+    return QFont(QStringLiteral("Courier"), 9, 2, false);
+}
+
+/// Counts by looking at every item and fits every row, for every message.
+class SlowTable : public QTableWidget
+{
+public:
+    SlowTable()
+    {
+        setColumnCount(3);
+        setWordWrap(true);
+        verticalHeader()->setVisible(false);
+        setFont(tableFont());
+    }
+
+    int add(const QString& message)
+    {
+        const int colon = message.indexOf(QLatin1Char(':'));
+        if (colon < 1) {
+            return rowCount();
+        }
+        QString identifier = message.split(QLatin1Char(' ')).first();
+        identifier.remove(QLatin1Char(':'));
+        const QString description = message.split(QLatin1Char(':')).last().simplified();
+        const QList<QTableWidgetItem*> equal = findItems(description, Qt::MatchFixedString);
+        for (const QTableWidgetItem* found : equal) {
+            QTableWidgetItem* const count = item(found->row(), 1);
+            count->setText(QStringLiteral("%1").arg(count->text().toInt() + 1));
+        }
+        const int row = rowCount();
+        insertRow(row);
+        setItem(row, 0, new QTableWidgetItem(identifier));
+        setItem(row, 1, new QTableWidgetItem(QStringLiteral("1")));
+        setItem(row, 2, new QTableWidgetItem(description));
+        resizeRowsToContents();
+        return row + 1;
+    }
+};
+
+QStringList cells(const QTableWidget* table)
+{
+    QStringList texts;
+    for (int row = 0; row < table->rowCount(); ++row) {
+        for (int column = 0; column < table->columnCount(); ++column) {
+            texts.append(table->item(row, column)->text());
+        }
+    }
+    return texts;
+}
+
+QStringList counts(const QTableWidget* table)
+{
+    QStringList texts;
+    for (int row = 0; row < table->rowCount(); ++row) {
+        texts.append(table->item(row, 1)->text());
+    }
+    return texts;
+}
+
+QVector<int> heights(const QTableWidget* table)
+{
+    QVector<int> result;
+    for (int row = 0; row < table->rowCount(); ++row) {
+        result.append(table->rowHeight(row));
+    }
+    return result;
+}
+
+QAction* action(const QWidget* widget, const char* text)
+{
+    const QList<QAction*> actions = widget->actions();
+    for (QAction* const candidate : actions) {
+        if (candidate->text() == QLatin1String(text)) {
+            return candidate;
+        }
+    }
+    return nullptr;
+}
+
+} // namespace
+
+class tst_common_KestProcessOutputTableWidget : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void hasItsColumns_data();
+    void hasItsColumns();
+    void hasItsActions();
+    void takesMessagesApart_data();
+    void takesMessagesApart();
+    void countsEqualDescriptions_data();
+    void countsEqualDescriptions();
+    void countsAsTheSlowTableDoes_data();
+    void countsAsTheSlowTableDoes();
+    void rightBeforeTheTurnEnds();
+    void fitsRowsAsTheSlowTableDoes();
+    void fitsAllRowsAgainWhenColumnsHaveChanged();
+    void fitsRowsThatCameWhileTheDetailsWereHidden();
+    void tellsWhoWatchesThatCountsChanged();
+    void copiesTheSelectedRows();
+    void copiesByKey();
+    void findsTheCurrentRowInTheOutput();
+    void findsNothingWithoutCurrentRow();
+    void isFastForManyMessages_data();
+    void isFastForManyMessages();
+};
+
+void tst_common_KestProcessOutputTableWidget::hasItsColumns_data()
+{
+    QTest::addColumn<int>("tab");
+    QTest::addColumn<QString>("header");
+
+    QTest::newRow("notices") << 1 << QStringLiteral("Notice ID");
+    QTest::newRow("warnings") << 2 << QStringLiteral("Warning ID");
+}
+
+void tst_common_KestProcessOutputTableWidget::hasItsColumns()
+{
+    QFETCH(int, tab);
+    QFETCH(QString, header);
+    const DialogStage stage;
+    stage.runner->start();
+    stage.openDetails();
+    stage.tabs()->setCurrentIndex(tab);
+    stage.runner->notice(QStringLiteral("NOTE 12: text"));
+    stage.runner->warning(QStringLiteral("WARNING 12: text"));
+    const auto* const table = qobject_cast<QTableWidget*>(stage.tabs()->widget(tab));
+
+    QCOMPARE(table->columnCount(), 3);
+    QCOMPARE(table->horizontalHeaderItem(0)->text(), header);
+    QCOMPARE(table->horizontalHeaderItem(1)->text(), QStringLiteral("Count"));
+    QCOMPARE(table->horizontalHeaderItem(2)->text(), QStringLiteral("Description"));
+    QCOMPARE(table->columnWidth(0), 80);
+    QCOMPARE(table->columnWidth(1), 45);
+    QVERIFY(table->horizontalHeader()->stretchLastSection());
+    QVERIFY(table->horizontalHeader()->isVisible());
+    QVERIFY(!table->verticalHeader()->isVisible());
+    QVERIFY(table->wordWrap());
+    QCOMPARE(table->editTriggers(), QAbstractItemView::NoEditTriggers);
+    QCOMPARE(table->selectionBehavior(), QAbstractItemView::SelectRows);
+    QCOMPARE(table->contextMenuPolicy(), Qt::ActionsContextMenu);
+    QCOMPARE(table->font().family(), QStringLiteral("Courier"));
+    QCOMPARE(table->font().pointSize(), 9);
+    QCOMPARE(table->font().weight(), 2);
+    QVERIFY(!table->font().italic());
+    QCOMPARE(table->item(0, 0)->textAlignment(), static_cast<int>(Qt::AlignCenter));
+    QCOMPARE(table->item(0, 1)->textAlignment(), static_cast<int>(Qt::AlignCenter));
+    QCOMPARE(table->item(0, 1)->toolTip(), QStringLiteral("Number of occurrences of this message"));
+    QVERIFY(table->item(0, 0)->toolTip().isEmpty());
+    QVERIFY(table->item(0, 2)->toolTip().isEmpty());
+}
+
+void tst_common_KestProcessOutputTableWidget::hasItsActions()
+{
+    const DialogStage stage;
+    for (const QTableWidget* const table : {stage.notices(), stage.warnings()}) {
+        QStringList texts;
+        QStringList shortcuts;
+        const QList<QAction*> actions = table->actions();
+        for (const QAction* const candidate : actions) {
+            QCOMPARE(candidate->parent(), table);
+            texts.append(candidate->text());
+            shortcuts.append(candidate->shortcut().toString());
+        }
+        QCOMPARE(texts, (strings({"Copy", "Select all", "Find in output"})));
+        QCOMPARE(shortcuts, (strings({"Ctrl+C", "Ctrl+A", "Ctrl+F"})));
+        for (const char* const slot : {"copy()", "findInOutput()", "selectAll()"}) {
+            const int index = table->metaObject()->indexOfSlot(slot);
+            QVERIFY2(index >= 0, slot);
+            QCOMPARE(table->metaObject()->method(index).access(), QMetaMethod::Public);
+        }
+    }
+}
+
+void tst_common_KestProcessOutputTableWidget::takesMessagesApart_data()
+{
+    QTest::addColumn<QString>("warning");
+    QTest::addColumn<QStringList>("row");
+
+    QTest::newRow("plain") << QStringLiteral("WARNING 123: too short")
+                           << strings({"123", "1", "too short"});
+    QTest::newRow("lower case") << QStringLiteral("warning 7: x") << strings({"7", "1", "x"});
+    QTest::newRow("blanks") << QStringLiteral("  WARNING   8:  a   b  ")
+                            << strings({"8", "1", "a b"});
+    QTest::newRow("several colons")
+        << QStringLiteral("WARNING 9: a: b: c") << strings({"9", "1", "c"});
+    QTest::newRow("colons in the identifier")
+        << QStringLiteral("WARNING 1:2:3 x") << strings({"123", "1", "3 x"});
+    QTest::newRow("words in front of the colon")
+        << QStringLiteral("WARNING 5 in line 6: x") << strings({"5", "1", "x"});
+    QTest::newRow("no description") << QStringLiteral("WARNING 10:") << strings({"10", "1", ""});
+    QTest::newRow("twice the word")
+        << QStringLiteral("WARNING 4: a WARNING b") << strings({"4", "1", "a b"});
+    QTest::newRow("word in the middle")
+        << QStringLiteral("a WARNING 4: b") << strings({"a", "1", "b"});
+    QTest::newRow("no colon") << QStringLiteral("WARNING 123 too short") << QStringList();
+    QTest::newRow("colon first") << QStringLiteral("WARNING : x") << QStringList();
+    QTest::newRow("colons only") << QStringLiteral("WARNING :::") << QStringList();
+    QTest::newRow("nothing") << QStringLiteral("WARNING ") << QStringList();
+    QTest::newRow("not numbered") << QStringLiteral("WARNING: x") << QStringList();
+    QTest::newRow("no word") << QStringLiteral("123: x") << QStringList();
+    QTest::newRow("markup is text")
+        << QStringLiteral("WARNING 1: <b>x</b>") << strings({"1", "1", "<b>x</b>"});
+    QTest::newRow("percent signs")
+        << QStringLiteral("WARNING %1: %2 %3") << strings({"%1", "1", "%2 %3"});
+}
+
+void tst_common_KestProcessOutputTableWidget::takesMessagesApart()
+{
+    QFETCH(QString, warning);
+    QFETCH(QStringList, row);
+    const DialogStage stage;
+    stage.runner->warning(warning);
+    QCOMPARE(cells(stage.warnings()), row);
+
+    QString notice = warning;
+    notice.replace(QStringLiteral("warning "), QStringLiteral("NOTE "), Qt::CaseInsensitive);
+    for (QString& text : row) {
+        text.replace(QStringLiteral("warning "), QStringLiteral("NOTE "), Qt::CaseInsensitive);
+    }
+    stage.runner->notice(notice);
+    QCOMPARE(cells(stage.notices()), row);
+}
+
+void tst_common_KestProcessOutputTableWidget::countsEqualDescriptions_data()
+{
+    QTest::addColumn<QStringList>("messages");
+    QTest::addColumn<QStringList>("expected");
+
+    const auto row = [](const char* name, Texts messages, Texts counts) {
+        QTest::newRow(name) << strings(messages) << strings(counts);
+    };
+    row("one", {"1: a"}, {"1"});
+    row("repeated", {"7: a", "7: a", "7: a"}, {"3", "2", "1"});
+    row("other identifiers", {"7: a", "8: a"}, {"2", "1"});
+    row("cases", {"7: Abc", "7: aBC"}, {"2", "1"});
+    row("cases of other letters", {"7: \u00c4\u0434", "7: \u00e4\u0414"}, {"2", "1"});
+    row("sharp s is not ss", {"7: \u00df", "7: ss"}, {"1", "1"});
+    row("different", {"7: a", "7: b"}, {"1", "1"});
+    row("an identifier", {"abc: x", "5: ABC"}, {"2", "1"});
+    row("identifier and description of a row", {"5: 5", "9: 5"}, {"3", "1"});
+    row("all three texts of a row", {"1: 1", "9: 1"}, {"4", "1"});
+    row("a count", {"7: a", "8: b", "9: 1"}, {"2", "2", "1"});
+    row("a count that is raised meanwhile", {"7: a", "8: a", "9: 1", "9: 2"}, {"3", "3", "1", "1"});
+    row("counts that become equal", {"7: a", "8: a", "9: 1", "9: 2", "9: 3"},
+        {"4", "4", "1", "1", "1"});
+    row("no count is written so", {"7: a", "8: 01", "9: +1", "9: 1."}, {"1", "1", "1", "1"});
+    row("empty", {"7:", "8:", "9: x"}, {"2", "1", "1"});
+    row("its own identifier", {"7: 7"}, {"1"});
+    row("beyond every count", {"7: 99999999999999", "8: 99999999999999"}, {"2", "1"});
+}
+
+void tst_common_KestProcessOutputTableWidget::countsEqualDescriptions()
+{
+    QFETCH(QStringList, messages);
+    QFETCH(QStringList, expected);
+    const DialogStage stage;
+    SlowTable slow;
+    for (const QString& message : qAsConst(messages)) {
+        stage.runner->warning(QStringLiteral("WARNING ") + message);
+        slow.add(message);
+    }
+    QCOMPARE(counts(&slow), expected);
+    QCOMPARE(counts(stage.warnings()), expected);
+}
+
+void tst_common_KestProcessOutputTableWidget::countsAsTheSlowTableDoes_data()
+{
+    QTest::addColumn<QStringList>("identifiers");
+    QTest::addColumn<QStringList>("descriptions");
+
+    const QStringList words =
+        strings({"a", "A", "b", "too short", "Too  Short", "\u00e9", "\u00c9"});
+    const QStringList numbers = strings({"1", "2", "3", "4", "5", "6", "7", "8", "01", "-1", "0"});
+    const QStringList odd =
+        strings({"", "\u00df", "ss", "SS", "\u1e9e", "\u0130", "i", "I", "\u0131", "\U00010400",
+                 "\U00010428", "\u03c3", "\u03c2", "\u03a3", "\u212a", "k", "\ufb01", "fi"});
+    QTest::newRow("words") << strings({"10", "11"}) << words;
+    QTest::newRow("numbers") << strings({"10", "11", "1", "2"}) << numbers;
+    QTest::newRow("ones and twos") << strings({"1", "x"}) << strings({"1", "2"});
+    QTest::newRow("words and numbers") << words + numbers << words + numbers;
+    QTest::newRow("odd letters") << strings({"i", "\u00df"}) + words << odd;
+    QTest::newRow("everything") << words + numbers + odd << words + numbers + odd;
+}
+
+void tst_common_KestProcessOutputTableWidget::countsAsTheSlowTableDoes()
+{
+    QFETCH(QStringList, identifiers);
+    QFETCH(QStringList, descriptions);
+    QRandomGenerator random(1);
+    const auto oneOf = [&random](const QStringList& texts) {
+        return texts.at(static_cast<int>(random.bounded(static_cast<quint32>(texts.size()))));
+    };
+    for (int round = 0; round < 12; ++round) {
+        const DialogStage stage;
+        SlowTable slow;
+        for (int number = 0; number < 60; ++number) {
+            const QString message =
+                QStringLiteral("x%1: %2").arg(oneOf(identifiers).simplified(), oneOf(descriptions));
+            const QString plain = message.mid(random.bounded(2));
+            stage.runner->warning(QStringLiteral("WARNING ") + plain);
+            slow.add(plain.simplified());
+            QCOMPARE(counts(stage.warnings()), counts(&slow));
+        }
+        QCOMPARE(cells(stage.warnings()), cells(&slow));
+    }
+}
+
+void tst_common_KestProcessOutputTableWidget::rightBeforeTheTurnEnds()
+{
+    const DialogStage stage;
+    stage.runner->start();
+    stage.openDetails();
+    for (int number = 1; number <= 5; ++number) {
+        stage.runner->notice(QStringLiteral("NOTE 3: same"));
+        QCOMPARE(stage.notices()->rowCount(), number);
+        QCOMPARE(stage.notices()->item(0, 1)->text(), QString::number(number));
+        QCOMPARE(stage.notices()->model()->index(0, 1).data().toString(), QString::number(number));
+        QCOMPARE(stage.notices()->item(number - 1, 1)->text(), QStringLiteral("1"));
+        QCOMPARE(stage.tabs()->tabText(1), QStringLiteral("Notices(%1)").arg(number));
+    }
+}
+
+void tst_common_KestProcessOutputTableWidget::fitsRowsAsTheSlowTableDoes()
+{
+    const DialogStage stage;
+    stage.runner->start();
+    stage.openDetails();
+    stage.tabs()->setCurrentIndex(2);
+    QCoreApplication::processEvents();
+    SlowTable slow;
+    slow.resize(stage.warnings()->size());
+    slow.show();
+    for (int words = 0; words < 60; ++words) {
+        const QString message = QStringLiteral("%1: begin").arg(words % 40) +
+                                QStringLiteral(" another").repeated(words % 40 * words % 61);
+        stage.runner->warning(QStringLiteral("WARNING ") + message);
+        slow.add(message);
+        if (words % 7 == 0) {
+            QCoreApplication::processEvents();
+        }
+    }
+    QCoreApplication::processEvents();
+    for (int column = 0; column < 3; ++column) { // the scroll bar has made one narrower
+        slow.setColumnWidth(column, stage.warnings()->columnWidth(column));
+    }
+    stage.runner->warning(QStringLiteral("WARNING 1: last"));
+    slow.add(QStringLiteral("1: last"));
+    QCoreApplication::processEvents();
+    QCOMPARE(heights(stage.warnings()), heights(&slow));
+    QVERIFY(stage.warnings()->rowHeight(7) > stage.warnings()->rowHeight(0));
+}
+
+void tst_common_KestProcessOutputTableWidget::fitsAllRowsAgainWhenColumnsHaveChanged()
+{
+    const DialogStage stage;
+    stage.runner->start();
+    stage.openDetails();
+    stage.tabs()->setCurrentIndex(2);
+    const QString longText = QStringLiteral("words ").repeated(40);
+    stage.runner->warning(QStringLiteral("WARNING 1: ") + longText);
+    QCoreApplication::processEvents();
+    const int height = stage.warnings()->rowHeight(0);
+
+    stage.dialog->resize(stage.dialog->width() * 2, stage.dialog->height());
+    QTRY_VERIFY(stage.warnings()->rowHeight(0) < height);
+
+    const int wide = stage.warnings()->rowHeight(0);
+    QFont large = stage.warnings()->font();
+    large.setPointSize(30);
+    stage.warnings()->setFont(large);
+    stage.runner->warning(QStringLiteral("WARNING 2: short"));
+    QTRY_VERIFY(stage.warnings()->rowHeight(0) > wide);
+}
+
+void tst_common_KestProcessOutputTableWidget::fitsRowsThatCameWhileTheDetailsWereHidden()
+{
+    const DialogStage stage;
+    stage.runner->start();
+    stage.runner->warning(QStringLiteral("WARNING 1: some words that fit into one line"));
+    QCoreApplication::processEvents();
+    stage.openDetails();
+    stage.tabs()->setCurrentIndex(2);
+    QTRY_VERIFY(stage.warnings()->rowHeight(0) <
+                3 * QFontMetrics(stage.warnings()->font()).height());
+}
+
+void tst_common_KestProcessOutputTableWidget::tellsWhoWatchesThatCountsChanged()
+{
+    const DialogStage stage;
+    stage.runner->notice(QStringLiteral("NOTE 3: same"));
+    QCoreApplication::processEvents();
+    int told = 0;
+    QString count;
+    connect(stage.notices()->model(), &QAbstractItemModel::dataChanged, this,
+            [&](const QModelIndex& topLeft, const QModelIndex& bottomRight) {
+                if (topLeft.row() == 0 && bottomRight.row() == 1 && topLeft.column() == 1) {
+                    ++told;
+                    count = topLeft.data().toString();
+                }
+            });
+    stage.runner->notice(QStringLiteral("NOTE 3: same"));
+    QTRY_COMPARE(told, 1);
+    QCOMPARE(count, QStringLiteral("2"));
+}
+
+void tst_common_KestProcessOutputTableWidget::copiesTheSelectedRows()
+{
+    const DialogStage stage;
+    stage.runner->notice(QStringLiteral("NOTE 1234: abc"));
+    for (int number = 0; number < 5; ++number) {
+        stage.runner->notice(QStringLiteral("NOTE %1: text %1 %2").arg(number));
+    }
+    QTableWidget* const table = stage.notices();
+    table->selectRow(0);
+    action(table, "Copy")->trigger();
+    QCOMPARE(QApplication::clipboard()->text(), QStringLiteral("NOTICE 1234: abc\r\n"));
+
+    table->setSelectionMode(QAbstractItemView::MultiSelection);
+    table->selectRow(2);
+    table->selectRow(3);
+    table->selectRow(5);
+    action(table, "Copy")->trigger();
+    QStringList lines =
+        QApplication::clipboard()->text().split(QStringLiteral("\r\n"), Qt::SkipEmptyParts);
+    lines.sort();
+    QCOMPARE(lines, (strings({"NOTICE 1234: abc", "NOTICE 1: text 1 %2", "NOTICE 2: text 2 %2",
+                              "NOTICE 4: text 4 %2"})));
+
+    table->setSelectionMode(QAbstractItemView::ExtendedSelection);
+    action(table, "Select all")->trigger();
+    action(table, "Copy")->trigger();
+    QCOMPARE(QApplication::clipboard()->text().count(QStringLiteral("\r\n")), 6);
+    QVERIFY(QApplication::clipboard()->text().startsWith(QStringLiteral("NOTICE 1234: abc\r\n"
+                                                                        "NOTICE 0: text 0")));
+}
+
+void tst_common_KestProcessOutputTableWidget::copiesByKey()
+{
+    const DialogStage stage;
+    stage.runner->start();
+    stage.openDetails();
+    stage.runner->warning(QStringLiteral("WARNING 9: by key"));
+    stage.runner->warning(QStringLiteral("WARNING 10: by key"));
+    stage.tabs()->setCurrentIndex(2);
+    stage.dialog->activateWindow();
+    QVERIFY(QTest::qWaitForWindowActive(stage.dialog));
+    stage.warnings()->setFocus();
+    QTest::keyClick(stage.warnings(), Qt::Key_A, Qt::ControlModifier);
+    QTest::keyClick(stage.warnings(), Qt::Key_C, Qt::ControlModifier);
+    QCOMPARE(QApplication::clipboard()->text(),
+             QStringLiteral("WARNING 9: by key\r\nWARNING 10: by key\r\n"));
+}
+
+void tst_common_KestProcessOutputTableWidget::findsTheCurrentRowInTheOutput()
+{
+    const DialogStage stage;
+    stage.runner->start();
+    stage.openDetails();
+    stage.runner->warning(QStringLiteral("WARNING 1: first text"));
+    stage.runner->warning(QStringLiteral("WARNING 2: second text"));
+    stage.tabs()->setCurrentIndex(2);
+    stage.warnings()->setCurrentCell(1, 0);
+    QSignalSpy doubleClicked(stage.warnings(), &QTableWidget::cellDoubleClicked);
+    action(stage.warnings(), "Find in output")->trigger();
+    QCOMPARE(doubleClicked.count(), 1);
+    QCOMPARE(doubleClicked.at(0), (QVariantList{1, 0}));
+    QCOMPARE(stage.tabs()->currentIndex(), 0);
+    QCOMPARE(stage.output()->textCursor().selectedText(), QStringLiteral("second text"));
+}
+
+void tst_common_KestProcessOutputTableWidget::findsNothingWithoutCurrentRow()
+{
+    const DialogStage stage;
+    stage.tabs()->setCurrentIndex(1);
+    QSignalSpy doubleClicked(stage.notices(), &QTableWidget::cellDoubleClicked);
+    action(stage.notices(), "Find in output")->trigger();
+    QCOMPARE(doubleClicked.count(), 0);
+    QCOMPARE(stage.tabs()->currentIndex(), 1);
+}
+
+void tst_common_KestProcessOutputTableWidget::isFastForManyMessages_data()
+{
+    QTest::addColumn<QString>("pattern");
+    QTest::addColumn<int>("different");
+    QTest::addColumn<QString>("firstCount");
+
+    QTest::newRow("all equal") << QStringLiteral("WARNING 1: the same") << 1
+                               << QStringLiteral("20000");
+    QTest::newRow("all distinct") << QStringLiteral("WARNING %1: text %1") << 20000
+                                  << QStringLiteral("1");
+    QTest::newRow("equal numbers") << QStringLiteral("WARNING x: 7") << 1 << QString();
+    QTest::newRow("distinct numbers") << QStringLiteral("WARNING x: %1") << 20000 << QString();
+    QTest::newRow("few numbers") << QStringLiteral("WARNING %1: %1") << 10 << QString();
+    QTest::newRow("empty") << QStringLiteral("WARNING 1:") << 1 << QStringLiteral("20000");
+    QTest::newRow("colons only") << QStringLiteral("WARNING :::") << 1 << QString();
+}
+
+// The slow table needs many minutes for each of these.
+void tst_common_KestProcessOutputTableWidget::isFastForManyMessages()
+{
+    QFETCH(QString, pattern);
+    QFETCH(int, different);
+    QFETCH(QString, firstCount);
+    const DialogStage stage;
+    stage.runner->start();
+    stage.openDetails();
+    QElapsedTimer timer;
+    timer.start();
+    for (int number = 0; number < 20000; ++number) {
+        QString message = pattern;
+        stage.runner->warning(
+            message.replace(QStringLiteral("%1"), QString::number(number % different)));
+        if (number % 500 == 0) {
+            QCoreApplication::processEvents();
+        }
+    }
+    QCoreApplication::processEvents();
+    QVERIFY2(timer.elapsed() < 60000, qPrintable(QString::number(timer.elapsed())));
+    if (!firstCount.isEmpty()) {
+        QCOMPARE(stage.warnings()->item(0, 1)->text(), firstCount);
+    }
+    QCOMPARE(stage.warnings()->rowCount(), pattern.endsWith(QStringLiteral(":::")) ? 0 : 20000);
+}
+
+QTEST_MAIN(tst_common_KestProcessOutputTableWidget)
+#include "tst_common_KestProcessOutputTableWidget.moc"
