@@ -30,8 +30,7 @@ bool isShown(const suite::Finding& finding)
 
 } // namespace
 
-DeckEditor::DeckEditor(QWidget* parent)
-    : QPlainTextEdit(parent), m_margin(new FindingMargin(this))
+DeckEditor::DeckEditor(QWidget* parent) : QPlainTextEdit(parent), m_margin(new FindingMargin(this))
 {
     setObjectName(QStringLiteral("deckEditor"));
     setAccessibleName(QStringLiteral("Deck"));

@@ -139,9 +139,9 @@ void EditorWindow::makeEditMenu()
     menu->addAction(QStringLiteral("&Undo"), m_editor, &QPlainTextEdit::undo, QKeySequence::Undo);
     menu->addAction(QStringLiteral("&Redo"), m_editor, &QPlainTextEdit::redo, QKeySequence::Redo);
     menu->addSeparator();
-    QAction* next = menu->addAction(QStringLiteral("&Next finding"), this,
-                                    &EditorWindow::goToNextFinding,
-                                    QKeySequence(QStringLiteral("F8")));
+    QAction* next =
+        menu->addAction(QStringLiteral("&Next finding"), this, &EditorWindow::goToNextFinding,
+                        QKeySequence(QStringLiteral("F8")));
     next->setObjectName(QStringLiteral("nextFindingAction"));
 }
 
@@ -277,8 +277,7 @@ bool EditorWindow::mayDiscard()
     query.addOption(QStringLiteral("Cancel"), QMessageBox::RejectRole,
                     common_UserQuery::EscapeDefault);
     const int answer = query.display();
-    return answer == QMessageBox::DestructiveRole ||
-           (answer == QMessageBox::AcceptRole && save());
+    return answer == QMessageBox::DestructiveRole || (answer == QMessageBox::AcceptRole && save());
 }
 
 bool EditorWindow::mayOverwrite()

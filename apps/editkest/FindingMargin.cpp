@@ -38,7 +38,8 @@ bool FindingMargin::event(QEvent* event)
     }
     const auto* help = static_cast<QHelpEvent*>(event);
     const QString text = toolTipOf(m_editor->lineAt(help->pos().y()));
-    QToolTip::showText(help->globalPos(), text.toHtmlEscaped().replace(QLatin1Char('\n'), QStringLiteral("<br>")),
+    QToolTip::showText(help->globalPos(),
+                       text.toHtmlEscaped().replace(QLatin1Char('\n'), QStringLiteral("<br>")),
                        this);
     return true;
 }

@@ -97,6 +97,7 @@ int main(int argc, char* argv[])
     QCommandLineParser parser;
     addOptions(parser);
     parser.process(application);
-    return parser.isSet(QStringLiteral("non-interactive")) ? checkAll(parser.positionalArguments())
-                                                           : showWindow(parser.positionalArguments());
+    return parser.isSet(QStringLiteral("non-interactive"))
+               ? checkAll(parser.positionalArguments())
+               : showWindow(parser.positionalArguments());
 }

@@ -9,7 +9,7 @@
 
 namespace {
 
-constexpr const char* nonInteractiveSwitch = "--non-interactive";
+constexpr const char* windowlessWords[] = {"--non-interactive", "--help", "-h", "--version", "-v"};
 constexpr int leastSide = 100;
 constexpr int mostSide = 10000;
 
@@ -93,9 +93,11 @@ CommandLine CommandLine::parsed(const QStringList& arguments)
     return result;
 }
 
-bool CommandLine::isNonInteractive(int argc, char* argv[])
+bool CommandLine::isWithoutWindow(int argc, char* argv[])
 {
     return std::any_of(argv + 1, argv + std::max(argc, 1), [](const char* argument) {
-        return std::strcmp(argument, nonInteractiveSwitch) == 0;
+        return std::any_of(
+            std::begin(windowlessWords), std::end(windowlessWords),
+            [argument](const char* word) { return std::strcmp(argument, word) == 0; });
     });
 }

@@ -19,9 +19,9 @@ struct CommandLine
     /// The arguments include the program's name.
     static CommandLine parsed(const QStringList& arguments);
 
-    /// Whether the arguments ask for a run without a window. Must be known before there is an
-    /// application object.
-    static bool isNonInteractive(int argc, char* argv[]);
+    /// Whether nothing of what the arguments ask for needs a display. Must be known before there is
+    /// an application object.
+    static bool isWithoutWindow(int argc, char* argv[]);
 };
 
 #endif

@@ -94,11 +94,11 @@ void ViewerWindow::makeContent()
 void ViewerWindow::makeFileMenu()
 {
     QMenu* menu = menuBar()->addMenu(QStringLiteral("&File"));
-    QAction* open = menu->addAction(icon(QStringLiteral("open")), QStringLiteral("&Open results..."),
-                                    this, &ViewerWindow::chooseResults, QKeySequence::Open);
+    QAction* open =
+        menu->addAction(icon(QStringLiteral("open")), QStringLiteral("&Open results..."), this,
+                        &ViewerWindow::chooseResults, QKeySequence::Open);
     open->setObjectName(QStringLiteral("openAction"));
-    QMenu* recent =
-        menu->addMenu(icon(QStringLiteral("recent")), QStringLiteral("Open &recent"));
+    QMenu* recent = menu->addMenu(icon(QStringLiteral("recent")), QStringLiteral("Open &recent"));
     connect(recent, &QMenu::aboutToShow, this, [this, recent] { listRecentFiles(*recent); });
     QAction* save = menu->addAction(QStringLiteral("&Export..."), this, &ViewerWindow::exportView,
                                     QKeySequence(QStringLiteral("Ctrl+E")));
@@ -225,10 +225,10 @@ void ViewerWindow::showResults()
         QListWidgetItem* item = m_list->item(place);
         const bool isDrawn =
             item->checkState() == Qt::Checked && m_results.at(place).error.isEmpty();
-        item->setIcon(isDrawn ? colourIcon(m_view->colour(colour++))
-                              : icon(m_results.at(place).error.isEmpty()
-                                         ? QStringLiteral("result")
-                                         : QStringLiteral("fault")));
+        item->setIcon(isDrawn
+                          ? colourIcon(m_view->colour(colour++))
+                          : icon(m_results.at(place).error.isEmpty() ? QStringLiteral("result")
+                                                                     : QStringLiteral("fault")));
     }
     setWindowTitle(shown.isEmpty() ? applicationName
                                    : shown.last().name() + QStringLiteral(" - postkest"));
@@ -239,9 +239,8 @@ void ViewerWindow::updateItem(int place)
     const QSignalBlocker blocker(m_list);
     const Result& result = m_results.at(place);
     const QString path = QDir::toNativeSeparators(result.path);
-    m_list->item(place)->setToolTip(result.error.isEmpty()
-                                        ? path
-                                        : path + QStringLiteral("\nNot shown: ") + result.error);
+    m_list->item(place)->setToolTip(
+        result.error.isEmpty() ? path : path + QStringLiteral("\nNot shown: ") + result.error);
     if (!result.error.isEmpty()) {
         statusBar()->showMessage(
             QStringLiteral("%1 is not shown: %2").arg(result.name(), result.error));

@@ -48,17 +48,17 @@ int writeFile(const CommandLine& commandLine)
 
 int main(int argc, char* argv[])
 {
-    const bool isNonInteractive = CommandLine::isNonInteractive(argc, argv);
-    if (isNonInteractive) {
+    const bool isWithoutWindow = CommandLine::isWithoutWindow(argc, argv);
+    if (isWithoutWindow) {
         qputenv("QT_QPA_PLATFORM", "offscreen");
     }
-    QCoreApplication::setAttribute(Qt::AA_EnableHighDpiScaling, !isNonInteractive);
+    QCoreApplication::setAttribute(Qt::AA_EnableHighDpiScaling);
     QCoreApplication::setAttribute(Qt::AA_UseHighDpiPixmaps);
     const QApplication application(argc, argv);
     QCoreApplication::setApplicationName(QStringLiteral("postkest"));
     QCoreApplication::setApplicationVersion(QStringLiteral(POSTKEST_VERSION));
 
-    const Services services({QStringLiteral("postkest"), QString()}, isNonInteractive);
+    const Services services({QStringLiteral("postkest"), QString()}, isWithoutWindow);
     const CommandLine commandLine = CommandLine::parsed(QCoreApplication::arguments());
     switch (commandLine.request) {
     case CommandLine::Request::ShowText:

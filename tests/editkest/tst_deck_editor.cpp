@@ -11,6 +11,8 @@
 #include <QTextLayout>
 #include <QtTest>
 
+Q_DECLARE_METATYPE(suite::Finding)
+
 namespace {
 
 const QByteArray goodDeck = "CM a dipole\nCE\nGW 1 21 0 0 -0.25 0 0 0.25 0.001\nGE 0\n"
@@ -44,7 +46,9 @@ private Q_SLOTS:
         DeckHighlighter highlighter(editor.document(), editor.palette());
         editor.setPlainText(QStringLiteral("CM text\nGW 1 ! remark\nFR 0\nEN\nQX 1\n# note\n\n"));
         highlighter.rehighlight();
-        const auto colourOf = [&](int line) { return formatsOf(editor, line).value(0).format.foreground().color(); };
+        const auto colourOf = [&](int line) {
+            return formatsOf(editor, line).value(0).format.foreground().color();
+        };
         QCOMPARE(formatsOf(editor, 1).value(0).length, 7);
         QCOMPARE(formatsOf(editor, 2).value(0).length, 2);
         QVERIFY(formatsOf(editor, 2).value(0).format.fontWeight() == QFont::Bold);
@@ -83,7 +87,8 @@ private Q_SLOTS:
     {
         DeckEditor editor;
         editor.setPlainText(QStringLiteral("a\nb\nc\n"));
-        const suite::Finding error = {suite::FindingKind::UnknownCard, 2, QStringLiteral("bad <card>")};
+        const suite::Finding error = {suite::FindingKind::UnknownCard, 2,
+                                      QStringLiteral("bad <card>")};
         const suite::Finding notice = {suite::FindingKind::WireCount, 3, QStringLiteral("wires")};
         const suite::Finding nowhere = {suite::FindingKind::NoEnd, 0, QStringLiteral("no end")};
         editor.setFindings({error, notice, nowhere});

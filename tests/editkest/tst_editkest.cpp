@@ -4,7 +4,8 @@
 #include <ApplicationIdentity.h>
 #include <Services.h>
 
-#include <BoxReader.h>
+#include <BoxAnswerer.h>
+#include <QAction>
 #include <QFile>
 #include <QLabel>
 #include <QListWidget>
@@ -89,15 +90,14 @@ private Q_SLOTS:
         QTest::keyClicks(editor, QStringLiteral("#"));
         write(m_path, "other\n");
         {
-            BoxReader box;
-            box.answer(QStringLiteral("No"));
+            BoxAnswerer box(BoxAnswerer::clicking(QStringLiteral("No")));
             QVERIFY(!window.save());
-            QVERIFY2(box.text().contains(QStringLiteral("another program")), qPrintable(box.text()));
+            QVERIFY2(box.texts.value(0).contains(QStringLiteral("another program")),
+                     qPrintable(box.texts.value(0)));
         }
         QCOMPARE(contentOf(m_path), QByteArray("other\n"));
         QVERIFY(window.isWindowModified());
-        BoxReader box;
-        box.answer(QStringLiteral("Yes"));
+        BoxAnswerer box(BoxAnswerer::clicking(QStringLiteral("Yes")));
         QVERIFY(window.save());
         QCOMPARE(contentOf(m_path), "#" + goodDeck);
     }
@@ -120,8 +120,7 @@ private Q_SLOTS:
         EditorWindow window(m_path);
         window.show();
         QTest::keyClicks(window.findChild<DeckEditor*>(), QStringLiteral("#"));
-        BoxReader box;
-        box.answer(answer);
+        BoxAnswerer box(BoxAnswerer::clicking(answer));
         QCOMPARE(window.close(), isClosed);
         QCOMPARE(contentOf(m_path), isSaved ? "#" + goodDeck : goodDeck);
         if (!isClosed) {
@@ -132,10 +131,10 @@ private Q_SLOTS:
     void deckThatCannotBeEditedLeavesTheOldOne()
     {
         EditorWindow window(m_path);
-        BoxReader box;
-        box.answer(QStringLiteral("OK"));
+        BoxAnswerer box(BoxAnswerer::clicking(QStringLiteral("OK")));
         QVERIFY(!window.openDeck(m_folder->path()));
-        QVERIFY2(box.text().contains(QStringLiteral("folder")), qPrintable(box.text()));
+        QVERIFY2(box.texts.value(0).contains(QStringLiteral("folder")),
+                 qPrintable(box.texts.value(0)));
         QCOMPARE(window.findChild<DeckEditor*>()->toPlainText().toUtf8(), goodDeck);
     }
 
@@ -168,7 +167,8 @@ private Q_SLOTS:
         QFETCH(QByteArray, text);
         write(m_path, deck);
         QProcess process;
-        process.start(QStringLiteral(EDITKEST_PROGRAM), {m_path, QStringLiteral("--non-interactive")});
+        process.start(QStringLiteral(EDITKEST_PROGRAM),
+                      {m_path, QStringLiteral("--non-interactive")});
         QVERIFY(process.waitForFinished(60000));
         const QByteArray output = process.readAllStandardOutput();
         QVERIFY2(output.contains(text), output.constData());
