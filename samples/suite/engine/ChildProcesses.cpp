@@ -52,9 +52,8 @@ void ChildProcesses::stop()
 void ChildProcesses::watchEnd()
 {
     const qint64 elapsed = m_stopClock.elapsed();
-    if (elapsed >= m_times.asking) {
-        signalAll(SIGKILL);
-    }
+    // A child that was about to start its program, or to listen, has not heard the first request.
+    signalAll(elapsed >= m_times.asking ? SIGKILL : SIGTERM);
     if (isAnyAlive() && elapsed < m_times.givingUp) {
         return;
     }

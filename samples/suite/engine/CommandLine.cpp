@@ -11,11 +11,21 @@ namespace suite {
 
 namespace {
 
+// Infinity is no number to compute with.
+constexpr double LargestValue = 1e15;
+
 bool isInRange(const OptionRow& row, const QString& value)
 {
     bool isNumber = false;
     const int number = value.toInt(&isNumber);
     return isNumber && number >= row.least && number <= row.most;
+}
+
+bool isPositive(const QString& value)
+{
+    bool isNumber = false;
+    const double number = value.toDouble(&isNumber);
+    return isNumber && number > 0 && number <= LargestValue;
 }
 
 bool areHosts(const QString& value)
@@ -41,6 +51,8 @@ bool isGoodValue(const OptionRow& row, const QString& value)
     switch (row.kind) {
     case ValueKind::Integer:
         return isInRange(row, value);
+    case ValueKind::Positive:
+        return isPositive(value);
     case ValueKind::ProcessCount:
         return value == QLatin1String("all") || isInRange(row, value);
     case ValueKind::Word:
@@ -63,6 +75,8 @@ QString expectation(const OptionRow& row)
     switch (row.kind) {
     case ValueKind::Integer:
         return QStringLiteral("a whole number from %1 to %2").arg(row.least).arg(row.most);
+    case ValueKind::Positive:
+        return QStringLiteral("a number greater than 0");
     case ValueKind::ProcessCount:
         return QStringLiteral("a whole number from %1 to %2, or all").arg(row.least).arg(row.most);
     case ValueKind::Word:
@@ -198,7 +212,8 @@ QString CommandLine::help(const QString& program, OptionGroup group)
     // Grows while it is walked through: the solver's options lead to further groups.
     for (int index = 1; index < groups.size(); ++index) {
         for (const OptionRow& row : rows) {
-            if (row.group == groups.at(index) && row.kind == ValueKind::Switch) {
+            if (row.group == groups.at(index) && row.kind == ValueKind::Switch &&
+                !groups.contains(row.target)) {
                 groups.append(row.target);
             }
         }

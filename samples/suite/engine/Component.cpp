@@ -47,13 +47,15 @@ std::optional<int> Component::readCommandLine(const QStringList& arguments)
 
 bool Component::preprocess()
 {
+    if (m_commandLine->has(OptionGroup::Adaptkest, QStringLiteral("--run-from-runkest"))) {
+        return checkQuietly();
+    }
     m_printer.printText(QStringLiteral("Pre-processing ") + m_modelFile->name());
     m_printer.printPercentage(Marker::Percentage, 0);
     m_preprocessor.emplace(*m_modelFile);
     const FindingList& findings = m_preprocessor->findings();
     findingPrinter().print(findings);
-    const bool isAllowed = hasPrekestOption(QStringLiteral("--ignore-errors"));
-    if (findings.hasFatalErrors() || (findings.hasErrors() && !isAllowed)) {
+    if (hasBlockingErrors()) {
         return false;
     }
     if (hasPrekestOption(QStringLiteral("--print-variables"))) {
@@ -64,6 +66,24 @@ bool Component::preprocess()
     }
     m_printer.printPercentage(Marker::Percentage, 100);
     return true;
+}
+
+// What was found has been told by the program that started this one, unless the model has changed.
+bool Component::checkQuietly()
+{
+    m_preprocessor.emplace(*m_modelFile);
+    if (hasBlockingErrors()) {
+        findingPrinter().print(m_preprocessor->findings());
+        return false;
+    }
+    return true;
+}
+
+bool Component::hasBlockingErrors() const
+{
+    const FindingList& findings = m_preprocessor->findings();
+    const bool isAllowed = hasPrekestOption(QStringLiteral("--ignore-errors"));
+    return findings.hasFatalErrors() || (findings.hasErrors() && !isAllowed);
 }
 
 FindingPrinter Component::findingPrinter()

@@ -37,6 +37,8 @@ public:
     FindingPrinter findingPrinter();
 
 private:
+    bool checkQuietly();
+    [[nodiscard]] bool hasBlockingErrors() const;
     void printVariables();
     bool writeVariables();
     [[nodiscard]] bool hasPrekestOption(const QString& name) const;

@@ -40,6 +40,7 @@ protected:
     virtual bool stopWork() = 0;
 
     Component& component() { return m_component; }
+    [[nodiscard]] const Component& component() const { return m_component; }
     [[nodiscard]] const CommandLine& commandLine() const { return m_component.commandLine(); }
     MarkerPrinter& printer() { return m_component.printer(); }
 

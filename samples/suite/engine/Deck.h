@@ -19,6 +19,7 @@ struct Instruction
 struct Deck
 {
     QVector<QByteArray> comments;
+    QVector<int> commentLines; // where the comments stand
     QVector<Card> cards;
     QVector<Instruction> instructions;
     NamedValues names;

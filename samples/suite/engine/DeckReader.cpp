@@ -163,6 +163,7 @@ void DeckReader::readComment(const QByteArray& line, const QString& mnemonic)
     if (isOptimisation(m_deck.comments.last())) {
         m_deck.instructions.append({m_line, m_deck.comments.last()});
     }
+    m_deck.commentLines.append(m_line);
     m_commentsEnded = mnemonic == QLatin1String("CE");
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "AdaptiveSampling.h"
 #include "Deck.h"
 #include "FrequencyRange.h"
 #include "Optimisation.h"
@@ -13,6 +14,7 @@ struct Model
     Deck deck;
     Structure structure;
     FrequencyRange frequencies;
+    AdaptiveSampling adaptive;
     std::optional<Optimisation> optimisation; // with its frequency, unless the model has none
     int frequencyCard = -1;                   // index of the FR card, -1 without one
     int groundType = -1;                      // of the last GN card; -1 is free space

@@ -46,6 +46,19 @@ constexpr OptionRow OptionTable[] = {
     {G::Optkest,   V::Integer,       "--restart",                     0, MostRestarts, "", G::Common, "take over the runs up to this one"},
     {G::Optkest,   V::None,          "-r",                               0, 0, "", G::Common, "delete all files of earlier runs first"},
     {G::Optkest,   V::Switch,        "--runkest-options",              0, 0, "", G::Runkest, "options of runkest follow"},
+
+    {G::Adaptkest, V::None,          "--run-from-runkest",               0, 0, "", G::Common, "started by runkest, which has told what it found"},
+    {G::Adaptkest, V::ProcessCount,  "-np",                      1, MostProcesses, "", G::Common, "how many frequencies to solve at once, or all"},
+    {G::Adaptkest, V::Switch,        "--runkest-options",              0, 0, "", G::Runkest, "options of runkest follow"},
+    {G::Adaptkest, V::Switch,        "--prekest-options",              0, 0, "", G::Prekest, "options of the pre-processing follow"},
+
+    {G::Amrkest,   V::Integer,       "--max-iterations",        1, MostRestarts, "", G::Common, "refine at most so often (5)"},
+    {G::Amrkest,   V::Positive,      "--frequency",                      0, 0, "", G::Common, "compare at this frequency in MHz (middle of the sweep)"},
+    {G::Amrkest,   V::Word,          "--error-threshold",                0, 0, "high normal low", G::Common, "change of the impedance to stop at"},
+    {G::Amrkest,   V::None,          "--keep-files",                     0, 0, "", G::Common, "keep the iterations' files"},
+    {G::Amrkest,   V::None,          "--skip-final-solve",               0, 0, "", G::Common, "do not solve the refined model over its frequencies"},
+    {G::Amrkest,   V::Switch,        "--runkest-options",              0, 0, "", G::Runkest, "options of runkest follow"},
+    {G::Amrkest,   V::Switch,        "--prekest-options",              0, 0, "", G::Prekest, "options of the pre-processing follow"},
 };
 // clang-format on
 

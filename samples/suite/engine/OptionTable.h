@@ -14,11 +14,13 @@ enum class OptionGroup {
     Kest,
     Adaptkest,
     Optkest,
+    Amrkest,
 };
 
 enum class ValueKind {
     None,
     Integer,      // within the row's limits
+    Positive,     // a number greater than 0
     ProcessCount, // a number from 1, or "all"
     Word,         // one of the row's words
     Text,         // anything that is no option

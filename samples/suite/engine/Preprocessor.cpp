@@ -61,6 +61,7 @@ void Preprocessor::check()
     buildStructure();
     checkControls();
     takeOptimisation();
+    takeAdaptiveSampling();
     if (m_model.frequencies.count > 0) {
         warnOfSegments();
     }
@@ -96,6 +97,14 @@ void Preprocessor::takeOptimisation()
     const FrequencyRange& range = m_model.frequencies;
     if (m_model.optimisation && m_model.optimisation->frequency == 0 && range.count > 0) {
         m_model.optimisation->frequency = (range.lowest() + range.highest()) / 2;
+    }
+}
+
+void Preprocessor::takeAdaptiveSampling()
+{
+    m_model.adaptive = readAdaptiveSampling(m_model.deck, m_findings);
+    if (m_model.adaptive.isWanted && !m_model.hasVoltageSource) {
+        m_findings.add(FindingKind::AdaptiveWithoutSource, m_model.adaptive.line);
     }
 }
 

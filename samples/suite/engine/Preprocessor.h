@@ -28,6 +28,7 @@ private:
     void buildStructure();
     void checkControls();
     void takeOptimisation();
+    void takeAdaptiveSampling();
     void warnOfSegments();
     void addNotices();
 

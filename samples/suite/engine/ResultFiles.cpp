@@ -7,6 +7,12 @@ namespace suite {
 bool ResultFiles::open(const QStringList& paths)
 {
     for (const QString& path : paths) {
+        if (QFileInfo(path).isSymLink()) {
+            m_error =
+                QStringLiteral("the result file '%1' cannot be written, it is a symbolic link")
+                    .arg(QFileInfo(path).fileName());
+            return false;
+        }
         m_files.push_back(std::make_unique<QSaveFile>(path));
         if (!m_files.back()->open(QIODevice::WriteOnly)) {
             return fail(*m_files.back());

@@ -10,9 +10,6 @@ namespace suite {
 
 namespace {
 
-// The engine's matrix grows with the square of this: 5000 segments take 400 MB.
-constexpr int MostSegments = 5000;
-
 // Tags stay whole numbers of the engine however often they are incremented.
 constexpr int LargestTagIncrement = 100000;
 

@@ -6,6 +6,9 @@
 
 namespace suite {
 
+// The engine's matrix grows with the square of this: 5000 segments take 400 MB.
+constexpr int MostSegments = 5000;
+
 // Builds the structure from the geometry cards, one after another, as the engine does: wires are
 // appended, copies and mirror images behind the wires they are made of.
 class StructureBuilder

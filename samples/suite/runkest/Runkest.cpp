@@ -1,6 +1,7 @@
 #include "Runkest.h"
 
 #include "EngineProgram.h"
+#include "OptionWords.h"
 #include "Sweep.h"
 
 #include <QDir>
@@ -17,6 +18,12 @@ constexpr int TableFile = 1;
 constexpr int PreparedPercentage = 5;
 constexpr int SolvedPercentage = 95;
 
+// Of the adaptive sampling, which needs 700 ms to end its engines.
+constexpr StopTimes AdaptiveStopTimes = {1100, 1300};
+
+// So few frequencies are the coarse grid already.
+constexpr int LeastAdaptiveFrequencies = 6;
+
 } // namespace
 
 Runkest::Runkest() : ComponentProgram(QStringLiteral("runkest"), OptionGroup::Runkest)
@@ -31,6 +38,11 @@ void Runkest::work()
         finish();
         return;
     }
+    const Model& model = component().preprocessor().model();
+    if (model.adaptive.isWanted && model.frequencies.count >= LeastAdaptiveFrequencies) {
+        startAdaptive();
+        return;
+    }
     const EngineProgram engine;
     if (engine.path().isEmpty()) {
         fail(FindingKind::EngineMissing, engine.error());
@@ -42,6 +54,43 @@ void Runkest::work()
         return;
     }
     startSweep(engine.path());
+}
+
+// Another component takes the place of the sweep; what it prints is what there is to say.
+void Runkest::startAdaptive()
+{
+    const CommandLine& line = commandLine();
+    QStringList arguments = {component().modelFile().path(), QStringLiteral("--run-from-runkest")};
+    arguments += optionWords(line, OptionGroup::Adaptkest);
+    arguments += QStringLiteral("--runkest-options");
+    arguments += optionWords(line, OptionGroup::Runkest);
+    if (line.has(OptionGroup::Prekest, QStringLiteral("--ignore-errors"))) {
+        arguments += {QStringLiteral("--prekest-options"), QStringLiteral("--ignore-errors")};
+    }
+    m_adaptive = std::make_unique<ComponentStage>(AdaptiveStopTimes);
+    connect(m_adaptive.get(), &ComponentStage::printed, this, &Runkest::passOn);
+    connect(m_adaptive.get(), &ComponentStage::ended, this, &Runkest::endAdaptive);
+    m_adaptive->start(QStringLiteral("adaptkest"), arguments);
+}
+
+void Runkest::passOn(const MarkerLine& line)
+{
+    if (line.marker == Marker::Error) {
+        failAsTold();
+    }
+    if (line.marker) {
+        printer().print(*line.marker, line.body);
+    } else {
+        printer().printText(line.body);
+    }
+}
+
+void Runkest::endAdaptive()
+{
+    if (isGood() && !m_adaptive->isSuccess()) {
+        fail(FindingKind::EngineFailed, m_adaptive->error());
+    }
+    finish();
 }
 
 // Opens the results before the first frequency is solved: hours of work end in a file that can be
@@ -143,9 +192,10 @@ void Runkest::writeResults()
 
 bool Runkest::stopWork()
 {
-    if (!m_sweep) {
-        return false;
+    if (m_adaptive) {
+        m_adaptive->stop();
+    } else if (m_sweep) {
+        m_sweep->stop();
     }
-    m_sweep->stop();
-    return true;
+    return m_adaptive || m_sweep;
 }

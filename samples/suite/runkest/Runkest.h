@@ -1,6 +1,7 @@
 #pragma once
 
 #include "ComponentProgram.h"
+#include "ComponentStage.h"
 #include "ResultFiles.h"
 #include "SweepDeck.h"
 #include "SweepReport.h"
@@ -22,6 +23,9 @@ protected:
     bool stopWork() override;
 
 private:
+    void startAdaptive();
+    void passOn(const suite::MarkerLine& line);
+    void endAdaptive();
     bool prepare();
     void startSweep(const QString& engine);
     [[nodiscard]] int processCount() const;
@@ -35,4 +39,5 @@ private:
     QStringList m_resultPaths;
     std::unique_ptr<suite::SweepDeck> m_deck;
     std::unique_ptr<suite::SweepRunner> m_sweep;
+    std::unique_ptr<suite::ComponentStage> m_adaptive;
 };

@@ -1,0 +1,285 @@
+#include "Adaptkest.h"
+
+#include "EngineProgram.h"
+#include "Sweep.h"
+#include "SweepReport.h"
+
+#include <QDir>
+#include <QThread>
+
+using namespace suite;
+
+namespace {
+
+constexpr int OutputFile = 0;
+constexpr int TableFile = 1;
+
+// The shares of the whole run: pre-processing up to the first, solving up to the second.
+constexpr int PreparedPercentage = 5;
+constexpr int SolvedPercentage = 95;
+
+SweepPoint sweepPoint(const AnalysisPoint& point)
+{
+    return {point.frequency, point.impedance};
+}
+
+} // namespace
+
+Adaptkest::Adaptkest() : ComponentProgram(QStringLiteral("adaptkest"), OptionGroup::Adaptkest)
+{}
+
+Adaptkest::~Adaptkest() = default;
+
+// The one place that says where the engines run.
+std::unique_ptr<SweepRunner> Adaptkest::makeSweep(const SweepDeck& deck) const
+{
+    return std::make_unique<Sweep>(deck, m_engine, processCount(deck.count()), true);
+}
+
+int Adaptkest::processCount(int frequencyCount) const
+{
+    const CommandLine& line = commandLine();
+    const QString given[] = {line.value(OptionGroup::Adaptkest, QStringLiteral("-np")),
+                             line.value(OptionGroup::Runkest, QStringLiteral("-np")),
+                             line.value(OptionGroup::Runkest, QStringLiteral("-NP"))};
+    int wanted = QThread::idealThreadCount();
+    for (const QString& value : given) {
+        if (!value.isEmpty()) {
+            bool isNumber = false;
+            const int number = value.toInt(&isNumber);
+            wanted = isNumber ? number : wanted;
+            break;
+        }
+    }
+    return qMin(wanted, frequencyCount);
+}
+
+void Adaptkest::work()
+{
+    if (!prepare()) {
+        finish();
+        return;
+    }
+    printer().printText(QStringLiteral("Solving at most %1 frequencies adaptively, tolerance %2")
+                            .arg(m_placing->most())
+                            .arg(tolerance()));
+    printProgress();
+    printer().printText(SweepReport::tableHeader());
+    nextAnalysis();
+}
+
+bool Adaptkest::prepare()
+{
+    const EngineProgram engine;
+    const Model& model = component().preprocessor().model();
+    if (engine.path().isEmpty()) {
+        fail(FindingKind::EngineMissing, engine.error());
+        return false;
+    }
+    if (model.frequencies.count == 0) {
+        // Only with errors ignored.
+        failAsTold();
+        return false;
+    }
+    if (!model.hasVoltageSource) {
+        fail(FindingKind::AdaptiveWithoutSource, QString());
+        return false;
+    }
+    m_engine = engine.path();
+    m_placing = std::make_unique<AdaptivePlacing>(model.frequencies, tolerance());
+    return openFolder() && restore();
+}
+
+// The results are opened before the first frequency is solved: hours of work end in a file that can
+// be written.
+bool Adaptkest::openFolder()
+{
+    const ModelFile& model = component().modelFile();
+    const QString path = model.resultPath(QStringLiteral("adaptkest"));
+    m_folder = std::make_unique<WorkFolder>(path, QStringLiteral("adaptkest"));
+    if (!m_folder->open()) {
+        fail(FindingKind::WorkFolderRefused, m_folder->error());
+        return false;
+    }
+    const Model& checked = component().preprocessor().model();
+    m_files = std::make_unique<AnalysisFiles>(path, AnalysisFiles::keyOf(checked, tolerance()));
+    m_resultPaths = QStringList{model.resultPath(QStringLiteral("out")),
+                                model.resultPath(QStringLiteral("csv"))};
+    if (!m_results.open(m_resultPaths)) {
+        fail(FindingKind::ResultNotWritten, m_results.error());
+        return false;
+    }
+    return true;
+}
+
+// Takes over the analyses of an earlier run, as many as were asked for.
+bool Adaptkest::restore()
+{
+    const QString restart = QStringLiteral("--restart");
+    if (!commandLine().has(OptionGroup::Adaptkest, restart)) {
+        return true;
+    }
+    const int last = commandLine().value(OptionGroup::Adaptkest, restart).toInt();
+    for (int number = 1; number <= qMax(last, 1); ++number) {
+        const std::optional<QVector<AnalysisPoint>> points = m_files->load(last == 0 ? 0 : number);
+        if (!points) {
+            fail(FindingKind::RestartRefused, m_files->error());
+            return false;
+        }
+        QVector<double> frequencies;
+        for (const AnalysisPoint& point : *points) {
+            frequencies.append(point.frequency);
+        }
+        if (frequencies.isEmpty() || frequencies != m_placing->next()) {
+            fail(FindingKind::RestartRefused,
+                 QStringLiteral("analysis %1 does not go on from the one before it").arg(number));
+            return false;
+        }
+        take(*points);
+    }
+    printer().printText(QStringLiteral("Analyses 1 to %1 are taken over, %2 frequencies")
+                            .arg(m_analysis)
+                            .arg(m_placing->count()));
+    return true;
+}
+
+void Adaptkest::nextAnalysis()
+{
+    if (!isGood()) {
+        return;
+    }
+    const QVector<double> frequencies = m_placing->next();
+    if (frequencies.isEmpty()) {
+        writeResults();
+        finish();
+        return;
+    }
+    startSweep(frequencies);
+}
+
+void Adaptkest::startSweep(const QVector<double>& frequencies)
+{
+    m_frequencies = frequencies;
+    m_round.clear();
+    printer().printText(
+        QStringLiteral("Analysis %1, %2 frequencies").arg(m_analysis + 1).arg(frequencies.size()));
+    m_sweep = makeSweep(SweepDeck(component().preprocessor().model(), frequencies));
+    connect(m_sweep.get(), &SweepRunner::solved, this, &Adaptkest::takeResult);
+    connect(m_sweep.get(), &SweepRunner::failed, this,
+            [this](const QString& reason) { fail(FindingKind::EngineFailed, reason); });
+    connect(m_sweep.get(), &SweepRunner::ended, this, &Adaptkest::endSweep);
+    m_sweep->start();
+}
+
+void Adaptkest::takeResult(int index, const EngineOutput& output)
+{
+    const AnalysisPoint point(m_frequencies.at(index), output);
+    m_round.append(point);
+    printer().printText(SweepReport::tableLine(sweepPoint(point)));
+    printProgress();
+    checkReader();
+}
+
+void Adaptkest::endSweep(bool isComplete)
+{
+    if (!isComplete || !isGood()) {
+        finish();
+        return;
+    }
+    m_sweep.release()->deleteLater();
+    if (!m_files->save(m_analysis + 1, m_round)) {
+        fail(FindingKind::ResultNotWritten, m_files->error());
+        finish();
+        return;
+    }
+    take(m_round);
+    m_round.clear();
+    QMetaObject::invokeMethod(this, &Adaptkest::nextAnalysis, Qt::QueuedConnection);
+}
+
+void Adaptkest::take(const QVector<AnalysisPoint>& points)
+{
+    ++m_analysis;
+    for (const AnalysisPoint& point : points) {
+        m_placing->add(point.frequency, point.impedance);
+        m_points[point.frequency] = point;
+    }
+}
+
+// How many points it takes is not known before; there are never more than the sweep has.
+void Adaptkest::printProgress()
+{
+    const int done = m_placing->count() + m_round.size();
+    const int share = SolvedPercentage - PreparedPercentage;
+    printer().printPercentage(Marker::Percentage, 100 * done / m_placing->most());
+    printer().printPercentage(Marker::TotalPercentage,
+                              PreparedPercentage + share * done / m_placing->most());
+}
+
+void Adaptkest::writeResults()
+{
+    if (!writePoints() || !m_results.commit()) {
+        fail(FindingKind::ResultNotWritten, m_results.error());
+        return;
+    }
+    if (!keepsFiles()) {
+        m_folder->removeFiles(AnalysisFiles::names());
+    }
+    printer().printPercentage(Marker::Percentage, 100);
+    for (const QString& path : qAsConst(m_resultPaths)) {
+        printer().print(Marker::File, QDir::toNativeSeparators(path));
+    }
+    printFacts();
+    printer().printPercentage(Marker::TotalPercentage, 100);
+}
+
+bool Adaptkest::writePoints()
+{
+    SweepReport report;
+    bool isFirst = true;
+    for (const auto& entry : m_points) {
+        const EngineOutput output = entry.second.output();
+        const QByteArray bytes = isFirst ? output.stableBytes() : output.stableBytesFromFrequency();
+        if (!m_results.write(OutputFile, bytes)) {
+            return false;
+        }
+        isFirst = false;
+        report.add(sweepPoint(entry.second));
+    }
+    return m_results.write(TableFile, report.csv());
+}
+
+void Adaptkest::printFacts()
+{
+    SweepReport report;
+    for (const auto& entry : m_points) {
+        report.add(sweepPoint(entry.second));
+    }
+    const QString most = QString::number(m_placing->most());
+    FindingList facts = report.facts();
+    facts.add(FindingKind::AdaptiveDone, 0,
+              {QString::number(m_placing->count()), most, QString::number(m_analysis)});
+    if (!m_placing->isFine()) {
+        facts.add(FindingKind::AdaptiveUsedUp, 0, {most, QString::number(tolerance())});
+    }
+    component().findingPrinter().print(facts);
+}
+
+bool Adaptkest::keepsFiles() const
+{
+    return commandLine().has(OptionGroup::Adaptkest, QStringLiteral("--keep-files"));
+}
+
+double Adaptkest::tolerance() const
+{
+    return component().preprocessor().model().adaptive.tolerance;
+}
+
+bool Adaptkest::stopWork()
+{
+    if (!m_sweep) {
+        return false;
+    }
+    m_sweep->stop();
+    return true;
+}

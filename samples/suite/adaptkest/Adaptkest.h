@@ -1,0 +1,57 @@
+#pragma once
+
+#include "AdaptivePlacing.h"
+#include "AnalysisFiles.h"
+#include "ComponentProgram.h"
+#include "ResultFiles.h"
+#include "SweepRunner.h"
+#include "WorkFolder.h"
+
+#include <map>
+#include <memory>
+
+// Solves a model in rounds ("analyses"), each at the frequencies that the results so far ask for.
+class Adaptkest : public suite::ComponentProgram
+{
+    Q_OBJECT
+
+public:
+    Adaptkest();
+    ~Adaptkest() override;
+
+protected:
+    void work() override;
+    bool stopWork() override;
+
+private:
+    [[nodiscard]] std::unique_ptr<suite::SweepRunner> makeSweep(const suite::SweepDeck& deck) const;
+    [[nodiscard]] int processCount(int frequencyCount) const;
+
+    bool prepare();
+    bool openFolder();
+    bool restore();
+    void nextAnalysis();
+    void startSweep(const QVector<double>& frequencies);
+    void takeResult(int index, const suite::EngineOutput& output);
+    void endSweep(bool isComplete);
+    void take(const QVector<suite::AnalysisPoint>& points);
+    void printProgress();
+    void writeResults();
+    bool writePoints();
+    void printFacts();
+
+    [[nodiscard]] bool keepsFiles() const;
+    [[nodiscard]] double tolerance() const;
+
+    QString m_engine;
+    QStringList m_resultPaths;
+    suite::ResultFiles m_results;
+    std::unique_ptr<suite::WorkFolder> m_folder;
+    std::unique_ptr<suite::AnalysisFiles> m_files;
+    std::unique_ptr<suite::AdaptivePlacing> m_placing;
+    std::unique_ptr<suite::SweepRunner> m_sweep;
+    QVector<double> m_frequencies;         // of the analysis that runs
+    QVector<suite::AnalysisPoint> m_round; // its results so far
+    std::map<double, suite::AnalysisPoint> m_points;
+    int m_analysis = 0; // the last whole one
+};

@@ -1,0 +1,13 @@
+#include "Adaptkest.h"
+#include "ComponentSetup.h"
+
+#include <QCoreApplication>
+
+// adaptkest solves a model where its impedance is worth knowing, in place of a plain sweep.
+int main(int argc, char* argv[])
+{
+    suite::setupComponent();
+    const QCoreApplication application(argc, argv);
+    Adaptkest adaptkest;
+    return suite::runComponent(adaptkest);
+}

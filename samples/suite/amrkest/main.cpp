@@ -1,0 +1,13 @@
+#include "Amrkest.h"
+#include "ComponentSetup.h"
+
+#include <QCoreApplication>
+
+// amrkest refines a model's segments until its impedance hardly changes any more.
+int main(int argc, char* argv[])
+{
+    suite::setupComponent();
+    const QCoreApplication application(argc, argv);
+    Amrkest amrkest;
+    return suite::runComponent(amrkest);
+}
