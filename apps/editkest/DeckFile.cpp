@@ -10,6 +10,7 @@ namespace {
 
 constexpr qint64 largestDeck = 16 << 20; // bytes
 constexpr const char* utf8 = "UTF-8";
+const QByteArray byteOrderMark = QByteArrayLiteral("\xef\xbb\xbf");
 
 bool isUtf8(const QByteArray& bytes)
 {
@@ -85,7 +86,7 @@ bool DeckFile::isChangedOutside() const
 QByteArray DeckFile::bytes(const QString& text) const
 {
     QByteArray result = m_encoding == Encoding::Utf8 ? text.toUtf8() : text.toLatin1();
-    return m_lineEnd == "\n" ? result : result.replace("\n", m_lineEnd);
+    return m_mark + (m_lineEnd == "\n" ? result : result.replace("\n", m_lineEnd));
 }
 
 bool DeckFile::fail(const QString& reason)
@@ -98,7 +99,8 @@ void DeckFile::decode(const QByteArray& bytes)
 {
     m_encoding = isUtf8(bytes) ? Encoding::Utf8 : Encoding::Latin1;
     m_lineEnd = bytes.contains("\r\n") ? QByteArrayLiteral("\r\n") : QByteArrayLiteral("\n");
-    const QByteArray plain = QByteArray(bytes).replace("\r\n", "\n");
+    m_mark = bytes.startsWith(byteOrderMark) ? byteOrderMark : QByteArray();
+    const QByteArray plain = bytes.mid(m_mark.size()).replace("\r\n", "\n");
     m_text = m_encoding == Encoding::Utf8 ? QString::fromUtf8(plain) : QString::fromLatin1(plain);
 }
 

@@ -39,6 +39,7 @@ private:
     QString m_error;
     QByteArray m_fingerprint;
     Encoding m_encoding = Encoding::Utf8;
+    QByteArray m_mark; // in front of the text: the byte order mark, or nothing
     QByteArray m_lineEnd = QByteArrayLiteral("\n");
 };
 

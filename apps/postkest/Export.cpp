@@ -18,7 +18,7 @@ QByteArray png(ResultView& view)
     QByteArray bytes;
     QBuffer buffer(&bytes);
     buffer.open(QIODevice::WriteOnly);
-    view.grab().save(&buffer, "PNG");
+    view.charts().grab().save(&buffer, "PNG");
     return bytes;
 }
 
@@ -28,10 +28,10 @@ QByteArray svg(ResultView& view)
     QBuffer buffer(&bytes);
     QSvgGenerator generator;
     generator.setOutputDevice(&buffer);
-    generator.setSize(view.size());
-    generator.setViewBox(view.rect());
+    generator.setSize(view.charts().size());
+    generator.setViewBox(view.charts().rect());
     generator.setTitle(QStringLiteral("Results"));
-    view.render(&generator);
+    view.charts().render(&generator);
     return bytes;
 }
 

@@ -71,6 +71,7 @@ QuantityChart::QuantityChart(Quantity quantity, QWidget* parent)
     m_mark->setPen(QPen(palette().color(QPalette::Text), 1, Qt::DashLine));
     m_mark->setZValue(1000);
     m_mark->hide();
+    connect(chart(), &QChart::plotAreaChanged, this, &QuantityChart::placeMark);
 }
 
 void QuantityChart::makeAxes()
@@ -81,7 +82,8 @@ void QuantityChart::makeAxes()
     m_frequencyAxis = new QValueAxis(chart());
     m_valueAxis = new QValueAxis(chart());
     m_valueAxis->setTitleText(title(m_quantity));
-    m_valueAxis->setTickCount(tickCount);
+    m_valueAxis->setLabelFormat(QStringLiteral("%g"));
+    m_frequencyAxis->setLabelFormat(QStringLiteral("%g"));
     for (QValueAxis* axis : {m_frequencyAxis, m_valueAxis}) {
         axis->setLabelsColor(text);
         axis->setTitleBrush(text);
@@ -155,7 +157,14 @@ void QuantityChart::scale(const QVector<Result>& results, FrequencyWindow window
         lowest -= space;
         highest += space;
     }
+    m_valueAxis->setTickCount(tickCount);
     m_valueAxis->setRange(lowest, highest);
+    m_valueAxis->applyNiceNumbers();
+}
+
+void QuantityChart::setFrequencyTitle(bool isShown)
+{
+    m_frequencyAxis->setTitleText(isShown ? QStringLiteral("Frequency / MHz") : QString());
 }
 
 void QuantityChart::mark(std::optional<double> frequency)
@@ -194,12 +203,6 @@ void QuantityChart::leaveEvent(QEvent* event)
 {
     Q_EMIT pointed(std::nullopt);
     QChartView::leaveEvent(event);
-}
-
-void QuantityChart::resizeEvent(QResizeEvent* event)
-{
-    QChartView::resizeEvent(event);
-    placeMark();
 }
 
 void QuantityChart::placeMark()

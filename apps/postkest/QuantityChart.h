@@ -35,6 +35,9 @@ public:
     /// Puts the line at a frequency, or hides it.
     void mark(std::optional<double> frequency);
 
+    /// Whether the frequencies are named below the chart, as in the last of several.
+    void setFrequencyTitle(bool isShown);
+
     /// The name with its unit, as at the axis.
     static QString title(Quantity quantity);
 
@@ -48,7 +51,6 @@ Q_SIGNALS:
 protected:
     void mouseMoveEvent(QMouseEvent* event) override;
     void leaveEvent(QEvent* event) override;
-    void resizeEvent(QResizeEvent* event) override;
 
 private:
     void makeAxes();

@@ -43,12 +43,20 @@ ResultView::ResultView(QWidget* parent) : QWidget(parent)
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(0);
+    m_chartArea = new QWidget(this);
+    m_chartArea->setBackgroundRole(QPalette::Base);
+    m_chartArea->setAutoFillBackground(true);
+    layout->addWidget(m_chartArea, 1);
+    auto* charts = new QVBoxLayout(m_chartArea);
+    charts->setContentsMargins(0, 0, 0, 0);
+    charts->setSpacing(0);
     for (int i = 0; i < quantityCount; ++i) {
-        auto* chart = new QuantityChart(static_cast<Quantity>(i), this);
+        auto* chart = new QuantityChart(static_cast<Quantity>(i), m_chartArea);
         connect(chart, &QuantityChart::pointed, this, &ResultView::point);
-        layout->addWidget(chart, 1);
+        charts->addWidget(chart, 1);
         m_charts.append(chart);
     }
+    m_charts.last()->setFrequencyTitle(true);
     m_readout = new QLabel(nothingPointed, this);
     m_readout->setObjectName(QStringLiteral("readout"));
     m_readout->setTextFormat(Qt::RichText);

@@ -19,6 +19,9 @@ public:
     /// Shows these results; those with an error are left out.
     void setResults(const QVector<Result>& results);
 
+    /// The part with the charts alone.
+    QWidget& charts() { return *m_chartArea; }
+
     /// The colour of the curves of the result at a place in the list.
     QColor colour(int place) const { return m_charts.first()->colour(place); }
 
@@ -34,6 +37,7 @@ private:
 
     QVector<Result> m_results;
     FrequencyWindow m_window;
+    QWidget* m_chartArea = nullptr;
     QVector<QuantityChart*> m_charts;
     QLabel* m_readout = nullptr;
     std::optional<double> m_pointed;

@@ -44,6 +44,7 @@ private Q_SLOTS:
         m_folder = std::make_unique<QTemporaryDir>();
         m_path = m_folder->filePath(QStringLiteral("model.nec"));
         qputenv("KEST_USER_HOME", m_folder->filePath(QStringLiteral("user")).toLocal8Bit());
+        qputenv("KEST_HOME", EDITKEST_SUITE);
         QVERIFY(QDir().mkpath(m_folder->filePath(QStringLiteral("user"))));
         m_services = std::make_unique<Services>(
             ApplicationIdentity{QStringLiteral("editkest"), QString()}, false);
@@ -59,7 +60,7 @@ private Q_SLOTS:
         auto* summary = window.findChild<QLabel*>(QStringLiteral("summary"));
         QTRY_COMPARE(summary->text(), QStringLiteral("Errors: 0  Warnings: 0"));
         editor->goToLine(3);
-        QTest::keyClicks(editor, QStringLiteral("QX 1\n"));
+        typeLine(editor, QStringLiteral("QX 1"));
         QTRY_COMPARE(summary->text(), QStringLiteral("Errors: 1  Warnings: 0"));
         QCOMPARE(editor->findingsAt(3).size(), 1);
         QVERIFY(window.isWindowModified());
@@ -77,7 +78,7 @@ private Q_SLOTS:
         EditorWindow window(m_path);
         auto* editor = window.findChild<DeckEditor*>();
         editor->moveCursor(QTextCursor::Start);
-        QTest::keyClicks(editor, QStringLiteral("CM new\n"));
+        typeLine(editor, QStringLiteral("CM new"));
         QVERIFY(window.save());
         QVERIFY(!window.isWindowModified());
         QCOMPARE(contentOf(m_path), "CM new\n" + goodDeck);
@@ -185,6 +186,12 @@ private Q_SLOTS:
     }
 
 private:
+    static void typeLine(DeckEditor* editor, const QString& line)
+    {
+        QTest::keyClicks(editor, line);
+        QTest::keyClick(editor, Qt::Key_Return);
+    }
+
     static void discardChanges(EditorWindow& window)
     {
         window.findChild<DeckEditor*>()->document()->setModified(false);
