@@ -44,6 +44,16 @@ function(kest_strict target)
         QT_DISABLE_DEPRECATED_BEFORE=0x050e00)
 endfunction()
 
+# A program of the sample installation: in <build>/suite/bin, where it runs in place, and installed.
+function(kest_suite_program target)
+    file(RELATIVE_PATH to_lib "/${KEST_SUITE_INSTALL_DIR}/bin" "/${CMAKE_INSTALL_LIBDIR}")
+    set_target_properties(${target} PROPERTIES
+        RUNTIME_OUTPUT_DIRECTORY "${KEST_SUITE_BUILD_DIR}/bin"
+        INSTALL_RPATH "$ORIGIN/${to_lib}")
+    install(TARGETS ${target}
+        RUNTIME DESTINATION ${KEST_SUITE_INSTALL_DIR}/bin COMPONENT Suite)
+endfunction()
+
 # One shared library of the suite: kest_<name>, known as kest::<name>, with its export macro
 # KEST_<NAME>_EXPORT in kest_<name>_export.h and its exported headers in <include_directory>.
 function(kest_library name)

@@ -2,14 +2,30 @@
 
 #include <QCoreApplication>
 #include <QDir>
+#include <QFileInfo>
 #include <QStandardPaths>
+
+namespace {
+
+// What every installation has.
+bool isInstallation(const QString& directory)
+{
+    return QFileInfo::exists(directory + QStringLiteral("/default.ini"));
+}
+
+} // namespace
 
 QString Installation::directory()
 {
     const QString home = qEnvironmentVariable("KEST_HOME");
-    return home.isEmpty() ? QDir::cleanPath(QCoreApplication::applicationDirPath() +
-                                            QLatin1String("/" KEST_SUITE_FROM_BIN))
-                          : QDir(home).absolutePath();
+    if (!home.isEmpty()) {
+        return QDir(home).absolutePath();
+    }
+    const QString programs = QCoreApplication::applicationDirPath();
+    const QString around = QDir::cleanPath(programs + QStringLiteral("/.."));
+    return isInstallation(around)
+               ? around
+               : QDir::cleanPath(programs + QLatin1String("/" KEST_SUITE_FROM_BIN));
 }
 
 QString Installation::helpDirectory()

@@ -6,7 +6,8 @@
 /// The suite's installation folder.
 namespace Installation {
 
-/// KEST_HOME, or the installation beside this program where that is not set.
+/// KEST_HOME; where that is not set the installation that this program is in, or else the one
+/// beside it.
 QString directory();
 
 /// The folder of the help pages, which comes with the installation.

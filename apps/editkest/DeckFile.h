@@ -1,0 +1,46 @@
+#ifndef DECKFILE_H
+#define DECKFILE_H
+
+#include <QByteArray>
+#include <QString>
+
+/// A deck's text as an editor has it, and how it stands in the file: what was not edited comes back
+/// byte for byte.
+class DeckFile
+{
+public:
+    /// Reads a file. False when it cannot be edited: error() says why, and nothing has changed.
+    bool load(const QString& path);
+
+    /// Writes the text into a file, whole or not at all. False when it cannot: error() says why.
+    bool save(const QString& path, const QString& text);
+
+    /// Whether the file has changed since it was read or written here.
+    bool isChangedOutside() const;
+
+    /// The bytes that save() would write.
+    QByteArray bytes(const QString& text) const;
+
+    /// Lines end in a line feed.
+    QString text() const { return m_text; }
+
+    QString path() const { return m_path; }
+    QString error() const { return m_error; }
+
+private:
+    enum class Encoding { Utf8, Latin1 };
+
+    bool fail(const QString& reason);
+    void decode(const QByteArray& bytes);
+    static QByteArray fingerprint(const QString& path);
+
+    QString m_path;
+    QString m_text;
+    QString m_error;
+    QByteArray m_fingerprint;
+    Encoding m_encoding = Encoding::Utf8;
+    QByteArray m_mark; // in front of the text: the byte order mark, or nothing
+    QByteArray m_lineEnd = QByteArrayLiteral("\n");
+};
+
+#endif

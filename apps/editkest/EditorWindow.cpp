@@ -1,0 +1,326 @@
+#include "EditorWindow.h"
+
+#include "DeckCheck.h"
+#include "DeckEditor.h"
+#include "DeckHighlighter.h"
+#include "WindowGeometry.h"
+
+#include <common_HelpClient.h>
+#include <common_IApplicationInfo.h>
+#include <common_IIconUtility.h>
+#include <common_ServiceOf.h>
+#include <common_UserQuery.h>
+#include <common_recent_file_settings.h>
+
+#include <QAction>
+#include <QCloseEvent>
+#include <QDir>
+#include <QDockWidget>
+#include <QFileDialog>
+#include <QFileInfo>
+#include <QIcon>
+#include <QLabel>
+#include <QListWidget>
+#include <QMenuBar>
+#include <QMimeData>
+#include <QStatusBar>
+
+#include <algorithm>
+
+namespace {
+
+const QString applicationName = QStringLiteral("editkest");
+const QString deckFilter = QStringLiteral("Models (*.nec);;All (*)");
+constexpr int lineRole = Qt::UserRole;
+
+QIcon icon(const QString& name)
+{
+    return GET_SERVICE(common_IIconUtility)->getIcon(name);
+}
+
+// clang-format off
+const struct { suite::Severity severity; const char* icon; } severityIcons[] = {
+    {suite::Severity::Fatal,   "fault"},
+    {suite::Severity::Error,   "fault"},
+    {suite::Severity::Warning, "warning"},
+    {suite::Severity::Notice,  "info"},
+};
+// clang-format on
+
+QIcon severityIcon(suite::Severity severity)
+{
+    const auto* row =
+        std::find_if(std::begin(severityIcons), std::end(severityIcons),
+                     [severity](const auto& candidate) { return candidate.severity == severity; });
+    return icon(QLatin1String(row->icon));
+}
+
+QString droppedFile(const QMimeData& data)
+{
+    const QList<QUrl> urls = data.urls();
+    return urls.size() == 1 ? urls.first().toLocalFile() : QString();
+}
+
+bool isYes(common_UserQuery& query)
+{
+    query.addOption(QStringLiteral("Yes"), QMessageBox::YesRole);
+    query.addOption(QStringLiteral("No"), QMessageBox::NoRole, common_UserQuery::EscapeDefault);
+    return query.display() == QMessageBox::YesRole;
+}
+
+} // namespace
+
+EditorWindow::EditorWindow(const QString& model)
+    : m_settings(GET_SERVICE(common_IApplicationInfo)->userSettingsDirectory(), applicationName)
+    , m_check(new DeckCheck(this))
+{
+    setObjectName(QStringLiteral("editkestWindow"));
+    setWindowIcon(icon(applicationName));
+    setAcceptDrops(true);
+    makeContent();
+    makeFileMenu();
+    makeEditMenu();
+    m_settings.readSettings();
+    WindowGeometry::restore(*this, *m_settings.geometry());
+    updateTitle();
+    if (!model.isEmpty()) {
+        openDeck(model);
+    }
+}
+
+EditorWindow::~EditorWindow() = default;
+
+void EditorWindow::makeContent()
+{
+    m_editor = new DeckEditor(this);
+    new DeckHighlighter(m_editor->document(), palette());
+    setCentralWidget(m_editor);
+    m_findings = new QListWidget(this);
+    m_findings->setObjectName(QStringLiteral("findingList"));
+    m_findings->setAccessibleName(QStringLiteral("Findings"));
+    auto* dock = new QDockWidget(QStringLiteral("Findings"), this);
+    dock->setObjectName(QStringLiteral("findingDock"));
+    dock->setFeatures(QDockWidget::DockWidgetMovable);
+    dock->setWidget(m_findings);
+    addDockWidget(Qt::BottomDockWidgetArea, dock);
+    m_summary = new QLabel(this);
+    m_summary->setObjectName(QStringLiteral("summary"));
+    statusBar()->addPermanentWidget(m_summary);
+    connect(m_editor, &QPlainTextEdit::textChanged, this,
+            [this] { m_check->request(m_file.bytes(m_editor->toPlainText())); });
+    connect(m_editor->document(), &QTextDocument::modificationChanged, this,
+            &EditorWindow::updateTitle);
+    connect(m_check, &DeckCheck::checked, this, &EditorWindow::showFindings);
+    connect(m_findings, &QListWidget::itemActivated, this, &EditorWindow::goToFinding);
+    GET_SERVICE(common_HelpClient)->registerPage(this, applicationName);
+}
+
+void EditorWindow::makeFileMenu()
+{
+    QMenu* menu = menuBar()->addMenu(QStringLiteral("&File"));
+    menu->addAction(icon(QStringLiteral("open")), QStringLiteral("&Open..."), this,
+                    &EditorWindow::chooseDeck, QKeySequence::Open);
+    QMenu* recent = menu->addMenu(icon(QStringLiteral("recent")), QStringLiteral("Open &recent"));
+    connect(recent, &QMenu::aboutToShow, this, [this, recent] { listRecentFiles(*recent); });
+    QAction* saveAction = menu->addAction(QStringLiteral("&Save"));
+    saveAction->setObjectName(QStringLiteral("saveAction"));
+    saveAction->setShortcut(QKeySequence::Save);
+    connect(saveAction, &QAction::triggered, this, &EditorWindow::save);
+    menu->addAction(QStringLiteral("Save &as..."), this, &EditorWindow::saveAs,
+                    QKeySequence(QStringLiteral("Ctrl+Shift+S")));
+    menu->addSeparator();
+    menu->addAction(QStringLiteral("&Quit"), this, &QWidget::close,
+                    QKeySequence(QStringLiteral("Ctrl+Q")));
+}
+
+void EditorWindow::makeEditMenu()
+{
+    QMenu* menu = menuBar()->addMenu(QStringLiteral("&Edit"));
+    menu->addAction(QStringLiteral("&Undo"), m_editor, &QPlainTextEdit::undo, QKeySequence::Undo);
+    menu->addAction(QStringLiteral("&Redo"), m_editor, &QPlainTextEdit::redo, QKeySequence::Redo);
+    menu->addSeparator();
+    QAction* next =
+        menu->addAction(QStringLiteral("&Next finding"), this, &EditorWindow::goToNextFinding,
+                        QKeySequence(QStringLiteral("F8")));
+    next->setObjectName(QStringLiteral("nextFindingAction"));
+}
+
+void EditorWindow::listRecentFiles(QMenu& menu)
+{
+    menu.clear();
+    const QStringList files = m_settings.recentFiles()->recentFiles();
+    for (const QString& file : files) {
+        QString shown = file;
+        shown.replace(QLatin1Char('&'), QStringLiteral("&&"));
+        menu.addAction(shown, this, [this, file] { openDeck(file); });
+    }
+}
+
+void EditorWindow::chooseDeck()
+{
+    const QString path = QFileDialog::getOpenFileName(
+        this, QStringLiteral("Open a model"), QFileInfo(m_file.path()).absolutePath(), deckFilter);
+    if (!path.isEmpty()) {
+        openDeck(path);
+    }
+}
+
+bool EditorWindow::openDeck(const QString& path)
+{
+    if (!mayDiscard()) {
+        return false;
+    }
+    const QString absolute = QFileInfo(path).absoluteFilePath();
+    if (!m_file.load(absolute)) {
+        common_UserQuery(QStringLiteral("Model not opened"),
+                         QStringLiteral("%1\ncannot be edited: %2.")
+                             .arg(QDir::toNativeSeparators(absolute), m_file.error()),
+                         common_UserQuery::Error, this, QString())
+            .display();
+        return false;
+    }
+    m_editor->setPlainText(m_file.text());
+    m_editor->document()->setModified(false);
+    m_settings.recentFiles()->addRecentFile(absolute);
+    updateTitle();
+    m_editor->setFocus();
+    return true;
+}
+
+bool EditorWindow::save()
+{
+    if (m_file.path().isEmpty()) {
+        saveAs();
+        return !m_editor->document()->isModified();
+    }
+    return mayOverwrite() && saveTo(m_file.path());
+}
+
+void EditorWindow::saveAs()
+{
+    const QString path = QFileDialog::getSaveFileName(this, QStringLiteral("Save the model as"),
+                                                      m_file.path(), deckFilter);
+    if (!path.isEmpty() && saveTo(path)) {
+        m_settings.recentFiles()->addRecentFile(path);
+    }
+}
+
+bool EditorWindow::saveTo(const QString& path)
+{
+    if (!m_file.save(path, m_editor->toPlainText())) {
+        common_UserQuery(QStringLiteral("Model not saved"),
+                         QStringLiteral("%1\ncannot be written: %2.")
+                             .arg(QDir::toNativeSeparators(path), m_file.error()),
+                         common_UserQuery::Error, this, QString())
+            .display();
+        return false;
+    }
+    m_editor->document()->setModified(false);
+    updateTitle();
+    return true;
+}
+
+void EditorWindow::showFindings(const QVector<suite::Finding>& findings)
+{
+    m_editor->setFindings(findings);
+    m_findings->clear();
+    int errors = 0;
+    int warnings = 0;
+    for (const suite::Finding& finding : findings) {
+        const QString place =
+            finding.line > 0 ? QStringLiteral("line %1: ").arg(finding.line) : QString();
+        auto* item = new QListWidgetItem(
+            severityIcon(finding.severity()),
+            place + finding.reason + QStringLiteral(" (%1)").arg(finding.number()), m_findings);
+        item->setData(lineRole, finding.line);
+        const bool isError = finding.severity() == suite::Severity::Error ||
+                             finding.severity() == suite::Severity::Fatal;
+        errors += isError ? 1 : 0;
+        warnings += finding.severity() == suite::Severity::Warning ? 1 : 0;
+    }
+    m_summary->setText(QStringLiteral("Errors: %1  Warnings: %2").arg(errors).arg(warnings));
+}
+
+void EditorWindow::goToFinding(QListWidgetItem* item)
+{
+    const int line = item->data(lineRole).toInt();
+    if (line > 0) {
+        m_editor->goToLine(line);
+    }
+}
+
+// The next one that belongs to a line, from the top again behind the last.
+void EditorWindow::goToNextFinding()
+{
+    const int count = m_findings->count();
+    for (int step = 1; step <= count; ++step) {
+        const int row = (m_findings->currentRow() + step) % count;
+        if (m_findings->item(row)->data(lineRole).toInt() > 0) {
+            m_findings->setCurrentRow(row);
+            goToFinding(m_findings->item(row));
+            return;
+        }
+    }
+}
+
+bool EditorWindow::mayDiscard()
+{
+    if (!m_editor->document()->isModified()) {
+        return true;
+    }
+    common_UserQuery query(QStringLiteral("Unsaved changes"),
+                           QStringLiteral("The model has been changed. Save it?"),
+                           common_UserQuery::Warning, this, QString());
+    query.addOption(QStringLiteral("&Save"), QMessageBox::AcceptRole,
+                    common_UserQuery::EnterDefault);
+    query.addOption(QStringLiteral("&Discard"), QMessageBox::DestructiveRole);
+    query.addOption(QStringLiteral("Cancel"), QMessageBox::RejectRole,
+                    common_UserQuery::EscapeDefault);
+    const int answer = query.display();
+    return answer == QMessageBox::DestructiveRole || (answer == QMessageBox::AcceptRole && save());
+}
+
+bool EditorWindow::mayOverwrite()
+{
+    if (!m_file.isChangedOutside()) {
+        return true;
+    }
+    common_UserQuery query(QStringLiteral("The file has changed"),
+                           QStringLiteral("%1\nwas changed by another program since it was opened "
+                                          "here. Replace what that wrote?")
+                               .arg(QDir::toNativeSeparators(m_file.path())),
+                           common_UserQuery::Warning, this, QString());
+    return isYes(query);
+}
+
+void EditorWindow::updateTitle()
+{
+    const QString name = QFileInfo(m_file.path()).fileName();
+    setWindowTitle((name.isEmpty() ? QStringLiteral("New model") : name) +
+                   QStringLiteral("[*] - editkest"));
+    setWindowModified(m_editor->document()->isModified());
+}
+
+void EditorWindow::closeEvent(QCloseEvent* event)
+{
+    if (!mayDiscard()) {
+        event->ignore();
+        return;
+    }
+    WindowGeometry::save(*this, *m_settings.geometry());
+    m_settings.writeSettings();
+    event->accept();
+}
+
+void EditorWindow::dragEnterEvent(QDragEnterEvent* event)
+{
+    if (!droppedFile(*event->mimeData()).isEmpty()) {
+        event->acceptProposedAction();
+    }
+}
+
+void EditorWindow::dropEvent(QDropEvent* event)
+{
+    openDeck(droppedFile(*event->mimeData()));
+    event->acceptProposedAction();
+}

@@ -1,0 +1,22 @@
+#ifndef EXPORT_H
+#define EXPORT_H
+
+#include "Result.h"
+
+#include <QSize>
+
+class ResultView;
+
+/// Writes charts and results into files: whole, or not at all.
+namespace Export {
+
+/// By the file's suffix: png and svg are pictures of the charts, csv is a table of all results.
+/// Returns why it could not be written; empty when it was.
+QString write(const QString& path, ResultView& view, const QVector<Result>& results);
+
+/// The table of all results: the columns of a run's table behind the result's name.
+QByteArray table(const QVector<Result>& results);
+
+} // namespace Export
+
+#endif

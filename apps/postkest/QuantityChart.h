@@ -1,0 +1,69 @@
+#ifndef QUANTITYCHART_H
+#define QUANTITYCHART_H
+
+#include "Result.h"
+
+#include <QChartView>
+
+#include <optional>
+
+class QGraphicsLineItem;
+
+namespace QtCharts {
+class QValueAxis;
+} // namespace QtCharts
+
+/// The range of frequencies that charts show together, in MHz.
+struct FrequencyWindow
+{
+    double lowest = 0;
+    double highest = 1;
+};
+
+/// One quantity of all results over frequency. The pointer's frequency is told, and marked by a
+/// line.
+class QuantityChart : public QtCharts::QChartView
+{
+    Q_OBJECT
+
+public:
+    QuantityChart(Quantity quantity, QWidget* parent);
+
+    /// Draws these results anew, each in the colour of its place in the list.
+    void show(const QVector<Result>& results, FrequencyWindow window);
+
+    /// Puts the line at a frequency, or hides it.
+    void mark(std::optional<double> frequency);
+
+    /// Whether the frequencies are named below the chart, as in the last of several.
+    void setFrequencyTitle(bool isShown);
+
+    /// The name with its unit, as at the axis.
+    static QString title(Quantity quantity);
+
+    /// The colour of the result at a place in the list, which can be told from the background.
+    QColor colour(int place) const;
+
+Q_SIGNALS:
+    /// The pointer moved to a frequency, or away.
+    void pointed(std::optional<double> frequency);
+
+protected:
+    void mouseMoveEvent(QMouseEvent* event) override;
+    void leaveEvent(QEvent* event) override;
+
+private:
+    void makeAxes();
+    void addCurves(const Result& result, const QColor& colour);
+    void addCurve(const QVector<QPointF>& points, const QColor& colour, const QString& name);
+    void scale(const QVector<Result>& results, FrequencyWindow window);
+    void placeMark();
+
+    Quantity m_quantity;
+    QtCharts::QValueAxis* m_frequencyAxis = nullptr;
+    QtCharts::QValueAxis* m_valueAxis = nullptr;
+    QGraphicsLineItem* m_mark = nullptr;
+    std::optional<double> m_marked;
+};
+
+#endif

@@ -1,0 +1,280 @@
+#include "ViewerWindow.h"
+
+#include "Export.h"
+#include "ResultView.h"
+#include "WindowGeometry.h"
+
+#include <common_HelpClient.h>
+#include <common_IApplicationInfo.h>
+#include <common_IIconUtility.h>
+#include <common_ServiceOf.h>
+#include <common_UserQuery.h>
+#include <common_recent_file_settings.h>
+
+#include <QAction>
+#include <QCloseEvent>
+#include <QDir>
+#include <QDockWidget>
+#include <QFileDialog>
+#include <QFileInfo>
+#include <QListWidget>
+#include <QMenuBar>
+#include <QMimeData>
+#include <QSignalBlocker>
+#include <QStatusBar>
+
+#include <algorithm>
+
+namespace {
+
+const QString applicationName = QStringLiteral("postkest");
+
+QIcon icon(const QString& name)
+{
+    return GET_SERVICE(common_IIconUtility)->getIcon(name);
+}
+
+QStringList localFiles(const QMimeData& data)
+{
+    QStringList result;
+    const QList<QUrl> urls = data.urls();
+    for (const QUrl& url : urls) {
+        if (url.isLocalFile()) {
+            result.append(url.toLocalFile());
+        }
+    }
+    return result;
+}
+
+QIcon colourIcon(const QColor& colour)
+{
+    constexpr int side = 12;
+    QPixmap pixmap(side, side);
+    pixmap.fill(colour);
+    return QIcon(pixmap);
+}
+
+} // namespace
+
+ViewerWindow::ViewerWindow(const QStringList& paths)
+    : m_settings(GET_SERVICE(common_IApplicationInfo)->userSettingsDirectory(), applicationName)
+    , m_watch(new ResultWatch(this))
+{
+    setObjectName(QStringLiteral("postkestWindow"));
+    setWindowTitle(applicationName);
+    setWindowIcon(icon(applicationName));
+    setAcceptDrops(true);
+    makeContent();
+    makeFileMenu();
+    makeViewMenu();
+    m_settings.readSettings();
+    WindowGeometry::restore(*this, *m_settings.geometry());
+    connect(m_watch, &ResultWatch::changed, this, &ViewerWindow::reload);
+    openResults(paths);
+}
+
+ViewerWindow::~ViewerWindow() = default;
+
+void ViewerWindow::makeContent()
+{
+    m_view = new ResultView(this);
+    setCentralWidget(m_view);
+    m_list = new QListWidget(this);
+    m_list->setObjectName(QStringLiteral("resultList"));
+    m_list->setAccessibleName(QStringLiteral("Results"));
+    connect(m_list, &QListWidget::itemChanged, this, &ViewerWindow::noteVisibility);
+    auto* dock = new QDockWidget(QStringLiteral("Results"), this);
+    dock->setObjectName(QStringLiteral("resultDock"));
+    dock->setFeatures(QDockWidget::DockWidgetMovable);
+    dock->setWidget(m_list);
+    addDockWidget(Qt::LeftDockWidgetArea, dock);
+    GET_SERVICE(common_HelpClient)->registerPage(this, applicationName);
+}
+
+void ViewerWindow::makeFileMenu()
+{
+    QMenu* menu = menuBar()->addMenu(QStringLiteral("&File"));
+    QAction* open =
+        menu->addAction(icon(QStringLiteral("open")), QStringLiteral("&Open results..."), this,
+                        &ViewerWindow::chooseResults, QKeySequence::Open);
+    open->setObjectName(QStringLiteral("openAction"));
+    QMenu* recent = menu->addMenu(icon(QStringLiteral("recent")), QStringLiteral("Open &recent"));
+    connect(recent, &QMenu::aboutToShow, this, [this, recent] { listRecentFiles(*recent); });
+    QAction* save = menu->addAction(QStringLiteral("&Export..."), this, &ViewerWindow::exportView,
+                                    QKeySequence(QStringLiteral("Ctrl+E")));
+    save->setObjectName(QStringLiteral("exportAction"));
+    menu->addSeparator();
+    menu->addAction(QStringLiteral("&Quit"), this, &QWidget::close,
+                    QKeySequence(QStringLiteral("Ctrl+Q")));
+}
+
+void ViewerWindow::makeViewMenu()
+{
+    QMenu* menu = menuBar()->addMenu(QStringLiteral("&View"));
+    QAction* again = menu->addAction(QStringLiteral("&Reload"), this, &ViewerWindow::reloadAll,
+                                     QKeySequence(QStringLiteral("F5")));
+    again->setObjectName(QStringLiteral("reloadAction"));
+    QAction* remove = menu->addAction(QStringLiteral("Re&move result"), this,
+                                      &ViewerWindow::removeSelected, QKeySequence::Delete);
+    remove->setObjectName(QStringLiteral("removeAction"));
+}
+
+void ViewerWindow::openResults(const QStringList& paths)
+{
+    for (const QString& path : paths) {
+        const Result result = Result::read(path);
+        const auto known =
+            std::find_if(m_results.begin(), m_results.end(),
+                         [&result](const Result& each) { return each.path == result.path; });
+        if (known != m_results.end()) {
+            reload(result.path);
+            continue;
+        }
+        const QSignalBlocker blocker(m_list);
+        m_results.append(result);
+        auto* item = new QListWidgetItem(result.name(), m_list);
+        item->setCheckState(Qt::Checked);
+        item->setToolTip(QDir::toNativeSeparators(result.path));
+        updateItem(m_results.size() - 1);
+        m_watch->add(result.path);
+        m_settings.recentFiles()->addRecentFile(result.path);
+    }
+    showResults();
+}
+
+void ViewerWindow::chooseResults()
+{
+    const QString folder =
+        m_results.isEmpty() ? QString() : QFileInfo(m_results.last().path).absolutePath();
+    openResults(QFileDialog::getOpenFileNames(this, QStringLiteral("Open results"), folder,
+                                              QStringLiteral("Results (*.csv);;All (*)")));
+}
+
+void ViewerWindow::listRecentFiles(QMenu& menu)
+{
+    menu.clear();
+    const QStringList files = m_settings.recentFiles()->recentFiles();
+    for (const QString& file : files) {
+        QString shown = file;
+        shown.replace(QLatin1Char('&'), QStringLiteral("&&"));
+        menu.addAction(shown, this, [this, file] { openResults({file}); });
+    }
+}
+
+void ViewerWindow::exportView()
+{
+    const QString path = QFileDialog::getSaveFileName(
+        this, QStringLiteral("Export"), QStringLiteral("results.png"),
+        QStringLiteral("Picture (*.png);;Drawing (*.svg);;Table (*.csv)"));
+    if (path.isEmpty()) {
+        return;
+    }
+    const QString error = Export::write(path, *m_view, visibleResults());
+    if (error.isEmpty()) {
+        statusBar()->showMessage(QStringLiteral("Written: %1").arg(QDir::toNativeSeparators(path)));
+    } else {
+        common_UserQuery(QStringLiteral("Not exported"), error, common_UserQuery::Error, this,
+                         QString())
+            .display();
+    }
+}
+
+void ViewerWindow::reloadAll()
+{
+    for (const Result& result : QVector<Result>(m_results)) {
+        reload(result.path);
+    }
+}
+
+void ViewerWindow::reload(const QString& path)
+{
+    for (int place = 0; place < m_results.size(); ++place) {
+        if (m_results.at(place).path == path) {
+            m_results[place] = Result::read(path);
+            updateItem(place);
+            statusBar()->showMessage(
+                QStringLiteral("Read again: %1").arg(m_results.at(place).name()));
+        }
+    }
+    showResults();
+}
+
+void ViewerWindow::removeSelected()
+{
+    const int place = m_list->currentRow();
+    if (place >= 0) {
+        const QSignalBlocker blocker(m_list);
+        delete m_list->takeItem(place);
+        m_results.removeAt(place);
+        showResults();
+    }
+}
+
+void ViewerWindow::noteVisibility(QListWidgetItem* /*item*/)
+{
+    showResults();
+}
+
+void ViewerWindow::showResults()
+{
+    m_view->setResults(visibleResults());
+    const QVector<Result> shown = visibleResults();
+    int colour = 0;
+    const QSignalBlocker blocker(m_list);
+    for (int place = 0; place < m_results.size(); ++place) {
+        QListWidgetItem* item = m_list->item(place);
+        const bool isDrawn =
+            item->checkState() == Qt::Checked && m_results.at(place).error.isEmpty();
+        item->setIcon(isDrawn
+                          ? colourIcon(m_view->colour(colour++))
+                          : icon(m_results.at(place).error.isEmpty() ? QStringLiteral("result")
+                                                                     : QStringLiteral("fault")));
+    }
+    setWindowTitle(shown.isEmpty() ? applicationName
+                                   : shown.last().name() + QStringLiteral(" - postkest"));
+}
+
+void ViewerWindow::updateItem(int place)
+{
+    const QSignalBlocker blocker(m_list);
+    const Result& result = m_results.at(place);
+    const QString path = QDir::toNativeSeparators(result.path);
+    m_list->item(place)->setToolTip(
+        result.error.isEmpty() ? path : path + QStringLiteral("\nNot shown: ") + result.error);
+    if (!result.error.isEmpty()) {
+        statusBar()->showMessage(
+            QStringLiteral("%1 is not shown: %2").arg(result.name(), result.error));
+    }
+}
+
+QVector<Result> ViewerWindow::visibleResults() const
+{
+    QVector<Result> result;
+    for (int place = 0; place < m_results.size(); ++place) {
+        if (m_list->item(place)->checkState() == Qt::Checked &&
+            m_results.at(place).error.isEmpty()) {
+            result.append(m_results.at(place));
+        }
+    }
+    return result;
+}
+
+void ViewerWindow::closeEvent(QCloseEvent* event)
+{
+    WindowGeometry::save(*this, *m_settings.geometry());
+    m_settings.writeSettings();
+    QMainWindow::closeEvent(event);
+}
+
+void ViewerWindow::dragEnterEvent(QDragEnterEvent* event)
+{
+    if (!localFiles(*event->mimeData()).isEmpty()) {
+        event->acceptProposedAction();
+    }
+}
+
+void ViewerWindow::dropEvent(QDropEvent* event)
+{
+    openResults(localFiles(*event->mimeData()));
+    event->acceptProposedAction();
+}

@@ -1,0 +1,186 @@
+#include "DeckCheck.h"
+#include "DeckEditor.h"
+#include "DeckHighlighter.h"
+#include "FindingMargin.h"
+
+#include <ApplicationIdentity.h>
+#include <Services.h>
+
+#include <QSignalSpy>
+#include <QTextBlock>
+#include <QTextLayout>
+#include <QtTest>
+
+Q_DECLARE_METATYPE(suite::Finding)
+
+namespace {
+
+const QByteArray goodDeck = "CM a dipole\nCE\nGW 1 21 0 0 -0.25 0 0 0.25 0.001\nGE 0\n"
+                            "FR 0 1 0 0 300 0\nEX 0 1 11 0 1 0\nXQ\nEN\n";
+
+// The formats of a line: start, length and whether it is bold.
+QVector<QTextLayout::FormatRange> formatsOf(const QPlainTextEdit& editor, int line)
+{
+    return editor.document()->findBlockByNumber(line - 1).layout()->formats();
+}
+
+} // namespace
+
+// The editor colours the cards and marks what a check found.
+class tst_deck_editor : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase()
+    {
+        qRegisterMetaType<QVector<suite::Finding>>();
+        m_services = std::make_unique<Services>(
+            ApplicationIdentity{QStringLiteral("editkest"), QString()}, false);
+    }
+    void cleanupTestCase() { m_services.reset(); }
+
+    void cardsAreColouredByTheirPlaceInTheDeck()
+    {
+        DeckEditor editor;
+        DeckHighlighter highlighter(editor.document(), editor.palette());
+        editor.setPlainText(QStringLiteral("CM text\nGW 1 ! remark\nFR 0\nEN\nQX 1\n# note\n\n"));
+        highlighter.rehighlight();
+        const auto colourOf = [&](int line) {
+            return formatsOf(editor, line).value(0).format.foreground().color();
+        };
+        QCOMPARE(formatsOf(editor, 1).value(0).length, 7);
+        QCOMPARE(formatsOf(editor, 2).value(0).length, 2);
+        QVERIFY(formatsOf(editor, 2).value(0).format.fontWeight() == QFont::Bold);
+        QCOMPARE(formatsOf(editor, 2).last().start, 5);
+        QVERIFY(formatsOf(editor, 2).last().format.fontItalic());
+        QSet<QRgb> colours;
+        for (const int line : {1, 2, 3, 4, 5}) {
+            colours.insert(colourOf(line).rgb());
+        }
+        QCOMPARE(colours.size(), 5);
+        QCOMPARE(colourOf(6), colourOf(1));
+        QVERIFY(formatsOf(editor, 7).isEmpty());
+    }
+
+    void coloursCanBeReadOnDarkAndLight()
+    {
+        for (const QColor& base : {QColor(Qt::white), QColor(30, 30, 30)}) {
+            QPalette palette;
+            palette.setColor(QPalette::Base, base);
+            QTextDocument document;
+            DeckHighlighter highlighter(&document, palette);
+            document.setPlainText(QStringLiteral("CM a\nGW 1\nFR 0\nEN\nQX 1\n# note"));
+            highlighter.rehighlight();
+            for (QTextBlock block = document.begin(); block.isValid(); block = block.next()) {
+                const auto formats = block.layout()->formats();
+                for (const auto& range : formats) {
+                    const double contrast =
+                        qAbs(range.format.foreground().color().lightnessF() - base.lightnessF());
+                    QVERIFY2(contrast > 0.35, qPrintable(block.text()));
+                }
+            }
+        }
+    }
+
+    void findingsStandAtTheirLines()
+    {
+        DeckEditor editor;
+        editor.setPlainText(QStringLiteral("a\nb\nc\n"));
+        const suite::Finding error = {suite::FindingKind::UnknownCard, 2,
+                                      QStringLiteral("bad <card>")};
+        const suite::Finding notice = {suite::FindingKind::WireCount, 3, QStringLiteral("wires")};
+        const suite::Finding nowhere = {suite::FindingKind::NoEnd, 0, QStringLiteral("no end")};
+        editor.setFindings({error, notice, nowhere});
+        QCOMPARE(editor.findingsAt(2).size(), 1);
+        QVERIFY(editor.findingsAt(3).isEmpty());
+        QVERIFY(editor.findingsAt(0).isEmpty());
+        const auto* margin = editor.findChild<FindingMargin*>();
+        QCOMPARE(margin->toolTipOf(2), QStringLiteral("%1: bad <card>").arg(error.number()));
+        QCOMPARE(margin->toolTipOf(1), QString());
+        editor.setFindings({});
+        QVERIFY(editor.findingsAt(2).isEmpty());
+    }
+
+    void markIsPaintedBesideTheLine()
+    {
+        DeckEditor editor;
+        editor.setPlainText(QStringLiteral("a\nb\nc\n"));
+        editor.resize(300, 200);
+        editor.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&editor));
+        auto* margin = editor.findChild<FindingMargin*>();
+        const QImage before = margin->grab().toImage();
+        editor.setFindings({{suite::FindingKind::UnknownCard, 2, QStringLiteral("bad")}});
+        const QImage after = margin->grab().toImage();
+        QVERIFY(before != after);
+        const int height = editor.fontMetrics().height();
+        const auto isSame = [&](int line) {
+            const QRect place(0, (line - 1) * height + 4, before.width(), height - 2);
+            return before.copy(place) == after.copy(place);
+        };
+        QVERIFY(!isSame(2));
+        QVERIFY(isSame(4));
+    }
+
+    void marginHasRoomForEveryLineNumber()
+    {
+        DeckEditor editor;
+        const int narrow = editor.marginWidth();
+        editor.setPlainText(QString(12345, QLatin1Char('\n')));
+        QVERIFY(editor.marginWidth() > narrow);
+    }
+
+    void checkTellsWhatPrekestWouldSay()
+    {
+        DeckCheck check(nullptr);
+        QSignalSpy spy(&check, &DeckCheck::checked);
+        check.request(QByteArray(goodDeck).replace("0.001", "zero"));
+        QVERIFY(spy.wait());
+        const auto findings = spy.takeFirst().first().value<QVector<suite::Finding>>();
+        QVERIFY(!findings.isEmpty());
+        QCOMPARE(findings.first().line, 3);
+        QCOMPARE(findings.first().kind, suite::FindingKind::NotNumber);
+    }
+
+    void onlyTheLastRequestIsAnswered()
+    {
+        DeckCheck check(nullptr);
+        QSignalSpy spy(&check, &DeckCheck::checked);
+        for (int i = 0; i < 50; ++i) {
+            check.request("nonsense\n");
+        }
+        check.request(goodDeck);
+        QVERIFY(spy.wait());
+        QVERIFY(!spy.wait(500));
+        QCOMPARE(spy.size(), 1);
+        const auto findings = spy.first().first().value<QVector<suite::Finding>>();
+        for (const suite::Finding& finding : findings) {
+            QCOMPARE(finding.severity(), suite::Severity::Notice);
+        }
+    }
+
+    void requestDuringACheckIsAnsweredToo()
+    {
+        QByteArray large = "CE\n";
+        for (int i = 0; i < 100000; ++i) {
+            large += "GW 1 21 0 0 -0.25 0 0 0.25 0.001\n";
+        }
+        DeckCheck check(nullptr);
+        QSignalSpy spy(&check, &DeckCheck::checked);
+        check.request(large);
+        QTest::qWait(170); // the check has begun
+        check.request(goodDeck);
+        QTRY_VERIFY_WITH_TIMEOUT(!spy.isEmpty(), 30000);
+        const auto findings = spy.last().first().value<QVector<suite::Finding>>();
+        for (const suite::Finding& finding : findings) {
+            QCOMPARE(finding.severity(), suite::Severity::Notice);
+        }
+    }
+
+private:
+    std::unique_ptr<Services> m_services;
+};
+
+QTEST_MAIN(tst_deck_editor)
+#include "tst_deck_editor.moc"
