@@ -26,3 +26,4 @@ install_missing() {
 }
 
 build_packages=(cmake ninja-build g++ qtbase5-dev libqt5svg5-dev libkf5coreaddons-dev nec2c)
+build_packages=(cmake ninja-build g++ pkgconf qtbase5-dev libkf5coreaddons-dev libspnav-dev nec2c)

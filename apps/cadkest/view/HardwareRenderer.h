@@ -1,0 +1,42 @@
+#ifndef HARDWARERENDERER_H
+#define HARDWARERENDERER_H
+
+#include "Renderer.h"
+
+#include <QString>
+
+class QOffscreenSurface;
+class QOpenGLContext;
+class QOpenGLFramebufferObject;
+
+namespace cad {
+
+class HardwareDrawing;
+
+/// Draws by OpenGL into a picture, without a window.
+class HardwareRenderer : public Renderer
+{
+public:
+    HardwareRenderer();
+    ~HardwareRenderer() override;
+
+    /// Why nothing can be drawn by OpenGL here; empty when it can.
+    [[nodiscard]] QString error() const { return m_error; }
+
+    /// What draws: the graphics card or the program in its place.
+    [[nodiscard]] QString device() const;
+
+    QImage render(const Frame& frame) override;
+
+private:
+    bool makeCurrent();
+
+    std::unique_ptr<QOffscreenSurface> m_surface;
+    std::unique_ptr<QOpenGLContext> m_context;
+    std::unique_ptr<HardwareDrawing> m_drawing;
+    QString m_error;
+};
+
+} // namespace cad
+
+#endif

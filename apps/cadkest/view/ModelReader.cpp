@@ -1,0 +1,36 @@
+#include "ModelReader.h"
+
+#include <ModelFile.h>
+#include <Preprocessor.h>
+
+namespace cad {
+
+namespace {
+
+QString textOf(const suite::Finding& finding)
+{
+    return finding.line == 0
+               ? finding.reason
+               : QStringLiteral("line %1: %2").arg(QString::number(finding.line), finding.reason);
+}
+
+} // namespace
+
+ReadModel readModel(const QString& name)
+{
+    const suite::ModelFile file(name);
+    const suite::Preprocessor preprocessor(file);
+    ReadModel result;
+    result.path = file.path();
+    result.scene = sceneOf(preprocessor.model());
+    const auto findings = preprocessor.findings().sorted();
+    for (const suite::Finding& finding : findings) {
+        const suite::Severity severity = finding.severity();
+        if (severity == suite::Severity::Fatal || severity == suite::Severity::Error) {
+            result.errors.append(textOf(finding));
+        }
+    }
+    return result;
+}
+
+} // namespace cad

@@ -1,0 +1,22 @@
+#include "PictureFile.h"
+
+#include <QDir>
+#include <QImage>
+#include <QSaveFile>
+
+namespace cad {
+
+QString savePicture(const QImage& image, const QString& path)
+{
+    const QString name = QDir::toNativeSeparators(path);
+    if (image.isNull()) {
+        return QStringLiteral("%1: there is not enough memory for the picture").arg(name);
+    }
+    QSaveFile file(path);
+    if (!file.open(QIODevice::WriteOnly) || !image.save(&file, "PNG") || !file.commit()) {
+        return QStringLiteral("%1: %2").arg(name, file.errorString());
+    }
+    return QString();
+}
+
+} // namespace cad

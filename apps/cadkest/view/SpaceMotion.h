@@ -1,0 +1,30 @@
+#ifndef SPACEMOTION_H
+#define SPACEMOTION_H
+
+#include <QMetaType>
+#include <QVector3D>
+
+class QSize;
+
+namespace cad {
+
+class Camera;
+
+/// What the cap of a 3D mouse tells: how far it is moved and turned, around 350 at its limits, to
+/// the right, up and towards the user, and for how long it has been so.
+struct SpaceMotion
+{
+    QVector3D move;
+    QVector3D turn; ///< around the same axes, anticlockwise seen against them
+    int milliseconds = 0;
+};
+
+/// Moves and turns the scene as the cap is moved and turned; pulled towards the user it grows. The
+/// sensitivity is that of common_3DMouseOptions: 50 is usual, 100 twice as fast.
+void apply(const SpaceMotion& motion, double sensitivity, Camera& camera, const QSize& size);
+
+} // namespace cad
+
+Q_DECLARE_METATYPE(cad::SpaceMotion)
+
+#endif

@@ -1,0 +1,66 @@
+#ifndef MAINWINDOW_H
+#define MAINWINDOW_H
+
+#include "SceneView.h"
+
+#include <QMainWindow>
+
+class QLabel;
+class QMenu;
+
+namespace cad {
+
+class ModelWatcher;
+
+/// Shows one model and follows its file.
+class MainWindow : public QMainWindow
+{
+    Q_OBJECT
+
+public:
+    explicit MainWindow(QWidget* parent = nullptr);
+
+    /// Shows a model as far as it can be read, with what is wrong with it above the view. One that
+    /// cannot be read at all leaves the view as it is.
+    void openModel(const QString& name);
+
+    /// Reads the model again and keeps the view.
+    void reload();
+
+    /// Absolute path of the model that is shown; empty without one.
+    [[nodiscard]] QString modelPath() const { return m_path; }
+
+    [[nodiscard]] SceneView* view() const { return m_view; }
+
+    /// The menu that further settings go into.
+    [[nodiscard]] QMenu* settingsMenu() const { return m_settingsMenu; }
+
+    /// Changes the renderer; where hardware is not to be had, software goes on and the user is
+    /// told. Returns whether it is as asked.
+    bool setRendering(Rendering rendering);
+
+Q_SIGNALS:
+    /// A model was opened, by the user or by openModel().
+    void modelOpened(const QString& path);
+
+private:
+    void makeMenus();
+    void makeViewMenu();
+    void showModel(const QString& name, bool isNew);
+    void tellErrors(const QString& name, const QStringList& errors, bool isShown);
+    void tellRendering(const QString& error);
+    void askForModel();
+    void savePicture();
+
+    SceneView* m_view;
+    QLabel* m_modelMessage;
+    QLabel* m_renderingMessage;
+    QLabel* m_renderingName;
+    QMenu* m_settingsMenu = nullptr;
+    ModelWatcher* m_watcher;
+    QString m_path;
+};
+
+} // namespace cad
+
+#endif

@@ -1,0 +1,63 @@
+// A net of 10,000 wires turned by software and by OpenGL, at the size of a large window.
+#include "RatioReporter.h"
+
+#include <HardwareRenderer.h>
+#include <Scenes.h>
+#include <SoftwareRenderer.h>
+
+#include <QGuiApplication>
+
+namespace {
+
+constexpr int Wires = 10000;
+constexpr int FramesOfTurn = 100;
+const QSize pictureSize(1280, 800);
+
+const cad::Frame& firstFrame()
+{
+    static const cad::Frame frame = frameOf(net(Wires), cad::Direction::Isometric, pictureSize);
+    return frame;
+}
+
+// One item is one frame.
+void turn(benchmark::State& state, cad::Renderer& renderer)
+{
+    renderer.render(firstFrame());
+    for (auto _ : state) {
+        cad::Frame frame = firstFrame();
+        for (int i = 0; i < FramesOfTurn; ++i) {
+            frame.camera.turn({0.06, 0.01});
+            benchmark::DoNotOptimize(renderer.render(frame));
+        }
+    }
+    state.SetItemsProcessed(state.iterations() * FramesOfTurn);
+}
+
+void softwareTurn(benchmark::State& state)
+{
+    cad::SoftwareRenderer renderer;
+    turn(state, renderer);
+}
+
+void hardwareTurn(benchmark::State& state)
+{
+    cad::HardwareRenderer renderer;
+    if (!renderer.error().isEmpty()) {
+        state.SkipWithError(qPrintable(renderer.error()));
+        return;
+    }
+    turn(state, renderer);
+}
+
+} // namespace
+
+BENCHMARK(softwareTurn)->Unit(benchmark::kMillisecond)->UseRealTime();
+BENCHMARK(hardwareTurn)->Unit(benchmark::kMillisecond)->UseRealTime();
+
+int main(int argc, char* argv[])
+{
+    const QGuiApplication application(argc, argv);
+    return runBenchmarks(
+        argc, argv,
+        {{"frames by software to frames by OpenGL", "softwareTurn", "hardwareTurn", 1}});
+}
