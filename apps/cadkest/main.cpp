@@ -1,6 +1,9 @@
 #include "CommandLine.h"
-#include "MainWindow.h"
 #include "PictureCommand.h"
+#include "WindowCommand.h"
+
+#include <ApplicationIdentity.h>
+#include <Services.h>
 
 #include <ComponentSetup.h>
 
@@ -19,6 +22,8 @@ int main(int argc, char* argv[])
     QApplication::setApplicationName(QStringLiteral("cadkest"));
     QApplication::setApplicationVersion(QStringLiteral(CADKEST_VERSION));
 
+    const Services services({QStringLiteral("cadkest"), QStringLiteral("models/dipole.nec")},
+                            isNonInteractive);
     const cad::CommandLine commandLine = cad::CommandLine::parsed(QApplication::arguments());
     switch (commandLine.request) {
     case cad::CommandLine::Request::ShowText:
@@ -33,10 +38,5 @@ int main(int argc, char* argv[])
     case cad::CommandLine::Request::ShowWindow:
         break;
     }
-    cad::MainWindow window;
-    if (!commandLine.model.isEmpty()) {
-        window.openModel(commandLine.model);
-    }
-    window.show();
-    return QApplication::exec();
+    return cad::showWindow(commandLine);
 }

@@ -1,0 +1,44 @@
+#ifndef HARDWAREOFFER_H
+#define HARDWAREOFFER_H
+
+#include <QObject>
+
+#include <memory>
+
+class common_InitialRenderingSettingsDialog;
+
+namespace cad {
+
+class MainWindow;
+class RenderingSettings;
+
+/// Offers hardware rendering to a user who was never asked: first as a test, then to be kept. While
+/// it has not been kept, software rendering is what the settings say, so that a driver that ends
+/// the program is not met again on the next start.
+class HardwareOffer : public QObject
+{
+    Q_OBJECT
+
+public:
+    /// Neither is the offer's; both must live longer.
+    HardwareOffer(MainWindow* window, RenderingSettings* settings);
+    ~HardwareOffer() override;
+
+    /// Asks, if there is anything to ask.
+    void make();
+
+Q_SIGNALS:
+    /// The user has answered, and the settings are written.
+    void answered();
+
+private:
+    void finish(bool isKept);
+
+    MainWindow* m_window;
+    RenderingSettings* m_settings;
+    std::unique_ptr<common_InitialRenderingSettingsDialog> m_dialog;
+};
+
+} // namespace cad
+
+#endif

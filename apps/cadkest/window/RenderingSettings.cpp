@@ -1,0 +1,43 @@
+#include "RenderingSettings.h"
+
+namespace cad {
+
+namespace {
+
+constexpr int GreatestDisplacement = 32;
+
+const QString hardwareKey = QStringLiteral("HardwareRendering");
+const QString displacementKey = QStringLiteral("FaceDisplacement");
+const QString askedKey = QStringLiteral("HardwareRenderingAsked");
+
+} // namespace
+
+RenderingSettings::RenderingSettings(const QString& fileName)
+    : common_settings(fileName, QStringLiteral("rendering"), QSettings::IniFormat)
+{}
+
+void RenderingSettings::restoreDefaults()
+{
+    rendering = Rendering::Software;
+    faceDisplacement = 2;
+    wasAsked = false;
+}
+
+void RenderingSettings::doReadSettings(QSettings& settings)
+{
+    restoreDefaults();
+    rendering =
+        settings.value(hardwareKey, false).toBool() ? Rendering::Hardware : Rendering::Software;
+    faceDisplacement =
+        qBound(0, settings.value(displacementKey, faceDisplacement).toInt(), GreatestDisplacement);
+    wasAsked = settings.value(askedKey, false).toBool();
+}
+
+void RenderingSettings::doWriteSettings(QSettings& settings)
+{
+    settings.setValue(hardwareKey, rendering == Rendering::Hardware);
+    settings.setValue(displacementKey, faceDisplacement);
+    settings.setValue(askedKey, wasAsked);
+}
+
+} // namespace cad

@@ -1,0 +1,29 @@
+#ifndef RENDERINGSETTINGS_H
+#define RENDERINGSETTINGS_H
+
+#include "SceneView.h"
+
+#include <common_settings.h>
+
+namespace cad {
+
+/// How the user wants models drawn: the group "rendering" of the application's settings file.
+class RenderingSettings : public common_settings
+{
+public:
+    explicit RenderingSettings(const QString& fileName);
+
+    void restoreDefaults() override;
+
+    Rendering rendering = Rendering::Software;
+    int faceDisplacement = 2;
+    bool wasAsked = false; ///< whether the user has answered about hardware rendering
+
+protected:
+    void doReadSettings(QSettings& settings) override;
+    void doWriteSettings(QSettings& settings) override;
+};
+
+} // namespace cad
+
+#endif
