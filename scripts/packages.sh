@@ -25,4 +25,5 @@ install_missing() {
         apt-get -qq -y --no-install-recommends install "${missing[@]}" >/dev/null
 }
 
-build_packages=(cmake ninja-build g++ qtbase5-dev libkf5coreaddons-dev nec2c)
+build_packages=(cmake ninja-build g++ qtbase5-dev libkf5coreaddons-dev nec2c
+    mpich libmpich-dev openssh-client)

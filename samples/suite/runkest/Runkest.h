@@ -3,6 +3,7 @@
 #include "ComponentProgram.h"
 #include "ResultFiles.h"
 #include "SweepDeck.h"
+#include "SweepPlan.h"
 #include "SweepReport.h"
 #include "SweepRunner.h"
 
@@ -23,8 +24,7 @@ protected:
 
 private:
     bool prepare();
-    void startSweep(const QString& engine);
-    [[nodiscard]] int processCount() const;
+    void startSweep();
     void takeResult(int index, const suite::EngineOutput& output);
     void printProgress(int index);
     void endSweep(bool isComplete);
@@ -33,6 +33,7 @@ private:
     suite::SweepReport m_report;
     suite::ResultFiles m_results;
     QStringList m_resultPaths;
+    std::unique_ptr<suite::SweepPlan> m_plan;
     std::unique_ptr<suite::SweepDeck> m_deck;
     std::unique_ptr<suite::SweepRunner> m_sweep;
 };
