@@ -30,28 +30,17 @@ Adaptkest::Adaptkest() : ComponentProgram(QStringLiteral("adaptkest"), OptionGro
 
 Adaptkest::~Adaptkest() = default;
 
-// The one place that says where the engines run.
+// The one place that says where the engines run: its own count means this machine.
 std::unique_ptr<SweepRunner> Adaptkest::makeSweep(const SweepDeck& deck) const
 {
-    return std::make_unique<Sweep>(deck, m_engine, processCount(deck.count()), true);
-}
-
-int Adaptkest::processCount(int frequencyCount) const
-{
-    const CommandLine& line = commandLine();
-    const QString given[] = {line.value(OptionGroup::Adaptkest, QStringLiteral("-np")),
-                             line.value(OptionGroup::Runkest, QStringLiteral("-np")),
-                             line.value(OptionGroup::Runkest, QStringLiteral("-NP"))};
-    int wanted = QThread::idealThreadCount();
-    for (const QString& value : given) {
-        if (!value.isEmpty()) {
-            bool isNumber = false;
-            const int number = value.toInt(&isNumber);
-            wanted = isNumber ? number : wanted;
-            break;
-        }
+    const QString given = commandLine().value(OptionGroup::Adaptkest, QStringLiteral("-np"));
+    if (given.isEmpty()) {
+        return m_plan->makeRunner(deck, true);
     }
-    return qMin(wanted, frequencyCount);
+    bool isNumber = false;
+    const int wanted = given.toInt(&isNumber);
+    const int atOnce = isNumber ? wanted : QThread::idealThreadCount();
+    return std::make_unique<Sweep>(deck, m_engine, qMin(atOnce, deck.count()), true);
 }
 
 void Adaptkest::work()
@@ -86,6 +75,12 @@ bool Adaptkest::prepare()
         return false;
     }
     m_engine = engine.path();
+    m_plan = std::make_unique<SweepPlan>(commandLine());
+    component().findingPrinter().print(m_plan->findings());
+    if (m_plan->findings().hasErrors()) {
+        failAsTold();
+        return false;
+    }
     m_placing = std::make_unique<AdaptivePlacing>(model.frequencies, tolerance());
     return openFolder() && restore();
 }

@@ -4,6 +4,7 @@
 #include "AnalysisFiles.h"
 #include "ComponentProgram.h"
 #include "ResultFiles.h"
+#include "SweepPlan.h"
 #include "SweepRunner.h"
 #include "WorkFolder.h"
 
@@ -25,7 +26,6 @@ protected:
 
 private:
     [[nodiscard]] std::unique_ptr<suite::SweepRunner> makeSweep(const suite::SweepDeck& deck) const;
-    [[nodiscard]] int processCount(int frequencyCount) const;
 
     bool prepare();
     bool openFolder();
@@ -44,6 +44,7 @@ private:
     [[nodiscard]] double tolerance() const;
 
     QString m_engine;
+    std::unique_ptr<suite::SweepPlan> m_plan;
     QStringList m_resultPaths;
     suite::ResultFiles m_results;
     std::unique_ptr<suite::WorkFolder> m_folder;

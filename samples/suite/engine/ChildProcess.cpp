@@ -1,7 +1,5 @@
 #include "ChildProcess.h"
 
-#include <csignal>
-
 #include <pthread.h>
 #include <unistd.h>
 #ifdef Q_OS_LINUX
@@ -67,7 +65,7 @@ void ChildProcess::setupChildProcess()
         std::signal(signal, SIG_DFL);
     }
 #ifdef Q_OS_LINUX
-    ::prctl(PR_SET_PDEATHSIG, SIGKILL);
+    ::prctl(PR_SET_PDEATHSIG, m_deathSignal);
     if (::getppid() != static_cast<pid_t>(m_parent)) {
         // The parent was killed before the line above could take effect.
         ::_exit(1);

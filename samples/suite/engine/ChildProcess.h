@@ -2,6 +2,8 @@
 
 #include <QProcess>
 
+#include <csignal>
+
 namespace suite {
 
 // A program that a component starts, in a process group of its own: whatever the program starts can
@@ -16,6 +18,9 @@ public:
     // Starts the program; use it in place of QProcess::start().
     void startInGroup(const QString& program, const QStringList& arguments);
 
+    // The signal that the program gets when the component is killed: SIGKILL unless set.
+    void setDeathSignal(int signal) { m_deathSignal = signal; }
+
     // Sends a signal to the whole group.
     void signalGroup(int signal) const;
 
@@ -26,6 +31,7 @@ protected:
     void setupChildProcess() override;
 
 private:
+    int m_deathSignal = SIGKILL;
     qint64 m_parent = 0;
     qint64 m_group = 0;
 };

@@ -34,7 +34,7 @@ void ComponentProgram::run()
     if (m_isFinished) {
         return;
     }
-    if (!m_component.preprocess()) {
+    if (!preprocess()) {
         failAsTold();
         finish();
         return;

@@ -32,6 +32,9 @@ protected:
     // The name is the program's, the group the one its own options stand in.
     ComponentProgram(const QString& name, OptionGroup group);
 
+    // Checks the model; false when the run ends there, as was told.
+    virtual bool preprocess() { return m_component.preprocess(); }
+
     // The work behind the check of the model. It may return while processes run; whoever sees the
     // last of them end calls finish().
     virtual void work() = 0;

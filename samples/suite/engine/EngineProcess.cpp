@@ -26,6 +26,13 @@ QString EngineProcess::printedText() const
     return QString::fromUtf8(m_printed).simplified();
 }
 
+// Runs in the child: only calls that are safe between fork and exec.
+void EngineProcess::setupChildProcess()
+{
+    ChildProcess::setupChildProcess();
+    m_priority.apply();
+}
+
 void EngineProcess::drain()
 {
     const QByteArray bytes = readAllStandardOutput();

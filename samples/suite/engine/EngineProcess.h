@@ -1,6 +1,7 @@
 #pragma once
 
 #include "ChildProcess.h"
+#include "Priority.h"
 
 namespace suite {
 
@@ -15,12 +16,19 @@ public:
     // Starts the program on two files of its working folder.
     void startEngine(const QString& program, const QString& deckFile, const QString& outputFile);
 
+    // The engine's priority; before its start.
+    void setPriority(Priority priority) { m_priority = priority; }
+
     // What the engine printed on its channels, up to a limit.
     [[nodiscard]] QString printedText() const;
+
+protected:
+    void setupChildProcess() override;
 
 private:
     void drain();
 
+    Priority m_priority;
     QByteArray m_printed;
 };
 

@@ -128,6 +128,7 @@ constexpr FindingRow FindingTable[] = {
     {FindingKind::EngineFailed,       2602, Severity::Fatal,   "%1"},
     {FindingKind::EngineResult,       2603, Severity::Fatal,   "%1"},
     {FindingKind::EngineOutput,       2604, Severity::Fatal,   "the engine says, %1"},
+    {FindingKind::RemoteRunFailed,    2605, Severity::Fatal,   "%1"},
     {FindingKind::ResultNotWritten,   2701, Severity::Fatal,   "%1"},
     {FindingKind::Stopped,            2901, Severity::Fatal,   "stopped"},
 
@@ -136,6 +137,9 @@ constexpr FindingRow FindingTable[] = {
     {FindingKind::SharedTag,          3203, Severity::Warning, "tag %1 is used by the wire in line %2 too"},
     {FindingKind::IgnoredAfterEnd,    3204, Severity::Warning, "what follows the EN card is ignored"},
     {FindingKind::PlotFileDropped,    3205, Severity::Warning, "the plot file of card PL is not kept"},
+    {FindingKind::PriorityNotRaised,  3601, Severity::Warning, "the engines' priority cannot be raised, the permission is missing"},
+    {FindingKind::MoreProcesses,      3602, Severity::Warning, "%1 processes were asked for and the machines file counts %2, so hosts take more than they should"},
+    {FindingKind::SweepRemark,        3603, Severity::Warning, "%1"},
 
     {FindingKind::WireCount,           101, Severity::Notice,  "number of wires %1, of patch cards %2"},
     {FindingKind::SegmentCount,        102, Severity::Notice,  "number of segments %1"},

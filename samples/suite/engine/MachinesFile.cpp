@@ -4,95 +4,219 @@
 
 #include <QFile>
 #include <QFileInfo>
-#include <QRegularExpression>
 
-#include <limits>
+#include <algorithm>
+#include <climits>
 
 namespace suite {
 
 namespace {
 
-constexpr int MostErrors = 20;
-constexpr int LongestLine = 1024;
-constexpr qint64 LargestFile = 16 << 20;
-constexpr int MostProcesses = 100000; // of one host
+constexpr int MostErrors = 10;
+const QByteArray ByteOrderMark = QByteArrayLiteral("\xef\xbb\xbf");
+constexpr int LongestHost = 255;
+constexpr int LongestList = 100000; // bytes; a word of a command line holds 128 KB
+constexpr int MaxShown = 200;       // bytes
+constexpr qint64 LargestFile = 64 << 20;
+
+bool isNameCharacter(QChar character)
+{
+    const char latin = character.toLatin1();
+    return (latin >= 'a' && latin <= 'z') || (latin >= 'A' && latin <= 'Z') ||
+           (latin >= '0' && latin <= '9') || latin == '.' || latin == '-' || latin == '_';
+}
+
+bool isAddressCharacter(QChar character)
+{
+    return isNameCharacter(character) || character == QLatin1Char(':');
+}
+
+// The two halves of a line: the host, without brackets, and the text of its count.
+struct Halves
+{
+    QString host;
+    QString count;
+    bool isSplit = false;
+};
+
+Halves split(const QString& text)
+{
+    Halves result;
+    if (text.startsWith(QLatin1Char('['))) {
+        const int end = text.indexOf(QLatin1Char(']'));
+        const QString behind = text.mid(end + 1);
+        const bool isBracketed = end > 0 && text.leftRef(end).contains(QLatin1Char(':'));
+        result.isSplit = isBracketed && (behind.isEmpty() || behind.startsWith(QLatin1Char(':')));
+        result.host = text.mid(1, end - 1);
+        result.count = behind.mid(1);
+    } else {
+        const int colon = text.indexOf(QLatin1Char(':'));
+        result.isSplit = true;
+        result.host = text.left(colon);
+        result.count = colon < 0 ? QString() : text.mid(colon + 1);
+    }
+    result.host = result.host.trimmed();
+    result.count = result.count.trimmed();
+    return result;
+}
+
+// 0 when the text is no count.
+int countOf(const QString& text)
+{
+    if (text.isEmpty()) {
+        return 1;
+    }
+    const bool hasDigitsOnly = std::all_of(text.begin(), text.end(), [](QChar character) {
+        return character >= QLatin1Char('0') && character <= QLatin1Char('9');
+    });
+    bool isNumber = false;
+    const int count = hasDigitsOnly ? text.toInt(&isNumber) : 0;
+    return isNumber && count <= MachinesFile::MostProcesses ? count : 0;
+}
 
 } // namespace
 
-MachinesFile::MachinesFile(const QString& path)
+MachinesFile::MachinesFile(const QString& path) : m_name(QFileInfo(path).fileName())
 {
-    QFile file(path);
     const QFileInfo info(path);
-    if (info.exists() && !info.isFile()) {
-        m_errors.append(QStringLiteral("the machines file '%1' is no file").arg(excerpt(path)));
+    QFile file(path);
+    QString problem;
+    if (!info.exists()) {
+        problem = QStringLiteral("does not exist");
+    } else if (info.isDir()) {
+        problem = QStringLiteral("is a directory");
+    } else if (!info.isFile()) {
+        problem = QStringLiteral("is no file");
+    } else if (info.size() > LargestFile) {
+        problem = QStringLiteral("is larger than %1 MB").arg(LargestFile >> 20);
+    } else if (!file.open(QIODevice::ReadOnly)) {
+        problem = QStringLiteral("cannot be read, ") + file.errorString();
+    } else {
+        readContent(file.read(LargestFile));
         return;
     }
-    if (!file.open(QIODevice::ReadOnly)) {
-        m_errors.append(QStringLiteral("the machines file '%1' cannot be read, %2")
-                            .arg(excerpt(path), file.errorString()));
-        return;
-    }
-    const QByteArray bytes = file.read(LargestFile + 1);
-    if (bytes.size() > LargestFile) {
-        m_errors.append(QStringLiteral("the machines file '%1' is too large").arg(excerpt(path)));
-        return;
-    }
+    m_errors.append(QStringLiteral("the machines file '%1' %2").arg(path, problem));
+}
+
+MachinesFile MachinesFile::parsed(const QByteArray& content, const QString& name)
+{
+    MachinesFile result;
+    result.m_name = name;
+    result.readContent(content);
+    return result;
+}
+
+void MachinesFile::readContent(const QByteArray& content)
+{
     int number = 0;
-    const QList<QByteArray> lines = bytes.split('\n');
-    for (const QByteArray& line : lines) {
-        readLine(line, ++number);
+    int start = content.startsWith(ByteOrderMark) ? ByteOrderMark.size() : 0;
+    while (start < content.size() && m_errors.size() < MostErrors) {
+        const int found = content.indexOf('\n', start);
+        const int end = found < 0 ? content.size() : found;
+        readLine(content.mid(start, end - start), ++number);
+        start = end + 1;
     }
-    if (m_entries.isEmpty() && m_errors.isEmpty()) {
-        m_errors.append(QStringLiteral("the machines file '%1' names no host").arg(excerpt(path)));
+    if (!m_errors.isEmpty()) {
+        return;
+    }
+    if (m_total > MostProcesses) {
+        m_errors.append(
+            QStringLiteral("the machines file '%1' counts %2 processes and the limit is %3")
+                .arg(m_name)
+                .arg(m_total)
+                .arg(MostProcesses));
+    } else if (plainContent().size() > LongestList) {
+        m_errors.append(QStringLiteral("the machines file '%1' has names of more than %2 bytes")
+                            .arg(m_name)
+                            .arg(LongestList));
+    } else if (m_entries.isEmpty()) {
+        m_errors.append(QStringLiteral("the machines file '%1' names no host").arg(m_name));
     }
 }
 
-int MachinesFile::total() const
+MachinesFile MachinesFile::ofHost(const QString& host, int count)
 {
-    qint64 sum = 0;
-    for (const Entry& entry : m_entries) {
-        sum += entry.count;
-    }
-    return static_cast<int>(qMin(sum, qint64(std::numeric_limits<int>::max())));
+    MachinesFile result;
+    result.add({host, count});
+    return result;
 }
 
 void MachinesFile::readLine(const QByteArray& line, int number)
 {
-    static const QRegularExpression pattern(
-        QStringLiteral("\\A(\\[[0-9A-Fa-f:.]+\\]|[A-Za-z0-9._][A-Za-z0-9._-]*)(:([0-9]+))?\\z"));
-    const QByteArray content = line.trimmed();
-    if (content.isEmpty() || content.startsWith('#')) {
+    const int comment = line.indexOf('#');
+    const QByteArray bytes = (comment < 0 ? line : line.left(comment)).trimmed();
+    if (bytes.isEmpty()) {
         return;
     }
-    if (content.size() > LongestLine) {
-        complain(number, QStringLiteral("is too long"));
+    if (bytes.contains('\0')) {
+        complain(number, bytes, QStringLiteral("the file holds binary data"));
         return;
     }
-    const QString text = QString::fromUtf8(content);
-    const QRegularExpressionMatch match = pattern.match(text);
-    if (!match.hasMatch()) {
-        complain(number, QStringLiteral("is not host:count but '%1'").arg(excerpt(text)));
-        return;
+    const Halves halves = split(QString::fromUtf8(bytes));
+    const int count = countOf(halves.count);
+    if (!halves.isSplit || !isHost(halves.host)) {
+        complain(number, bytes, QStringLiteral("this is no host's name or address"));
+    } else if (count == 0) {
+        complain(number, bytes,
+                 QStringLiteral("the number of processes must be 1 to %1").arg(MostProcesses));
+    } else {
+        add({halves.host, count});
     }
-    Entry entry;
-    entry.host = match.captured(1);
-    const QString count = match.captured(3);
-    bool isCount = true;
-    entry.count = count.isEmpty() ? 1 : count.toInt(&isCount);
-    if (!isCount || entry.count < 1 || entry.count > MostProcesses) {
-        complain(number, QStringLiteral("has the count %1, which must be from 1 to %2")
-                             .arg(excerpt(count))
-                             .arg(MostProcesses));
-        return;
-    }
-    m_entries.append(entry);
 }
 
-void MachinesFile::complain(int line, const QString& problem)
+void MachinesFile::add(const Entry& entry)
 {
-    if (m_errors.size() < MostErrors) {
-        m_errors.append(QStringLiteral("line %1 of the machines file %2").arg(line).arg(problem));
+    const auto place = m_places.constFind(entry.host);
+    if (place == m_places.constEnd()) {
+        m_places.insert(entry.host, m_entries.size());
+        m_entries.append(entry);
+    } else {
+        m_entries[*place].count = qMin(m_entries.at(*place).count + entry.count, MostProcesses + 1);
     }
+    m_total = qMin(m_total, INT_MAX - entry.count) + entry.count;
+}
+
+void MachinesFile::complain(int line, const QByteArray& text, const QString& reason)
+{
+    m_errors.append(QStringLiteral("the machines file '%1' has in line %2 '%3', %4")
+                        .arg(m_name)
+                        .arg(line)
+                        .arg(excerpt(QString::fromUtf8(text.left(MaxShown))), reason));
+}
+
+QString MachinesFile::hostOf(int rank) const
+{
+    int place = m_total > 0 ? rank % m_total : 0;
+    for (const Entry& entry : m_entries) {
+        place -= entry.count;
+        if (place < 0) {
+            return entry.host;
+        }
+    }
+    return {};
+}
+
+QByteArray MachinesFile::plainContent() const
+{
+    QByteArray result;
+    for (const Entry& entry : m_entries) {
+        const bool isAddress = entry.host.contains(QLatin1Char(':'));
+        result += (isAddress ? '[' + entry.host.toLatin1() + ']' : entry.host.toLatin1()) + ':' +
+                  QByteArray::number(entry.count) + '\n';
+    }
+    return result;
+}
+
+QString MachinesFile::hostList() const
+{
+    return QString::fromLatin1(plainContent().trimmed().replace('\n', ','));
+}
+
+bool MachinesFile::isHost(const QString& text)
+{
+    const bool isAddress = text.contains(QLatin1Char(':'));
+    return !text.isEmpty() && text.size() <= LongestHost && !text.startsWith(QLatin1Char('-')) &&
+           std::all_of(text.begin(), text.end(), isAddress ? isAddressCharacter : isNameCharacter);
 }
 
 } // namespace suite

@@ -62,6 +62,16 @@ void MarkerPrinter::printText(const QString& text)
     writeLine(plainText(text));
 }
 
+void MarkerPrinter::printAgain(const QString& line)
+{
+    const std::optional<Marker> marker = markerOf(line);
+    if (marker) {
+        print(*marker, line.mid(markerText(*marker).size()));
+    } else {
+        printText(line);
+    }
+}
+
 void MarkerPrinter::printPercentage(Marker marker, int percentage)
 {
     print(marker, QStringLiteral("%1%").arg(percentage));

@@ -36,6 +36,9 @@ public:
     // Prints one plain line.
     void printText(const QString& text);
 
+    // Prints one line that another component has printed, marker and all.
+    void printAgain(const QString& line);
+
     // Prints "45%" behind a percentage marker.
     void printPercentage(Marker marker, int percentage);
 

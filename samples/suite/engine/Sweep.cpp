@@ -1,10 +1,8 @@
 #include "Sweep.h"
 
-#include "EngineProcess.h"
+#include "EngineJob.h"
 
 #include <QDir>
-#include <QFile>
-#include <QFileInfo>
 
 #include <utility>
 
@@ -13,7 +11,6 @@ namespace suite {
 namespace {
 
 constexpr StopTimes EngineStopTimes = {300, 700};
-constexpr qint64 LargestOutput = 256 << 20;
 
 // Results that wait for an earlier frequency take memory: no more of them than this many a process.
 constexpr int MostWaitingPerProcess = 16;
@@ -62,32 +59,12 @@ void Sweep::startJobs()
 
 void Sweep::startJob(int index)
 {
-    QFile file(filePath(index, QStringLiteral("nec")));
-    const QByteArray deck = m_deck.deck(index);
-    if (!file.open(QIODevice::WriteOnly) || file.write(deck) != deck.size() || !file.flush()) {
-        fail(index, QStringLiteral("the deck '%1' cannot be written, %2")
-                        .arg(file.fileName(), file.errorString()));
-        return;
-    }
-    auto process = std::make_unique<EngineProcess>();
-    process->setWorkingDirectory(m_folder.path());
-    connect(process.get(), qOverload<int, QProcess::ExitStatus>(&QProcess::finished), this,
-            [this, index] { finishJob(index); });
-    connect(
-        process.get(), &QProcess::errorOccurred, this,
-        [this, index](QProcess::ProcessError error) { checkStart(index, error); },
-        Qt::QueuedConnection);
-    EngineProcess& started = *process;
-    m_processes.add(index, std::move(process));
-    started.startEngine(m_engine, QFileInfo(file).fileName(),
-                        QFileInfo(filePath(index, QStringLiteral("out"))).fileName());
-}
-
-void Sweep::checkStart(int index, QProcess::ProcessError error)
-{
-    if (error == QProcess::FailedToStart && !m_stopping) {
-        fail(index, QStringLiteral("the engine '%1' cannot be started").arg(m_engine));
-    }
+    auto job = std::make_unique<EngineJob>(m_engine, m_folder.path(), index);
+    connect(job.get(), &EngineJob::done, this, [this, index] { finishJob(index); });
+    EngineJob& started = *job;
+    started.setPriority(m_priority);
+    m_processes.add(index, std::move(job));
+    started.solve(m_deck.deck(index));
 }
 
 void Sweep::finishJob(int index)
@@ -95,16 +72,14 @@ void Sweep::finishJob(int index)
     if (m_stopping) {
         return;
     }
-    const auto* process = static_cast<EngineProcess*>(m_processes.release(index));
-    QString error;
-    const EngineOutput output(readOutput(index, error));
-    const QString exitProblem = exitError(*process, output);
-    if (!exitProblem.isEmpty() || !error.isEmpty()) {
-        fail(index, exitProblem.isEmpty() ? error : exitProblem);
-        return;
+    const auto* job = static_cast<EngineJob*>(m_processes.release(index));
+    const EngineOutput output(job->output());
+    QString error = job->error();
+    if (error.isEmpty() && m_needsImpedance && !output.hasImpedance()) {
+        error = noImpedanceError();
     }
-    if (m_needsImpedance && !output.hasImpedance()) {
-        fail(index, QStringLiteral("the engine gave no input impedance that is a number"));
+    if (!error.isEmpty()) {
+        fail(index, error);
         return;
     }
     m_waiting.emplace(index, output);
@@ -132,52 +107,9 @@ void Sweep::tellResults()
 void Sweep::fail(int index, const QString& reason)
 {
     if (!m_stopping) {
-        Q_EMIT failed(QStringLiteral("at %1 MHz %2")
-                          .arg(QString::number(m_deck.frequency(index), 'g', 10), reason));
+        Q_EMIT failed(frequencyError(m_deck.frequency(index), reason));
     }
     stop();
-}
-
-QByteArray Sweep::readOutput(int index, QString& error) const
-{
-    const QString path = filePath(index, QStringLiteral("out"));
-    QFile file(path);
-    if (!file.open(QIODevice::ReadOnly)) {
-        error = QStringLiteral("the engine wrote no output");
-        return {};
-    }
-    QByteArray bytes = file.read(LargestOutput + 1);
-    if (bytes.size() > LargestOutput) {
-        error = QStringLiteral("the engine's output is too large");
-    }
-    file.close();
-    QFile::remove(path);
-    QFile::remove(filePath(index, QStringLiteral("nec")));
-    return bytes;
-}
-
-// Empty when the engine ended well.
-QString Sweep::exitError(const EngineProcess& process, const EngineOutput& output) const
-{
-    QString how;
-    if (process.exitStatus() == QProcess::CrashExit) {
-        how = QStringLiteral("the engine crashed");
-    } else if (process.exitCode() != 0) {
-        how = QStringLiteral("the engine ended with code %1").arg(process.exitCode());
-    } else {
-        return {};
-    }
-    QStringList parts = {how};
-    parts += output.complaints();
-    if (!process.printedText().isEmpty()) {
-        parts += process.printedText();
-    }
-    return parts.join(QStringLiteral(", "));
-}
-
-QString Sweep::filePath(int index, const QString& suffix) const
-{
-    return m_folder.filePath(QStringLiteral("f%1.%2").arg(index + 1).arg(suffix));
 }
 
 void Sweep::endStopped()

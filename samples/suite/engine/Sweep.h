@@ -1,17 +1,15 @@
 #pragma once
 
 #include "ChildProcesses.h"
+#include "Priority.h"
 #include "SweepDeck.h"
 #include "SweepRunner.h"
 
-#include <QProcess>
 #include <QTemporaryDir>
 
 #include <map>
 
 namespace suite {
-
-class EngineProcess;
 
 // Solves a model at its frequencies on this machine, several at once, each by an engine process of
 // its own.
@@ -26,22 +24,22 @@ public:
     void start() override;
     void stop() override;
 
+    // The priority of the engines; before start().
+    void setPriority(Priority priority) { m_priority = priority; }
+
 private:
     void startJobs();
     void startJob(int index);
     void finishJob(int index);
-    void checkStart(int index, QProcess::ProcessError error);
     void tellResults();
     void fail(int index, const QString& reason);
-    [[nodiscard]] QByteArray readOutput(int index, QString& error) const;
-    [[nodiscard]] QString exitError(const EngineProcess& process, const EngineOutput& output) const;
-    [[nodiscard]] QString filePath(int index, const QString& suffix) const;
     void endStopped();
 
     SweepDeck m_deck;
     QString m_engine;
     int m_atOnce;
     bool m_needsImpedance;
+    Priority m_priority;
     QTemporaryDir m_folder;
     ChildProcesses m_processes;
     std::map<int, EngineOutput> m_waiting;

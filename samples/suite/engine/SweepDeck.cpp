@@ -45,4 +45,14 @@ QByteArray SweepDeck::deck(int index) const
            m_after;
 }
 
+QDataStream& operator<<(QDataStream& stream, const SweepDeck& deck)
+{
+    return stream << deck.m_before << deck.m_after << deck.m_frequencies;
+}
+
+QDataStream& operator>>(QDataStream& stream, SweepDeck& deck)
+{
+    return stream >> deck.m_before >> deck.m_after >> deck.m_frequencies;
+}
+
 } // namespace suite

@@ -2,12 +2,16 @@
 
 #include "Model.h"
 
+#include <QDataStream>
+
 namespace suite {
 
 // Makes the decks that the engine gets: the model's cards in plain form, at one frequency each.
 class SweepDeck
 {
 public:
+    SweepDeck() = default;
+
     // The model at its own frequencies, or at others.
     explicit SweepDeck(const Model& model);
     SweepDeck(const Model& model, QVector<double> frequencies);
@@ -17,6 +21,10 @@ public:
 
     // The deck of one frequency.
     [[nodiscard]] QByteArray deck(int index) const;
+
+    // For the way to another process.
+    friend QDataStream& operator<<(QDataStream& stream, const SweepDeck& deck);
+    friend QDataStream& operator>>(QDataStream& stream, SweepDeck& deck);
 
 private:
     QByteArray m_before;

@@ -26,6 +26,9 @@ Q_SIGNALS:
     // The result of the next frequency is there.
     void solved(int index, const suite::EngineOutput& output);
 
+    // Something the user should know and the sweep goes on with.
+    void warned(const QString& text);
+
     // The sweep has failed for this reason; ended() follows.
     void failed(const QString& reason);
 
@@ -34,6 +37,10 @@ Q_SIGNALS:
 
 protected:
     SweepRunner();
+
+    // The reasons of a failure that all kinds of sweeps have alike; the frequency is in MHz.
+    static QString frequencyError(double frequency, const QString& reason);
+    static QString noImpedanceError();
 };
 
 } // namespace suite

@@ -19,7 +19,7 @@ bool isThisMachine(const QString& host)
 {
     const QString own = QSysInfo::machineHostName();
     const QStringList names = {QStringLiteral("localhost"), QStringLiteral("127.0.0.1"),
-                               QStringLiteral("[::1]"), own, own.section(QLatin1Char('.'), 0, 0)};
+                               QStringLiteral("::1"), own, own.section(QLatin1Char('.'), 0, 0)};
     return names.contains(host, Qt::CaseInsensitive);
 }
 

@@ -1,11 +1,8 @@
 #include "Runkest.h"
 
-#include "EngineProgram.h"
 #include "OptionWords.h"
-#include "Sweep.h"
 
 #include <QDir>
-#include <QThread>
 
 using namespace suite;
 
@@ -43,17 +40,16 @@ void Runkest::work()
         startAdaptive();
         return;
     }
-    const EngineProgram engine;
-    if (engine.path().isEmpty()) {
-        fail(FindingKind::EngineMissing, engine.error());
+    m_plan = std::make_unique<SweepPlan>(commandLine());
+    component().findingPrinter().print(m_plan->findings());
+    if (m_plan->findings().hasErrors()) {
+        failAsTold();
+    }
+    if (!isGood() || !prepare()) {
         finish();
         return;
     }
-    if (!prepare()) {
-        finish();
-        return;
-    }
-    startSweep(engine.path());
+    startSweep();
 }
 
 // Another component takes the place of the sweep; what it prints is what there is to say.
@@ -113,32 +109,21 @@ bool Runkest::prepare()
     return true;
 }
 
-void Runkest::startSweep(const QString& engine)
+void Runkest::startSweep()
 {
-    const int atOnce = processCount();
-    printer().printText(
-        QStringLiteral("Solving %1 frequencies, %2 at once").arg(m_deck->count()).arg(atOnce));
+    printer().printText(m_plan->description(m_deck->count()));
     printer().printPercentage(Marker::Percentage, 0);
     printer().printPercentage(Marker::TotalPercentage, PreparedPercentage);
     printer().printText(SweepReport::tableHeader());
-    m_sweep = std::make_unique<Sweep>(*m_deck, engine, atOnce,
-                                      component().preprocessor().model().hasVoltageSource);
+    m_sweep = m_plan->makeRunner(*m_deck, component().preprocessor().model().hasVoltageSource);
     connect(m_sweep.get(), &SweepRunner::solved, this, &Runkest::takeResult);
     connect(m_sweep.get(), &SweepRunner::failed, this,
             [this](const QString& reason) { fail(FindingKind::EngineFailed, reason); });
+    connect(m_sweep.get(), &SweepRunner::warned, this, [this](const QString& text) {
+        component().findingPrinter().print(FindingKind::SweepRemark, {text});
+    });
     connect(m_sweep.get(), &SweepRunner::ended, this, &Runkest::endSweep);
     m_sweep->start();
-}
-
-int Runkest::processCount() const
-{
-    const CommandLine& line = commandLine();
-    const QString name = line.has(OptionGroup::Runkest, QStringLiteral("-np"))
-                             ? QStringLiteral("-np")
-                             : QStringLiteral("-NP");
-    bool isNumber = false;
-    const int wanted = line.value(OptionGroup::Runkest, name).toInt(&isNumber);
-    return qMin(isNumber ? wanted : QThread::idealThreadCount(), m_deck->count());
 }
 
 void Runkest::takeResult(int index, const EngineOutput& output)

@@ -4,6 +4,7 @@
 #include "ComponentStage.h"
 #include "ResultFiles.h"
 #include "SweepDeck.h"
+#include "SweepPlan.h"
 #include "SweepReport.h"
 #include "SweepRunner.h"
 
@@ -27,8 +28,7 @@ private:
     void passOn(const suite::MarkerLine& line);
     void endAdaptive();
     bool prepare();
-    void startSweep(const QString& engine);
-    [[nodiscard]] int processCount() const;
+    void startSweep();
     void takeResult(int index, const suite::EngineOutput& output);
     void printProgress(int index);
     void endSweep(bool isComplete);
@@ -37,6 +37,7 @@ private:
     suite::SweepReport m_report;
     suite::ResultFiles m_results;
     QStringList m_resultPaths;
+    std::unique_ptr<suite::SweepPlan> m_plan;
     std::unique_ptr<suite::SweepDeck> m_deck;
     std::unique_ptr<suite::SweepRunner> m_sweep;
     std::unique_ptr<suite::ComponentStage> m_adaptive;

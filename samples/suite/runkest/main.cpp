@@ -1,13 +1,45 @@
 #include "ComponentSetup.h"
+#include "RemoteRun.h"
+#include "RemoteSession.h"
 #include "Runkest.h"
+
+#include <KSignalHandler>
 
 #include <QCoreApplication>
 
-// runkest checks a model, solves it over its frequencies and writes the results beside it.
+#include <csignal>
+
+namespace {
+
+int runSession()
+{
+    RemoteSession session;
+    QObject::connect(&session, &RemoteSession::finished, QCoreApplication::instance(),
+                     &QCoreApplication::exit, Qt::QueuedConnection);
+    QObject::connect(KSignalHandler::self(), &KSignalHandler::signalReceived, &session,
+                     &RemoteSession::stop);
+    for (const int signal : {SIGTERM, SIGINT, SIGHUP}) {
+        KSignalHandler::self()->watchSignal(signal);
+    }
+    return QCoreApplication::exec();
+}
+
+} // namespace
+
+// runkest checks a model, solves it over its frequencies and writes the results beside it, here or
+// on another host.
 int main(int argc, char* argv[])
 {
     suite::setupComponent();
     const QCoreApplication application(argc, argv);
+    const QStringList arguments = QCoreApplication::arguments().mid(1);
+    if (arguments == QStringList(QStringLiteral("--remote-session"))) {
+        return runSession();
+    }
+    if (RemoteRun::isAskedFor(arguments)) {
+        RemoteRun run;
+        return suite::runComponent(run);
+    }
     Runkest runkest;
     return suite::runComponent(runkest);
 }

@@ -1,0 +1,107 @@
+#include "EngineJob.h"
+
+#include "EngineOutput.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+
+#include <utility>
+
+namespace suite {
+
+namespace {
+
+constexpr qint64 LargestOutput = 256 << 20;
+
+} // namespace
+
+EngineJob::EngineJob(QString engine, const QString& folder, int number)
+    : m_engine(std::move(engine)), m_number(number)
+{
+    setWorkingDirectory(folder);
+    connect(this, qOverload<int, QProcess::ExitStatus>(&QProcess::finished), this, &EngineJob::end);
+    connect(
+        this, &QProcess::errorOccurred, this,
+        [this](QProcess::ProcessError error) {
+            if (error == QProcess::FailedToStart) {
+                end();
+            }
+        },
+        Qt::QueuedConnection);
+}
+
+void EngineJob::solve(const QByteArray& deck)
+{
+    QFile file(filePath(QStringLiteral("nec")));
+    if (!file.open(QIODevice::WriteOnly) || file.write(deck) != deck.size() || !file.flush()) {
+        m_error = QStringLiteral("the deck '%1' cannot be written, %2")
+                      .arg(file.fileName(), file.errorString());
+        QMetaObject::invokeMethod(this, &EngineJob::end, Qt::QueuedConnection);
+        return;
+    }
+    startEngine(m_engine, QFileInfo(file).fileName(),
+                QFileInfo(filePath(QStringLiteral("out"))).fileName());
+}
+
+void EngineJob::end()
+{
+    if (m_isDone) {
+        return;
+    }
+    m_isDone = true;
+    if (m_error.isEmpty()) {
+        if (QProcess::error() == QProcess::FailedToStart) {
+            m_error = QStringLiteral("the engine '%1' cannot be started").arg(m_engine);
+        } else {
+            readOutput();
+        }
+    }
+    Q_EMIT done();
+}
+
+void EngineJob::readOutput()
+{
+    QFile file(filePath(QStringLiteral("out")));
+    if (!file.open(QIODevice::ReadOnly)) {
+        m_error = QStringLiteral("the engine wrote no output");
+    } else {
+        m_output = file.read(LargestOutput + 1);
+        if (m_output.size() > LargestOutput) {
+            m_error = QStringLiteral("the engine's output is too large");
+        }
+        file.remove();
+        QFile::remove(filePath(QStringLiteral("nec")));
+    }
+    const QString exitProblem = exitError();
+    if (!exitProblem.isEmpty()) {
+        m_error = exitProblem;
+    }
+}
+
+// Empty when the engine ended well.
+QString EngineJob::exitError() const
+{
+    QString how;
+    if (exitStatus() == QProcess::CrashExit) {
+        how = QStringLiteral("the engine crashed");
+    } else if (exitCode() != 0) {
+        how = QStringLiteral("the engine ended with code %1").arg(exitCode());
+    } else {
+        return {};
+    }
+    QStringList parts = {how};
+    parts += EngineOutput(m_output).complaints();
+    if (!printedText().isEmpty()) {
+        parts += printedText();
+    }
+    return parts.join(QStringLiteral(", "));
+}
+
+QString EngineJob::filePath(const QString& suffix) const
+{
+    return QDir(workingDirectory())
+        .filePath(QStringLiteral("f%1.%2").arg(m_number + 1).arg(suffix));
+}
+
+} // namespace suite

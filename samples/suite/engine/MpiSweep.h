@@ -1,0 +1,66 @@
+#pragma once
+
+#include "FramedProcess.h"
+#include "MachinesFile.h"
+#include "Priority.h"
+#include "SweepDeck.h"
+#include "SweepRunner.h"
+
+#include <map>
+
+namespace suite {
+
+// Where and how a parallel sweep runs.
+struct ParallelSetup
+{
+    std::optional<MachinesFile> machines; // none: processes on this machine only
+    int processes = 1;
+    Priority priority;
+};
+
+// Solves a model at its frequencies by processes of the parallel runtime, on this machine or on
+// several: "mpiexec" starts the program "sweepkest" on each, and the first of them deals the
+// frequencies out.
+class MpiSweep : public SweepRunner
+{
+    Q_OBJECT
+
+public:
+    MpiSweep(SweepDeck deck, ParallelSetup setup, bool needsImpedance);
+
+    // Kills what still runs.
+    ~MpiSweep() override;
+
+    void start() override;
+    void stop() override;
+
+private:
+    [[nodiscard]] QStringList arguments() const;
+    void sendPart();
+    void take(const Frame& frame);
+    void takeResult(const Frame& frame);
+    void takeComplaint(const QString& line);
+    void tellResults();
+    void fail(const QString& reason);
+    void failBroken(const QString& reason);
+    void failSilent();
+    void endProcess();
+    void watchEnd();
+    void end();
+    [[nodiscard]] QString hostOf(int rank) const;
+    [[nodiscard]] QString hostNames() const;
+
+    SweepDeck m_deck;
+    ParallelSetup m_setup;
+    bool m_needsImpedance;
+    FramedProcess m_process;
+    QByteArray m_setupBytes; // not sent yet
+    std::map<int, EngineOutput> m_waiting;
+    int m_nextResult = 0;
+    QTimer m_endWatch;
+    QElapsedTimer m_stopClock;
+    bool m_isStopping = false;
+    bool m_isEnded = false;
+};
+
+} // namespace suite

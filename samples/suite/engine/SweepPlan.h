@@ -1,0 +1,51 @@
+#pragma once
+
+#include "CommandLine.h"
+#include "Finding.h"
+#include "MachinesFile.h"
+#include "Priority.h"
+#include "SweepDeck.h"
+#include "SweepRunner.h"
+
+#include <memory>
+#include <optional>
+
+namespace suite {
+
+// Where a sweep runs, as the options of runkest say: by engine processes of this component, or by
+// processes of the parallel runtime.
+class SweepPlan
+{
+public:
+    // Reads the options, and the machines file they name.
+    explicit SweepPlan(const CommandLine& line);
+
+    // Errors and warnings for the user; after an error there is nothing to be made.
+    [[nodiscard]] const FindingList& findings() const { return m_findings; }
+
+    // How many frequencies are solved at once when there are this many.
+    [[nodiscard]] int processes(int frequencies) const;
+
+    // The hosts and processes, or how many at once: for a line of text.
+    [[nodiscard]] QString description(int frequencies) const;
+
+    // Makes what solves the decks.
+    [[nodiscard]] std::unique_ptr<SweepRunner> makeRunner(const SweepDeck& deck,
+                                                          bool needsImpedance) const;
+
+private:
+    void readMachines(const CommandLine& line);
+    void readRemoteHost(const CommandLine& line);
+    void readProcesses(const CommandLine& line);
+    void checkHosts();
+    void findEngine();
+
+    FindingList m_findings;
+    std::optional<MachinesFile> m_machines;
+    Priority m_priority;
+    QString m_engine;
+    int m_processes = 1;
+    bool m_isParallel = false;
+};
+
+} // namespace suite

@@ -1,0 +1,316 @@
+#include "RemoteRun.h"
+
+#include "ChildProcesses.h"
+#include "MachinesFile.h"
+#include "PlainText.h"
+#include "ResultFiles.h"
+#include "SshProgram.h"
+
+#include <QCoreApplication>
+#include <QDir>
+#include <QFile>
+
+using namespace suite;
+
+namespace {
+
+// The login takes its time; the host may be silent for so long.
+constexpr int StartLimit = 15000; // ms
+
+// After the request to stop: until ssh is ended, and until the end is told in any case.
+constexpr StopTimes ConnectionStopTimes = {1200, 1900};
+constexpr int EndWatchInterval = 20; // ms
+
+QStringList resultSuffixes()
+{
+    return {QStringLiteral("out"), QStringLiteral("csv"), QStringLiteral("pre")};
+}
+
+QString withQuotes(QString text)
+{
+    return QLatin1Char('\'') + text.replace(QLatin1String("'"), QLatin1String("'\\''")) +
+           QLatin1Char('\'');
+}
+
+// Options that say where the run happens stay here.
+bool isPassedOn(const OptionRow& row)
+{
+    const QLatin1String name(row.name);
+    return row.group != OptionGroup::Runkest ||
+           (name != QLatin1String("--remote-host") && name != QLatin1String("--machines-file") &&
+            name != QLatin1String("--remote-use-mpi"));
+}
+
+QStringList wordsOf(const CommandLine& line, OptionGroup group)
+{
+    QStringList result;
+    const QVector<OptionRow> rows = optionRows();
+    for (const OptionRow& row : rows) {
+        const QString name = QLatin1String(row.name);
+        const bool isGiven = row.group == group && line.has(group, name) && isPassedOn(row);
+        if (isGiven && row.kind != ValueKind::Switch) {
+            result.append(name);
+            const QString value = line.value(group, name);
+            if (!value.isEmpty()) {
+                result.append(value);
+            }
+        }
+    }
+    return result;
+}
+
+} // namespace
+
+RemoteRun::RemoteRun() : ComponentProgram(QStringLiteral("runkest"), OptionGroup::Runkest)
+{
+    m_endWatch.setInterval(EndWatchInterval);
+    connect(&m_endWatch, &QTimer::timeout, this, &RemoteRun::watchEnd);
+    connect(&m_process, &FramedProcess::received, this, &RemoteRun::take);
+    connect(&m_process, &FramedProcess::silent, this,
+            [this] { failConnection(QStringLiteral("does not answer")); });
+    connect(&m_process, &FramedProcess::broken, this, [this](const QString& text) {
+        failConnection(QStringLiteral("runs no such component, it says '%1'").arg(text));
+    });
+    connect(&m_process, &FramedProcess::done, this, &RemoteRun::endProcess);
+}
+
+RemoteRun::~RemoteRun()
+{
+    m_process.disconnect(this);
+    m_process.signalGroup(SIGKILL);
+}
+
+bool RemoteRun::isAskedFor(const QStringList& arguments)
+{
+    const CommandLine line(OptionGroup::Runkest, arguments);
+    return line.errors().isEmpty() &&
+           line.has(OptionGroup::Runkest, QStringLiteral("--remote-host")) &&
+           !line.has(OptionGroup::Runkest, QStringLiteral("--remote-use-mpi"));
+}
+
+// The model is checked where the run happens; here only what keeps it from going there.
+bool RemoteRun::preprocess()
+{
+    return checkHost() && readFiles();
+}
+
+bool RemoteRun::checkHost()
+{
+    m_host = std::make_unique<RemoteHost>(
+        commandLine().value(OptionGroup::Runkest, QStringLiteral("--remote-host")));
+    if (!m_host->error().isEmpty()) {
+        fail(FindingKind::BadCommandLine, m_host->error());
+        return false;
+    }
+    return true;
+}
+
+bool RemoteRun::readFiles()
+{
+    const Preprocessor check(component().modelFile());
+    if (check.findings().hasFatalErrors()) {
+        component().findingPrinter().print(check.findings());
+        return false;
+    }
+    QFile model(component().modelFile().path());
+    if (!model.open(QIODevice::ReadOnly)) {
+        fail(FindingKind::ModelUnreadable, model.errorString());
+        return false;
+    }
+    m_model = model.readAll();
+    const QString option = QStringLiteral("--machines-file");
+    m_hasMachines = commandLine().has(OptionGroup::Runkest, option);
+    if (m_hasMachines) {
+        const MachinesFile machines(commandLine().value(OptionGroup::Runkest, option));
+        for (const QString& error : machines.errors()) {
+            fail(FindingKind::MachinesFileUnusable, error);
+        }
+        m_machines = machines.plainContent();
+    }
+    return isGood();
+}
+
+void RemoteRun::work()
+{
+    m_process.startFramed(SshProgram::path(), sshArguments(), StartLimit);
+}
+
+// ssh hands the command to a shell there: it is fixed text but for the quoted path.
+QStringList RemoteRun::sshArguments() const
+{
+    const QString home = m_host->home();
+    const QString program = home.isEmpty() ? QCoreApplication::applicationFilePath()
+                                           : QDir::cleanPath(home) + QStringLiteral("/bin/runkest");
+    return SshProgram::options() + m_host->sshWords() +
+           QStringList(QStringLiteral("exec ") + withQuotes(program) +
+                       QStringLiteral(" --remote-session"));
+}
+
+QStringList RemoteRun::remoteArguments() const
+{
+    const CommandLine& line = commandLine();
+    QStringList result = wordsOf(line, OptionGroup::Common) + wordsOf(line, OptionGroup::Runkest);
+    const QVector<OptionRow> rows = optionRows();
+    for (const OptionRow& row : rows) {
+        const QString name = QLatin1String(row.name);
+        if (row.kind == ValueKind::Switch && row.group == OptionGroup::Runkest &&
+            line.has(row.group, name)) {
+            result += name;
+            result += wordsOf(line, row.target);
+        }
+    }
+    return result;
+}
+
+void RemoteRun::sendRequest()
+{
+    m_process.send(Frame::of(Frame::Type::Setup, component().modelFile().name(), m_model,
+                             remoteArguments(), m_hasMachines, m_machines));
+}
+
+void RemoteRun::take(const Frame& frame)
+{
+    QString text;
+    qint32 code = ExitFailure;
+    switch (frame.type) {
+    case Frame::Type::Hello:
+        takeHello(frame);
+        break;
+    case Frame::Type::File:
+        takeFile(frame);
+        break;
+    case Frame::Type::Line:
+        if (isGood() && frame.read(text) && writeFiles()) {
+            printer().printAgain(text);
+        }
+        break;
+    case Frame::Type::Failure:
+        frame.read(text);
+        failConnection(text);
+        break;
+    case Frame::Type::Exit:
+        m_hasExitCode = true;
+        if (isGood() && (!writeFiles() || !frame.read(code) || code != ExitSuccess)) {
+            failAsTold();
+        }
+        beginEnd();
+        break;
+    default:
+        break;
+    }
+}
+
+void RemoteRun::takeHello(const Frame& frame)
+{
+    qint32 protocol = 0;
+    if (!frame.read(protocol) || protocol != FrameProtocol) {
+        failConnection(QStringLiteral("has another version of the installation (protocol %1, "
+                                      "here %2)")
+                           .arg(protocol)
+                           .arg(FrameProtocol));
+    } else if (isGood()) {
+        sendRequest();
+    }
+}
+
+// Results may stand beside the model only, whatever the other end says.
+void RemoteRun::takeFile(const Frame& frame)
+{
+    QString suffix;
+    QByteArray content;
+    if (frame.read(suffix, content) && resultSuffixes().contains(suffix)) {
+        m_files.append({component().modelFile().resultPath(suffix), content});
+    } else {
+        failConnection(QStringLiteral("sent a file that is no result"));
+    }
+}
+
+// Files that came together are replaced together.
+bool RemoteRun::writeFiles()
+{
+    if (m_files.isEmpty()) {
+        return true;
+    }
+    QStringList paths;
+    for (const ResultFile& file : qAsConst(m_files)) {
+        paths.append(file.path);
+    }
+    ResultFiles results;
+    bool isWritten = results.open(paths);
+    for (int i = 0; i < m_files.size() && isWritten; ++i) {
+        isWritten = results.write(i, m_files.at(i).content);
+    }
+    m_files.clear();
+    if (!isWritten || !results.commit()) {
+        fail(FindingKind::ResultNotWritten, results.error());
+        stopWork();
+        return false;
+    }
+    for (const QString& path : qAsConst(paths)) {
+        printer().print(Marker::File, QDir::toNativeSeparators(path));
+    }
+    return true;
+}
+
+void RemoteRun::failConnection(const QString& reason)
+{
+    if (isGood() && !m_hasExitCode) {
+        fail(FindingKind::RemoteRunFailed,
+             QStringLiteral("the host '%1' %2").arg(m_host->name(), reason));
+    }
+    stopWork();
+}
+
+void RemoteRun::endProcess()
+{
+    if (!m_hasExitCode && isGood()) {
+        const QString words = m_process.lastWords();
+        const QString how =
+            m_process.error() == QProcess::FailedToStart
+                ? QStringLiteral("cannot be reached, '%1' cannot be started")
+                      .arg(SshProgram::path())
+                : QStringLiteral("%1 (code %2)")
+                      .arg(m_process.hasAnswered()
+                               ? QStringLiteral("is not connected any more")
+                               : QStringLiteral("gives no connection to the installation"))
+                      .arg(m_process.exitCode());
+        fail(FindingKind::RemoteRunFailed,
+             QStringLiteral("the host '%1' ").arg(m_host->name()) + how +
+                 (words.isEmpty() ? QString() : QStringLiteral(", ") + words));
+    }
+    m_endWatch.stop();
+    finish();
+}
+
+bool RemoteRun::stopWork()
+{
+    if (m_process.state() == QProcess::NotRunning) {
+        return false;
+    }
+    m_process.send(Frame::of(Frame::Type::Stop));
+    beginEnd();
+    return true;
+}
+
+// The other end hears that nobody listens any more, ends all it has started and then itself.
+void RemoteRun::beginEnd()
+{
+    if (!m_endClock.isValid()) {
+        m_process.stopWatching();
+        m_process.closeWriteChannel();
+        m_endClock.start();
+        m_endWatch.start();
+    }
+}
+
+void RemoteRun::watchEnd()
+{
+    const qint64 elapsed = m_endClock.elapsed();
+    if (elapsed >= ConnectionStopTimes.asking) {
+        m_process.signalGroup(SIGKILL);
+    }
+    if (elapsed >= ConnectionStopTimes.givingUp) {
+        m_endWatch.stop();
+        finish();
+    }
+}

@@ -1,0 +1,59 @@
+#pragma once
+
+#include "ComponentProgram.h"
+#include "FramedProcess.h"
+#include "RemoteHost.h"
+
+#include <QElapsedTimer>
+
+#include <memory>
+
+// A run of the solver on another host: the model goes there over ssh, what is printed there is
+// printed here as it comes, and the results come back beside the model.
+class RemoteRun : public suite::ComponentProgram
+{
+    Q_OBJECT
+
+public:
+    RemoteRun();
+    ~RemoteRun() override;
+
+    // True when the command line asks for a run on another host.
+    static bool isAskedFor(const QStringList& arguments);
+
+protected:
+    bool preprocess() override;
+    void work() override;
+    bool stopWork() override;
+
+private:
+    bool checkHost();
+    bool readFiles();
+    [[nodiscard]] QStringList sshArguments() const;
+    [[nodiscard]] QStringList remoteArguments() const;
+    void sendRequest();
+    void take(const suite::Frame& frame);
+    void takeHello(const suite::Frame& frame);
+    void takeFile(const suite::Frame& frame);
+    bool writeFiles();
+    void failConnection(const QString& reason);
+    void endProcess();
+    void beginEnd();
+    void watchEnd();
+
+    struct ResultFile
+    {
+        QString path;
+        QByteArray content;
+    };
+
+    std::unique_ptr<suite::RemoteHost> m_host;
+    QByteArray m_model;
+    QByteArray m_machines;
+    bool m_hasMachines = false;
+    suite::FramedProcess m_process;
+    QVector<ResultFile> m_files; // not written yet
+    QTimer m_endWatch;
+    QElapsedTimer m_endClock;
+    bool m_hasExitCode = false;
+};

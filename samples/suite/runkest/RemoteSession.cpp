@@ -1,0 +1,168 @@
+#include "RemoteSession.h"
+
+#include "ModelFile.h"
+
+#include <QDir>
+#include <QFile>
+
+#include <unistd.h>
+
+using namespace suite;
+
+namespace {
+
+constexpr StopTimes RunStopTimes = {1000, 1500};
+constexpr int RunNumber = 0;
+
+QString machinesName()
+{
+    return QStringLiteral("machines.kest");
+}
+
+bool writeFile(const QString& path, const QByteArray& content)
+{
+    QFile file(path);
+    return file.open(QIODevice::WriteOnly | QIODevice::NewOnly) &&
+           file.write(content) == content.size() && file.flush();
+}
+
+// Without the parts that lead elsewhere.
+bool isFileName(const QString& name)
+{
+    return !name.isEmpty() && !name.contains(QLatin1Char('/')) && name != QLatin1String(".") &&
+           name != QLatin1String("..");
+}
+
+} // namespace
+
+RemoteSession::RemoteSession() : m_channel(STDIN_FILENO, STDOUT_FILENO), m_processes(RunStopTimes)
+{
+    connect(&m_channel, &FrameChannel::received, this, &RemoteSession::take);
+    connect(&m_channel, &FrameChannel::closed, this, &RemoteSession::stop);
+    connect(&m_channel, &FrameChannel::sent, this, &RemoteSession::finishWhenSent);
+    connect(&m_heartbeat, &Heartbeat::beat, this, [this] { m_channel.send(Frame()); });
+    connect(&m_heartbeat, &Heartbeat::lost, this, &RemoteSession::stop);
+    connect(&m_processes, &ChildProcesses::allEnded, this, [this] { leave(EXIT_FAILURE); });
+    m_heartbeat.start();
+    m_channel.send(Frame::of(Frame::Type::Hello, FrameProtocol));
+}
+
+void RemoteSession::stop()
+{
+    if (!m_isStopping) {
+        m_isStopping = true;
+        m_heartbeat.stop();
+        m_processes.stop();
+    }
+}
+
+void RemoteSession::take(const Frame& frame)
+{
+    m_heartbeat.hear();
+    if (frame.type == Frame::Type::Setup && !m_folder) {
+        begin(frame);
+    } else if (frame.type == Frame::Type::Stop) {
+        stop();
+    }
+}
+
+void RemoteSession::begin(const Frame& frame)
+{
+    QString name;
+    QByteArray model;
+    QStringList arguments;
+    bool hasMachines = false;
+    QByteArray machines;
+    if (!frame.read(name, model, arguments, hasMachines, machines) || !isFileName(name)) {
+        fail(QStringLiteral("did not understand the request"));
+        return;
+    }
+    const QString error = prepareFolder(name, model, machines);
+    if (error.isEmpty()) {
+        run(name, arguments, hasMachines);
+    } else {
+        fail(error);
+    }
+}
+
+QString RemoteSession::prepareFolder(const QString& name, const QByteArray& model,
+                                     const QByteArray& machines)
+{
+    m_folder.emplace(QDir::tempPath() + QStringLiteral("/kest-remote-XXXXXX"));
+    const QDir folder(m_folder->path());
+    // The model has a folder of its own, so that it may have any name.
+    if (m_folder->isValid() && folder.mkdir(QStringLiteral("model")) &&
+        writeFile(folder.filePath(machinesName()), machines) &&
+        writeFile(folder.filePath(QStringLiteral("model/") + name), model)) {
+        return {};
+    }
+    return QStringLiteral("cannot keep the model in '%1'").arg(QDir::tempPath());
+}
+
+void RemoteSession::run(const QString& name, QStringList arguments, bool hasMachines)
+{
+    auto process = std::make_unique<ComponentRun>();
+    m_run = process.get();
+    m_run->setWorkingDirectory(m_folder->filePath(QStringLiteral("model")));
+    connect(m_run, &ComponentRun::printed, this, &RemoteSession::passOn);
+    connect(m_run, &ComponentRun::done, this, &RemoteSession::endRun);
+    if (hasMachines) {
+        arguments =
+            QStringList{QStringLiteral("--machines-file"), m_folder->filePath(machinesName())} +
+            arguments;
+    }
+    m_processes.add(RunNumber, std::move(process));
+    m_run->startComponent(QStringLiteral("runkest"),
+                          QStringList(m_folder->filePath(QStringLiteral("model/") + name)) +
+                              arguments);
+}
+
+// The paths of results mean nothing at the other end, their content does.
+void RemoteSession::passOn(const MarkerLine& line)
+{
+    if (line.marker != Marker::File) {
+        const QString start = line.marker ? markerText(*line.marker) : QString();
+        m_channel.send(Frame::of(Frame::Type::Line, start + line.body));
+        return;
+    }
+    QFile file(line.body);
+    if (!file.open(QIODevice::ReadOnly)) {
+        fail(QStringLiteral("cannot read the result '%1'").arg(line.body));
+        return;
+    }
+    m_channel.send(Frame::of(Frame::Type::File, QFileInfo(line.body).suffix(), file.readAll()));
+}
+
+void RemoteSession::endRun()
+{
+    if (m_isStopping) {
+        return;
+    }
+    if (!m_run->isSuccess() && m_run->exitStatus() == QProcess::CrashExit) {
+        m_channel.send(
+            Frame::of(Frame::Type::Failure, QStringLiteral("lost the run, ") + m_run->error()));
+    }
+    m_channel.send(Frame::of(
+        Frame::Type::Exit, static_cast<qint32>(m_run->isSuccess() ? EXIT_SUCCESS : EXIT_FAILURE)));
+    m_heartbeat.stop();
+    m_isDone = true;
+}
+
+void RemoteSession::fail(const QString& reason)
+{
+    m_channel.send(Frame::of(Frame::Type::Failure, reason));
+    stop();
+}
+
+void RemoteSession::finishWhenSent()
+{
+    if (m_isDone) {
+        leave(EXIT_SUCCESS);
+    }
+}
+
+void RemoteSession::leave(int exitCode)
+{
+    m_folder.reset();
+    Q_EMIT finished(exitCode);
+}

@@ -1,0 +1,47 @@
+#pragma once
+
+#include "ChildProcesses.h"
+#include "ComponentRun.h"
+#include "FrameChannel.h"
+#include "Heartbeat.h"
+
+#include <QTemporaryDir>
+
+#include <optional>
+
+// The other end of a remote run, on the host where it happens: takes the model from standard input
+// into a folder of its own, runs the solver there and sends back what it prints and writes. When
+// the connection ends everything here ends.
+class RemoteSession : public QObject
+{
+    Q_OBJECT
+
+public:
+    RemoteSession();
+
+    // Ends the run and then the session.
+    void stop();
+
+Q_SIGNALS:
+    void finished(int exitCode);
+
+private:
+    void take(const suite::Frame& frame);
+    void begin(const suite::Frame& frame);
+    [[nodiscard]] QString prepareFolder(const QString& name, const QByteArray& model,
+                                        const QByteArray& machines);
+    void run(const QString& name, QStringList arguments, bool hasMachines);
+    void passOn(const suite::MarkerLine& line);
+    void endRun();
+    void fail(const QString& reason);
+    void finishWhenSent();
+    void leave(int exitCode);
+
+    suite::FrameChannel m_channel;
+    suite::Heartbeat m_heartbeat;
+    std::optional<QTemporaryDir> m_folder;
+    suite::ChildProcesses m_processes;
+    suite::ComponentRun* m_run = nullptr; // owned by m_processes
+    bool m_isStopping = false;
+    bool m_isDone = false;
+};

@@ -1,0 +1,88 @@
+#include "SshProgram.h"
+
+#include <csignal>
+#include <cstdio>
+#include <cstdlib>
+#include <string>
+#include <vector>
+
+#include <sys/prctl.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+namespace {
+
+// What the parallel runtime gives: options of ssh, the host, the words of the command.
+int hostPlace(int argc, char* argv[])
+{
+    int place = 1;
+    while (place < argc && argv[place][0] == '-') {
+        ++place;
+    }
+    return place;
+}
+
+std::vector<std::string> sshWords(int argc, char* argv[])
+{
+    std::vector<std::string> result = {suite::SshProgram::path().toLocal8Bit().toStdString()};
+    const QStringList options = suite::SshProgram::options();
+    for (const QString& option : options) {
+        result.push_back(option.toStdString());
+    }
+    result.emplace_back("--");
+    for (int i = hostPlace(argc, argv); i < argc; ++i) {
+        result.emplace_back(argv[i]);
+    }
+    return result;
+}
+
+// The child ends with this process, and this process with its parent.
+void endWithParent(pid_t parent)
+{
+    ::prctl(PR_SET_PDEATHSIG, SIGKILL);
+    if (::getppid() != parent) {
+        std::_Exit(EXIT_FAILURE);
+    }
+}
+
+[[noreturn]] void becomeSsh(std::vector<std::string> words)
+{
+    std::vector<char*> pointers;
+    pointers.reserve(words.size() + 1);
+    for (std::string& word : words) {
+        pointers.push_back(word.data());
+    }
+    pointers.push_back(nullptr);
+    ::execvp(pointers.front(), pointers.data());
+    std::perror(pointers.front());
+    std::_Exit(EXIT_FAILURE);
+}
+
+} // namespace
+
+// sshkest is what mpiexec starts a program on another host with: ssh, which asks nothing, notices
+// when the host is gone, and leaves nothing behind when mpiexec is killed. mpiexec does not notice
+// when ssh fails: a line on standard error says so, with the host's name.
+int main(int argc, char* argv[])
+{
+    const int place = hostPlace(argc, argv);
+    if (place >= argc) {
+        std::fputs("usage: sshkest [options] HOST COMMAND\n", stderr);
+        return EXIT_FAILURE;
+    }
+    endWithParent(::getppid());
+    const pid_t parent = ::getpid();
+    const pid_t child = ::fork();
+    if (child == 0) {
+        endWithParent(parent);
+        becomeSsh(sshWords(argc, argv));
+    }
+    int status = 0;
+    if (child < 0 || ::waitpid(child, &status, 0) != child || status != 0) {
+        const int code = WIFEXITED(status) ? WEXITSTATUS(status) : EXIT_FAILURE;
+        std::fprintf(stderr, "sshkest: '%s' cannot be reached any more by ssh (code %d)\n",
+                     argv[place], code);
+        return code;
+    }
+    return EXIT_SUCCESS;
+}

@@ -1,0 +1,16 @@
+#pragma once
+
+#include "SweepRank.h"
+
+// A process that solves what the dealer gives it.
+class Worker : public SweepRank
+{
+    Q_OBJECT
+
+public:
+    explicit Worker(MpiLink& link);
+
+private:
+    void take(const suite::Frame& frame);
+    void report(int index, const QString& error, const QByteArray& output);
+};
