@@ -41,7 +41,7 @@ MpiSweep::MpiSweep(SweepDeck deck, ParallelSetup setup, bool needsImpedance)
     : m_deck(std::move(deck)), m_setup(std::move(setup)), m_needsImpedance(needsImpedance)
 {
     // The guard sees by itself when this component is gone, and ends the others in good order.
-
+    m_process.setDeathSignal(0);
     m_endWatch.setInterval(WatchInterval);
     connect(&m_endWatch, &QTimer::timeout, this, &MpiSweep::watchEnd);
     connect(&m_process, &FramedProcess::received, this, &MpiSweep::take);
