@@ -562,7 +562,7 @@ void tst_optkest::badInput_data()
         << text("ERROR 2021: tune.nec: the machines file 'folder'");
     QTest::newRow("machines file with mistakes")
         << text("tune -np 2 --machines-file bad")
-        << text("ERROR 2021: tune.nec: the machines file 'bad' has in line 2 'localhost:none'");
+        << text("ERROR 2021: tune.nec: the machines file 'bad' has in line 2 'localhost;none'");
     QTest::newRow("unknown option") << text("tune --fast") << text("ERROR 2001: optkest: unknown");
     QTest::newRow("option of runkest misspelt")
         << text("tune --runkest-options --use-gpus 0") << text("ERROR 2001: optkest: unknown");
