@@ -167,6 +167,7 @@ private Q_SLOTS:
     void keepsPercentagesThatCannotBeSeen();
     void showsErrors();
     void countsWarningsAndNotices();
+    void showsTheBoxesOfOneWhenTheDetailsClose();
     void acceptsNoVariables_data();
     void acceptsNoVariables();
     void tellsTheOutcome_data();
@@ -398,6 +399,9 @@ void tst_common_KestProcessDialog::staysHiddenInBatchMode()
     stage.runner->error(QStringLiteral("error"));
     QVERIFY(!stage.dialog->isVisible());
     QCOMPARE(stage.text(), QStringLiteral("text\nerror"));
+    stage.runner->warning(QStringLiteral("WARNING 1: text"));
+    QVERIFY(!stage.tabs()->isHidden() && !stage.tabs()->isVisible());
+    QVERIFY(!stage.warningsBox()->isHidden());
     stage.runner->end();
     QVERIFY(!stage.dialog->isVisible());
     QVERIFY(stage.ok()->isEnabled());
@@ -416,6 +420,9 @@ void tst_common_KestProcessDialog::namesTheProcess_data()
     QTest::newRow("extension") << QStringLiteral("C:/suite/bin/runkest.exe") << strings({"a b"})
                                << QStringLiteral("Executing runkest")
                                << QStringLiteral("> runkest.exe a b");
+    QTest::newRow("several dots") << QStringLiteral("/suite/bin/runkest.2.exe") << strings({"a"})
+                                  << QStringLiteral("Executing runkest")
+                                  << QStringLiteral("> runkest.2.exe a");
     QTest::newRow("no arguments") << QStringLiteral("runkest") << QStringList()
                                   << QStringLiteral("Executing runkest")
                                   << QStringLiteral("> runkest ");
@@ -548,14 +555,14 @@ void tst_common_KestProcessDialog::tellsOfAFailedStart()
     QWidget window;
     BoxReader boxes;
     const Stage stage(&window);
-    stage.runner->setExecutable(stage.folders.path() + QStringLiteral("/missing"));
+    stage.runner->setExecutable(stage.folders.path() + QStringLiteral("/missing %2"));
     stage.runner->setArguments({QStringLiteral("one"), QStringLiteral("two words")});
     QVERIFY(!stage.runner->run());
     const QVector<BoxReader::Box> shown = boxes.take();
     QCOMPARE(shown.size(), 1);
     QCOMPARE(shown[0].title, QStringLiteral("Information"));
     QCOMPARE(shown[0].text,
-             QStringLiteral("Process\n    %1/missing\ncould not be started with the following "
+             QStringLiteral("Process\n    %1/missing %2\ncould not be started with the following "
                             "arguments:\n    one two words.\nPlease ensure that Morlan Kest is "
                             "fully installed, and that\nthe KEST_HOME environment variable is set "
                             "correctly.")
@@ -639,6 +646,8 @@ void tst_common_KestProcessDialog::countsWarningsAndNotices()
     stage.runner->notice(QStringLiteral("NOTE 1: text"));
     QVERIFY(stage.noticesBox()->isVisible());
     QCOMPARE(count(stage.noticesBox()), QStringLiteral("2"));
+    stage.runner->notice(QStringLiteral("without the word"));
+    QCOMPARE(count(stage.noticesBox()), QStringLiteral("2"));
 
     stage.openDetails();
     QVERIFY(!stage.noticesBox()->isVisible());
@@ -647,6 +656,22 @@ void tst_common_KestProcessDialog::countsWarningsAndNotices()
     QVERIFY(!stage.warningsBox()->isVisible());
     QCOMPARE(count(stage.warningsBox()), QStringLiteral("1"));
 
+    stage.details()->setChecked(false);
+    QVERIFY(stage.noticesBox()->isVisible());
+    QVERIFY(stage.warningsBox()->isVisible());
+}
+
+void tst_common_KestProcessDialog::showsTheBoxesOfOneWhenTheDetailsClose()
+{
+    const Stage stage;
+    stage.runner->start();
+    stage.openDetails();
+    stage.runner->notice(QStringLiteral("NOTE 1: text"));
+    stage.details()->setChecked(false);
+    QVERIFY(stage.noticesBox()->isVisible());
+    QVERIFY(!stage.warningsBox()->isVisible());
+    stage.openDetails();
+    stage.runner->warning(QStringLiteral("WARNING 1: text"));
     stage.details()->setChecked(false);
     QVERIFY(stage.noticesBox()->isVisible());
     QVERIFY(stage.warningsBox()->isVisible());

@@ -80,6 +80,7 @@ private Q_SLOTS:
     void stopsWhenTheAnswerIsYes();
     void asksProperly();
     void asksNothingWhenNothingRuns();
+    void asksNothingForOtherKeys();
     void okStopsWithoutAsking();
     void okClosesAfterTheEnd();
     void endsWhileTheQuestionIsOpen_data();
@@ -225,6 +226,23 @@ void tst_common_KestProcessDialogRuns::asksNothingWhenNothingRuns()
         QVERIFY(isGone(stage.dialog));
         QVERIFY(answerer.texts.isEmpty());
     }
+}
+
+void tst_common_KestProcessDialogRuns::asksNothingForOtherKeys()
+{
+    const DialogStage stage;
+    const QString go = stage.folders.path() + QStringLiteral("/go");
+    QVERIFY(stage.run({QStringLiteral("wait-for-file"), go}));
+    BoxAnswerer answerer(no());
+    for (const Qt::Key key : {Qt::Key_F5, Qt::Key_X, Qt::Key_Return}) {
+        QTest::keyClick(stage.dialog, key);
+    }
+    QVERIFY(stage.dialog->isVisible());
+    SettingsFolders::write(go, "");
+    QTRY_VERIFY(stage.ok()->isEnabled());
+    QTest::keyClick(stage.dialog, Qt::Key_Return);
+    QVERIFY(isGone(stage.dialog));
+    QVERIFY(answerer.texts.isEmpty());
 }
 
 void tst_common_KestProcessDialogRuns::okStopsWithoutAsking()

@@ -5,6 +5,8 @@
 #include <QMenu>
 #include <QMimeData>
 #include <QRandomGenerator>
+#include <QScopeGuard>
+#include <QScreen>
 #include <QScrollBar>
 #include <QTextBlock>
 #include <QTimer>
@@ -12,6 +14,8 @@
 #include <QtTest>
 
 #include <array>
+#include <functional>
+#include <utility>
 
 namespace {
 
@@ -163,28 +167,41 @@ public:
     }
 };
 
+/// Does something with the next menu that opens.
+class MenuUser
+{
+public:
+    explicit MenuUser(std::function<void(QMenu&)> deed) : m_deed(std::move(deed))
+    {
+        QObject::connect(&m_timer, &QTimer::timeout, &m_timer, [this] {
+            auto* const menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
+            if (menu) {
+                m_timer.stop();
+                m_deed(*menu);
+            }
+        });
+        m_timer.start(1);
+    }
+
+private:
+    std::function<void(QMenu&)> m_deed;
+    QTimer m_timer;
+};
+
 // Opens the context menu of the output and triggers the entry.
 QStringList useContextMenu(const QTextEdit* view, const QString& entry)
 {
     QStringList texts;
-    QTimer timer;
-    timer.setInterval(1);
-    QObject::connect(&timer, &QTimer::timeout, &timer, [&] {
-        auto* const menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
-        if (!menu) {
-            return;
-        }
-        timer.stop();
-        const QList<QAction*> actions = menu->actions();
+    const MenuUser user([&](QMenu& menu) {
+        const QList<QAction*> actions = menu.actions();
         for (QAction* const action : actions) {
             texts.append(action->isSeparator() ? QStringLiteral("-") : action->text());
             if (action->text() == entry) {
                 action->trigger();
             }
         }
-        menu->close();
+        menu.close();
     });
-    timer.start();
     QContextMenuEvent event(QContextMenuEvent::Mouse, QPoint(5, 5),
                             view->viewport()->mapToGlobal(QPoint(5, 5)));
     QCoreApplication::sendEvent(view->viewport(), &event);
@@ -202,6 +219,9 @@ private Q_SLOTS:
     void hasItsSlots();
     void hasItsOutputView();
     void hasItsErrorsView();
+    void isReadableWithDarkColours_data();
+    void isReadableWithDarkColours();
+    void keepsLightColours();
     void appendsParagraphs();
     void appendsAsQTextEditDoes_data();
     void appendsAsQTextEditDoes();
@@ -212,6 +232,7 @@ private Q_SLOTS:
     void endsMarkupWithItsLine();
     void readsNothingThatIsNamed_data();
     void readsNothingThatIsNamed();
+    void drawsAFrameForAnImage();
     void readsNothingForTheClipboard();
     void linksDoNothing();
     void showsErrors();
@@ -225,19 +246,24 @@ private Q_SLOTS:
     void followsAfterTheScrollBarWasSet();
     void followsThroughPaintsInTheMiddleOfATurn();
     void followsWhenTheDetailsAreOpened();
+    void followsWhenItGetsNarrower();
     void staysWithACursorFurtherUp();
     void staysWhileTheSliderIsHeld();
     void staysWhereTheUserScrolledTo();
     void followsAgainFromTheBottom();
+    void followsAgainWhenTheCursorComesToTheEnd();
     void movesTheCursorToTheEndWithTheSlider();
     void keepsTheSelection();
     void errorsStayAtTheBottom();
+    void goesToTheLastErrorByKey();
     void findsTheSelectedMessage_data();
     void findsTheSelectedMessage();
     void findsInTheMiddleOfATurn();
     void findsWholeWordsOnly();
     void findsNextFromTheMenu();
     void findsNothingWithNothingSelected();
+    void opensTheMenuWhereItWasAskedFor();
+    void isDestroyedWhileTheMenuIsOpen();
 };
 
 void tst_common_KestProcessOutputTabWidget::hasItsTabs()
@@ -287,6 +313,7 @@ void tst_common_KestProcessOutputTabWidget::hasItsOutputView()
     QCOMPARE(view->lineWrapMode(), QTextEdit::WidgetWidth);
     QCOMPARE(view->contextMenuPolicy(), Qt::CustomContextMenu);
     QVERIFY(view->isReadOnly());
+    QVERIFY(!view->isUndoRedoEnabled());
     QCOMPARE(view->tabStopDistance(), 56.0);
     QCOMPARE(view->font().family(), QStringLiteral("Courier"));
     QCOMPARE(view->font().pointSize(), 9);
@@ -299,10 +326,70 @@ void tst_common_KestProcessOutputTabWidget::hasItsErrorsView()
     const DialogStage stage;
     const QTextEdit* const view = stage.errors();
     QVERIFY(view->isReadOnly());
+    QVERIFY(!view->isUndoRedoEnabled());
     QVERIFY(view != stage.output());
     QCOMPARE(view->font().family(), QStringLiteral("Courier"));
     QCOMPARE(view->font().weight(), static_cast<int>(QFont::Normal));
     QCOMPARE(view->font().styleHint(), QFont::TypeWriter);
+}
+
+void tst_common_KestProcessOutputTabWidget::isReadableWithDarkColours_data()
+{
+    QTest::addColumn<bool>("fromTheBeginning");
+
+    QTest::newRow("from the beginning") << true;
+    QTest::newRow("later") << false;
+}
+
+// The views of text alone: all else keeps the user's colours.
+void tst_common_KestProcessOutputTabWidget::isReadableWithDarkColours()
+{
+    QFETCH(bool, fromTheBeginning);
+    const QColor dark(0x23, 0x26, 0x29);
+    const QColor light(0xf0, 0xf1, 0xf2);
+    QPalette palette;
+    palette.setColor(QPalette::Base, dark);
+    palette.setColor(QPalette::Text, light);
+    palette.setColor(QPalette::Window, dark);
+    const QPalette usual = QApplication::palette();
+    const auto restore = qScopeGuard([&usual] { QApplication::setPalette(usual); });
+    if (fromTheBeginning) {
+        QApplication::setPalette(palette);
+    }
+    const DialogStage stage;
+    QApplication::setPalette(palette);
+    stage.runner->start();
+    stage.openDetails();
+    stage.runner->notice(QStringLiteral("NOTE 1: text"));
+    for (QTextEdit* const view : {stage.output(), stage.errors()}) {
+        stage.tabs()->setCurrentWidget(view);
+        QCOMPARE(view->palette().color(QPalette::Base), QColor(Qt::white));
+        QCOMPARE(view->palette().color(QPalette::Text), QColor(Qt::black));
+        QCOMPARE(view->palette().color(QPalette::Window), dark);
+        QVERIFY(shows(view->viewport(), Qt::white));
+        QVERIFY(!shows(view->viewport(), dark));
+    }
+    for (const QWidget* const other :
+         {static_cast<QWidget*>(stage.notices()), static_cast<QWidget*>(stage.warnings()),
+          static_cast<QWidget*>(stage.tabs()), static_cast<QWidget*>(stage.info())}) {
+        QCOMPARE(other->palette().color(QPalette::Base), dark);
+        QCOMPARE(other->palette().color(QPalette::Text), light);
+    }
+}
+
+void tst_common_KestProcessOutputTabWidget::keepsLightColours()
+{
+    const DialogStage stage;
+    const QColor paper(0xff, 0xfe, 0xe8);
+    const QColor ink(0x30, 0x20, 0x10);
+    QPalette palette;
+    palette.setColor(QPalette::Base, paper);
+    palette.setColor(QPalette::Text, ink);
+    stage.dialog->setPalette(palette);
+    for (const QTextEdit* const view : {stage.output(), stage.errors()}) {
+        QCOMPARE(view->palette().color(QPalette::Base), paper);
+        QCOMPARE(view->palette().color(QPalette::Text), ink);
+    }
 }
 
 void tst_common_KestProcessOutputTabWidget::appendsParagraphs()
@@ -311,8 +398,8 @@ void tst_common_KestProcessOutputTabWidget::appendsParagraphs()
     stage.runner->output(QStringLiteral("first"));
     stage.runner->say(common_IProcessMessage::LineFeed, QString());
     stage.runner->output(QStringLiteral("  two  blanks\tand a tab "));
-    stage.runner->say(common_IProcessMessage::File, QStringLiteral("  out.log \t"));
-    QCOMPARE(stage.text(), QStringLiteral("first\n\n  two  blanks\tand a tab \nout.log"));
+    stage.runner->say(common_IProcessMessage::File, QStringLiteral("  out  of.log \t"));
+    QCOMPARE(stage.text(), QStringLiteral("first\n\n  two  blanks\tand a tab \nout  of.log"));
 }
 
 void tst_common_KestProcessOutputTabWidget::appendsAsQTextEditDoes_data()
@@ -368,6 +455,13 @@ void tst_common_KestProcessOutputTabWidget::appendsAsQTextEditDoes_data()
         QTest::addRow("%d", number++) << QString::fromUtf8(line);
     }
     QTest::newRow("long") << QStringLiteral("word ").repeated(5000);
+    QTest::newRow("two attributes") << QStringLiteral("<font color=#00ff00 size=7>x</font>");
+    QTest::newRow("long colour") << QStringLiteral("<font color=#00ff001>x</font>");
+    QTest::newRow("null") << QString::fromUtf8("a\0b", 3);
+    for (const ushort character : {0x2029, 0xfdd0, 0xfdd1, 0xfeff, 0xfffc}) {
+        QTest::addRow("character %x", static_cast<uint>(character))
+            << QLatin1Char('a') + QString(QChar(character)) + QLatin1Char('b');
+    }
     QTest::newRow("long without blanks") << QString(20000, QLatin1Char('x'));
 }
 
@@ -561,6 +655,17 @@ void tst_common_KestProcessOutputTabWidget::readsNothingThatIsNamed()
     QCOMPARE(stage.info()->text(), QStringLiteral("> x ") + line);
 }
 
+void tst_common_KestProcessOutputTabWidget::drawsAFrameForAnImage()
+{
+    const TabStage stage;
+    const auto drawn = [&stage] { return stage.output()->viewport()->grab().toImage(); };
+    stage.runner->output(QStringLiteral("<p></p>"));
+    const QImage empty = drawn();
+    stage.output()->clear();
+    stage.runner->output(QStringLiteral("<img src='missing.png'>"));
+    QVERIFY(drawn() != empty);
+}
+
 void tst_common_KestProcessOutputTabWidget::readsNothingForTheClipboard()
 {
     const Bait bait;
@@ -651,6 +756,8 @@ void tst_common_KestProcessOutputTabWidget::showsNotices_data()
     row("FOOTNOTE 12: text", 1, "Notices(1)");
     row("text without the word", 0, "Notices");
     row("NOTICE 12: text", 0, "Notices");
+    row("NOTES 12: text", 0, "Notices");
+    row("NOTE: no blank behind", 0, "Notices");
     row("NOTE without colon", 0, "Notices(0)");
 }
 
@@ -738,6 +845,22 @@ void tst_common_KestProcessOutputTabWidget::followsWhenTheDetailsAreOpened()
     QTRY_VERIFY(stage.isAtEnd());
 }
 
+void tst_common_KestProcessOutputTabWidget::followsWhenItGetsNarrower()
+{
+    const TabStage stage;
+    const QSize size = stage.dialog->size();
+    stage.dialog->resize(size.width() * 2, size.height());
+    for (int number = 0; number < 100; ++number) {
+        stage.runner->output(QStringLiteral("word ").repeated(24));
+    }
+    QCoreApplication::processEvents();
+    QVERIFY(stage.isAtEnd());
+    const int maximum = stage.scrollBar()->maximum();
+    stage.dialog->resize(size);
+    QTRY_VERIFY(stage.scrollBar()->maximum() > maximum);
+    QTRY_VERIFY(stage.isAtEnd());
+}
+
 void tst_common_KestProcessOutputTabWidget::staysWithACursorFurtherUp()
 {
     const TabStage stage;
@@ -804,6 +927,25 @@ void tst_common_KestProcessOutputTabWidget::followsAgainFromTheBottom()
     QCOMPARE(stage.scrollBar()->value(), stage.scrollBar()->maximum());
 }
 
+void tst_common_KestProcessOutputTabWidget::followsAgainWhenTheCursorComesToTheEnd()
+{
+    const TabStage stage;
+    stage.printLines(300);
+    stage.moveCursorTo(0);
+    for (int turns = 0; turns < 100; ++turns) {
+        stage.wheel(-90);
+    }
+    const int value = stage.scrollBar()->value();
+    QCOMPARE(value, stage.scrollBar()->maximum());
+    stage.printLines(30);
+    QCOMPARE(stage.scrollBar()->value(), value);
+
+    stage.scrollBar()->setValue(stage.scrollBar()->maximum());
+    stage.output()->moveCursor(QTextCursor::End);
+    stage.printLines(300);
+    QCOMPARE(stage.scrollBar()->value(), stage.scrollBar()->maximum());
+}
+
 void tst_common_KestProcessOutputTabWidget::movesTheCursorToTheEndWithTheSlider()
 {
     const TabStage stage;
@@ -850,29 +992,52 @@ void tst_common_KestProcessOutputTabWidget::errorsStayAtTheBottom()
     QCOMPARE(bar->value(), 5);
 }
 
+void tst_common_KestProcessOutputTabWidget::goesToTheLastErrorByKey()
+{
+    const TabStage stage;
+    const QScrollBar* const bar = stage.errors()->verticalScrollBar();
+    const auto printErrors = [&stage] {
+        for (int number = 0; number < 200; ++number) {
+            stage.runner->error(QStringLiteral("error %1").arg(number));
+        }
+    };
+    printErrors();
+    QCoreApplication::processEvents();
+    QTest::keyClick(stage.errors(), Qt::Key_Home);
+    QCOMPARE(bar->value(), 0);
+    printErrors();
+    QTest::keyClick(stage.errors(), Qt::Key_End);
+    QCoreApplication::processEvents();
+    QVERIFY(bar->maximum() > 0);
+    QCOMPARE(bar->value(), bar->maximum());
+}
+
 void tst_common_KestProcessOutputTabWidget::findsTheSelectedMessage_data()
 {
     QTest::addColumn<int>("tab");
+    QTest::addColumn<QString>("text");
+    QTest::addColumn<int>("block");
 
-    QTest::newRow("notice") << 1;
-    QTest::newRow("warning") << 2;
+    QTest::newRow("notice") << 1 << QStringLiteral("the searched notice") << 300;
+    QTest::newRow("warning") << 2 << QStringLiteral("the searched warning") << 301;
 }
 
 void tst_common_KestProcessOutputTabWidget::findsTheSelectedMessage()
 {
     QFETCH(int, tab);
+    QFETCH(int, block);
     const TabStage stage;
     stage.printLines(300);
-    stage.runner->notice(QStringLiteral("NOTE 1: the  searched text"));
-    stage.runner->warning(QStringLiteral("WARNING 1: the  searched text"));
+    stage.runner->notice(QStringLiteral("NOTE 1: the  searched notice"));
+    stage.runner->warning(QStringLiteral("WARNING 1: the  searched warning"));
     stage.printLines(300);
     auto* const table = qobject_cast<QTableWidget*>(stage.tabs()->widget(tab));
     stage.tabs()->setCurrentIndex(tab);
     Q_EMIT table->cellDoubleClicked(0, 1);
     QCOMPARE(stage.tabs()->currentIndex(), 0);
     const QTextCursor cursor = stage.output()->textCursor();
-    QCOMPARE(cursor.selectedText(), QStringLiteral("the searched text"));
-    QCOMPARE(cursor.blockNumber(), 300);
+    QTEST(cursor.selectedText(), "text");
+    QCOMPARE(cursor.blockNumber(), block);
     QVERIFY(stage.output()->viewport()->rect().contains(stage.output()->cursorRect().center()));
     const int value = stage.scrollBar()->value();
     stage.printLines(300);
@@ -888,6 +1053,16 @@ void tst_common_KestProcessOutputTabWidget::findsInTheMiddleOfATurn()
     Q_EMIT stage.warnings()->cellDoubleClicked(400, 2);
     QCOMPARE(stage.output()->textCursor().selectedText(), QStringLiteral("text 400 end"));
     QVERIFY(stage.output()->viewport()->rect().contains(stage.output()->cursorRect().center()));
+    const int value = stage.scrollBar()->value();
+    QVERIFY(value > 0);
+
+    for (int number = 0; number < 100; ++number) {
+        stage.runner->output(QStringLiteral("line"));
+    }
+    stage.runner->output(QStringLiteral("text 400 end"));
+    QVERIFY(QMetaObject::invokeMethod(stage.tabs(), "findNext"));
+    QCOMPARE(stage.output()->textCursor().blockNumber(), 600);
+    QVERIFY(stage.scrollBar()->value() > value);
 }
 
 void tst_common_KestProcessOutputTabWidget::findsWholeWordsOnly()
@@ -910,7 +1085,7 @@ void tst_common_KestProcessOutputTabWidget::findsWholeWordsOnly()
 void tst_common_KestProcessOutputTabWidget::findsNextFromTheMenu()
 {
     const TabStage stage;
-    stage.runner->output(QStringLiteral("abc x abc\nxabcx"));
+    stage.runner->output(QStringLiteral("abc x abc\nxABCx"));
     QTextCursor cursor = stage.output()->textCursor();
     cursor.setPosition(0);
     cursor.setPosition(3, QTextCursor::KeepAnchor);
@@ -922,7 +1097,7 @@ void tst_common_KestProcessOutputTabWidget::findsNextFromTheMenu()
     QCOMPARE(stage.output()->textCursor().selectionStart(), 6);
     useContextMenu(stage.output(), entry);
     QCOMPARE(stage.output()->textCursor().selectionStart(), 11);
-    QCOMPARE(stage.output()->textCursor().selectedText(), QStringLiteral("abc"));
+    QCOMPARE(stage.output()->textCursor().selectedText(), QStringLiteral("ABC"));
     useContextMenu(stage.output(), entry);
     QCOMPARE(stage.output()->textCursor().position(), 0);
     QVERIFY(!stage.output()->textCursor().hasSelection());
@@ -935,6 +1110,40 @@ void tst_common_KestProcessOutputTabWidget::findsNothingWithNothingSelected()
     QVERIFY(stage.output()->textCursor().atEnd());
     useContextMenu(stage.output(), QStringLiteral("Find next"));
     QCOMPARE(stage.output()->textCursor().position(), 0);
+}
+
+// A menu that does not fit there is moved into the screen.
+void tst_common_KestProcessOutputTabWidget::opensTheMenuWhereItWasAskedFor()
+{
+    const TabStage stage;
+    stage.dialog->move(60, 40);
+    const QPoint inView(7, 9);
+    QRect place;
+    const MenuUser user([&place](QMenu& menu) {
+        place = menu.geometry();
+        menu.close();
+    });
+    Q_EMIT stage.output()->customContextMenuRequested(inView);
+    const QPoint asked = stage.output()->viewport()->mapToGlobal(inView);
+    QVERIFY(!place.isEmpty());
+    if (QGuiApplication::primaryScreen()->availableGeometry().contains(
+            QRect(asked, place.size()))) {
+        QCOMPARE(place.topLeft(), asked);
+    }
+}
+
+void tst_common_KestProcessOutputTabWidget::isDestroyedWhileTheMenuIsOpen()
+{
+    const TabStage stage;
+    int opened = 0;
+    const MenuUser user([&](QMenu&) {
+        ++opened;
+        delete stage.dialog;
+    });
+    QVERIFY(QMetaObject::invokeMethod(stage.tabs(), "onContextMenuRequested",
+                                      Q_ARG(QPoint, QPoint(5, 5))));
+    QCOMPARE(opened, 1);
+    QVERIFY(stage.dialog.isNull());
 }
 
 QTEST_MAIN(tst_common_KestProcessOutputTabWidget)

@@ -418,14 +418,16 @@ void tst_common_KestProcessOutputTableWidget::tellsWhoWatchesThatCountsChanged()
     QString count;
     connect(stage.notices()->model(), &QAbstractItemModel::dataChanged, this,
             [&](const QModelIndex& topLeft, const QModelIndex& bottomRight) {
-                if (topLeft.row() == 0 && bottomRight.row() == 1 && topLeft.column() == 1) {
+                if (topLeft.row() == 0 && bottomRight.row() == 2 && topLeft.column() == 1) {
                     ++told;
                     count = topLeft.data().toString();
                 }
             });
     stage.runner->notice(QStringLiteral("NOTE 3: same"));
-    QTRY_COMPARE(told, 1);
-    QCOMPARE(count, QStringLiteral("2"));
+    stage.runner->notice(QStringLiteral("NOTE 3: same"));
+    QCoreApplication::processEvents();
+    QCOMPARE(told, 1);
+    QCOMPARE(count, QStringLiteral("3"));
 }
 
 void tst_common_KestProcessOutputTableWidget::copiesTheSelectedRows()
@@ -484,11 +486,11 @@ void tst_common_KestProcessOutputTableWidget::findsTheCurrentRowInTheOutput()
     stage.runner->warning(QStringLiteral("WARNING 1: first text"));
     stage.runner->warning(QStringLiteral("WARNING 2: second text"));
     stage.tabs()->setCurrentIndex(2);
-    stage.warnings()->setCurrentCell(1, 0);
+    stage.warnings()->setCurrentCell(1, 2);
     QSignalSpy doubleClicked(stage.warnings(), &QTableWidget::cellDoubleClicked);
     action(stage.warnings(), "Find in output")->trigger();
     QCOMPARE(doubleClicked.count(), 1);
-    QCOMPARE(doubleClicked.at(0), (QVariantList{1, 0}));
+    QCOMPARE(doubleClicked.at(0), (QVariantList{1, 2}));
     QCOMPARE(stage.tabs()->currentIndex(), 0);
     QCOMPARE(stage.output()->textCursor().selectedText(), QStringLiteral("second text"));
 }

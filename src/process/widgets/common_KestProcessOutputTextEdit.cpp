@@ -4,6 +4,7 @@
 
 #include <QEvent>
 #include <QMimeData>
+#include <QPalette>
 #include <QScrollBar>
 #include <QTextDocumentFragment>
 
@@ -77,6 +78,20 @@ std::optional<ColouredLine> colouredLine(QStringView html)
     return ColouredLine{withSingleBlanks(text), format};
 }
 
+// On a dark base the colours of messages, blue above all, could not be read. All else of the view,
+// its scroll bars for instance, keeps the colours around it.
+void ensureLightBase(QWidget* view)
+{
+    constexpr int middle = 128;
+    if (view->palette().color(QPalette::Base).lightness() >= middle) {
+        return;
+    }
+    QPalette readable;
+    readable.setColor(QPalette::Base, Qt::white);
+    readable.setColor(QPalette::Text, Qt::black);
+    view->setPalette(readable);
+}
+
 bool isAtBottom(const QScrollBar* bar)
 {
     return bar->value() >= bar->maximum();
@@ -90,6 +105,7 @@ common_KestProcessOutputTextEdit::common_KestProcessOutputTextEdit(Following fol
 {
     setDocument(new common_KestProcessOutputDocument(this));
     setReadOnly(true);
+    ensureLightBase(this);
     m_writer = QTextCursor(document());
     connect(verticalScrollBar(), &QScrollBar::actionTriggered, this,
             &common_KestProcessOutputTextEdit::onUserScrolled);
@@ -140,6 +156,14 @@ void common_KestProcessOutputTextEdit::resizeEvent(QResizeEvent* event)
     QTextEdit::resizeEvent(event);
     if (m_following == Following::TextCursor) {
         m_endOfTurn.ask();
+    }
+}
+
+void common_KestProcessOutputTextEdit::changeEvent(QEvent* event)
+{
+    QTextEdit::changeEvent(event);
+    if (event->type() == QEvent::PaletteChange) {
+        ensureLightBase(this);
     }
 }
 

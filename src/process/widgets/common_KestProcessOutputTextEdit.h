@@ -11,6 +11,9 @@
 /// A line is in the document as soon as it was appended. The layout and the scrolling wait for the
 /// end of the event loop's turn and are done for all its lines together: to lay out after every
 /// line takes most of the time that plain QTextEdit::append() needs.
+///
+/// Where the palette's base is dark the view has a light one with dark text, now and later: the
+/// colours of the lines are made for that.
 class common_KestProcessOutputTextEdit : public QTextEdit
 {
     Q_OBJECT
@@ -37,6 +40,7 @@ protected:
     bool viewportEvent(QEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
+    void changeEvent(QEvent* event) override;
     QMimeData* createMimeDataFromSelection() const override;
 
 private:
