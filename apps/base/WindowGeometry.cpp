@@ -10,8 +10,15 @@ namespace {
 
 constexpr int smallestSide = 200;
 constexpr int smallestVisible = 60; // of the window, on a screen
+constexpr int farthest = 1000000;   // beyond all screens; sums of such numbers are still numbers
 
-bool isReachable(const QRect& frame)
+int bounded(int number)
+{
+    return qBound(-farthest, number, farthest);
+}
+
+// The screen on which the user can get hold of a window; null when there is none.
+const QScreen* screenOf(const QRect& frame)
 {
     const QList<QScreen*> screens = QGuiApplication::screens();
     for (const QScreen* screen : screens) {
@@ -19,22 +26,25 @@ bool isReachable(const QRect& frame)
         // The title bar is what a window is moved by.
         const bool hasTop = visible.isValid() && visible.top() <= frame.top() + smallestVisible / 2;
         if (hasTop && visible.width() >= smallestVisible && visible.height() >= smallestVisible) {
-            return true;
+            return screen;
         }
     }
-    return false;
+    return nullptr;
 }
 
 } // namespace
 
 void WindowGeometry::restore(QWidget& window, const common_geometry_settings& settings)
 {
-    const QRect screen = QGuiApplication::primaryScreen()->availableGeometry();
-    const QSize least = QSize(smallestSide, smallestSide).boundedTo(screen.size());
-    const QSize size =
-        QSize(settings.width(), settings.height()).expandedTo(least).boundedTo(screen.size());
-    QRect frame(QPoint(settings.x_pos(), settings.y_pos()), size);
-    if (!isReachable(frame)) {
+    const QSize least(smallestSide, smallestSide);
+    const QSize size(bounded(settings.width()), bounded(settings.height()));
+    QRect frame(QPoint(bounded(settings.x_pos()), bounded(settings.y_pos())),
+                size.expandedTo(least));
+    const QScreen* found = screenOf(frame);
+    const QRect screen =
+        (found != nullptr ? found : QGuiApplication::primaryScreen())->availableGeometry();
+    frame.setSize(frame.size().boundedTo(screen.size()));
+    if (found == nullptr) {
         frame.moveCenter(screen.center());
     }
     window.resize(frame.size());

@@ -12,6 +12,7 @@
 
 #include <QApplication>
 #include <QLoggingCategory>
+#include <QTimer>
 
 #include <cstdio>
 #include <memory>
@@ -37,12 +38,16 @@ int refuse(const QString& text)
 
 int showWindow(const CommandLine& commandLine)
 {
-    MainWindow window(commandLine.models.value(0));
+    MainWindow window;
     if (commandLine.component != nullptr) {
         window.setComponent(*commandLine.component);
     }
     StopSignals::watch(&window, [&window] { window.quit(); });
     window.show();
+    if (!commandLine.models.isEmpty()) {
+        const QString model = commandLine.models.constFirst();
+        QTimer::singleShot(0, &window, [&window, model] { window.openModel(model); });
+    }
     return QApplication::exec();
 }
 
@@ -77,6 +82,8 @@ int main(int argc, char* argv[])
     }
     QCoreApplication::setAttribute(Qt::AA_EnableHighDpiScaling);
     QCoreApplication::setAttribute(Qt::AA_UseHighDpiPixmaps);
+    QGuiApplication::setHighDpiScaleFactorRoundingPolicy(
+        Qt::HighDpiScaleFactorRoundingPolicy::PassThrough);
     const std::unique_ptr<QCoreApplication> application =
         isWindow ? std::make_unique<QApplication>(argc, argv)
                  : std::make_unique<QCoreApplication>(argc, argv);

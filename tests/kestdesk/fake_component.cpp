@@ -6,6 +6,7 @@
 //   fault      ends with exit code 3
 //   crash      dies by a signal
 //   wait       waits to be terminated
+//   halfway    reports that half is done, and waits to be terminated
 //   stubborn   waits with a child of its own, which both ignore the terminate request
 //   forgetful  waits to be terminated, and leaves a child of its own that ignores the request
 #include <csignal>
@@ -82,6 +83,7 @@ int main(int argc, char* argv[])
         {"fault", [] { say("up"), std::exit(3); }},
         {"crash", [] { say("up"), std::raise(SIGKILL); }},
         {"wait", [] { wait(false, false); }},
+        {"halfway", [] { say("-*-total-percentage-*-50%"), wait(false, false); }},
         {"stubborn", [] { wait(true, true); }},
         {"forgetful", [] { wait(true, false); }},
     };

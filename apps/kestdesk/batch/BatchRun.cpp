@@ -16,14 +16,16 @@ void BatchRun::start(const Component& component, common_RunWrapper::RunOptions o
                      const QString& model, common_CommonSettingsSet& settings)
 {
     m_report.begin(model);
-    const QString complaint =
+    const RunSetup::Readiness readiness =
         RunSetup::apply(*m_runner, component, options, QFileInfo(model), settings);
-    if (complaint.isEmpty()) {
+    if (readiness.isReady) {
         run();
-    } else {
-        m_runner->discardTemporaryFiles();
-        refuse(complaint);
+        return;
     }
+    m_runner->discardTemporaryFiles();
+    refuse(readiness.complaint.isEmpty()
+               ? QStringLiteral("%1 was not started").arg(QLatin1String(component.name))
+               : readiness.complaint);
 }
 
 void BatchRun::run()

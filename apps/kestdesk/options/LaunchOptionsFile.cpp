@@ -17,6 +17,21 @@ bool isKept(const QString& name)
             common_PropertyMetaData::Transient) == 0;
 }
 
+struct LockOwner
+{
+    qint64 process; ///< 0 when nobody holds the file
+    QString host;
+};
+
+LockOwner lockOwner()
+{
+    const auto readable = common_ComponentsLaunchOptions::create(ReadOnlyAccess);
+    char host[256] = "";
+    const qint64 process =
+        KEST_binfiles_lock_owner(readable->getFileName().toStdWString().c_str(), host, sizeof host);
+    return {process, QString::fromUtf8(host)};
+}
+
 } // namespace
 
 QStringList LaunchOptionsFile::keptNames(const common_ComponentsLaunchOptions& options)
@@ -47,11 +62,13 @@ QStringList LaunchOptionsFile::save(common_ComponentsLaunchOptions& options)
     return lost;
 }
 
+bool LaunchOptionsFile::isOwned()
+{
+    return lockOwner().process != 0;
+}
+
 QString LaunchOptionsFile::owner()
 {
-    const auto readable = common_ComponentsLaunchOptions::create(ReadOnlyAccess);
-    char host[256] = "";
-    const qint64 process =
-        KEST_binfiles_lock_owner(readable->getFileName().toStdWString().c_str(), host, sizeof host);
-    return QStringLiteral("process %1 on %2").arg(process).arg(QString::fromUtf8(host));
+    const LockOwner owner = lockOwner();
+    return QStringLiteral("process %1 on %2").arg(owner.process).arg(owner.host);
 }

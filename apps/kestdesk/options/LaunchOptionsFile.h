@@ -18,6 +18,9 @@ QString value(const common_ComponentsLaunchOptions& options, const QString& name
 /// of those that the file does not hold now; empty when all is well.
 QStringList save(common_ComponentsLaunchOptions& options);
 
+/// Whether somebody holds the file.
+bool isOwned();
+
 /// Who holds the file, in words.
 QString owner();
 

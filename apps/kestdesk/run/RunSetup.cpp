@@ -23,11 +23,8 @@ QString missingMachinesFile(const common_ProcessRunnerBase& runner)
     return QFileInfo(file).isFile() ? QString() : file;
 }
 
-} // namespace
-
-QString RunSetup::apply(BatchRunner& runner, const Component& component,
-                        common_RunWrapper::RunOptions options, const QFileInfo& model,
-                        common_CommonSettingsSet& settings)
+// What is missing before anything can be set up; empty when nothing is.
+QString missingPart(const Component& component, const QFileInfo& model)
 {
     if (!model.exists()) {
         return QStringLiteral("there is no model %1").arg(model.filePath());
@@ -36,17 +33,31 @@ QString RunSetup::apply(BatchRunner& runner, const Component& component,
         return QStringLiteral("%1 is a folder and not a model").arg(model.filePath());
     }
     const QString name = QLatin1String(component.name);
-    if (Installation::program(name).isEmpty()) {
-        return QStringLiteral("there is no component %1 in %2 (KEST_HOME names the installation)")
-            .arg(name, Installation::directory());
+    return Installation::program(name).isEmpty()
+               ? QStringLiteral("there is no component %1 in %2 (KEST_HOME names the installation)")
+                     .arg(name, Installation::directory())
+               : QString();
+}
+
+} // namespace
+
+RunSetup::Readiness RunSetup::apply(BatchRunner& runner, const Component& component,
+                                    common_RunWrapper::RunOptions options, const QFileInfo& model,
+                                    common_CommonSettingsSet& settings)
+{
+    const QString missing = missingPart(component, model);
+    if (!missing.isEmpty()) {
+        return {false, missing};
     }
     QDir().mkpath(qEnvironmentVariable("KEST_USER_HOME")); // takes the copy of a machines file
     common_RunWrapper wrapper(&settings);
     if (!(wrapper.*component.setUp)(runner, model, options)) {
-        return QStringLiteral("%1 was not started").arg(name);
+        return {false, QString()};
     }
-    const QString missing = missingMachinesFile(runner);
-    return missing.isEmpty()
-               ? QString()
-               : QStringLiteral("the machines file cannot be copied to %1").arg(missing);
+    const QString machinesFile = missingMachinesFile(runner);
+    if (!machinesFile.isEmpty()) {
+        return {false,
+                QStringLiteral("the machines file cannot be copied to %1").arg(machinesFile)};
+    }
+    return {true, QString()};
 }

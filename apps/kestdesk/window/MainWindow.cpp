@@ -30,6 +30,7 @@
 #include <QMimeData>
 #include <QStatusBar>
 #include <QTableView>
+#include <QTimer>
 #include <QVBoxLayout>
 
 #include <algorithm>
@@ -37,6 +38,9 @@
 namespace {
 
 const QString applicationName = QStringLiteral("kestdesk");
+
+constexpr int graceTime = 2000; // milliseconds that processes may take to end
+constexpr int killTime = 2000;  // milliseconds after which a killed one is given up
 
 QIcon icon(const QString& name)
 {
@@ -52,9 +56,20 @@ QString droppedFile(const QMimeData& data)
     return found == urls.end() ? QString() : found->toLocalFile();
 }
 
+bool isAgreedToStop(const WindowRun& run, QWidget* window)
+{
+    common_UserQuery query(QStringLiteral("Stop a run"),
+                           QStringLiteral("Are you sure you want to stop %1 of %2?")
+                               .arg(run.componentName(), QFileInfo(run.model()).fileName()),
+                           common_UserQuery::Warning, window, QString());
+    query.addOption(QStringLiteral("Yes"), QMessageBox::YesRole, common_UserQuery::EnterDefault);
+    query.addOption(QStringLiteral("No"), QMessageBox::NoRole, common_UserQuery::EscapeDefault);
+    return query.display() == QMessageBox::YesRole;
+}
+
 } // namespace
 
-MainWindow::MainWindow(const QString& model)
+MainWindow::MainWindow()
     : m_settings(GET_SERVICE(common_IApplicationInfo)->userSettingsDirectory(), applicationName)
     , m_session(m_settings.getFullFilename())
     , m_runs(new RunTableModel(this))
@@ -67,11 +82,19 @@ MainWindow::MainWindow(const QString& model)
     makeRunMenu();
     makeOptionsMenu();
     makeHelpMenu();
-    restoreSession(model);
+    restoreSession();
     updateControls();
 }
 
-MainWindow::~MainWindow() = default;
+// While the window is whole: the runs tell it of their changes.
+MainWindow::~MainWindow()
+{
+    const QVector<WindowRun*> runs = m_runs->runs();
+    for (WindowRun* run : runs) {
+        m_runs->remove(run);
+        delete run;
+    }
+}
 
 void MainWindow::makeContent()
 {
@@ -79,7 +102,7 @@ void MainWindow::makeContent()
     auto* layout = new QVBoxLayout(content);
     m_panel = new RunPanel(content);
     layout->addWidget(m_panel);
-    layout->addWidget(makeRunList(), 1);
+    layout->addWidget(makeRunListPart(), 1);
     setCentralWidget(content);
     m_outcome = new QLabel(this);
     m_outcome->setObjectName(QStringLiteral("outcomeLabel"));
@@ -87,9 +110,21 @@ void MainWindow::makeContent()
     connect(m_panel, &RunPanel::openRequested, this, &MainWindow::chooseModel);
     connect(m_panel, &RunPanel::runRequested, this, &MainWindow::run);
     connect(m_panel, &RunPanel::stopRequested, this, &MainWindow::stopRun);
-    connect(m_panel, &RunPanel::componentChanged, this, &MainWindow::updateControls);
+    connect(m_panel, &RunPanel::targetChanged, this, &MainWindow::updateControls);
     connect(m_panel, &RunPanel::tickedChanged, this, &MainWindow::saveChoice);
-    GET_SERVICE(common_HelpClient)->registerPage(content, QStringLiteral("kestdesk"));
+    GET_SERVICE(common_HelpClient)->registerPage(this, applicationName);
+}
+
+QWidget* MainWindow::makeRunListPart()
+{
+    auto* part = new QWidget(this);
+    auto* layout = new QVBoxLayout(part);
+    layout->setContentsMargins(0, 0, 0, 0);
+    auto* label = new QLabel(QStringLiteral("Runs of &this session:"), part);
+    layout->addWidget(label);
+    layout->addWidget(makeRunList(), 1);
+    label->setBuddy(m_list);
+    return part;
 }
 
 QWidget* MainWindow::makeRunList()
@@ -131,12 +166,12 @@ void MainWindow::makeFileMenu()
 void MainWindow::makeRunMenu()
 {
     QMenu* menu = menuBar()->addMenu(QStringLiteral("&Run"));
-    addAction(*menu, QStringLiteral("&Run"), QStringLiteral("runAction"),
-              QKeySequence(QStringLiteral("F5")), &MainWindow::run)
-        ->setIcon(icon(QStringLiteral("play")));
-    addAction(*menu, QStringLiteral("&Stop"), QStringLiteral("stopAction"),
-              QKeySequence(QStringLiteral("Shift+F5")), &MainWindow::stopRun)
-        ->setIcon(icon(QStringLiteral("exclude")));
+    m_runAction = addAction(*menu, QStringLiteral("&Run"), QStringLiteral("runAction"),
+                            QKeySequence(QStringLiteral("F5")), &MainWindow::run);
+    m_runAction->setIcon(icon(QStringLiteral("play")));
+    m_stopAction = addAction(*menu, QStringLiteral("&Stop..."), QStringLiteral("stopAction"),
+                             QKeySequence(QStringLiteral("Shift+F5")), &MainWindow::stopRun);
+    m_stopAction->setIcon(icon(QStringLiteral("exclude")));
     menu->addSeparator();
     m_farmOut = menu->addAction(QStringLiteral("&Farm out by OPTKEST"));
     m_farmOut->setObjectName(QStringLiteral("farmOutAction"));
@@ -169,7 +204,7 @@ void MainWindow::makeHelpMenu()
 }
 
 QAction* MainWindow::addAction(QMenu& menu, const QString& text, const QString& name,
-                               const QKeySequence& shortcut, void (MainWindow::*slot)())
+                               const QKeySequence& shortcut, void (MainWindow::*slot)()) const
 {
     QAction* action = menu.addAction(text);
     action->setObjectName(name);
@@ -189,16 +224,20 @@ void MainWindow::openModel(const QString& path)
             .display();
         return;
     }
-    m_panel->setModel(file.absoluteFilePath());
-    m_settings.recentFiles()->addRecentFile(file.absoluteFilePath());
-    setWindowTitle(file.fileName() + QStringLiteral(" - kestdesk"));
+    showModel(file.absoluteFilePath());
     m_panel->setFocus();
+}
+
+void MainWindow::showModel(const QString& path)
+{
+    m_panel->setModel(path);
+    m_settings.recentFiles()->addRecentFile(path);
+    setWindowTitle(QFileInfo(path).fileName() + QStringLiteral(" - ") + applicationName);
 }
 
 void MainWindow::setComponent(const Component& component)
 {
     m_panel->setComponent(QLatin1String(component.name));
-    updateControls();
 }
 
 void MainWindow::chooseModel()
@@ -229,18 +268,19 @@ void MainWindow::listRecentFiles()
 
 void MainWindow::run()
 {
-    const QString model = m_panel->model();
-    if (model.isEmpty()) {
+    if (m_panel->model().isEmpty()) {
         return;
     }
-    m_settings.recentFiles()->addRecentFile(QFileInfo(model).absoluteFilePath());
+    const QString model = QFileInfo(m_panel->model()).absoluteFilePath();
     auto* run = new WindowRun(m_panel->component(), model, this);
     connect(run, &WindowRun::changed, this, &MainWindow::updateControls);
     connect(run, &WindowRun::ended, this, [this, run] { onRunEnded(*run); });
     m_runs->add(run);
     m_list->selectRow(m_runs->rowCount() - 1);
     m_outcome->clear();
-    run->start(choice() & m_panel->component().options, m_settings, this);
+    if (run->start(choice() & m_panel->component().options, m_settings, this)) {
+        showModel(model);
+    }
     updateControls();
 }
 
@@ -251,7 +291,8 @@ void MainWindow::stopRun()
         const QVector<WindowRun*> going = goingRuns();
         run = going.isEmpty() ? nullptr : going.last();
     }
-    if (run != nullptr) {
+    if (run != nullptr && isAgreedToStop(*run, this)) {
+        Descendants::adoptOrphans();
         run->stop();
     }
 }
@@ -278,8 +319,12 @@ void MainWindow::removeEndedRuns()
 
 void MainWindow::editLaunchOptions()
 {
+    const common_RunWrapper::RunOptions before = RunChoice::load();
     LaunchOptionsDialog::edit(this);
-    showChoice();
+    const common_RunWrapper::RunOptions after = RunChoice::load();
+    if (after != before) {
+        showChoice(after);
+    }
 }
 
 void MainWindow::editMachinesFile()
@@ -299,19 +344,27 @@ void MainWindow::showAbout()
         .display();
 }
 
-void MainWindow::restoreSession(const QString& model)
+void MainWindow::restoreSession()
 {
     m_settings.readSettings();
     m_session.readSettings();
     WindowGeometry::restore(*this, *m_settings.geometry());
     m_panel->setComponent(m_session.component());
-    showChoice();
+    showChoice(RunChoice::load());
     setWindowTitle(applicationName);
-    if (!model.isEmpty()) {
-        openModel(model);
-    } else if (m_settings.recentFiles()->getRecentSession() &&
-               QFileInfo(m_session.model()).isFile()) {
-        openModel(m_session.model());
+    restoreModel();
+}
+
+void MainWindow::restoreModel()
+{
+    const QString model = m_session.model();
+    if (!m_settings.recentFiles()->getRecentSession() || model.isEmpty()) {
+        return;
+    }
+    if (QFileInfo(model).isFile()) {
+        showModel(QFileInfo(model).absoluteFilePath());
+    } else {
+        m_outcome->setText(QStringLiteral("The model of the last session is gone: %1").arg(model));
     }
 }
 
@@ -325,18 +378,24 @@ void MainWindow::saveSession()
     m_session.writeSettings();
 }
 
-void MainWindow::showChoice()
+void MainWindow::showChoice(common_RunWrapper::RunOptions options)
 {
-    const common_RunWrapper::RunOptions options = RunChoice::load();
     m_panel->setTicked(options);
     const QSignalBlocker blocker(m_farmOut);
     m_farmOut->setChecked(options.testFlag(common_RunWrapper::FarmOut));
 }
 
-// What cannot be kept counts for this session all the same.
+// What cannot be kept counts for this session all the same. The user hears only once that another
+// program holds the options.
 void MainWindow::saveChoice()
 {
-    RunChoice::save(choice());
+    if (m_isToldOfLock && RunChoice::isLocked()) {
+        return;
+    }
+    const bool isKept = RunChoice::save(choice());
+    m_isToldOfLock = !isKept;
+    m_outcome->setText(isKept ? QString()
+                              : QStringLiteral("This choice counts for this session only."));
 }
 
 common_RunWrapper::RunOptions MainWindow::choice() const
@@ -364,7 +423,10 @@ QVector<WindowRun*> MainWindow::goingRuns() const
 
 void MainWindow::updateControls()
 {
-    m_panel->setStopEnabled(!goingRuns().isEmpty());
+    const bool isGoing = !goingRuns().isEmpty();
+    m_panel->setStopEnabled(isGoing);
+    m_stopAction->setEnabled(isGoing);
+    m_runAction->setEnabled(!m_panel->model().isEmpty());
     m_farmOut->setEnabled(m_panel->component().options.testFlag(common_RunWrapper::FarmOut));
 }
 
@@ -374,7 +436,7 @@ void MainWindow::onRunEnded(WindowRun& run)
         QStringLiteral("%1 of %2: %3")
             .arg(run.componentName(), QFileInfo(run.model()).fileName(), run.stateText());
     m_outcome->setText(text);
-    if (QApplication::applicationState() != Qt::ApplicationActive) {
+    if (QApplication::activeWindow() == nullptr) {
         QApplication::alert(this);
         Notifier::show(QStringLiteral("Run ended"), text);
     }
@@ -389,8 +451,16 @@ void MainWindow::closeEvent(QCloseEvent* event)
         event->ignore();
         return;
     }
-    saveSession();
     event->accept();
+    leave();
+}
+
+void MainWindow::leave()
+{
+    saveSession();
+    if (m_closing) {
+        Descendants::endAll(graceTime); // what stopped components have left behind
+    }
     QCoreApplication::quit();
 }
 
@@ -407,10 +477,10 @@ bool MainWindow::mayClose()
         return false;
     }
     if (m_closing) {
-        Descendants::killAll();
-        return true;
+        endByForce();
+    } else {
+        stopForClose(going);
     }
-    stopForClose(going);
     return goingRuns().isEmpty();
 }
 
@@ -430,19 +500,28 @@ bool MainWindow::isAgreedToClose(const QVector<WindowRun*>& going)
 void MainWindow::stopForClose(const QVector<WindowRun*>& going)
 {
     m_closing = true;
+    Descendants::adoptOrphans();
     m_outcome->setText(QStringLiteral("Stopping the runs..."));
     for (WindowRun* run : going) {
         run->stop();
     }
 }
 
+// Ended runs tidy up after themselves, for which they must hear of it. A process that waits for a
+// device does not end.
+void MainWindow::endByForce() const
+{
+    Descendants::killAll();
+    QTimer::singleShot(killTime, this, &MainWindow::leave);
+}
+
 void MainWindow::quit()
 {
     const QVector<WindowRun*> going = goingRuns();
-    if (m_closing || going.isEmpty()) {
-        Descendants::killAll();
-        saveSession();
-        QCoreApplication::quit();
+    if (going.isEmpty()) {
+        leave();
+    } else if (m_closing) {
+        endByForce();
     } else {
         stopForClose(going);
     }

@@ -23,8 +23,8 @@ class MainWindow : public QMainWindow
     Q_OBJECT
 
 public:
-    /// With no model the one of the last session is there again.
-    explicit MainWindow(const QString& model);
+    /// As it was at the end of the last session.
+    MainWindow();
     ~MainWindow() override;
 
     /// Opens a model: it becomes the one to run, and the newest of the recent files. Tells the user
@@ -49,7 +49,8 @@ private:
     void makeOptionsMenu();
     void makeHelpMenu();
     QAction* addAction(QMenu& menu, const QString& text, const QString& name,
-                       const QKeySequence& shortcut, void (MainWindow::*slot)());
+                       const QKeySequence& shortcut, void (MainWindow::*slot)()) const;
+    QWidget* makeRunListPart();
 
     void chooseModel();
     void listRecentFiles();
@@ -61,9 +62,12 @@ private:
     void editMachinesFile();
     void showAbout();
 
-    void restoreSession(const QString& model);
+    void restoreSession();
+    void restoreModel();
     void saveSession();
-    void showChoice();
+    void leave();
+    void showModel(const QString& path);
+    void showChoice(common_RunWrapper::RunOptions options);
     void saveChoice();
     [[nodiscard]] common_RunWrapper::RunOptions choice() const;
     [[nodiscard]] WindowRun* selectedRun() const;
@@ -73,6 +77,7 @@ private:
     bool mayClose();
     bool isAgreedToClose(const QVector<WindowRun*>& going);
     void stopForClose(const QVector<WindowRun*>& going);
+    void endByForce() const;
 
     common_CommonSettingsSet m_settings;
     SessionSettings m_session;
@@ -81,7 +86,10 @@ private:
     QLabel* m_outcome = nullptr;
     RunTableModel* m_runs;
     QMenu* m_recentMenu = nullptr;
+    QAction* m_runAction = nullptr;
+    QAction* m_stopAction = nullptr;
     QAction* m_farmOut = nullptr;
+    bool m_isToldOfLock = false;
     bool m_closing = false;
 };
 

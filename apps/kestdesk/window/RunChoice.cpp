@@ -1,5 +1,7 @@
 #include "RunChoice.h"
 
+#include "LaunchOptionsFile.h"
+
 #include <common_ComponentsLaunchOptions.h>
 
 namespace {
@@ -26,6 +28,11 @@ Wrapper::RunOptions RunChoice::load()
     return result;
 }
 
+bool RunChoice::isLocked()
+{
+    return LaunchOptionsFile::isOwned();
+}
+
 bool RunChoice::save(Wrapper::RunOptions options)
 {
     const auto stored = common_ComponentsLaunchOptions::create(ReadWriteAccess);
@@ -35,6 +42,5 @@ bool RunChoice::save(Wrapper::RunOptions options)
     for (const auto& row : choiceRows) {
         (*stored)[QLatin1String(row.property)].assignFromBool(options.testFlag(row.option));
     }
-    stored->writeSettings();
-    return true;
+    return LaunchOptionsFile::save(*stored).isEmpty();
 }

@@ -8,7 +8,10 @@ namespace RunChoice {
 
 common_RunWrapper::RunOptions load();
 
-/// False when the options cannot be changed now, of which the user has been told.
+/// Whether another program holds the launch options. To save meanwhile tells the user so.
+bool isLocked();
+
+/// False when the choice could not be kept.
 bool save(common_RunWrapper::RunOptions options);
 
 } // namespace RunChoice

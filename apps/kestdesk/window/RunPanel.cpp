@@ -8,7 +8,6 @@
 #include <QCheckBox>
 #include <QComboBox>
 #include <QDir>
-#include <QFormLayout>
 #include <QGroupBox>
 #include <QHBoxLayout>
 #include <QIcon>
@@ -49,6 +48,7 @@ RunPanel::RunPanel(QWidget* parent) : QWidget(parent)
     layout->addWidget(makeComponentRow());
     layout->addWidget(makeLaunchGroup());
     layout->addWidget(makeButtonRow());
+    setFocusProxy(m_run);
     updateControls();
 }
 
@@ -69,11 +69,9 @@ const Component& RunPanel::component() const
 
 void RunPanel::setComponent(const QString& name)
 {
-    const QSignalBlocker blocker(m_component);
     if (Component::find(name) != nullptr) {
         m_component->setCurrentText(name);
     }
-    updateControls();
 }
 
 Wrapper::RunOptions RunPanel::ticked() const
@@ -108,14 +106,15 @@ QWidget* RunPanel::makeModelRow()
     m_model->setObjectName(QStringLiteral("modelEdit"));
     m_model->setPlaceholderText(QStringLiteral("Open a model, or drop one on this window"));
     m_model->setClearButtonEnabled(true);
+    m_model->setAcceptDrops(false); // it would take a file for text
     m_model->setAccessibleName(QStringLiteral("Model"));
     label->setBuddy(m_model);
-    auto* open = makeButton(QStringLiteral("&Open..."), QStringLiteral("openButton"),
+    auto* open = makeButton(QStringLiteral("Op&en..."), QStringLiteral("openButton"),
                             QStringLiteral("open"), row);
     layout->addWidget(label);
     layout->addWidget(m_model, 1);
     layout->addWidget(open);
-    connect(m_model, &QLineEdit::textChanged, this, &RunPanel::updateControls);
+    connect(m_model, &QLineEdit::textChanged, this, &RunPanel::onTargetChanged);
     connect(m_model, &QLineEdit::returnPressed, this, &RunPanel::runRequested);
     connect(open, &QPushButton::clicked, this, &RunPanel::openRequested);
     return row;
@@ -135,10 +134,8 @@ QWidget* RunPanel::makeComponentRow()
     layout->addWidget(label);
     layout->addWidget(m_component);
     layout->addStretch(1);
-    connect(m_component, qOverload<int>(&QComboBox::currentIndexChanged), this, [this] {
-        updateControls();
-        Q_EMIT componentChanged();
-    });
+    connect(m_component, qOverload<int>(&QComboBox::currentIndexChanged), this,
+            &RunPanel::onTargetChanged);
     return row;
 }
 
@@ -165,7 +162,7 @@ QWidget* RunPanel::makeButtonRow()
     auto* row = new QWidget(this);
     auto* layout = new QHBoxLayout(row);
     layout->setContentsMargins(0, 0, 0, 0);
-    m_run = makeButton(QStringLiteral("&Run"), QStringLiteral("runButton"), QStringLiteral("play"),
+    m_run = makeButton(QStringLiteral("R&un"), QStringLiteral("runButton"), QStringLiteral("play"),
                        row);
     m_stop = makeButton(QStringLiteral("&Stop"), QStringLiteral("stopButton"),
                         QStringLiteral("exclude"), row);
@@ -178,11 +175,14 @@ QWidget* RunPanel::makeButtonRow()
     return row;
 }
 
+void RunPanel::onTargetChanged()
+{
+    updateControls();
+    Q_EMIT targetChanged();
+}
+
 void RunPanel::updateControls()
 {
-    if (m_run == nullptr) {
-        return; // still being built
-    }
     m_run->setEnabled(!model().isEmpty());
     for (int i = 0; i < m_boxes.size(); ++i) {
         m_boxes.at(i)->setEnabled(component().options.testFlag(boxRows[i].option));

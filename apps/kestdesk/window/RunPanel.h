@@ -7,12 +7,12 @@
 
 class QCheckBox;
 class QComboBox;
-class QGridLayout;
 class QLineEdit;
 class QPushButton;
 struct Component;
 
-/// What to run and how: the model, the component, and the "Run/launch" group.
+/// What to run and how: the model, the component, and the "Run/launch" group. The focus that it is
+/// given goes to the button that runs.
 class RunPanel : public QWidget
 {
     Q_OBJECT
@@ -41,8 +41,10 @@ Q_SIGNALS:
     void runRequested();
     void stopRequested();
 
-    /// The user chose another component, or ticked a box.
-    void componentChanged();
+    /// Another model or component is there to run.
+    void targetChanged();
+
+    /// The user ticked a box.
     void tickedChanged();
 
 private:
@@ -50,6 +52,7 @@ private:
     QWidget* makeComponentRow();
     QWidget* makeLaunchGroup();
     QWidget* makeButtonRow();
+    void onTargetChanged();
     void updateControls();
 
     QLineEdit* m_model = nullptr;

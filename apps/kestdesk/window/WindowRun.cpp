@@ -3,19 +3,20 @@
 #include "RunSetup.h"
 
 #include <common_CommonSettingsSet.h>
+#include <common_HelpClient.h>
 #include <common_KestProcessDialog.h>
+#include <common_ServiceOf.h>
 #include <common_UserQuery.h>
 
-#include <QDir>
 #include <QFileInfo>
 
 #include <algorithm>
+#include <csignal>
 #include <utility>
 
 namespace {
 
 constexpr int complete = 100;
-constexpr int exitTerminated = 143; // of a component that was asked to end, whoever asked
 
 // clang-format off
 const struct { WindowRun::State state; const char* text; } stateTexts[] = {
@@ -27,6 +28,23 @@ const struct { WindowRun::State state; const char* text; } stateTexts[] = {
     {WindowRun::State::Stopped,    "stopped"},
 };
 // clang-format on
+
+// Of a component that was asked to end: one that puts its files in order first says so by its exit
+// code, another one dies of the signal.
+bool isOfTerminated(int exitCode)
+{
+    constexpr int shellOffset = 128;
+    return exitCode == SIGTERM || exitCode == shellOffset + SIGTERM;
+}
+
+// As a sentence.
+void tellNotStarted(QString complaint, QWidget* window)
+{
+    complaint[0] = complaint.at(0).toUpper();
+    common_UserQuery(QStringLiteral("Run not started"), complaint + QLatin1Char('.'),
+                     common_UserQuery::Error, window, QString())
+        .display();
+}
 
 } // namespace
 
@@ -42,16 +60,17 @@ WindowRun::~WindowRun()
 bool WindowRun::start(common_RunWrapper::RunOptions options, common_CommonSettingsSet& settings,
                       QWidget* window)
 {
-    const QString complaint =
+    const RunSetup::Readiness readiness =
         RunSetup::apply(*m_runner, m_component, options, QFileInfo(m_model), settings);
-    if (!complaint.isEmpty()) {
+    if (!readiness.isReady) {
         m_runner->discardTemporaryFiles();
-        common_UserQuery(QStringLiteral("Run not started"), complaint, common_UserQuery::Error,
-                         window, QString())
-            .display();
+        if (!readiness.complaint.isEmpty()) {
+            tellNotStarted(readiness.complaint, window);
+        }
         return false;
     }
     m_dialog = new common_KestProcessDialog(m_runner, window);
+    GET_SERVICE(common_HelpClient)->registerPage(m_dialog, QStringLiteral("run-window"));
     startObserving(m_runner.get());
     if (!m_runner->run()) {
         stopObserving();
@@ -109,16 +128,13 @@ void WindowRun::onFailedProcessStarted(const QString& /*executable*/,
 
 void WindowRun::onProcessMessageReceived(const common_IProcessMessage& message)
 {
-    switch (message.getType()) {
-    case common_IProcessMessage::TotalPercentage:
-        m_totalPercentage = std::clamp(message.getText().toInt(), 0, complete);
+    if (message.getType() != common_IProcessMessage::TotalPercentage) {
+        return;
+    }
+    const int percentage = std::clamp(message.getText().toInt(), 0, complete);
+    if (percentage != m_totalPercentage) {
+        m_totalPercentage = percentage;
         Q_EMIT changed();
-        break;
-    case common_IProcessMessage::File:
-        m_files.append(QDir(m_runner->getWorkingDirectory()).absoluteFilePath(message.getText()));
-        break;
-    default:
-        break;
     }
 }
 
@@ -126,7 +142,7 @@ void WindowRun::onProcessDone()
 {
     m_duration = m_clock.elapsed();
     const bool isValid = m_totalPercentage == complete && m_runner->normalExit();
-    const bool isStopped = m_state == State::Stopping || m_runner->exitCode() == exitTerminated;
+    const bool isStopped = m_state == State::Stopping || isOfTerminated(m_runner->exitCode());
     setState(isValid ? State::Valid : isStopped ? State::Stopped : State::Fault);
     Q_EMIT ended();
 }

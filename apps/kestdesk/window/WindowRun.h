@@ -10,7 +10,6 @@
 #include <QElapsedTimer>
 #include <QObject>
 #include <QPointer>
-#include <QStringList>
 
 class common_CommonSettingsSet;
 class common_KestProcessDialog;
@@ -46,9 +45,6 @@ public:
     /// Milliseconds since the start, until the end.
     qint64 elapsed() const;
 
-    /// Files that the run named, in order, with full paths.
-    QStringList files() const { return m_files; }
-
     /// The state in words.
     QString stateText() const;
 
@@ -77,7 +73,6 @@ private:
     int m_totalPercentage = 0;
     QElapsedTimer m_clock;
     qint64 m_duration = 0;
-    QStringList m_files;
 };
 
 #endif

@@ -1,0 +1,173 @@
+#ifndef WINDOWSTAGE_H
+#define WINDOWSTAGE_H
+
+#include "Desk.h"
+
+#include <BoxAnswerer.h>
+
+#include <ApplicationIdentity.h>
+#include <MainWindow.h>
+#include <Services.h>
+
+#include <common_KestProcessDialog.h>
+
+#include <QAction>
+#include <QApplication>
+#include <QCheckBox>
+#include <QComboBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMenu>
+#include <QPushButton>
+#include <QSettings>
+#include <QTableView>
+
+#include <csignal>
+#include <memory>
+
+/// kestdesk's window as a person has it before them, with an installation whose components are fake
+/// ones and with a user's folder of its own.
+class WindowStage
+{
+public:
+    WindowStage()
+    {
+        for (const char* const name : {"KEST_HOME", "KEST_USER_HOME", "KEST_TEST_MARK"}) {
+            qputenv(name, m_desk.environment().value(text(name)).toLocal8Bit());
+        }
+        for (const char* const name : {"runkest", "prekest", "optkest", "amrkest"}) {
+            if (!QFile::link(text(FAKE_COMPONENT), program(name))) {
+                qFatal("no component");
+            }
+        }
+        m_services = std::make_unique<Services>(
+            ApplicationIdentity{text("kestdesk"), text("models/dipole.nec")}, false);
+    }
+
+    /// Whatever a failed test has left behind is ended.
+    ~WindowStage()
+    {
+        close();
+        endRuns(SIGKILL);
+    }
+
+    /// As another program might.
+    void endRuns(int signalNumber) const
+    {
+        const QStringList processes = m_desk.processes();
+        for (const QString& process : processes) {
+            ::kill(process.section(QLatin1Char(' '), 0, 0).toInt(), signalNumber);
+        }
+    }
+
+    WindowStage(const WindowStage&) = delete;
+    WindowStage& operator=(const WindowStage&) = delete;
+
+    const Desk& desk() const { return m_desk; }
+    QString program(const char* name) const { return m_desk.path(text("home/bin/") + text(name)); }
+
+    /// A model for the fake components, which do what its word says.
+    QString model(const char* name, const QByteArray& word) const
+    {
+        writeFile(m_desk.path(text("models/") + text(name)), word);
+        return m_desk.path(text("models/") + text(name));
+    }
+
+    void setOption(const char* name, const QString& value) const
+    {
+        QSettings(m_desk.path("user/kest.ini"), QSettings::IniFormat)
+            .setValue(text("options/") + text(name), value);
+    }
+
+    void open()
+    {
+        m_window = std::make_unique<MainWindow>();
+        m_window->show();
+        QVERIFY(QTest::qWaitForWindowActive(m_window.get()));
+    }
+
+    void close() { m_window.reset(); }
+
+    MainWindow& window() const { return *m_window; }
+
+    template <typename Widget>
+    Widget* find(const char* name) const
+    {
+        return m_window->findChild<Widget*>(text(name));
+    }
+
+    void typeModel(const QString& path) const
+    {
+        auto* const edit = find<QLineEdit>("modelEdit");
+        edit->setFocus();
+        QTest::keyClick(edit, Qt::Key_A, Qt::ControlModifier);
+        QTest::keyClicks(edit, path);
+    }
+
+    /// A key in the window; the dialog of a run may have been before it.
+    void press(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier) const
+    {
+        QApplication::setActiveWindow(m_window.get());
+        QTest::keyClick(m_window.get(), key, modifiers);
+    }
+
+    void pressRun() const { press(Qt::Key_F5); }
+    void pressStop() const { press(Qt::Key_F5, Qt::ShiftModifier); }
+
+    void run(const QString& path) const
+    {
+        typeModel(path);
+        pressRun();
+    }
+
+    /// What the list of runs shows.
+    QString cell(int row, const char* column) const
+    {
+        const QAbstractItemModel* const runs = find<QTableView>("runList")->model();
+        for (int i = 0; i < runs->columnCount(); ++i) {
+            if (runs->headerData(i, Qt::Horizontal).toString() == text(column)) {
+                return runs->index(row, i).data().toString();
+            }
+        }
+        return text("no such column");
+    }
+
+    QString state(int row = 0) const { return cell(row, "State"); }
+    int runCount() const { return find<QTableView>("runList")->model()->rowCount(); }
+    QString outcomeText() const { return find<QLabel>("outcomeLabel")->text(); }
+
+    QList<common_KestProcessDialog*> dialogs() const
+    {
+        return m_window->findChildren<common_KestProcessDialog*>();
+    }
+
+    template <typename Widget>
+    static Widget* inDialog(const common_KestProcessDialog* dialog, const char* name)
+    {
+        return dialog->findChild<Widget*>(text(name));
+    }
+
+    /// Does something in the running application. Whether it quits then.
+    template <typename Deed>
+    static bool quits(Deed deed, int limit = 30000)
+    {
+        constexpr int stayed = 77;
+        QTimer::singleShot(0, qApp, deed);
+        QTimer watchdog;
+        QObject::connect(&watchdog, &QTimer::timeout, [] { QCoreApplication::exit(stayed); });
+        watchdog.start(limit);
+        return QApplication::exec() != stayed;
+    }
+
+    static BoxAnswerer::Answer pressing(Qt::Key key)
+    {
+        return [key](QMessageBox& box) { QTest::keyClick(&box, key); };
+    }
+
+private:
+    Desk m_desk;
+    std::unique_ptr<Services> m_services;
+    std::unique_ptr<MainWindow> m_window;
+};
+
+#endif

@@ -1,0 +1,118 @@
+#include "WindowStage.h"
+
+#include <Notifier.h>
+
+#include <QDBusConnection>
+#include <QStandardPaths>
+
+/// Plays the desktop's notification server.
+class NotificationServer : public QObject
+{
+    Q_OBJECT
+    Q_CLASSINFO("D-Bus Interface", "org.freedesktop.Notifications")
+
+public:
+    struct Notification
+    {
+        QString title;
+        QString body;
+    };
+
+    QVector<Notification> shown;
+
+public Q_SLOTS:
+    // NOLINTNEXTLINE(readability-identifier-naming): the interface's name
+    uint Notify(const QString& /*application*/, uint /*replaced*/, const QString& /*icon*/,
+                const QString& title, const QString& body, const QStringList& /*actions*/,
+                const QVariantMap& /*hints*/, int /*milliseconds*/)
+    {
+        shown.append({title, body});
+        return static_cast<uint>(shown.size());
+    }
+};
+
+class tst_run_notification : public QObject
+{
+    Q_OBJECT
+
+private:
+    QProcess m_bus;
+    NotificationServer m_server;
+
+    bool startBus()
+    {
+        m_bus.start(text("dbus-daemon"),
+                    {text("--session"), text("--nofork"), text("--print-address")});
+        if (!m_bus.waitForStarted(30000) || !m_bus.waitForReadyRead(30000)) {
+            return false;
+        }
+        const QByteArray address = m_bus.readLine().trimmed();
+        qputenv("DBUS_SESSION_BUS_ADDRESS", address);
+        QDBusConnection connection =
+            QDBusConnection::connectToBus(QString::fromLatin1(address), text("server"));
+        return connection.registerObject(text("/org/freedesktop/Notifications"), &m_server,
+                                         QDBusConnection::ExportAllSlots) &&
+               connection.registerService(text("org.freedesktop.Notifications"));
+    }
+
+private Q_SLOTS:
+    void initTestCase()
+    {
+        if (QStandardPaths::findExecutable(text("dbus-daemon")).isEmpty()) {
+            QSKIP("there is no dbus-daemon, so no desktop's session can be played");
+        }
+        QVERIFY(startBus());
+    }
+
+    void init() { m_server.shown.clear(); }
+
+    void cleanupTestCase()
+    {
+        QDBusConnection::disconnectFromBus(text("server"));
+        m_bus.terminate();
+        QVERIFY(m_bus.state() == QProcess::NotRunning || m_bus.waitForFinished(30000));
+    }
+
+    void textIsNoMarkup()
+    {
+        Notifier::show(text("Run ended"), text("runkest of <b>a & b</b>.nec: valid"));
+        QTRY_COMPARE_WITH_TIMEOUT(m_server.shown.size(), 1, 30000);
+        QCOMPARE(m_server.shown.constFirst().title, text("Run ended"));
+        QCOMPARE(m_server.shown.constFirst().body,
+                 text("runkest of &lt;b&gt;a &amp; b&lt;/b&gt;.nec: valid"));
+    }
+
+    void runThatEndsInTheBackgroundIsNotified()
+    {
+        WindowStage stage;
+        stage.open();
+        stage.run(stage.model("m.nec", "wait"));
+        QVERIFY(QTest::qWaitForWindowActive(stage.dialogs().constFirst()));
+        QTRY_COMPARE_WITH_TIMEOUT(stage.desk().processes().filter(text("m.nec")).size(), 1, 60000);
+        stage.dialogs().constFirst()->hide();
+        stage.window().hide();
+        QCoreApplication::processEvents();
+        QApplication::setActiveWindow(nullptr);
+        QCOMPARE(stage.state(), text("running"));
+        stage.endRuns(SIGTERM);
+        QTRY_COMPARE_WITH_TIMEOUT(stage.state(), text("stopped"), 60000);
+        QTRY_COMPARE_WITH_TIMEOUT(m_server.shown.size(), 1, 30000);
+        QCOMPARE(m_server.shown.constFirst().title, text("Run ended"));
+        QCOMPARE(m_server.shown.constFirst().body, text("runkest of m.nec: stopped"));
+    }
+
+    void runThatEndsBeforeTheUsersEyesIsNot()
+    {
+        WindowStage stage;
+        stage.open();
+        stage.run(stage.model("m.nec", "valid"));
+        QTRY_COMPARE_WITH_TIMEOUT(stage.state(), text("valid"), 60000);
+        Notifier::show(text("last"), QString());
+        QTRY_VERIFY_WITH_TIMEOUT(!m_server.shown.isEmpty(), 30000);
+        QCOMPARE(m_server.shown.constFirst().title, text("last"));
+    }
+};
+
+QTEST_MAIN(tst_run_notification)
+
+#include "tst_run_notification.moc"
