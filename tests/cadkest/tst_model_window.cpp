@@ -31,7 +31,7 @@ QByteArray deck(int wires)
 
 } // namespace
 
-class tst_main_window : public QObject
+class tst_model_window : public QObject
 {
     Q_OBJECT
 
@@ -232,5 +232,5 @@ private Q_SLOTS:
     }
 };
 
-QTEST_MAIN(tst_main_window)
-#include "tst_main_window.moc"
+QTEST_MAIN(tst_model_window)
+#include "tst_model_window.moc"
