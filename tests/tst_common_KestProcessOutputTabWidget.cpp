@@ -1128,7 +1128,8 @@ void tst_common_KestProcessOutputTabWidget::opensTheMenuWhereItWasAskedFor()
     QVERIFY(!place.isEmpty());
     if (QGuiApplication::primaryScreen()->availableGeometry().contains(
             QRect(asked, place.size()))) {
-        QCOMPARE(place.topLeft(), asked);
+        // At a scale below 1 not every point is one of the screen's.
+        QVERIFY((place.topLeft() - asked).manhattanLength() <= 2);
     }
 }
 

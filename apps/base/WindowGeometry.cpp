@@ -10,6 +10,7 @@ namespace {
 
 constexpr int smallestSide = 200;
 constexpr int smallestVisible = 60; // of the window, on a screen
+constexpr int frameRoom = 40;       // for the frame that the desktop draws around a window
 constexpr int farthest = 1000000;   // beyond all screens; sums of such numbers are still numbers
 
 int bounded(int number)
@@ -43,7 +44,7 @@ void WindowGeometry::restore(QWidget& window, const common_geometry_settings& se
     const QScreen* found = screenOf(frame);
     const QRect screen =
         (found != nullptr ? found : QGuiApplication::primaryScreen())->availableGeometry();
-    frame.setSize(frame.size().boundedTo(screen.size()));
+    frame.setSize(frame.size().boundedTo(screen.size() - QSize(frameRoom, frameRoom)));
     if (found == nullptr) {
         frame.moveCenter(screen.center());
     }

@@ -432,7 +432,12 @@ private Q_SLOTS:
         settings.sync();
         m_stage->open();
         const QRect screen = QGuiApplication::primaryScreen()->availableGeometry();
-        QVERIFY(screen.contains(m_stage->window().geometry()));
+        const QRect shown = m_stage->window().geometry();
+        QVERIFY2(screen.contains(shown), qPrintable(text("%1 %2 %3 %4")
+                                                        .arg(shown.x())
+                                                        .arg(shown.y())
+                                                        .arg(shown.width())
+                                                        .arg(shown.height())));
         QVERIFY(m_stage->window().width() >= 200);
     }
 
