@@ -21,6 +21,8 @@ int main(int argc, char* argv[])
     for (const int signal : {SIGTERM, SIGINT, SIGHUP}) {
         KSignalHandler::self()->watchSignal(signal);
     }
+    // By this sshkest knows its own.
+    qputenv("KEST_GUARD", QByteArray::number(QCoreApplication::applicationPid()));
     guard.start(words.value(0), words.mid(1));
     return QCoreApplication::exec();
 }

@@ -1,5 +1,7 @@
 #include "SshProgram.h"
 
+#include <QFile>
+
 #include <csignal>
 #include <cstdio>
 #include <cstdlib>
@@ -36,13 +38,29 @@ std::vector<std::string> sshWords(int argc, char* argv[])
     return result;
 }
 
-// The child ends with this process, and this process with its parent.
-void endWithParent(pid_t parent)
+pid_t parentOf(pid_t process)
+{
+    QFile file(QStringLiteral("/proc/%1/stat").arg(process));
+    const QByteArray text = file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+    // The program's name in brackets may hold anything.
+    return text.mid(text.lastIndexOf(')') + 2).split(' ').value(1).toInt();
+}
+
+// Whether the guard that started mpiexec is still above this process: if mpiexec ended first, some
+// other process has taken its place.
+bool isUnderGuard()
+{
+    const int guard = qEnvironmentVariableIntValue("KEST_GUARD");
+    pid_t process = ::getppid();
+    while (guard != 0 && process > 1 && process != guard) {
+        process = parentOf(process);
+    }
+    return process > 1;
+}
+
+void endWithParent()
 {
     ::prctl(PR_SET_PDEATHSIG, SIGKILL);
-    if (::getppid() != parent) {
-        std::_Exit(EXIT_FAILURE);
-    }
 }
 
 [[noreturn]] void becomeSsh(std::vector<std::string> words)
@@ -70,11 +88,17 @@ int main(int argc, char* argv[])
         std::fputs("usage: sshkest [options] HOST COMMAND\n", stderr);
         return EXIT_FAILURE;
     }
-    endWithParent(::getppid());
+    endWithParent();
+    if (!isUnderGuard()) {
+        return EXIT_FAILURE;
+    }
     const pid_t parent = ::getpid();
     const pid_t child = ::fork();
     if (child == 0) {
-        endWithParent(parent);
+        endWithParent();
+        if (::getppid() != parent) {
+            std::_Exit(EXIT_FAILURE);
+        }
         becomeSsh(sshWords(argc, argv));
     }
     int status = 0;
