@@ -183,7 +183,7 @@ QString QuantityChart::title(Quantity quantity)
 
 QColor QuantityChart::colour(int place) const
 {
-    const QColor base(QLatin1String(curveColours[place % std::size(curveColours)]));
+    const auto base = QColor(QLatin1String(curveColours[place % std::size(curveColours)]));
     const bool isDark = palette().color(QPalette::Base).lightnessF() < 0.5;
     return isDark ? base.lighter(140) : base;
 }

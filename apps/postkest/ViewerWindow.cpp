@@ -181,7 +181,8 @@ void ViewerWindow::exportView()
 
 void ViewerWindow::reloadAll()
 {
-    for (const Result& result : QVector<Result>(m_results)) {
+    const QVector<Result> results = m_results;
+    for (const Result& result : results) {
         reload(result.path);
     }
 }
