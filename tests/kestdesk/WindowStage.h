@@ -75,8 +75,8 @@ public:
 
     void setOption(const char* name, const QString& value) const
     {
-        QSettings(m_desk.path("user/kest.ini"), QSettings::IniFormat)
-            .setValue(text("options/") + text(name), value);
+        QSettings settings(m_desk.path("user/kest.ini"), QSettings::IniFormat);
+        settings.setValue(text("options/") + text(name), value);
     }
 
     void open()

@@ -59,7 +59,9 @@ private Q_SLOTS:
     void initTestCase()
     {
         if (QStandardPaths::findExecutable(text("dbus-daemon")).isEmpty()) {
-            QSKIP("there is no dbus-daemon, so no desktop's session can be played");
+            // NOLINTNEXTLINE(clang-diagnostic-gnu-zero-variadic-macro-arguments): the macro is made
+            // so
+            QSKIP("There is no dbus-daemon, so no desktop's session can be played");
         }
         QVERIFY(startBus());
     }
@@ -73,7 +75,7 @@ private Q_SLOTS:
         QVERIFY(m_bus.state() == QProcess::NotRunning || m_bus.waitForFinished(30000));
     }
 
-    void textIsNoMarkup()
+    void textIsNoMarkup() const
     {
         Notifier::show(text("Run ended"), text("runkest of <b>a & b</b>.nec: valid"));
         QTRY_COMPARE_WITH_TIMEOUT(m_server.shown.size(), 1, 30000);
@@ -82,7 +84,7 @@ private Q_SLOTS:
                  text("runkest of &lt;b&gt;a &amp; b&lt;/b&gt;.nec: valid"));
     }
 
-    void runThatEndsInTheBackgroundIsNotified()
+    void runThatEndsInTheBackgroundIsNotified() const
     {
         WindowStage stage;
         stage.open();
@@ -101,7 +103,7 @@ private Q_SLOTS:
         QCOMPARE(m_server.shown.constFirst().body, text("runkest of m.nec: stopped"));
     }
 
-    void runThatEndsBeforeTheUsersEyesIsNot()
+    void runThatEndsBeforeTheUsersEyesIsNot() const
     {
         WindowStage stage;
         stage.open();
