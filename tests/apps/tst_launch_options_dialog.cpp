@@ -125,7 +125,7 @@ QSet<QChar> mnemonics(const QString& label)
 class DialogVisitor
 {
 public:
-    explicit DialogVisitor(std::function<void(QDialog*)> visit)
+    explicit DialogVisitor(const std::function<void(QDialog*)>& visit)
     {
         QObject::connect(&m_timer, &QTimer::timeout, &m_timer, [visit] {
             if (auto* const dialog =

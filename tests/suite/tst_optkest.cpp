@@ -1,7 +1,6 @@
 #include "OptkestRun.h"
 
 #include "CommandLine.h"
-#include "MachinesFile.h"
 #include "ResultTable.h"
 
 #include <QJsonDocument>
@@ -12,7 +11,6 @@
 #include <cmath>
 
 using suite::CommandLine;
-using suite::MachinesFile;
 using suite::OptionGroup;
 using suite::ResultTable;
 
