@@ -2,6 +2,7 @@
 
 #include "Component.h"
 #include "Descendants.h"
+#include "HelpMenu.h"
 #include "LaunchOptionsDialog.h"
 #include "MachinesDialog.h"
 #include "Notifier.h"
@@ -81,7 +82,7 @@ MainWindow::MainWindow()
     makeFileMenu();
     makeRunMenu();
     makeOptionsMenu();
-    makeHelpMenu();
+    HelpMenu::addTo(*this, QStringLiteral("Runs the suite's solver components on models."));
     restoreSession();
     updateControls();
 }
@@ -194,13 +195,6 @@ void MainWindow::makeOptionsMenu()
     addAction(*menu, QStringLiteral("&Machines file..."), QStringLiteral("machinesFileAction"),
               QKeySequence(), &MainWindow::editMachinesFile)
         ->setIcon(icon(QStringLiteral("machines")));
-}
-
-void MainWindow::makeHelpMenu()
-{
-    QMenu* menu = menuBar()->addMenu(QStringLiteral("&Help"));
-    addAction(*menu, QStringLiteral("&About kestdesk"), QStringLiteral("aboutAction"),
-              QKeySequence(), &MainWindow::showAbout);
 }
 
 QAction* MainWindow::addAction(QMenu& menu, const QString& text, const QString& name,
@@ -330,18 +324,6 @@ void MainWindow::editLaunchOptions()
 void MainWindow::editMachinesFile()
 {
     MachinesDialog::edit(this);
-}
-
-void MainWindow::showAbout()
-{
-    common_UserQuery(QStringLiteral("About kestdesk"),
-                     QStringLiteral("kestdesk %1\nRuns the suite's solver components on models.\n"
-                                    "Installation: %2")
-                         .arg(QCoreApplication::applicationVersion(),
-                              QDir::toNativeSeparators(
-                                  GET_SERVICE(common_IApplicationInfo)->installationDirectory())),
-                     common_UserQuery::Information, this, QString())
-        .display();
 }
 
 void MainWindow::restoreSession()

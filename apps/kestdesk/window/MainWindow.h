@@ -47,7 +47,6 @@ private:
     void makeFileMenu();
     void makeRunMenu();
     void makeOptionsMenu();
-    void makeHelpMenu();
     QAction* addAction(QMenu& menu, const QString& text, const QString& name,
                        const QKeySequence& shortcut, void (MainWindow::*slot)()) const;
     QWidget* makeRunListPart();
@@ -60,7 +59,6 @@ private:
     void removeEndedRuns();
     void editLaunchOptions();
     void editMachinesFile();
-    void showAbout();
 
     void restoreSession();
     void restoreModel();

@@ -1,0 +1,48 @@
+#include "HelpMenu.h"
+
+#include <common_IApplicationInfo.h>
+#include <common_ServiceOf.h>
+#include <common_UserQuery.h>
+
+#include <QCoreApplication>
+#include <QDir>
+#include <QKeyEvent>
+#include <QMainWindow>
+#include <QMenu>
+#include <QMenuBar>
+
+namespace {
+
+// The key is the help service's: it knows the page of each widget.
+void showHelp(QMainWindow& window)
+{
+    QKeyEvent key(QEvent::KeyPress, Qt::Key_F1, Qt::NoModifier);
+    QCoreApplication::sendEvent(&window, &key);
+}
+
+void showAbout(QMainWindow& window, const QString& purpose)
+{
+    const auto* const info = GET_SERVICE(common_IApplicationInfo);
+    const QString name = info->applicationName();
+    common_UserQuery(QStringLiteral("About %1").arg(name),
+                     QStringLiteral("%1 %2\n%3\nInstallation: %4")
+                         .arg(name, QCoreApplication::applicationVersion(), purpose,
+                              QDir::toNativeSeparators(info->installationDirectory())),
+                     common_UserQuery::Information, &window, QString())
+        .display();
+}
+
+} // namespace
+
+void HelpMenu::addTo(QMainWindow& window, const QString& purpose)
+{
+    const QString name = GET_SERVICE(common_IApplicationInfo)->applicationName();
+    QMenu* const menu = window.menuBar()->addMenu(QStringLiteral("&Help"));
+    QAction* const help = menu->addAction(QStringLiteral("&Help on %1\tF1").arg(name));
+    help->setObjectName(QStringLiteral("helpAction"));
+    QObject::connect(help, &QAction::triggered, &window, [&window] { showHelp(window); });
+    QAction* const about = menu->addAction(QStringLiteral("&About %1").arg(name));
+    about->setObjectName(QStringLiteral("aboutAction"));
+    QObject::connect(about, &QAction::triggered, &window,
+                     [&window, purpose] { showAbout(window, purpose); });
+}
