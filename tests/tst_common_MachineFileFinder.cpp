@@ -11,6 +11,8 @@
 #include <limits>
 #include <memory>
 
+#include <sys/stat.h>
+
 namespace {
 
 using Finder = common_MachineFileFinder;
@@ -380,6 +382,31 @@ private Q_SLOTS:
         verifyError(QStringLiteral("Open failed"), openFailure(path));
         QCOMPARE(finder.parseMachinesFile(), QStringList());
         verifyError(QStringLiteral("Open failed"), openFailure(path));
+    }
+
+    void tellsThatAPipeOrADeviceIsNoFile_data()
+    {
+        QTest::addColumn<bool>("isPipe");
+        QTest::newRow("pipe") << true;
+        QTest::newRow("device without end") << false;
+    }
+
+    void tellsThatAPipeOrADeviceIsNoFile()
+    {
+        QFETCH(bool, isPipe);
+        const Homes homes;
+        const QString path = homes.userFile();
+        QVERIFY(isPipe ? mkfifo(QFile::encodeName(path).constData(), 0600) == 0
+                       : QFile::link(QStringLiteral("/dev/zero"), path));
+        QVERIFY(SettingsFolders::write(homes.installationFile(), "a:2\n"));
+        Finder finder;
+        QVERIFY(finder.isValid());
+        QVERIFY(finder.isLocalFile());
+        QCOMPARE(finder.getProcesses(), -1);
+        verifyError(QStringLiteral("Open failed"),
+                    QStringLiteral("Could not open the following file :\n%1.\nReason: it is not a "
+                                   "regular file")
+                        .arg(path));
     }
 
     void tellsOfAFileThatHasGone()

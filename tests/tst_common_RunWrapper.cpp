@@ -13,6 +13,8 @@
 #include <iterator>
 #include <memory>
 
+#include <sys/stat.h>
+
 namespace {
 
 using Wrapper = common_RunWrapper;
@@ -526,6 +528,20 @@ private Q_SLOTS:
             passed.startsWith(site.folders.path() + QStringLiteral("/no where/gui_tmp_machfile_")),
             qPrintable(passed));
         QVERIFY(!QFile::exists(passed));
+    }
+
+    void pipeInPlaceOfTheMachinesFileIsNotCopied()
+    {
+        const Site site;
+        QVERIFY(mkfifo(QFile::encodeName(site.userFile()).constData(), 0600) == 0);
+        QVERIFY(site.setUpFor(Kest, Wrapper::Parallel));
+        const QVector<BoxReader::Box> boxes = m_reader->take();
+        QVERIFY(!boxes.isEmpty());
+        for (const BoxReader::Box& box : boxes) {
+            QCOMPARE(box.title, QStringLiteral("Open failed"));
+        }
+        QVERIFY(!QFile::exists(site.arguments().value(5)));
+        QCOMPARE(site.copies(), QStringList());
     }
 
     void tellsThatTheUsersFolderForTheCopyIsUnknown()

@@ -17,7 +17,8 @@
 namespace {
 
 constexpr int writers = 8;
-constexpr qint64 atOnce = 1000; // milliseconds
+constexpr qint64 atOnce = 1000;     // milliseconds
+constexpr qint64 soon = 5 * atOnce; // on a loaded machine
 
 bool areFullTests()
 {
@@ -90,6 +91,7 @@ private Q_SLOTS:
     void writersWithoutTheLockLoseNothingAndWaitLittle()
     {
         constexpr int keys = 50;
+        int refusals = 0;
         Processes processes;
         for (int writer = 0; writer < writers; ++writer) {
             processes.push_back(std::make_unique<SettingsProcess>(QStringList{
@@ -100,12 +102,20 @@ private Q_SLOTS:
             const int milliseconds = slowestOf(*process);
             QVERIFY(milliseconds >= 0);
             slowest = qMax(slowest, milliseconds);
-            QCOMPARE(process->readAllStandardError(), QByteArray());
+            // On a loaded machine a write may have to wait for too long. It is told then.
+            const QList<QByteArray> lines = process->readAllStandardError().trimmed().split('\n');
+            for (const QByteArray& line : lines) {
+                const bool isRefusal =
+                    line.endsWith(" was not written: somebody else is writing it.");
+                QVERIFY2(line.isEmpty() || isRefusal, line.constData());
+                refusals += int(isRefusal);
+            }
         }
-        qInfo("slowest of %d writes: %d ms", writers * keys, slowest);
-        QVERIFY(slowest < atOnce);
+        qInfo("slowest of %d writes: %d ms; %d refused and repeated", writers * keys, slowest,
+              refusals);
+        QVERIFY(slowest < soon);
         for (int writer = 0; writer < writers; ++writer) {
-            for (int number = 0; number < keys; ++number) {
+            for (int number = 1; number <= keys; ++number) {
                 CountSettings settings(m_file, keyOf(writer) + QString::number(number));
                 settings.count = -1;
                 settings.readSettings();

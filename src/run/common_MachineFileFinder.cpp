@@ -23,6 +23,17 @@ QString joined(const QStringList& parts)
     return parts.join(QDir::separator());
 }
 
+// Opens the file to read it; what is wrong when that fails. Whoever opens a pipe waits for its
+// other end, and a device may never end.
+QString openingError(QFile& file)
+{
+    const QFileInfo info(file.fileName());
+    if (info.exists() && !info.isFile() && !info.isDir()) {
+        return QStringLiteral("it is not a regular file");
+    }
+    return file.open(QIODevice::ReadOnly) ? QString() : file.errorString();
+}
+
 // An entry without a count is one process; a count that is no number is none.
 int processesOf(const QString& entry)
 {
@@ -84,11 +95,11 @@ QStringList common_MachineFileFinder::parseMachinesFile()
         return entries;
     }
     QFile file(m_pFile->absoluteFilePath());
-    if (!file.open(QIODevice::ReadOnly)) {
-        common_tellError(
-            QStringLiteral("Open failed"),
-            QStringLiteral("Could not open the following file :\n%1.\nReason: %2")
-                .arg(QDir::toNativeSeparators(m_pFile->absoluteFilePath()), file.errorString()));
+    const QString reason = openingError(file);
+    if (!reason.isEmpty()) {
+        common_tellError(QStringLiteral("Open failed"),
+                         QStringLiteral("Could not open the following file :\n%1.\nReason: %2")
+                             .arg(QDir::toNativeSeparators(m_pFile->absoluteFilePath()), reason));
         return entries;
     }
     const QString text = QString::fromUtf8(file.readAll());

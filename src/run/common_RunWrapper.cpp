@@ -197,7 +197,9 @@ void common_RunWrapper::applyMachinesFileArguments(Runner& runner, const QString
         m_temporaryMachinesFile =
             common_EnvironmentVariablesExt::getVariableExpanded("KEST_USER_HOME") + suffix;
     }
-    QFile::copy(finder.getMachineFileInfo()->absoluteFilePath(), m_temporaryMachinesFile);
+    if (finder.getMachineFileInfo()->isFile()) { // whoever opens a pipe waits for its other end
+        QFile::copy(finder.getMachineFileInfo()->absoluteFilePath(), m_temporaryMachinesFile);
+    }
     runner.setTemporaryFilenames({m_temporaryMachinesFile});
     if (!m_pSettings->getComponentsLaunchOptions()->isLocalOnlySpecified()) {
         runner.addArgument(QStringLiteral("--machines-file"));

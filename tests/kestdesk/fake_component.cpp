@@ -9,6 +9,8 @@
 //   halfway    reports that half is done, and waits to be terminated
 //   stubborn   waits with a child of its own, which both ignore the terminate request
 //   forgetful  waits to be terminated, and leaves a child of its own that ignores the request
+//   orphaning  when it is terminated, starts a child in a session of its own that stays, and ends
+//   tidy       the same, but the child makes MODEL.tidied after a third of a second, and ends
 #include <csignal>
 #include <cstdio>
 #include <cstdlib>
@@ -17,6 +19,7 @@
 #include <string>
 #include <vector>
 
+#include <fcntl.h>
 #include <unistd.h>
 
 namespace {
@@ -68,6 +71,32 @@ void wait(bool withChild, bool ignoring)
     waitForEver();
 }
 
+const char* tidiedFile = nullptr; // none for a child that stays
+
+// Nothing of this process is left to the child by which it could be found or ended.
+void leaveAChild(int /*signal*/)
+{
+    if (fork() == 0) {
+        setsid();
+        for (int file = 0; file < 3; ++file) {
+            close(file);
+        }
+        if (!tidiedFile) {
+            waitForEver();
+        }
+        usleep(333000);
+        close(creat(tidiedFile, 0600));
+    }
+    _exit(0);
+}
+
+void waitToLeaveAChild(const char* file)
+{
+    tidiedFile = file;
+    std::signal(SIGTERM, leaveAChild);
+    wait(false, false);
+}
+
 void beValid()
 {
     say("up");
@@ -86,6 +115,8 @@ int main(int argc, char* argv[])
         {"halfway", [] { say("-*-total-percentage-*-50%"), wait(false, false); }},
         {"stubborn", [] { wait(true, true); }},
         {"forgetful", [] { wait(true, false); }},
+        {"orphaning", [] { waitToLeaveAChild(nullptr); }},
+        {"tidy", [] { waitToLeaveAChild("m.nec.tidied"); }},
     };
     writeSeen(std::vector<std::string>(argv + 1, argv + argc));
     std::string word;

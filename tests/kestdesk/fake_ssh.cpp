@@ -2,6 +2,7 @@
 // with blanks as "|", and does for the host what the file named after it there says:
 //
 //   answer TEXT   writes TEXT and ends
+//   greet TEXT    writes a line of greeting before it
 //   refuse TEXT   writes TEXT to standard error and ends as ssh does that reaches nobody
 //   silent        ends with exit code 0 without a word
 //   fail          ends with exit code 7 without a word
@@ -35,7 +36,10 @@ int main(int argc, char* argv[])
     std::string text;
     file >> word;
     std::getline(file >> std::ws, text);
-    if (word == "answer" || word == "slow") {
+    if (word == "greet") {
+        std::puts("Welcome to 3 machines");
+    }
+    if (word == "answer" || word == "greet" || word == "slow") {
         usleep(word == "slow" ? 500000 : 0);
         std::printf("%s\n", text.c_str());
     } else if (word == "refuse") {

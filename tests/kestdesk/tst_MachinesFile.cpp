@@ -5,7 +5,7 @@
 #include <QTemporaryDir>
 #include <QtTest>
 
-#include <unistd.h>
+#include <sys/stat.h>
 
 namespace {
 
@@ -104,6 +104,8 @@ private Q_SLOTS:
         QTest::newRow("user")                << QByteArray("me@a\n")           << "1 error [me@a] \"@\" is not allowed in the name of a host";
         QTest::newRow("blank inside")        << QByteArray("a b:2\n")          << "1 error [a b:2] a blank is not allowed in the name of a host";
         QTest::newRow("control character")   << QByteArray("a\x1b[2J\n")       << QString::fromUtf8("1 error [a\x1b[2J] the control character 27 is not allowed in the name of a host");
+        QTest::newRow("delete character")    << QByteArray("a\x7f\n")         << text("1 error [a\x7f] the control character 127 is not allowed in the name of a host");
+        QTest::newRow("as long as is shown") << QByteArray(59, 'a') + "!"      << text("1 error [") + QString(59, QLatin1Char('a')) + text("!] \"!\" is not allowed in the name of a host");
         QTest::newRow("lone carriage return") << QByteArray("a:1\rb\n")        << QString::fromUtf8("1 error [a:1\rb] \"1\rb\" is no number of processes");
         QTest::newRow("other letters")       << QByteArray("h\xc3\xb6st\n")    << QString::fromUtf8("1 error [h\xc3\xb6st] \"\xc3\xb6\" is not allowed in the name of a host");
         QTest::newRow("beyond the plane")    << QByteArray("\xf0\x9f\x98\x80\n") << QString::fromUtf8("1 error [\xf0\x9f\x98\x80] \"\xf0\x9f\x98\x80\" is not allowed in the name of a host");
@@ -148,6 +150,8 @@ private Q_SLOTS:
         QTest::addColumn<QString>("reason");
         QTest::newRow("folder") << "folder"
                                 << "0 error [] it is a folder";
+        QTest::newRow("pipe") << "pipe"
+                              << "0 error [] it is not a regular file";
         QTest::newRow("missing") << "missing"
                                  << "0 error [] it cannot be read: No such file or directory";
         QTest::newRow("link in a circle")
@@ -162,6 +166,7 @@ private Q_SLOTS:
         const QTemporaryDir folder;
         QVERIFY(QDir(folder.path()).mkdir(text("folder")));
         QVERIFY(QFile::link(folder.filePath(text("circle")), folder.filePath(text("circle"))));
+        QVERIFY(mkfifo(QFile::encodeName(folder.filePath(text("pipe"))).constData(), 0600) == 0);
         const MachinesFile file = MachinesFile::read(folder.filePath(name));
         QCOMPARE(shownFindings(file), reason);
         QVERIFY(file.entries().isEmpty());

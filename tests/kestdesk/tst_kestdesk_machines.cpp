@@ -11,6 +11,7 @@
 #include <csignal>
 
 #include <pty.h>
+#include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -140,6 +141,9 @@ private Q_SLOTS:
         QCOMPARE(lines(result.output).value(0), m_desk->path("home/shared/mpi/machines.kest") +
                                                     text(" (the installation's, in KEST_HOME)"));
         QCOMPARE(result.exitCode, 0);
+        const QByteArray report = machines("show --json").output.toUtf8();
+        QCOMPARE(QJsonDocument::fromJson(report).object().value(text("foundIn")).toString(),
+                 text("KEST_HOME"));
     }
 
     void showSaysWhereItLookedWhenThereIsNone()
@@ -164,6 +168,7 @@ private Q_SLOTS:
         QTest::newRow("Windows")   << QByteArray("a:2\r\nb:3\r\n") << "line 1, note: lines end as on Windows, with a carriage return" << "in all: 5 processes, hosts: 2" << 0;
         QTest::newRow("comments")  << QByteArray("#a:2\n")         << "error: it names no host" << "in all: no processes" << 1;
         QTest::newRow("empty")     << QByteArray()                 << "error: it names no host" << "in all: no processes" << 1;
+        QTest::newRow("word alone") << QByteArray("b:x\n")         << "line 1, error: b:x: \"x\" is no number of processes" << "in all: 0 processes, hosts: 0" << 1;
         QTest::newRow("IPv6")      << QByteArray("[::1]:2\na\n")   << "line 1, warning: [::1]:2: the processes of an address in brackets are left out of the total" << "in all: 1 processes, hosts: 2" << 0;
         // clang-format on
     }
@@ -179,6 +184,29 @@ private Q_SLOTS:
         QCOMPARE(lines(result.output).constLast(), finding);
         QVERIFY2(lines(result.output).contains(total), qPrintable(result.output));
         QCOMPARE(result.exitCode, exitCode);
+    }
+
+    void pipeInPlaceOfTheFileIsToldOf_data()
+    {
+        QTest::addColumn<QByteArray>("words");
+        QTest::addColumn<int>("exitCode");
+        QTest::newRow("show") << QByteArray("show") << 1;
+        QTest::newRow("check") << QByteArray("check") << 1;
+        QTest::newRow("edit") << QByteArray("edit") << 2;
+    }
+
+    void pipeInPlaceOfTheFileIsToldOf()
+    {
+        QFETCH(QByteArray, words);
+        QFETCH(int, exitCode);
+        const QByteArray pipe = QFile::encodeName(m_desk->path("user/machines.kest"));
+        QVERIFY(mkfifo(pipe.constData(), 0600) == 0);
+        setEditor("true");
+        const Desk::Result result = machines(words);
+        QVERIFY2((result.output + result.errors).contains(text("it is not a regular file\n")),
+                 qPrintable(result.output + result.errors));
+        QCOMPARE(result.exitCode, exitCode);
+        QCOMPARE(copies(), QStringList());
     }
 
     void folderInPlaceOfTheFileIsToldOf()
@@ -223,7 +251,35 @@ private Q_SLOTS:
         const Desk::Result result = machines("show");
         QVERIFY2(lines(result.output).contains(more), qPrintable(result.output.left(5000)));
         QVERIFY(lines(result.output).size() < 100);
+        const bool isWrong = exitCode != 0;
+        QCOMPARE(lines(result.output).filter(text(", error: ")).size(), isWrong ? 20 : 0);
+        QCOMPARE(lines(result.output).filter(QRegularExpression(text("^  node1 +2$"))).size(),
+                 isWrong ? 0 : 50);
         QCOMPARE(result.exitCode, exitCode);
+    }
+
+    void nothingIsLeftOutWhereThereIsRoomForAll()
+    {
+        writeMachines(QByteArray("a;\n").repeated(20));
+        const QStringList shown = lines(machines("show").output);
+        QCOMPARE(shown.filter(text(", error: ")).size(), 20);
+        QCOMPARE(shown.filter(text(" more")), QStringList());
+    }
+
+    void errorsComeBeforeWarningsAndNotes()
+    {
+        writeMachines("a:1\r\na:1\r\nb:x\r\n");
+        const QStringList shown = lines(machines("show").output);
+        QVERIFY(shown.value(shown.size() - 3).startsWith(text("line 3, error: ")));
+        QVERIFY(shown.value(shown.size() - 2).startsWith(text("line 2, warning: ")));
+        QVERIFY(shown.constLast().startsWith(text("line 1, note: ")));
+    }
+
+    void longNameDoesNotWidenTheTable()
+    {
+        writeMachines(QByteArray(200, 'n') + "\nshort:3\n");
+        QVERIFY(lines(machines("show").output)
+                    .contains(text("  ") + text("short").leftJustified(40) + text("     3")));
     }
 
     void lineOfAMegabyteIsCut()
@@ -344,6 +400,8 @@ private Q_SLOTS:
         QTest::newRow("flood")         << "flood"         << "127.0.0.2: error: answers without end" << 1;
         QTest::newRow("crash")         << "crash"         << "127.0.0.2: error: %1 crashed" << 1;
         QTest::newRow("few cores")     << "answer 2"      << "127.0.0.2: warning: 2 cores for 4 processes" << 0;
+        QTest::newRow("much to say")   << QString(text("refuse ") + QString(500, QLatin1Char('x'))) << QString(text("127.0.0.2: error: ") + QString(120, QLatin1Char('x'))) << 1;
+        QTest::newRow("greeting")      << "greet 8"       << "127.0.0.2: fine: 8 cores for 4 processes" << 0;
         QTest::newRow("just enough")   << "answer 4"      << "127.0.0.2: fine: 4 cores for 4 processes" << 0;
         // clang-format on
     }
@@ -435,6 +493,16 @@ private Q_SLOTS:
         QCOMPARE(result.exitCode, 0);
     }
 
+    void hostIsAskedOnceHoweverItIsWritten()
+    {
+        writeMachines("[fe80::1]:2\n[FE80::1]:1\n");
+        host("fe80::1", "answer 8");
+        const Desk::Result result = machines("check");
+        QCOMPARE(lines(result.output).constLast(),
+                 text("[fe80::1]: fine: 8 cores for 3 processes"));
+        QCOMPARE(contentOf(m_desk->path("ssh/log")).count('\n'), 1);
+    }
+
     void hostsThatAreWrongAreNotAsked()
     {
         writeMachines("-oProxyCommand=touch:1\n$(touch x)\n127.0.0.2;x\n127.0.0.3\n");
@@ -483,6 +551,25 @@ private Q_SLOTS:
         }
     }
 
+    void hostsBehindTheSixteenthWait()
+    {
+        QByteArray content;
+        for (int i = 1; i <= 32; ++i) {
+            const QByteArray name = "127.0.1." + QByteArray::number(i);
+            content += name + '\n';
+            host(name, "hang");
+        }
+        writeMachines(content);
+        QProcess process;
+        m_desk->start(process, {text("machines"), text("check"), text("--timeout"), text("600")});
+        const auto asked = [this] { return contentOf(m_desk->path("ssh/log")).count('\n'); };
+        QTRY_COMPARE_WITH_TIMEOUT(asked(), 16, 30000);
+        QVERIFY(!process.waitForFinished(300)); // for one too many
+        QCOMPARE(asked(), 16);
+        ::kill(pid_t(process.processId()), SIGTERM);
+        QCOMPARE(Desk::resultOf(process).exitCode, 130);
+    }
+
     void ctrlCEndsTheCheckAtOnce_data()
     {
         QTest::addColumn<int>("signal");
@@ -508,6 +595,24 @@ private Q_SLOTS:
         QCOMPARE(result.exitCode, 130);
         QCOMPARE(result.errors, QString());
         QTRY_COMPARE_WITH_TIMEOUT(m_desk->processes(), QStringList(), 2000);
+    }
+
+    void endDoesNotWaitForALookup()
+    {
+#if defined(__SANITIZE_ADDRESS__)
+        m_desk->set("ASAN_OPTIONS", text("verify_asan_link_order=0:detect_leaks=0"));
+#endif
+        m_desk->set("LD_PRELOAD", text(FAKE_RESOLVER));
+        writeMachines("lost1\n127.0.0.2\n");
+        host("127.0.0.2", "hang");
+        QProcess process;
+        m_desk->start(process, {text("machines"), text("check"), text("--timeout"), text("600")});
+        QTRY_COMPARE_WITH_TIMEOUT(contentOf(m_desk->path("ssh/log")).count('\n'), 1, 30000);
+        QElapsedTimer timer;
+        timer.start();
+        ::kill(pid_t(process.processId()), SIGTERM);
+        QCOMPARE(Desk::resultOf(process).exitCode, 130);
+        QVERIFY(timer.elapsed() < 5000);
     }
 
     void editSavesWhatIsRight_data()
@@ -592,6 +697,7 @@ private Q_SLOTS:
         QTest::newRow("save")             << QByteArray("s\n")      << QByteArray("a:1\nb:x\n")             << 0 << 0;
         QTest::newRow("discard")          << QByteArray("d\n")      << QByteArray("a:1\n")                  << 1 << 0;
         QTest::newRow("again, save")      << QByteArray("e\nS\n")   << QByteArray("a:1\nb:x\nb:x\n")        << 0 << 0;
+        QTest::newRow("nothing, save")    << QByteArray("\ns\n")    << QByteArray("a:1\nb:x\nb:x\n")        << 0 << 0;
         QTest::newRow("nonsense, save")   << QByteArray("what\ns\n") << QByteArray("a:1\nb:x\n")            << 0 << 0;
         QTest::newRow("end of the input") << QByteArray("\x04")     << QByteArray("a:1\n")                  << 1 << 1;
         // clang-format on
@@ -686,6 +792,28 @@ private Q_SLOTS:
                     QStringLiteral("\"%1\" -w").arg(m_desk->path("wrapper")));
         QCOMPARE(machines("edit").exitCode, 0);
         QCOMPARE(machinesFile(), QByteArray("c:3\n"));
+    }
+
+    void visualComesBeforeTheOtherEditor()
+    {
+        setEditor("echo g:7 >\"$1\"");
+        m_desk->set("EDITOR", text("/no/such/editor"));
+        QCOMPARE(machines("edit").exitCode, 0);
+        QCOMPARE(machinesFile(), QByteArray("g:7\n"));
+    }
+
+    void editorThatFailsTheSecondTimeSavesNothing()
+    {
+        writeMachines("a:1\n");
+        setEditor("[ -e \"$0.again\" ] && exit 1\ntouch \"$0.again\"; echo b:x >>\"$1\"");
+        const Desk::Result result = onTerminal({text("machines"), text("edit")}, "e\n\x04");
+        QVERIFY2(result.output.contains(
+                     text("the editor did not end well; nothing was saved; what you edited is in")),
+                 qPrintable(result.output));
+        QCOMPARE(result.output.count(text("what you edited is in")), 1);
+        QCOMPARE(result.exitCode, 1);
+        QCOMPARE(machinesFile(), QByteArray("a:1\n"));
+        QCOMPARE(copies().size(), 1);
     }
 
     void missingEditorIsToldOf_data()

@@ -14,6 +14,7 @@
 #include <csignal>
 
 #include <malloc.h>
+#include <sys/stat.h>
 #include <sys/types.h>
 #include <unistd.h>
 
@@ -320,6 +321,30 @@ private Q_SLOTS:
         QVERIFY(!QFile::exists(m_desk->path("models/next.nec.seen")));
     }
 
+    // The component ends at once; who does not end by itself within the time of grace is killed.
+    void whatAStoppedComponentLeavesBehindMayTidyUpFirst_data()
+    {
+        QTest::addColumn<QString>("behaviour");
+        QTest::addColumn<bool>("tidies");
+        QTest::newRow("ends by itself") << "tidy" << true;
+        QTest::newRow("stays") << "orphaning" << false;
+    }
+
+    void whatAStoppedComponentLeavesBehindMayTidyUpFirst()
+    {
+        QFETCH(QString, behaviour);
+        QFETCH(bool, tidies);
+        model("m.nec", behaviour.toLatin1());
+        QProcess process;
+        m_desk->start(process, batch("m.nec"));
+        waitUntilUp(process);
+        ::kill(pid_t(process.processId()), SIGTERM);
+        QCOMPARE(Desk::resultOf(process).exitCode, 130);
+        // Not a moment later: nobody ends them any more.
+        QCOMPARE(m_desk->processes().join(QLatin1Char('\n')), QString());
+        QCOMPARE(QFile::exists(m_desk->path("models/m.nec.tidied")), tidies);
+    }
+
     void hangUpIsIgnoredWhereNohupSaysSo()
     {
         model("m.nec", "wait");
@@ -362,6 +387,20 @@ private Q_SLOTS:
         QCOMPARE(result.exitCode, 0);
         QVERIFY(seenArguments("m.nec").filter(m_desk->path("user/gui_tmp_machfile_")).size() == 1);
         QCOMPARE(contentOf(m_desk->path("models/m.nec.machines")), QByteArray("localhost:2\n"));
+    }
+
+    void pipeInPlaceOfTheMachinesFileIsToldOf()
+    {
+        const QByteArray pipe = QFile::encodeName(m_desk->path("user/machines.kest"));
+        QVERIFY(mkfifo(pipe.constData(), 0600) == 0);
+        model("m.nec", "valid");
+        const Desk::Result result = m_desk->run(batch("--parallel m.nec"));
+        QCOMPARE(result.exitCode, 2);
+        QVERIFY2(result.errors.contains(text("it is not a regular file")),
+                 qPrintable(result.errors));
+        QVERIFY2(result.errors.contains(text("the machines file cannot be copied to ")),
+                 qPrintable(result.errors));
+        QVERIFY(!QFile::exists(m_desk->path("models/m.nec.seen")));
     }
 
     void machinesFileThatCannotBeCopiedIsToldOf()

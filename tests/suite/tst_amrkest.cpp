@@ -35,7 +35,9 @@ private Q_SLOTS:
     void progressOnlyGrows();
     void keptFilesAreTheIterations();
     void nothingIsKeptUnasked();
+    void runkestOptionsArePassedOn_data();
     void runkestOptionsArePassedOn();
+    void machinesFileThatIsMissingFailsTheFirstIteration();
     void errorsAreIgnoredAllTheWay();
     void adaptiveModelIsSampledAdaptively();
     void checkOnlySolvesNothing();
@@ -59,6 +61,32 @@ QString program()
 {
     return suiteHome() + text("/bin/amrkest");
 }
+
+// A folder with amrkest and a runkest that writes down how it is called before it works.
+class SpiedInstallation
+{
+public:
+    SpiedInstallation()
+    {
+        QDir(m_folder.path()).mkdir(text("bin"));
+        QFile::copy(::program(), program());
+        const QByteArray script = "#!/bin/sh\n(IFS='|'; echo \"$*\") >> '" + calls().toUtf8() +
+                                  "'\nexec '" + runkestProgram().toUtf8() + "' \"$@\"\n";
+        const QString path = writeFile(m_folder.filePath(text("bin")), text("runkest"), script);
+        QFile::setPermissions(path, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+    }
+
+    QString program() const { return m_folder.filePath(text("bin/amrkest")); }
+    QStringList calledWith() const
+    {
+        return QString::fromUtf8(readFile(calls())).split(QLatin1Char('\n'), Qt::SkipEmptyParts);
+    }
+
+private:
+    QString calls() const { return m_folder.filePath(text("calls")); }
+
+    QTemporaryDir m_folder;
+};
 
 QStringList words(const char* line)
 {
@@ -184,7 +212,7 @@ void tst_amrkest::refinedModelIsTheLastIterations()
     const QByteArray before = coarseDipole();
     QCOMPARE(refine(folder, "").exitCode, 0);
     QCOMPARE(readFile(folder.filePath(text("m.nec"))), before);
-    const int segments = readIterations(folder.filePath(text("m.amr.csv"))).last().segments;
+    const int segments = readIterations(folder.filePath(text("m.amr.csv"))).constLast().segments;
     QByteArray expected = before;
     expected.replace("GW 1 5", "GW 1 " + QByteArray::number(segments));
     expected.replace("EX 0 1 3", "EX 0 1 " + QByteArray::number(segments / 2 + 1));
@@ -273,7 +301,7 @@ void tst_amrkest::tooFewIterationsAreWarnedOf()
     QCOMPARE(result.exitCode, 0);
     QCOMPARE(ownWarnings(result).size(), 1);
     const QString expected = text("WARNING 3231: the refinement did not converge within ") + reason;
-    QVERIFY2(ownWarnings(result).first().startsWith(expected),
+    QVERIFY2(ownWarnings(result).constFirst().startsWith(expected),
              qPrintable(ownWarnings(result).first()));
     QCOMPARE(readIterations(folder.filePath(text("m.amr.csv"))).size(), most);
     QVERIFY(QFile::exists(folder.filePath(text("m_amr.csv"))));
@@ -357,20 +385,61 @@ void tst_amrkest::nothingIsKeptUnasked()
     QCOMPARE(runs.temporaryEntries(), QStringList());
 }
 
-// The final run tells how many engines it may start.
+void tst_amrkest::runkestOptionsArePassedOn_data()
+{
+    QTest::addColumn<QString>("options");
+    QTest::addColumn<QString>("expected");
+    QTest::newRow("none") << QString() << QString();
+    QTest::newRow("of the solver") << text("--runkest-options --priority 4 -np 1 --use-gpu 2:0,1"
+                                           " --kest-options --mtl-circuit-export")
+                                   << text("|--priority|4|-np|1|--use-gpu|2:0,1"
+                                           "|--kest-options|--mtl-circuit-export");
+    QTest::newRow("of the pre-processor")
+        << text("--runkest-options --use-gpu 0 --prekest-options --ignore-errors --print-variables")
+        << text("|--use-gpu|0|--prekest-options|--ignore-errors");
+    QTest::newRow("of this program")
+        << text("--run-from-gui --error-threshold low --runkest-options --use-gpu 0")
+        << text("|--use-gpu|0");
+}
+
+// Each iteration and the final solution are runs of runkest; what is for amrkest's own
+// pre-processing stays here.
 void tst_amrkest::runkestOptionsArePassedOn()
 {
+    QFETCH(QString, options);
+    QFETCH(QString, expected);
     const QTemporaryDir folder;
-    const SuiteResult result = refine(folder, "--runkest-options -np 1 --priority 4 --use-gpu 2:0,1"
-                                              " --kest-options --mtl-circuit-export"
-                                              " --prekest-options --print-variables");
+    const SpiedInstallation spied;
+    QVERIFY(!writeFile(folder.path(), text("m.nec"), coarseDipole()).isEmpty());
+    const SuiteResult result = runSuite(
+        spied.program(), QStringList(text("m")) + words(qPrintable(options)), folder.path());
     QCOMPARE(result.exitCode, 0);
-    QVERIFY(result.hasText(text("Solving 5 frequencies, 1 at once")));
-    QCOMPARE(result.bodies(text("variable")).filter(text("segments = ")),
-             QStringList(text("segments = 5")));
-    const SuiteResult wrong = refine(folder, "--runkest-options --machines-file /nowhere/machines"
-                                             " --parallel-authenticate sspi");
-    QVERIFY(wrong.exitCode == 0 || wrong.hasText(text("iteration 1 failed, ")));
+    QStringList wanted;
+    const int iterations = readIterations(folder.filePath(text("m.amr.csv"))).size();
+    QVERIFY(iterations >= 2);
+    for (int number = 1; number <= iterations; ++number) {
+        wanted.append(folder.filePath(text("m.amrkest/iteration_0%1/m.nec").arg(number)) +
+                      expected);
+    }
+    wanted.append(folder.filePath(text("m.amrkest/final/m_amr.nec")) + expected);
+    QCOMPARE(spied.calledWith(), wanted);
+    // The words mean something to runkest: the final run tells how many engines it may start.
+    QCOMPARE(result.hasText(text("Solving 5 frequencies, 1 at once")),
+             options.contains(text("-np 1")));
+    QCOMPARE(result.bodies(text("variable")).contains(text("segments = 5")),
+             options.contains(text("--print-variables")));
+}
+
+void tst_amrkest::machinesFileThatIsMissingFailsTheFirstIteration()
+{
+    const QTemporaryDir folder;
+    const SuiteResult result = refine(folder, "--runkest-options -np 2 --machines-file /nowhere/m"
+                                              " --parallel-authenticate sspi");
+    QCOMPARE(result.exitCode, 1);
+    QCOMPARE(result.bodies(text("error")),
+             QStringList(text("ERROR 2823: m.nec: iteration 1 failed, ERROR 2021; m.nec; the "
+                              "machines file '/nowhere/m' does not exist")));
+    QVERIFY(!QFile::exists(folder.filePath(text("m_amr.nec"))));
 }
 
 void tst_amrkest::errorsAreIgnoredAllTheWay()

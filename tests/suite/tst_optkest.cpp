@@ -3,9 +3,11 @@
 #include "CommandLine.h"
 #include "ResultTable.h"
 
+#include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
 #include <QProcess>
+#include <QThread>
 #include <QtTest>
 
 #include <cmath>
@@ -26,6 +28,7 @@ private Q_SLOTS:
     void wordsForTheSolverArePassedOn();
     void dipoleIsTuned_data();
     void dipoleIsTuned();
+    void allIsEveryProcessorOfThisMachine();
     void onlyTheValueChanges_data();
     void onlyTheValueChanges();
     void resultsAreThoseOfTheTunedModel();
@@ -34,6 +37,7 @@ private Q_SLOTS:
     void restartRunsNothingTwice_data();
     void restartRunsNothingTwice();
     void restartWithMoreAtOnceLearnsFromEarlierRuns();
+    void earlierRunOfAnotherPointIsRepeated();
     void restartThatIsNotPossible_data();
     void restartThatIsNotPossible();
     void earlierRunsAreDeleted();
@@ -75,6 +79,23 @@ int evaluationsOf(const SuiteResult& result)
 int roundsOf(const SuiteResult& result)
 {
     return noticeOf(result, 213).section(QLatin1Char(' '), 5, 5).toInt();
+}
+
+// Changes what the saved state says of a run; the change is "key=value" with a value of JSON.
+bool changeEvaluation(const OptkestRun& model, int index, const QString& change)
+{
+    const QString path = model.path("tune.optkest/optkest.json");
+    QJsonObject state = QJsonDocument::fromJson(readFile(path)).object();
+    QJsonArray evaluations = state.value(text("evaluations")).toArray();
+    QJsonObject evaluation = evaluations.at(index).toObject();
+    const QString value = change.section(QLatin1Char('='), 1);
+    const QJsonArray parsed = QJsonDocument::fromJson('[' + value.toUtf8() + ']').array();
+    evaluation.insert(change.section(QLatin1Char('='), 0, 0), parsed.first());
+    evaluations.replace(index, evaluation);
+    state.insert(text("evaluations"), evaluations);
+    return !writeFile(model.path("tune.optkest"), text("optkest.json"),
+                      QJsonDocument(state).toJson())
+                .isEmpty();
 }
 
 // A folder with optkest and a runkest that writes down how it is called before it works.
@@ -194,6 +215,7 @@ void tst_optkest::dipoleIsTuned_data()
     QTest::newRow("one at a time") << text("-np 1") << 19;
     QTest::newRow("two at once") << text("-np 2") << 13;
     QTest::newRow("two at once, other option") << text("-NP 2") << 13;
+    QTest::newRow("two at once, both options") << text("-NP 4 -np 2") << 13;
     QTest::newRow("four at once") << text("-np 4") << 8;
     QTest::newRow("farm of this machine") << text("-np all --machines-file farm") << 8;
     QTest::newRow("part of the farm") << text("-np 2 --machines-file farm") << 13;
@@ -223,6 +245,16 @@ void tst_optkest::dipoleIsTuned()
     const QStringList beside = {text("farm"),         text("tune.nec"),     text("tune.opt.csv"),
                                 text("tune_opt.csv"), text("tune_opt.nec"), text("tune_opt.out")};
     QCOMPARE(model.folder().entryList(QDir::Files, QDir::Name), beside);
+    QVERIFY(!model.runs().isEmpty());
+    QVERIFY(!QFile::exists(model.path("tune.optkest/final")));
+}
+
+void tst_optkest::allIsEveryProcessorOfThisMachine()
+{
+    const OptkestRun model;
+    const SuiteResult result = model.run(text("-np all"));
+    QCOMPARE(result.exitCode, 0);
+    QVERIFY(result.hasText(text(" MHz, %1 at once").arg(QThread::idealThreadCount())));
 }
 
 void tst_optkest::onlyTheValueChanges_data()
@@ -311,6 +343,7 @@ void tst_optkest::progressIsTold()
     int before = 0;
     const QStringList totals = result.bodies(text("total-percentage"));
     QVERIFY(totals.size() > 20);
+    QCOMPARE(totals.first(), text("5%")); // what the pre-processing is
     for (const QString& total : totals) {
         const int now = total.chopped(1).toInt();
         QVERIFY(now >= before && now <= 100);
@@ -385,6 +418,21 @@ void tst_optkest::restartWithMoreAtOnceLearnsFromEarlierRuns()
     QCOMPARE(tunedValue(third), tunedValue(again));
 }
 
+void tst_optkest::earlierRunOfAnotherPointIsRepeated()
+{
+    OptkestRun model;
+    const SuiteResult first = model.run();
+    QCOMPARE(first.exitCode, 0);
+    QVERIFY(changeEvaluation(model, 6, text("value=0.50123")));
+    model.takeEngineStarts();
+    const SuiteResult again = model.run(text("--restart 19"));
+    QCOMPARE(again.exitCode, 0);
+    QVERIFY2(noticeOf(again, 213).contains(text("18 of them taken over")),
+             qPrintable(noticeOf(again, 213)));
+    QCOMPARE(model.takeEngineStarts(), 1 + 21);
+    QCOMPARE(tunedValue(again), tunedValue(first));
+}
+
 void tst_optkest::restartThatIsNotPossible_data()
 {
     QTest::addColumn<QString>("change");
@@ -395,6 +443,9 @@ void tst_optkest::restartThatIsNotPossible_data()
     QTest::newRow("empty") << text("") + QLatin1Char(' ') << text("is damaged");
     QTest::newRow("other contents")
         << text("{\"model\": 7, \"evaluations\": [1, {}]}") << text("is damaged");
+    for (const char* change : {"value=7", "value=0.1", "run=3", "run=0", "reactance=\"x\""}) {
+        QTest::newRow(change) << text("evaluation ") + text(change) << text("is damaged");
+    }
     QTest::newRow("other model") << text("model") << text("of another model, range or frequency");
 }
 
@@ -411,6 +462,8 @@ void tst_optkest::restartThatIsNotPossible()
                      .isEmpty());
     } else if (change == text("none")) {
         QVERIFY(QDir(folder).removeRecursively());
+    } else if (change.startsWith(text("evaluation "))) {
+        QVERIFY(changeEvaluation(model, 6, change.section(QLatin1Char(' '), 1)));
     } else if (!change.isEmpty()) {
         QVERIFY(!writeFile(folder, text("optkest.json"), change.toUtf8()).isEmpty());
     }

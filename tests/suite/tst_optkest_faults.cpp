@@ -328,6 +328,9 @@ void tst_optkest_faults::failureKeepsWhatIsDone()
     QVERIFY2(failed.hasText(text("ERROR 2611: tune.nec: run 7 on localhost failed, ")),
              qPrintable(failed.lines.join(QLatin1Char('\n'))));
     QCOMPARE(lastSavedRun(), 6);
+    // Its model shows what went wrong.
+    QCOMPARE(m_model->runs().last(), text("run_0007"));
+    QVERIFY(QFile::exists(m_model->path("tune.optkest/run_0007/model.nec")));
     verifyOldResults();
     QCOMPARE(m_model->takeEngineStarts(), 0);
     const SuiteResult again = m_model->run(text("--restart 6"));

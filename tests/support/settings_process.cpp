@@ -8,7 +8,8 @@
 //   create DIRECTORY            makes writable launch options on DIRECTORY/kest.ini, says "made" or
 //                               "null", and waits for the end of its input
 //   change FILE KEY ROUNDS      ROUNDS times: locks the file, counts KEY up, writes, releases
-//   write FILE KEYS COUNT       writes COUNT keys, KEYS0 and so on, one a time and without a lock
+//   write FILE KEYS COUNT       writes COUNT keys, KEYS1 and so on, one a time and without a lock;
+//                               says "refused after MILLISECONDS" when a write gives up too early
 //   rewrite FILE LENGTH         writes texts of LENGTH equal letters for ever
 //   write-limited FILE BYTES LENGTH
 //                               writes a text of LENGTH letters where no file may exceed BYTES
@@ -168,17 +169,36 @@ int change(const QStringList& arguments)
     return say("slowest", slowest);
 }
 
+// What is refused leaves the file as it was.
+bool isWritten(const QString& file, const QString& key, int count)
+{
+    CountSettings settings(file, key);
+    settings.readSettings();
+    return settings.count == count;
+}
+
+// A write that is refused has waited first, and is tried again.
 int write(const QStringList& arguments)
 {
+    constexpr qint64 shortestWait = 900; // milliseconds
     const FakeApplicationInfo info;
     qint64 slowest = 0;
-    for (int number = 0; number < arguments.at(2).toInt(); ++number) {
-        CountSettings settings(arguments.at(0), arguments.at(1) + QString::number(number));
+    for (int number = 1; number <= arguments.at(2).toInt(); ++number) {
+        const QString key = arguments.at(1) + QString::number(number);
+        CountSettings settings(arguments.at(0), key);
         settings.count = number;
-        QElapsedTimer timer;
-        timer.start();
-        settings.writeSettings();
-        slowest = qMax(slowest, timer.elapsed());
+        bool written = false;
+        while (!written) {
+            QElapsedTimer timer;
+            timer.start();
+            settings.writeSettings();
+            const qint64 elapsed = timer.elapsed();
+            slowest = qMax(slowest, elapsed);
+            written = isWritten(arguments.at(0), key, number);
+            if (!written && elapsed < shortestWait) {
+                return say("refused after", elapsed);
+            }
+        }
     }
     return say("slowest", slowest);
 }

@@ -61,18 +61,28 @@ QStringList editorCommand()
     return {};
 }
 
+// Why a file cannot be opened to be read; a pipe has no end that could be waited for.
+QString openingError(QFile& file)
+{
+    const QFileInfo info(file.fileName());
+    if (info.isDir()) {
+        return QStringLiteral("it is a folder");
+    }
+    if (info.exists() && !info.isFile()) {
+        return QStringLiteral("it is not a regular file");
+    }
+    return file.open(QIODevice::ReadOnly) ? QString() : file.errorString();
+}
+
 // Nothing when the file cannot be read.
 std::optional<QByteArray> contentOf(const QString& fileName, QString* error = nullptr)
 {
     QFile file(fileName);
-    if (QFileInfo(fileName).isDir() || !file.open(QIODevice::ReadOnly)) {
-        if (error) {
-            *error =
-                QFileInfo(fileName).isDir() ? QStringLiteral("it is a folder") : file.errorString();
-        }
-        return std::nullopt;
+    const QString reason = openingError(file);
+    if (error) {
+        *error = reason;
     }
-    return file.readAll();
+    return reason.isEmpty() ? std::optional<QByteArray>(file.readAll()) : std::nullopt;
 }
 
 /// While this lives, Ctrl+C is the editor's business alone. The editor does not inherit that.

@@ -38,8 +38,11 @@ MachinesFile MachinesFile::read(const QString& fileName)
 {
     QFile file(fileName);
     MachinesFile result;
-    if (QFileInfo(fileName).isDir()) {
+    const QFileInfo info(fileName);
+    if (info.isDir()) {
         result.add(0, Severity::Error, {}, QStringLiteral("it is a folder"));
+    } else if (info.exists() && !info.isFile()) { // a pipe has no end that could be waited for
+        result.add(0, Severity::Error, {}, QStringLiteral("it is not a regular file"));
     } else if (!file.open(QIODevice::ReadOnly)) {
         result.add(0, Severity::Error, {},
                    QStringLiteral("it cannot be read: %1").arg(file.errorString()));
