@@ -12,6 +12,8 @@
 #include <QTextBlock>
 #include <QtTest>
 
+#include <sys/stat.h>
+
 #include <memory>
 
 namespace {
@@ -180,6 +182,13 @@ private Q_SLOTS:
         QVERIFY(QDir().mkpath(usersFile()));
         open();
         QVERIFY(origin().contains(text("cannot be read")));
+    }
+
+    void aPipeInTheFilesPlaceIsToldAtOnce()
+    {
+        QVERIFY(mkfifo(QFile::encodeName(usersFile()).constData(), 0600) == 0);
+        open();
+        QVERIFY(origin().contains(text("it is not a regular file")));
     }
 
     void whatWasTypedIsThrownAwayOnlyAfterAQuestion()

@@ -79,7 +79,8 @@ void tst_amrkest_faults::init()
 {
     m_runs = std::make_unique<MarkedRuns>();
     QVERIFY(!writeFile(m_runs->folder(), text("m.nec"), model()).isEmpty());
-    for (const QString& name : results()) {
+    const QStringList names = results();
+    for (const QString& name : names) {
         QVERIFY(!writeFile(m_runs->folder(), name, "old").isEmpty());
     }
 }
@@ -99,7 +100,8 @@ SuiteResult tst_amrkest_faults::run(const char* arguments)
 
 void tst_amrkest_faults::verifyOldResults()
 {
-    for (const QString& name : results()) {
+    const QStringList names = results();
+    for (const QString& name : names) {
         QCOMPARE(readFile(m_runs->path(name)), QByteArray("old"));
     }
     QCOMPARE(readFile(m_runs->path(text("m.nec"))), model());
@@ -166,7 +168,8 @@ void tst_amrkest_faults::killLeavesNoProcess()
     run.kill();
     QVERIFY(run.waitForFinished());
     QVERIFY(m_runs->waitForEnd());
-    for (const QString& name : results()) {
+    const QStringList names = results();
+    for (const QString& name : names) {
         QCOMPARE(readFile(m_runs->path(name)), QByteArray("old"));
     }
     // What it has left is no obstacle, and goes with the next run.
@@ -364,7 +367,8 @@ void tst_amrkest_faults::unwritableFolder()
 
 void tst_amrkest_faults::resultThatCannotBeWritten()
 {
-    for (const QString& name : results()) {
+    const QStringList names = results();
+    for (const QString& name : names) {
         QVERIFY(QFile::remove(m_runs->path(name)));
         QVERIFY(QDir(m_runs->folder()).mkdir(name));
         const SuiteResult result = run();

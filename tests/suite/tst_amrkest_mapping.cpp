@@ -226,7 +226,7 @@ void tst_amrkest_mapping::spreadLoadsCoverTheSameLength()
     QFETCH(int, last);
     QFETCH(int, factor);
     const auto lengthOf = [](const suite::Model& model) {
-        const Card load = cardsOf(model, "LD").first();
+        const Card load = cardsOf(model, "LD").constFirst();
         const auto segments = segmentsOf(model, load.integer(2));
         double length = 0;
         for (int i = load.integer(3); i <= load.integer(4); ++i) {

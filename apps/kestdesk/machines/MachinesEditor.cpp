@@ -61,24 +61,11 @@ QStringList editorCommand()
     return {};
 }
 
-// Why a file cannot be opened to be read; a pipe has no end that could be waited for.
-QString openingError(QFile& file)
-{
-    const QFileInfo info(file.fileName());
-    if (info.isDir()) {
-        return QStringLiteral("it is a folder");
-    }
-    if (info.exists() && !info.isFile()) {
-        return QStringLiteral("it is not a regular file");
-    }
-    return file.open(QIODevice::ReadOnly) ? QString() : file.errorString();
-}
-
 // Nothing when the file cannot be read.
 std::optional<QByteArray> contentOf(const QString& fileName, QString* error = nullptr)
 {
     QFile file(fileName);
-    const QString reason = openingError(file);
+    const QString reason = MachinesFile::open(file);
     if (error) {
         *error = reason;
     }

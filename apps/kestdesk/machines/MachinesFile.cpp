@@ -34,24 +34,33 @@ QString cut(const QByteArray& text)
 
 } // namespace
 
+QString MachinesFile::open(QFile& file)
+{
+    const QFileInfo info(file.fileName());
+    if (info.isDir()) {
+        return QStringLiteral("it is a folder");
+    }
+    if (info.exists() && !info.isFile()) {
+        return QStringLiteral("it is not a regular file");
+    }
+    return file.open(QIODevice::ReadOnly) ? QString() : file.errorString();
+}
+
 MachinesFile MachinesFile::read(const QString& fileName)
 {
     QFile file(fileName);
     MachinesFile result;
-    const QFileInfo info(fileName);
-    if (info.isDir()) {
-        result.add(0, Severity::Error, {}, QStringLiteral("it is a folder"));
-    } else if (info.exists() && !info.isFile()) { // a pipe has no end that could be waited for
-        result.add(0, Severity::Error, {}, QStringLiteral("it is not a regular file"));
-    } else if (!file.open(QIODevice::ReadOnly)) {
+    const QString error = open(file);
+    if (!error.isEmpty()) {
         result.add(0, Severity::Error, {},
-                   QStringLiteral("it cannot be read: %1").arg(file.errorString()));
-    } else {
-        result = parsed(file.readAll());
-        if (file.error() != QFile::NoError) {
-            result.add(0, Severity::Error, {},
-                       QStringLiteral("it cannot be read whole: %1").arg(file.errorString()));
-        }
+                   QFileInfo(fileName).isFile() ? QStringLiteral("it cannot be read: %1").arg(error)
+                                                : error);
+        return result;
+    }
+    result = parsed(file.readAll());
+    if (file.error() != QFile::NoError) {
+        result.add(0, Severity::Error, {},
+                   QStringLiteral("it cannot be read whole: %1").arg(file.errorString()));
     }
     return result;
 }

@@ -6,6 +6,7 @@
 #include <QString>
 #include <QVector>
 
+class QFile;
 struct MachinesLine;
 
 /// What stands in a machines file, and what is wrong with it.
@@ -28,6 +29,10 @@ public:
         QString text; ///< what stands there, cut where it is long
         QString reason;
     };
+
+    /// Opens a file to read it and returns nothing, or why it cannot be. Only regular files are
+    /// opened: a pipe has no end that could be waited for.
+    static QString open(QFile& file);
 
     /// A file that cannot be read has a finding that says so.
     static MachinesFile read(const QString& fileName);

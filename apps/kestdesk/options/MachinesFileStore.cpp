@@ -1,5 +1,7 @@
 #include "MachinesFileStore.h"
 
+#include "MachinesFile.h"
+
 #include <common_IApplicationInfo.h>
 #include <common_ServiceOf.h>
 
@@ -18,9 +20,10 @@ constexpr const char* beginning = "# The machines for parallel runs, one a line:
 std::optional<QByteArray> contentOf(const QString& fileName, QString* error = nullptr)
 {
     QFile file(fileName);
-    if (!file.open(QIODevice::ReadOnly)) {
+    const QString reason = MachinesFile::open(file);
+    if (!reason.isEmpty()) {
         if (error != nullptr) {
-            *error = file.errorString();
+            *error = reason;
         }
         return std::nullopt;
     }
