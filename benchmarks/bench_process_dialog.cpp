@@ -78,7 +78,22 @@ QStringList warnings(std::int64_t count)
     return {QStringLiteral("warnings"), QString::number(count), QStringLiteral("500")};
 }
 
-void runDialog(benchmark::State& state, const QStringList& commands, int lines)
+void doNothing(const DialogStage&)
+{}
+
+// In another width every line has to be laid out again. Once, in the middle of the flood.
+void widenInTheMiddle(const DialogStage& stage, int lines)
+{
+    const int width = 150;
+    const int narrow = stage.tabs()->minimumWidth() + width;
+    if (stage.output()->document()->blockCount() > lines / 2 && stage.dialog->width() < narrow) {
+        stage.dialog->resize(stage.dialog->width() + width, stage.dialog->height());
+    }
+}
+
+// The deed is done again and again during the run.
+template <typename Deed>
+void runDialog(benchmark::State& state, const QStringList& commands, int lines, Deed deed)
 {
     for (auto _ : state) {
         state.PauseTiming();
@@ -88,7 +103,10 @@ void runDialog(benchmark::State& state, const QStringList& commands, int lines)
         GapReader gaps;
         state.ResumeTiming();
         stage.run(commands);
-        processEventsUntil([&stage] { return stage.ok()->isEnabled(); });
+        processEventsUntil([&] {
+            deed(stage);
+            return stage.ok()->isEnabled();
+        });
         state.PauseTiming();
         if (stage.output()->document()->blockCount() != lines || !stage.output()->isVisible()) {
             state.SkipWithError("lines were lost, or not visible");
@@ -120,7 +138,14 @@ void runPlain(benchmark::State& state, const QStringList& commands, int lines)
 
 void mixedLines(benchmark::State& state)
 {
-    runDialog(state, solverLines(state.range(0)), static_cast<int>(state.range(0)));
+    runDialog(state, solverLines(state.range(0)), static_cast<int>(state.range(0)), doNothing);
+}
+
+void mixedLinesResized(benchmark::State& state)
+{
+    const int lines = static_cast<int>(state.range(0));
+    runDialog(state, solverLines(lines), lines,
+              [lines](const DialogStage& stage) { widenInTheMiddle(stage, lines); });
 }
 
 void mixedLinesPlain(benchmark::State& state)
@@ -130,7 +155,7 @@ void mixedLinesPlain(benchmark::State& state)
 
 void manyWarnings(benchmark::State& state)
 {
-    runDialog(state, warnings(state.range(0)), static_cast<int>(state.range(0)));
+    runDialog(state, warnings(state.range(0)), static_cast<int>(state.range(0)), doNothing);
 }
 
 void fewerWarnings(benchmark::State& state)
@@ -188,6 +213,11 @@ void stopInAFlood(benchmark::State& state)
 
 // The child works at the same time: what counts is the wall clock.
 BENCHMARK(mixedLines)->Arg(200000)->UseRealTime()->Iterations(1)->Unit(benchmark::kMillisecond);
+BENCHMARK(mixedLinesResized)
+    ->Arg(200000)
+    ->UseRealTime()
+    ->Iterations(1)
+    ->Unit(benchmark::kMillisecond);
 BENCHMARK(mixedLinesPlain)->Arg(20000)->UseRealTime()->Iterations(1)->Unit(benchmark::kMillisecond);
 BENCHMARK(manyWarnings)->Arg(20000)->UseRealTime()->Iterations(1)->Unit(benchmark::kMillisecond);
 BENCHMARK(fewerWarnings)->Arg(2000)->UseRealTime()->Iterations(1)->Unit(benchmark::kMillisecond);

@@ -7,6 +7,13 @@ foreach(class
     kest_test(tst_${class} LIBRARIES kest::common kest_test_support)
 endforeach()
 
+# Not exported, so compiled in.
+kest_test(tst_common_EndOfTurn
+    SOURCES ${PROJECT_SOURCE_DIR}/src/process/widgets/common_EndOfTurn.cpp
+    LIBRARIES Qt5::Core)
+target_include_directories(tst_common_EndOfTurn PRIVATE
+    ${PROJECT_SOURCE_DIR}/src/process/widgets)
+
 # As on screens with few and with many pixels.
 foreach(scale 0.5 3.0)
     foreach(class common_KestProcessDialog common_KestProcessOutputTabWidget)

@@ -1,3 +1,4 @@
+#include <BoxAnswerer.h>
 #include <BoxReader.h>
 #include <DialogStage.h>
 
@@ -139,6 +140,7 @@ class tst_common_KestProcessDialog : public QObject
 
 private Q_SLOTS:
     void hasItsWidgets();
+    void isAWindowOfItsOwn();
     void hasItsSlots();
     void hasItsLayout();
     void hasItsInfoLabel();
@@ -150,6 +152,7 @@ private Q_SLOTS:
     void needsTheArrows();
     void showsItselfWhenTheProcessStarts();
     void staysHiddenInBatchMode();
+    void movesNoBarInBatchMode();
     void namesTheProcess_data();
     void namesTheProcess();
     void keepsTheTitleOfTheCaller();
@@ -158,6 +161,7 @@ private Q_SLOTS:
     void opensTheDetailsAsTheLastTime();
     void keepsTheDetailsClosedWhereTheyCannotBeOpened();
     void storesADetailsClick();
+    void storesNothingElseWithADetailsClick();
     void storesNothingWhileTheSettingsAreLocked();
     void storesNothingWhenAnErrorOpensTheDetails();
     void togglesTheDetails();
@@ -175,6 +179,7 @@ private Q_SLOTS:
     void hidesTheProgress();
     void showsTheProgress();
     void showsTheInfoLabel();
+    void reactsToWholeClicks();
     void copiesTheCommand();
     void stopsObservingAtItsEnd();
     void holdsTheRunner();
@@ -198,6 +203,17 @@ void tst_common_KestProcessDialog::hasItsWidgets()
     QVERIFY(stage.ok()->isEnabled());
     QVERIFY(!stage.stop()->isEnabled());
     QVERIFY(!stage.ok()->property("squishValue").isValid());
+}
+
+void tst_common_KestProcessDialog::isAWindowOfItsOwn()
+{
+    QWidget window;
+    const Stage stage(&window);
+    QCOMPARE(stage.dialog->parentWidget(), &window);
+    QVERIFY(stage.dialog->isWindow());
+    const QDialog plain(&window, Qt::WindowMinimizeButtonHint);
+    QCOMPARE(stage.dialog->windowFlags(), plain.windowFlags() & ~Qt::WindowContextHelpButtonHint);
+    QVERIFY(stage.dialog->windowTitle().isEmpty());
 }
 
 void tst_common_KestProcessDialog::hasItsSlots()
@@ -305,7 +321,10 @@ void tst_common_KestProcessDialog::hasItsCountBoxes()
         QCOMPARE(picture->pixmap(Qt::ReturnByValue).size(), QSize(16, 16));
         QCOMPARE(colourOf(picture->pixmap(Qt::ReturnByValue)), colour(box.second));
         QCOMPARE(qobject_cast<QLabel*>(layout->itemAt(1)->widget())->text(), QStringLiteral("0"));
-        QCOMPARE(layout->stretch(2), 1);
+        for (int index = 0; index < 3; ++index) {
+            QCOMPARE(layout->stretch(index), index == 2 ? 1 : 0);
+        }
+        QVERIFY(box.first->title().isEmpty());
     }
 }
 
@@ -350,6 +369,7 @@ void tst_common_KestProcessDialog::has82Columns()
     QCOMPARE(stage.tabs()->font().pointSize(), 9);
     QCOMPARE(stage.tabs()->font().weight(), static_cast<int>(QFont::Normal));
     QCOMPARE(stage.tabs()->font().styleHint(), QFont::TypeWriter);
+    QCOMPARE(stage.info()->font(), QLabel().font());
 }
 
 void tst_common_KestProcessDialog::needsTheArrows_data()
@@ -395,6 +415,7 @@ void tst_common_KestProcessDialog::staysHiddenInBatchMode()
     stage.application.nonInteractive = true;
     stage.storeDetailsShown(true);
     stage.runner->start();
+    QVERIFY(!stage.details()->isChecked());
     stage.runner->output(QStringLiteral("text"));
     stage.runner->error(QStringLiteral("error"));
     QVERIFY(!stage.dialog->isVisible());
@@ -405,6 +426,17 @@ void tst_common_KestProcessDialog::staysHiddenInBatchMode()
     stage.runner->end();
     QVERIFY(!stage.dialog->isVisible());
     QVERIFY(stage.ok()->isEnabled());
+}
+
+void tst_common_KestProcessDialog::movesNoBarInBatchMode()
+{
+    Stage stage;
+    stage.application.nonInteractive = true;
+    stage.runner->start();
+    stage.runner->total(QStringLiteral("100"));
+    QVERIFY(stage.bar("totalProgressBar")->value() < 1);
+    stage.runner->end();
+    QCOMPARE(stage.outcome(), QStringLiteral("fault"));
 }
 
 void tst_common_KestProcessDialog::namesTheProcess_data()
@@ -517,6 +549,19 @@ void tst_common_KestProcessDialog::storesADetailsClick()
     QVERIFY(common_ComponentsLaunchOptions::create(ReadWriteAccess));
 }
 
+void tst_common_KestProcessDialog::storesNothingElseWithADetailsClick()
+{
+    const Stage stage;
+    SettingsFolders::write(stage.folders.userFile(), "[options]\nRunParallel=true\n"
+                                                     "[of another]\nkey=value\n");
+    stage.runner->start();
+    stage.details()->click();
+    QVERIFY(stage.storedDetailsShown());
+    const QSettings file(stage.folders.userFile(), QSettings::IniFormat);
+    QCOMPARE(file.value(QStringLiteral("options/RunParallel")).toBool(), true);
+    QCOMPARE(file.value(QStringLiteral("of another/key")).toString(), QStringLiteral("value"));
+}
+
 void tst_common_KestProcessDialog::storesNothingWhileTheSettingsAreLocked()
 {
     const Stage stage;
@@ -567,6 +612,7 @@ void tst_common_KestProcessDialog::tellsOfAFailedStart()
                             "fully installed, and that\nthe KEST_HOME environment variable is set "
                             "correctly.")
                  .arg(stage.folders.path()));
+    QVERIFY(shown[0].details.isEmpty());
     QCOMPARE(shown[0].icon, QMessageBox::Information);
     QCOMPARE(shown[0].parent, &window);
     QVERIFY(!stage.dialog->isVisible());
@@ -734,6 +780,7 @@ void tst_common_KestProcessDialog::hidesTheProgress()
     stage.runner->start();
     QVERIFY(stage.details()->isChecked());
     QCOMPARE(stage.visible(), names("info, output, ok, stop"));
+    QVERIFY(!stage.storedDetailsShown());
     stage.runner->total(QStringLiteral("10"));
     stage.runner->end();
     QCOMPARE(stage.outcome(), QStringLiteral("valid"));
@@ -757,6 +804,31 @@ void tst_common_KestProcessDialog::showsTheInfoLabel()
     QVERIFY(!stage.info()->isHidden());
     stage.dialog->setInfoLabelVisible(false);
     QVERIFY(stage.info()->isHidden());
+}
+
+// To press the mouse is not enough: a user may let go of it elsewhere.
+void tst_common_KestProcessDialog::reactsToWholeClicks()
+{
+    const Stage stage;
+    BoxAnswerer answerer(BoxAnswerer::clicking(QStringLiteral("No")));
+    stage.runner->start();
+    QTest::mousePress(stage.stop(), Qt::LeftButton);
+    QTest::mouseRelease(stage.stop(), Qt::LeftButton, Qt::NoModifier, QPoint(-50, -50));
+    QVERIFY(answerer.texts.isEmpty());
+    QTest::mouseClick(stage.stop(), Qt::LeftButton);
+    QCOMPARE(answerer.texts.size(), 1);
+
+    QTest::mousePress(stage.details(), Qt::LeftButton);
+    QVERIFY(stage.tabs()->isHidden());
+    QTest::mouseRelease(stage.details(), Qt::LeftButton);
+    QVERIFY(stage.tabs()->isVisible());
+    QVERIFY(stage.storedDetailsShown());
+
+    stage.runner->end();
+    QTest::mousePress(stage.ok(), Qt::LeftButton);
+    QVERIFY(stage.dialog->isVisible());
+    QTest::mouseRelease(stage.ok(), Qt::LeftButton);
+    QTRY_VERIFY(stage.dialog.isNull());
 }
 
 void tst_common_KestProcessDialog::copiesTheCommand()

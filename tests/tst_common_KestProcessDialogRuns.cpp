@@ -11,7 +11,8 @@
 namespace {
 
 const char* const question = "Are you sure you want to stop the process?";
-constexpr int patience = 60000;
+const char* const asleep = "sleep 600000";
+constexpr int patience = 60000; // less than the child sleeps
 
 QStringList words(const char* text)
 {
@@ -74,6 +75,8 @@ private Q_SLOTS:
     void showsARunToItsEnd();
     void showsEveryLineOfAFlood();
     void tellsACrash();
+    void caresForNoExitCode_data();
+    void caresForNoExitCode();
     void asksBeforeItStops_data();
     void asksBeforeItStops();
     void stopsWhenTheAnswerIsYes_data();
@@ -146,6 +149,26 @@ void tst_common_KestProcessDialogRuns::tellsACrash()
     QCOMPARE(stage.ok()->property("squishValue").toString(), QStringLiteral("fault"));
 }
 
+void tst_common_KestProcessDialogRuns::caresForNoExitCode_data()
+{
+    QTest::addColumn<QString>("commands");
+    QTest::addColumn<QString>("outcome");
+
+    QTest::newRow("complete, then 3")
+        << QStringLiteral("out -*-total-percentage-*-100%\\n exit 3") << QStringLiteral("valid");
+    QTest::newRow("incomplete, then 0")
+        << QStringLiteral("out -*-total-percentage-*-99%\\n exit 0") << QStringLiteral("fault");
+}
+
+void tst_common_KestProcessDialogRuns::caresForNoExitCode()
+{
+    QFETCH(QString, commands);
+    const DialogStage stage;
+    QVERIFY(stage.run(commands.split(QLatin1Char(' '))));
+    QTRY_VERIFY(stage.ok()->isEnabled());
+    QTEST(stage.ok()->property("squishValue").toString(), "outcome");
+}
+
 void tst_common_KestProcessDialogRuns::asksBeforeItStops_data()
 {
     QTest::addColumn<Way>("way");
@@ -159,7 +182,7 @@ void tst_common_KestProcessDialogRuns::asksBeforeItStops()
 {
     QFETCH(Way, way);
     const DialogStage stage;
-    QVERIFY(stage.run(words("sleep 60000")));
+    QVERIFY(stage.run(words(asleep)));
     BoxAnswerer answerer(no());
     go(way, stage);
     QCOMPARE(answerer.texts, QStringList(QLatin1String(question)));
@@ -178,7 +201,7 @@ void tst_common_KestProcessDialogRuns::stopsWhenTheAnswerIsYes()
 {
     QFETCH(Way, way);
     const DialogStage stage;
-    QVERIFY(stage.run(words("sleep 60000")));
+    QVERIFY(stage.run(words(asleep)));
     BoxAnswerer answerer(yes());
     go(way, stage);
     QCOMPARE(answerer.texts, QStringList(QLatin1String(question)));
@@ -195,8 +218,11 @@ void tst_common_KestProcessDialogRuns::stopsWhenTheAnswerIsYes()
 void tst_common_KestProcessDialogRuns::asksProperly()
 {
     const DialogStage stage;
-    QVERIFY(stage.run(words("sleep 60000")));
+    QVERIFY(stage.run(words(asleep)));
     QString defaultText;
+    QString escapeText;
+    QStringList buttons;
+    QString details;
     QString title;
     QMessageBox::Icon icon = QMessageBox::NoIcon;
     QWidget* parent = nullptr;
@@ -204,14 +230,28 @@ void tst_common_KestProcessDialogRuns::asksProperly()
         title = box.windowTitle();
         icon = box.icon();
         parent = box.parentWidget();
+        details = box.detailedText();
         defaultText = box.defaultButton() ? box.defaultButton()->text() : QString();
+        escapeText = box.escapeButton() ? box.escapeButton()->text() : QString();
+        const QList<QAbstractButton*> all = box.buttons();
+        for (QAbstractButton* const button : all) {
+            buttons.append(QStringLiteral("%1 %2 %3")
+                               .arg(button->text())
+                               .arg(box.buttonRole(button))
+                               .arg(button->toolTip()));
+        }
+        buttons.sort();
         box.close(); // as Escape does
     });
     stage.stop()->click();
     QCOMPARE(title, QStringLiteral("Warning"));
     QCOMPARE(icon, QMessageBox::Warning);
     QCOMPARE(parent, stage.dialog.data());
+    QVERIFY(details.isEmpty());
+    QCOMPARE(buttons, (QStringList{QStringLiteral("No %1 ").arg(QMessageBox::NoRole),
+                                   QStringLiteral("Yes %1 ").arg(QMessageBox::YesRole)}));
     QCOMPARE(defaultText, QStringLiteral("Yes"));
+    QCOMPARE(escapeText, QStringLiteral("No"));
     QVERIFY(stage.runner->isRunning());
 }
 
@@ -222,7 +262,9 @@ void tst_common_KestProcessDialogRuns::asksNothingWhenNothingRuns()
         QVERIFY(stage.run(words("out x\\n")));
         QTRY_VERIFY(stage.ok()->isEnabled());
         BoxAnswerer answerer(no());
+        QSignalSpy rejected(stage.dialog, &QDialog::rejected);
         go(way, stage);
+        QCOMPARE(rejected.count(), way == Way::Escape ? 1 : 0);
         QVERIFY(isGone(stage.dialog));
         QVERIFY(answerer.texts.isEmpty());
     }
@@ -248,7 +290,7 @@ void tst_common_KestProcessDialogRuns::asksNothingForOtherKeys()
 void tst_common_KestProcessDialogRuns::okStopsWithoutAsking()
 {
     const DialogStage stage;
-    QVERIFY(stage.run(words("sleep 60000")));
+    QVERIFY(stage.run(words(asleep)));
     BoxAnswerer answerer(no());
     stage.ok()->setEnabled(true);
     stage.ok()->click();
@@ -346,7 +388,7 @@ void tst_common_KestProcessDialogRuns::isDestroyedWhileTheQuestionIsOpen()
     QFETCH(Way, way);
     auto window = std::make_unique<QWidget>();
     const DialogStage stage(window.get());
-    QVERIFY(stage.run(words("sleep 60000")));
+    QVERIFY(stage.run(words(asleep)));
     BoxAnswerer answerer([&window](QMessageBox&) { window.reset(); });
     go(way, stage);
     QVERIFY(stage.dialog.isNull());
@@ -357,7 +399,7 @@ void tst_common_KestProcessDialogRuns::isDestroyedWhileTheQuestionIsOpen()
 void tst_common_KestProcessDialogRuns::isClosedWhileTheQuestionIsOpen()
 {
     const DialogStage stage;
-    QVERIFY(stage.run(words("sleep 60000")));
+    QVERIFY(stage.run(words(asleep)));
     BoxAnswerer answerer([&](QMessageBox& box) {
         if (answerer.texts.size() == 1) {
             QTimer::singleShot(0, stage.dialog, &QWidget::close);

@@ -230,9 +230,12 @@ private Q_SLOTS:
     void beginsPlainWhereverTheCursorIs();
     void endsMarkupWithItsLine_data();
     void endsMarkupWithItsLine();
+    void endsMarkupWithTheFirstLine_data();
+    void endsMarkupWithTheFirstLine();
     void readsNothingThatIsNamed_data();
     void readsNothingThatIsNamed();
     void drawsAFrameForAnImage();
+    void drawsAFrameOfItsOwnSize();
     void readsNothingForTheClipboard();
     void linksDoNothing();
     void showsErrors();
@@ -242,6 +245,7 @@ private Q_SLOTS:
     void showsNotices();
     void isCompleteBeforeTheTurnEnds();
     void laysOutWhenPaintedInTheMiddleOfATurn();
+    void scrollsNotWhilePainting();
     void followsWhileTheCursorIsAtTheEnd();
     void followsAfterTheScrollBarWasSet();
     void followsThroughPaintsInTheMiddleOfATurn();
@@ -250,12 +254,17 @@ private Q_SLOTS:
     void staysWithACursorFurtherUp();
     void staysWhileTheSliderIsHeld();
     void staysWhereTheUserScrolledTo();
+    void staysWhereTheUserScrolledToInAnotherSize();
+    void scrollsSidewaysToTheCursorToo();
+    void staysSidewaysWithACursorFurtherUp();
     void followsAgainFromTheBottom();
     void followsAgainWhenTheCursorComesToTheEnd();
     void movesTheCursorToTheEndWithTheSlider();
     void keepsTheSelection();
     void errorsStayAtTheBottom();
+    void errorsStayAtTheBottomWhenItGetsNarrower();
     void goesToTheLastErrorByKey();
+    void goesToTheFirstErrorByKey();
     void findsTheSelectedMessage_data();
     void findsTheSelectedMessage();
     void findsInTheMiddleOfATurn();
@@ -396,7 +405,7 @@ void tst_common_KestProcessOutputTabWidget::appendsParagraphs()
 {
     const DialogStage stage;
     stage.runner->output(QStringLiteral("first"));
-    stage.runner->say(common_IProcessMessage::LineFeed, QString());
+    stage.runner->say(common_IProcessMessage::LineFeed, QStringLiteral("not shown"));
     stage.runner->output(QStringLiteral("  two  blanks\tand a tab "));
     stage.runner->say(common_IProcessMessage::File, QStringLiteral("  out  of.log \t"));
     QCOMPARE(stage.text(), QStringLiteral("first\n\n  two  blanks\tand a tab \nout  of.log"));
@@ -611,6 +620,35 @@ void tst_common_KestProcessOutputTabWidget::endsMarkupWithItsLine()
     }
 }
 
+void tst_common_KestProcessOutputTabWidget::endsMarkupWithTheFirstLine_data()
+{
+    endsMarkupWithItsLine_data();
+    for (const char* const line :
+         {"<p align=right></p>", "<ul><li></ul>", "<ol><li>", "<b></b>", "<h1></h1>",
+          "<body bgcolor=red>", "<p style='margin-left:50px'></p>", "<center></center>", "<hr>",
+          "<i>"}) {
+        QTest::newRow(line) << QString::fromUtf8(line);
+    }
+}
+
+// Also where it leaves nothing that could be seen.
+void tst_common_KestProcessOutputTabWidget::endsMarkupWithTheFirstLine()
+{
+    QFETCH(QString, line);
+    const QString bold = QStringLiteral("<b>next</b>");
+    for (const QString& next : {QStringLiteral("next"), bold}) {
+        for (const auto type : {common_IProcessMessage::Output, common_IProcessMessage::Notice}) {
+            const DialogStage stage;
+            const QTextDocument* const document = stage.output()->document();
+            const QTextFrameFormat frame = document->rootFrame()->frameFormat();
+            stage.runner->say(type, line);
+            stage.runner->output(next);
+            QCOMPARE(appearance(document, document->blockCount() - 1), plainAppearance(next));
+            QVERIFY(document->rootFrame()->frameFormat() == frame);
+        }
+    }
+}
+
 void tst_common_KestProcessOutputTabWidget::readsNothingThatIsNamed_data()
 {
     QTest::addColumn<QString>("line");
@@ -664,6 +702,18 @@ void tst_common_KestProcessOutputTabWidget::drawsAFrameForAnImage()
     stage.output()->clear();
     stage.runner->output(QStringLiteral("<img src='missing.png'>"));
     QVERIFY(drawn() != empty);
+}
+
+// Or a child could make the output as high as it wants.
+void tst_common_KestProcessOutputTabWidget::drawsAFrameOfItsOwnSize()
+{
+    const TabStage stage;
+    stage.runner->output(QStringLiteral("<img src='missing.png'>"));
+    const QSizeF size = stage.output()->document()->size();
+    QVERIFY(size.height() < 60);
+    stage.output()->clear();
+    stage.runner->output(QStringLiteral("<img src='missing.png' width=5000 height=5000>"));
+    QCOMPARE(stage.output()->document()->size(), size);
 }
 
 void tst_common_KestProcessOutputTabWidget::readsNothingForTheClipboard()
@@ -724,6 +774,8 @@ void tst_common_KestProcessOutputTabWidget::showsWarnings_data()
     row("WARNING: no blank behind", 1, "Warnings(1)");
     row("WARNING without colon", 1, "Warnings(1)");
     row("WARNING : colon first", 1, "Warnings(1)");
+    row("WARNING\t12: no blank before it is simplified", 1, "Warnings(1)");
+    row("12: WARNING ", 2, "Warnings(2)");
 }
 
 void tst_common_KestProcessOutputTabWidget::showsWarnings()
@@ -773,6 +825,7 @@ void tst_common_KestProcessOutputTabWidget::showsNotices()
     QCOMPARE(stage.tabs()->tabText(1), tabText);
     QCOMPARE(stage.tabs()->tabText(2), QStringLiteral("Warnings"));
     QCOMPARE(appearance(stage.output()->document(), 1), plainAppearance(blue(text)));
+    QCOMPARE(stage.tabs()->currentIndex(), 0);
 }
 
 void tst_common_KestProcessOutputTabWidget::isCompleteBeforeTheTurnEnds()
@@ -797,6 +850,19 @@ void tst_common_KestProcessOutputTabWidget::laysOutWhenPaintedInTheMiddleOfATurn
     QVERIFY(!shows(stage.output(), Qt::red));
     stage.runner->output(QStringLiteral("<h1><font color=#ff0000>\u2588\u2588\u2588</font></h1>"));
     QVERIFY(shows(stage.output(), Qt::red));
+}
+
+void tst_common_KestProcessOutputTabWidget::scrollsNotWhilePainting()
+{
+    const TabStage stage;
+    stage.printLines(300);
+    const int value = stage.scrollBar()->value();
+    stage.runner->output(QStringLiteral("line"));
+    stage.output()->viewport()->repaint();
+    QVERIFY(stage.scrollBar()->maximum() > value);
+    QCOMPARE(stage.scrollBar()->value(), value);
+    QCoreApplication::processEvents();
+    QCOMPARE(stage.scrollBar()->value(), stage.scrollBar()->maximum());
 }
 
 void tst_common_KestProcessOutputTabWidget::followsWhileTheCursorIsAtTheEnd()
@@ -913,6 +979,72 @@ void tst_common_KestProcessOutputTabWidget::staysWhereTheUserScrolledTo()
     QCOMPARE(stage.scrollBar()->value(), paged);
 }
 
+void tst_common_KestProcessOutputTabWidget::staysWhereTheUserScrolledToInAnotherSize()
+{
+    const TabStage stage;
+    stage.printLines(300);
+    stage.wheel(900);
+    const int value = stage.scrollBar()->value();
+    QVERIFY(value > 0 && value < stage.scrollBar()->maximum());
+    for (const QSize& change : {QSize(0, 60), QSize(80, 0), QSize(0, -60)}) {
+        stage.dialog->resize(stage.dialog->size() + change);
+        QCoreApplication::processEvents();
+        stage.printLines(10);
+        QCOMPARE(stage.scrollBar()->value(), value);
+    }
+}
+
+// A word may be longer than the view is wide.
+void tst_common_KestProcessOutputTabWidget::scrollsSidewaysToTheCursorToo()
+{
+    const TabStage stage;
+    const QScrollBar* const sideways = stage.output()->horizontalScrollBar();
+    stage.printLines(50);
+    QCOMPARE(sideways->maximum(), 0);
+    stage.runner->output(QString(5000, QLatin1Char('x')));
+    QCoreApplication::processEvents();
+    QVERIFY(sideways->maximum() > 0);
+    QVERIFY(sideways->value() > sideways->maximum() / 2);
+    stage.printLines(1);
+    QCOMPARE(sideways->value(), 0);
+
+    // The user may look at the long word, as long as the cursor is in view too.
+    for (const int shown : {10, 0}) {
+        stage.output()->horizontalScrollBar()->setSliderDown(true);
+        stage.output()->horizontalScrollBar()->setSliderPosition(shown);
+        stage.output()->horizontalScrollBar()->setSliderDown(false);
+        stage.printLines(1);
+        QCOMPARE(sideways->value(), shown);
+    }
+    stage.runner->output(QString(5000, QLatin1Char('x')));
+    QCoreApplication::processEvents();
+    QVERIFY(sideways->value() > 0);
+    stage.printLines(1);
+    QCOMPARE(sideways->value(), 0);
+
+    stage.wheel(90);
+    stage.output()->horizontalScrollBar()->setValue(77);
+    const int value = stage.scrollBar()->value();
+    stage.printLines(50);
+    QCOMPARE(sideways->value(), 77);
+    QCOMPARE(stage.scrollBar()->value(), value);
+}
+
+void tst_common_KestProcessOutputTabWidget::staysSidewaysWithACursorFurtherUp()
+{
+    const TabStage stage;
+    QScrollBar* const sideways = stage.output()->horizontalScrollBar();
+    stage.runner->output(QString(5000, QLatin1Char('x')));
+    QCoreApplication::processEvents();
+    stage.moveCursorTo(2500);
+    const QPoint middle = stage.output()->viewport()->rect().center();
+    sideways->setValue(sideways->value() + stage.output()->cursorRect().x() - middle.x());
+    const int value = sideways->value();
+    QVERIFY(stage.output()->viewport()->rect().contains(stage.output()->cursorRect().center()));
+    stage.printLines(300);
+    QCOMPARE(sideways->value(), value);
+}
+
 void tst_common_KestProcessOutputTabWidget::followsAgainFromTheBottom()
 {
     const TabStage stage;
@@ -992,6 +1124,27 @@ void tst_common_KestProcessOutputTabWidget::errorsStayAtTheBottom()
     QCOMPARE(bar->value(), 5);
 }
 
+void tst_common_KestProcessOutputTabWidget::errorsStayAtTheBottomWhenItGetsNarrower()
+{
+    const TabStage stage;
+    const QScrollBar* const bar = stage.errors()->verticalScrollBar();
+    const QSize size = stage.dialog->size();
+    stage.dialog->resize(size.width() * 2, size.height());
+    const auto printErrors = [&stage] {
+        for (int number = 0; number < 100; ++number) {
+            stage.runner->error(QStringLiteral("word ").repeated(24));
+        }
+    };
+    printErrors();
+    QCoreApplication::processEvents();
+    QCOMPARE(bar->value(), bar->maximum());
+    printErrors();
+    stage.dialog->resize(size);
+    QTRY_VERIFY(stage.errors()->width() < size.width());
+    QCoreApplication::processEvents();
+    QCOMPARE(bar->value(), bar->maximum());
+}
+
 void tst_common_KestProcessOutputTabWidget::goesToTheLastErrorByKey()
 {
     const TabStage stage;
@@ -1010,6 +1163,21 @@ void tst_common_KestProcessOutputTabWidget::goesToTheLastErrorByKey()
     QCoreApplication::processEvents();
     QVERIFY(bar->maximum() > 0);
     QCOMPARE(bar->value(), bar->maximum());
+}
+
+void tst_common_KestProcessOutputTabWidget::goesToTheFirstErrorByKey()
+{
+    const TabStage stage;
+    const QScrollBar* const bar = stage.errors()->verticalScrollBar();
+    for (int number = 0; number < 200; ++number) {
+        stage.runner->error(QStringLiteral("error %1").arg(number));
+    }
+    QCoreApplication::processEvents();
+    QCOMPARE(bar->value(), bar->maximum());
+    stage.runner->error(QStringLiteral("the last one"));
+    QTest::keyClick(stage.errors(), Qt::Key_Home);
+    QCoreApplication::processEvents();
+    QCOMPARE(bar->value(), 0);
 }
 
 void tst_common_KestProcessOutputTabWidget::findsTheSelectedMessage_data()
@@ -1031,6 +1199,7 @@ void tst_common_KestProcessOutputTabWidget::findsTheSelectedMessage()
     stage.runner->notice(QStringLiteral("NOTE 1: the  searched notice"));
     stage.runner->warning(QStringLiteral("WARNING 1: the  searched warning"));
     stage.printLines(300);
+    stage.runner->output(QStringLiteral("the searched notice, the searched warning"));
     auto* const table = qobject_cast<QTableWidget*>(stage.tabs()->widget(tab));
     stage.tabs()->setCurrentIndex(tab);
     Q_EMIT table->cellDoubleClicked(0, 1);

@@ -6,6 +6,8 @@
 #include <QRandomGenerator>
 #include <QtTest>
 
+#include <ctime>
+
 namespace {
 
 using Texts = std::initializer_list<const char*>;
@@ -123,10 +125,15 @@ private Q_SLOTS:
     void tellsWhoWatchesThatCountsChanged();
     void copiesTheSelectedRows();
     void copiesByKey();
+    void copiesNothing();
     void findsTheCurrentRowInTheOutput();
+    void findsByKey_data();
+    void findsByKey();
     void findsNothingWithoutCurrentRow();
     void isFastForManyMessages_data();
     void isFastForManyMessages();
+    void fitsVeryManyRows();
+    void fitsTenTimesTheRowsInNoMuchMoreThanTenTimesTheTime();
 };
 
 void tst_common_KestProcessOutputTableWidget::hasItsColumns_data()
@@ -150,6 +157,8 @@ void tst_common_KestProcessOutputTableWidget::hasItsColumns()
     stage.runner->warning(QStringLiteral("WARNING 12: text"));
     const auto* const table = qobject_cast<QTableWidget*>(stage.tabs()->widget(tab));
 
+    QCOMPARE(QLatin1String(table->metaObject()->className()),
+             QLatin1String("common_KestProcessOutputTableWidget"));
     QCOMPARE(table->columnCount(), 3);
     QCOMPARE(table->horizontalHeaderItem(0)->text(), header);
     QCOMPARE(table->horizontalHeaderItem(1)->text(), QStringLiteral("Count"));
@@ -478,6 +487,15 @@ void tst_common_KestProcessOutputTableWidget::copiesByKey()
              QStringLiteral("WARNING 9: by key\r\nWARNING 10: by key\r\n"));
 }
 
+void tst_common_KestProcessOutputTableWidget::copiesNothing()
+{
+    const DialogStage stage;
+    stage.runner->notice(QStringLiteral("NOTE 1: text"));
+    QApplication::clipboard()->setText(QStringLiteral("before"));
+    action(stage.notices(), "Copy")->trigger();
+    QVERIFY(QApplication::clipboard()->text().isEmpty());
+}
+
 void tst_common_KestProcessOutputTableWidget::findsTheCurrentRowInTheOutput()
 {
     const DialogStage stage;
@@ -493,6 +511,35 @@ void tst_common_KestProcessOutputTableWidget::findsTheCurrentRowInTheOutput()
     QCOMPARE(doubleClicked.at(0), (QVariantList{1, 2}));
     QCOMPARE(stage.tabs()->currentIndex(), 0);
     QCOMPARE(stage.output()->textCursor().selectedText(), QStringLiteral("second text"));
+}
+
+void tst_common_KestProcessOutputTableWidget::findsByKey_data()
+{
+    QTest::addColumn<int>("tab");
+    QTest::addColumn<QString>("text");
+
+    QTest::newRow("notice") << 1 << QStringLiteral("a notice");
+    QTest::newRow("warning") << 2 << QStringLiteral("a warning");
+}
+
+// Both tables have the key; it is that of the one in front.
+void tst_common_KestProcessOutputTableWidget::findsByKey()
+{
+    QFETCH(int, tab);
+    const DialogStage stage;
+    stage.runner->start();
+    stage.openDetails();
+    stage.runner->notice(QStringLiteral("NOTE 1: a notice"));
+    stage.runner->warning(QStringLiteral("WARNING 1: a warning"));
+    stage.tabs()->setCurrentIndex(tab);
+    stage.dialog->activateWindow();
+    QVERIFY(QTest::qWaitForWindowActive(stage.dialog));
+    auto* const table = qobject_cast<QTableWidget*>(stage.tabs()->widget(tab));
+    table->setFocus();
+    table->setCurrentCell(0, 0);
+    QTest::keyClick(table, Qt::Key_F, Qt::ControlModifier);
+    QCOMPARE(stage.tabs()->currentIndex(), 0);
+    QTEST(stage.output()->textCursor().selectedText(), "text");
 }
 
 void tst_common_KestProcessOutputTableWidget::findsNothingWithoutCurrentRow()
@@ -547,6 +594,92 @@ void tst_common_KestProcessOutputTableWidget::isFastForManyMessages()
         QCOMPARE(stage.warnings()->item(0, 1)->text(), firstCount);
     }
     QCOMPARE(stage.warnings()->rowCount(), pattern.endsWith(QStringLiteral(":::")) ? 0 : 20000);
+}
+
+namespace {
+
+constexpr int manyRows = 20000;
+
+// The last row is higher than a row that was not fitted.
+QString manyLinedMessage(int row, int rows)
+{
+    const int words = row == rows - 1 ? 200 : row * 7 % 40;
+    return QStringLiteral("%1: text %1").arg(row) + QStringLiteral(" another").repeated(words);
+}
+
+/// Has the warnings in front, and very many of them.
+class FullStage : public DialogStage
+{
+public:
+    explicit FullStage(int rows)
+    {
+        runner->start();
+        openDetails();
+        tabs()->setCurrentIndex(2);
+        for (int row = 0; row < rows; ++row) {
+            runner->warning(QStringLiteral("WARNING ") + manyLinedMessage(row, rows));
+            if (row % 100 == 0) {
+                QCoreApplication::processEvents();
+            }
+        }
+    }
+
+    // The rows are fitted from the first to the last.
+    bool waitForHeights() const
+    {
+        const int last = warnings()->rowCount() - 1;
+        const int line = QFontMetrics(warnings()->font()).height();
+        return QTest::qWaitFor([=] { return warnings()->rowHeight(last) > 5 * line; }, 60000);
+    }
+};
+
+// Of the processor, which no other process can make longer.
+double secondsToFit(int rows)
+{
+    const std::clock_t begin = std::clock();
+    const FullStage stage(rows);
+    const bool fitted = stage.waitForHeights();
+    return fitted ? static_cast<double>(std::clock() - begin) / CLOCKS_PER_SEC : -1;
+}
+
+} // namespace
+
+void tst_common_KestProcessOutputTableWidget::fitsVeryManyRows()
+{
+    const FullStage stage(manyRows);
+    const QTableWidget* const table = stage.warnings();
+    QCOMPARE(table->rowCount(), manyRows);
+    for (int row = 0; row < manyRows; ++row) {
+        const QString message = manyLinedMessage(row, manyRows);
+        QCOMPARE(table->item(row, 0)->text(), QString::number(row));
+        QCOMPARE(table->item(row, 1)->text(), QStringLiteral("1"));
+        QCOMPARE(table->item(row, 2)->text(), message.section(QStringLiteral(": "), 1));
+    }
+
+    QVERIFY(stage.waitForHeights());
+    QCOMPARE(table->columnWidth(0), 80);
+    QCOMPARE(table->columnWidth(1), 45);
+    QCOMPARE(table->columnWidth(2), table->viewport()->width() - 80 - 45);
+    SlowTable slow;
+    slow.setRowCount(manyRows);
+    for (int column = 0; column < 3; ++column) {
+        slow.setColumnWidth(column, table->columnWidth(column));
+        for (int row = 0; row < manyRows; ++row) {
+            slow.setItem(row, column, new QTableWidgetItem(table->item(row, column)->text()));
+        }
+    }
+    slow.resizeRowsToContents();
+    QTRY_COMPARE_WITH_TIMEOUT(heights(table), heights(&slow), 60000);
+    QCOMPARE(table->verticalHeader()->length(), slow.verticalHeader()->length());
+}
+
+// Each row once would be ten times as long, each row for every new one a hundred times.
+void tst_common_KestProcessOutputTableWidget::fitsTenTimesTheRowsInNoMuchMoreThanTenTimesTheTime()
+{
+    const double few = secondsToFit(manyRows / 10);
+    const double many = secondsToFit(manyRows);
+    QVERIFY(few > 0 && many > 0);
+    QVERIFY2(many < 40 * few, qPrintable(QStringLiteral("%1 s and %2 s").arg(few).arg(many)));
 }
 
 QTEST_MAIN(tst_common_KestProcessOutputTableWidget)

@@ -2,7 +2,7 @@
 
 #include "common_KestProcessOutputDocument.h"
 
-#include <QEvent>
+#include <QInputEvent>
 #include <QMimeData>
 #include <QPalette>
 #include <QScrollBar>
@@ -101,7 +101,7 @@ bool isAtBottom(const QScrollBar* bar)
 
 common_KestProcessOutputTextEdit::common_KestProcessOutputTextEdit(Following following,
                                                                    QWidget* parent)
-    : QTextEdit(parent), m_following(following), m_endOfTurn([this] { onTurnEnded(); })
+    : QTextEdit(parent), m_following(following), m_endOfTurn([this] { follow(); })
 {
     setDocument(new common_KestProcessOutputDocument(this));
     setReadOnly(true);
@@ -109,6 +109,8 @@ common_KestProcessOutputTextEdit::common_KestProcessOutputTextEdit(Following fol
     m_writer = QTextCursor(document());
     connect(verticalScrollBar(), &QScrollBar::actionTriggered, this,
             &common_KestProcessOutputTextEdit::onUserScrolled);
+    connect(horizontalScrollBar(), &QScrollBar::actionTriggered, this,
+            &common_KestProcessOutputTextEdit::onUserScrolledSideways);
     connect(this, &QTextEdit::cursorPositionChanged, this,
             &common_KestProcessOutputTextEdit::onCursorMoved);
 }
@@ -131,16 +133,19 @@ void common_KestProcessOutputTextEdit::appendLine(const QString& line)
 
 void common_KestProcessOutputTextEdit::finishLayout()
 {
-    if (m_isEditing) {
-        m_isEditing = false;
-        m_writer.endEditBlock();
+    if (m_isInTurn) {
+        follow();
     }
 }
 
-// Before the user's input is looked at, and before painting, the layout must be that of the text.
+// Before painting the layout must be that of the text; before the user's input is looked at, the
+// place in the text must be right too.
 bool common_KestProcessOutputTextEdit::viewportEvent(QEvent* event)
 {
-    finishLayout();
+    endEditing();
+    if (dynamic_cast<const QInputEvent*>(event)) {
+        finishLayout();
+    }
     return QTextEdit::viewportEvent(event);
 }
 
@@ -150,13 +155,11 @@ void common_KestProcessOutputTextEdit::keyPressEvent(QKeyEvent* event)
     QTextEdit::keyPressEvent(event);
 }
 
-// The text cursor, where that is followed, shall still be in view.
+// What is followed shall still be in view.
 void common_KestProcessOutputTextEdit::resizeEvent(QResizeEvent* event)
 {
+    beginTurn();
     QTextEdit::resizeEvent(event);
-    if (m_following == Following::TextCursor) {
-        m_endOfTurn.ask();
-    }
 }
 
 void common_KestProcessOutputTextEdit::changeEvent(QEvent* event)
@@ -182,6 +185,11 @@ void common_KestProcessOutputTextEdit::onUserScrolled()
     m_isScrolledAway = !isFollowedAt(verticalScrollBar()->sliderPosition());
 }
 
+void common_KestProcessOutputTextEdit::onUserScrolledSideways()
+{
+    m_isScrolledSideways = horizontalScrollBar()->sliderPosition() > 0;
+}
+
 void common_KestProcessOutputTextEdit::onCursorMoved()
 {
     if (isFollowedAt(verticalScrollBar()->value())) {
@@ -198,20 +206,44 @@ void common_KestProcessOutputTextEdit::beginTurn()
     }
 }
 
-void common_KestProcessOutputTextEdit::onTurnEnded()
+void common_KestProcessOutputTextEdit::endEditing()
 {
-    const bool wasAtBottom = m_isInTurn && m_wasAtBottom;
+    if (m_isEditing) {
+        m_isEditing = false;
+        m_writer.endEditBlock();
+    }
+}
+
+// The layout may show or hide a scroll bar, and so resize the view: that is part of the turn.
+void common_KestProcessOutputTextEdit::follow()
+{
+    endEditing();
+    if (!m_isScrolledAway && !verticalScrollBar()->isSliderDown()) {
+        if (m_isInTurn && m_wasAtBottom) {
+            scrollToBottom();
+        }
+        if (m_following == Following::TextCursor) {
+            scrollToTextCursor();
+        }
+    }
     m_isInTurn = false;
-    finishLayout();
-    if (m_isScrolledAway || verticalScrollBar()->isSliderDown()) {
-        return;
+}
+
+// A long text in a new width is laid out little by little, unless somebody asks for its size.
+void common_KestProcessOutputTextEdit::scrollToBottom()
+{
+    document()->size();
+    verticalScrollBar()->setValue(verticalScrollBar()->maximum());
+}
+
+// After a line that is too wide for the view the next ones shall be seen from their beginning
+// again.
+void common_KestProcessOutputTextEdit::scrollToTextCursor()
+{
+    if (textCursor().atEnd() && !m_isScrolledSideways) {
+        horizontalScrollBar()->setValue(0);
     }
-    if (wasAtBottom) {
-        verticalScrollBar()->setValue(verticalScrollBar()->maximum());
-    }
-    if (m_following == Following::TextCursor) {
-        ensureCursorVisible();
-    }
+    ensureCursorVisible();
 }
 
 bool common_KestProcessOutputTextEdit::isFollowedAt(int scrollPosition) const

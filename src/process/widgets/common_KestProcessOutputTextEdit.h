@@ -32,8 +32,8 @@ public:
     /// markup the line leaves open ends with it, and it begins plain, wherever the text cursor is.
     void appendLine(const QString& line);
 
-    /// Lays out what was appended in this turn now: to be called before anything that asks where
-    /// something stands in the view.
+    /// Lays out what was appended in this turn now, and scrolls: to be called before anything that
+    /// asks where something stands in the view, or goes there.
     void finishLayout();
 
 protected:
@@ -45,9 +45,13 @@ protected:
 
 private:
     void onUserScrolled();
+    void onUserScrolledSideways();
     void onCursorMoved();
     void beginTurn();
-    void onTurnEnded();
+    void endEditing();
+    void follow();
+    void scrollToBottom();
+    void scrollToTextCursor();
     bool isFollowedAt(int scrollPosition) const;
     void insertLine(const QString& line);
 
@@ -57,7 +61,8 @@ private:
     bool m_isInTurn = false;
     bool m_isEditing = false; // an edit block is open
     bool m_wasAtBottom = false;
-    bool m_isScrolledAway = false; // by the user, from what would be followed
+    bool m_isScrolledAway = false;     // by the user, from what would be followed
+    bool m_isScrolledSideways = false; // by the user
 };
 
 #endif
