@@ -5,8 +5,12 @@
 //   valid      reports that all is done and ends
 //   fault      ends with exit code 3
 //   crash      dies by a signal
+//   broken     reports that all is done and dies by a signal
+//   silent     ends well and reports nothing
 //   wait       waits to be terminated
 //   halfway    reports that half is done, and waits to be terminated
+//   beyond     reports more than all, and waits to be terminated
+//   tidy       waits to be terminated, and then ends with the exit code that shells give
 //   stubborn   waits with a child of its own, which both ignore the terminate request
 //   forgetful  waits to be terminated, and leaves a child of its own that ignores the request
 #include <csignal>
@@ -68,6 +72,12 @@ void wait(bool withChild, bool ignoring)
     waitForEver();
 }
 
+void beTidy()
+{
+    std::signal(SIGTERM, [](int signalNumber) { std::_Exit(128 + signalNumber); });
+    wait(false, false);
+}
+
 void beValid()
 {
     say("up");
@@ -82,8 +92,12 @@ int main(int argc, char* argv[])
         {"valid", beValid},
         {"fault", [] { say("up"), std::exit(3); }},
         {"crash", [] { say("up"), std::raise(SIGKILL); }},
+        {"broken", [] { beValid(), std::raise(SIGKILL); }},
+        {"silent", [] { say("up"); }},
         {"wait", [] { wait(false, false); }},
         {"halfway", [] { say("-*-total-percentage-*-50%"), wait(false, false); }},
+        {"beyond", [] { say("-*-total-percentage-*-250%"), wait(false, false); }},
+        {"tidy", beTidy},
         {"stubborn", [] { wait(true, true); }},
         {"forgetful", [] { wait(true, false); }},
     };
