@@ -15,6 +15,7 @@
 #include <QApplication>
 #include <QCheckBox>
 #include <QComboBox>
+#include <QDialog>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMenu>
@@ -23,7 +24,34 @@
 #include <QTableView>
 
 #include <csignal>
+#include <functional>
 #include <memory>
+
+/// Does something with every modal dialog that comes up while it lives, once for each.
+class ModalVisitor
+{
+public:
+    using Visit = std::function<void(QDialog& dialog)>;
+
+    explicit ModalVisitor(Visit visit) : m_visit(std::move(visit))
+    {
+        QObject::connect(&m_timer, &QTimer::timeout, &m_timer, [this] { look(); });
+        m_timer.start(2);
+    }
+
+private:
+    void look()
+    {
+        auto* const dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget());
+        if (dialog != nullptr && !dialog->property("visited").toBool()) {
+            dialog->setProperty("visited", true);
+            m_visit(*dialog);
+        }
+    }
+
+    Visit m_visit;
+    QTimer m_timer;
+};
 
 /// kestdesk's window as a person has it before them, with an installation whose components are fake
 /// ones and with a user's folder of its own.
@@ -109,6 +137,13 @@ public:
     {
         QApplication::setActiveWindow(m_window.get());
         QTest::keyClick(m_window.get(), key, modifiers);
+    }
+
+    /// A key where the focus of the window is.
+    void pressFocused(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier) const
+    {
+        QApplication::setActiveWindow(m_window.get());
+        QTest::keyClick(m_window->focusWidget(), key, modifiers);
     }
 
     void pressRun() const { press(Qt::Key_F5); }

@@ -5,8 +5,12 @@
 //   valid      reports that all is done and ends
 //   fault      ends with exit code 3
 //   crash      dies by a signal
+//   broken     reports that all is done and dies by a signal
+//   silent     ends well and reports nothing
 //   wait       waits to be terminated
 //   halfway    reports that half is done, and waits to be terminated
+//   beyond     reports more than all, and waits to be terminated
+//   tidy       waits to be terminated, and then ends with the exit code that shells give
 //   stubborn   waits with a child of its own, which both ignore the terminate request
 //   forgetful  waits to be terminated, and leaves a child of its own that ignores the request
 //   orphaning  when it is terminated, starts a child in a session of its own that stays, and ends
@@ -94,6 +98,9 @@ void waitToLeaveAChild(const char* file)
 {
     tidiedFile = file;
     std::signal(SIGTERM, leaveAChild);
+void beTidy()
+{
+    std::signal(SIGTERM, [](int signalNumber) { std::_Exit(128 + signalNumber); });
     wait(false, false);
 }
 
@@ -111,8 +118,12 @@ int main(int argc, char* argv[])
         {"valid", beValid},
         {"fault", [] { say("up"), std::exit(3); }},
         {"crash", [] { say("up"), std::raise(SIGKILL); }},
+        {"broken", [] { beValid(), std::raise(SIGKILL); }},
+        {"silent", [] { say("up"); }},
         {"wait", [] { wait(false, false); }},
         {"halfway", [] { say("-*-total-percentage-*-50%"), wait(false, false); }},
+        {"beyond", [] { say("-*-total-percentage-*-250%"), wait(false, false); }},
+        {"tidy", beTidy},
         {"stubborn", [] { wait(true, true); }},
         {"forgetful", [] { wait(true, false); }},
         {"orphaning", [] { waitToLeaveAChild(nullptr); }},

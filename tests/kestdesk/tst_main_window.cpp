@@ -1,8 +1,14 @@
 #include "WindowStage.h"
 
+#include <HelpClient.h>
+#include <WindowRun.h>
+
 #include <common_ComponentsLaunchOptions.h>
+#include <common_IIconUtility.h>
+#include <common_ServiceOf.h>
 
 #include <QDropEvent>
+#include <QFileDialog>
 #include <QMenuBar>
 #include <QMimeData>
 #include <QScreen>
@@ -10,6 +16,8 @@
 #include <QTextEdit>
 
 #include <csignal>
+
+#include <unistd.h>
 
 namespace {
 
@@ -37,6 +45,33 @@ QStringList textsOfActions(const QList<QAction*>& actions)
     return result;
 }
 
+// While it lives, what the program may read is what somebody without rights may.
+class Unprivileged
+{
+public:
+    Unprivileged()
+    {
+        constexpr uid_t nobody = 65534;
+        if (m_effective == 0 && ::setreuid(nobody, m_effective) != 0) {
+            qFatal("cannot become nobody");
+        }
+    }
+
+    ~Unprivileged()
+    {
+        if (m_effective == 0 && ::setreuid(m_real, m_effective) != 0) {
+            qFatal("cannot become the administrator again");
+        }
+    }
+
+    Unprivileged(const Unprivileged&) = delete;
+    Unprivileged& operator=(const Unprivileged&) = delete;
+
+private:
+    uid_t m_real = ::getuid();
+    uid_t m_effective = ::geteuid();
+};
+
 } // namespace
 
 class tst_main_window : public QObject
@@ -46,7 +81,7 @@ class tst_main_window : public QObject
 private:
     std::unique_ptr<WindowStage> m_stage;
 
-    void startWaitingRun(const char* word = "wait", const char* name = "m.nec") const
+    void startWaitingRun(const QByteArray& word = "wait", const char* name = "m.nec") const
     {
         const int row = m_stage->runCount();
         m_stage->run(m_stage->model(name, word));
@@ -185,6 +220,8 @@ private Q_SLOTS:
         QTest::newRow("valid") << QByteArray("valid") << text("valid");
         QTest::newRow("exit code") << QByteArray("fault") << text("fault");
         QTest::newRow("crash") << QByteArray("crash") << text("fault");
+        QTest::newRow("crash when all is done") << QByteArray("broken") << text("fault");
+        QTest::newRow("not all is done") << QByteArray("silent") << text("fault");
     }
 
     void outcomesAreInWords()
@@ -194,6 +231,30 @@ private Q_SLOTS:
         m_stage->run(m_stage->model("m.nec", word));
         QTRY_COMPARE_WITH_TIMEOUT(m_stage->state(), state, longTime);
         QCOMPARE(m_stage->outcomeText(), text("runkest of m.nec: ") + state);
+    }
+
+    void runThatSomebodyElseTerminatesIsStopped_data()
+    {
+        QTest::addColumn<QByteArray>("word");
+        QTest::newRow("dies of the signal") << QByteArray("wait");
+        QTest::newRow("exit code of shells") << QByteArray("tidy");
+    }
+
+    void runThatSomebodyElseTerminatesIsStopped()
+    {
+        QFETCH(QByteArray, word);
+        startWaitingRun(word);
+        m_stage->endRuns(SIGTERM);
+        QTRY_COMPARE_WITH_TIMEOUT(m_stage->state(), text("stopped"), longTime);
+    }
+
+    void runThatIsAskedToStopIsStoppedHoweverItEnds()
+    {
+        startWaitingRun("stubborn");
+        const BoxAnswerer willing(WindowStage::pressing(Qt::Key_Return));
+        m_stage->pressStop();
+        m_stage->endRuns(SIGKILL);
+        QTRY_COMPARE_WITH_TIMEOUT(m_stage->state(), text("stopped"), longTime);
     }
 
     void runThatDoesNotStopIsShownSo()
@@ -234,22 +295,123 @@ private Q_SLOTS:
         QTRY_COMPARE_WITH_TIMEOUT(m_stage->state(0), text("stopped"), longTime);
     }
 
+    void newestRunIsStoppedUnlessAnotherOneThatIsGoingIsSelected()
+    {
+        startWaitingRun("wait", "a.nec");
+        startWaitingRun("wait", "b.nec");
+        startWaitingRun("wait", "c.nec");
+        BoxAnswerer willing(WindowStage::pressing(Qt::Key_Return));
+        m_stage->pressStop(); // a new run is the selected one
+        QTRY_COMPARE_WITH_TIMEOUT(m_stage->state(2), text("stopped"), longTime);
+        m_stage->pressStop(); // the selected one has ended
+        QTRY_COMPARE_WITH_TIMEOUT(m_stage->state(1), text("stopped"), longTime);
+        QCOMPARE(m_stage->state(0), text("running"));
+        startWaitingRun("wait", "d.nec");
+        m_stage->find<QTableView>("runList")->selectionModel()->clear();
+        m_stage->pressStop();
+        QTRY_COMPARE_WITH_TIMEOUT(m_stage->state(3), text("stopped"), longTime);
+        QCOMPARE(m_stage->state(0), text("running"));
+        QCOMPARE(willing.texts.size(), 3);
+    }
+
+    void whatARunThatWasStoppedLeftBehindIsEndedAtTheClose()
+    {
+        startWaitingRun("forgetful");
+        const BoxAnswerer willing(WindowStage::pressing(Qt::Key_Return));
+        m_stage->pressStop();
+        QTRY_COMPARE_WITH_TIMEOUT(m_stage->state(), text("stopped"), longTime);
+        QCOMPARE(m_stage->desk().processes().size(), 1);
+        QVERIFY(WindowStage::quits([this] { m_stage->window().close(); }));
+        QCOMPARE(m_stage->desk().processes(), QStringList());
+    }
+
+    void newRunIsSelectedAndTheLastOutcomeGoes()
+    {
+        m_stage->run(m_stage->model("a.nec", "valid"));
+        QTRY_COMPARE_WITH_TIMEOUT(m_stage->state(), text("valid"), longTime);
+        QVERIFY(m_stage->window().isVisible()); // the end of a run closes nothing
+        QVERIFY(!m_stage->outcomeText().isEmpty());
+        startWaitingRun("wait", "b.nec");
+        QCOMPARE(m_stage->outcomeText(), QString());
+        const QModelIndexList rows =
+            m_stage->find<QTableView>("runList")->selectionModel()->selectedRows();
+        QCOMPARE(rows.size(), 1);
+        QCOMPARE(rows.constFirst().row(), 1);
+    }
+
+    void pathMayBeRelativeAndHaveBlanksAround()
+    {
+        const QString model = m_stage->model("m.nec", "valid");
+        const QString relative = QDir::current().relativeFilePath(model);
+        QVERIFY(QFileInfo(relative).isRelative());
+        m_stage->window().openModel(relative);
+        QCOMPARE(m_stage->find<QLineEdit>("modelEdit")->text(), model);
+        m_stage->run(text("  ") + relative + text(" "));
+        QTRY_COMPARE_WITH_TIMEOUT(m_stage->state(), text("valid"), longTime);
+        QCOMPARE(m_stage->find<QLineEdit>("modelEdit")->text(), model);
+        QCOMPARE(recentTexts(), QStringList(text("&1 ") + model));
+        const QAbstractItemModel* const runs = m_stage->find<QTableView>("runList")->model();
+        QCOMPARE(runs->index(0, 0).data(Qt::ToolTipRole).toString(), model);
+    }
+
+    void boxesThatMeanNothingToTheComponentDoNotCount()
+    {
+        writeFile(m_stage->desk().path("user/machines.kest"), "localhost:2\n");
+        m_stage->find<QCheckBox>("parallelBox")->click();
+        m_stage->find<QComboBox>("componentBox")->setCurrentText(text("prekest"));
+        QVERIFY(m_stage->find<QCheckBox>("parallelBox")->isChecked());
+        m_stage->run(m_stage->model("m.nec", "valid"));
+        QTRY_COMPARE_WITH_TIMEOUT(m_stage->state(), text("valid"), longTime);
+        const QByteArray seen = contentOf(m_stage->desk().path("models/m.nec.seen"));
+        QVERIFY(!seen.isEmpty());
+        QVERIFY(!seen.contains("--machines-file"));
+    }
+
+    void optimisationIsFarmedOutWhereThatIsTicked()
+    {
+        writeFile(m_stage->desk().path("user/machines.kest"), "localhost:2\n");
+        m_stage->find<QComboBox>("componentBox")->setCurrentText(text("optkest"));
+        const QString model = m_stage->model("m.nec", "valid");
+        const QString seen = m_stage->desk().path("models/m.nec.seen");
+        m_stage->run(model);
+        QTRY_COMPARE_WITH_TIMEOUT(m_stage->state(0), text("valid"), longTime);
+        QVERIFY(!contentOf(seen).contains("--machines-file"));
+        m_stage->find<QAction>("farmOutAction")->trigger();
+        m_stage->run(model);
+        QTRY_COMPARE_WITH_TIMEOUT(m_stage->state(1), text("valid"), longTime);
+        QVERIFY(contentOf(seen).contains("--machines-file"));
+    }
+
+    void dialogOfARunIsBroughtBackByTheKeyboard_data()
+    {
+        QTest::addColumn<int>("modifiers");
+        QTest::newRow("Enter in the list") << static_cast<int>(Qt::NoModifier);
+        QTest::newRow("Ctrl and Enter") << static_cast<int>(Qt::ControlModifier);
+    }
+
     void dialogOfARunIsBroughtBackByTheKeyboard()
     {
+        QFETCH(int, modifiers);
         startWaitingRun();
         common_KestProcessDialog* const dialog = m_stage->dialogs().constFirst();
         dialog->showMinimized();
         auto* const list = m_stage->find<QTableView>("runList");
         QApplication::setActiveWindow(&m_stage->window());
         list->setFocus();
-        QTest::keyClick(list, Qt::Key_Return);
+        if (modifiers != Qt::NoModifier) {
+            m_stage->find<QLineEdit>("modelEdit")->setFocus();
+        }
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return,
+                        Qt::KeyboardModifiers(modifiers));
         QVERIFY(!dialog->isMinimized());
 
         const BoxAnswerer willing(WindowStage::pressing(Qt::Key_Return));
         dialog->close();
         QTRY_COMPARE_WITH_TIMEOUT(m_stage->state(), text("stopped"), longTime);
         QTRY_VERIFY(m_stage->dialogs().isEmpty());
-        QTest::keyClick(list, Qt::Key_Return);
+        QApplication::setActiveWindow(&m_stage->window());
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return,
+                        Qt::KeyboardModifiers(modifiers));
         QCOMPARE(m_stage->outcomeText(), text("The window of this run has been closed."));
     }
 
@@ -261,6 +423,8 @@ private Q_SLOTS:
         QTest::newRow("folder") << text("folder") << text("is a folder and not a model.");
         QTest::newRow("no program") << text("no program") << text("There is no component runkest");
         QTest::newRow("no format") << text("no format") << text("could not be started");
+        QTest::newRow("no format, with a machines file")
+            << text("no format, parallel") << text("could not be started");
         QTest::newRow("no host") << text("no host") << text("remote host");
         QTest::newRow("no machines")
             << text("no machines") << text("No machines file could be found.");
@@ -283,7 +447,11 @@ private Q_SLOTS:
         } else {
             QFile::remove(m_stage->program("runkest"));
         }
-        if (way == text("no format")) {
+        if (way == text("no format, parallel")) {
+            writeFile(m_stage->desk().path("user/machines.kest"), "localhost:2\n");
+            m_stage->find<QCheckBox>("parallelBox")->click();
+        }
+        if (way.startsWith(text("no format"))) {
             writeFile(m_stage->program("runkest"), "\x7f"
                                                    "ELF no program");
             QFile::setPermissions(m_stage->program("runkest"), QFile::ReadOwner | QFile::ExeOwner);
@@ -292,9 +460,13 @@ private Q_SLOTS:
         const BoxAnswerer reader(WindowStage::pressing(Qt::Key_Escape));
         m_stage->run(model);
         QCOMPARE(reader.texts.size(), 1);
-        QVERIFY2(reader.texts.constFirst().contains(told), qPrintable(reader.texts.constFirst()));
+        const QString complaint = reader.texts.constFirst();
+        QVERIFY2(complaint.contains(told), qPrintable(complaint));
+        QVERIFY2(!complaint.at(0).isLower() && complaint.trimmed().endsWith(QLatin1Char('.')),
+                 qPrintable(complaint));
         QCOMPARE(m_stage->state(), text("not started"));
         QTRY_VERIFY(m_stage->dialogs().isEmpty());
+        QCOMPARE(temporaryFiles(), QStringList());
         QCOMPARE(recentTexts(), recentBefore);
         QVERIFY(m_stage->find<QPushButton>("runButton")->isEnabled());
         QVERIFY(!m_stage->find<QPushButton>("stopButton")->isEnabled());
@@ -331,6 +503,40 @@ private Q_SLOTS:
         QVERIFY(!m_stage->window().isVisible());
         QCOMPARE(m_stage->state(), text("stopped"));
         QCOMPARE(m_stage->desk().processes(), QStringList());
+    }
+
+    void windowClosesWhenTheLastOfSeveralRunsHasStopped()
+    {
+        startWaitingRun("wait", "a.nec");
+        startWaitingRun("stubborn", "b.nec");
+        BoxAnswerer willing(WindowStage::pressing(Qt::Key_Return));
+        QVERIFY(!WindowStage::quits([this] { m_stage->window().close(); }, 500));
+        QCOMPARE(willing.texts,
+                 QStringList(text("Runs that are still going: 2. Stop them and quit?")));
+        QTRY_COMPARE_WITH_TIMEOUT(m_stage->state(0), text("stopped"), longTime);
+        QCOMPARE(m_stage->state(1), text("stopping, still running"));
+        QVERIFY(m_stage->window().isVisible());
+        QVERIFY(WindowStage::quits([this] { m_stage->endRuns(SIGKILL); }));
+        QVERIFY(!m_stage->window().isVisible());
+        QCOMPARE(willing.texts.size(), 1);
+    }
+
+    void windowStaysWhenTheUserThinksBetterOfClosing()
+    {
+        startWaitingRun("stubborn");
+        {
+            const BoxAnswerer willing(WindowStage::pressing(Qt::Key_Return));
+            m_stage->window().close();
+        }
+        QCOMPARE(m_stage->outcomeText(), text("Stopping the runs..."));
+        {
+            const BoxAnswerer unwilling(WindowStage::pressing(Qt::Key_Escape));
+            m_stage->window().close();
+        }
+        m_stage->endRuns(SIGKILL);
+        QTRY_COMPARE_WITH_TIMEOUT(m_stage->state(), text("stopped"), longTime);
+        QVERIFY(!WindowStage::quits([] {}, 300));
+        QVERIFY(m_stage->window().isVisible());
     }
 
     void closingWithoutRunsDoesNotAsk()
@@ -395,6 +601,34 @@ private Q_SLOTS:
         QVERIFY(m_stage->window().isMaximized());
     }
 
+    void lastModelIsLeftOutWhereTheSettingsSaySo()
+    {
+        QCOMPARE(m_stage->window().windowTitle(), text("kestdesk"));
+        m_stage->window().openModel(m_stage->model("m.nec", "valid"));
+        QVERIFY(WindowStage::quits([this] { m_stage->window().close(); }));
+        m_stage->close();
+        const QString file = m_stage->desk().path("user/kestdesk.ini");
+        QByteArray settings = contentOf(file);
+        QVERIFY(settings.contains("recentSession=true"));
+        writeFile(file, settings.replace("recentSession=true", "recentSession=false"));
+        m_stage->open();
+        QCOMPARE(m_stage->find<QLineEdit>("modelEdit")->text(), QString());
+        QCOMPARE(m_stage->window().windowTitle(), text("kestdesk"));
+        QCOMPARE(recentTexts().size(), 1);
+        QVERIFY(WindowStage::quits([this] { m_stage->window().close(); }));
+        QVERIFY(contentOf(file).contains("recentSession=true"));
+    }
+
+    void componentOfTheLastSessionThatIsNotKnownChangesNothing()
+    {
+        m_stage->close();
+        QSettings settings(m_stage->desk().path("user/kestdesk.ini"), QSettings::IniFormat);
+        settings.setValue(text("session/component"), text("gonekest"));
+        settings.sync();
+        m_stage->open();
+        QCOMPARE(m_stage->find<QComboBox>("componentBox")->currentText(), text("runkest"));
+    }
+
     void modelOfTheLastSessionThatIsGoneIsTold()
     {
         const QString model = m_stage->model("m.nec", "valid");
@@ -441,6 +675,88 @@ private Q_SLOTS:
         QVERIFY(m_stage->window().width() >= 200);
     }
 
+    void recentFileIsOpenedFromTheMenu()
+    {
+        QCOMPARE(recentTexts(), QStringList(text("No recent files")));
+        QVERIFY(!m_stage->find<QMenu>("recentMenu")->actions().constFirst()->isEnabled());
+        const QString first = m_stage->model("first.nec", "valid");
+        m_stage->window().openModel(first);
+        m_stage->window().openModel(m_stage->model("second.nec", "valid"));
+        QCOMPARE(recentTexts().size(), 2);
+        m_stage->find<QMenu>("recentMenu")->actions().value(1)->trigger();
+        QCOMPARE(m_stage->find<QLineEdit>("modelEdit")->text(), first);
+        QCOMPARE(m_stage->window().windowTitle(), text("first.nec - kestdesk"));
+        QCOMPARE(recentTexts().constFirst(), text("&1 ") + first);
+    }
+
+    void modelThatMayNotBeReadIsTold()
+    {
+        const QString model = m_stage->model("m.nec", "valid");
+        QVERIFY(QFile::setPermissions(model, {}));
+        const BoxAnswerer reader(WindowStage::pressing(Qt::Key_Escape));
+        {
+            const Unprivileged user; // to an administrator every file is open
+            m_stage->window().openModel(model);
+        }
+        QCOMPARE(reader.texts.size(), 1);
+        QCOMPARE(m_stage->find<QLineEdit>("modelEdit")->text(), QString());
+    }
+
+    void folderIsNoModel()
+    {
+        const BoxAnswerer reader(WindowStage::pressing(Qt::Key_Escape));
+        m_stage->window().openModel(m_stage->desk().path("models"));
+        QCOMPARE(reader.texts.size(), 1);
+        QCOMPARE(m_stage->find<QLineEdit>("modelEdit")->text(), QString());
+    }
+
+    void modelIsChosenInADialog_data()
+    {
+        QTest::addColumn<QString>("way");
+        for (const char* const way : {"button", "menu", "key"}) {
+            QTest::newRow(way) << text(way);
+        }
+    }
+
+    void modelIsChosenInADialog()
+    {
+        QFETCH(QString, way);
+        const QString model = m_stage->model("chosen.nec", "valid");
+        m_stage->window().openModel(m_stage->model("m.nec", "valid"));
+        QStringList folders;
+        const ModalVisitor chooser([&](QDialog& dialog) {
+            if (auto* const files = qobject_cast<QFileDialog*>(&dialog)) {
+                folders.append(files->directory().path());
+                auto* const name = files->findChild<QLineEdit*>(text("fileNameEdit"));
+                QTest::keyClicks(name, text("chosen.nec"));
+                QTest::keyClick(name, Qt::Key_Return);
+            }
+        });
+        if (way == text("button")) {
+            QTest::mouseClick(m_stage->find<QPushButton>("openButton"), Qt::LeftButton);
+        } else if (way == text("menu")) {
+            m_stage->find<QAction>("openAction")->trigger();
+        } else {
+            m_stage->press(Qt::Key_O, Qt::ControlModifier);
+        }
+        QCOMPARE(folders, QStringList(QFileInfo(model).path()));
+        QCOMPARE(m_stage->find<QLineEdit>("modelEdit")->text(), model);
+    }
+
+    void choosingNoModelChangesNothing()
+    {
+        const QString model = m_stage->model("m.nec", "valid");
+        m_stage->window().openModel(model);
+        int count = 0;
+        const ModalVisitor unwilling([&count](QDialog& dialog) {
+            ++count;
+            QTest::keyClick(&dialog, Qt::Key_Escape);
+        });
+        m_stage->press(Qt::Key_O, Qt::ControlModifier);
+        QCOMPARE(count, 1);
+        QCOMPARE(m_stage->find<QLineEdit>("modelEdit")->text(), model);
+    }
+
     void recentFileThatHasGoneIsTold()
     {
         const QString model = m_stage->model("m.nec", "valid");
@@ -464,6 +780,7 @@ private Q_SLOTS:
         QVERIFY(drop(&m_stage->window(), data));
         QCOMPARE(m_stage->find<QLineEdit>("modelEdit")->text(), model);
         QVERIFY(m_stage->find<QPushButton>("runButton")->hasFocus());
+        QVERIFY(m_stage->window().acceptDrops());
     }
 
     void fieldLeavesDroppedFilesToTheWindow()
@@ -482,12 +799,82 @@ private Q_SLOTS:
         QCOMPARE(m_stage->find<QLineEdit>("modelEdit")->text(), QString());
     }
 
+    void entriesOfTheMenusOpenTheirDialogs_data()
+    {
+        QTest::addColumn<QString>("action");
+        QTest::addColumn<QString>("title");
+        QTest::newRow("launch options")
+            << text("launchOptionsAction") << text("Component launch options");
+        QTest::newRow("machines file") << text("machinesFileAction") << text("Machines file");
+        QTest::newRow("about") << text("aboutAction") << text("About kestdesk");
+    }
+
+    void entriesOfTheMenusOpenTheirDialogs()
+    {
+        QFETCH(QString, action);
+        QFETCH(QString, title);
+        QStringList titles;
+        const ModalVisitor visitor([&titles](QDialog& dialog) {
+            titles.append(dialog.windowTitle());
+            QTest::keyClick(&dialog, Qt::Key_Escape);
+        });
+        m_stage->find<QAction>(qPrintable(action))->trigger();
+        QCOMPARE(titles, QStringList(title));
+    }
+
+    void aboutTellsTheVersionAndTheInstallation()
+    {
+        QCoreApplication::setApplicationVersion(text("1.2.3"));
+        const BoxAnswerer reader(WindowStage::pressing(Qt::Key_Return));
+        m_stage->find<QAction>("aboutAction")->trigger();
+        QCOMPARE(reader.texts.size(), 1);
+        QVERIFY(reader.texts.constFirst().startsWith(text("kestdesk 1.2.3\n")));
+        QVERIFY(reader.texts.constFirst().contains(m_stage->desk().path("home")));
+    }
+
+    void boxesFollowTheLaunchOptions()
+    {
+        m_stage->find<QComboBox>("componentBox")->setCurrentText(text("optkest"));
+        const ModalVisitor user([](QDialog& dialog) {
+            dialog.findChild<QCheckBox*>(text("RunRemote"))->click();
+            dialog.findChild<QCheckBox*>(text("FarmOut"))->click();
+            dialog.findChild<QPushButton*>(text("ok"))->click();
+        });
+        m_stage->press(Qt::Key_L, Qt::ControlModifier);
+        QVERIFY(!m_stage->find<QCheckBox>("parallelBox")->isChecked());
+        QVERIFY(m_stage->find<QCheckBox>("remoteBox")->isChecked());
+        QVERIFY(m_stage->find<QAction>("farmOutAction")->isChecked());
+        QCOMPARE(m_stage->outcomeText(), QString());
+    }
+
+    void choiceOfThisSessionOutlivesALookAtTheLaunchOptions()
+    {
+        const auto lock = common_ComponentsLaunchOptions::create(ReadWriteAccess);
+        const BoxAnswerer reader(WindowStage::pressing(Qt::Key_Escape));
+        m_stage->find<QCheckBox>("parallelBox")->click();
+        m_stage->press(Qt::Key_L, Qt::ControlModifier);
+        QVERIFY(reader.texts.size() > 1);
+        QVERIFY(m_stage->find<QCheckBox>("parallelBox")->isChecked());
+    }
+
+    void choiceThatCannotBeWrittenCountsForThisSession()
+    {
+        QVERIFY(QDir().mkpath(m_stage->desk().path("user/kest.ini"))); // in the file's place
+        QTest::ignoreMessage(QtWarningMsg, QRegularExpression(text("kest.ini")));
+        m_stage->find<QCheckBox>("parallelBox")->click();
+        QCOMPARE(m_stage->outcomeText(), text("This choice counts for this session only."));
+        QVERIFY(m_stage->find<QCheckBox>("parallelBox")->isChecked());
+    }
+
     void choiceIsKeptAmongTheLaunchOptions()
     {
         m_stage->find<QComboBox>("componentBox")->setCurrentText(text("optkest"));
         m_stage->find<QCheckBox>("parallelBox")->click();
+        const QString file = m_stage->desk().path("user/kest.ini");
+        QCOMPARE(QSettings(file, QSettings::IniFormat).value(text("options/RunParallel")).toBool(),
+                 true);
         m_stage->find<QAction>("farmOutAction")->trigger();
-        QSettings settings(m_stage->desk().path("user/kest.ini"), QSettings::IniFormat);
+        const QSettings settings(file, QSettings::IniFormat);
         QCOMPARE(settings.value(text("options/RunParallel")).toBool(), true);
         QCOMPARE(settings.value(text("options/RunRemote")).toBool(), false);
         QCOMPARE(settings.value(text("options/FarmOut")).toBool(), true);
@@ -614,11 +1001,108 @@ private Q_SLOTS:
         for (const char* const name : {"modelEdit", "componentBox", "runList"}) {
             QVERIFY2(!m_stage->find<QWidget>(name)->accessibleName().isEmpty(), name);
         }
+        for (const char* const name : {"parallelBox", "remoteBox"}) {
+            const auto* const box = m_stage->find<QCheckBox>(name);
+            QVERIFY2(!box->accessibleDescription().isEmpty(), name);
+            QCOMPARE(box->toolTip(), box->accessibleDescription());
+        }
+    }
+
+    void everythingIsReachedByTheTabKey()
+    {
+        startWaitingRun();
+        m_stage->find<QTableView>("runList")->setFocus();
+        QStringList reached;
+        for (int i = 0; i < 8; ++i) {
+            m_stage->pressFocused(Qt::Key_Tab);
+            reached.append(m_stage->window().focusWidget()->objectName());
+        }
+        QCOMPARE(reached, QStringList({text("modelEdit"), text("openButton"), text("componentBox"),
+                                       text("parallelBox"), text("remoteBox"), text("runButton"),
+                                       text("stopButton"), text("runList")}));
+    }
+
+    void enterInTheFieldOfTheModelRunsIt()
+    {
+        m_stage->typeModel(m_stage->model("m.nec", "valid"));
+        m_stage->pressFocused(Qt::Key_Return);
+        QTRY_COMPARE_WITH_TIMEOUT(m_stage->state(), text("valid"), longTime);
+    }
+
+    void spaceOnTheButtonsRunsAndStops()
+    {
+        m_stage->window().openModel(m_stage->model("m.nec", "wait"));
+        m_stage->pressFocused(Qt::Key_Space);
+        QTRY_COMPARE_WITH_TIMEOUT(m_stage->state(), text("running"), longTime);
+        const BoxAnswerer willing(WindowStage::pressing(Qt::Key_Return));
+        m_stage->find<QPushButton>("stopButton")->setFocus();
+        m_stage->pressFocused(Qt::Key_Space);
+        QTRY_COMPARE_WITH_TIMEOUT(m_stage->state(), text("stopped"), longTime);
+    }
+
+    void helpHasAPageForTheWindowAndOneForItsRuns()
+    {
+        const auto* const help = dynamic_cast<HelpClient*>(GET_SERVICE(common_HelpClient));
+        QVERIFY(help);
+        QCOMPARE(help->pageOf(m_stage->find<QTableView>("runList")), text("kestdesk"));
+        startWaitingRun();
+        const common_KestProcessDialog* const dialog = m_stage->dialogs().constFirst();
+        QCOMPARE(help->pageOf(WindowStage::inDialog<QPushButton>(dialog, "buttonStop")),
+                 text("run-window"));
+    }
+
+    void windowAndStatesHaveTheirIcons()
+    {
+        QVERIFY(!m_stage->window().windowIcon().isNull());
+        const QAbstractItemModel* const runs = m_stage->find<QTableView>("runList")->model();
+        const auto shown = [runs](int row) {
+            return runs->index(row, 2).data(Qt::DecorationRole).value<QIcon>().pixmap(16).toImage();
+        };
+        const auto named = [](const char* name) {
+            return GET_SERVICE(common_IIconUtility)->getIcon(text(name)).pixmap(16).toImage();
+        };
+        m_stage->run(m_stage->model("valid.nec", "valid"));
+        m_stage->run(m_stage->model("fault.nec", "fault"));
+        startWaitingRun();
+        QTRY_COMPARE_WITH_TIMEOUT(m_stage->state(0), text("valid"), longTime);
+        QTRY_COMPARE_WITH_TIMEOUT(m_stage->state(1), text("fault"), longTime);
+        QCOMPARE(shown(0), named("valid"));
+        QCOMPARE(shown(1), named("fault"));
+        QCOMPARE(shown(2), named("play"));
+        QVERIFY(shown(0) != shown(1) && shown(1) != shown(2));
+        m_stage->endRuns(SIGTERM);
+        QTRY_COMPARE_WITH_TIMEOUT(m_stage->state(2), text("stopped"), longTime);
+        QCOMPARE(shown(2), named("exclude"));
+        QVERIFY(shown(2) != shown(1));
+        QVERIFY(!runs->index(0, 0).data(Qt::DecorationRole).isValid());
+    }
+
+    void numbersStandOnTheRight()
+    {
+        m_stage->run(m_stage->model("m.nec", "valid"));
+        QTRY_COMPARE_WITH_TIMEOUT(m_stage->state(), text("valid"), longTime);
+        const QAbstractItemModel* const runs = m_stage->find<QTableView>("runList")->model();
+        QString sides;
+        for (int i = 0; i < runs->columnCount(); ++i) {
+            const int alignment = runs->index(0, i).data(Qt::TextAlignmentRole).toInt();
+            sides += QLatin1Char((alignment & Qt::AlignRight) != 0 ? 'r' : 'l');
+        }
+        QCOMPARE(sides, text("lllrrr"));
+    }
+
+    void fitsASmallScreen()
+    {
+        const QSize least = m_stage->window().minimumSizeHint();
+        QVERIFY2(least.width() <= 640 && least.height() <= 400,
+                 qPrintable(text("%1 x %2").arg(least.width()).arg(least.height())));
     }
 
     void timesAreShownWhileARunIsGoing()
     {
         startWaitingRun();
+        QSignalSpy changes(m_stage->find<QTableView>("runList")->model(),
+                           &QAbstractItemModel::dataChanged);
+        QVERIFY(changes.wait(longTime));
         QCOMPARE(m_stage->cell(0, "Progress"), text("0 %"));
         QCOMPARE(m_stage->cell(0, "Remaining"), QString());
         QTRY_VERIFY_WITH_TIMEOUT(m_stage->cell(0, "Elapsed") != text("0:00"), longTime);
@@ -626,8 +1110,10 @@ private Q_SLOTS:
         m_stage->pressStop();
         QTRY_COMPARE_WITH_TIMEOUT(m_stage->state(), text("stopped"), longTime);
         const QString ended = m_stage->cell(0, "Elapsed");
+        changes.clear();
         QTest::qWait(1100);
         QCOMPARE(m_stage->cell(0, "Elapsed"), ended);
+        QCOMPARE(changes.size(), 0);
     }
 
     void remainingTimeIsEstimatedOnceTheTotalMoves()
@@ -636,6 +1122,28 @@ private Q_SLOTS:
         QTRY_COMPARE_WITH_TIMEOUT(m_stage->cell(0, "Progress"), text("50 %"), longTime);
         QCOMPARE(m_stage->cell(0, "Remaining"), m_stage->cell(0, "Elapsed"));
         QVERIFY(!m_stage->cell(0, "Remaining").isEmpty());
+        m_stage->endRuns(SIGTERM);
+        QTRY_COMPARE_WITH_TIMEOUT(m_stage->state(), text("stopped"), longTime);
+        QCOMPARE(m_stage->cell(0, "Progress"), text("50 %"));
+        QCOMPARE(m_stage->cell(0, "Remaining"), QString());
+    }
+
+    void progressIsNeverMoreThanAll()
+    {
+        startWaitingRun("beyond");
+        QTRY_COMPARE_WITH_TIMEOUT(m_stage->cell(0, "Progress"), text("100 %"), longTime);
+    }
+
+    void progressIsToldAsSoonAsItMoves()
+    {
+        m_stage->run(m_stage->model("m.nec", "halfway"));
+        QCOMPARE(m_stage->state(), text("running"));
+        const QSignalSpy changes(m_stage->window().findChild<WindowRun*>(), &WindowRun::changed);
+        const QSignalSpy shown(m_stage->find<QTableView>("runList")->model(),
+                               &QAbstractItemModel::dataChanged);
+        QTRY_COMPARE_WITH_TIMEOUT(m_stage->cell(0, "Progress"), text("50 %"), longTime);
+        QCOMPARE(changes.size(), 1);
+        QVERIFY(!shown.isEmpty());
     }
 
     void windowMayGoWhileRunsAndDialogsAreThere()

@@ -219,7 +219,7 @@ void MainWindow::openModel(const QString& path)
         return;
     }
     showModel(file.absoluteFilePath());
-    m_panel->setFocus();
+    m_panel->focusRunButton();
 }
 
 void MainWindow::showModel(const QString& path)
@@ -286,7 +286,15 @@ void MainWindow::stopRun()
         run = going.isEmpty() ? nullptr : going.last();
     }
     if (run != nullptr && isAgreedToStop(*run, this)) {
-        Descendants::adoptOrphans();
+        stop({run});
+    }
+}
+
+void MainWindow::stop(const QVector<WindowRun*>& runs)
+{
+    m_hasStopped = true;
+    Descendants::adoptOrphans();
+    for (WindowRun* run : runs) {
         run->stop();
     }
 }
@@ -440,7 +448,7 @@ void MainWindow::closeEvent(QCloseEvent* event)
 void MainWindow::leave()
 {
     saveSession();
-    if (m_closing) {
+    if (m_hasStopped) {
         Descendants::endAll(graceTime); // what stopped components have left behind
     }
     QCoreApplication::quit();
@@ -482,11 +490,8 @@ bool MainWindow::isAgreedToClose(const QVector<WindowRun*>& going)
 void MainWindow::stopForClose(const QVector<WindowRun*>& going)
 {
     m_closing = true;
-    Descendants::adoptOrphans();
     m_outcome->setText(QStringLiteral("Stopping the runs..."));
-    for (WindowRun* run : going) {
-        run->stop();
-    }
+    stop(going);
 }
 
 // Ended runs tidy up after themselves, for which they must hear of it. A process that waits for a

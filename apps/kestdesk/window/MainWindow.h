@@ -55,6 +55,7 @@ private:
     void listRecentFiles();
     void run();
     void stopRun();
+    void stop(const QVector<WindowRun*>& runs);
     void showRun();
     void removeEndedRuns();
     void editLaunchOptions();
@@ -89,6 +90,7 @@ private:
     QAction* m_farmOut = nullptr;
     bool m_isToldOfLock = false;
     bool m_closing = false;
+    bool m_hasStopped = false; // of stopped runs something may be left
 };
 
 #endif

@@ -48,7 +48,6 @@ RunPanel::RunPanel(QWidget* parent) : QWidget(parent)
     layout->addWidget(makeComponentRow());
     layout->addWidget(makeLaunchGroup());
     layout->addWidget(makeButtonRow());
-    setFocusProxy(m_run);
     updateControls();
 }
 
@@ -69,9 +68,7 @@ const Component& RunPanel::component() const
 
 void RunPanel::setComponent(const QString& name)
 {
-    if (Component::find(name) != nullptr) {
-        m_component->setCurrentText(name);
-    }
+    m_component->setCurrentText(name);
 }
 
 Wrapper::RunOptions RunPanel::ticked() const
@@ -89,6 +86,11 @@ void RunPanel::setTicked(Wrapper::RunOptions options)
         const QSignalBlocker blocker(m_boxes.at(i));
         m_boxes.at(i)->setChecked(options.testFlag(boxRows[i].option));
     }
+}
+
+void RunPanel::focusRunButton()
+{
+    m_run->setFocus();
 }
 
 void RunPanel::setStopEnabled(bool enabled)

@@ -11,8 +11,7 @@ class QLineEdit;
 class QPushButton;
 struct Component;
 
-/// What to run and how: the model, the component, and the "Run/launch" group. The focus that it is
-/// given goes to the button that runs.
+/// What to run and how: the model, the component, and the "Run/launch" group.
 class RunPanel : public QWidget
 {
     Q_OBJECT
@@ -32,6 +31,8 @@ public:
     /// The boxes that are ticked, whether they mean something to the component or not.
     common_RunWrapper::RunOptions ticked() const;
     void setTicked(common_RunWrapper::RunOptions options);
+
+    void focusRunButton();
 
     /// Whether there is a run to stop.
     void setStopEnabled(bool enabled);
