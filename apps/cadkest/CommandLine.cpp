@@ -14,6 +14,7 @@ constexpr int LeastSide = 16;
 constexpr int GreatestSide = 8192;
 
 const QString nonInteractiveOption = QStringLiteral("non-interactive");
+const QString tryOption = QStringLiteral("try-opengl");
 const QString outputOption = QStringLiteral("output");
 const QString sizeOption = QStringLiteral("size");
 const QString viewOption = QStringLiteral("view");
@@ -54,6 +55,10 @@ void addOptions(QCommandLineParser& parser)
                       QStringLiteral("view"), QStringLiteral("iso")});
     parser.addOption({paletteOption, QStringLiteral("Colours: light (default) or dark."),
                       QStringLiteral("name"), QStringLiteral("light")});
+    // The window asks this of another cadkest.
+    QCommandLineOption tries(tryOption);
+    tries.setFlags(QCommandLineOption::HiddenFromHelp);
+    parser.addOption(tries);
     parser.addPositionalArgument(QStringLiteral("model"), QStringLiteral("A model file (*.nec)."));
 }
 
@@ -153,6 +158,8 @@ CommandLine CommandLine::parsed(const QStringList& arguments)
     } else if (parser.isSet(QStringLiteral("version"))) {
         result.request = Request::ShowText;
         result.text = QStringLiteral("cadkest " CADKEST_VERSION "\n");
+    } else if (arguments.mid(1) == QStringList{QStringLiteral("--") + tryOption}) {
+        result.request = Request::TryHardware;
     } else {
         readModel(parser, result);
     }

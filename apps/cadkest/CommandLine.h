@@ -12,7 +12,7 @@ namespace cad {
 /// What the user asked for on the command line.
 struct CommandLine
 {
-    enum class Request { ShowWindow, MakePicture, ShowText, Refuse };
+    enum class Request { ShowWindow, MakePicture, TryHardware, ShowText, Refuse };
 
     Request request = Request::Refuse;
     QString text; ///< what to show, or why the command line is refused

@@ -3,8 +3,10 @@
 #include "CommandLine.h"
 #include "HardwareOffer.h"
 #include "MainWindow.h"
+#include "RecentMenu.h"
 #include "RenderingDialog.h"
 #include "RenderingSettings.h"
+#include "RenderingSwitch.h"
 
 #include <WindowGeometry.h>
 
@@ -19,29 +21,37 @@
 
 #include <QApplication>
 #include <QIcon>
-#include <QMenu>
 #include <QTimer>
 
 namespace cad {
 
 namespace {
 
-void applySettings(MainWindow& window, const RenderingSettings& settings)
-{
-    window.setRendering(settings.rendering);
-    window.view()->setFaceDisplacement(settings.faceDisplacement);
-}
-
-void addRenderingAction(MainWindow& window, RenderingSettings& settings)
+void addRenderingAction(MainWindow& window, RenderingSettings& settings,
+                        RenderingSwitch& renderingSwitch)
 {
     QAction* action = window.settingsMenu()->addAction(
-        QStringLiteral("&Rendering..."), &window, [&window, &settings] {
+        QStringLiteral("&Rendering..."), &window, [&window, &settings, &renderingSwitch] {
             RenderingDialog dialog(window.view(), &settings, &window);
-            QObject::connect(&dialog, &RenderingDialog::applied, &window,
-                             [&] { applySettings(window, settings); });
+            QObject::connect(&dialog, &RenderingDialog::applied, &window, [&] {
+                window.view()->setFaceDisplacement(settings.faceDisplacement);
+                renderingSwitch.change(settings.rendering);
+            });
             dialog.exec();
         });
     action->setObjectName(QStringLiteral("actionRendering"));
+}
+
+// What the suite does for each of its applications' windows.
+void prepare(MainWindow& window, const common_CommonSettingsSet& settings)
+{
+    const QString name = GET_SERVICE(common_IApplicationInfo)->applicationName();
+    window.setWindowIcon(GET_SERVICE(common_IIconUtility)->getIcon(name));
+    GET_SERVICE(common_HelpClient)->registerPage(&window, name);
+    WindowGeometry::restore(window, *settings.geometry());
+    window.addRecentMenu(new RecentMenu(&window, settings.recentFiles()));
+    const auto mouse = common_3DMouseOptions::create(ReadOnlyAccess);
+    window.view()->setSpaceMouseSensitivity(mouse->getMouseSensitivity());
 }
 
 } // namespace
@@ -55,21 +65,16 @@ int showWindow(const CommandLine& commandLine)
     rendering.readSettings();
 
     MainWindow window;
-    window.setWindowIcon(GET_SERVICE(common_IIconUtility)->getIcon(info->applicationName()));
-    GET_SERVICE(common_HelpClient)->registerPage(&window, info->applicationName());
-    WindowGeometry::restore(window, *settings.geometry());
-    QObject::connect(&window, &MainWindow::modelOpened, &window, [&settings](const QString& path) {
-        settings.recentFiles()->addRecentFile(path);
-    });
-    applySettings(window, rendering);
-    addRenderingAction(window, rendering);
-    const auto mouse = common_3DMouseOptions::create(ReadOnlyAccess);
-    window.view()->setSpaceMouseSensitivity(mouse->getMouseSensitivity());
+    prepare(window, settings);
+    window.view()->setFaceDisplacement(rendering.faceDisplacement);
+    RenderingSwitch renderingSwitch(&window, &rendering, QApplication::applicationFilePath());
+    addRenderingAction(window, rendering, renderingSwitch);
     if (!commandLine.model.isEmpty()) {
         window.openModel(commandLine.model);
     }
     window.show();
-    HardwareOffer offer(&window, &rendering);
+    renderingSwitch.start();
+    HardwareOffer offer(&window, &rendering, &renderingSwitch);
     QTimer::singleShot(0, &offer, &HardwareOffer::make); // once the window is there
     const int exitCode = QApplication::exec();
     WindowGeometry::save(window, *settings.geometry());

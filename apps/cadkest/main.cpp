@@ -1,8 +1,10 @@
 #include "CommandLine.h"
 #include "PictureCommand.h"
+#include "ProbeCommand.h"
 #include "WindowCommand.h"
 
 #include <ApplicationIdentity.h>
+#include <Display.h>
 #include <Services.h>
 
 #include <ComponentSetup.h>
@@ -11,6 +13,24 @@
 
 #include <cstdio>
 
+namespace {
+
+int refuse(const QString& text)
+{
+    std::fprintf(stderr, "cadkest: %s\nTry \"cadkest --help\".\n", qPrintable(text));
+    return 2;
+}
+
+void setUpPixels()
+{
+    QCoreApplication::setAttribute(Qt::AA_EnableHighDpiScaling);
+    QCoreApplication::setAttribute(Qt::AA_UseHighDpiPixmaps);
+    QGuiApplication::setHighDpiScaleFactorRoundingPolicy(
+        Qt::HighDpiScaleFactorRoundingPolicy::PassThrough);
+}
+
+} // namespace
+
 int main(int argc, char* argv[])
 {
     const bool isNonInteractive = cad::CommandLine::isNonInteractive(argc, argv);
@@ -18,7 +38,12 @@ int main(int argc, char* argv[])
         suite::setupComponent();
         qputenv("QT_QPA_PLATFORM", "offscreen"); // whatever display there is or is not
     }
-    QApplication application(argc, argv);
+    if (!Display::exists()) {
+        return refuse(QStringLiteral("there is no display for the window; --non-interactive makes "
+                                     "a picture without one"));
+    }
+    setUpPixels();
+    const QApplication application(argc, argv);
     QApplication::setApplicationName(QStringLiteral("cadkest"));
     QApplication::setApplicationVersion(QStringLiteral(CADKEST_VERSION));
 
@@ -30,11 +55,11 @@ int main(int argc, char* argv[])
         std::fputs(qPrintable(commandLine.text), stdout);
         return 0;
     case cad::CommandLine::Request::Refuse:
-        std::fprintf(stderr, "cadkest: %s\nTry \"cadkest --help\".\n",
-                     qPrintable(commandLine.text));
-        return 2;
+        return refuse(commandLine.text);
     case cad::CommandLine::Request::MakePicture:
         return cad::makePicture(commandLine);
+    case cad::CommandLine::Request::TryHardware:
+        return cad::tryHardware();
     case cad::CommandLine::Request::ShowWindow:
         break;
     }

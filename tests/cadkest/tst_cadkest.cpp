@@ -139,6 +139,10 @@ private Q_SLOTS:
         QTest::newRow("directory") << text(".");
         QTest::newRow("empty") << text("empty.nec");
         QTest::newRow("binary") << text("binary.nec");
+        QTest::newRow("no deck") << text("words.nec");
+        QTest::newRow("no wires") << text("wireless.nec");
+        QTest::newRow("link to nothing") << text("link.nec");
+        QTest::newRow("device") << text("/dev/null");
     }
 
     void modelsThatCannotBeReadAreTold()
@@ -150,10 +154,28 @@ private Q_SLOTS:
         QVERIFY(binary.open(QIODevice::WriteOnly));
         binary.write(QByteArray(1000, '\0'));
         binary.close();
-        const Result result = picture({model});
+        QFile words(path("words.nec"));
+        QVERIFY(words.open(QIODevice::WriteOnly));
+        words.write("Dear Sir,\nthis is no deck.\n");
+        words.close();
+        QFile wireless(path("wireless.nec"));
+        QVERIFY(wireless.open(QIODevice::WriteOnly));
+        wireless.write("CE\nGE 0\nFR 0 1 0 0 30 0\nEX 0 1 1 0 1 0\nXQ\nEN\n");
+        wireless.close();
+        QVERIFY(QFile::link(path("none"), path("link.nec")));
+        QFile old(path("old.png"));
+        QVERIFY(old.open(QIODevice::WriteOnly));
+        old.write("old");
+        old.close();
+        const QStringList before = QDir(m_folder->path()).entryList(QDir::AllEntries);
+        const Result result = picture({model, text("--output"), text("old.png")});
         QCOMPARE(result.exitCode, 1);
-        QCOMPARE(result.marked("error").size(), 1);
-        QVERIFY(QDir(m_folder->path()).entryList({text("*.png")}).isEmpty());
+        QVERIFY(!result.marked("error").isEmpty());
+        QVERIFY2(result.marked("error").constFirst().contains(QRegularExpression(text("[a-z]{3}"))),
+                 qPrintable(result.output));
+        QCOMPARE(result.marked("file"), QStringList());
+        QCOMPARE(bytesOf(path("old.png")), QByteArray("old"));
+        QCOMPARE(QDir(m_folder->path()).entryList(QDir::AllEntries), before);
     }
 
     void anOldPictureStaysWhenThereIsNoNewOne()
@@ -184,6 +206,8 @@ private Q_SLOTS:
         QTest::addColumn<QString>("output");
         QTest::newRow("no such folder") << text("none/new.png");
         QTest::newRow("a folder") << text("folder.png");
+        QTest::newRow("a place of the system's") << text("/proc/new.png");
+        QTest::newRow("below a file") << text("yagi.nec/new.png");
     }
 
     void picturesThatCannotBeWrittenAreTold()
@@ -212,7 +236,9 @@ private Q_SLOTS:
         row("--non-interactive yagi --view w", "is no view");
         row("--non-interactive yagi --palette red", "is no palette");
         row("--non-interactive yagi --output yagi.nec", "must end in .png");
+        row("--non-interactive yagi --output", "Missing value");
         row("--non-interactive yagi --none", "none");
+        row("--non-interactive --try-opengl yagi --size 0x0", "is no size");
     }
 
     void wrongCommandLinesAreRefused()
@@ -228,11 +254,33 @@ private Q_SLOTS:
         QCOMPARE(QDir(m_folder->path()).entryList(QDir::Files).size(), 2);
     }
 
+    void withoutAScreenAWindowIsRefused()
+    {
+        QProcess process;
+        QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+        for (const char* name : {"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM"}) {
+            environment.remove(text(name));
+        }
+        process.setProcessEnvironment(environment);
+        process.setWorkingDirectory(m_folder->path());
+        process.start(text(CADKEST), {text("yagi")});
+        QVERIFY(process.waitForFinished(120000));
+        QCOMPARE(process.exitStatus(), QProcess::NormalExit);
+        QCOMPARE(process.exitCode(), 2);
+        QVERIFY(process.readAllStandardError().contains("there is no display"));
+
+        process.start(text(CADKEST), {text("--non-interactive"), text("yagi")});
+        QVERIFY(process.waitForFinished(120000));
+        QCOMPARE(process.exitCode(), 0);
+        QCOMPARE(QImage(path("yagi.png")).size(), QSize(1280, 800));
+    }
+
     void helpAndVersionNeedNoDisplay()
     {
         const Result help = run(text(CADKEST), {text("--help")});
         QCOMPARE(help.exitCode, 0);
         QVERIFY(help.output.contains(text("--non-interactive")));
+        QVERIFY(!help.output.contains(text("--try-opengl"))); // the window's own
         const Result version = run(text(CADKEST), {text("--version")});
         QCOMPARE(version.exitCode, 0);
         QCOMPARE(version.output, text("cadkest " KEST_VERSION "\n"));

@@ -1,4 +1,9 @@
+#include <FakeServices.h>
+
 #include <MainWindow.h>
+#include <RecentMenu.h>
+
+#include <common_recent_file_settings.h>
 
 #include <QAction>
 #include <QApplication>
@@ -93,6 +98,50 @@ private Q_SLOTS:
         QVERIFY(message.text().startsWith(text("model.nec has mistakes")));
         QVERIFY(message.text().contains(text("line 3: ")));
         QCOMPARE(message.textFormat(), Qt::PlainText);
+    }
+
+    void tellsWhatIsNotShown()
+    {
+        MainWindow window;
+        open(window, write("CE\nGW 1 9 0 0 0 1 0 0 0.001\nSP 0 0 0.1 .05 .05 0 0 0.01\n"
+                           "GW 2 5000 0 0 1 1 0 1 0.00001\nGW 3 5 0 0 2 1 0 2 0.001\nGE 0\nEN\n"));
+        QCOMPARE(firstLines(window), text("model.nec|1 wire, 9 segments|"
+                                          "1 card of surface patches is not shown|"
+                                          "not complete: there are more segments"));
+        QVERIFY(label(window, "modelMessage").isVisible());
+        QVERIFY(label(window, "modelMessage").text().contains(text("more than 5000 segments")));
+        window.openModel(write(deck(2)));
+        QCOMPARE(firstLines(window), text("model.nec|2 wires, 10 segments"));
+    }
+
+    void opensRecentModelsAgain()
+    {
+        FakeApplicationInfo info(m_folder->path());
+        MainWindow window;
+        common_recent_file_settings recent(m_folder->filePath(text("recent.ini")));
+        auto* const menu = new cad::RecentMenu(&window, &recent);
+        window.addRecentMenu(menu);
+        Q_EMIT menu->aboutToShow();
+        QCOMPARE(menu->actions().size(), 1);
+        QVERIFY(!menu->actions().constFirst()->isEnabled());
+        const QString first = write(deck(2), "a & b.nec");
+        const QString second = write(deck(3), "second.nec");
+        open(window, first);
+        window.openModel(second);
+        window.openModel(m_folder->filePath(text("none.nec")));
+        Q_EMIT menu->aboutToShow();
+        QCOMPARE(menu->actions().size(), 2);
+        QVERIFY(menu->actions().at(0)->text().startsWith(text("&1 ")));
+        QVERIFY(menu->actions().at(0)->text().endsWith(text("second.nec")));
+        QVERIFY(menu->actions().at(1)->text().endsWith(text("a && b.nec")));
+        menu->actions().at(1)->trigger();
+        QCOMPARE(window.modelPath(), first);
+        Q_EMIT menu->aboutToShow();
+        QVERIFY(menu->actions().at(0)->text().endsWith(text("a && b.nec")));
+        const auto entries = menu->menuAction()->associatedWidgets();
+        QCOMPARE(entries.size(), 1);
+        const QList<QAction*> fileMenu = entries.first()->actions();
+        QCOMPARE(fileMenu.indexOf(menu->menuAction()), 1);
     }
 
     void showsSomeOfManyMistakes()

@@ -293,6 +293,21 @@ private Q_SLOTS:
         QVERIFY(mesh.radius > 0);
     }
 
+    // Lines in one plane would flicker.
+    void axesLieAboveTheGround()
+    {
+        cad::Scene scene = straightWire(1, 0.01);
+        scene.hasGround = true;
+        const cad::SceneMesh mesh = cad::meshOf(scene, Thickness::Readable);
+        float ground = 0;
+        float axes = 0;
+        for (const cad::MeshLine& line : mesh.outlines) {
+            (line.paint == Paint::Grid ? ground : axes) = mesh.points.at(line.from).z();
+        }
+        QVERIFY(axes > ground);
+        QVERIFY(axes < ground + 0.01F);
+    }
+
     void farOriginsAreLeftOut()
     {
         cad::Scene scene = straightWire(1, 0.01);

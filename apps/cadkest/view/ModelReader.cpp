@@ -23,6 +23,7 @@ ReadModel readModel(const QString& name)
     ReadModel result;
     result.path = file.path();
     result.scene = sceneOf(preprocessor.model());
+    result.scene.isCut = preprocessor.findings().contains(suite::FindingKind::TooManySegments);
     const auto findings = preprocessor.findings().sorted();
     for (const suite::Finding& finding : findings) {
         const suite::Severity severity = finding.severity();

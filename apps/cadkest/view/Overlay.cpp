@@ -124,6 +124,9 @@ Overlay overlayOf(const Scene& scene, const QString& title)
                                      QStringLiteral("card of surface patches is not shown"),
                                      QStringLiteral("cards of surface patches are not shown")));
     }
+    if (scene.isCut) {
+        overlay.lines.append(QStringLiteral("not complete: there are more segments"));
+    }
     return overlay;
 }
 

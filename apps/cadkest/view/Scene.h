@@ -32,6 +32,7 @@ struct Scene
     suite::Structure structure;
     QVector<SegmentMark> marks;
     bool hasGround = false;
+    bool isCut = false; ///< the structure has more segments than can be held
 
     [[nodiscard]] int feedCount() const;
     [[nodiscard]] int loadCount() const; ///< of both kinds

@@ -27,6 +27,7 @@ constexpr float LoadHalfEdge = 0.016F;
 constexpr float AxisLength = 0.3F;
 constexpr float FarthestOrigin = 2; // farther away, axes and ground would dwarf the structure
 constexpr float GroundMargin = 0.25F;
+constexpr float AboveGround = 0.002F; // keeps the axes apart from the lines on the ground
 
 // The cube around the structure: where its middle is, and how large it is.
 class Box
@@ -156,15 +157,20 @@ private:
     void addSurroundings()
     {
         const QVector3D origin = m_box.scaled({0, 0, 0});
-        const float length = AxisLength;
+        const bool hasGround = m_scene.hasGround && std::abs(origin.z()) < FarthestOrigin;
         if (origin.length() < FarthestOrigin) {
-            m_builder.addLine(origin, origin + QVector3D(length, 0, 0), Paint::AxisX);
-            m_builder.addLine(origin, origin + QVector3D(0, length, 0), Paint::AxisY);
-            m_builder.addLine(origin, origin + QVector3D(0, 0, length), Paint::AxisZ);
+            addAxes(hasGround ? origin + QVector3D(0, 0, AboveGround) : origin);
         }
-        if (m_scene.hasGround && std::abs(origin.z()) < FarthestOrigin) {
+        if (hasGround) {
             addGround(origin);
         }
+    }
+
+    void addAxes(const QVector3D& origin)
+    {
+        m_builder.addLine(origin, origin + QVector3D(AxisLength, 0, 0), Paint::AxisX);
+        m_builder.addLine(origin, origin + QVector3D(0, AxisLength, 0), Paint::AxisY);
+        m_builder.addLine(origin, origin + QVector3D(0, 0, AxisLength), Paint::AxisZ);
     }
 
     void addGround(const QVector3D& origin)

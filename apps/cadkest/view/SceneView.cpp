@@ -170,6 +170,7 @@ void SceneView::makeCanvas()
         // The canvas is drawing when it finds out, so it is replaced a little later.
         connect(canvas, &HardwareCanvas::failed, this, &SceneView::giveUpHardware,
                 Qt::QueuedConnection);
+        connect(canvas, &HardwareCanvas::frameSwapped, this, &SceneView::hardwareDrawn);
         m_canvas = canvas;
     } else {
         m_canvas = new SoftwareCanvas(this);

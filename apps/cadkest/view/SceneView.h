@@ -65,6 +65,9 @@ public:
 Q_SIGNALS:
     void cameraChanged();
 
+    /// OpenGL has brought a picture to the screen.
+    void hardwareDrawn();
+
     /// OpenGL gave up; software rendering has taken over.
     void hardwareFailed(const QString& reason);
 

@@ -2,6 +2,7 @@
 
 #include "MainWindow.h"
 #include "RenderingSettings.h"
+#include "RenderingSwitch.h"
 
 #include <common_InitialRenderingSettingsDialog.h>
 
@@ -9,12 +10,15 @@ namespace cad {
 
 namespace {
 
-constexpr int Kept = 0; // the result of the box when its first button was pressed
+// The results of the box, by its buttons.
+constexpr int Kept = 0;
+constexpr int Refused = 1;
 
 } // namespace
 
-HardwareOffer::HardwareOffer(MainWindow* window, RenderingSettings* settings)
-    : m_window(window), m_settings(settings)
+HardwareOffer::HardwareOffer(MainWindow* window, RenderingSettings* settings,
+                             RenderingSwitch* renderingSwitch)
+    : m_window(window), m_settings(settings), m_switch(renderingSwitch)
 {}
 
 HardwareOffer::~HardwareOffer() = default;
@@ -33,12 +37,22 @@ void HardwareOffer::make()
     // Written first: should the driver end the program, the next start does not try again.
     m_settings->wasAsked = true;
     m_settings->writeSettings();
-    if (!m_window->setRendering(Rendering::Hardware)) {
+    connect(m_switch, &RenderingSwitch::changed, this, &HardwareOffer::confirm);
+    m_switch->change(Rendering::Hardware);
+}
+
+void HardwareOffer::confirm()
+{
+    // From now on the renderer may change for other reasons.
+    disconnect(m_switch, &RenderingSwitch::changed, this, &HardwareOffer::confirm);
+    if (m_window->view()->rendering() != Rendering::Hardware) {
         finish(false);
         return;
     }
     connect(m_dialog.get(), &QDialog::finished, this,
             [this](int result) { finish(result == Kept); });
+    connect(m_window->view(), &SceneView::hardwareFailed, m_dialog.get(),
+            [this] { m_dialog->done(Refused); });
     m_dialog->Keep();
 }
 
@@ -48,7 +62,7 @@ void HardwareOffer::finish(bool isKept)
     m_settings->rendering = isKept ? Rendering::Hardware : Rendering::Software;
     m_settings->writeSettings();
     if (!isKept && m_window->view()->rendering() == Rendering::Hardware) {
-        m_window->setRendering(Rendering::Software);
+        m_switch->change(Rendering::Software);
     }
     Q_EMIT answered();
 }

@@ -11,6 +11,7 @@ namespace cad {
 
 class MainWindow;
 class RenderingSettings;
+class RenderingSwitch;
 
 /// Offers hardware rendering to a user who was never asked: first as a test, then to be kept. While
 /// it has not been kept, software rendering is what the settings say, so that a driver that ends
@@ -20,8 +21,9 @@ class HardwareOffer : public QObject
     Q_OBJECT
 
 public:
-    /// Neither is the offer's; both must live longer.
-    HardwareOffer(MainWindow* window, RenderingSettings* settings);
+    /// None of them is the offer's; all must live longer.
+    HardwareOffer(MainWindow* window, RenderingSettings* settings,
+                  RenderingSwitch* renderingSwitch);
     ~HardwareOffer() override;
 
     /// Asks, if there is anything to ask.
@@ -32,10 +34,12 @@ Q_SIGNALS:
     void answered();
 
 private:
+    void confirm();
     void finish(bool isKept);
 
     MainWindow* m_window;
     RenderingSettings* m_settings;
+    RenderingSwitch* m_switch;
     std::unique_ptr<common_InitialRenderingSettingsDialog> m_dialog;
 };
 

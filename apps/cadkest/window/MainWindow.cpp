@@ -20,6 +20,7 @@ namespace cad {
 namespace {
 
 constexpr int MostErrorsShown = 5;
+constexpr int StatusMargin = 6; // a maximised window has no grip that keeps the text from its edge
 
 QLabel* makeMessage(const QString& name, QWidget* parent)
 {
@@ -69,6 +70,7 @@ MainWindow::MainWindow(QWidget* parent)
     layout->addWidget(m_view, 1);
     setCentralWidget(centre);
     m_renderingName->setObjectName(QStringLiteral("renderingName"));
+    m_renderingName->setContentsMargins(0, 0, StatusMargin, 0);
     statusBar()->addPermanentWidget(m_renderingName);
     makeMenus();
     tellRendering(QString());
@@ -88,6 +90,11 @@ void MainWindow::reload()
     if (!m_path.isEmpty()) {
         showModel(m_path, false);
     }
+}
+
+void MainWindow::addRecentMenu(QMenu* menu)
+{
+    m_fileMenu->insertMenu(findChild<QAction*>(QStringLiteral("actionReload")), menu);
 }
 
 bool MainWindow::setRendering(Rendering rendering)
@@ -112,6 +119,7 @@ void MainWindow::makeMenus()
         {"actionSavePicture", "Save &picture...", QKeySequence::Save, &MainWindow::savePicture},
     }};
     QMenu* menu = menuBar()->addMenu(QStringLiteral("&File"));
+    m_fileMenu = menu;
     for (const Item& item : items) {
         QAction* action = menu->addAction(QString::fromLatin1(item.text), this, item.act);
         action->setObjectName(QString::fromLatin1(item.name));

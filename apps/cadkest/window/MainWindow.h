@@ -32,12 +32,18 @@ public:
 
     [[nodiscard]] SceneView* view() const { return m_view; }
 
+    /// Comes after the entry that opens a model.
+    void addRecentMenu(QMenu* menu);
+
     /// The menu that further settings go into.
     [[nodiscard]] QMenu* settingsMenu() const { return m_settingsMenu; }
 
     /// Changes the renderer; where hardware is not to be had, software goes on and the user is
     /// told. Returns whether it is as asked.
     bool setRendering(Rendering rendering);
+
+    /// Tells the user why hardware rendering, which was asked for, is not to be had.
+    void refuseHardware(const QString& reason) { tellRendering(reason); }
 
 Q_SIGNALS:
     /// A model was opened, by the user or by openModel().
@@ -56,6 +62,7 @@ private:
     QLabel* m_modelMessage;
     QLabel* m_renderingMessage;
     QLabel* m_renderingName;
+    QMenu* m_fileMenu = nullptr;
     QMenu* m_settingsMenu = nullptr;
     ModelWatcher* m_watcher;
     QString m_path;

@@ -15,7 +15,6 @@ namespace cad {
 namespace {
 
 constexpr int OneSlider = 1; // the mode of the widget
-constexpr int UsualDisplacement = 2;
 
 } // namespace
 
@@ -32,7 +31,7 @@ RenderingDialog::RenderingDialog(SceneView* view, RenderingSettings* settings, Q
     auto* layout = new QVBoxLayout(this);
     layout->addWidget(m_widget);
     layout->addWidget(buttons);
-    showSettings();
+    showSettings(*m_settings);
     connect(m_widget, &common_RenderingSettingsWidget::renderingSettingsChanged, this,
             [this] { m_view->setFaceDisplacement(m_widget->m_pFaceDisplacementSlider->value()); });
     connect(m_widget, &common_RenderingSettingsWidget::useDefaults, this,
@@ -53,18 +52,19 @@ void RenderingDialog::done(int result)
     QDialog::done(result);
 }
 
-void RenderingDialog::showSettings()
+void RenderingDialog::showSettings(const RenderingSettings& settings)
 {
-    const bool isHardware = m_settings->rendering == Rendering::Hardware;
+    const bool isHardware = settings.rendering == Rendering::Hardware;
     (isHardware ? m_widget->m_pHardwareRadioButton : m_widget->m_pSoftwareRadioButton)
         ->setChecked(true);
-    m_widget->m_pFaceDisplacementSlider->setValue(m_settings->faceDisplacement);
+    m_widget->m_pFaceDisplacementSlider->setValue(settings.faceDisplacement);
 }
 
 void RenderingDialog::showDefaults()
 {
-    m_widget->m_pSoftwareRadioButton->setChecked(true);
-    m_widget->m_pFaceDisplacementSlider->setValue(UsualDisplacement);
+    RenderingSettings defaults(m_settings->getFileName());
+    defaults.restoreDefaults();
+    showSettings(defaults);
 }
 
 void RenderingDialog::apply()
@@ -73,6 +73,7 @@ void RenderingDialog::apply()
         m_widget->m_pHardwareRadioButton->isChecked() ? Rendering::Hardware : Rendering::Software;
     m_settings->faceDisplacement = m_widget->m_pFaceDisplacementSlider->value();
     m_settings->wasAsked = true; // who has chosen here need not be asked any more
+    m_settings->isUnproven = false;
     m_settings->writeSettings();
     Q_EMIT applied();
 }

@@ -28,7 +28,7 @@ Q_SIGNALS:
     void applied();
 
 private:
-    void showSettings();
+    void showSettings(const RenderingSettings& settings);
     void showDefaults();
     void apply();
 

@@ -9,6 +9,7 @@ constexpr int GreatestDisplacement = 32;
 const QString hardwareKey = QStringLiteral("HardwareRendering");
 const QString displacementKey = QStringLiteral("FaceDisplacement");
 const QString askedKey = QStringLiteral("HardwareRenderingAsked");
+const QString unprovenKey = QStringLiteral("HardwareRenderingUnproven");
 
 } // namespace
 
@@ -21,6 +22,7 @@ void RenderingSettings::restoreDefaults()
     rendering = Rendering::Software;
     faceDisplacement = 2;
     wasAsked = false;
+    isUnproven = false;
 }
 
 void RenderingSettings::doReadSettings(QSettings& settings)
@@ -31,6 +33,7 @@ void RenderingSettings::doReadSettings(QSettings& settings)
     faceDisplacement =
         qBound(0, settings.value(displacementKey, faceDisplacement).toInt(), GreatestDisplacement);
     wasAsked = settings.value(askedKey, false).toBool();
+    isUnproven = settings.value(unprovenKey, false).toBool();
 }
 
 void RenderingSettings::doWriteSettings(QSettings& settings)
@@ -38,6 +41,7 @@ void RenderingSettings::doWriteSettings(QSettings& settings)
     settings.setValue(hardwareKey, rendering == Rendering::Hardware);
     settings.setValue(displacementKey, faceDisplacement);
     settings.setValue(askedKey, wasAsked);
+    settings.setValue(unprovenKey, isUnproven);
 }
 
 } // namespace cad

@@ -19,6 +19,10 @@ public:
     int faceDisplacement = 2;
     bool wasAsked = false; ///< whether the user has answered about hardware rendering
 
+    /// Hardware rendering has been switched on, and nothing has been drawn by it yet: where this
+    /// is found at a start, the program ended in between.
+    bool isUnproven = false;
+
 protected:
     void doReadSettings(QSettings& settings) override;
     void doWriteSettings(QSettings& settings) override;

@@ -1,0 +1,12 @@
+#ifndef DISPLAY_H
+#define DISPLAY_H
+
+/// The screen that windows come on.
+namespace Display {
+
+/// Whether there is one. Where there is none, Qt ends a program that asks for windows.
+bool exists();
+
+} // namespace Display
+
+#endif

@@ -1,0 +1,13 @@
+#include "Display.h"
+
+#include <QtGlobal>
+
+#include <algorithm>
+#include <iterator>
+
+bool Display::exists()
+{
+    constexpr const char* variables[] = {"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM"};
+    return std::any_of(std::begin(variables), std::end(variables),
+                       [](const char* name) { return !qEnvironmentVariableIsEmpty(name); });
+}

@@ -1,0 +1,36 @@
+#include "RecentMenu.h"
+
+#include "MainWindow.h"
+
+#include <common_recent_file_settings.h>
+
+#include <QDir>
+
+namespace cad {
+
+RecentMenu::RecentMenu(MainWindow* window, common_recent_file_settings* settings)
+    : QMenu(QStringLiteral("Open &recent"), window), m_window(window), m_settings(settings)
+{
+    setObjectName(QStringLiteral("recentMenu"));
+    connect(this, &QMenu::aboutToShow, this, &RecentMenu::list);
+    connect(window, &MainWindow::modelOpened, this,
+            [this](const QString& path) { m_settings->addRecentFile(path); });
+}
+
+void RecentMenu::list()
+{
+    clear();
+    const QStringList files = m_settings->recentFiles();
+    int number = 0;
+    for (const QString& file : files) {
+        QString shown = QDir::toNativeSeparators(file);
+        shown.replace(QLatin1Char('&'), QStringLiteral("&&"));
+        addAction(QStringLiteral("&%1 %2").arg(QString::number(++number), shown), m_window,
+                  [this, file] { m_window->openModel(file); });
+    }
+    if (files.isEmpty()) {
+        addAction(QStringLiteral("No recent files"))->setEnabled(false);
+    }
+}
+
+} // namespace cad

@@ -1,0 +1,30 @@
+#ifndef RECENTMENU_H
+#define RECENTMENU_H
+
+#include <QMenu>
+
+class common_recent_file_settings;
+
+namespace cad {
+
+class MainWindow;
+
+/// Opens the models of before again. What is opened becomes the newest of them.
+class RecentMenu : public QMenu
+{
+    Q_OBJECT
+
+public:
+    /// The window's; the settings are not the menu's and must live longer.
+    RecentMenu(MainWindow* window, common_recent_file_settings* settings);
+
+private:
+    void list();
+
+    MainWindow* m_window;
+    common_recent_file_settings* m_settings;
+};
+
+} // namespace cad
+
+#endif
