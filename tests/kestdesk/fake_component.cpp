@@ -14,7 +14,7 @@
 //   stubborn   waits with a child of its own, which both ignore the terminate request
 //   forgetful  waits to be terminated, and leaves a child of its own that ignores the request
 //   orphaning  when it is terminated, starts a child in a session of its own that stays, and ends
-//   tidy       the same, but the child makes MODEL.tidied after a third of a second, and ends
+//   clearing   the same, but the child makes MODEL.tidied after a third of a second, and ends
 #include <csignal>
 #include <cstdio>
 #include <cstdlib>
@@ -98,6 +98,9 @@ void waitToLeaveAChild(const char* file)
 {
     tidiedFile = file;
     std::signal(SIGTERM, leaveAChild);
+    wait(false, false);
+}
+
 void beTidy()
 {
     std::signal(SIGTERM, [](int signalNumber) { std::_Exit(128 + signalNumber); });
@@ -127,7 +130,7 @@ int main(int argc, char* argv[])
         {"stubborn", [] { wait(true, true); }},
         {"forgetful", [] { wait(true, false); }},
         {"orphaning", [] { waitToLeaveAChild(nullptr); }},
-        {"tidy", [] { waitToLeaveAChild("m.nec.tidied"); }},
+        {"clearing", [] { waitToLeaveAChild("m.nec.tidied"); }},
     };
     writeSeen(std::vector<std::string>(argv + 1, argv + argc));
     std::string word;

@@ -326,7 +326,7 @@ private Q_SLOTS:
     {
         QTest::addColumn<QString>("behaviour");
         QTest::addColumn<bool>("tidies");
-        QTest::newRow("ends by itself") << "tidy" << true;
+        QTest::newRow("ends by itself") << "clearing" << true;
         QTest::newRow("stays") << "orphaning" << false;
     }
 
