@@ -972,11 +972,11 @@ private Q_SLOTS:
             together.append(label->text());
         }
         QStringList keys = mnemonicsOf(together);
-        QCOMPARE(keys.size(), 12);
+        QCOMPARE(keys.size(), 13);
         QCOMPARE(keys.removeDuplicates(), 0);
 
         const QList<QAction*> menus = m_stage->window().menuBar()->actions();
-        QCOMPARE(menus.size(), 4);
+        QCOMPARE(menus.size(), 5);
         for (const QAction* const menu : menus) {
             QStringList ofMenu = mnemonicsOf(textsOfActions(menu->menu()->actions()));
             QVERIFY(!ofMenu.isEmpty());

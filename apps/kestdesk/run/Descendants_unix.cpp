@@ -3,6 +3,8 @@
 #include <QDir>
 #include <QFile>
 #include <QMultiHash>
+#include <QObject>
+#include <QTimer>
 #include <QVector>
 
 #include <csignal>
@@ -48,6 +50,23 @@ QVector<pid_t> descendants()
 void Descendants::adoptOrphans()
 {
     prctl(PR_SET_CHILD_SUBREAPER, 1);
+}
+
+// They lose their parent as soon as they are started, and must not be adopted then. A message that
+// is shown instead lets the others be adopted again.
+void Descendants::startApart(const std::function<void()>& start)
+{
+    int adopts = 0;
+    prctl(PR_GET_CHILD_SUBREAPER, &adopts);
+    if (adopts == 0) {
+        start();
+        return;
+    }
+    prctl(PR_SET_CHILD_SUBREAPER, 0);
+    const QObject meanwhile;
+    QTimer::singleShot(0, &meanwhile, &adoptOrphans);
+    start();
+    adoptOrphans();
 }
 
 bool Descendants::areAlive()

@@ -1,6 +1,7 @@
 #include "Descendants.h"
 
 #include <QMultiHash>
+#include <QSet>
 #include <QVector>
 
 #include <windows.h>
@@ -9,13 +10,15 @@
 
 namespace {
 
-QVector<DWORD> descendants()
+using Children = QMultiHash<DWORD, DWORD>; // by parent
+
+Children allChildren()
 {
     const HANDLE snapshot = CreateToolhelp32Snapshot(TH32CS_SNAPPROCESS, 0);
     if (snapshot == INVALID_HANDLE_VALUE) {
         return {};
     }
-    QMultiHash<DWORD, DWORD> children; // by parent
+    Children children;
     PROCESSENTRY32 entry = {};
     entry.dwSize = sizeof entry;
     for (BOOL more = Process32First(snapshot, &entry); more;
@@ -23,7 +26,25 @@ QVector<DWORD> descendants()
         children.insert(entry.th32ParentProcessID, entry.th32ProcessID);
     }
     CloseHandle(snapshot);
-    QVector<DWORD> result = QVector<DWORD>::fromList(children.values(GetCurrentProcessId()));
+    return children;
+}
+
+// Who outlives its parent keeps it by number.
+QSet<DWORD>& apart()
+{
+    static QSet<DWORD> processes;
+    return processes;
+}
+
+QVector<DWORD> descendants()
+{
+    const Children children = allChildren();
+    QVector<DWORD> result;
+    for (const DWORD child : children.values(GetCurrentProcessId())) {
+        if (!apart().contains(child)) {
+            result.append(child);
+        }
+    }
     for (int next = 0; next < result.size(); ++next) {
         result += QVector<DWORD>::fromList(children.values(result[next]));
     }
@@ -35,6 +56,18 @@ QVector<DWORD> descendants()
 // Windows has no such thing.
 void Descendants::adoptOrphans()
 {}
+
+void Descendants::startApart(const std::function<void()>& start)
+{
+    const QList<DWORD> before = allChildren().values(GetCurrentProcessId());
+    start();
+    const QList<DWORD> after = allChildren().values(GetCurrentProcessId());
+    for (const DWORD child : after) {
+        if (!before.contains(child)) {
+            apart().insert(child);
+        }
+    }
+}
 
 bool Descendants::areAlive()
 {

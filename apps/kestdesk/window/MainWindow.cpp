@@ -1,5 +1,6 @@
 #include "MainWindow.h"
 
+#include "ApplicationMenu.h"
 #include "Component.h"
 #include "Descendants.h"
 #include "HelpMenu.h"
@@ -25,6 +26,7 @@
 #include <QDir>
 #include <QFileDialog>
 #include <QFileInfo>
+#include <QHBoxLayout>
 #include <QHeaderView>
 #include <QLabel>
 #include <QMenuBar>
@@ -74,6 +76,7 @@ MainWindow::MainWindow()
     : m_settings(GET_SERVICE(common_IApplicationInfo)->userSettingsDirectory(), applicationName)
     , m_session(m_settings.getFullFilename())
     , m_runs(new RunTableModel(this))
+    , m_applications(new ApplicationMenu(this))
 {
     setObjectName(QStringLiteral("kestdeskWindow"));
     setWindowIcon(icon(applicationName));
@@ -82,6 +85,7 @@ MainWindow::MainWindow()
     makeFileMenu();
     makeRunMenu();
     makeOptionsMenu();
+    makeApplicationMenu();
     HelpMenu::addTo(*this, QStringLiteral("Runs the suite's solver components on models."));
     restoreSession();
     updateControls();
@@ -121,11 +125,21 @@ QWidget* MainWindow::makeRunListPart()
     auto* part = new QWidget(this);
     auto* layout = new QVBoxLayout(part);
     layout->setContentsMargins(0, 0, 0, 0);
-    auto* label = new QLabel(QStringLiteral("Runs of &this session:"), part);
-    layout->addWidget(label);
     layout->addWidget(makeRunList(), 1);
-    label->setBuddy(m_list);
+    layout->insertWidget(0, makeRunListHead());
     return part;
+}
+
+QWidget* MainWindow::makeRunListHead()
+{
+    auto* head = new QWidget(this);
+    auto* layout = new QHBoxLayout(head);
+    layout->setContentsMargins(0, 0, 0, 0);
+    auto* label = new QLabel(QStringLiteral("Runs of &this session:"), head);
+    label->setBuddy(m_list);
+    layout->addWidget(label, 1);
+    layout->addWidget(m_applications->makeResultsButton(head));
+    return head;
 }
 
 QWidget* MainWindow::makeRunList()
@@ -143,6 +157,7 @@ QWidget* MainWindow::makeRunList()
     m_list->horizontalHeader()->setSectionResizeMode(RunTableModel::ModelColumn,
                                                      QHeaderView::Stretch);
     m_list->horizontalHeader()->setHighlightSections(false);
+    m_list->setContextMenuPolicy(Qt::ActionsContextMenu);
     connect(m_list, &QTableView::activated, this, &MainWindow::showRun);
     connect(m_list->selectionModel(), &QItemSelectionModel::selectionChanged, this,
             &MainWindow::updateControls);
@@ -179,8 +194,9 @@ void MainWindow::makeRunMenu()
     m_farmOut->setCheckable(true);
     connect(m_farmOut, &QAction::toggled, this, &MainWindow::saveChoice);
     menu->addSeparator();
-    addAction(*menu, QStringLiteral("Show run's &window"), QStringLiteral("showRunAction"),
-              QKeySequence(QStringLiteral("Ctrl+Return")), &MainWindow::showRun);
+    m_list->addAction(addAction(*menu, QStringLiteral("Show run's &window"),
+                                QStringLiteral("showRunAction"),
+                                QKeySequence(QStringLiteral("Ctrl+Return")), &MainWindow::showRun));
     addAction(*menu, QStringLiteral("&Clear ended runs"), QStringLiteral("clearAction"),
               QKeySequence(), &MainWindow::removeEndedRuns);
 }
@@ -195,6 +211,14 @@ void MainWindow::makeOptionsMenu()
     addAction(*menu, QStringLiteral("&Machines file..."), QStringLiteral("machinesFileAction"),
               QKeySequence(), &MainWindow::editMachinesFile)
         ->setIcon(icon(QStringLiteral("machines")));
+}
+
+void MainWindow::makeApplicationMenu()
+{
+    menuBar()->addMenu(m_applications);
+    m_list->addAction(m_applications->resultsAction());
+    connect(m_applications, &QMenu::aboutToShow, this, &MainWindow::updateControls);
+    connect(m_applications, &ApplicationMenu::launched, m_outcome, &QLabel::setText);
 }
 
 QAction* MainWindow::addAction(QMenu& menu, const QString& text, const QString& name,
@@ -417,6 +441,7 @@ void MainWindow::updateControls()
     m_panel->setStopEnabled(isGoing);
     m_stopAction->setEnabled(isGoing);
     m_runAction->setEnabled(!m_panel->model().isEmpty());
+    m_applications->setTargets(m_panel->model(), selectedRun(), m_runs->runs());
     m_farmOut->setEnabled(m_panel->component().options.testFlag(common_RunWrapper::FarmOut));
 }
 

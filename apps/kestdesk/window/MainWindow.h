@@ -8,6 +8,7 @@
 
 #include <QMainWindow>
 
+class ApplicationMenu;
 class QAction;
 class QLabel;
 class QMenu;
@@ -47,9 +48,11 @@ private:
     void makeFileMenu();
     void makeRunMenu();
     void makeOptionsMenu();
+    void makeApplicationMenu();
     QAction* addAction(QMenu& menu, const QString& text, const QString& name,
                        const QKeySequence& shortcut, void (MainWindow::*slot)()) const;
     QWidget* makeRunListPart();
+    QWidget* makeRunListHead();
 
     void chooseModel();
     void listRecentFiles();
@@ -88,6 +91,7 @@ private:
     QAction* m_runAction = nullptr;
     QAction* m_stopAction = nullptr;
     QAction* m_farmOut = nullptr;
+    ApplicationMenu* m_applications;
     bool m_isToldOfLock = false;
     bool m_closing = false;
     bool m_hasStopped = false; // of stopped runs something may be left

@@ -1,5 +1,6 @@
 #include "WindowRun.h"
 
+#include "RunResults.h"
 #include "RunSetup.h"
 
 #include <common_CommonSettingsSet.h>
@@ -128,6 +129,9 @@ void WindowRun::onFailedProcessStarted(const QString& /*executable*/,
 
 void WindowRun::onProcessMessageReceived(const common_IProcessMessage& message)
 {
+    if (message.getType() == common_IProcessMessage::File) {
+        m_files.append(message.getText());
+    }
     if (message.getType() != common_IProcessMessage::TotalPercentage) {
         return;
     }
@@ -141,6 +145,7 @@ void WindowRun::onProcessMessageReceived(const common_IProcessMessage& message)
 void WindowRun::onProcessDone()
 {
     m_duration = m_clock.elapsed();
+    m_results = RunResults::tables(m_files, QFileInfo(m_model).absolutePath());
     const bool isValid = m_totalPercentage == complete && m_runner->normalExit();
     const bool isStopped = m_state == State::Stopping || isOfTerminated(m_runner->exitCode());
     setState(isValid ? State::Valid : isStopped ? State::Stopped : State::Fault);

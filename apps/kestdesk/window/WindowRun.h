@@ -48,6 +48,9 @@ public:
     /// The state in words.
     QString stateText() const;
 
+    /// The tables that the results viewer shows, once the component has ended.
+    QStringList results() const { return m_results; }
+
     void onProcessStarted(const QString& executable, const QStringList& arguments) override;
     void onFailedProcessStarted(const QString& executable, const QStringList& arguments,
                                 const QString& errorString) override;
@@ -71,6 +74,8 @@ private:
     QPointer<common_KestProcessDialog> m_dialog;
     State m_state = State::NotStarted;
     int m_totalPercentage = 0;
+    QStringList m_files; // that the component has told of
+    QStringList m_results;
     QElapsedTimer m_clock;
     qint64 m_duration = 0;
 };

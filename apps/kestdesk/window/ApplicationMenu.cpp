@@ -1,0 +1,211 @@
+#include "ApplicationMenu.h"
+
+#include "Console.h"
+#include "Descendants.h"
+#include "Installation.h"
+#include "WindowRun.h"
+
+#include <common_IIconUtility.h>
+#include <common_ServiceOf.h>
+#include <common_UserQuery.h>
+
+#include <QDir>
+#include <QFileInfo>
+#include <QPushButton>
+
+#include <algorithm>
+
+namespace {
+
+using Launcher = common_KestGuiLauncher;
+
+struct ActionRow
+{
+    const char* name;
+    const char* text;
+    const char* shortcut;
+    const char* icon;
+    const char* hint;
+};
+
+// clang-format off
+const ActionRow actionRows[] = {
+    {"viewModelAction",      "&View model",                 "F6",       "cadkest",  "Show the model's wires in cadkest"},
+    {"editModelAction",      "&Edit model",                 "F7",       "editkest", "Change the model in editkest"},
+    {"showResultsAction",    "Show &results",               "F8",       "postkest", "Show what the selected run has found in postkest"},
+    {"showAllResultsAction", "Show results of &all runs",   "Shift+F8", "result",   "Show what all runs of this session have found in postkest"},
+    {"consoleAction",        "Solver &console",             "F9",       nullptr,    "Open a shell in the model's folder that knows the solver components"},
+};
+// clang-format on
+
+const ActionRow& rowOf(const char* name)
+{
+    return *std::find_if(
+        std::begin(actionRows), std::end(actionRows),
+        [name](const ActionRow& row) { return QLatin1String(row.name) == QLatin1String(name); });
+}
+
+QStringList existing(const QStringList& files)
+{
+    QStringList result;
+    std::copy_if(files.begin(), files.end(), std::back_inserter(result),
+                 [](const QString& file) { return QFileInfo(file).isFile(); });
+    return result;
+}
+
+QStringList resultsOf(const WindowRun* run)
+{
+    return run == nullptr ? QStringList() : existing(run->results());
+}
+
+void complain(const QString& title, const QString& text, QWidget* window)
+{
+    common_UserQuery(title, text, common_UserQuery::Error, window, QString()).display();
+}
+
+// What is launched is not ended with the runs.
+template <typename Launch>
+bool isStarted(Launch launch)
+{
+    bool result = false;
+    Descendants::startApart([&] { result = launch(); });
+    return result;
+}
+
+QString nativeLines(const QStringList& files)
+{
+    return QDir::toNativeSeparators(files.join(QLatin1Char('\n')));
+}
+
+} // namespace
+
+ApplicationMenu::ApplicationMenu(QWidget* window)
+    : QMenu(QStringLiteral("&Applications"), window)
+    , m_window(window)
+    , m_viewModel(addLaunch("viewModelAction", &ApplicationMenu::viewModel))
+    , m_editModel(addLaunch("editModelAction", &ApplicationMenu::editModel))
+    , m_showResults(addLaunch("showResultsAction", &ApplicationMenu::showResults))
+    , m_showAllResults(addLaunch("showAllResultsAction", &ApplicationMenu::showAllResults))
+    , m_console(addLaunch("consoleAction", &ApplicationMenu::openConsole))
+{
+    setObjectName(QStringLiteral("applicationMenu"));
+    setToolTipsVisible(true);
+    insertSeparator(m_console);
+}
+
+QAction* ApplicationMenu::addLaunch(const char* name, void (ApplicationMenu::*slot)())
+{
+    const ActionRow& row = rowOf(name);
+    QAction* action = addAction(QLatin1String(row.text));
+    action->setObjectName(QLatin1String(row.name));
+    action->setShortcut(QKeySequence(QLatin1String(row.shortcut)));
+    action->setToolTip(QLatin1String(row.hint));
+    if (row.icon != nullptr) {
+        action->setIcon(GET_SERVICE(common_IIconUtility)->getIcon(QLatin1String(row.icon)));
+    }
+    connect(action, &QAction::triggered, this, slot);
+    return action;
+}
+
+QWidget* ApplicationMenu::makeResultsButton(QWidget* parent)
+{
+    auto* button = new QPushButton(m_showResults->icon(), QStringLiteral("Show resu&lts"), parent);
+    button->setObjectName(QStringLiteral("showResultsButton"));
+    button->setToolTip(m_showResults->toolTip());
+    button->setAccessibleDescription(m_showResults->toolTip());
+    connect(button, &QPushButton::clicked, m_showResults, &QAction::trigger);
+    connect(m_showResults, &QAction::changed, button,
+            [this, button] { button->setEnabled(m_showResults->isEnabled()); });
+    return button;
+}
+
+void ApplicationMenu::setTargets(const QString& model, const WindowRun* selected,
+                                 const QVector<WindowRun*>& runs)
+{
+    m_model = model;
+    m_results = resultsOf(selected);
+    m_allResults.clear();
+    for (const WindowRun* run : runs) {
+        m_allResults += resultsOf(run);
+    }
+    m_allResults.removeDuplicates(); // of runs of one model
+    m_viewModel->setEnabled(!m_model.isEmpty());
+    m_editModel->setEnabled(!m_model.isEmpty());
+    m_showResults->setEnabled(!m_results.isEmpty());
+    m_showAllResults->setEnabled(!m_allResults.isEmpty());
+    m_console->setEnabled(Console::exists());
+}
+
+void ApplicationMenu::viewModel()
+{
+    launchOnModel(Launcher::CadKest);
+}
+
+void ApplicationMenu::editModel()
+{
+    launchOnModel(Launcher::EditKest);
+}
+
+void ApplicationMenu::showResults()
+{
+    launchOnResults(m_results);
+}
+
+void ApplicationMenu::showAllResults()
+{
+    launchOnResults(m_allResults);
+}
+
+void ApplicationMenu::openConsole()
+{
+    const QString modelFolder = QFileInfo(m_model).absolutePath();
+    const bool hasFolder = !m_model.isEmpty() && QFileInfo(modelFolder).isDir();
+    const QString folder = hasFolder ? modelFolder : QDir::homePath();
+    const Console console = Console::finding(Installation::directory() + QStringLiteral("/bin"));
+    if (isStarted([&] {
+            return Launcher::launchKestConsole(m_window, console.program, console.arguments,
+                                               folder);
+        })) {
+        Q_EMIT launched(
+            QStringLiteral("Opening a console in %1").arg(QDir::toNativeSeparators(folder)));
+    }
+}
+
+void ApplicationMenu::launchOnModel(Application application)
+{
+    const QFileInfo model(m_model);
+    if (!model.isFile() || !model.isReadable()) {
+        complain(QStringLiteral("Model not opened"),
+                 QStringLiteral("There is no model that can be read at\n%1.")
+                     .arg(QDir::toNativeSeparators(m_model)),
+                 m_window);
+        return;
+    }
+    launch(application, {model.absoluteFilePath()});
+}
+
+void ApplicationMenu::launchOnResults(const QStringList& results)
+{
+    const QStringList files = existing(results);
+    if (files.isEmpty()) {
+        complain(QStringLiteral("No results"),
+                 QStringLiteral("These results are no longer there:\n%1").arg(nativeLines(results)),
+                 m_window);
+        return;
+    }
+    launch(Launcher::PostKest, files);
+}
+
+// In the folder of the first file.
+void ApplicationMenu::launch(Application application, const QStringList& files)
+{
+    const QFileInfo first(files.constFirst());
+    if (isStarted(
+            [&] { return Launcher::launch(m_window, application, files, first.absolutePath()); })) {
+        const QFileInfo program(Launcher::getExecutableString(application));
+        Q_EMIT launched(QStringLiteral("Opening %1 in %2")
+                            .arg(files.size() == 1 ? first.fileName()
+                                                   : QStringLiteral("%1 results").arg(files.size()),
+                                 program.baseName()));
+    }
+}

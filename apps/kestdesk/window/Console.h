@@ -1,0 +1,19 @@
+#ifndef CONSOLE_H
+#define CONSOLE_H
+
+#include <QStringList>
+
+/// The console in which components are called by hand.
+struct Console
+{
+    QString program; ///< the user's shell, or what starts it
+    QStringList arguments;
+
+    /// A shell that finds the programs of a folder by their names.
+    static Console finding(const QString& folder);
+
+    /// Whether there is something to show a console in.
+    static bool exists();
+};
+
+#endif

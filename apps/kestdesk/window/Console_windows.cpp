@@ -1,0 +1,15 @@
+#include "Console.h"
+
+#include <QDir>
+
+Console Console::finding(const QString& folder)
+{
+    return {qEnvironmentVariable("COMSPEC"),
+            {QStringLiteral("/K"),
+             QStringLiteral("set PATH=%1;%PATH%").arg(QDir::toNativeSeparators(folder))}};
+}
+
+bool Console::exists()
+{
+    return true;
+}

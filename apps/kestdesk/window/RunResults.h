@@ -1,0 +1,15 @@
+#ifndef RUNRESULTS_H
+#define RUNRESULTS_H
+
+#include <QStringList>
+
+/// What runs leave for the results viewer.
+namespace RunResults {
+
+/// The tables over frequency (CSV) among the files that a component has told of, each once, as
+/// absolute paths. Relative ones are those of the folder.
+QStringList tables(const QStringList& files, const QString& folder);
+
+} // namespace RunResults
+
+#endif
