@@ -53,8 +53,9 @@ MachinesFile MachinesFile::read(const QString& fileName)
     const QString error = open(file);
     if (!error.isEmpty()) {
         result.add(0, Severity::Error, {},
-                   QFileInfo(fileName).isFile() ? QStringLiteral("it cannot be read: %1").arg(error)
-                                                : error);
+                   file.error() != QFile::NoError
+                       ? QStringLiteral("it cannot be read: %1").arg(error)
+                       : error);
         return result;
     }
     result = parsed(file.readAll());
