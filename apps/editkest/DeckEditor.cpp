@@ -51,6 +51,12 @@ DeckEditor::DeckEditor(QWidget* parent) : QPlainTextEdit(parent), m_margin(new F
     markCurrentLine();
 }
 
+// As plain text, a document would give blanks for what is like them.
+QString DeckEditor::deck() const
+{
+    return document()->toRawText().replace(QChar(QChar::ParagraphSeparator), QLatin1Char('\n'));
+}
+
 void DeckEditor::setFindings(const QVector<suite::Finding>& findings)
 {
     m_findings.clear();

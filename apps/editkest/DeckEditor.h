@@ -16,6 +16,9 @@ class DeckEditor : public QPlainTextEdit
 public:
     explicit DeckEditor(QWidget* parent = nullptr);
 
+    /// The text, with every character as it was given; lines end in a line feed.
+    QString deck() const;
+
     /// Shows these findings in the margin until the next ones come.
     void setFindings(const QVector<suite::Finding>& findings);
 

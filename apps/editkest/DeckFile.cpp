@@ -6,6 +6,8 @@
 #include <QSaveFile>
 #include <QTextCodec>
 
+#include <algorithm>
+
 namespace {
 
 constexpr qint64 largestDeck = 16 << 20; // bytes
@@ -19,26 +21,53 @@ bool isUtf8(const QByteArray& bytes)
     return state.invalidChars == 0 && state.remainingChars == 0;
 }
 
-// An editor would turn these into line breaks, or cut the text.
-bool hasForeignControls(const QByteArray& bytes)
+// An editor takes these for line breaks, and could not tell later what they were.
+const QChar lineBreakers[] = {QChar(QChar::ParagraphSeparator), QChar(0xfdd0), QChar(0xfdd1)};
+
+// Stands for a carriage return that is no part of how all lines end: the user sees it, and may
+// delete it.
+const QChar shownReturn(0x21b5);
+
+// Where this holds, a line feed alone stands for both.
+bool isWindowsText(const QByteArray& bytes)
 {
-    return bytes.contains('\0') || QByteArray(bytes).replace("\r\n", "\n").contains('\r');
+    const int pairs = bytes.count("\r\n");
+    return pairs > 0 && pairs == bytes.count('\n') && pairs == bytes.count('\r');
 }
 
-bool hasMixedLineEnds(const QByteArray& bytes)
+// A write that ends early does not tell why; the next one does.
+bool writeAll(QIODevice& file, const QByteArray& bytes)
 {
-    const int all = bytes.count('\n');
-    const int windows = bytes.count("\r\n");
-    return windows != 0 && windows != all;
+    const qint64 written = file.write(bytes);
+    const QByteArray rest = bytes.mid(static_cast<int>(std::max<qint64>(written, 0)));
+    return rest.isEmpty() || (written >= 0 && file.write(rest) == rest.size());
+}
+
+bool isLatin1(const QString& text, QChar exception)
+{
+    return std::all_of(text.begin(), text.end(), [exception](QChar character) {
+        return character.unicode() <= 0xff || character == exception;
+    });
+}
+
+bool canBeShown(const QString& text)
+{
+    return !text.contains(QChar(QChar::Null)) &&
+           std::none_of(std::begin(lineBreakers), std::end(lineBreakers),
+                        [&text](QChar breaker) { return text.contains(breaker); });
 }
 
 } // namespace
 
 bool DeckFile::load(const QString& path)
 {
+    const QFileInfo info(path);
     QFile file(path);
-    if (QFileInfo(path).isDir()) {
+    if (info.isDir()) {
         return fail(QStringLiteral("it is a folder"));
+    }
+    if (info.exists() && !info.isFile()) {
+        return fail(QStringLiteral("it is no ordinary file")); // to read it might never end
     }
     if (!file.open(QIODevice::ReadOnly)) {
         return fail(file.errorString());
@@ -47,13 +76,9 @@ bool DeckFile::load(const QString& path)
     if (bytes.size() > largestDeck) {
         return fail(QStringLiteral("it is larger than a deck can be"));
     }
-    if (hasForeignControls(bytes)) {
-        return fail(QStringLiteral("it holds bytes that are no text"));
+    if (!decode(bytes)) {
+        return fail(QStringLiteral("it holds characters that are no text"));
     }
-    if (hasMixedLineEnds(bytes)) {
-        return fail(QStringLiteral("some of its lines end as on Windows and others do not"));
-    }
-    decode(bytes);
     m_path = path;
     m_fingerprint = fingerprint(path);
     m_error.clear();
@@ -62,12 +87,17 @@ bool DeckFile::load(const QString& path)
 
 bool DeckFile::save(const QString& path, const QString& text)
 {
-    if (m_encoding == Encoding::Latin1 && QString::fromLatin1(text.toLatin1()) != text) {
+    if (m_form.encoding == Encoding::Latin1 &&
+        !isLatin1(text, m_form.hasShownReturns ? shownReturn : QChar())) {
         return fail(QStringLiteral("it holds characters that the file's encoding (Latin-1) lacks"));
+    }
+    const QFileInfo old(path);
+    if (old.exists() && !old.isFile()) {
+        return fail(QStringLiteral("it is no ordinary file"));
     }
     const QByteArray content = bytes(text);
     QSaveFile file(path);
-    if (!file.open(QIODevice::WriteOnly) || file.write(content) != content.size() ||
+    if (!file.open(QIODevice::WriteOnly | QIODevice::Unbuffered) || !writeAll(file, content) ||
         !file.commit()) {
         return fail(file.errorString());
     }
@@ -85,8 +115,19 @@ bool DeckFile::isChangedOutside() const
 
 QByteArray DeckFile::bytes(const QString& text) const
 {
-    QByteArray result = m_encoding == Encoding::Utf8 ? text.toUtf8() : text.toLatin1();
-    return m_mark + (m_lineEnd == "\n" ? result : result.replace("\n", m_lineEnd));
+    return encoded(m_form, text);
+}
+
+QByteArray DeckFile::encoded(const Form& form, const QString& text)
+{
+    QString content = text;
+    if (form.lineEnd == "\r\n") {
+        content.replace(QLatin1Char('\n'), QLatin1String("\r\n"));
+    }
+    if (form.hasShownReturns) {
+        content.replace(shownReturn, QLatin1Char('\r'));
+    }
+    return form.mark + (form.encoding == Encoding::Utf8 ? content.toUtf8() : content.toLatin1());
 }
 
 bool DeckFile::fail(const QString& reason)
@@ -95,13 +136,27 @@ bool DeckFile::fail(const QString& reason)
     return false;
 }
 
-void DeckFile::decode(const QByteArray& bytes)
+bool DeckFile::decode(const QByteArray& bytes)
 {
-    m_encoding = isUtf8(bytes) ? Encoding::Utf8 : Encoding::Latin1;
-    m_lineEnd = bytes.contains("\r\n") ? QByteArrayLiteral("\r\n") : QByteArrayLiteral("\n");
-    m_mark = bytes.startsWith(byteOrderMark) ? byteOrderMark : QByteArray();
-    const QByteArray plain = bytes.mid(m_mark.size()).replace("\r\n", "\n");
-    m_text = m_encoding == Encoding::Utf8 ? QString::fromUtf8(plain) : QString::fromLatin1(plain);
+    Form form;
+    form.encoding = isUtf8(bytes) ? Encoding::Utf8 : Encoding::Latin1;
+    form.mark = bytes.startsWith(byteOrderMark) ? byteOrderMark : QByteArray();
+    form.lineEnd = isWindowsText(bytes) ? QByteArrayLiteral("\r\n") : QByteArrayLiteral("\n");
+    form.hasShownReturns = form.lineEnd == "\n" && bytes.contains('\r');
+    const QByteArray plain = bytes.mid(form.mark.size());
+    QString text =
+        form.encoding == Encoding::Utf8 ? QString::fromUtf8(plain) : QString::fromLatin1(plain);
+    if (form.hasShownReturns) {
+        text.replace(QLatin1Char('\r'), shownReturn);
+    } else {
+        text.remove(QLatin1Char('\r'));
+    }
+    if (!canBeShown(text) || encoded(form, text) != bytes) {
+        return false;
+    }
+    m_form = form;
+    m_text = text;
+    return true;
 }
 
 QByteArray DeckFile::fingerprint(const QString& path)

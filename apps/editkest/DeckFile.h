@@ -21,7 +21,8 @@ public:
     /// The bytes that save() would write.
     QByteArray bytes(const QString& text) const;
 
-    /// Lines end in a line feed.
+    /// Lines end in a line feed. Where only some lines of the file end as on Windows, a carriage
+    /// return is shown as "\u21b5", and becomes one again when the text is written.
     QString text() const { return m_text; }
 
     QString path() const { return m_path; }
@@ -30,17 +31,25 @@ public:
 private:
     enum class Encoding { Utf8, Latin1 };
 
+    // How the text stands in the file.
+    struct Form
+    {
+        Encoding encoding = Encoding::Utf8;
+        QByteArray mark; // in front of the text: the byte order mark, or nothing
+        QByteArray lineEnd = QByteArrayLiteral("\n");
+        bool hasShownReturns = false; // some carriage returns are no line ends, and are shown
+    };
+
     bool fail(const QString& reason);
-    void decode(const QByteArray& bytes);
+    bool decode(const QByteArray& bytes);
+    static QByteArray encoded(const Form& form, const QString& text);
     static QByteArray fingerprint(const QString& path);
 
     QString m_path;
     QString m_text;
     QString m_error;
     QByteArray m_fingerprint;
-    Encoding m_encoding = Encoding::Utf8;
-    QByteArray m_mark; // in front of the text: the byte order mark, or nothing
-    QByteArray m_lineEnd = QByteArrayLiteral("\n");
+    Form m_form;
 };
 
 #endif

@@ -12,6 +12,8 @@
 #include <common_UserQuery.h>
 #include <common_recent_file_settings.h>
 
+#include <ModelFile.h>
+
 #include <QAction>
 #include <QCloseEvent>
 #include <QDir>
@@ -98,6 +100,8 @@ void EditorWindow::makeContent()
     m_findings = new QListWidget(this);
     m_findings->setObjectName(QStringLiteral("findingList"));
     m_findings->setAccessibleName(QStringLiteral("Findings"));
+    const int side = m_findings->fontMetrics().height();
+    m_findings->setIconSize(QSize(side, side));
     auto* dock = new QDockWidget(QStringLiteral("Findings"), this);
     dock->setObjectName(QStringLiteral("findingDock"));
     dock->setFeatures(QDockWidget::DockWidgetMovable);
@@ -107,7 +111,7 @@ void EditorWindow::makeContent()
     m_summary->setObjectName(QStringLiteral("summary"));
     statusBar()->addPermanentWidget(m_summary);
     connect(m_editor, &QPlainTextEdit::textChanged, this,
-            [this] { m_check->request(m_file.bytes(m_editor->toPlainText())); });
+            [this] { m_check->request(m_file.bytes(m_editor->deck())); });
     connect(m_editor->document(), &QTextDocument::modificationChanged, this,
             &EditorWindow::updateTitle);
     connect(m_check, &DeckCheck::checked, this, &EditorWindow::showFindings);
@@ -127,7 +131,8 @@ void EditorWindow::makeFileMenu()
     saveAction->setShortcut(QKeySequence::Save);
     connect(saveAction, &QAction::triggered, this, &EditorWindow::save);
     menu->addAction(QStringLiteral("Save &as..."), this, &EditorWindow::saveAs,
-                    QKeySequence(QStringLiteral("Ctrl+Shift+S")));
+                    QKeySequence(QStringLiteral("Ctrl+Shift+S")))
+        ->setObjectName(QStringLiteral("saveAsAction"));
     menu->addSeparator();
     menu->addAction(QStringLiteral("&Quit"), this, &QWidget::close,
                     QKeySequence(QStringLiteral("Ctrl+Q")));
@@ -136,8 +141,10 @@ void EditorWindow::makeFileMenu()
 void EditorWindow::makeEditMenu()
 {
     QMenu* menu = menuBar()->addMenu(QStringLiteral("&Edit"));
-    menu->addAction(QStringLiteral("&Undo"), m_editor, &QPlainTextEdit::undo, QKeySequence::Undo);
-    menu->addAction(QStringLiteral("&Redo"), m_editor, &QPlainTextEdit::redo, QKeySequence::Redo);
+    menu->addAction(QStringLiteral("&Undo"), m_editor, &QPlainTextEdit::undo, QKeySequence::Undo)
+        ->setObjectName(QStringLiteral("undoAction"));
+    menu->addAction(QStringLiteral("&Redo"), m_editor, &QPlainTextEdit::redo, QKeySequence::Redo)
+        ->setObjectName(QStringLiteral("redoAction"));
     menu->addSeparator();
     QAction* next =
         menu->addAction(QStringLiteral("&Next finding"), this, &EditorWindow::goToNextFinding,
@@ -170,7 +177,7 @@ bool EditorWindow::openDeck(const QString& path)
     if (!mayDiscard()) {
         return false;
     }
-    const QString absolute = QFileInfo(path).absoluteFilePath();
+    const QString absolute = suite::ModelFile(path).path();
     if (!m_file.load(absolute)) {
         common_UserQuery(QStringLiteral("Model not opened"),
                          QStringLiteral("%1\ncannot be edited: %2.")
@@ -207,7 +214,7 @@ void EditorWindow::saveAs()
 
 bool EditorWindow::saveTo(const QString& path)
 {
-    if (!m_file.save(path, m_editor->toPlainText())) {
+    if (!m_file.save(path, m_editor->deck())) {
         common_UserQuery(QStringLiteral("Model not saved"),
                          QStringLiteral("%1\ncannot be written: %2.")
                              .arg(QDir::toNativeSeparators(path), m_file.error()),
@@ -295,7 +302,8 @@ bool EditorWindow::mayOverwrite()
 
 void EditorWindow::updateTitle()
 {
-    const QString name = QFileInfo(m_file.path()).fileName();
+    QString name = QFileInfo(m_file.path()).fileName();
+    name.replace(QLatin1String("[*]"), QLatin1String("[*][*]")); // Qt's sign for changes
     setWindowTitle((name.isEmpty() ? QStringLiteral("New model") : name) +
                    QStringLiteral("[*] - editkest"));
     setWindowModified(m_editor->document()->isModified());

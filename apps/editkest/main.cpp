@@ -96,7 +96,12 @@ int main(int argc, char* argv[])
                             isBatch);
     QCommandLineParser parser;
     addOptions(parser);
-    parser.process(application);
+    if (!parser.parse(QCoreApplication::arguments())) {
+        std::fprintf(stderr, "editkest: %s\nTry \"editkest --help\".\n",
+                     qPrintable(parser.errorText()));
+        return exitBadCommandLine;
+    }
+    parser.process(application); // the help and the version
     return parser.isSet(QStringLiteral("non-interactive"))
                ? checkAll(parser.positionalArguments())
                : showWindow(parser.positionalArguments());

@@ -4,11 +4,13 @@
 
 #include <QBuffer>
 #include <QFileInfo>
+#include <QLocale>
 #include <QPainter>
 #include <QPixmap>
 #include <QSaveFile>
 #include <QSvgGenerator>
 
+#include <algorithm>
 #include <cmath>
 
 namespace {
@@ -45,7 +47,8 @@ QByteArray quoted(const QString& name)
 
 QByteArray cell(double value)
 {
-    return std::isnan(value) ? QByteArray() : QByteArray::number(value, 'g', 10);
+    return std::isnan(value) ? QByteArray()
+                             : QByteArray::number(value, 'g', QLocale::FloatingPointShortest);
 }
 
 // clang-format off
@@ -56,10 +59,33 @@ const struct { const char* suffix; QByteArray (*make)(ResultView& view, const QV
 };
 // clang-format on
 
+// Through whatever links lead to it; empty when there is no such file.
+bool isOneOf(const QString& path, const QVector<Result>& results)
+{
+    const QString file = QFileInfo(path).canonicalFilePath();
+    return !file.isEmpty() &&
+           std::any_of(results.begin(), results.end(), [&file](const Result& result) {
+               return QFileInfo(result.path).canonicalFilePath() == file;
+           });
+}
+
+// A write that ends early does not tell why; the next one does.
+bool writeAll(QIODevice& file, const QByteArray& bytes)
+{
+    const qint64 written = file.write(bytes);
+    const QByteArray rest = bytes.mid(static_cast<int>(std::max<qint64>(written, 0)));
+    return rest.isEmpty() || (written >= 0 && file.write(rest) == rest.size());
+}
+
 QString save(const QString& path, const QByteArray& bytes)
 {
+    const QFileInfo old(path);
+    if (old.exists() && !old.isFile()) {
+        return QStringLiteral("%1 cannot be written: it is no ordinary file").arg(path);
+    }
     QSaveFile file(path);
-    if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size() || !file.commit()) {
+    if (!file.open(QIODevice::WriteOnly | QIODevice::Unbuffered) || !writeAll(file, bytes) ||
+        !file.commit()) {
         return QStringLiteral("%1 cannot be written: %2").arg(path, file.errorString());
     }
     return QString();
@@ -69,6 +95,9 @@ QString save(const QString& path, const QByteArray& bytes)
 
 QString Export::write(const QString& path, ResultView& view, const QVector<Result>& results)
 {
+    if (isOneOf(path, results)) {
+        return QStringLiteral("%1 is a result that is shown: it is not overwritten").arg(path);
+    }
     const QString suffix = QFileInfo(path).suffix().toLower();
     for (const auto& format : formats) {
         if (suffix == QLatin1String(format.suffix)) {

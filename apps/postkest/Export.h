@@ -11,7 +11,7 @@ class ResultView;
 namespace Export {
 
 /// By the file's suffix: png and svg are pictures of the charts, csv is a table of all results.
-/// Returns why it could not be written; empty when it was.
+/// None of the results is overwritten. Returns why it could not be written; empty when it was.
 QString write(const QString& path, ResultView& view, const QVector<Result>& results);
 
 /// The table of all results: the columns of a run's table behind the result's name.

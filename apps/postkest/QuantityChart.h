@@ -35,6 +35,12 @@ public:
     /// Puts the line at a frequency, or hides it.
     void mark(std::optional<double> frequency);
 
+    /// The room that the labels beside the plot take, in pixels.
+    double labelRoom() const { return m_labelRoom; }
+
+    /// Makes the plot begin behind so much room: those of several charts stand below each other.
+    void setLabelRoom(double room);
+
     /// Whether the frequencies are named below the chart, as in the last of several.
     void setFrequencyTitle(bool isShown);
 
@@ -48,15 +54,23 @@ Q_SIGNALS:
     /// The pointer moved to a frequency, or away.
     void pointed(std::optional<double> frequency);
 
+    /// The plot has another place or size.
+    void laidOut();
+
 protected:
     void mouseMoveEvent(QMouseEvent* event) override;
     void leaveEvent(QEvent* event) override;
+    void changeEvent(QEvent* event) override;
 
 private:
     void makeAxes();
+    void applyColours();
     void addCurves(const Result& result, const QColor& colour);
     void addCurve(const QVector<QPointF>& points, const QColor& colour, const QString& name);
-    void scale(const QVector<Result>& results, FrequencyWindow window);
+    void scaleFrequencies(FrequencyWindow window);
+    void scaleValues(const QVector<Result>& results);
+    void scaleRatios(double highest);
+    void noteLayout();
     void placeMark();
 
     Quantity m_quantity;
@@ -64,6 +78,7 @@ private:
     QtCharts::QValueAxis* m_valueAxis = nullptr;
     QGraphicsLineItem* m_mark = nullptr;
     std::optional<double> m_marked;
+    double m_labelRoom = 0;
 };
 
 #endif

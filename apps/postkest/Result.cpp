@@ -12,7 +12,9 @@ namespace {
 
 const QByteArray header = QByteArrayLiteral("frequency_MHz,resistance_ohm,reactance_ohm,swr");
 constexpr qint64 largestTable = 64 << 20; // bytes
+constexpr double highestFrequency = 1e12; // MHz
 constexpr int cellCount = quantityCount + 1;
+const QByteArray byteOrderMark = QByteArrayLiteral("\xef\xbb\xbf");
 
 QString excerpt(const QByteArray& line)
 {
@@ -40,7 +42,7 @@ bool readPoint(const QByteArray& line, ResultPoint& point)
     }
     bool isFrequency = false;
     point.frequency = cells.first().toDouble(&isFrequency);
-    bool isGood = isFrequency && std::isfinite(point.frequency);
+    bool isGood = isFrequency && point.frequency > 0 && point.frequency <= highestFrequency;
     for (int i = 0; i < quantityCount; ++i) {
         isGood = readCell(cells.at(i + 1).trimmed(), point.values[i]) && isGood;
     }
@@ -66,8 +68,12 @@ Result Result::read(const QString& path)
     const QFileInfo info(path);
     QFile file(path);
     Result result;
-    if (info.isDir()) {
+    if (path.isEmpty()) {
+        result = failed(QStringLiteral("no file is named"));
+    } else if (info.isDir()) {
         result = failed(QStringLiteral("it is a folder"));
+    } else if (info.exists() && !info.isFile()) {
+        result = failed(QStringLiteral("it is no ordinary file")); // to read it might never end
     } else if (!file.open(QIODevice::ReadOnly)) {
         result = failed(file.errorString());
     } else if (file.size() > largestTable) {
@@ -82,6 +88,9 @@ Result Result::read(const QString& path)
 Result Result::parsed(const QByteArray& bytes)
 {
     QList<QByteArray> lines = bytes.split('\n');
+    if (lines.first().startsWith(byteOrderMark)) {
+        lines.first().remove(0, byteOrderMark.size());
+    }
     if (lines.takeFirst().trimmed() != header) {
         return failed(QStringLiteral("it is no table of results, its first line should be \"%1\"")
                           .arg(QString::fromLatin1(header)));

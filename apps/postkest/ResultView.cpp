@@ -1,15 +1,24 @@
 #include "ResultView.h"
 
+#include <QCoreApplication>
 #include <QKeyEvent>
 #include <QLabel>
+#include <QScrollArea>
+#include <QTimer>
 #include <QVBoxLayout>
 
 #include <algorithm>
+#include <cmath>
 
 namespace {
 
 const QString nothingPointed =
     QStringLiteral("Point at a chart, or use the arrow keys, to read values.");
+const QString nothingShown =
+    QStringLiteral("Open results of runs (Ctrl+O), or drop them on this window.");
+constexpr double longNumber = 1e9; // is shown with its power of ten
+constexpr int mostReadoutLines = 8;
+constexpr double leastWindow = 1e-6; // of a frequency: a smaller one has no numbers for its labels
 
 FrequencyWindow windowOf(const QVector<Result>& results)
 {
@@ -21,9 +30,9 @@ FrequencyWindow windowOf(const QVector<Result>& results)
         window.lowest = std::min(window.lowest, result.points.first().frequency);
         window.highest = std::max(window.highest, result.points.last().frequency);
     }
-    if (window.lowest == window.highest) {
-        window.lowest -= 1;
-        window.highest += 1;
+    if (window.highest - window.lowest < leastWindow * window.highest) {
+        const double middle = window.lowest;
+        window = {middle * 0.99, middle * 1.01};
     }
     return window;
 }
@@ -31,7 +40,11 @@ FrequencyWindow windowOf(const QVector<Result>& results)
 QString number(const Result& result, double frequency, Quantity quantity, int decimals)
 {
     const std::optional<double> value = result.valueAt(frequency, quantity);
-    return value ? QString::number(*value, 'f', decimals) : QStringLiteral("-");
+    if (!value) {
+        return QStringLiteral("-");
+    }
+    const bool isLong = std::abs(*value) >= longNumber;
+    return isLong ? QString::number(*value, 'g') : QString::number(*value, 'f', decimals);
 }
 
 } // namespace
@@ -43,37 +56,119 @@ ResultView::ResultView(QWidget* parent) : QWidget(parent)
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(0);
+    makeCharts();
+    makeReadout();
+    layout->addWidget(m_chartArea, 1);
+    layout->addWidget(m_readoutArea);
+    setResults({});
+}
+
+void ResultView::makeCharts()
+{
     m_chartArea = new QWidget(this);
     m_chartArea->setBackgroundRole(QPalette::Base);
     m_chartArea->setAutoFillBackground(true);
-    layout->addWidget(m_chartArea, 1);
-    auto* charts = new QVBoxLayout(m_chartArea);
-    charts->setContentsMargins(0, 0, 0, 0);
-    charts->setSpacing(0);
+    auto* layout = new QVBoxLayout(m_chartArea);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(0);
+    m_legend = new QLabel(m_chartArea);
+    m_legend->setObjectName(QStringLiteral("legend"));
+    m_legend->setForegroundRole(QPalette::Text);
+    m_legend->setTextFormat(Qt::RichText);
+    m_legend->setAlignment(Qt::AlignCenter);
+    m_legend->setWordWrap(true);
+    m_legend->setMargin(4);
+    layout->addWidget(m_legend);
     for (int i = 0; i < quantityCount; ++i) {
         auto* chart = new QuantityChart(static_cast<Quantity>(i), m_chartArea);
         connect(chart, &QuantityChart::pointed, this, &ResultView::point);
-        charts->addWidget(chart, 1);
+        connect(chart, &QuantityChart::laidOut, this, &ResultView::align);
+        layout->addWidget(chart, 1);
         m_charts.append(chart);
     }
     m_charts.last()->setFrequencyTitle(true);
-    m_readout = new QLabel(nothingPointed, this);
+}
+
+void ResultView::makeReadout()
+{
+    m_readout = new QLabel(this);
     m_readout->setObjectName(QStringLiteral("readout"));
     m_readout->setTextFormat(Qt::RichText);
+    m_readout->setAlignment(Qt::AlignTop | Qt::AlignLeft);
     m_readout->setMargin(4);
-    layout->addWidget(m_readout);
+    m_readoutArea = new QScrollArea(this);
+    m_readoutArea->setFrameShape(QFrame::NoFrame);
+    m_readoutArea->setFocusPolicy(Qt::NoFocus);
+    m_readoutArea->setWidgetResizable(true);
+    m_readoutArea->setWidget(m_readout);
 }
 
 void ResultView::setResults(const QVector<Result>& results)
 {
-    m_results.clear();
-    std::copy_if(results.begin(), results.end(), std::back_inserter(m_results),
+    QVector<Result> shown;
+    std::copy_if(results.begin(), results.end(), std::back_inserter(shown),
                  [](const Result& result) { return result.error.isEmpty(); });
+    m_results = shown;
     m_window = windowOf(m_results);
+    m_legend->setText(legend());
+    m_legend->setVisible(!m_results.isEmpty());
     for (QuantityChart* chart : qAsConst(m_charts)) {
         chart->show(m_results, m_window);
     }
     point(m_pointed);
+    reserveReadout();
+}
+
+// Pointing at a chart must not change its height; many results are to be scrolled.
+void ResultView::reserveReadout()
+{
+    m_readout->setText(m_results.isEmpty() ? nothingShown : readout(0));
+    const int mostHeight = mostReadoutLines * fontMetrics().lineSpacing();
+    m_readoutArea->setFixedHeight(std::min(m_readout->sizeHint().height(), mostHeight));
+    showReadout();
+}
+
+void ResultView::showReadout()
+{
+    if (m_results.isEmpty()) {
+        m_readout->setText(nothingShown);
+    } else {
+        m_readout->setText(m_pointed ? readout(*m_pointed) : nothingPointed);
+    }
+}
+
+void ResultView::layOut(const QSize& size)
+{
+    m_readoutArea->hide();
+    resize(size);
+    static_cast<void>(grab());            // sizes for all, as if they were shown
+    QCoreApplication::sendPostedEvents(); // and what follows from them
+}
+
+// The labels of one chart are wider than those of another. Whole pixels are drawn at the same place
+// in all charts; halves are rounded here up and there down.
+void ResultView::align()
+{
+    constexpr double noise = 1e-6; // of adding and subtracting margins
+    double room = 0;
+    for (const QuantityChart* chart : qAsConst(m_charts)) {
+        room = std::max(room, chart->labelRoom());
+    }
+    for (QuantityChart* chart : qAsConst(m_charts)) {
+        chart->setLabelRoom(std::ceil(room - noise));
+    }
+}
+
+QString ResultView::legend() const
+{
+    QString text;
+    for (int place = 0; place < m_results.size(); ++place) {
+        text += QStringLiteral("<font color=\"%1\">\u25a0</font>&nbsp;").arg(colour(place).name()) +
+                m_results.at(place).name().toHtmlEscaped().replace(QLatin1Char(' '),
+                                                                   QStringLiteral("&nbsp;")) +
+                QStringLiteral("&nbsp;&nbsp; ");
+    }
+    return text;
 }
 
 QString ResultView::readout(double frequency) const
@@ -110,13 +205,22 @@ void ResultView::keyPressEvent(QKeyEvent* event)
     }
 }
 
+void ResultView::changeEvent(QEvent* event)
+{
+    QWidget::changeEvent(event);
+    if (event->type() == QEvent::PaletteChange) {
+        // When the charts have it, too: in colours that can be told from the new background.
+        QTimer::singleShot(0, this, [this] { setResults(m_results); });
+    }
+}
+
 void ResultView::point(std::optional<double> frequency)
 {
     m_pointed = frequency;
     for (QuantityChart* chart : qAsConst(m_charts)) {
         chart->mark(frequency);
     }
-    m_readout->setText(frequency && !m_results.isEmpty() ? readout(*frequency) : nothingPointed);
+    showReadout();
 }
 
 // To the next frequency of the first result.

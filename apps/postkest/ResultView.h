@@ -7,6 +7,7 @@
 #include <QWidget>
 
 class QLabel;
+class QScrollArea;
 
 /// The charts of some results, one below the other, and the values under the pointer.
 class ResultView : public QWidget
@@ -19,8 +20,11 @@ public:
     /// Shows these results; those with an error are left out.
     void setResults(const QVector<Result>& results);
 
-    /// The part with the charts alone.
+    /// The part with the charts and their legend alone.
     QWidget& charts() { return *m_chartArea; }
+
+    /// Gives the charts this size and lays them out in a view that is never shown.
+    void layOut(const QSize& size);
 
     /// The colour of the curves of the result at a place in the list.
     QColor colour(int place) const { return m_charts.first()->colour(place); }
@@ -30,8 +34,15 @@ public:
 
 protected:
     void keyPressEvent(QKeyEvent* event) override;
+    void changeEvent(QEvent* event) override;
 
 private:
+    void makeCharts();
+    void makeReadout();
+    void align();
+    void reserveReadout();
+    void showReadout();
+    QString legend() const;
     void point(std::optional<double> frequency);
     void step(int direction);
 
@@ -39,7 +50,9 @@ private:
     FrequencyWindow m_window;
     QWidget* m_chartArea = nullptr;
     QVector<QuantityChart*> m_charts;
+    QLabel* m_legend = nullptr;
     QLabel* m_readout = nullptr;
+    QScrollArea* m_readoutArea = nullptr;
     std::optional<double> m_pointed;
 };
 

@@ -82,6 +82,8 @@ void ViewerWindow::makeContent()
     m_list = new QListWidget(this);
     m_list->setObjectName(QStringLiteral("resultList"));
     m_list->setAccessibleName(QStringLiteral("Results"));
+    const int side = m_list->fontMetrics().height();
+    m_list->setIconSize(QSize(side, side));
     connect(m_list, &QListWidget::itemChanged, this, &ViewerWindow::noteVisibility);
     auto* dock = new QDockWidget(QStringLiteral("Results"), this);
     dock->setObjectName(QStringLiteral("resultDock"));
@@ -137,16 +139,22 @@ void ViewerWindow::openResults(const QStringList& paths)
         item->setToolTip(QDir::toNativeSeparators(result.path));
         updateItem(m_results.size() - 1);
         m_watch->add(result.path);
-        m_settings.recentFiles()->addRecentFile(result.path);
+        if (result.error.isEmpty()) {
+            m_settings.recentFiles()->addRecentFile(result.path);
+        }
     }
     showResults();
 }
 
+// Where the user works: results are together, and so is what is made of them.
+QString ViewerWindow::folder() const
+{
+    return m_results.isEmpty() ? QString() : QFileInfo(m_results.last().path).absolutePath();
+}
+
 void ViewerWindow::chooseResults()
 {
-    const QString folder =
-        m_results.isEmpty() ? QString() : QFileInfo(m_results.last().path).absolutePath();
-    openResults(QFileDialog::getOpenFileNames(this, QStringLiteral("Open results"), folder,
+    openResults(QFileDialog::getOpenFileNames(this, QStringLiteral("Open results"), folder(),
                                               QStringLiteral("Results (*.csv);;All (*)")));
 }
 
@@ -164,7 +172,7 @@ void ViewerWindow::listRecentFiles(QMenu& menu)
 void ViewerWindow::exportView()
 {
     const QString path = QFileDialog::getSaveFileName(
-        this, QStringLiteral("Export"), QStringLiteral("results.png"),
+        this, QStringLiteral("Export"), QDir(folder()).filePath(QStringLiteral("results.png")),
         QStringLiteral("Picture (*.png);;Drawing (*.svg);;Table (*.csv)"));
     if (path.isEmpty()) {
         return;

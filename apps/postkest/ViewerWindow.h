@@ -43,6 +43,7 @@ private:
     void noteVisibility(QListWidgetItem* item);
     void showResults();
     void updateItem(int place);
+    [[nodiscard]] QString folder() const;
     [[nodiscard]] QVector<Result> visibleResults() const;
 
     common_CommonSettingsSet m_settings;

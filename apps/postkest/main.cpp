@@ -31,10 +31,8 @@ int writeFile(const CommandLine& commandLine)
         }
     }
     ResultView view;
-    view.setAttribute(Qt::WA_DontShowOnScreen);
-    view.resize(commandLine.size);
     view.setResults(results);
-    view.show(); // lays the charts out
+    view.layOut(commandLine.size);
     const QString error = Export::write(commandLine.output, view, results);
     if (!error.isEmpty()) {
         complain(error);

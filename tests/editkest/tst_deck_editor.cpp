@@ -15,8 +15,9 @@ Q_DECLARE_METATYPE(suite::Finding)
 
 namespace {
 
-const QByteArray goodDeck = "CM a dipole\nCE\nGW 1 21 0 0 -0.25 0 0 0.25 0.001\nGE 0\n"
-                            "FR 0 1 0 0 300 0\nEX 0 1 11 0 1 0\nXQ\nEN\n";
+const QByteArray goodDeck =
+    QByteArrayLiteral("CM a dipole\nCE\nGW 1 21 0 0 -0.25 0 0 0.25 0.001\nGE 0\n"
+                      "FR 0 1 0 0 300 0\nEX 0 1 11 0 1 0\nXQ\nEN\n");
 
 // The formats of a line: start, length and whether it is bold.
 QVector<QTextLayout::FormatRange> formatsOf(const QPlainTextEdit& editor, int line)
@@ -52,8 +53,8 @@ private Q_SLOTS:
         QCOMPARE(formatsOf(editor, 1).value(0).length, 7);
         QCOMPARE(formatsOf(editor, 2).value(0).length, 2);
         QVERIFY(formatsOf(editor, 2).value(0).format.fontWeight() == QFont::Bold);
-        QCOMPARE(formatsOf(editor, 2).last().start, 5);
-        QVERIFY(formatsOf(editor, 2).last().format.fontItalic());
+        QCOMPARE(formatsOf(editor, 2).constLast().start, 5);
+        QVERIFY(formatsOf(editor, 2).constLast().format.fontItalic());
         QSet<QRgb> colours;
         for (const int line : {1, 2, 3, 4, 5}) {
             colours.insert(colourOf(line).rgb());
@@ -61,6 +62,8 @@ private Q_SLOTS:
         QCOMPARE(colours.size(), 5);
         QCOMPARE(colourOf(6), colourOf(1));
         QVERIFY(formatsOf(editor, 7).isEmpty());
+        editor.setPlainText(QStringLiteral("gw 1\nGW 1"));
+        QCOMPARE(colourOf(1), colourOf(2));
     }
 
     void coloursCanBeReadOnDarkAndLight()
@@ -137,7 +140,7 @@ private Q_SLOTS:
         QSignalSpy spy(&check, &DeckCheck::checked);
         check.request(QByteArray(goodDeck).replace("0.001", "zero"));
         QVERIFY(spy.wait());
-        const auto findings = spy.takeFirst().first().value<QVector<suite::Finding>>();
+        const auto findings = spy.takeFirst().constFirst().value<QVector<suite::Finding>>();
         QVERIFY(!findings.isEmpty());
         QCOMPARE(findings.first().line, 3);
         QCOMPARE(findings.first().kind, suite::FindingKind::NotNumber);

@@ -5,6 +5,12 @@
 #include <QTemporaryDir>
 #include <QtTest>
 
+#ifdef Q_OS_UNIX
+#include <csignal>
+#include <sys/resource.h>
+#include <sys/stat.h>
+#endif
+
 namespace {
 
 QByteArray contentOf(const QString& path)
@@ -41,6 +47,15 @@ private Q_SLOTS:
         QTest::newRow("byte order mark")   << QByteArray("\xef\xbb\xbf" "CM a\n");
         QTest::newRow("Latin-1")           << QByteArray("CM \xe4\xf6\xfc\n");
         QTest::newRow("broken UTF-8")      << QByteArray("CM \xc3");
+        QTest::newRow("mixed line ends")   << QByteArray("CM a\r\nCE\nEN\r\n");
+        QTest::newRow("lone CR")           << QByteArray("CM a\rCE\r");
+        QTest::newRow("CR in Windows")     << QByteArray("CM a\rb\r\nCE\r\n");
+        QTest::newRow("CR CR LF")          << QByteArray("CM a\r\r\nCE\r\r\n");
+        QTest::newRow("mixed Latin-1")     << QByteArray("CM \xe4\r\nCE\n");
+        QTest::newRow("mixed with mark")   << QByteArray("\xef\xbb\xbf" "CM a\r\nCE\n");
+        QTest::newRow("our sign")          << QByteArray("CM \xe2\x86\xb5\r\nCE\r\n");
+        QTest::newRow("no-break blanks")   << QByteArray("CM \xc2\xa0 \xa0\n");
+        QTest::newRow("line separator")    << QByteArray("CM \xe2\x80\xa8 a\n");
         // clang-format on
     }
 
@@ -54,6 +69,16 @@ private Q_SLOTS:
         const QString other = m_folder->filePath(QStringLiteral("other.nec"));
         QVERIFY2(file.save(other, file.text()), qPrintable(file.error()));
         QCOMPARE(contentOf(other), content);
+    }
+
+    void keptReturnsAreShownAndMayBeDeleted()
+    {
+        write("CM a\r\nCE\n");
+        DeckFile file;
+        QVERIFY(file.load(m_path));
+        QCOMPARE(file.text(), QStringLiteral("CM a\u21b5\nCE\n"));
+        QVERIFY(file.save(m_path, QStringLiteral("CM a\nCE\u21b5\n")));
+        QCOMPARE(contentOf(m_path), QByteArray("CM a\nCE\r\n"));
     }
 
     void addedLinesEndAsTheOthersDo()
@@ -70,9 +95,12 @@ private Q_SLOTS:
         QTest::addColumn<QByteArray>("content");
         QTest::addColumn<QString>("reason");
         // clang-format off
-        QTest::newRow("binary")          << QByteArray("CM\0a\n", 5)      << QStringLiteral("no text");
-        QTest::newRow("lone CR")         << QByteArray("CM a\rCE\r")      << QStringLiteral("no text");
-        QTest::newRow("mixed line ends") << QByteArray("CM a\r\nCE\n")    << QStringLiteral("end as on Windows");
+        QTest::newRow("binary")               << QByteArray("CM\0a\n", 5)                << QStringLiteral("no text");
+        QTest::newRow("paragraph separator")  << QByteArray("CM \xe2\x80\xa9\n")         << QStringLiteral("no text");
+        QTest::newRow("frame signs")          << QByteArray("CM \xef\xb7\x90\n")         << QStringLiteral("no text");
+        QTest::newRow("sign beside mixed")    << QByteArray("CM \xe2\x86\xb5\r\nCE\n")   << QStringLiteral("no text");
+        QTest::newRow("two marks")            << QByteArray("\xef\xbb\xbf\xef\xbb\xbf" "CE\n") << QStringLiteral("no text");
+        QTest::newRow("too large")            << QByteArray((16 << 20) + 1, ' ')         << QStringLiteral("larger");
         // clang-format on
     }
 
@@ -104,6 +132,58 @@ private Q_SLOTS:
         QVERIFY(!file.load(m_path + QStringLiteral(".none")));
         QCOMPARE(file.path(), m_path);
         QCOMPARE(file.text(), QStringLiteral("CE\n"));
+    }
+
+#ifdef Q_OS_UNIX
+    void pipesAndDevicesAreLeftAlone()
+    {
+        QCOMPARE(::mkfifo(m_path.toLocal8Bit().constData(), 0600), 0);
+        DeckFile file;
+        QVERIFY(!file.load(m_path));
+        QVERIFY2(file.error().contains(QStringLiteral("no ordinary file")),
+                 qPrintable(file.error()));
+        QVERIFY(!file.save(m_path, QStringLiteral("CE\n")));
+        QVERIFY(!QFileInfo(m_path).isFile());
+    }
+
+    void fullDiskKeepsTheOldFile()
+    {
+        write("CM old\n");
+        DeckFile file;
+        QVERIFY(file.load(m_path));
+        rlimit before = {};
+        QCOMPARE(::getrlimit(RLIMIT_FSIZE, &before), 0);
+        const rlimit tight = {100, before.rlim_max};
+        const auto handler = std::signal(SIGXFSZ, SIG_IGN);
+        const bool isLimited = ::setrlimit(RLIMIT_FSIZE, &tight) == 0;
+        const bool isSaved = file.save(m_path, QString(100000, QLatin1Char('x')));
+        QCOMPARE(::setrlimit(RLIMIT_FSIZE, &before), 0);
+        std::signal(SIGXFSZ, handler);
+        QVERIFY(isLimited && !isSaved);
+        QVERIFY2(file.error().contains(QStringLiteral("too large")), qPrintable(file.error()));
+        QCOMPARE(contentOf(m_path), QByteArray("CM old\n"));
+        QCOMPARE(QDir(m_folder->path()).entryList(QDir::Files).size(), 1);
+        QCOMPARE(file.text(), QStringLiteral("CM old\n"));
+        QVERIFY(!file.isChangedOutside());
+        QVERIFY(file.save(m_path, QStringLiteral("CM new\n")));
+    }
+#endif
+
+    void savedFileKeepsItsPermissionsAndLinks()
+    {
+        write("CE\n");
+        const QFile::Permissions permissions =
+            QFile::ReadOwner | QFile::WriteOwner | QFile::ReadGroup;
+        QVERIFY(QFile::setPermissions(m_path, permissions));
+        const QString link = m_folder->filePath(QStringLiteral("link.nec"));
+        QVERIFY(QFile::link(m_path, link));
+        DeckFile file;
+        QVERIFY(file.load(link));
+        QVERIFY(file.save(link, QStringLiteral("EN\n")));
+        QVERIFY(QFileInfo(link).isSymLink());
+        QCOMPARE(contentOf(m_path), QByteArray("EN\n"));
+        QVERIFY(QFile::permissions(m_path).testFlag(QFile::ReadGroup));
+        QVERIFY(!QFile::permissions(m_path).testFlag(QFile::ReadOther));
     }
 
     void failedSaveKeepsTheOldFile()

@@ -6,17 +6,23 @@
 
 #include <BoxAnswerer.h>
 #include <QAction>
+#include <QDropEvent>
 #include <QFile>
+#include <QFileDialog>
 #include <QLabel>
+#include <QLineEdit>
 #include <QListWidget>
+#include <QMimeData>
 #include <QProcess>
 #include <QTemporaryDir>
+#include <QTextBrowser>
 #include <QtTest>
 
 namespace {
 
-const QByteArray goodDeck = "CM a dipole\nCE\nGW 1 21 0 0 -0.25 0 0 0.25 0.001\nGE 0\n"
-                            "FR 0 1 0 0 300 0\nEX 0 1 11 0 1 0\nXQ\nEN\n";
+const QByteArray goodDeck =
+    QByteArrayLiteral("CM a dipole\nCE\nGW 1 21 0 0 -0.25 0 0 0.25 0.001\nGE 0\n"
+                      "FR 0 1 0 0 300 0\nEX 0 1 11 0 1 0\nXQ\nEN\n");
 
 QByteArray contentOf(const QString& path)
 {
@@ -30,6 +36,27 @@ void write(const QString& path, const QByteArray& content)
     QVERIFY(file.open(QIODevice::WriteOnly));
     file.write(content);
 }
+
+// Types a file into the next file dialog; closes it when there is none.
+class FileChooser
+{
+public:
+    explicit FileChooser(const QString& path)
+    {
+        QObject::connect(&m_timer, &QTimer::timeout, &m_timer, [this, path] {
+            auto* const dialog = qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
+            if (dialog != nullptr) {
+                m_timer.stop();
+                dialog->findChild<QLineEdit*>(QStringLiteral("fileNameEdit"))->setText(path);
+                QMetaObject::invokeMethod(dialog, path.isEmpty() ? "reject" : "accept");
+            }
+        });
+        m_timer.start(5);
+    }
+
+private:
+    QTimer m_timer;
+};
 
 } // namespace
 
@@ -183,6 +210,276 @@ private Q_SLOTS:
         QVERIFY(process.waitForFinished(60000));
         QCOMPARE(process.exitCode(), 2);
         QVERIFY(process.readAllStandardError().contains("no model"));
+    }
+
+    void badModelsAreToldWithoutAWindow_data()
+    {
+        QTest::addColumn<QString>("name");
+        QTest::addColumn<QByteArray>("content");
+        QTest::addColumn<QString>("text");
+        // clang-format off
+        QTest::newRow("missing")   << QStringLiteral("none.nec") << QByteArray()                        << QStringLiteral("there is no such model file");
+        QTest::newRow("folder")    << QStringLiteral(".")        << QByteArray()                        << QStringLiteral("is a directory");
+        QTest::newRow("empty")     << QStringLiteral("bad.nec")  << QByteArray("")                      << QStringLiteral("holds no card");
+        QTest::newRow("binary")    << QStringLiteral("bad.nec")  << QByteArray("CM\0\x01", 4)           << QStringLiteral("binary data");
+        QTest::newRow("long line") << QStringLiteral("bad.nec")  << QByteArray(3000000, 'x')            << QStringLiteral("line has 3000000 bytes");
+        QTest::newRow("many")      << QStringLiteral("bad.nec")  << QByteArray("XX\n").repeated(1000000) << QStringLiteral("further errors are not listed");
+        // clang-format on
+    }
+
+    void badModelsAreToldWithoutAWindow()
+    {
+        QFETCH(QString, name);
+        QFETCH(QByteArray, content);
+        QFETCH(QString, text);
+        if (!content.isNull()) {
+            write(m_folder->filePath(name), content);
+        }
+        QProcess process;
+        process.setWorkingDirectory(m_folder->path());
+        process.start(QStringLiteral(EDITKEST_PROGRAM),
+                      {QStringLiteral("--non-interactive"), name, QStringLiteral("model")});
+        QVERIFY(process.waitForFinished(120000));
+        const QString output = QString::fromUtf8(process.readAllStandardOutput());
+        QVERIFY2(output.contains(QStringLiteral("-*-error-*-")) && output.contains(text),
+                 qPrintable(output.left(500)));
+        QVERIFY(output.contains(QStringLiteral("-*-notice-*-"))); // the good one is checked, too
+        QCOMPARE(process.exitCode(), 1);
+    }
+
+    void commandLinesThatMeanNothingAreRefused_data()
+    {
+        QTest::addColumn<QStringList>("arguments");
+        QTest::addColumn<int>("exitCode");
+        QTest::addColumn<QString>("text");
+        // clang-format off
+        QTest::newRow("two models") << QStringList{QStringLiteral("a"), QStringLiteral("b")} << 2 << QStringLiteral("one model at a time");
+        QTest::newRow("option")     << QStringList{QStringLiteral("--wrong")}                << 2 << QStringLiteral("wrong");
+        QTest::newRow("help")       << QStringList{QStringLiteral("--help")}                 << 0 << QStringLiteral("--non-interactive");
+        QTest::newRow("version")    << QStringList{QStringLiteral("--version")}              << 0 << QStringLiteral("editkest ");
+        // clang-format on
+    }
+
+    void commandLinesThatMeanNothingAreRefused()
+    {
+        QFETCH(QStringList, arguments);
+        QFETCH(int, exitCode);
+        QFETCH(QString, text);
+        QProcess process;
+        process.setProcessChannelMode(QProcess::MergedChannels);
+        process.start(QStringLiteral(EDITKEST_PROGRAM), arguments);
+        QVERIFY(process.waitForFinished(60000));
+        const QString output = QString::fromUtf8(process.readAll());
+        QVERIFY2(output.contains(text), qPrintable(output));
+        QCOMPARE(process.exitCode(), exitCode);
+    }
+
+    void modelWithBlanksInItsPathIsOpened_data()
+    {
+        QTest::addColumn<QString>("argument");
+        QTest::newRow("whole name") << QStringLiteral("my models/a [*] dipole.nec");
+        QTest::newRow("without suffix") << QStringLiteral("my models/a [*] dipole");
+    }
+
+    void modelWithBlanksInItsPathIsOpened()
+    {
+        QFETCH(QString, argument);
+        QVERIFY(QDir(m_folder->path()).mkdir(QStringLiteral("my models")));
+        write(m_folder->filePath(QStringLiteral("my models/a [*] dipole.nec")), goodDeck);
+        EditorWindow window(m_folder->filePath(argument));
+        auto* editor = window.findChild<DeckEditor*>();
+        QCOMPARE(editor->deck().toUtf8(), goodDeck);
+        QCOMPARE(window.windowTitle(), QStringLiteral("a [*][*] dipole.nec[*] - editkest"));
+        QTest::keyClicks(editor, QStringLiteral("#"));
+        QVERIFY(window.save());
+        QCOMPARE(contentOf(m_folder->filePath(QStringLiteral("my models/a [*] dipole.nec"))),
+                 "#" + goodDeck);
+    }
+
+    void deckThatNobodyEditedIsSavedToTheByte()
+    {
+        const QByteArray odd = "CM \xa0 \xe4\r\nCE\nGW\t1   \r\n\n\nEN";
+        write(m_path, odd);
+        EditorWindow window(m_path);
+        QVERIFY(window.save());
+        QCOMPARE(contentOf(m_path), odd);
+        QVERIFY(!window.isWindowModified());
+    }
+
+    void failedSaveLosesNothing()
+    {
+        EditorWindow window(m_path);
+        auto* editor = window.findChild<DeckEditor*>();
+        QTest::keyClicks(editor, QStringLiteral("CM new "));
+        QVERIFY(QFile::remove(m_path));
+        QVERIFY(QDir().mkpath(m_path)); // nothing can be written here
+        BoxAnswerer box([](QMessageBox& each) {
+            const QList<QAbstractButton*> buttons = each.buttons();
+            for (QAbstractButton* const button : buttons) {
+                if (button->text() == QStringLiteral("Yes") ||
+                    button->text() == QStringLiteral("OK")) {
+                    button->click();
+                }
+            }
+        });
+        QVERIFY(!window.save());
+        QVERIFY2(box.texts.last().contains(QStringLiteral("cannot be written")),
+                 qPrintable(box.texts.last()));
+        QVERIFY(window.isWindowModified());
+        QCOMPARE(editor->deck().toUtf8(), "CM new " + goodDeck);
+        discardChanges(window);
+    }
+
+    void saveThatFailsAtTheEndKeepsTheWindowOpen()
+    {
+        EditorWindow window(m_path);
+        window.show();
+        QTest::keyClicks(window.findChild<DeckEditor*>(), QStringLiteral("#"));
+        QVERIFY(QFile::remove(m_path));
+        QVERIFY(QDir().mkpath(m_path));
+        BoxAnswerer box([](QMessageBox& each) {
+            const QList<QAbstractButton*> buttons = each.buttons();
+            for (QAbstractButton* const button : buttons) {
+                const QString text = button->text();
+                if (text == QStringLiteral("&Save") || text == QStringLiteral("Yes") ||
+                    text == QStringLiteral("OK")) {
+                    button->click();
+                }
+            }
+        });
+        QVERIFY(!window.close());
+        QVERIFY(window.isVisible());
+        QVERIFY(window.isWindowModified());
+        discardChanges(window);
+    }
+
+    void saveAsWritesAnotherFile()
+    {
+        EditorWindow window(m_path);
+        auto* editor = window.findChild<DeckEditor*>();
+        QTest::keyClicks(editor, QStringLiteral("#"));
+        const QString other = m_folder->filePath(QStringLiteral("other.nec"));
+        const FileChooser chooser(other);
+        window.findChild<QAction*>(QStringLiteral("saveAsAction"))->trigger();
+        QCOMPARE(contentOf(other), "#" + goodDeck);
+        QCOMPARE(contentOf(m_path), goodDeck);
+        QCOMPARE(window.windowTitle(), QStringLiteral("other.nec[*] - editkest"));
+        QTest::keyClicks(editor, QStringLiteral("#"));
+        QVERIFY(window.save());
+        QCOMPARE(contentOf(other), "##" + goodDeck);
+    }
+
+    void newModelAsksForItsFile()
+    {
+        EditorWindow window{QString()};
+        QCOMPARE(window.windowTitle(), QStringLiteral("New model[*] - editkest"));
+        QTest::keyClicks(window.findChild<DeckEditor*>(), QStringLiteral("EN"));
+        {
+            const FileChooser nothing{QString()};
+            QVERIFY(!window.save());
+            QVERIFY(window.isWindowModified());
+        }
+        const QString path = m_folder->filePath(QStringLiteral("new.nec"));
+        const FileChooser chooser(path);
+        QVERIFY(window.save());
+        QCOMPARE(contentOf(path), QByteArray("EN"));
+    }
+
+    void undoAndRedoTellWhatIsSaved()
+    {
+        EditorWindow window(m_path);
+        auto* editor = window.findChild<DeckEditor*>();
+        QTest::keyClicks(editor, QStringLiteral("#"));
+        window.findChild<QAction*>(QStringLiteral("undoAction"))->trigger();
+        QCOMPARE(editor->deck().toUtf8(), goodDeck);
+        QVERIFY(!window.isWindowModified());
+        window.findChild<QAction*>(QStringLiteral("redoAction"))->trigger();
+        QCOMPARE(editor->deck().toUtf8(), "#" + goodDeck);
+        QVERIFY(window.isWindowModified());
+        window.findChild<QAction*>(QStringLiteral("undoAction"))->trigger();
+        window.findChild<QAction*>(QStringLiteral("undoAction"))->trigger();
+        QCOMPARE(editor->deck().toUtf8(), goodDeck); // the deck's opening is not undone
+    }
+
+    void findingLeadsToItsLine()
+    {
+        write(m_path, QByteArray(goodDeck).replace("0.001", "zero").replace("XQ", "QX"));
+        EditorWindow window(m_path);
+        auto* list = window.findChild<QListWidget*>(QStringLiteral("findingList"));
+        auto* editor = window.findChild<DeckEditor*>();
+        QTRY_VERIFY(list->count() > 1);
+        Q_EMIT list->itemActivated(list->item(0));
+        QCOMPARE(editor->textCursor().blockNumber(), 2);
+        QSet<int> lines;
+        for (int i = 0; i < list->count(); ++i) {
+            window.findChild<QAction*>(QStringLiteral("nextFindingAction"))->trigger();
+            lines.insert(editor->textCursor().blockNumber() + 1);
+        }
+        QVERIFY(lines.contains(3) && lines.contains(7));
+    }
+
+    void droppedModelIsOpened()
+    {
+        EditorWindow window{QString()};
+        QMimeData data;
+        data.setUrls({QUrl::fromLocalFile(m_path)});
+        QDragEnterEvent enter({9, 9}, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+        QCoreApplication::sendEvent(&window, &enter);
+        QVERIFY(enter.isAccepted());
+        QDropEvent drop({9, 9}, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+        QCoreApplication::sendEvent(&window, &drop);
+        QCOMPARE(window.findChild<DeckEditor*>()->deck().toUtf8(), goodDeck);
+        data.setUrls({QUrl::fromLocalFile(m_path), QUrl::fromLocalFile(m_path)});
+        QDragEnterEvent two({9, 9}, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+        two.ignore();
+        QCoreApplication::sendEvent(&window, &two);
+        QVERIFY(!two.isAccepted());
+    }
+
+    void windowIsAsItWasAtTheNextStart()
+    {
+        {
+            EditorWindow window{QString()};
+            window.resize(655, 533);
+            window.move(31, 47);
+            window.close();
+        }
+        const EditorWindow window{QString()};
+        QCOMPARE(window.size(), QSize(655, 533));
+        QCOMPARE(window.pos(), QPoint(31, 47));
+    }
+
+    void f1ShowsItsPage()
+    {
+        EditorWindow window(m_path);
+        window.show();
+        QTest::keyClick(window.findChild<DeckEditor*>(), Qt::Key_F1);
+        QString shown;
+        const QWidgetList windows = QApplication::topLevelWidgets();
+        for (QWidget* const each : windows) {
+            if (each->objectName() == QLatin1String("helpViewer")) {
+                shown = each->findChild<QTextBrowser*>()->toPlainText();
+            }
+        }
+        QVERIFY2(shown.startsWith(QStringLiteral("The editor of models")),
+                 qPrintable(shown.left(80)));
+        for (const char* word : {"--non-interactive", "F8", "Ctrl+S", "Latin-1"}) {
+            QVERIFY2(shown.contains(QLatin1String(word)), word);
+        }
+    }
+
+    void aMillionLinesAreOpenedAndEditedInReasonableTime()
+    {
+        write(m_path, QByteArray("GW 1\n").repeated(1000000));
+        QElapsedTimer timer;
+        timer.start();
+        EditorWindow window(m_path);
+        auto* editor = window.findChild<DeckEditor*>();
+        QCOMPARE(editor->blockCount(), 1000001);
+        QTest::keyClicks(editor, QStringLiteral("# "));
+        QVERIFY(window.save());
+        QCOMPARE(contentOf(m_path).left(8), QByteArray("# GW 1\nG"));
+        QVERIFY2(timer.elapsed() < 120000, qPrintable(QString::number(timer.elapsed())));
     }
 
 private:

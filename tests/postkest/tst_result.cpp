@@ -9,7 +9,7 @@
 
 namespace {
 
-const QByteArray header = "frequency_MHz,resistance_ohm,reactance_ohm,swr\n";
+const QByteArray header = QByteArrayLiteral("frequency_MHz,resistance_ohm,reactance_ohm,swr\n");
 
 } // namespace
 
@@ -40,6 +40,26 @@ private Q_SLOTS:
         QVERIFY(!result.has(Quantity::StandingWaveRatio));
     }
 
+    void marksOfOtherSystemsAreNoFault_data()
+    {
+        QTest::addColumn<QByteArray>("bytes");
+        const QByteArray crlf = QByteArray(header).replace("\n", "\r\n");
+        QTest::newRow("Windows") << crlf + "100,1,2,3\r\n";
+        QTest::newRow("byte order mark") << "\xef\xbb\xbf" + header + "100,1,2,3\n";
+        QTest::newRow("no last line end") << header + "100,1,2,3";
+        QTest::newRow("blanks") << header + "100 , 1, 2, 3 \n";
+    }
+
+    void marksOfOtherSystemsAreNoFault()
+    {
+        QFETCH(QByteArray, bytes);
+        const Result result = Result::parsed(bytes);
+        QCOMPARE(result.error, QString());
+        QCOMPARE(result.points.size(), 1);
+        QCOMPARE(result.points.first().frequency, 100.0);
+        QCOMPARE(result.points.first().value(Quantity::StandingWaveRatio), 3.0);
+    }
+
     void whatIsNoTableIsRefused_data()
     {
         QTest::addColumn<QByteArray>("bytes");
@@ -53,6 +73,11 @@ private Q_SLOTS:
         QTest::newRow("too many cells")  << header + "100,1,5,1,7\n"          << QStringLiteral("line 2 is no result");
         QTest::newRow("no frequency")    << header + ",1,5,1\n"               << QStringLiteral("line 2 is no result");
         QTest::newRow("endless")         << header + "inf,1,5,1\n"            << QStringLiteral("line 2 is no result");
+        QTest::newRow("not above 0")     << header + "0,1,5,1\n"              << QStringLiteral("line 2 is no result");
+        QTest::newRow("no number")       << header + "nan,1,5,1\n"            << QStringLiteral("line 2 is no result");
+        QTest::newRow("beyond all")      << header + "1e13,1,5,1\n"           << QStringLiteral("line 2 is no result");
+        QTest::newRow("cut line")        << header + "100,1,5,1\n200,7"       << QStringLiteral("line 3 is no result: \"200,7\"");
+        QTest::newRow("two tables")      << header + "1,1,5,1\n" + header     << QStringLiteral("line 3 is no result");
         QTest::newRow("binary")          << QByteArray("\0\x01\xff", 3)       << QStringLiteral("no table of results");
         // clang-format on
     }
@@ -114,6 +139,18 @@ private Q_SLOTS:
                  QByteArray("result,frequency_MHz,resistance_ohm,reactance_ohm,swr\n"
                             "\"a \"\"b\"\", c\",100,10,-5.5,inf\n"
                             "\"second\",200,,,\n"));
+    }
+
+    void exportedNumbersAreTheSameToTheLastBit()
+    {
+        const Result result =
+            Result::parsed(header + "0.1,123456.789012345,1e-300,1.00000000001\n");
+        const QByteArray line = Export::table({result}).split('\n').at(1);
+        const QList<QByteArray> cells = line.split(',');
+        QCOMPARE(cells.at(1).toDouble(), 0.1);
+        QCOMPARE(cells.at(2).toDouble(), 123456.789012345);
+        QVERIFY(cells.at(3).toDouble() == 1e-300);
+        QVERIFY(cells.at(4).toDouble() == 1.00000000001);
     }
 };
 

@@ -6,6 +6,7 @@
 #include <QLabel>
 #include <QLegendMarker>
 #include <QLineSeries>
+#include <QScrollArea>
 #include <QSignalSpy>
 #include <QSvgRenderer>
 #include <QTemporaryDir>
@@ -14,7 +15,7 @@
 
 namespace {
 
-const QByteArray header = "frequency_MHz,resistance_ohm,reactance_ohm,swr\n";
+const QByteArray header = QByteArrayLiteral("frequency_MHz,resistance_ohm,reactance_ohm,swr\n");
 
 Result makeResult(const QString& name, const QByteArray& lines)
 {
@@ -57,7 +58,7 @@ private Q_SLOTS:
             QCOMPARE(curves.size(), 2);
             QCOMPARE(curves.at(0)->name(), QStringLiteral("first"));
             QCOMPARE(curves.at(1)->name(), QStringLiteral("second"));
-            QVERIFY(chart->chart()->legend()->isVisible());
+            QVERIFY(!chart->chart()->legend()->isVisible());
         }
         const auto* reactance =
             qobject_cast<QtCharts::QLineSeries*>(m_charts.at(1)->chart()->series().first());
@@ -92,7 +93,7 @@ private Q_SLOTS:
         QTest::keyClick(m_view.get(), Qt::Key_Right);
         for (const QSize& size : {QSize(800, 700), QSize(500, 600), QSize(1000, 800)}) {
             m_view->resize(size);
-            QTest::qWait(50);
+            QCoreApplication::processEvents();
             const QtCharts::QChart* chart = m_charts.first()->chart();
             const auto lines = chart->childItems();
             const auto found = std::find_if(lines.begin(), lines.end(), [](const auto* item) {
@@ -102,6 +103,26 @@ private Q_SLOTS:
             const QLineF line = static_cast<QGraphicsLineItem*>(*found)->line();
             QVERIFY(qAbs(line.x1() - chart->plotArea().center().x()) < 1);
             QVERIFY(qAbs(line.y2() - chart->plotArea().bottom()) < 1);
+        }
+    }
+
+    // Labels have one, four or more characters; the same frequency is at the same place all the
+    // same.
+    void plotsStandExactlyBelowEachOther()
+    {
+        for (const QByteArray& lines :
+             {QByteArray("1,1,1,1\n2,2,2,2\n"), QByteArray("100,12345678,-0.5,5\n200,70,0,1.4\n"),
+              QByteArray("100,1,-98765,1.1\n1234.5,2,0,1.4\n")}) {
+            m_view->setResults({makeResult(QStringLiteral("one"), lines)});
+            for (const QSize& size : {QSize(800, 700), QSize(501, 603), QSize(1000, 800)}) {
+                m_view->resize(size);
+                QTRY_COMPARE(plotOf(1).left(), plotOf(0).left());
+                QTRY_COMPARE(plotOf(2).left(), plotOf(0).left());
+                QCOMPARE(plotOf(1).right(), plotOf(0).right());
+                QCOMPARE(plotOf(2).right(), plotOf(0).right());
+                QVERIFY(plotOf(0).left() < size.width() / 3.0);
+                QVERIFY(qAbs(plotOf(0).left() - qRound(plotOf(0).left())) < 1e-3);
+            }
         }
     }
 
@@ -120,7 +141,158 @@ private Q_SLOTS:
         m_view->setResults(twoResults());
         m_view->setResults({makeResult(QStringLiteral("third"), "1,1,1,1\n2,2,2,2\n")});
         QCOMPARE(m_charts.first()->chart()->series().size(), 1);
-        QVERIFY(!m_charts.first()->chart()->legend()->isVisible());
+        QVERIFY2(legendText().contains(QStringLiteral("third")), qPrintable(legendText()));
+        QVERIFY(!legendText().contains(QStringLiteral("first")));
+    }
+
+    void legendNamesEachResultOnceInItsColour()
+    {
+        m_view->setResults({makeResult(QStringLiteral("gap <b>"), "1,1,1,1\n2,,,\n3,1,1,1\n"),
+                            makeResult(QStringLiteral("two"), "1,1,1,1\n2,2,2,2\n")});
+        const QString text = legendText();
+        QCOMPARE(text.count(QStringLiteral("gap&nbsp;&lt;b&gt;")), 1);
+        QVERIFY(text.indexOf(m_view->colour(0).name()) < text.indexOf(QStringLiteral("gap")));
+        QVERIFY(text.indexOf(QStringLiteral("gap")) < text.indexOf(m_view->colour(1).name()));
+        QVERIFY(text.indexOf(m_view->colour(1).name()) < text.indexOf(QStringLiteral("two")));
+        m_view->setResults({});
+        QVERIFY(!m_view->findChild<QLabel*>(QStringLiteral("legend"))->isVisible());
+    }
+
+    void chartsKeepTheirHeightWhenValuesAreRead()
+    {
+        m_view->setResults(twoResults());
+        QCoreApplication::processEvents();
+        const int before = m_view->charts().height();
+        m_view->setFocus();
+        QTest::keyClick(m_view.get(), Qt::Key_Right);
+        QCoreApplication::processEvents();
+        QCOMPARE(m_view->charts().height(), before);
+        QVERIFY(m_view->findChild<QScrollArea*>()->height() >=
+                m_view->findChild<QLabel*>(QStringLiteral("readout"))->sizeHint().height());
+        QVector<Result> many;
+        for (int i = 0; i < 60; ++i) {
+            many.append(makeResult(QString::number(i), "1,1,1,1\n2,2,2,2\n"));
+        }
+        m_view->setResults(many);
+        QCoreApplication::processEvents();
+        QVERIFY(m_view->charts().height() > 400);
+        QVERIFY(m_view->findChild<QScrollArea*>()->height() < 300);
+    }
+
+    void axesHaveRoundNumbersInTheRange_data()
+    {
+        QTest::addColumn<QByteArray>("lines");
+        QTest::addColumn<double>("step");
+        QTest::newRow("100 MHz") << QByteArray("250,1,1,1\n350,1,1,1\n") << 20.0;
+        QTest::newRow("12 MHz") << QByteArray("138,1,1,1\n150,1,1,1\n") << 2.0;
+        QTest::newRow("30 kHz") << QByteArray("7,1,1,1\n7.03,1,1,1\n") << 0.005;
+        QTest::newRow("1 GHz") << QByteArray("400,1,1,1\n1400,1,1,1\n") << 200.0;
+        QTest::newRow("one frequency") << QByteArray("300,1,1,1\n") << 1.0;
+        QTest::newRow("hardly two") << QByteArray("300,1,1,1\n300.00000000000006,1,1,1\n") << 1.0;
+    }
+
+    void axesHaveRoundNumbersInTheRange()
+    {
+        QFETCH(QByteArray, lines);
+        QFETCH(double, step);
+        m_view->setResults({makeResult(QStringLiteral("wide"), "1,1,1,1\n1e12,2,2,2\n")});
+        m_view->setResults({makeResult(QStringLiteral("one"), lines)});
+        const auto* axis = axisOf(0, Qt::Horizontal);
+        QCOMPARE(axis->tickInterval(), step);
+        QCOMPARE(axis->tickAnchor(), 0.0);
+        QVERIFY(axis->max() > axis->min());
+    }
+
+    void ratiosHaveAnAxisThatFits_data()
+    {
+        QTest::addColumn<QByteArray>("ratio");
+        QTest::addColumn<double>("highest");
+        QTest::newRow("good") << QByteArray("1.4") << 2.0;
+        QTest::newRow("just two") << QByteArray("2") << 2.0;
+        QTest::newRow("fair") << QByteArray("2.01") << 3.0;
+        QTest::newRow("poor") << QByteArray("5") << 6.0;
+        QTest::newRow("bad") << QByteArray("9") << 10.0;
+        QTest::newRow("endless") << QByteArray("1e300") << 10.0;
+        QTest::newRow("unknown") << QByteArray("inf") << 2.0;
+    }
+
+    void ratiosHaveAnAxisThatFits()
+    {
+        QFETCH(QByteArray, ratio);
+        QFETCH(double, highest);
+        m_view->setResults(
+            {makeResult(QStringLiteral("one"), "100,1,1,1.1\n200,1,1," + ratio + '\n')});
+        const auto* axis = axisOf(2, Qt::Vertical);
+        QCOMPARE(axis->min(), 1.0);
+        QCOMPARE(axis->max(), ratio == "inf" ? 2.0 : highest);
+        QCOMPARE(axis->tickAnchor(), 1.0);
+    }
+
+    void largestNumbersThereAreLeaveTheChartButNotTheProgram()
+    {
+        m_view->setResults(
+            {makeResult(QStringLiteral("huge"), "100,1e308,-1e308,1\n200,-1e308,1e308,1\n")});
+        const auto* axis = axisOf(0, Qt::Vertical);
+        QVERIFY(axis->max() >= 1e15 && axis->max() < 1e17);
+        QVERIFY(axis->min() <= -1e15);
+        QVERIFY(m_view->readout(100).size() < 500);
+        QVERIFY(m_view->readout(100).contains(QStringLiteral("1e+308")));
+    }
+
+    void longCurveKeepsItsEndsAndPeaks()
+    {
+        // A dip close behind a peak, and an end that is neither.
+        const QHash<int, QByteArray> odd = {
+            {54321, "999"}, {54330, "1"}, {99998, "40"}, {99999, "60"}};
+        QByteArray lines;
+        for (int i = 1; i <= 100000; ++i) {
+            lines += QByteArray::number(i) + ',' + odd.value(i, "50") + ",3,1\n";
+        }
+        m_view->setResults({makeResult(QStringLiteral("long"), lines)});
+        const auto* curve =
+            qobject_cast<QtCharts::QLineSeries*>(m_charts.first()->chart()->series().first());
+        const QVector<QPointF> points = curve->pointsVector();
+        QVERIFY2(points.size() <= 10000, qPrintable(QString::number(points.size())));
+        QCOMPARE(points.first(), QPointF(1, 50));
+        QCOMPARE(points.last(), QPointF(100000, 50));
+        QVERIFY(points.contains(QPointF(54321, 999)));
+        QVERIFY(points.contains(QPointF(54330, 1)));
+        QVERIFY(std::is_sorted(points.begin(), points.end(),
+                               [](const QPointF& a, const QPointF& b) { return a.x() < b.x(); }));
+        QVERIFY(m_view->readout(54321).contains(QStringLiteral("999.00")));
+        QCOMPARE(axisOf(0, Qt::Vertical)->max() >= 999, true);
+    }
+
+    void darkBackgroundHasBrighterColours()
+    {
+        m_view->setResults(twoResults());
+        QPalette dark = m_view->palette();
+        dark.setColor(QPalette::Base, QColor(20, 20, 20));
+        dark.setColor(QPalette::Text, Qt::white);
+        const QColor before = m_view->colour(0);
+        m_view->setPalette(dark);
+        QCoreApplication::processEvents();
+        QVERIFY(m_view->colour(0).lightness() > before.lightness());
+        QVERIFY(legendText().contains(m_view->colour(0).name()));
+        const auto* curve =
+            qobject_cast<QtCharts::QLineSeries*>(m_charts.first()->chart()->series().first());
+        QCOMPARE(curve->pen().color(), m_view->colour(0));
+        QCOMPARE(axisOf(0, Qt::Vertical)->labelsColor(), QColor(Qt::white));
+        QCOMPARE(m_charts.first()->backgroundBrush().color(), QColor(20, 20, 20));
+    }
+
+    void viewThatIsNotShownIsLaidOutForExport()
+    {
+        ResultView view;
+        view.setResults({makeResult(QStringLiteral("one"), "100,12345678,-0.5,5\n200,70,0,1.4\n")});
+        view.layOut({700, 600});
+        QCOMPARE(view.charts().size(), QSize(700, 600));
+        const auto charts = view.findChildren<QuantityChart*>();
+        QVERIFY(charts.at(0)->chart()->plotArea().width() > 300);
+        for (const QuantityChart* chart : charts) {
+            QCOMPARE(chart->chart()->plotArea().left(), charts.at(0)->chart()->plotArea().left());
+        }
+        QVERIFY(!view.isVisible());
     }
 
     void resultsWithErrorsAreLeftOut()
@@ -225,6 +397,24 @@ private Q_SLOTS:
     }
 
 private:
+    QtCharts::QValueAxis* axisOf(int place, Qt::Orientation orientation) const
+    {
+        return qobject_cast<QtCharts::QValueAxis*>(
+            m_charts.at(place)->chart()->axes(orientation).first());
+    }
+
+    QString legendText() const
+    {
+        return m_view->findChild<QLabel*>(QStringLiteral("legend"))->text();
+    }
+
+    QRectF plotOf(int place) const
+    {
+        const QuantityChart* chart = m_charts.at(place);
+        return QRectF(chart->chart()->mapRectToScene(chart->chart()->plotArea()))
+            .translated(chart->mapTo(m_view.get(), chart->mapFromScene(QPointF())));
+    }
+
     QString readoutText() const
     {
         return m_view->findChild<QLabel*>(QStringLiteral("readout"))->text();
