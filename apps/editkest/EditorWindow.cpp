@@ -3,6 +3,7 @@
 #include "DeckCheck.h"
 #include "DeckEditor.h"
 #include "DeckHighlighter.h"
+#include "HelpMenu.h"
 #include "WindowGeometry.h"
 
 #include <common_HelpClient.h>
@@ -82,6 +83,7 @@ EditorWindow::EditorWindow(const QString& model)
     makeContent();
     makeFileMenu();
     makeEditMenu();
+    HelpMenu::addTo(*this, QStringLiteral("Edits models and checks them while they are edited."));
     m_settings.readSettings();
     WindowGeometry::restore(*this, *m_settings.geometry());
     updateTitle();

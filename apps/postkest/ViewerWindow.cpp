@@ -1,6 +1,7 @@
 #include "ViewerWindow.h"
 
 #include "Export.h"
+#include "HelpMenu.h"
 #include "ResultView.h"
 #include "WindowGeometry.h"
 
@@ -67,6 +68,7 @@ ViewerWindow::ViewerWindow(const QStringList& paths)
     makeContent();
     makeFileMenu();
     makeViewMenu();
+    HelpMenu::addTo(*this, QStringLiteral("Shows what runs of solver components found."));
     m_settings.readSettings();
     WindowGeometry::restore(*this, *m_settings.geometry());
     connect(m_watch, &ResultWatch::changed, this, &ViewerWindow::reload);

@@ -253,8 +253,9 @@ private Q_SLOTS:
     void thePagesOfTheSuiteAreThere_data()
     {
         QTest::addColumn<QString>("page");
-        for (const char* const page : {"index", "launch-options", "machines-file", "kestdesk-batch",
-                                       "run-window", "online_InitialRenderingSettingsDialog"}) {
+        for (const char* const page : {"index", "kestdesk", "launch-options", "machines-file",
+                                       "kestdesk-batch", "run-window", "cadkest", "postkest",
+                                       "editkest", "online_InitialRenderingSettingsDialog"}) {
             QTest::newRow(page) << QString::fromLatin1(page);
         }
     }

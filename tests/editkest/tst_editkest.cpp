@@ -449,11 +449,23 @@ private Q_SLOTS:
         QCOMPARE(window.pos(), QPoint(31, 47));
     }
 
+    void f1ShowsItsPage_data()
+    {
+        QTest::addColumn<bool>("fromTheMenu");
+        QTest::newRow("key") << false;
+        QTest::newRow("menu") << true;
+    }
+
     void f1ShowsItsPage()
     {
+        QFETCH(bool, fromTheMenu);
         EditorWindow window(m_path);
         window.show();
-        QTest::keyClick(window.findChild<DeckEditor*>(), Qt::Key_F1);
+        if (fromTheMenu) {
+            window.findChild<QAction*>(QStringLiteral("helpAction"))->trigger();
+        } else {
+            QTest::keyClick(window.findChild<DeckEditor*>(), Qt::Key_F1);
+        }
         QString shown;
         const QWidgetList windows = QApplication::topLevelWidgets();
         for (QWidget* const each : windows) {

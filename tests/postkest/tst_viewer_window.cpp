@@ -332,10 +332,22 @@ private Q_SLOTS:
         QVERIFY(!enter.isAccepted());
     }
 
+    void f1ShowsItsPage_data()
+    {
+        QTest::addColumn<bool>("fromTheMenu");
+        QTest::newRow("key") << false;
+        QTest::newRow("menu") << true;
+    }
+
     void f1ShowsItsPage()
     {
+        QFETCH(bool, fromTheMenu);
         open({});
-        QTest::keyClick(m_window.get(), Qt::Key_F1);
+        if (fromTheMenu) {
+            m_window->findChild<QAction*>(QStringLiteral("helpAction"))->trigger();
+        } else {
+            QTest::keyClick(m_window.get(), Qt::Key_F1);
+        }
         QTextBrowser* browser = nullptr;
         const QWidgetList windows = QApplication::topLevelWidgets();
         for (QWidget* const each : windows) {
