@@ -82,7 +82,7 @@ private:
         QCOMPARE(m_stage.state(1), text("running"));
         QTRY_VERIFY_WITH_TIMEOUT(m_stage.cell(1, "Progress") != text("0 %"), longTime);
         QVERIFY(!m_stage.cell(1, "Remaining").isEmpty());
-        QTRY_VERIFY_WITH_TIMEOUT(!m_stage.desk().processes().filter(text("nec2c")).isEmpty(),
+        QTRY_VERIFY_WITH_TIMEOUT(!m_stage.desk().processes().filter(text("runkest")).isEmpty(),
                                  longTime);
         BoxAnswerer willing(WindowStage::pressing(Qt::Key_Return));
         m_stage.pressStop();

@@ -197,7 +197,7 @@ void tst_machines_file::hugeFilesAreReadInTime()
     QElapsedTimer clock;
     clock.start();
     const MachinesFile file = MachinesFile::parsed(content, text("m"));
-    QVERIFY2(clock.elapsed() < 5000, qPrintable(QString::number(clock.elapsed())));
+    QVERIFY2(clock.elapsed() < 30000, qPrintable(QString::number(clock.elapsed())));
     QCOMPARE(file.errors().isEmpty(), isGood);
 }
 
