@@ -8,6 +8,7 @@
 #include "RenderingSettings.h"
 #include "RenderingSwitch.h"
 
+#include <HelpMenu.h>
 #include <WindowGeometry.h>
 
 #include <common_3DMouseOptions.h>
@@ -48,6 +49,7 @@ void prepare(MainWindow& window, const common_CommonSettingsSet& settings)
     const QString name = GET_SERVICE(common_IApplicationInfo)->applicationName();
     window.setWindowIcon(GET_SERVICE(common_IIconUtility)->getIcon(name));
     GET_SERVICE(common_HelpClient)->registerPage(&window, name);
+    HelpMenu::addTo(window, QStringLiteral("Shows a model's wires in three dimensions."));
     WindowGeometry::restore(window, *settings.geometry());
     window.addRecentMenu(new RecentMenu(&window, settings.recentFiles()));
     const auto mouse = common_3DMouseOptions::create(ReadOnlyAccess);

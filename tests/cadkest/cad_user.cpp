@@ -11,6 +11,7 @@
 #include <QKeySequence>
 #include <QLabel>
 #include <QMainWindow>
+#include <QMenuBar>
 #include <QMessageBox>
 #include <QTextBrowser>
 #include <QTimer>
@@ -51,8 +52,9 @@ QWidget* view()
     return shown<QWidget>(QStringLiteral("sceneView"));
 }
 
-void say(const QString& words)
+void say(QString words)
 {
+    words.replace(QLatin1Char('\n'), QLatin1Char('|'));
     std::fprintf(stderr, "user: %s\n", qPrintable(words));
 }
 
@@ -107,6 +109,9 @@ private:
         if (verb == QLatin1String("moved")) {
             return view()->grab().toImage() != m_picture;
         }
+        if (verb == QLatin1String("menus")) {
+            return readMenus();
+        }
         if (verb == QLatin1String("boxes")) {
             say(shown<QMessageBox>(QString()) ? QStringLiteral("a box") : QStringLiteral("no box"));
             return true;
@@ -155,6 +160,17 @@ private:
             say(QLatin1String("help = ") + page->toPlainText().section(QLatin1Char('\n'), 0, 0));
         }
         return label || (page && name == QLatin1String("help"));
+    }
+
+    static bool readMenus()
+    {
+        QStringList menus;
+        const QList<QAction*> actions = shown<QMainWindow>(QString())->menuBar()->actions();
+        for (const QAction* const action : actions) {
+            menus += action->text();
+        }
+        say(QLatin1String("menus = ") + menus.join(QLatin1Char(' ')));
+        return true;
     }
 
     QStringList m_steps;

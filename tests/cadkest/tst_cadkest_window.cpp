@@ -258,6 +258,8 @@ private Q_SLOTS:
         QTest::addColumn<QString>("reason");
         QTest::newRow("crashes") << text("trial crashes") << text("OpenGL crashed when");
         QTest::newRow("hangs") << text("trial hangs") << text("OpenGL gave no answer when");
+        QTest::newRow("draws nothing but black")
+            << text("trial is black") << text("OpenGL draws wrong pictures");
     }
 
     void aDriverThatFailsInTheTestLeavesSoftware()
@@ -351,6 +353,27 @@ private Q_SLOTS:
         saveRendering("false");
         QCOMPARE(run({text("key F1"), text("read help"), text("close")}),
                  text("help = The window of cadkest"));
+    }
+
+    void theHelpMenuStandsLastAndShowsThePageOfTheWindow()
+    {
+        saveRendering("false");
+        QCOMPARE(run({text("menus"), text("trigger helpAction"), text("read help"), text("close")}),
+                 text("menus = &File &View &Settings &Help|help = The window of cadkest"));
+        QVERIFY(hasEndedWell());
+    }
+
+    void theHelpMenuSaysWhatTheProgramIs()
+    {
+        saveRendering("false");
+        const QString seen = run({text("trigger aboutAction"), text("read qt_msgbox_label"),
+                                  text("click OK"), text("boxes"), text("close")});
+        const QStringList words = seen.split(QLatin1Char('|'));
+        QCOMPARE(words.size(), 4);
+        QCOMPARE(words.at(0), text("qt_msgbox_label = cadkest " KEST_VERSION));
+        QCOMPARE(words.at(1), text("Shows a model's wires in three dimensions."));
+        QCOMPARE(words.at(3), text("no box"));
+        QVERIFY(hasEndedWell());
     }
 
     void theSensitivityOfThe3DMouseIsUsed()

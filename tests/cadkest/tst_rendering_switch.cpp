@@ -174,6 +174,19 @@ private Q_SLOTS:
         QVERIFY(m_stage->label("renderingMessage").isHidden());
     }
 
+    void anEndedTrialNeverRunsOutOfTime()
+    {
+        RenderingSwitch& change = makeSwitch(hanging());
+        change.probe().setPatience(100);
+        const QSignalSpy changed(&change, &RenderingSwitch::changed);
+        change.change(Rendering::Hardware);
+        change.change(Rendering::Software);
+        QTest::qWait(300);
+        QCOMPARE(changed.size(), 1);
+        QCOMPARE(changed.first().first().toBool(), true);
+        QVERIFY(m_stage->label("renderingMessage").isHidden());
+    }
+
     void theTrialEndsWithTheWindow()
     {
         makeSwitch(hanging()).change(Rendering::Hardware);

@@ -1,7 +1,6 @@
 #include "HardwareProbe.h"
 
 #include <QProcess>
-#include <QTimer>
 
 #include <utility>
 
@@ -31,9 +30,13 @@ QString errorOf(QProcess& process)
 
 } // namespace
 
-HardwareProbe::HardwareProbe(QString program)
-    : m_program(std::move(program)), m_patience(UsualPatience)
-{}
+HardwareProbe::HardwareProbe(QString program) : m_program(std::move(program))
+{
+    m_patience.setSingleShot(true);
+    m_patience.setInterval(UsualPatience);
+    connect(&m_patience, &QTimer::timeout, this,
+            [this] { finish(QStringLiteral("OpenGL gave no answer when it was tried")); });
+}
 
 HardwareProbe::~HardwareProbe()
 {
@@ -55,33 +58,36 @@ void HardwareProbe::start()
             finish(QStringLiteral("it could not be tried: %1").arg(process->errorString()));
         }
     });
-    QTimer::singleShot(m_patience, process, [this] {
-        finish(QStringLiteral("OpenGL gave no answer when it was tried"));
-    });
+    m_patience.start();
     process->start(m_program, {QStringLiteral("--try-opengl")});
 }
 
 void HardwareProbe::cancel()
 {
     if (m_process) {
-        end(*m_process);
-        m_process.reset();
+        end();
     }
 }
 
-void HardwareProbe::end(QProcess& process)
+void HardwareProbe::end()
 {
-    process.disconnect(this);
-    process.kill();
-    process.waitForFinished(KillPatience);
+    m_patience.stop();
+    QProcess* const process = m_process.release();
+    process->disconnect(this);
+    process->kill();
+    process->waitForFinished(KillPatience);
+    if (process->state() == QProcess::NotRunning) {
+        process->deleteLater(); // its signal may be the one that is being followed
+    } else {
+        // To delete it now would be to wait for it.
+        connect(process, qOverload<int, QProcess::ExitStatus>(&QProcess::finished), process,
+                &QObject::deleteLater);
+    }
 }
 
 void HardwareProbe::finish(const QString& error)
 {
-    // It may be this process whose signal is being followed.
-    QProcess* const process = m_process.release();
-    end(*process);
-    process->deleteLater();
+    end();
     Q_EMIT answered(error);
 }
 

@@ -3,6 +3,7 @@
 
 #include <QObject>
 #include <QString>
+#include <QTimer>
 
 #include <memory>
 
@@ -22,7 +23,7 @@ public:
     ~HardwareProbe() override;
 
     /// How long a driver may take; 20,000 by default.
-    void setPatience(int milliseconds) { m_patience = milliseconds; }
+    void setPatience(int milliseconds) { m_patience.setInterval(milliseconds); }
 
     /// Tries it. While it is being tried already, this does nothing.
     void start();
@@ -37,11 +38,11 @@ Q_SIGNALS:
     void answered(const QString& error);
 
 private:
-    void end(QProcess& process);
+    void end();
     void finish(const QString& error);
 
     QString m_program;
-    int m_patience;
+    QTimer m_patience;
     std::unique_ptr<QProcess> m_process;
 };
 
