@@ -2,17 +2,16 @@
 
 #include <ApplicationIdentity.h>
 #include <HelpMenu.h>
+#include <HelpPage.h>
 #include <Services.h>
 
 #include <common_HelpClient.h>
 #include <common_ServiceOf.h>
 
-#include <QApplication>
 #include <QMainWindow>
 #include <QMenu>
 #include <QMenuBar>
 #include <QTemporaryDir>
-#include <QTextBrowser>
 #include <QtTest>
 
 #include <memory>
@@ -22,17 +21,6 @@ namespace {
 QString text(const char* latin1)
 {
     return QString::fromLatin1(latin1);
-}
-
-QString shownPage()
-{
-    const QWidgetList windows = QApplication::topLevelWidgets();
-    for (QWidget* const window : windows) {
-        if (window->objectName() == QLatin1String("helpViewer") && window->isVisible()) {
-            return window->findChild<QTextBrowser*>()->toPlainText();
-        }
-    }
-    return QString();
 }
 
 } // namespace
@@ -80,9 +68,9 @@ private Q_SLOTS:
 
     void showsTheWindowsPage()
     {
-        QCOMPARE(shownPage(), QString());
+        QCOMPARE(shownHelpPage(), QString());
         m_window->findChild<QAction*>(text("helpAction"))->trigger();
-        QCOMPARE(shownPage(), text("How to view"));
+        QCOMPARE(shownHelpPage(), text("How to view"));
     }
 
     void saysWhatTheApplicationIs()

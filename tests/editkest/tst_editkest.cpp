@@ -5,6 +5,7 @@
 #include <Services.h>
 
 #include <BoxAnswerer.h>
+#include <HelpPage.h>
 #include <QAction>
 #include <QDropEvent>
 #include <QFile>
@@ -15,7 +16,6 @@
 #include <QMimeData>
 #include <QProcess>
 #include <QTemporaryDir>
-#include <QTextBrowser>
 #include <QtTest>
 
 namespace {
@@ -466,13 +466,7 @@ private Q_SLOTS:
         } else {
             QTest::keyClick(window.findChild<DeckEditor*>(), Qt::Key_F1);
         }
-        QString shown;
-        const QWidgetList windows = QApplication::topLevelWidgets();
-        for (QWidget* const each : windows) {
-            if (each->objectName() == QLatin1String("helpViewer")) {
-                shown = each->findChild<QTextBrowser*>()->toPlainText();
-            }
-        }
+        const QString shown = shownHelpPage();
         QVERIFY2(shown.startsWith(QStringLiteral("The editor of models")),
                  qPrintable(shown.left(80)));
         for (const char* word : {"--non-interactive", "F8", "Ctrl+S", "Latin-1"}) {

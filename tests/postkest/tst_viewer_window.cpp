@@ -4,6 +4,7 @@
 
 #include <ApplicationIdentity.h>
 #include <BoxAnswerer.h>
+#include <HelpPage.h>
 #include <Services.h>
 
 #include <QAction>
@@ -19,7 +20,6 @@
 #include <QSaveFile>
 #include <QStatusBar>
 #include <QTemporaryDir>
-#include <QTextBrowser>
 #include <QtTest>
 
 namespace {
@@ -348,15 +348,7 @@ private Q_SLOTS:
         } else {
             QTest::keyClick(m_window.get(), Qt::Key_F1);
         }
-        QTextBrowser* browser = nullptr;
-        const QWidgetList windows = QApplication::topLevelWidgets();
-        for (QWidget* const each : windows) {
-            if (each->objectName() == QLatin1String("helpViewer")) {
-                browser = each->findChild<QTextBrowser*>();
-            }
-        }
-        QVERIFY(browser != nullptr);
-        const QString shown = browser->toPlainText();
+        const QString shown = shownHelpPage();
         QVERIFY2(shown.startsWith(QStringLiteral("Results in charts")), qPrintable(shown.left(80)));
         for (const char* word : {"--non-interactive", "SWR", "F5", "Ctrl+E"}) {
             QVERIFY2(shown.contains(QLatin1String(word)), word);

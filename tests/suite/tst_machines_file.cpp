@@ -1,9 +1,10 @@
 #include "MachinesFile.h"
 #include "SuiteRun.h"
 
-#include <QElapsedTimer>
 #include <QTemporaryDir>
 #include <QtTest>
+
+#include <ctime>
 
 using suite::MachinesFile;
 
@@ -194,10 +195,10 @@ void tst_machines_file::hugeFilesAreReadInTime()
 {
     QFETCH(QByteArray, content);
     QFETCH(bool, isGood);
-    QElapsedTimer clock;
-    clock.start();
+    const std::clock_t begin = std::clock();
     const MachinesFile file = MachinesFile::parsed(content, text("m"));
-    QVERIFY2(clock.elapsed() < 30000, qPrintable(QString::number(clock.elapsed())));
+    const std::clock_t taken = std::clock() - begin; // of this process, whatever else runs
+    QVERIFY2(taken < 5 * CLOCKS_PER_SEC, qPrintable(QString::number(taken)));
     QCOMPARE(file.errors().isEmpty(), isGood);
 }
 
