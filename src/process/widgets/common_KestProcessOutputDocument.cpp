@@ -1,6 +1,6 @@
 #include "common_KestProcessOutputDocument.h"
 
-#include "common_ImagePlaceholder.h"
+#include "common_KestProcessOutputLayout.h"
 
 #include <QUrl>
 #include <QVariant>
@@ -10,7 +10,7 @@ common_KestProcessOutputDocument::common_KestProcessOutputDocument(QObject* pare
     : QTextDocument(parent)
 {
     setUndoRedoEnabled(false);
-    common_ImagePlaceholder::install(*this);
+    setDocumentLayout(new common_KestProcessOutputLayout(this));
 }
 
 QVariant common_KestProcessOutputDocument::loadResource(int /*type*/, const QUrl& /*name*/)

@@ -3,6 +3,7 @@
 #include "common_Colourise.h"
 #include "common_KestProcessOutputTableWidget.h"
 #include "common_KestProcessOutputTextEdit.h"
+#include "common_LineStyle.h"
 
 #include <common_IIconUtility.h>
 #include <common_ServiceOf.h>
@@ -56,8 +57,8 @@ void common_KestProcessOutputTabWidget::append(const QString& text)
 void common_KestProcessOutputTabWidget::addError(const QString& text)
 {
     const QColor red(QStringLiteral("red"));
-    m_errorsView->appendLine(colourise(text.simplified(), red));
-    m_outputView->appendLine(colourise(text, red));
+    m_errorsView->appendLine(text.simplified(), {red});
+    m_outputView->appendLine(text, {red});
     setCurrentWidget(m_errorsView);
 }
 
@@ -65,8 +66,7 @@ int common_KestProcessOutputTabWidget::addWarning(const QString& text)
 {
     m_warningCount = list(m_warningsTable, text, QStringLiteral("WARNING "),
                           QStringLiteral("Warnings(%1)"), m_warningCount);
-    m_outputView->appendLine(colourise(QStringLiteral("<b>") + text + QStringLiteral("</b>"),
-                                       QColor(QStringLiteral("orange"))));
+    m_outputView->appendLine(text, {QColor(QStringLiteral("orange")), true});
     return m_warningCount;
 }
 
@@ -74,7 +74,7 @@ int common_KestProcessOutputTabWidget::addNotice(const QString& text)
 {
     m_noticeCount = list(m_noticesTable, text, QStringLiteral("NOTE "),
                          QStringLiteral("Notices(%1)"), m_noticeCount);
-    m_outputView->appendLine(colourise(text, QColor(QStringLiteral("blue"))));
+    m_outputView->appendLine(text, {QColor(QStringLiteral("blue"))});
     return m_noticeCount;
 }
 
@@ -102,6 +102,7 @@ void common_KestProcessOutputTabWidget::findNext()
     if (!m_outputView->find(m_outputView->textCursor().selectedText())) {
         m_outputView->moveCursor(QTextCursor::Start);
     }
+    m_outputView->showTextCursor();
 }
 
 void common_KestProcessOutputTabWidget::onNoticeSelected(int row, int /*column*/)
@@ -165,4 +166,5 @@ void common_KestProcessOutputTabWidget::selectInOutput(const Table* table, int r
     setCurrentWidget(m_outputView);
     m_outputView->moveCursor(QTextCursor::Start);
     m_outputView->find(table->item(row, descriptionColumn)->text(), QTextDocument::FindWholeWords);
+    m_outputView->showTextCursor();
 }

@@ -1,6 +1,8 @@
 #include "common_KestProcessOutputTextEdit.h"
 
 #include "common_KestProcessOutputDocument.h"
+#include "common_KestProcessOutputLayout.h"
+#include "common_LineStyle.h"
 
 #include <QInputEvent>
 #include <QMimeData>
@@ -8,75 +10,7 @@
 #include <QScrollBar>
 #include <QTextDocumentFragment>
 
-#include <algorithm>
-#include <optional>
-
 namespace {
-
-struct ColouredLine
-{
-    QString text;
-    QTextCharFormat format;
-};
-
-// Whether HTML shows the character as it is, wherever it stands. Blanks are seen to separately.
-bool isOrdinary(QChar character)
-{
-    return character > QLatin1Char(' ') && character.unicode() < 0xd800 &&
-           character != QLatin1Char('<') && character != QLatin1Char('&') && !character.isSpace();
-}
-
-// As HTML has it: no blanks at the beginning, and one for several.
-QString withSingleBlanks(QStringView text)
-{
-    QString result;
-    result.reserve(static_cast<int>(text.size()));
-    for (const QChar character : text) {
-        const bool blank = character == QLatin1Char(' ');
-        if (!blank || !(result.isEmpty() || result.back() == QLatin1Char(' '))) {
-            result.append(character);
-        }
-    }
-    return result;
-}
-
-bool takeTags(QStringView& text, QLatin1String opening, QLatin1String closing)
-{
-    if (!text.startsWith(opening) || !text.endsWith(closing) ||
-        text.size() < opening.size() + closing.size()) {
-        return false;
-    }
-    text = text.mid(opening.size(), text.size() - opening.size() - closing.size());
-    return true;
-}
-
-// What common_colourise() makes of a text without markup, perhaps in bold, needs no HTML parser.
-// Everything else does.
-std::optional<ColouredLine> colouredLine(QStringView html)
-{
-    constexpr int nameLength = 7; // #rrggbb
-    if (!takeTags(html, QLatin1String("<font color="), QLatin1String("</font>"))) {
-        return std::nullopt;
-    }
-    const QString name = html.left(nameLength).toString();
-    const bool named = name.startsWith(QLatin1Char('#')) && QColor::isValidColor(name);
-    if (!named || html.mid(nameLength, 1) != QLatin1String(">")) {
-        return std::nullopt;
-    }
-    QStringView text = html.mid(nameLength + 1);
-    QTextCharFormat format;
-    format.setForeground(QColor(name));
-    if (takeTags(text, QLatin1String("<b>"), QLatin1String("</b>"))) {
-        format.setFontWeight(QFont::Bold);
-    }
-    const bool plain = std::all_of(text.cbegin(), text.cend(), [](QChar character) {
-        return character == QLatin1Char(' ') || isOrdinary(character);
-    });
-    if (!plain) {
-        return std::nullopt;
-    }
-    return ColouredLine{withSingleBlanks(text), format};
-}
 
 // On a dark base the colours of messages, blue above all, could not be read. All else of the view,
 // its scroll bars for instance, keeps the colours around it.
@@ -119,16 +53,19 @@ common_KestProcessOutputTextEdit::~common_KestProcessOutputTextEdit() = default;
 
 void common_KestProcessOutputTextEdit::appendLine(const QString& line)
 {
-    beginTurn();
-    if (!m_isEditing) {
-        m_isEditing = true;
-        m_writer.beginEditBlock();
+    beginLine();
+    if (Qt::mightBeRichText(line)) {
+        insertMarkup(line, common_LineStyle());
+    } else {
+        m_writer.insertText(line, QTextCharFormat());
     }
-    m_writer.movePosition(QTextCursor::End);
-    if (!document()->isEmpty()) {
-        m_writer.insertBlock(QTextBlockFormat(), QTextCharFormat());
-    }
-    insertLine(line);
+}
+
+void common_KestProcessOutputTextEdit::appendLine(const QString& line,
+                                                  const common_LineStyle& style)
+{
+    beginLine();
+    insertMarkup(line, style);
 }
 
 void common_KestProcessOutputTextEdit::finishLayout()
@@ -160,6 +97,13 @@ void common_KestProcessOutputTextEdit::resizeEvent(QResizeEvent* event)
 {
     beginTurn();
     QTextEdit::resizeEvent(event);
+    layOutView();
+}
+
+void common_KestProcessOutputTextEdit::showEvent(QShowEvent* event)
+{
+    QTextEdit::showEvent(event);
+    layOutView();
 }
 
 void common_KestProcessOutputTextEdit::changeEvent(QEvent* event)
@@ -168,6 +112,12 @@ void common_KestProcessOutputTextEdit::changeEvent(QEvent* event)
     if (event->type() == QEvent::PaletteChange) {
         ensureLightBase(this);
     }
+}
+
+void common_KestProcessOutputTextEdit::scrollContentsBy(int dx, int dy)
+{
+    QTextEdit::scrollContentsBy(dx, dy);
+    layOutView();
 }
 
 // The ODF that QTextEdit would offer as well contains the images, read from their files.
@@ -226,14 +176,14 @@ void common_KestProcessOutputTextEdit::follow()
             scrollToTextCursor();
         }
     }
+    layOutView();
     m_isInTurn = false;
 }
 
-// A long text in a new width is laid out little by little, unless somebody asks for its size.
 void common_KestProcessOutputTextEdit::scrollToBottom()
 {
-    document()->size();
     verticalScrollBar()->setValue(verticalScrollBar()->maximum());
+    layOutView();
 }
 
 // After a line that is too wide for the view the next ones shall be seen from their beginning
@@ -243,7 +193,46 @@ void common_KestProcessOutputTextEdit::scrollToTextCursor()
     if (textCursor().atEnd() && !m_isScrolledSideways) {
         horizontalScrollBar()->setValue(0);
     }
-    ensureCursorVisible();
+    showTextCursor();
+}
+
+// To lay out what comes into view may move the text cursor out of it again.
+void common_KestProcessOutputTextEdit::showTextCursor()
+{
+    constexpr int mostRounds = 5;
+    int value = -1;
+    for (int round = 0; round < mostRounds && value != verticalScrollBar()->value(); ++round) {
+        value = verticalScrollBar()->value();
+        ensureCursorVisible();
+        layOutView();
+    }
+}
+
+// What is laid out for the first time is perhaps higher or lower than was thought. The view stays
+// at its end when it is there; else what was laid out before stays where the user sees it.
+void common_KestProcessOutputTextEdit::layOutView()
+{
+    common_KestProcessOutputLayout* const layout = textLayout();
+    if (m_isLayingOut || !isVisible() || !layout) {
+        return;
+    }
+    m_isLayingOut = true;
+    QScrollBar* const bar = verticalScrollBar();
+    const bool wasAtBottom = isAtBottom(bar);
+    bool isMoving = true;
+    while (isMoving) {
+        const int top = bar->value();
+        const int bottom = top + viewport()->height();
+        const int anchor = layout->firstLaidOut(top, bottom);
+        const qreal place = anchor < 0 ? 0 : layout->top(anchor);
+        isMoving = layout->layOut(top, bottom);
+        if (wasAtBottom) {
+            bar->setValue(bar->maximum());
+        } else if (isMoving && anchor >= 0 && top > bar->minimum() && !bar->isSliderDown()) {
+            bar->setValue(top + qRound(layout->top(anchor) - place));
+        }
+    }
+    m_isLayingOut = false;
 }
 
 bool common_KestProcessOutputTextEdit::isFollowedAt(int scrollPosition) const
@@ -252,14 +241,38 @@ bool common_KestProcessOutputTextEdit::isFollowedAt(int scrollPosition) const
            (m_following == Following::Bottom || textCursor().atEnd());
 }
 
-void common_KestProcessOutputTextEdit::insertLine(const QString& line)
+// QTextCursor::movePosition() would lay out the line before.
+void common_KestProcessOutputTextEdit::beginLine()
 {
-    if (!Qt::mightBeRichText(line)) {
-        m_writer.insertText(line, QTextCharFormat());
-    } else if (const auto coloured = colouredLine(line)) {
-        m_writer.insertText(coloured->text, coloured->format);
-    } else {
-        m_writer.setCharFormat(QTextCharFormat());
-        m_writer.insertHtml(line);
+    beginTurn();
+    if (!m_isEditing) {
+        m_isEditing = true;
+        m_writer.beginEditBlock();
     }
+    if (!m_writer.atEnd()) {
+        m_writer.setPosition(document()->characterCount() - 1);
+    }
+    if (!document()->isEmpty()) {
+        m_writer.insertBlock(QTextBlockFormat(), QTextCharFormat());
+    }
+}
+
+void common_KestProcessOutputTextEdit::insertMarkup(const QString& line,
+                                                    const common_LineStyle& style)
+{
+    const QVector<common_MarkupReader::Line> lines = m_markupReader.read(line, style);
+    for (int number = 0; number < lines.size(); ++number) {
+        if (number > 0) {
+            m_writer.insertBlock(QTextBlockFormat());
+        }
+        for (const common_FormattedText& text : lines[number]) {
+            m_writer.insertText(text.text, text.format);
+        }
+    }
+}
+
+// Null when somebody has given the view another document.
+common_KestProcessOutputLayout* common_KestProcessOutputTextEdit::textLayout() const
+{
+    return qobject_cast<common_KestProcessOutputLayout*>(document()->documentLayout());
 }

@@ -1,0 +1,14 @@
+#ifndef COMMON_LINESTYLE_H
+#define COMMON_LINESTYLE_H
+
+#include <QColor>
+
+/// How a line of output is shown, as if a font tag in that colour, and a b tag in it where the line
+/// is bold, stood around it: markup in the line may end them early.
+struct common_LineStyle
+{
+    QColor colour;
+    bool isBold = false;
+};
+
+#endif

@@ -1,0 +1,38 @@
+#ifndef COMMON_MARKUPELEMENT_H
+#define COMMON_MARKUPELEMENT_H
+
+class QString;
+
+/// What the reader of rich text knows of one kind of tag.
+struct common_MarkupElement
+{
+    enum class Kind {
+        Inline,
+        Break,    ///< a line break
+        Image,    ///< an image
+        Void,     ///< shows nothing and has no contents
+        Hidden,   ///< its contents are not shown
+        Block,    ///< begins and ends lines
+        Rule,     ///< a line across
+        List,     ///< begins and ends lines; counts its items
+        ListItem, ///< the same, with a bullet or a number
+        Table,    ///< begins and ends lines
+        Row,      ///< the same
+        Cell      ///< one part of a row
+    };
+
+    const char* name;
+    Kind kind;
+
+    /// The name of the tag that formats characters as this one does; empty when attributes alone
+    /// do.
+    const char* formattedAs;
+
+    /// Of the name in lower case; an inline element of no format for a name that is not known.
+    static const common_MarkupElement& named(const QString& name);
+
+    bool isInline() const { return kind <= Kind::Void; }
+    bool hasContents() const;
+};
+
+#endif
