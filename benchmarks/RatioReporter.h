@@ -8,7 +8,7 @@
 #include <string>
 #include <vector>
 
-/// Two benchmarks of one run to set side by side.
+/// Two benchmarks of one run to set side by side, by their names with arguments, as "lines/1000".
 struct Ratio
 {
     const char* name;
@@ -17,8 +17,8 @@ struct Ratio
     double goal; ///< measured items a second divided by the reference's: at least this
 };
 
-/// Prints what Google Benchmark prints, and then the ratios of the items a second. The machine's
-/// mood changes the figures, not the ratios.
+/// Prints what Google Benchmark prints, and then the ratios of the items a second of those pairs
+/// that were run. The machine's mood changes the figures, not the ratios.
 class RatioReporter : public benchmark::ConsoleReporter
 {
 public:
@@ -31,7 +31,7 @@ public:
             const auto rate = run.counters.find("items_per_second");
             const bool counts = run.run_type == Run::RT_Iteration || run.aggregate_name == "median";
             if (counts && rate != run.counters.end()) {
-                m_rates[run.run_name.function_name] = rate->second;
+                m_rates[nameOf(run)] = rate->second;
             }
         }
     }
@@ -40,12 +40,22 @@ public:
     {
         ConsoleReporter::Finalize();
         for (const Ratio& ratio : m_ratios) {
-            const double value = m_rates[ratio.measured] / m_rates[ratio.reference];
-            std::printf("%-50s %6.2f (goal: at least %.2f)\n", ratio.name, value, ratio.goal);
+            const auto measured = m_rates.find(ratio.measured);
+            const auto reference = m_rates.find(ratio.reference);
+            if (measured != m_rates.end() && reference != m_rates.end()) {
+                std::printf("%-60s %6.2f (goal: at least %.2f)\n", ratio.name,
+                            measured->second / reference->second, ratio.goal);
+            }
         }
     }
 
 private:
+    static std::string nameOf(const Run& run)
+    {
+        const std::string& arguments = run.run_name.args;
+        return run.run_name.function_name + (arguments.empty() ? "" : "/" + arguments);
+    }
+
     std::vector<Ratio> m_ratios;
     std::map<std::string, double> m_rates; // of the last run of each, so the median where repeated
 };

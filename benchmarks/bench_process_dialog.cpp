@@ -1,72 +1,17 @@
-// The process dialog, visible and with its details open, under a flood from a child, against
-// PlainDialog; and how alive it stays meanwhile.
+// The process dialog under a flood from a child, folded as it is at first and with its details
+// open, against PlainDialog; and how alive it stays meanwhile.
 //
 // The plain version takes minutes where ours takes a second, so it is given fewer lines; its time
 // grows faster than their number, which makes the ratios that are printed too small.
+#include "DialogFlood.h"
 #include "PlainDialog.h"
 #include "RatioReporter.h"
 
-#include <DialogStage.h>
-
-#include <QElapsedTimer>
-#include <QFile>
 #include <QMouseEvent>
-#include <QTimer>
 
-#include <algorithm>
-#include <memory>
 #include <thread>
-#include <vector>
-
-#include <unistd.h>
 
 namespace {
-
-double residentBytes()
-{
-    QFile file(QStringLiteral("/proc/self/statm"));
-    if (!file.open(QIODevice::ReadOnly)) {
-        return 0;
-    }
-    const double pages = file.readAll().split(' ').value(1).toDouble();
-    return pages * static_cast<double>(sysconf(_SC_PAGESIZE));
-}
-
-/// Measures how long a timer of 10 ms is kept waiting.
-class GapReader
-{
-public:
-    GapReader()
-    {
-        m_timer.setTimerType(Qt::PreciseTimer);
-        QObject::connect(&m_timer, &QTimer::timeout, &m_timer,
-                         [this] { m_gaps.push_back(static_cast<double>(m_clock.restart())); });
-        m_clock.start();
-        m_timer.start(10);
-    }
-
-    void report(benchmark::State& state)
-    {
-        std::sort(m_gaps.begin(), m_gaps.end());
-        if (!m_gaps.empty()) {
-            state.counters["gap_ms_p99"] = m_gaps[(m_gaps.size() - 1) * 99 / 100];
-            state.counters["gap_ms_max"] = m_gaps.back();
-        }
-    }
-
-private:
-    QTimer m_timer;
-    QElapsedTimer m_clock;
-    std::vector<double> m_gaps;
-};
-
-template <typename Condition>
-void processEventsUntil(Condition condition)
-{
-    while (!condition()) {
-        QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
-    }
-}
 
 QStringList solverLines(std::int64_t count)
 {
@@ -78,94 +23,75 @@ QStringList warnings(std::int64_t count)
     return {QStringLiteral("warnings"), QString::number(count), QStringLiteral("500")};
 }
 
-void doNothing(const DialogStage&)
-{}
-
-// In another width every line has to be laid out again. Once, in the middle of the flood.
-void widenInTheMiddle(const DialogStage& stage, int lines)
+void runDialog(benchmark::State& state, const QStringList& commands, Details details)
 {
-    const int width = 150;
-    const int narrow = stage.tabs()->minimumWidth() + width;
-    if (stage.output()->document()->blockCount() > lines / 2 && stage.dialog->width() < narrow) {
-        stage.dialog->resize(stage.dialog->width() + width, stage.dialog->height());
-    }
-}
-
-// The deed is done again and again during the run.
-template <typename Deed>
-void runDialog(benchmark::State& state, const QStringList& commands, int lines, Deed deed)
-{
+    const auto lines = static_cast<int>(state.range(0));
     for (auto _ : state) {
-        state.PauseTiming();
         const DialogStage stage;
-        SettingsFolders::write(stage.folders.userFile(), "[options]\nRunDetailsShown=true\n");
-        const double before = residentBytes();
+        choose(stage, details);
+        const RunClock clock(stage.runner.get());
         GapReader gaps;
-        state.ResumeTiming();
         stage.run(commands);
-        processEventsUntil([&] {
-            deed(stage);
-            return stage.ok()->isEnabled();
-        });
-        state.PauseTiming();
-        if (stage.output()->document()->blockCount() != lines || !stage.output()->isVisible()) {
-            state.SkipWithError("lines were lost, or not visible");
-        }
+        processEventsUntil([&stage] { return stage.ok()->isEnabled(); });
+        state.SetIterationTime(clock.seconds);
         gaps.report(state);
-        state.counters["bytes_a_line"] = (residentBytes() - before) / lines;
-        state.ResumeTiming();
+        if (stage.output()->document()->blockCount() != lines ||
+            stage.output()->isVisible() != (details == Details::Open)) {
+            state.SkipWithError("lines were lost, or the details are not as they should be");
+        }
     }
     state.SetItemsProcessed(state.iterations() * lines);
 }
 
-void runPlain(benchmark::State& state, const QStringList& commands, int lines)
+void runPlain(benchmark::State& state, const QStringList& commands)
 {
+    const auto lines = static_cast<int>(state.range(0));
     for (auto _ : state) {
         common_ProcessRunner<common_KestProcessMessage> runner;
         const PlainDialog dialog(&runner);
+        const RunClock clock(&runner);
         GapReader gaps;
         runner.setExecutable(QStringLiteral(KEST_TEST_CHILD));
         runner.setArguments(commands);
         runner.run();
         processEventsUntil([&runner] { return !runner.isRunning(); });
+        state.SetIterationTime(clock.seconds);
+        gaps.report(state);
         if (dialog.lineCount() != lines) {
             state.SkipWithError("lines were lost");
         }
-        gaps.report(state);
     }
     state.SetItemsProcessed(state.iterations() * lines);
 }
 
-void mixedLines(benchmark::State& state)
+void linesFolded(benchmark::State& state)
 {
-    runDialog(state, solverLines(state.range(0)), static_cast<int>(state.range(0)), doNothing);
+    runDialog(state, solverLines(state.range(0)), Details::Folded);
 }
 
-void mixedLinesResized(benchmark::State& state)
+void linesOpen(benchmark::State& state)
 {
-    const int lines = static_cast<int>(state.range(0));
-    runDialog(state, solverLines(lines), lines,
-              [lines](const DialogStage& stage) { widenInTheMiddle(stage, lines); });
+    runDialog(state, solverLines(state.range(0)), Details::Open);
 }
 
-void mixedLinesPlain(benchmark::State& state)
+void linesPlain(benchmark::State& state)
 {
-    runPlain(state, solverLines(state.range(0)), static_cast<int>(state.range(0)));
+    runPlain(state, solverLines(state.range(0)));
 }
 
-void manyWarnings(benchmark::State& state)
+void warningsFolded(benchmark::State& state)
 {
-    runDialog(state, warnings(state.range(0)), static_cast<int>(state.range(0)), doNothing);
+    runDialog(state, warnings(state.range(0)), Details::Folded);
 }
 
-void fewerWarnings(benchmark::State& state)
+void warningsOpen(benchmark::State& state)
 {
-    manyWarnings(state);
+    runDialog(state, warnings(state.range(0)), Details::Open);
 }
 
-void fewerWarningsPlain(benchmark::State& state)
+void warningsPlain(benchmark::State& state)
 {
-    runPlain(state, warnings(state.range(0)), static_cast<int>(state.range(0)));
+    runPlain(state, warnings(state.range(0)));
 }
 
 // From a click of the mouse, sent by another thread into the middle of the flood, to the question,
@@ -176,7 +102,7 @@ void stopInAFlood(benchmark::State& state)
     double toEnd = 0;
     for (auto _ : state) {
         const DialogStage stage;
-        SettingsFolders::write(stage.folders.userFile(), "[options]\nRunDetailsShown=true\n");
+        choose(stage, Details::Open);
         stage.run(solverLines(100000000));
         processEventsUntil([&] { return stage.output()->document()->blockCount() > 30000; });
         QElapsedTimer clock;
@@ -209,33 +135,54 @@ void stopInAFlood(benchmark::State& state)
     state.counters["end_ms_max"] = toEnd;
 }
 
+void overLines(benchmark::internal::Benchmark* run)
+{
+    run->UseManualTime()->Iterations(1)->Unit(benchmark::kMillisecond);
+    for (const int lines : {1000, 10000, 100000, 200000, 1000000}) {
+        run->Arg(lines);
+    }
+}
+
+void overWarnings(benchmark::internal::Benchmark* run)
+{
+    run->UseManualTime()->Iterations(1)->Unit(benchmark::kMillisecond);
+    for (const int lines : {1000, 10000, 20000, 100000}) {
+        run->Arg(lines);
+    }
+}
+
+void overFew(benchmark::internal::Benchmark* run)
+{
+    run->UseManualTime()->Iterations(1)->Unit(benchmark::kMillisecond);
+    run->Arg(1000)->Arg(2000);
+}
+
 } // namespace
 
-// The child works at the same time: what counts is the wall clock.
-BENCHMARK(mixedLines)->Arg(200000)->UseRealTime()->Iterations(1)->Unit(benchmark::kMillisecond);
-BENCHMARK(mixedLinesResized)
-    ->Arg(200000)
-    ->UseRealTime()
-    ->Iterations(1)
-    ->Unit(benchmark::kMillisecond);
-BENCHMARK(mixedLinesPlain)->Arg(20000)->UseRealTime()->Iterations(1)->Unit(benchmark::kMillisecond);
-BENCHMARK(manyWarnings)->Arg(20000)->UseRealTime()->Iterations(1)->Unit(benchmark::kMillisecond);
-BENCHMARK(fewerWarnings)->Arg(2000)->UseRealTime()->Iterations(1)->Unit(benchmark::kMillisecond);
-BENCHMARK(fewerWarningsPlain)
-    ->Arg(2000)
-    ->UseRealTime()
-    ->Iterations(1)
-    ->Unit(benchmark::kMillisecond);
+BENCHMARK(linesFolded)->Apply(overLines);
+BENCHMARK(linesOpen)->Apply(overLines);
+BENCHMARK(linesPlain)->Apply(overFew)->Arg(10000)->Arg(20000);
+BENCHMARK(warningsFolded)->Apply(overWarnings);
+BENCHMARK(warningsOpen)->Apply(overWarnings);
+BENCHMARK(warningsPlain)->Apply(overFew);
 BENCHMARK(stopInAFlood)->UseRealTime()->Iterations(10)->Unit(benchmark::kMillisecond);
 
 int main(int argc, char* argv[])
 {
     const QApplication application(argc, argv);
+    constexpr double leastGrowth = 1 / 1.3;
     return runBenchmarks(
         argc, argv,
-        {{"200,000 mixed lines, dialog to plain version (20,000)", "mixedLines", "mixedLinesPlain",
-          5},
-         {"20,000 warnings, dialog to plain version (2,000)", "manyWarnings", "fewerWarningsPlain",
-          100},
-         {"20,000 warnings to 2,000, speed", "manyWarnings", "fewerWarnings", 10.0 / 15.0}});
+        {{"200,000 lines open, to plain version (20,000)", "linesOpen/200000", "linesPlain/20000",
+          12},
+         {"200,000 lines folded, to open", "linesFolded/200000", "linesOpen/200000", 1},
+         {"1,000,000 lines open, to 10,000", "linesOpen/1000000", "linesOpen/10000", leastGrowth},
+         {"1,000,000 lines folded, to 10,000", "linesFolded/1000000", "linesFolded/10000",
+          leastGrowth},
+         {"20,000 warnings open, to plain version (2,000)", "warningsOpen/20000",
+          "warningsPlain/2000", 100},
+         {"100,000 warnings open, to 10,000", "warningsOpen/100000", "warningsOpen/10000",
+          leastGrowth},
+         {"100,000 warnings folded, to 10,000", "warningsFolded/100000", "warningsFolded/10000",
+          leastGrowth}});
 }

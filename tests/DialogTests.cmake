@@ -8,11 +8,33 @@ foreach(class
 endforeach()
 
 # Not exported, so compiled in.
+set(widgets ${PROJECT_SOURCE_DIR}/src/process/widgets)
 kest_test(tst_common_EndOfTurn
-    SOURCES ${PROJECT_SOURCE_DIR}/src/process/widgets/common_EndOfTurn.cpp
+    SOURCES ${widgets}/common_EndOfTurn.cpp
     LIBRARIES Qt5::Core)
-target_include_directories(tst_common_EndOfTurn PRIVATE
-    ${PROJECT_SOURCE_DIR}/src/process/widgets)
+kest_test(tst_common_BlockHeights
+    SOURCES ${widgets}/common_BlockHeights.cpp
+    LIBRARIES Qt5::Core)
+kest_test(tst_common_KestProcessOutputLayout
+    SOURCES
+        ${widgets}/common_BlockHeights.cpp
+        ${widgets}/common_KestProcessOutputLayout.cpp
+    LIBRARIES Qt5::Widgets)
+kest_test(tst_common_MarkupReader
+    SOURCES
+        ${widgets}/common_MarkupElement.cpp
+        ${widgets}/common_MarkupEntity.cpp
+        ${widgets}/common_MarkupFormats.cpp
+        ${widgets}/common_MarkupReader.cpp
+        ${widgets}/common_MarkupScanner.cpp
+    LIBRARIES Qt5::Gui)
+foreach(class
+        common_EndOfTurn
+        common_BlockHeights
+        common_KestProcessOutputLayout
+        common_MarkupReader)
+    target_include_directories(tst_${class} PRIVATE ${widgets})
+endforeach()
 
 # As on screens with few and with many pixels.
 foreach(scale 0.5 3.0)
@@ -23,3 +45,12 @@ foreach(scale 0.5 3.0)
             ENVIRONMENT "QT_QPA_PLATFORM=offscreen;QT_SCALE_FACTOR=${scale}")
     endforeach()
 endforeach()
+
+# In short: by itself it takes the numbers that are asked for (scripts/soak).
+add_executable(kest_soak soak/soak.cpp)
+target_link_libraries(kest_soak PRIVATE kest::common kest_test_support)
+kest_strict(kest_soak)
+add_test(NAME soak_in_short COMMAND kest_soak --runs 40 --at-once 10 --lines 50000)
+set_tests_properties(soak_in_short PROPERTIES
+    TIMEOUT 300
+    ENVIRONMENT "QT_QPA_PLATFORM=offscreen")

@@ -78,6 +78,15 @@ bool shows(QWidget* widget, const QColor& colour)
     return false;
 }
 
+int laidOutBlocks(const QTextEdit* view)
+{
+    int count = 0;
+    for (QTextBlock block = view->document()->begin(); block.isValid(); block = block.next()) {
+        count += block.layout()->lineCount() > 0 ? 1 : 0;
+    }
+    return count;
+}
+
 /// A picture and a style sheet that a child might name, both in a colour that nothing else has.
 class Bait
 {
@@ -149,12 +158,24 @@ public:
         QCoreApplication::processEvents();
     }
 
+    // Wider than the view, each in its own way.
+    void printWrappingLines(int count) const
+    {
+        for (int number = 0; number < count; ++number) {
+            runner->output(QStringLiteral("line %1 of text ").arg(number).repeated(number % 40));
+        }
+        QCoreApplication::processEvents();
+    }
+
     void moveCursorTo(int position) const
     {
         QTextCursor cursor = output()->textCursor();
         cursor.setPosition(position);
         output()->setTextCursor(cursor);
     }
+
+    // What 15 degrees of a wheel are in pixels.
+    int wheelStep() const { return QApplication::wheelScrollLines() * scrollBar()->singleStep(); }
 
     void wheel(int degrees) const
     {
@@ -234,10 +255,18 @@ private Q_SLOTS:
     void endsMarkupWithTheFirstLine();
     void readsNothingThatIsNamed_data();
     void readsNothingThatIsNamed();
-    void drawsAFrameForAnImage();
-    void drawsAFrameOfItsOwnSize();
+    void namesImages();
+    void showsBlocksAsLines();
+    void staysAliveWithNestedTables_data();
+    void staysAliveWithNestedTables();
     void readsNothingForTheClipboard();
+    void copiesVeryMuchAsPlainText();
     void linksDoNothing();
+    void laysOutNothingThatIsFolded();
+    void laysOutOnlyWhatIsInView();
+    void staysAtTheEndOfLinesThatWrap();
+    void scrollsAsFarAsAskedAmongLinesThatWrap();
+    void findsAmongLinesThatWrap();
     void showsErrors();
     void showsWarnings_data();
     void showsWarnings();
@@ -415,7 +444,7 @@ void tst_common_KestProcessOutputTabWidget::appendsAsQTextEditDoes_data()
 {
     QTest::addColumn<QString>("line");
 
-    const std::array<const char*, 44> lines = {"",
+    const std::array<const char*, 40> lines = {"",
                                                " ",
                                                "plain",
                                                "  leading",
@@ -449,16 +478,12 @@ void tst_common_KestProcessOutputTabWidget::appendsAsQTextEditDoes_data()
                                                "<font color=></font>",
                                                "<br>",
                                                "a<br>b",
-                                               "<p>a</p><p>b</p>",
-                                               "<ul><li>a<li>b</ul>",
-                                               "<table><tr><td>a</td><td>b</td></tr></table>",
                                                "<pre>a  b</pre>",
                                                "<!-- comment -->",
                                                "<!-- open",
                                                "<style>p{color:red}</style>x",
                                                "<h1>x</h1>",
-                                               "<a href='http://localhost/'>x</a>",
-                                               "x<hr>"};
+                                               "<a href='http://localhost/'>x</a>"};
     int number = 0;
     for (const char* const line : lines) {
         QTest::addRow("%d", number++) << QString::fromUtf8(line);
@@ -693,27 +718,62 @@ void tst_common_KestProcessOutputTabWidget::readsNothingThatIsNamed()
     QCOMPARE(stage.info()->text(), QStringLiteral("> x ") + line);
 }
 
-void tst_common_KestProcessOutputTabWidget::drawsAFrameForAnImage()
+void tst_common_KestProcessOutputTabWidget::namesImages()
 {
     const TabStage stage;
-    const auto drawn = [&stage] { return stage.output()->viewport()->grab().toImage(); };
-    stage.runner->output(QStringLiteral("<p></p>"));
-    const QImage empty = drawn();
-    stage.output()->clear();
-    stage.runner->output(QStringLiteral("<img src='missing.png'>"));
-    QVERIFY(drawn() != empty);
+    stage.runner->output(QStringLiteral("<img src='missing.png' width=5000 height=5000> &lt;"));
+    stage.runner->notice(QStringLiteral("<img src='x.png' alt='a picture'>"));
+    QCOMPARE(stage.text(), QStringLiteral("[missing.png] <\n[a picture]"));
+    QVERIFY(stage.output()->document()->size().height() < 60);
 }
 
-// Or a child could make the output as high as it wants.
-void tst_common_KestProcessOutputTabWidget::drawsAFrameOfItsOwnSize()
+void tst_common_KestProcessOutputTabWidget::showsBlocksAsLines()
 {
-    const TabStage stage;
-    stage.runner->output(QStringLiteral("<img src='missing.png'>"));
-    const QSizeF size = stage.output()->document()->size();
-    QVERIFY(size.height() < 60);
-    stage.output()->clear();
-    stage.runner->output(QStringLiteral("<img src='missing.png' width=5000 height=5000>"));
-    QCOMPARE(stage.output()->document()->size(), size);
+    const QString table = QStringLiteral("<table><tr><td>a</td><td>b</td></tr></table><p>c</p>"
+                                         "<ul><li>d<li>e</ul>x<hr>");
+    const QString text =
+        QStringLiteral("a\tb\nc\n\u2022 d\n\u2022 e\nx\n") + QString(40, QLatin1Char('-'));
+    for (const auto type : {common_IProcessMessage::Output, common_IProcessMessage::Error,
+                            common_IProcessMessage::Warning, common_IProcessMessage::Notice}) {
+        const DialogStage stage;
+        stage.runner->say(type, table);
+        QCOMPARE(stage.text(), text);
+        const QTextDocument* const document = stage.output()->document();
+        QVERIFY(document->rootFrame()->childFrames().isEmpty());
+        const QTextCharFormat format = document->lastBlock().begin().fragment().charFormat();
+        QCOMPARE(format.foreground().style() != Qt::NoBrush,
+                 type != common_IProcessMessage::Output);
+    }
+}
+
+void tst_common_KestProcessOutputTabWidget::staysAliveWithNestedTables_data()
+{
+    QTest::addColumn<bool>("open");
+
+    QTest::newRow("folded") << false;
+    QTest::newRow("open") << true;
+}
+
+// Laid out as tables in tables, thirty of them would take for ever.
+void tst_common_KestProcessOutputTabWidget::staysAliveWithNestedTables()
+{
+    QFETCH(bool, open);
+    const QString nested = QStringLiteral("<table><tr><td>").repeated(30);
+    for (const auto type : {common_IProcessMessage::Output, common_IProcessMessage::Error,
+                            common_IProcessMessage::Warning, common_IProcessMessage::Notice}) {
+        const DialogStage stage;
+        stage.runner->start(QStringLiteral("/bin/") + nested, {nested});
+        if (open) {
+            stage.openDetails();
+        }
+        stage.runner->say(type, nested + QStringLiteral("x"));
+        stage.runner->say(type, nested.repeated(100) + QStringLiteral("y"));
+        stage.runner->output(QStringLiteral("next"));
+        QCoreApplication::processEvents();
+        stage.dialog->grab();
+        QVERIFY(stage.text().endsWith(QStringLiteral("y\nnext")));
+        QVERIFY(stage.info()->text().endsWith(nested));
+    }
 }
 
 void tst_common_KestProcessOutputTabWidget::readsNothingForTheClipboard()
@@ -730,6 +790,20 @@ void tst_common_KestProcessOutputTabWidget::readsNothingForTheClipboard()
     QVERIFY(!data->hasFormat(QStringLiteral("application/vnd.oasis.opendocument.text")));
 }
 
+void tst_common_KestProcessOutputTabWidget::copiesVeryMuchAsPlainText()
+{
+    const TabStage stage;
+    stage.runner->notice(QStringLiteral("a&nbsp;b<br>c"));
+    for (int line = 0; line < 30000; ++line) {
+        stage.runner->error(QStringLiteral("error %1").arg(line));
+    }
+    stage.output()->selectAll();
+    stage.output()->copy();
+    const QMimeData* const data = QApplication::clipboard()->mimeData();
+    QVERIFY(data->text() == stage.text());
+    QVERIFY(!data->hasHtml());
+}
+
 void tst_common_KestProcessOutputTabWidget::linksDoNothing()
 {
     const TabStage stage;
@@ -738,6 +812,111 @@ void tst_common_KestProcessOutputTabWidget::linksDoNothing()
     QVERIFY(!(stage.errors()->textInteractionFlags() &
               (Qt::LinksAccessibleByMouse | Qt::LinksAccessibleByKeyboard)));
     QVERIFY(!stage.info()->openExternalLinks());
+}
+
+void tst_common_KestProcessOutputTabWidget::laysOutNothingThatIsFolded()
+{
+    const DialogStage stage;
+    stage.runner->start();
+    for (int line = 0; line < 20000; ++line) {
+        stage.runner->output(QStringLiteral("this is line number %1 of the output").arg(line));
+        stage.runner->notice(QStringLiteral("a notice"));
+        if (line % 1000 == 0) {
+            QCoreApplication::processEvents();
+        }
+    }
+    QCoreApplication::processEvents();
+    QVERIFY(!stage.output()->isVisible());
+    QVERIFY(laidOutBlocks(stage.output()) < 100);
+
+    stage.openDetails();
+    stage.tabs()->setCurrentIndex(0);
+    QCoreApplication::processEvents();
+    const QScrollBar* const bar = stage.output()->verticalScrollBar();
+    QVERIFY(bar->maximum() > 100000);
+    QCOMPARE(bar->value(), bar->maximum());
+    QVERIFY(laidOutBlocks(stage.output()) < 300);
+}
+
+void tst_common_KestProcessOutputTabWidget::laysOutOnlyWhatIsInView()
+{
+    const TabStage stage;
+    for (int turn = 0; turn < 20; ++turn) {
+        stage.printLines(1000);
+    }
+    QVERIFY(laidOutBlocks(stage.output()) < 2000);
+    stage.dialog->resize(stage.dialog->size() + QSize(150, 0));
+    QCoreApplication::processEvents();
+    QVERIFY(laidOutBlocks(stage.output()) < 100);
+    QCOMPARE(stage.scrollBar()->value(), stage.scrollBar()->maximum());
+    stage.scrollBar()->setValue(stage.scrollBar()->maximum() / 2);
+    stage.moveCursorTo(0);
+    stage.output()->find(QStringLiteral("line 999"));
+    QCoreApplication::processEvents();
+    QVERIFY(laidOutBlocks(stage.output()) < 300);
+}
+
+void tst_common_KestProcessOutputTabWidget::staysAtTheEndOfLinesThatWrap()
+{
+    const TabStage stage;
+    stage.printWrappingLines(3000);
+    const auto isLastLineInView = [&stage] {
+        QTextCursor cursor = stage.output()->textCursor();
+        cursor.movePosition(QTextCursor::End);
+        const QRect place = stage.output()->cursorRect(cursor);
+        return place.bottom() <= stage.output()->viewport()->height() && place.top() > 0;
+    };
+    QCOMPARE(stage.scrollBar()->value(), stage.scrollBar()->maximum());
+    QVERIFY(isLastLineInView());
+    QTest::keyClick(stage.output(), Qt::Key_Home);
+    QCOMPARE(stage.scrollBar()->value(), 0);
+    QTest::keyClick(stage.output(), Qt::Key_End);
+    QCoreApplication::processEvents();
+    QCOMPARE(stage.scrollBar()->value(), stage.scrollBar()->maximum());
+    QVERIFY(isLastLineInView());
+    stage.dialog->resize(stage.dialog->size() + QSize(93, 40));
+    QCoreApplication::processEvents();
+    QCOMPARE(stage.scrollBar()->value(), stage.scrollBar()->maximum());
+    QVERIFY(isLastLineInView());
+}
+
+// What comes into view is perhaps higher than was thought: it may not push away what is there.
+void tst_common_KestProcessOutputTabWidget::scrollsAsFarAsAskedAmongLinesThatWrap()
+{
+    const TabStage stage;
+    stage.printWrappingLines(3000);
+    for (const int start : {stage.scrollBar()->maximum(), stage.scrollBar()->maximum() / 2}) {
+        stage.scrollBar()->setValue(start);
+        for (int turn = 0; turn < 200; ++turn) {
+            const QTextCursor marker = stage.output()->cursorForPosition(QPoint(5, 40));
+            const int before = stage.output()->cursorRect(marker).top();
+            stage.wheel(turn % 3 == 0 ? -15 : 15);
+            const int after = stage.output()->cursorRect(marker).top();
+            const bool atEdge = stage.scrollBar()->value() == 0 ||
+                                stage.scrollBar()->value() == stage.scrollBar()->maximum();
+            if (!atEdge) {
+                QCOMPARE(after - before, turn % 3 == 0 ? -stage.wheelStep() : stage.wheelStep());
+            }
+        }
+    }
+}
+
+void tst_common_KestProcessOutputTabWidget::findsAmongLinesThatWrap()
+{
+    const TabStage stage;
+    stage.printWrappingLines(1500);
+    stage.runner->notice(QStringLiteral("NOTE 1: needle"));
+    stage.printWrappingLines(1500);
+    Q_EMIT stage.notices()->cellDoubleClicked(0, 2);
+    QCOMPARE(stage.output()->textCursor().selectedText(), QStringLiteral("needle"));
+    const auto isInView = [&stage] {
+        return stage.output()->viewport()->rect().contains(stage.output()->cursorRect());
+    };
+    QVERIFY(isInView());
+    QCoreApplication::processEvents();
+    QVERIFY(isInView());
+    stage.printWrappingLines(10);
+    QVERIFY(isInView());
 }
 
 void tst_common_KestProcessOutputTabWidget::showsErrors()

@@ -118,6 +118,14 @@ void refuseResources(const QLabel* label)
     }
 }
 
+// The time that a label needs for tables in tables doubles with each of them.
+Qt::TextFormat labelFormat(const QString& text)
+{
+    constexpr int mostTables = 4;
+    return text.count(QStringLiteral("<table"), Qt::CaseInsensitive) > mostTables ? Qt::PlainText
+                                                                                  : Qt::AutoText;
+}
+
 } // namespace
 
 common_KestProcessDialog::common_KestProcessDialog(Runner runner, QWidget* parent)
@@ -482,6 +490,7 @@ void common_KestProcessDialog::connectWidgets()
 
 void common_KestProcessDialog::setInfoText(const QString& text)
 {
+    m_pInfoLabel->setTextFormat(labelFormat(text));
     m_pInfoLabel->setText(text);
     refuseResources(m_pInfoLabel);
 }

@@ -66,7 +66,7 @@ void common_BlockHeights::truncate(int count)
         add(this->count() - 1, -m_blocks.back().height);
         m_blocks.pop_back();
     }
-    m_groups.resize(static_cast<std::size_t>((count + groupSize - 1) / groupSize));
+    m_groups.resize((m_blocks.size() + groupSize - 1) / groupSize);
 }
 
 void common_BlockHeights::append(int characters)

@@ -19,9 +19,16 @@ constexpr std::size_t mostLayouts = 1000;
 // What a child prints may ask for fonts of any size.
 constexpr qreal greatestLineHeight = 1000;
 
-int lineHeight(const QTextLine& line)
+// From the top of a line to that of the next one, as in QTextEdit. The last line of a block takes
+// QTextLine::height(), which may be a pixel more.
+int lineDistance(const QTextLine& line)
 {
     return qCeil(std::min(line.ascent() + line.descent() + line.leading(), greatestLineHeight));
+}
+
+int lineHeight(const QTextLine& line)
+{
+    return std::max(lineDistance(line), qCeil(std::min(line.height(), greatestLineHeight)));
 }
 
 QVector<QTextLayout::FormatRange>
@@ -192,7 +199,7 @@ void common_KestProcessOutputLayout::documentChanged(int from, int charsRemoved,
 
 common_BlockHeights::Line common_KestProcessOutputLayout::measureLine() const
 {
-    QTextLayout text(QStringLiteral("X"), document()->defaultFont());
+    QTextLayout text(QStringLiteral("X"), document()->defaultFont(), paintDevice());
     text.beginLayout();
     QTextLine line = text.createLine();
     line.setLeadingIncluded(true);
@@ -217,20 +224,21 @@ void common_KestProcessOutputLayout::estimateAll()
     m_heights.estimate(measureLine());
 }
 
-// Text is nearly always appended, behind the end of a block that stays as it was. After another
-// change all that is behind it becomes an estimate.
+// Text is nearly always appended, to the last block or behind it. After another change nothing is
+// taken as known.
 void common_KestProcessOutputLayout::takeChange(int from)
 {
     const QTextBlock touched = document()->findBlock(from);
-    const bool isAtEnd = from >= touched.position() + touched.length() - 1;
-    const int first = touched.blockNumber() + (isAtEnd ? 1 : 0);
-    if (first == 0) {
-        m_widest = 0;
+    const bool isBehind = from >= touched.position() + touched.length() - 1;
+    const int firstChanged = touched.blockNumber() + (isBehind ? 1 : 0);
+    if (firstChanged + 1 < m_heights.count()) {
+        m_heights.truncate(0);
+        estimateAll();
+    } else if (firstChanged < m_heights.count()) {
+        m_heights.truncate(firstChanged);
+        m_laidOut.erase(std::remove(m_laidOut.begin(), m_laidOut.end(), firstChanged),
+                        m_laidOut.end());
     }
-    m_laidOut.erase(std::remove_if(m_laidOut.begin(), m_laidOut.end(),
-                                   [first](int number) { return number >= first; }),
-                    m_laidOut.end());
-    m_heights.truncate(std::min(first, m_heights.count()));
     for (QTextBlock block = document()->findBlockByNumber(m_heights.count()); block.isValid();
          block = block.next()) {
         block.clearLayout();
@@ -263,6 +271,7 @@ int common_KestProcessOutputLayout::layOutBlock(const QTextBlock& block) const
     option.setAlignment(QStyle::visualAlignment(option.textDirection(), option.alignment()));
     QTextLayout* const layout = block.layout();
     layout->setTextOption(option);
+    int place = 0;
     int height = 0;
     layout->beginLayout();
     for (QTextLine line = layout->createLine(); line.isValid(); line = layout->createLine()) {
@@ -271,8 +280,9 @@ int common_KestProcessOutputLayout::layOutBlock(const QTextBlock& block) const
         if (line.naturalTextWidth() > width) {
             line.setLineWidth(line.naturalTextWidth());
         }
-        line.setPosition(QPointF(0, height));
-        height += lineHeight(line);
+        line.setPosition(QPointF(0, place));
+        height = place + lineHeight(line);
+        place += lineDistance(line);
         m_widest = std::max(m_widest, line.naturalTextWidth());
     }
     layout->endLayout();

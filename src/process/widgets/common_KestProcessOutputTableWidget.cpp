@@ -16,7 +16,7 @@ enum Column { IdentifierColumn, CountColumn, DescriptionColumn, ColumnCount };
 constexpr int identifierWidth = 80;
 constexpr int countWidth = 45;
 constexpr int lightWeight = 2;
-constexpr qint64 fittingTime = 30; // milliseconds a turn
+constexpr qint64 fittingTime = 10; // milliseconds a turn
 
 /// A count that is worked out when it is read.
 class CountItem : public QTableWidgetItem

@@ -4,6 +4,7 @@
 #include "common_KestProcessOutputLayout.h"
 #include "common_LineStyle.h"
 
+#include <QAbstractTextDocumentLayout>
 #include <QInputEvent>
 #include <QMimeData>
 #include <QPalette>
@@ -11,6 +12,8 @@
 #include <QTextDocumentFragment>
 
 namespace {
+
+constexpr int mostStyledCharacters = 200000;
 
 // On a dark base the colours of messages, blue above all, could not be read. All else of the view,
 // its scroll bars for instance, keeps the colours around it.
@@ -26,6 +29,19 @@ void ensureLightBase(QWidget* view)
     view->setPalette(readable);
 }
 
+// As QTextDocument::toPlainText() makes it of the characters that a document is kept in.
+QString plainText(QString text)
+{
+    for (QChar& character : text) {
+        if (character == QChar::ParagraphSeparator || character == QChar::LineSeparator) {
+            character = QLatin1Char('\n');
+        } else if (character == QChar::Nbsp) {
+            character = QLatin1Char(' ');
+        }
+    }
+    return text;
+}
+
 bool isAtBottom(const QScrollBar* bar)
 {
     return bar->value() >= bar->maximum();
@@ -38,6 +54,7 @@ common_KestProcessOutputTextEdit::common_KestProcessOutputTextEdit(Following fol
     : QTextEdit(parent), m_following(following), m_endOfTurn([this] { follow(); })
 {
     setDocument(new common_KestProcessOutputDocument(this));
+    document()->documentLayout()->setPaintDevice(viewport());
     setReadOnly(true);
     ensureLightBase(this);
     m_writer = QTextCursor(document());
@@ -120,13 +137,20 @@ void common_KestProcessOutputTextEdit::scrollContentsBy(int dx, int dy)
     layOutView();
 }
 
-// The ODF that QTextEdit would offer as well contains the images, read from their files.
+// The ODF that QTextEdit would offer as well contains the images, read from their files. A
+// selection of millions of characters goes without its colours: to make HTML of it takes as long as
+// to read it all from the child.
 QMimeData* common_KestProcessOutputTextEdit::createMimeDataFromSelection() const
 {
-    const QTextDocumentFragment selection = textCursor().selection();
+    const QTextCursor selection = textCursor();
     auto* const data = new QMimeData;
-    data->setText(selection.toPlainText());
-    data->setHtml(selection.toHtml());
+    if (selection.selectionEnd() - selection.selectionStart() <= mostStyledCharacters) {
+        const QTextDocumentFragment fragment = selection.selection();
+        data->setText(fragment.toPlainText());
+        data->setHtml(fragment.toHtml());
+    } else {
+        data->setText(plainText(selection.selectedText()));
+    }
     return data;
 }
 

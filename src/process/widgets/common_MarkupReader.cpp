@@ -204,31 +204,29 @@ private:
         }
     }
 
-    void addVerbatim(const QString& text)
-    {
-        if (!current().isHidden) {
-            m_lines.addVerbatim(text);
-        }
-    }
-
     void openTag(const common_MarkupScanner::Token& tag)
     {
         const common_MarkupElement& element = common_MarkupElement::named(tag.text);
         closeWhatEndsBefore(tag.text, element);
-        if (!element.hasContents()) {
-            addWithoutContents(element, tag);
+        const bool isShown = !current().isHidden;
+        if (tag.text.isEmpty()) {
             return;
         }
-        if (tag.text.isEmpty()) {
+        if (!element.hasContents()) {
+            if (isShown) {
+                addWithoutContents(element, tag);
+            }
             return;
         }
         if (element.kind == Kind::Cell && current().row < 0) {
             push(QStringLiteral("tr"), QTextCharFormat(), Blanks::Inherited);
         }
         const common_MarkupFormats::TagFormat format = formatOf(element, tag);
-        beginElement(element);
+        if (isShown) {
+            beginElement(element);
+        }
         push(tag.text, format.format, format.blanks);
-        if (element.kind == Kind::ListItem) {
+        if (isShown && element.kind == Kind::ListItem) {
             addBullet();
         }
         if (tag.isClosed) {
@@ -236,7 +234,7 @@ private:
         }
     }
 
-    // Also what the tag's own contents will look like, except a background: blocks have none.
+    // Blocks have no background.
     common_MarkupFormats::TagFormat formatOf(const common_MarkupElement& element,
                                              const common_MarkupScanner::Token& tag)
     {
@@ -286,7 +284,7 @@ private:
         const int row = current().row;
         if (row >= 0 && m_open[static_cast<std::size_t>(row)].items++ > 0) {
             m_lines.continueLine();
-            addVerbatim(QStringLiteral("\t"));
+            m_lines.addVerbatim(QStringLiteral("\t"));
         }
         m_lines.beginContents();
     }
@@ -304,7 +302,7 @@ private:
         }
         constexpr int indent = 2;
         const int depth = std::min(std::max(item.listDepth - 1, 0), ruleLength);
-        addVerbatim(QString(indent * depth, QLatin1Char(' ')) + bullet);
+        m_lines.addVerbatim(QString(indent * depth, QLatin1Char(' ')) + bullet);
         m_lines.beginContents();
     }
 
@@ -313,16 +311,16 @@ private:
     {
         switch (element.kind) {
         case Kind::Break:
-            addVerbatim(QString(QChar::LineSeparator));
+            m_lines.addVerbatim(QString(QChar::LineSeparator));
             m_lines.dropBlanks();
             break;
         case Kind::Image:
-            addVerbatim(imageText(tag.attributes));
+            m_lines.addVerbatim(imageText(tag.attributes));
             m_lines.mergeBlanks();
             break;
         case Kind::Rule:
             m_lines.breakLineBefore();
-            addVerbatim(QString(ruleLength, QLatin1Char('-')));
+            m_lines.addVerbatim(QString(ruleLength, QLatin1Char('-')));
             m_lines.breakLineBehind();
             break;
         default:
@@ -397,9 +395,12 @@ private:
         --m_openNames[tag.name];
         m_openTables -= tag.element->kind == Kind::Table ? 1 : 0;
         m_lines.setFormat(current().format);
+        if (tag.isHidden || tag.element->isInline()) {
+            return;
+        }
         if (tag.element->kind == Kind::Cell) {
             m_lines.dropBlanks();
-        } else if (!tag.element->isInline() && tag.element->kind != Kind::Hidden) {
+        } else {
             m_lines.breakLineBehind();
         }
     }
