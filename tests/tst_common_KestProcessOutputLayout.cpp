@@ -86,6 +86,8 @@ public:
             }
             append(text, formats.at(random.bounded(formats.size())));
         }
+        append(
+            QString::fromUtf8("\u05e9\u05dc\u05d5\u05dd \u05e2\u05d5\u05dc\u05dd 12 ").repeated(9));
         append(QString(200, QLatin1Char('x')));
         append(QString());
     }
@@ -114,7 +116,9 @@ private Q_SLOTS:
     void findsCharactersAsQtsLayoutDoes();
     void drawsAsQtsLayoutDoes();
     void drawsSelectionsAsQtsLayoutDoes();
+    void drawsInThePalettesColour();
     void drawsNoCursorWhereThereIsNone();
+    void estimatesBeforeAnyWidthIsKnown();
     void laysOutNothingByItself();
     void laysOutWhatIsAskedFor();
     void knowsTheSizeOfLinesThatFit();
@@ -215,6 +219,29 @@ void tst_common_KestProcessOutputLayout::drawsSelectionsAsQtsLayoutDoes()
     }
     QCOMPARE(views.tested().viewport()->grab().toImage(),
              views.plain().viewport()->grab().toImage());
+    const QImage before = views.tested().viewport()->grab().toImage();
+    for (QTextEdit* const view : {&views.plain(), &views.tested()}) {
+        QTextCursor cursor = view->textCursor();
+        cursor.setPosition(203);
+        cursor.setPosition(204, QTextCursor::KeepAnchor);
+        view->setTextCursor(cursor);
+        view->verticalScrollBar()->setValue(30);
+    }
+    QVERIFY(views.tested().viewport()->grab().toImage() != before);
+    QCOMPARE(views.tested().viewport()->grab().toImage(),
+             views.plain().viewport()->grab().toImage());
+}
+
+void tst_common_KestProcessOutputLayout::drawsInThePalettesColour()
+{
+    TwoViews views;
+    views.append(QStringLiteral("\u2588"));
+    QPalette palette;
+    palette.setColor(QPalette::Text, Qt::green);
+    views.plain().setPalette(palette);
+    views.tested().setPalette(palette);
+    QCOMPARE(views.tested().viewport()->grab().toImage(),
+             views.plain().viewport()->grab().toImage());
 }
 
 void tst_common_KestProcessOutputLayout::drawsNoCursorWhereThereIsNone()
@@ -234,6 +261,16 @@ void tst_common_KestProcessOutputLayout::drawsNoCursorWhereThereIsNone()
     QVERIFY(!isAnyInked(drawn(-1)));
     QVERIFY(isAnyInked(drawn(1)));
     QVERIFY(!isAnyInked(drawn(5)));
+}
+
+void tst_common_KestProcessOutputLayout::estimatesBeforeAnyWidthIsKnown()
+{
+    QTextDocument document;
+    document.setDocumentLayout(new common_KestProcessOutputLayout(&document));
+    QTextCursor(&document).insertText(
+        QStringLiteral("a line that wraps nowhere yet\n").repeated(9));
+    const qreal height = document.size().height();
+    QVERIFY2(height > 100 && height < 300, qPrintable(QString::number(height)));
 }
 
 void tst_common_KestProcessOutputLayout::laysOutNothingByItself()
@@ -451,6 +488,10 @@ void tst_common_KestProcessOutputLayout::hitsNothingOutside()
     views.append(QStringLiteral("word"));
     views.layOutAll();
     QCOMPARE(views.layout->hitTest(QPointF(6, 8), Qt::ExactHit), 0);
+    const QTextLine line = views.tested().document()->firstBlock().layout()->lineAt(0);
+    const QPointF behindW(4 + line.cursorToX(1) - 1, 8);
+    QCOMPARE(views.layout->hitTest(behindW, Qt::ExactHit), 0);
+    QCOMPARE(views.layout->hitTest(behindW, Qt::FuzzyHit), 1);
     for (const QPointF& place :
          {QPointF(-5, 8), QPointF(200, 8), QPointF(6, 500), QPointF(6, -5)}) {
         QCOMPARE(views.layout->hitTest(place, Qt::ExactHit), -1);

@@ -1,5 +1,6 @@
 #include <DialogStage.h>
 
+#include <QAbstractTextDocumentLayout>
 #include <QAction>
 #include <QClipboard>
 #include <QMenu>
@@ -266,6 +267,7 @@ private Q_SLOTS:
     void laysOutOnlyWhatIsInView();
     void staysAtTheEndOfLinesThatWrap();
     void scrollsAsFarAsAskedAmongLinesThatWrap();
+    void keepsItsPlaceInAnotherWidth();
     void findsAmongLinesThatWrap();
     void showsErrors();
     void showsWarnings_data();
@@ -352,6 +354,7 @@ void tst_common_KestProcessOutputTabWidget::hasItsOutputView()
     QCOMPARE(view->contextMenuPolicy(), Qt::CustomContextMenu);
     QVERIFY(view->isReadOnly());
     QVERIFY(!view->isUndoRedoEnabled());
+    QCOMPARE(view->document()->documentLayout()->paintDevice(), view->viewport());
     QCOMPARE(view->tabStopDistance(), 56.0);
     QCOMPARE(view->font().family(), QStringLiteral("Courier"));
     QCOMPARE(view->font().pointSize(), 9);
@@ -868,6 +871,12 @@ void tst_common_KestProcessOutputTabWidget::staysAtTheEndOfLinesThatWrap()
     };
     QCOMPARE(stage.scrollBar()->value(), stage.scrollBar()->maximum());
     QVERIFY(isLastLineInView());
+    stage.details()->setChecked(false);
+    stage.printWrappingLines(3000);
+    stage.details()->setChecked(true);
+    stage.output()->viewport()->repaint();
+    QCOMPARE(stage.scrollBar()->value(), stage.scrollBar()->maximum());
+    QVERIFY(isLastLineInView());
     QTest::keyClick(stage.output(), Qt::Key_Home);
     QCOMPARE(stage.scrollBar()->value(), 0);
     QTest::keyClick(stage.output(), Qt::Key_End);
@@ -891,6 +900,7 @@ void tst_common_KestProcessOutputTabWidget::scrollsAsFarAsAskedAmongLinesThatWra
             const QTextCursor marker = stage.output()->cursorForPosition(QPoint(5, 40));
             const int before = stage.output()->cursorRect(marker).top();
             stage.wheel(turn % 3 == 0 ? -15 : 15);
+            stage.output()->viewport()->repaint();
             const int after = stage.output()->cursorRect(marker).top();
             const bool atEdge = stage.scrollBar()->value() == 0 ||
                                 stage.scrollBar()->value() == stage.scrollBar()->maximum();
@@ -898,6 +908,21 @@ void tst_common_KestProcessOutputTabWidget::scrollsAsFarAsAskedAmongLinesThatWra
                 QCOMPARE(after - before, turn % 3 == 0 ? -stage.wheelStep() : stage.wheelStep());
             }
         }
+    }
+}
+
+void tst_common_KestProcessOutputTabWidget::keepsItsPlaceInAnotherWidth()
+{
+    const TabStage stage;
+    stage.printWrappingLines(3000);
+    stage.wheel(15);
+    stage.scrollBar()->setValue(stage.scrollBar()->maximum() / 2);
+    for (const int change : {200, -150, 37}) {
+        const int first = stage.output()->cursorForPosition(QPoint(0, 0)).blockNumber();
+        QVERIFY(first > 500);
+        stage.dialog->resize(stage.dialog->size() + QSize(change, 0));
+        QCoreApplication::processEvents();
+        QCOMPARE(stage.output()->cursorForPosition(QPoint(0, 0)).blockNumber(), first);
     }
 }
 

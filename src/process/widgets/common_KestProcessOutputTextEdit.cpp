@@ -109,11 +109,17 @@ void common_KestProcessOutputTextEdit::keyPressEvent(QKeyEvent* event)
     QTextEdit::keyPressEvent(event);
 }
 
-// What is followed shall still be in view.
+// What is followed shall still be in view; else what stands at the top.
 void common_KestProcessOutputTextEdit::resizeEvent(QResizeEvent* event)
 {
     beginTurn();
+    const QTextCursor first = cursorForPosition(QPoint(0, 0));
+    const int place = cursorRect(first).top();
     QTextEdit::resizeEvent(event);
+    QScrollBar* const bar = verticalScrollBar();
+    if (!bar->isSliderDown()) {
+        bar->setValue(bar->value() + cursorRect(first).top() - place);
+    }
     layOutView();
 }
 
@@ -265,16 +271,12 @@ bool common_KestProcessOutputTextEdit::isFollowedAt(int scrollPosition) const
            (m_following == Following::Bottom || textCursor().atEnd());
 }
 
-// QTextCursor::movePosition() would lay out the line before.
 void common_KestProcessOutputTextEdit::beginLine()
 {
     beginTurn();
     if (!m_isEditing) {
         m_isEditing = true;
         m_writer.beginEditBlock();
-    }
-    if (!m_writer.atEnd()) {
-        m_writer.setPosition(document()->characterCount() - 1);
     }
     if (!document()->isEmpty()) {
         m_writer.insertBlock(QTextBlockFormat(), QTextCharFormat());
