@@ -267,6 +267,9 @@ private Q_SLOTS:
     void laysOutOnlyWhatIsInView();
     void staysAtTheEndOfLinesThatWrap();
     void scrollsAsFarAsAskedAmongLinesThatWrap();
+    void goesToTheBeginningOfLinesThatWrap();
+    void neverMovesASliderThatIsHeld();
+    void showsEachMatchAmongLinesThatWrap();
     void keepsItsPlaceInAnotherWidth();
     void findsAmongLinesThatWrap();
     void showsErrors();
@@ -830,7 +833,7 @@ void tst_common_KestProcessOutputTabWidget::laysOutNothingThatIsFolded()
     }
     QCoreApplication::processEvents();
     QVERIFY(!stage.output()->isVisible());
-    QVERIFY(laidOutBlocks(stage.output()) < 100);
+    QVERIFY(laidOutBlocks(stage.output()) <= 2);
 
     stage.openDetails();
     stage.tabs()->setCurrentIndex(0);
@@ -909,6 +912,52 @@ void tst_common_KestProcessOutputTabWidget::scrollsAsFarAsAskedAmongLinesThatWra
             }
         }
     }
+}
+
+void tst_common_KestProcessOutputTabWidget::goesToTheBeginningOfLinesThatWrap()
+{
+    const TabStage stage;
+    stage.printWrappingLines(3000);
+    stage.scrollBar()->setValue(stage.scrollBar()->maximum() / 2);
+    stage.scrollBar()->setValue(120);
+    stage.output()->viewport()->repaint();
+    QTest::keyClick(stage.output(), Qt::Key_Home);
+    stage.output()->viewport()->repaint();
+    QCOMPARE(stage.scrollBar()->value(), 0);
+    QCOMPARE(stage.output()->cursorForPosition(QPoint(0, 0)).blockNumber(), 0);
+}
+
+void tst_common_KestProcessOutputTabWidget::neverMovesASliderThatIsHeld()
+{
+    const TabStage stage;
+    stage.printWrappingLines(3000);
+    stage.scrollBar()->setSliderDown(true);
+    for (int place = stage.scrollBar()->maximum() / 2; place > 20000; place -= 170) {
+        stage.scrollBar()->setSliderPosition(place);
+        stage.output()->viewport()->repaint();
+        QCOMPARE(stage.scrollBar()->value(), place);
+    }
+}
+
+void tst_common_KestProcessOutputTabWidget::showsEachMatchAmongLinesThatWrap()
+{
+    const TabStage stage;
+    for (int number = 0; number < 40; ++number) {
+        stage.printWrappingLines(number % 23);
+        stage.runner->output(QStringLiteral("needle"));
+    }
+    QCoreApplication::processEvents();
+    QTextCursor cursor = stage.output()->document()->find(QStringLiteral("needle"));
+    stage.output()->setTextCursor(cursor);
+    int matches = 1;
+    while (QMetaObject::invokeMethod(stage.tabs(), "findNext") &&
+           stage.output()->textCursor().hasSelection()) {
+        QVERIFY(stage.output()->viewport()->rect().contains(stage.output()->cursorRect()));
+        stage.output()->viewport()->repaint();
+        QVERIFY(stage.output()->viewport()->rect().contains(stage.output()->cursorRect()));
+        ++matches;
+    }
+    QCOMPARE(matches, 40);
 }
 
 void tst_common_KestProcessOutputTabWidget::keepsItsPlaceInAnotherWidth()

@@ -126,7 +126,7 @@ void common_KestProcessOutputTextEdit::resizeEvent(QResizeEvent* event)
 void common_KestProcessOutputTextEdit::showEvent(QShowEvent* event)
 {
     QTextEdit::showEvent(event);
-    layOutView();
+    follow();
 }
 
 void common_KestProcessOutputTextEdit::changeEvent(QEvent* event)
@@ -202,7 +202,7 @@ void common_KestProcessOutputTextEdit::follow()
         if (m_isInTurn && m_wasAtBottom) {
             scrollToBottom();
         }
-        if (m_following == Following::TextCursor) {
+        if (m_following == Following::TextCursor && isVisible()) {
             scrollToTextCursor();
         }
     }
