@@ -218,6 +218,8 @@ void tst_common_MarkupReader::showsBlocksAsLines_data()
     row("<p>a</p><p>b</p>", texts({"a", "b"}));
     row("a<p>b<p>c</p> <p> d", texts({"a", "b", "c", "d"}));
     row("<p></p><p></p>", texts({""}));
+    row("<p>a</p>b c  d", texts({"a", "b c d"}));
+    row("<pre>  a</pre>", texts({"  a"}));
     row("<div>a</div>b<div><div>c</div></div>d", texts({"a", "b", "c", "d"}));
     row("<h1>a</h1>b", texts({"a", "b"}));
     row("<center>a</center><blockquote>b</blockquote>c", texts({"a", "b", "c"}));

@@ -67,12 +67,10 @@ public:
 
     void dropBlanks() { m_nextBlank = NextBlank::Dropped; }
 
-    void mergeBlanks() { m_nextBlank = NextBlank::Last; }
-
     QVector<Line> take() { return std::move(m_lines); }
 
 private:
-    enum class NextBlank { Kept, Last, Dropped };
+    enum class NextBlank { Kept, Dropped };
 
     void addCharacter(QChar character, Blanks blanks)
     {
@@ -316,7 +314,6 @@ private:
             break;
         case Kind::Image:
             m_lines.addVerbatim(imageText(tag.attributes));
-            m_lines.mergeBlanks();
             break;
         case Kind::Rule:
             m_lines.breakLineBefore();
