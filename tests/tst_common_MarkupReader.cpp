@@ -133,6 +133,8 @@ void tst_common_MarkupReader::readsInlineFormattingAsQtDoes_data()
                                      "a<!-- open <b>b</b>",
                                      "<b title='a > b'>c</b>",
                                      "<b title=\"a > b &quot;\">c</b>",
+                                     "<b title='a\\'>b'>c</b>",
+                                     "a&#00000000065;b",
                                      "<b x=1 y z='>' =>a</b>b",
                                      "<  b  >a</b>b",
                                      "<B>a</B><FONT COLOR=RED>b</FONT>",
@@ -236,6 +238,7 @@ void tst_common_MarkupReader::showsBlocksAsLines_data()
         texts({"a\tb", "c"}));
     row("<table><tr><td></td><td>x</td></tr></table>", texts({"\tx"}));
     row("<table><tr><td>a<table><tr><td>b<td>c</table><td>d</table>", texts({"a", "b\tc\td"}));
+    row("<table><tr><td>a<table><td>b<td>c</table></table>", texts({"a", "b\tc"}));
     row("<table><caption>a</caption><thead><tr><th>b</thead><tbody><tr><td>c</table>",
         texts({"a", "b", "c"}));
     row("<td>a</td><td>b", texts({"a\tb"}));
@@ -261,6 +264,13 @@ void tst_common_MarkupReader::showsBlocksAsLines()
 
 void tst_common_MarkupReader::formatsCharactersInBlocks()
 {
+    const QString b = QStringLiteral("b");
+    QVERIFY(formatAt(QStringLiteral("<p><i>a<p>b"), b).isEmpty());
+    const QString marked = QStringLiteral("<span style='background-color:red'>a%1b");
+    QVERIFY(
+        formatAt(marked.arg(QStringLiteral("<i>")), b).hasProperty(QTextFormat::BackgroundBrush));
+    QVERIFY(
+        !formatAt(marked.arg(QStringLiteral("<p>")), b).hasProperty(QTextFormat::BackgroundBrush));
     QCOMPARE(formatAt(QStringLiteral("<h1>a</h1>b"), QStringLiteral("a")).fontWeight(),
              static_cast<int>(QFont::Bold));
     QVERIFY(!formatAt(QStringLiteral("<h1>a</h1>b"), QStringLiteral("b"))
