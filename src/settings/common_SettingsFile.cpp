@@ -1,6 +1,7 @@
 #include "common_SettingsFile.h"
 
 #include <KEST_binfiles.h>
+#include <TemporaryFolder.h>
 
 #include <QDataStream>
 #include <QDir>
@@ -8,7 +9,6 @@
 #include <QFileInfo>
 #include <QMap>
 #include <QSaveFile>
-#include <QTemporaryDir>
 #include <QThread>
 #include <QVariant>
 
@@ -161,7 +161,7 @@ QString common_SettingsFile::change(const std::function<void(QSettings&)>& chang
 // Under a second name, because QSettings remembers what it wrote under the first.
 QString common_SettingsFile::changeUnderGuard(const std::function<void(QSettings&)>& change) const
 {
-    const QTemporaryDir folder;
+    const TemporaryFolder folder(QStringLiteral("settings"));
     const QString copy = folder.filePath(QStringLiteral("settings"));
     const QString written = folder.filePath(QStringLiteral("written"));
     if (QFile::exists(m_fileName) && !QFile::copy(m_fileName, copy)) {

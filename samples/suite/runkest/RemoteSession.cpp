@@ -89,7 +89,8 @@ void RemoteSession::begin(const Frame& frame)
 QString RemoteSession::prepareFolder(const QString& name, const QByteArray& model,
                                      const QByteArray& machines)
 {
-    m_folder.emplace(QDir::tempPath() + QStringLiteral("/kest-remote-XXXXXX"));
+    TemporaryFolder::removeLeft();
+    m_folder.emplace(QStringLiteral("remote"));
     const QDir folder(m_folder->path());
     // The model has a folder of its own, so that it may have any name.
     if (m_folder->isValid() && folder.mkdir(QStringLiteral("model")) &&

@@ -28,7 +28,8 @@ void LocalSolver::setUp(const SweepDeck& deck, Priority priority)
     m_engineError = engine.error();
     m_deck = deck;
     m_priority = priority;
-    m_folder.emplace(QDir::tempPath() + QStringLiteral("/kest-sweep-XXXXXX"));
+    TemporaryFolder::removeLeft();
+    m_folder.emplace(QStringLiteral("sweep"));
 }
 
 void LocalSolver::queue(int index)
