@@ -110,8 +110,8 @@ private Q_SLOTS:
     {
         Descendants::adoptOrphans();
         OrphanReaper reaper;
-        const pid_t orphan = leaveOrphan(QStringLiteral("true"));
-        QTRY_VERIFY(Descendants::endedChildren().contains(orphan));
+        const pid_t orphan = leaveOrphan(QStringLiteral("sleep 0.2")); // longer than its parent
+        QTRY_VERIFY_WITH_TIMEOUT(Descendants::endedChildren().contains(orphan), 60000);
         QVERIFY(isThere(orphan));
         reaper.reap();
         QVERIFY(isThere(orphan)); // somebody in this program might still ask
@@ -136,8 +136,9 @@ private Q_SLOTS:
         QProcess process;
         process.start(QStringLiteral("/bin/sh"), {QStringLiteral("-c"), QStringLiteral("exit 7")});
         QVERIFY(process.waitForStarted());
-        const pid_t orphan = leaveOrphan(QStringLiteral("true"));
-        while (!Descendants::endedChildren().contains(process.processId())) {
+        const pid_t orphan = leaveOrphan(QStringLiteral("sleep 0.2"));
+        while (!Descendants::endedChildren().contains(process.processId()) ||
+               !Descendants::endedChildren().contains(orphan)) {
             QThread::msleep(1);
         }
         for (int i = 0; i < 3; ++i) {
