@@ -11,7 +11,7 @@
 #include "Services.h"
 #include "StopSignals.h"
 
-#include <TemporaryFolder.h>
+#include <MarkedFolders.h>
 
 #include <QApplication>
 #include <QLoggingCategory>
@@ -42,7 +42,7 @@ int refuse(const QString& text)
 // What programs of the suite have left behind that were killed.
 void clearAfterOthers()
 {
-    TemporaryFolder::removeLeft();
+    MarkedFolders::removeLeft();
     MachinesCopies(qEnvironmentVariable("KEST_USER_HOME")).removeLeft();
 }
 

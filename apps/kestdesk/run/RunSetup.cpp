@@ -16,13 +16,14 @@
 namespace {
 
 const QString machinesFileOption = QStringLiteral("--machines-file");
+constexpr int behindTheModel = 1; // which is the first argument, whatever its name
 
 // The copy of the machines file that the arguments name, when it is not there: copying fails
 // silently.
 QString missingMachinesFile(const common_ProcessRunnerBase& runner)
 {
     const QStringList arguments = runner.getArguments();
-    const int option = arguments.indexOf(machinesFileOption);
+    const int option = arguments.indexOf(machinesFileOption, behindTheModel);
     if (option < 0) {
         return QString();
     }
@@ -90,7 +91,7 @@ QString noOwnCopy()
 // The machines file that the copy was made of, when it names no host.
 QString machinesFileWithoutHosts(const common_ProcessRunnerBase& runner)
 {
-    if (!runner.getArguments().contains(machinesFileOption)) {
+    if (runner.getArguments().indexOf(machinesFileOption, behindTheModel) < 0) {
         return QString();
     }
     common_MachineFileFinder finder;

@@ -1,13 +1,13 @@
 #include "EndedProcess.h"
 
-#include <TemporaryFolder.h>
+#include <MarkedFolders.h>
 
 #include <memory>
 
 #include <sys/stat.h>
 
 // Temporary folders, and what is left of those whose process was killed.
-class tst_TemporaryFolder : public QObject
+class tst_MarkedFolders : public QObject
 {
     Q_OBJECT
 
@@ -34,10 +34,12 @@ private Q_SLOTS:
 
     void cleanup() { qputenv("TMPDIR", m_before); }
 
-    void folderGoesWithTheObject()
+    void nameSaysWhoseTheFolderIs()
     {
         {
-            const TemporaryFolder folder(QStringLiteral("test"));
+            const QTemporaryDir folder(QDir::tempPath() + QLatin1Char('/') +
+                                       MarkedFolders::marked(QStringLiteral("kest-test")) +
+                                       QStringLiteral("-XXXXXX"));
             QVERIFY(folder.isValid());
             QCOMPARE(entries().size(), 1);
             QVERIFY(entries().constFirst().startsWith(QStringLiteral("kest-test-") +
@@ -48,8 +50,10 @@ private Q_SLOTS:
 
     void folderOfALivingProcessStays()
     {
-        const TemporaryFolder folder(QStringLiteral("test"));
-        TemporaryFolder::removeLeft();
+        const QTemporaryDir folder(QDir::tempPath() + QLatin1Char('/') +
+                                   MarkedFolders::marked(QStringLiteral("kest-test")) +
+                                   QStringLiteral("-XXXXXX"));
+        MarkedFolders::removeLeft();
         QCOMPARE(entries().size(), 1);
         QVERIFY(QFileInfo(folder.path()).isDir());
     }
@@ -60,18 +64,20 @@ private Q_SLOTS:
         QVERIFY(QFile(leftPath(m_mark) + QStringLiteral("/below/deeper/file"))
                     .open(QIODevice::WriteOnly));
         QVERIFY(::chmod(QFile::encodeName(leftPath(m_mark)).constData(), 0700) == 0);
-        TemporaryFolder::removeLeft();
+        MarkedFolders::removeLeft();
         QCOMPARE(entries(), QStringList());
     }
 
     void whatAKilledProcessMadeIsFound()
     {
         const QByteArray left = doneByAKilledProcess([] {
-            auto* const folder = new TemporaryFolder(QStringLiteral("test"));
+            auto* const folder = new QTemporaryDir(
+                QDir::tempPath() + QLatin1Char('/') +
+                MarkedFolders::marked(QStringLiteral("kest-test")) + QStringLiteral("-XXXXXX"));
             return QFile::encodeName(folder->path());
         });
         QVERIFY(QFileInfo(QFile::decodeName(left)).isDir());
-        TemporaryFolder::removeLeft();
+        MarkedFolders::removeLeft();
         QCOMPARE(entries(), QStringList());
     }
 
@@ -94,7 +100,7 @@ private Q_SLOTS:
         name.replace(QStringLiteral("HOST"), QStringLiteral("00000000") + mark.mid(8));
         QVERIFY(QDir().mkdir(path(name)));
         QVERIFY(::chmod(QFile::encodeName(path(name)).constData(), 0700) == 0);
-        TemporaryFolder::removeLeft();
+        MarkedFolders::removeLeft();
         QCOMPARE(entries(), QStringList(name));
     }
 
@@ -103,7 +109,7 @@ private Q_SLOTS:
         const QString name = leftName(endedMark());
         QVERIFY(QDir().mkdir(path(name)));
         QVERIFY(::chmod(QFile::encodeName(path(name)).constData(), 0777) == 0);
-        TemporaryFolder::removeLeft();
+        MarkedFolders::removeLeft();
         QCOMPARE(entries(), QStringList(name));
     }
 
@@ -117,7 +123,7 @@ private Q_SLOTS:
         QVERIFY(QDir().mkdir(path(name)));
         QVERIFY(::chmod(QFile::encodeName(path(name)).constData(), 0700) == 0);
         QVERIFY(::chown(QFile::encodeName(path(name)).constData(), 65534, 65534) == 0);
-        TemporaryFolder::removeLeft();
+        MarkedFolders::removeLeft();
         QCOMPARE(entries(), QStringList(name));
     }
 
@@ -129,7 +135,7 @@ private Q_SLOTS:
         QVERIFY(QFile(file).open(QIODevice::WriteOnly));
         const QString name = leftName(endedMark());
         QVERIFY(QFile::link(path(elsewhere), path(name)));
-        TemporaryFolder::removeLeft();
+        MarkedFolders::removeLeft();
         QCOMPARE(entries(), QStringList({elsewhere, name}));
         QVERIFY(QFile::exists(file));
 
@@ -137,7 +143,7 @@ private Q_SLOTS:
         QVERIFY(QDir().mkdir(path(name)));
         QVERIFY(::chmod(QFile::encodeName(path(name)).constData(), 0700) == 0);
         QVERIFY(QFile::link(path(elsewhere), path(name) + QStringLiteral("/link")));
-        TemporaryFolder::removeLeft();
+        MarkedFolders::removeLeft();
         QCOMPARE(entries(), QStringList(elsewhere));
         QVERIFY(QFile::exists(file));
     }
@@ -157,6 +163,6 @@ private:
     QString m_mark;
 };
 
-QTEST_GUILESS_MAIN(tst_TemporaryFolder)
+QTEST_GUILESS_MAIN(tst_MarkedFolders)
 
-#include "tst_TemporaryFolder.moc"
+#include "tst_MarkedFolders.moc"

@@ -1,4 +1,4 @@
-#include "TemporaryFolder.h"
+#include "MarkedFolders.h"
 
 #include "ProcessMark.h"
 #include "RunningProcesses.h"
@@ -8,12 +8,6 @@
 #include <QRegularExpression>
 
 namespace {
-
-QString nameTemplate(const QString& purpose)
-{
-    return QDir(QDir::tempPath())
-        .filePath(QStringLiteral("kest-%1-%2-XXXXXX").arg(purpose, ProcessMark::own().word()));
-}
 
 // Nobody but the user can have put anything into it, or anything else in its place.
 bool isPrivateFolder(const QFileInfo& entry)
@@ -25,10 +19,12 @@ bool isPrivateFolder(const QFileInfo& entry)
 
 } // namespace
 
-TemporaryFolder::TemporaryFolder(const QString& purpose) : QTemporaryDir(nameTemplate(purpose))
-{}
+QString MarkedFolders::marked(const QString& name)
+{
+    return QStringLiteral("%1-%2").arg(name, ProcessMark::own().word());
+}
 
-void TemporaryFolder::removeLeft()
+void MarkedFolders::removeLeft()
 {
     static const QRegularExpression ownNames(
         QRegularExpression::anchoredPattern(QStringLiteral("kest-[a-z]+-(%1)-[A-Za-z0-9]{6}")
