@@ -547,7 +547,8 @@ private Q_SLOTS:
                  qPrintable(result.errors));
         QVERIFY(!QFile::exists(m_desk->path("models/m.nec.seen")));
         QCOMPARE(temporaryFiles().size(), 1000);
-        for (const QString& name : temporaryFiles()) {
+        const QStringList files = temporaryFiles();
+        for (const QString& name : files) {
             QVERIFY(QFile::remove(m_desk->path(text("user/") + name)));
         }
     }
@@ -587,7 +588,8 @@ private Q_SLOTS:
             QCOMPARE(Desk::resultOf(*processes[std::size_t(i)]).exitCode, 130);
         }
         QCOMPARE(temporaryFiles().size(), 900);
-        for (const QString& name : temporaryFiles()) {
+        const QStringList files = temporaryFiles();
+        for (const QString& name : files) {
             QVERIFY(QFile::remove(m_desk->path(text("user/") + name)));
         }
     }

@@ -5,6 +5,7 @@
 #include <sys/syscall.h>
 #include <unistd.h>
 
+// NOLINTNEXTLINE(readability-inconsistent-declaration-parameter-name): the system's are reserved
 extern "C" int kill(pid_t process, int signal) noexcept
 {
     return signal == SIGKILL ? 0 : static_cast<int>(syscall(SYS_kill, process, signal));

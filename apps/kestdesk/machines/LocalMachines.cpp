@@ -56,7 +56,8 @@ LocalMachines::State LocalMachines::state() const
 QString LocalMachines::hosts() const
 {
     QStringList shown;
-    for (const MachinesFile::Entry& entry : m_file.entries().mid(0, shownHosts)) {
+    const QVector<MachinesFile::Entry> first = m_file.entries().mid(0, shownHosts);
+    for (const MachinesFile::Entry& entry : first) {
         shown.append(QStringLiteral("%1:%2").arg(entry.host).arg(entry.processes));
     }
     const int more = m_file.entries().size() - shown.size();

@@ -3,5 +3,6 @@
 // A process that just lost its parent may be missed in one pass, but not in two.
 bool Descendants::areAlive()
 {
-    return isAnySeen() || isAnySeen();
+    const bool isSeen = isAnySeen();
+    return isSeen || isAnySeen();
 }

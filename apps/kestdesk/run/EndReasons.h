@@ -8,11 +8,11 @@ namespace EndReasons {
 
 struct Reason
 {
-    bool isCrash; ///< whether the code is a signal's or an exception's, or else an exit code
-    int code;
     const char* name;    ///< of the signal or exception; empty for exit codes
     const char* meaning; ///< a clause
-    bool isRequest;      ///< somebody asked the process to end
+    int code;
+    bool isCrash;   ///< whether the code is a signal's or an exception's, or else an exit code
+    bool isRequest; ///< somebody asked the process to end
 };
 
 /// Null when there is nothing to say.

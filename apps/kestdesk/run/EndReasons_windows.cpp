@@ -12,17 +12,17 @@ constexpr int status(unsigned value)
 
 // clang-format off
 constexpr EndReasons::Reason reasons[] = {
-    {true,  status(0xC000013A), "STATUS_CONTROL_C_EXIT",      "somebody interrupted it, as Ctrl+C does", true},
-    {false, status(0xC000013A), "STATUS_CONTROL_C_EXIT",      "somebody interrupted it, as Ctrl+C does", true},
-    {true,  status(0x0000F291), "killed",                     "another program killed it", false},
-    {true,  status(0xC0000005), "STATUS_ACCESS_VIOLATION",    "it used memory that it does not have, which is a fault of the program", false},
-    {true,  status(0xC00000FD), "STATUS_STACK_OVERFLOW",      "its stack overflowed, which is a fault of the program", false},
-    {true,  status(0xC0000017), "STATUS_NO_MEMORY",           "the system ran out of memory", false},
-    {true,  status(0xC000012D), "STATUS_COMMITMENT_LIMIT",    "the system ran out of memory", false},
-    {true,  status(0xC0000094), "STATUS_INTEGER_DIVIDE_BY_ZERO", "a calculation was impossible: a division of an integer by zero", false},
-    {true,  status(0xC000001D), "STATUS_ILLEGAL_INSTRUCTION", "usually it was built for another processor", false},
-    {true,  status(0xC0000135), "STATUS_DLL_NOT_FOUND",       "a library that it needs was not found", false},
-    {false, status(0xC0000135), "STATUS_DLL_NOT_FOUND",       "a library that it needs was not found", false},
+    {"STATUS_CONTROL_C_EXIT",         "somebody interrupted it, as Ctrl+C does",                               status(0xC000013A), true,  true},
+    {"STATUS_CONTROL_C_EXIT",         "somebody interrupted it, as Ctrl+C does",                               status(0xC000013A), false, true},
+    {"killed",                        "another program killed it",                                             status(0x0000F291), true,  false},
+    {"STATUS_ACCESS_VIOLATION",       "it used memory that it does not have, which is a fault of the program", status(0xC0000005), true,  false},
+    {"STATUS_STACK_OVERFLOW",         "its stack overflowed, which is a fault of the program",                 status(0xC00000FD), true,  false},
+    {"STATUS_NO_MEMORY",              "the system ran out of memory",                                          status(0xC0000017), true,  false},
+    {"STATUS_COMMITMENT_LIMIT",       "the system ran out of memory",                                          status(0xC000012D), true,  false},
+    {"STATUS_INTEGER_DIVIDE_BY_ZERO", "a calculation was impossible: a division of an integer by zero",        status(0xC0000094), true,  false},
+    {"STATUS_ILLEGAL_INSTRUCTION",    "usually it was built for another processor",                            status(0xC000001D), true,  false},
+    {"STATUS_DLL_NOT_FOUND",          "a library that it needs was not found",                                 status(0xC0000135), true,  false},
+    {"STATUS_DLL_NOT_FOUND",          "a library that it needs was not found",                                 status(0xC0000135), false, false},
 };
 // clang-format on
 

@@ -209,7 +209,7 @@ MachinesCopies::Claim MachinesCopies::claim(BatchRunner& runner, const Times& be
 int MachinesCopies::number(const BatchRunner& runner)
 {
     const QString copy = runner.getTemporaryFilenames().value(0);
-    return copy.isEmpty() ? -1 : copy.mid(copy.lastIndexOf(QLatin1Char('_')) + 1).toInt();
+    return copy.isEmpty() ? -1 : copy.midRef(copy.lastIndexOf(QLatin1Char('_')) + 1).toInt();
 }
 
 bool MachinesCopies::waitForFreeName(const Times& times, int lead) const

@@ -538,14 +538,14 @@ void MainWindow::stopForClose(const QVector<WindowRun*>& going)
 }
 
 // Ended runs tidy up after themselves, for which they must hear of it.
-void MainWindow::endByForce()
+void MainWindow::endByForce() const
 {
     Descendants::killAll();
     QTimer::singleShot(killTime, this, &MainWindow::giveUp);
 }
 
 // A process that waits for a device does not end.
-void MainWindow::giveUp()
+void MainWindow::giveUp() const
 {
     const QVector<WindowRun*> going = goingRuns();
     for (WindowRun* run : going) {

@@ -82,8 +82,8 @@ private:
     bool mayClose();
     bool isAgreedToClose(const QVector<WindowRun*>& going);
     void stopForClose(const QVector<WindowRun*>& going);
-    void endByForce();
-    void giveUp();
+    void endByForce() const;
+    void giveUp() const;
     void tellOutcome(const QString& text);
 
     common_CommonSettingsSet m_settings;
