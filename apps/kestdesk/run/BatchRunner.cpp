@@ -1,6 +1,10 @@
 #include "BatchRunner.h"
 
+#include <common_ActivePtr.h>
+
 #include <QFile>
+
+#include <vector>
 
 void BatchRunner::deleteTemporaryFiles()
 {
@@ -10,9 +14,10 @@ void BatchRunner::deleteTemporaryFiles()
     }
 }
 
-// The destruction of a QProcess would wait for half a minute.
+// The destruction of a QProcess would wait for half a minute, so this is never destroyed.
 void BatchRunner::abandon()
 {
+    static auto* const abandoned = new std::vector<common_ActivePtr<BatchRunner>>;
+    abandoned->emplace_back(this);
     deleteTemporaryFiles();
-    reference();
 }
