@@ -32,6 +32,8 @@ class QProcess;
 /// Hold a runner by common_ActivePtr: then a callback may let go of it. An observer may stop
 /// observing in a callback, but must not make another one stop whose turn is still to come.
 ///
+/// A child has no standard input: what it reads there is at its end from the start.
+///
 /// Only the child itself is followed. Processes that it starts survive stopProcess() unless the
 /// child ends them, and what they print after the child has ended is lost.
 ///
@@ -85,11 +87,22 @@ public:
     /// Whether there is a child; one that is still starting counts.
     bool isRunning() const;
 
-    /// The exit code of the last child that ended.
+    /// Names of the files to delete, as they were set.
+    QStringList getTemporaryFilenames() const;
+
+    /// The exit code of the last child that ended; on Unix the number of the signal that ended it,
+    /// where crashExit() says so.
     int exitCode() const;
 
     /// Whether the last child ended by itself with exit code 0.
     bool normalExit() const;
+
+    /// Whether the last child that ended did not end by itself: a signal ended it, or on Windows an
+    /// exception.
+    bool crashExit() const;
+
+    /// Whether stopProcess() was called during the run, or the last run when none is going on.
+    bool isStopRequested() const;
 
     /// Starts the child and waits until it has started, which the observers are told. False when
     /// it cannot be started, which they are told too, and when a child is running already, of
@@ -169,6 +182,7 @@ private:
 
     std::unique_ptr<common_LineBuffer> m_outputLines;
     std::unique_ptr<common_LineBuffer> m_errorLines;
+    bool m_stopRequested = false;
     int m_deliveries = 0;         // calls in progress that may call observers
     int m_deliveryReferences = 0; // references that those calls hold on this object
 };

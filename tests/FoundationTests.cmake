@@ -29,5 +29,5 @@ foreach(class
     kest_test(tst_${class} LIBRARIES kest_settings_test_support)
 endforeach()
 
-kest_test(tst_settings_processes LIBRARIES kest_settings_test_support TIMEOUT 600)
+kest_test(tst_settings_processes LIBRARIES kest_settings_test_support kest_platform TIMEOUT 600)
 set_tests_properties(tst_settings_processes tst_KEST_binfiles PROPERTIES PROCESSORS 2)

@@ -17,6 +17,8 @@
 #include <type_traits>
 #include <vector>
 
+#include <unistd.h>
+
 namespace {
 
 static_assert(std::is_abstract<common_ProcessRunnerBase>::value, "the lines need a meaning");
@@ -232,6 +234,59 @@ private Q_SLOTS:
         QCOMPARE(runner.normalExit(), normal);
     }
 
+    void crashIsToldFromAnExitCode_data()
+    {
+        QTest::addColumn<QStringList>("commands");
+        QTest::addColumn<bool>("crash");
+        QTest::addColumn<int>("code");
+        QTest::newRow("0") << words("exit 0") << false << 0;
+        QTest::newRow("code 9") << words("exit 9") << false << 9;
+        QTest::newRow("signal 9") << words("signal 9") << true << 9;
+        QTest::newRow("signal 15") << words("signal 15") << true << 15;
+    }
+
+    void crashIsToldFromAnExitCode()
+    {
+        QFETCH(QStringList, commands);
+        QFETCH(bool, crash);
+        QFETCH(int, code);
+        LineRunner runner;
+        setUp(runner, commands);
+        QVERIFY(!runner.crashExit());
+        QVERIFY(runWithEventLoop(runner));
+        QCOMPARE(runner.crashExit(), crash);
+        QCOMPARE(runner.exitCode(), code);
+    }
+
+    void childThatReadsItsInputFindsItEmpty_data()
+    {
+        QTest::addColumn<bool>("waits");
+        QTest::newRow("run") << false;
+        QTest::newRow("runAndWaitForFinish") << true;
+    }
+
+    void childThatReadsItsInputFindsItEmpty()
+    {
+        QFETCH(bool, waits);
+        LineRunner runner;
+        setUp(runner, words("read-input read-input out end\\n"));
+        ::alarm(60); // a call that waits for ever cannot fail otherwise
+        QVERIFY(waits ? runner.runAndWaitForFinish() : runWithEventLoop(runner));
+        ::alarm(0);
+        QCOMPARE(runner.output,
+                 QStringList({text("input: 0\n"), text("input: 0\n"), text("end\n")}));
+        QVERIFY(runner.normalExit());
+    }
+
+    void nextRunFindsItsInputEmptyToo()
+    {
+        LineRunner runner;
+        setUp(runner, words("read-input"));
+        QVERIFY(runWithEventLoop(runner));
+        QVERIFY(runWithEventLoop(runner));
+        QCOMPARE(runner.output, QStringList({text("input: 0\n"), text("input: 0\n")}));
+    }
+
     void startThatFails_data()
     {
         QTest::addColumn<QString>("executable");
@@ -313,10 +368,29 @@ private Q_SLOTS:
         setUp(runner, words("out up\\n sleep 60000"));
         QVERIFY(runner.run());
         QVERIFY(QTest::qWaitFor([&runner] { return !runner.output.isEmpty(); }));
+        QVERIFY(!runner.isStopRequested());
         runner.stopProcess();
+        QVERIFY(runner.isStopRequested());
         QVERIFY(QTest::qWaitFor([&runner] { return !runner.isRunning(); }));
         QVERIFY(!runner.normalExit());
+        QVERIFY(runner.isStopRequested());
         QCOMPARE(observer.lifeCycle().count(text("done")), 1);
+    }
+
+    void requestToStopIsOfOneRunOnly()
+    {
+        LineRunner runner;
+        runner.stopProcess();
+        QVERIFY(!runner.isStopRequested());
+        setUp(runner, words("sleep 60000"));
+        QVERIFY(runner.run());
+        runner.stopProcess();
+        QVERIFY(QTest::qWaitFor([&runner] { return !runner.isRunning(); }));
+        runner.stopProcess();
+        QVERIFY(runner.isStopRequested());
+        setUp(runner, words("exit 0"));
+        QVERIFY(runWithEventLoop(runner));
+        QVERIFY(!runner.isStopRequested());
     }
 
     void stopProcessNeitherWaitsNorKills()
@@ -633,7 +707,10 @@ private Q_SLOTS:
             }
         };
         setUp(runner, {text("touch"), file});
-        runner.setTemporaryFilenames({folder.filePath(text("gone already")), file});
+        const QStringList files = {folder.filePath(text("gone already")), file};
+        QCOMPARE(runner.getTemporaryFilenames(), QStringList());
+        runner.setTemporaryFilenames(files);
+        QCOMPARE(runner.getTemporaryFilenames(), files);
         QVERIFY(runWithEventLoop(runner));
         QVERIFY(thereAtTheEnd);
         QVERIFY(!QFile::exists(file));

@@ -1,4 +1,5 @@
 #include <FakeServices.h>
+#include <MarkedFolders.h>
 #include <SettingsObjects.h>
 #include <SettingsProcess.h>
 
@@ -160,6 +161,11 @@ private Q_SLOTS:
               seen.size());
         QVERIFY(slowest < atOnce);
         QVERIFY(!seen.isEmpty());
+
+        // What they have left behind can be cleared away.
+        MarkedFolders::removeLeft();
+        QCOMPARE(QDir(m_temporary.path()).entryList(QDir::Dirs | QDir::NoDotAndDotDot),
+                 QStringList(QFileInfo(m_directory->path()).fileName()));
     }
 
     void aReaderNeverSeesHalfAFile()

@@ -5,10 +5,13 @@
 #include "Display.h"
 #include "Environment.h"
 #include "MachinesCommand.h"
+#include "MachinesCopies.h"
 #include "MainWindow.h"
 #include "OptionsCommand.h"
 #include "Services.h"
 #include "StopSignals.h"
+
+#include <MarkedFolders.h>
 
 #include <QApplication>
 #include <QLoggingCategory>
@@ -36,8 +39,16 @@ int refuse(const QString& text)
     return exitRefused;
 }
 
+// What programs of the suite have left behind that were killed.
+void clearAfterOthers()
+{
+    MarkedFolders::removeLeft();
+    MachinesCopies(qEnvironmentVariable("KEST_USER_HOME")).removeLeft();
+}
+
 int showWindow(const CommandLine& commandLine)
 {
+    clearAfterOthers();
     MainWindow window;
     if (commandLine.component != nullptr) {
         window.setComponent(*commandLine.component);
@@ -62,6 +73,7 @@ int follow(const CommandLine& commandLine)
     case CommandLine::Request::UseMachines:
         return MachinesCommand::run(commandLine.words);
     case CommandLine::Request::RunModels:
+        clearAfterOthers();
         return BatchSession(*commandLine.component, commandLine.options, commandLine.models).exec();
     case CommandLine::Request::ShowWindow:
         return showWindow(commandLine);

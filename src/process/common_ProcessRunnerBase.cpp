@@ -188,6 +188,15 @@ QString common_ProcessRunnerBase::getWorkingDirectory() const
     return m_pProcess->workingDirectory();
 }
 
+QStringList common_ProcessRunnerBase::getTemporaryFilenames() const
+{
+    QStringList filenames;
+    for (const QFileInfo& file : m_temporaryFiles) {
+        filenames.append(file.filePath());
+    }
+    return filenames;
+}
+
 bool common_ProcessRunnerBase::isRunning() const
 {
     return m_pProcess->state() != QProcess::NotRunning;
@@ -201,6 +210,16 @@ int common_ProcessRunnerBase::exitCode() const
 bool common_ProcessRunnerBase::normalExit() const
 {
     return m_pProcess->exitStatus() == QProcess::NormalExit && exitCode() == 0;
+}
+
+bool common_ProcessRunnerBase::crashExit() const
+{
+    return m_pProcess->exitStatus() == QProcess::CrashExit;
+}
+
+bool common_ProcessRunnerBase::isStopRequested() const
+{
+    return m_stopRequested;
 }
 
 bool common_ProcessRunnerBase::run()
@@ -217,6 +236,7 @@ bool common_ProcessRunnerBase::runAndWaitForFinish()
 
 void common_ProcessRunnerBase::stopProcess()
 {
+    m_stopRequested = m_stopRequested || isRunning();
     m_pProcess->terminate();
 }
 
@@ -331,11 +351,13 @@ bool common_ProcessRunnerBase::startProcess()
     logProcessOutput();
     m_outputLines->clear();
     m_errorLines->clear();
+    m_stopRequested = false;
     m_pProcess->start(m_executable, m_arguments, QIODevice::ReadWrite);
     if (!m_pProcess->waitForStarted(-1)) {
         notifyFailedProcessStarted();
         return false;
     }
+    m_pProcess->closeWriteChannel(); // nobody writes: a child that reads would wait for ever
     hideConsole();
     notifyProcessStarted();
     return true;

@@ -1,6 +1,7 @@
 #include "common_SettingsFile.h"
 
 #include <KEST_binfiles.h>
+#include <MarkedFolders.h>
 
 #include <QDataStream>
 #include <QDir>
@@ -161,7 +162,9 @@ QString common_SettingsFile::change(const std::function<void(QSettings&)>& chang
 // Under a second name, because QSettings remembers what it wrote under the first.
 QString common_SettingsFile::changeUnderGuard(const std::function<void(QSettings&)>& change) const
 {
-    const QTemporaryDir folder;
+    const QTemporaryDir folder(QDir::tempPath() + QLatin1Char('/') +
+                               MarkedFolders::marked(QStringLiteral("kest-settings")) +
+                               QStringLiteral("-XXXXXX"));
     const QString copy = folder.filePath(QStringLiteral("settings"));
     const QString written = folder.filePath(QStringLiteral("written"));
     if (QFile::exists(m_fileName) && !QFile::copy(m_fileName, copy)) {

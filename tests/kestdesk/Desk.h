@@ -52,6 +52,7 @@ public:
         set("KEST_TEST_MARK", m_mark);
         set("LC_ALL", text("C.UTF-8"));
         set("XDG_CONFIG_HOME", path("settings"));
+        set("DBUS_SESSION_BUS_ADDRESS", text("disabled:")); // else one may be started
         for (const char* const name : {"VISUAL", "EDITOR", "KEST_SSH", "KEST_SCRIPT"}) {
             m_environment.remove(text(name));
         }

@@ -1,6 +1,6 @@
 // Plays every solver component of an installation. Writes to MODEL.seen, a line each, its
 // arguments, then "--" and its environment, and to MODEL.machines what stands in its machines file.
-// Then it writes "up" and does what the model's only word says:
+// Then it writes "up" and does what the model's words say:
 //
 //   valid      reports that all is done and ends
 //   fault      ends with exit code 3
@@ -9,12 +9,16 @@
 //   silent     ends well and reports nothing
 //   wait       waits to be terminated
 //   halfway    reports that half is done, and waits to be terminated
-//   beyond     reports more than all, and waits to be terminated
+//   beyond     reports half, then more than all, and waits to be terminated
 //   tidy       waits to be terminated, and then ends with the exit code that shells give
 //   stubborn   waits with a child of its own, which both ignore the terminate request
 //   forgetful  waits to be terminated, and leaves a child of its own that ignores the request
 //   orphaning  when it is terminated, starts a child in a session of its own that stays, and ends
 //   clearing   the same, but the child makes MODEL.tidied after a third of a second, and ends
+//   input      reads its standard input to the end, and then reports that all is done
+//   ends PERCENTAGE CODE      reports that, and ends with the exit code
+//   dies PERCENTAGE SIGNAL    reports that, and dies by the signal
+//   asked-ends, asked-dies    the same, but waits to be terminated first
 #include <csignal>
 #include <cstdio>
 #include <cstdlib>
@@ -107,6 +111,63 @@ void beTidy()
     wait(false, false);
 }
 
+std::ifstream& model()
+{
+    static std::ifstream file;
+    return file;
+}
+
+// What else the model says.
+int nextNumber()
+{
+    int number = 0;
+    model() >> number;
+    return number;
+}
+
+void report(int percentage)
+{
+    std::printf("-*-total-percentage-*-%d%%\n", percentage);
+    std::fflush(stdout);
+}
+
+void waitToBeTerminated()
+{
+    sigset_t signals;
+    sigemptyset(&signals);
+    sigaddset(&signals, SIGTERM);
+    sigprocmask(SIG_BLOCK, &signals, nullptr);
+    say("up");
+    int received = 0;
+    sigwait(&signals, &received);
+    sigprocmask(SIG_UNBLOCK, &signals, nullptr);
+}
+
+void endAsToldByTheModel()
+{
+    say("up");
+    report(nextNumber());
+    std::exit(nextNumber());
+}
+
+// Whatever the signals do that this process has inherited.
+void dieAsToldByTheModel()
+{
+    say("up");
+    report(nextNumber());
+    const int number = nextNumber();
+    std::signal(number, SIG_DFL);
+    std::raise(number);
+}
+
+void readInput()
+{
+    say("up");
+    while (std::getchar() != EOF) {
+    }
+    report(100);
+}
+
 void beValid()
 {
     say("up");
@@ -125,16 +186,22 @@ int main(int argc, char* argv[])
         {"silent", [] { say("up"); }},
         {"wait", [] { wait(false, false); }},
         {"halfway", [] { say("-*-total-percentage-*-50%"), wait(false, false); }},
-        {"beyond", [] { say("-*-total-percentage-*-250%"), wait(false, false); }},
+        {"beyond", [] { report(50), report(250), wait(false, false); }},
         {"tidy", beTidy},
         {"stubborn", [] { wait(true, true); }},
         {"forgetful", [] { wait(true, false); }},
         {"orphaning", [] { waitToLeaveAChild(nullptr); }},
         {"clearing", [] { waitToLeaveAChild("m.nec.tidied"); }},
+        {"input", readInput},
+        {"ends", endAsToldByTheModel},
+        {"dies", dieAsToldByTheModel},
+        {"asked-ends", [] { waitToBeTerminated(), endAsToldByTheModel(); }},
+        {"asked-dies", [] { waitToBeTerminated(), dieAsToldByTheModel(); }},
     };
     writeSeen(std::vector<std::string>(argv + 1, argv + argc));
     std::string word;
-    std::ifstream(argv[1]) >> word;
+    model().open(argv[1]);
+    model() >> word;
     behaviours.at(word)();
     return 0;
 }

@@ -265,7 +265,7 @@ private Q_SLOTS:
         const QStringList one(text("m m.csv"));
         // clang-format off
         QTest::newRow("table")             << whole + done << text("valid") << one;
-        QTest::newRow("fault at the end")  << whole + "exit 3" << text("fault") << one;
+        QTest::newRow("fault at the end")  << whole + "exit 3" << text("fault, exit code 3") << one;
         QTest::newRow("stopped")           << whole + "exit 143" << text("stopped") << one;
         QTest::newRow("not told of")       << writing + done << text("valid") << none;
         QTest::newRow("not written")       << reporting("m m.csv") + done << text("valid") << none;

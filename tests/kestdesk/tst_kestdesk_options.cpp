@@ -289,8 +289,9 @@ private Q_SLOTS:
         QTest::newRow("name to set")  << "options set Kest.ProcessP"              << "Kest.ProcessPriority=";
         QTest::newRow("values")       << "options set RunRemote ="                << "true false";
         QTest::newRow("value")        << "options set Kest.ProcessPriority = Low" << "LowProcessPriority";
-        QTest::newRow("machines")     << "machines ''"                            << "show check edit";
+        QTest::newRow("machines")     << "machines ''"                            << "show check edit use-local";
         QTest::newRow("machines' option") << "machines show -"                    << "--json";
+        QTest::newRow("this machine") << "machines use-local -"                   << "--replace";
         QTest::newRow("limit")        << "machines check --t"                     << "--timeout";
         QTest::newRow("component")    << "--non-interactive --component o"        << "optkest";
         QTest::newRow("components")   << "--component ''"                         << "runkest prekest optkest amrkest";

@@ -1,8 +1,10 @@
 #include "Desk.h"
+#include "RunEndings.h"
 
 #include <QElapsedTimer>
 #include <QRandomGenerator>
 #include <QRegularExpression>
+#include <QSet>
 #include <QSettings>
 
 #include <common_ActivePtr.h>
@@ -12,6 +14,7 @@
 #include <common_ServiceOf.h>
 
 #include <csignal>
+#include <vector>
 
 #include <malloc.h>
 #include <sys/stat.h>
@@ -93,7 +96,9 @@ private:
     {
         QStringList result;
         for (const char* const name : {"user", "home/shared/mpi", "models", "settings/kest"}) {
-            result += QDir(m_desk->path(name)).entryList({text("gui_tmp_machfile*")});
+            result += QDir(m_desk->path(name))
+                          .entryList({text("gui_tmp_machfile*"), text(".gui_tmp_machfile*")},
+                                     QDir::AllEntries | QDir::Hidden);
         }
         return result;
     }
@@ -301,7 +306,7 @@ private Q_SLOTS:
         QProcess process;
         m_desk->start(process, batch("--parallel m.nec next.nec"));
         waitUntilUp(process);
-        QCOMPARE(temporaryFiles().size(), 1);
+        QCOMPARE(temporaryFiles().size(), 2); // the copy, and whose it is
         ::kill(pid_t(process.processId()), signal);
         if (times > 1) {
             QVERIFY(!process.waitForFinished(300));
@@ -359,12 +364,292 @@ private Q_SLOTS:
         QCOMPARE(Desk::resultOf(process).exitCode, 130);
     }
 
+    void outcomeFollowsFromTheEnd_data()
+    {
+        QTest::addColumn<int>("row");
+        for (int row = 0; row < runEndings().size(); ++row) {
+            QTest::newRow(runEndings().at(row).name) << row;
+        }
+    }
+
+    void outcomeFollowsFromTheEnd()
+    {
+        QFETCH(int, row);
+        const RunEnding& ending = runEndings().at(row);
+        model("m.nec", ending.model);
+        QProcess process;
+        m_desk->start(process, batch("m.nec"));
+        if (ending.isStopped) {
+            waitUntilUp(process);
+            ::kill(pid_t(process.processId()), SIGINT);
+        }
+        const Desk::Result result = Desk::resultOf(process);
+        const int exitCodes[] = {0, 1, 2, 130}; // by outcome
+        QCOMPARE(result.exitCode, exitCodes[static_cast<int>(ending.outcome)]);
+        const QString outcome = text("m.nec: ") + RunOutcome::word(ending.outcome);
+        QVERIFY2(result.output.endsWith(outcome + text("\n")), qPrintable(result.output));
+        const QString reason = result.output.section(QLatin1Char('\n'), -3, -3);
+        if (*ending.meaning == '\0') {
+            QVERIFY2(reason.contains(text(" files in ")), qPrintable(result.output));
+        } else {
+            QVERIFY2(reason.startsWith(text("runkest ")), qPrintable(result.output));
+            QVERIFY2(reason.contains(text(ending.meaning)), qPrintable(reason));
+        }
+    }
+
+    void modelsThatWereNotBegunHaveBeenStopped()
+    {
+        model("m.nec", "asked-ends 100 0");
+        model("next.nec", "valid");
+        QProcess process;
+        m_desk->start(process, batch("m.nec next.nec"));
+        waitUntilUp(process);
+        ::kill(pid_t(process.processId()), SIGINT);
+        const Desk::Result result = Desk::resultOf(process);
+        QVERIFY2(result.output.contains(text("m.nec: valid\n")), qPrintable(result.output));
+        QCOMPARE(result.exitCode, 130);
+        QVERIFY(!QFile::exists(m_desk->path("models/next.nec.seen")));
+    }
+
+    void componentThatSomebodyElseEndsDoesNotKeepTheNextModelFromRunning()
+    {
+        model("m.nec", "dies 50 15");
+        model("next.nec", "valid");
+        const Desk::Result result = m_desk->run(batch("m.nec next.nec"));
+        QCOMPARE(result.exitCode, 130);
+        QVERIFY2(result.output.endsWith(text("2 models: 1 valid, 1 stopped\n")),
+                 qPrintable(result.output));
+    }
+
+    void componentThatReadsItsInputFindsItEmpty()
+    {
+        model("m.nec", "input");
+        QProcess process;
+        m_desk->start(process, batch("m.nec"));
+        QCOMPARE(Desk::resultOf(process).exitCode, 0); // its own input stays open
+    }
+
+    // The component starts a child that ignores the request and loses its parent. The second Ctrl+C
+    // comes while that is given time to end.
+    void secondCtrlCEndsAtOnceWhatTheComponentHasLeftBehind()
+    {
+        model("m.nec", "forgetful");
+        QProcess process;
+        m_desk->start(process, batch("m.nec"));
+        waitUntilUp(process);
+        ::kill(pid_t(process.processId()), SIGINT);
+        QByteArray output;
+        while (!output.contains("m.nec: stopped")) {
+            QVERIFY(process.waitForReadyRead(30000));
+            output += process.readAllStandardOutput();
+        }
+        QElapsedTimer timer;
+        timer.start();
+        ::kill(pid_t(process.processId()), SIGINT);
+        QCOMPARE(Desk::resultOf(process).exitCode, 130);
+        QVERIFY2(timer.elapsed() < 1500, qPrintable(QString::number(timer.elapsed())));
+        QCOMPARE(m_desk->processes().join(QLatin1Char('\n')), QString());
+    }
+
+    void componentThatCannotBeEndedIsNotWaitedFor()
+    {
+        writeMachines();
+        model("m.nec", "stubborn");
+#if defined(__SANITIZE_ADDRESS__)
+        m_desk->set("ASAN_OPTIONS", text("verify_asan_link_order=0:detect_leaks=0"));
+#endif
+        m_desk->set("LD_PRELOAD", text(UNKILLABLE));
+        QProcess process;
+        m_desk->start(process, batch("--parallel m.nec"));
+        waitUntilUp(process);
+        ::kill(pid_t(process.processId()), SIGINT);
+        QVERIFY(!process.waitForFinished(300));
+        ::kill(pid_t(process.processId()), SIGINT);
+        QElapsedTimer timer;
+        timer.start();
+        const Desk::Result result = Desk::resultOf(process);
+        QCOMPARE(result.exitCode, 130);
+        QVERIFY2(timer.elapsed() < 20000, qPrintable(QString::number(timer.elapsed())));
+        QCOMPARE(result.errors, text("kestdesk: stopping; once more ends at once\n"
+                                     "kestdesk: runkest cannot be ended and goes on\n"));
+        QVERIFY2(result.output.endsWith(text("m.nec: stopped\n")), qPrintable(result.output));
+        QCOMPARE(temporaryFiles(), QStringList());
+        const QStringList processes = m_desk->processes();
+        QCOMPARE(processes.size(), 2);
+        for (const QString& left : processes) {
+            ::kill(left.section(QLatin1Char(' '), 0, 0).toInt(), SIGKILL);
+        }
+    }
+
+    // By "kill -9", which leaves nobody time for anything.
+    void whatAKilledProgramLeavesIsClearedAtTheNextStart()
+    {
+        writeMachines();
+        model("m.nec", "wait");
+        model("next.nec", "valid");
+        QProcess process;
+        m_desk->start(process, batch("--parallel m.nec"));
+        waitUntilUp(process);
+        process.kill();
+        QVERIFY(process.waitForFinished());
+        QCOMPARE(temporaryFiles().size(), 2);
+
+        // The component goes on with its copy.
+        QCOMPARE(m_desk->run(batch("next.nec")).exitCode, 0);
+        QCOMPARE(temporaryFiles().size(), 2);
+        const QStringList components = m_desk->processes();
+        QCOMPARE(components.size(), 1);
+        ::kill(components.constFirst().section(QLatin1Char(' '), 0, 0).toInt(), SIGKILL);
+        QTRY_COMPARE(m_desk->processes(), QStringList());
+        QCOMPARE(m_desk->run(batch("next.nec")).exitCode, 0);
+        QCOMPARE(temporaryFiles(), QStringList());
+    }
+
+    void copyOfLongAgoIsNeverUsed_data()
+    {
+        QTest::addColumn<int>("free"); // names, of 1000
+        QTest::newRow("most names are free") << 900;
+        QTest::newRow("half") << 500;
+        QTest::newRow("few") << 150;
+    }
+
+    void copyOfLongAgoIsNeverUsed()
+    {
+        QFETCH(int, free);
+        writeMachines();
+        const auto copy = [this](int number) {
+            return m_desk->path(text("user/gui_tmp_machfile_%1").arg(number));
+        };
+        for (int number = free; number < 1000; ++number) {
+            writeFile(copy(number), "long.ago:2\n");
+        }
+        model("m.nec", "valid");
+        for (int round = 0; round < 5; ++round) {
+            const Desk::Result result = m_desk->run(batch("--parallel m.nec"));
+            QCOMPARE(result.errors, QString());
+            QCOMPARE(result.exitCode, 0);
+            QCOMPARE(contentOf(m_desk->path("models/m.nec.machines")), QByteArray("localhost:2\n"));
+        }
+        for (int number = free; number < 1000; ++number) {
+            QCOMPARE(contentOf(copy(number)), QByteArray("long.ago:2\n"));
+            QVERIFY(QFile::remove(copy(number)));
+        }
+    }
+
+    void withoutAFreeNameTheRunDoesNotStart()
+    {
+        writeMachines();
+        for (int number = 0; number < 1000; ++number) {
+            writeFile(m_desk->path(text("user/gui_tmp_machfile_%1").arg(number)), "long.ago:2\n");
+        }
+        model("m.nec", "valid");
+        const Desk::Result result = m_desk->run(batch("--parallel m.nec"));
+        QCOMPARE(result.exitCode, 2);
+        QVERIFY2(result.errors.contains(text("gui_tmp_machfile_0 to gui_tmp_machfile_999 in ") +
+                                        m_desk->path("user")),
+                 qPrintable(result.errors));
+        QVERIFY(!QFile::exists(m_desk->path("models/m.nec.seen")));
+        QCOMPARE(temporaryFiles().size(), 1000);
+        const QStringList files = temporaryFiles();
+        for (const QString& name : files) {
+            QVERIFY(QFile::remove(m_desk->path(text("user/") + name)));
+        }
+    }
+
+    void runsAtOnceHaveACopyEach()
+    {
+        writeMachines();
+        for (int number = 0; number < 900; ++number) { // they come close to each other
+            writeFile(m_desk->path(text("user/gui_tmp_machfile_%1").arg(number)), "long.ago:2\n");
+        }
+        constexpr int count = 8;
+        std::vector<std::unique_ptr<QProcess>> processes;
+        for (int i = 0; i < count; ++i) {
+            const QByteArray name = 'm' + QByteArray::number(i) + ".nec";
+            model(name.constData(), "wait");
+            processes.push_back(std::make_unique<QProcess>());
+            m_desk->start(*processes.back(), batch("--parallel " + name));
+        }
+        QSet<QString> copies;
+        for (int i = 0; i < count; ++i) {
+            waitUntilUp(*processes[std::size_t(i)]);
+            const QByteArray name = 'm' + QByteArray::number(i) + ".nec";
+            const QStringList seen = seenArguments(name.constData());
+            copies.insert(seen.value(seen.indexOf(text("--machines-file")) + 1));
+            QCOMPARE(contentOf(m_desk->path(text("models/m%1.nec.machines").arg(i))),
+                     QByteArray("localhost:2\n"));
+        }
+        QCOMPARE(copies.size(), count);
+        for (int i = 0; i < count; ++i) {
+            for (const QString& copy : qAsConst(copies)) {
+                QVERIFY2(QFile::exists(copy), qPrintable(copy));
+            }
+            const QByteArray name = 'm' + QByteArray::number(i) + ".nec";
+            const QStringList seen = seenArguments(name.constData());
+            copies.remove(seen.value(seen.indexOf(text("--machines-file")) + 1));
+            ::kill(pid_t(processes[std::size_t(i)]->processId()), SIGTERM);
+            QCOMPARE(Desk::resultOf(*processes[std::size_t(i)]).exitCode, 130);
+        }
+        QCOMPARE(temporaryFiles().size(), 900);
+        const QStringList files = temporaryFiles();
+        for (const QString& name : files) {
+            QVERIFY(QFile::remove(m_desk->path(text("user/") + name)));
+        }
+    }
+
+    void machinesFileWithoutHostsIsNamed_data()
+    {
+        QTest::addColumn<QByteArray>("command");
+        QTest::addColumn<QByteArray>("file");
+        // clang-format off
+        QTest::newRow("the user's")         << QByteArray("--parallel")                       << QByteArray("user/machines.kest");
+        QTest::newRow("the installation's") << QByteArray("--parallel")                       << QByteArray("home/shared/mpi/machines.kest");
+        QTest::newRow("farmed")             << QByteArray("--component optkest --farm-out")   << QByteArray("user/machines.kest");
+        QTest::newRow("farmed, parallel")   << QByteArray("--component optkest --farm-out --parallel") << QByteArray("user/machines.kest");
+        // clang-format on
+    }
+
+    void machinesFileWithoutHostsIsNamed()
+    {
+        QFETCH(QByteArray, command);
+        QFETCH(QByteArray, file);
+        const QString path = m_desk->path(file.constData());
+        writeFile(path, "# host:count\n");
+        model("m.nec", "valid");
+        const QByteArray words = command + " m.nec";
+        const Desk::Result result = m_desk->run(batch(words));
+        QCOMPARE(result.exitCode, 2);
+        QCOMPARE(result.errors, text("kestdesk: the machines file %1 names no host; \"kestdesk "
+                                     "machines use-local\" lets it name this machine, \"kestdesk "
+                                     "machines edit\" changes it\n")
+                                    .arg(path));
+        QVERIFY(!QFile::exists(m_desk->path("models/m.nec.seen")));
+        QCOMPARE(m_desk->run({text("machines"), text("use-local")}).exitCode, 0);
+        QCOMPARE(m_desk->run(batch(words)).exitCode, 0);
+    }
+
+    // Such a run asks for no hosts.
+    void localRunNeedsNoHosts()
+    {
+        writeFile(m_desk->path("user/machines.kest"), "# host:count\n");
+        setOptions({text("Kest.ParallelAuthenticMethod=2")});
+        model("m.nec", "valid");
+        const Desk::Result result = m_desk->run(batch("--parallel m.nec"));
+        QCOMPARE(result.errors, QString());
+        QCOMPARE(result.exitCode, 0);
+    }
+
     void withoutAMachinesFileParallelRunsDoNotStart()
     {
         model("m.nec", "valid");
         const Desk::Result result = m_desk->run(batch("--parallel m.nec"));
         QCOMPARE(result.exitCode, 2);
         QVERIFY2(result.errors.startsWith(text("No machines file\n")), qPrintable(result.errors));
+        QVERIFY2(
+            result.errors.endsWith(text("kestdesk: runkest was not started; \"kestdesk machines "
+                                        "use-local\" makes a machines file that names this "
+                                        "machine\n")),
+            qPrintable(result.errors));
         QVERIFY(!QFile::exists(m_desk->path("models/m.nec.seen")));
     }
 

@@ -1,3 +1,4 @@
+#include "RunEndings.h"
 #include "WindowStage.h"
 
 #include <HelpClient.h>
@@ -11,9 +12,11 @@
 #include <QFileDialog>
 #include <QMenuBar>
 #include <QMimeData>
+#include <QPlainTextEdit>
 #include <QScreen>
 #include <QTabWidget>
 #include <QTextEdit>
+#include <QThread>
 
 #include <csignal>
 
@@ -91,6 +94,18 @@ private:
         QTRY_VERIFY_WITH_TIMEOUT(output->toPlainText().contains(text("up")), longTime);
     }
 
+    // The component's process, which has started the others.
+    qint64 runProcess() const
+    {
+        qint64 oldest = 0;
+        const QStringList processes = m_stage->desk().processes();
+        for (const QString& process : processes) {
+            const qint64 id = process.section(QLatin1Char(' '), 0, 0).toLongLong();
+            oldest = oldest == 0 ? id : qMin(oldest, id);
+        }
+        return oldest;
+    }
+
     QStringList recentTexts() const
     {
         auto* const menu = m_stage->find<QMenu>("recentMenu");
@@ -100,7 +115,9 @@ private:
 
     QStringList temporaryFiles() const
     {
-        return QDir(m_stage->desk().path("user")).entryList({text("gui_tmp_machfile*")});
+        return QDir(m_stage->desk().path("user"))
+            .entryList({text("gui_tmp_machfile*"), text(".gui_tmp_machfile*")},
+                       QDir::AllEntries | QDir::Hidden);
     }
 
     bool drop(QWidget* target, const QMimeData& data) const
@@ -160,7 +177,7 @@ private Q_SLOTS:
         const QString model = m_stage->desk().path("models/mistakes.nec");
         QVERIFY(QFile::copy(text(KEST_SUITE "/models/mistakes.nec"), model));
         m_stage->run(model);
-        QTRY_COMPARE_WITH_TIMEOUT(m_stage->state(), text("fault"), longTime);
+        QTRY_COMPARE_WITH_TIMEOUT(m_stage->state(), text("fault, exit code 1"), longTime);
         const common_KestProcessDialog* const dialog = m_stage->dialogs().constFirst();
         auto* const ok = WindowStage::inDialog<QPushButton>(dialog, "buttonOk");
         QCOMPARE(ok->property("squishValue").toString(), text("fault"));
@@ -213,24 +230,71 @@ private Q_SLOTS:
         QTRY_COMPARE_WITH_TIMEOUT(m_stage->state(), text("stopped"), longTime);
     }
 
-    void outcomesAreInWords_data()
+    void outcomeFollowsFromTheEnd_data()
     {
-        QTest::addColumn<QByteArray>("word");
-        QTest::addColumn<QString>("state");
-        QTest::newRow("valid") << QByteArray("valid") << text("valid");
-        QTest::newRow("exit code") << QByteArray("fault") << text("fault");
-        QTest::newRow("crash") << QByteArray("crash") << text("fault");
-        QTest::newRow("crash when all is done") << QByteArray("broken") << text("fault");
-        QTest::newRow("not all is done") << QByteArray("silent") << text("fault");
+        QTest::addColumn<int>("row");
+        for (int row = 0; row < runEndings().size(); ++row) {
+            QTest::newRow(runEndings().at(row).name) << row;
+        }
     }
 
-    void outcomesAreInWords()
+    void outcomeFollowsFromTheEnd()
     {
-        QFETCH(QByteArray, word);
-        QFETCH(QString, state);
-        m_stage->run(m_stage->model("m.nec", word));
-        QTRY_COMPARE_WITH_TIMEOUT(m_stage->state(), state, longTime);
-        QCOMPARE(m_stage->outcomeText(), text("runkest of m.nec: ") + state);
+        QFETCH(int, row);
+        const RunEnding& ending = runEndings().at(row);
+        if (ending.isStopped) {
+            startWaitingRun(ending.model);
+            const BoxAnswerer willing(WindowStage::pressing(Qt::Key_Return));
+            m_stage->pressStop();
+        } else {
+            m_stage->run(m_stage->model("m.nec", ending.model));
+        }
+        const QString word = RunOutcome::word(ending.outcome);
+        const QString reason = text(ending.shortReason);
+        QTRY_COMPARE_WITH_TIMEOUT(m_stage->state(),
+                                  reason.isEmpty() ? word : word + text(", ") + reason, longTime);
+        const QModelIndex cell = m_stage->find<QTableView>("runList")->model()->index(0, 2);
+        const QString tip = cell.data(Qt::ToolTipRole).toString();
+        const QString told = m_stage->outcomeText();
+        if (*ending.meaning == '\0') {
+            QCOMPARE(told, text("runkest of m.nec: ") + word);
+            QCOMPARE(tip, word);
+        } else {
+            QVERIFY2(told.startsWith(text("runkest of m.nec: %1. It ").arg(word)),
+                     qPrintable(told));
+            QVERIFY2(told.contains(text(ending.meaning)), qPrintable(told));
+            QVERIFY2(tip.contains(text(ending.meaning)), qPrintable(tip));
+        }
+    }
+
+    // It is cut where there is no room for it, and whole in its tool tip.
+    void longOutcomeDoesNotWidenTheWindow()
+    {
+        const int before = m_stage->window().minimumSizeHint().width();
+        m_stage->run(m_stage->model("m.nec", "dies 50 9"));
+        QTRY_COMPARE_WITH_TIMEOUT(m_stage->state(), text("fault, SIGKILL"), longTime);
+        QVERIFY(m_stage->window().minimumSizeHint().width() <= before);
+        QCOMPARE(m_stage->find<QLabel>("outcomeLabel")->toolTip(), m_stage->outcomeText());
+    }
+
+    void componentThatReadsItsInputFindsItEmpty()
+    {
+        m_stage->run(m_stage->model("m.nec", "input"));
+        QTRY_COMPARE_WITH_TIMEOUT(m_stage->state(), text("valid"), longTime);
+    }
+
+    void runThatItsDialogHasAskedToStopIsShownSo()
+    {
+        startWaitingRun("stubborn");
+        {
+            const BoxAnswerer willing(WindowStage::pressing(Qt::Key_Return));
+            QTest::mouseClick(
+                WindowStage::inDialog<QPushButton>(m_stage->dialogs().constFirst(), "buttonStop"),
+                Qt::LeftButton);
+        }
+        QCOMPARE(m_stage->state(), text("stopping, still running"));
+        m_stage->endRuns(SIGKILL);
+        QTRY_COMPARE_WITH_TIMEOUT(m_stage->state(), text("stopped"), longTime);
     }
 
     void runThatSomebodyElseTerminatesIsStopped_data()
@@ -323,6 +387,98 @@ private Q_SLOTS:
         QCOMPARE(m_stage->desk().processes().size(), 1);
         QVERIFY(WindowStage::quits([this] { m_stage->window().close(); }));
         QCOMPARE(m_stage->desk().processes(), QStringList());
+    }
+
+    void whatARunLeftBehindIsEndedAtTheCloseHoweverItEnded_data()
+    {
+        QTest::addColumn<int>("way");
+        QTest::newRow("stopped in its dialog") << 0;
+        QTest::newRow("terminated from outside") << int(SIGTERM);
+        QTest::newRow("killed from outside") << int(SIGKILL);
+    }
+
+    void whatARunLeftBehindIsEndedAtTheCloseHoweverItEnded()
+    {
+        QFETCH(int, way);
+        startWaitingRun("forgetful");
+        const BoxAnswerer willing(WindowStage::pressing(Qt::Key_Return));
+        if (way == 0) {
+            QTest::mouseClick(
+                WindowStage::inDialog<QPushButton>(m_stage->dialogs().constFirst(), "buttonStop"),
+                Qt::LeftButton);
+        } else {
+            ::kill(static_cast<pid_t>(runProcess()), way);
+        }
+        QTRY_VERIFY_WITH_TIMEOUT(!m_stage->find<QPushButton>("stopButton")->isEnabled(), longTime);
+        QCOMPARE(m_stage->desk().processes().size(), 1);
+        QVERIFY(WindowStage::quits([this] { m_stage->window().close(); }));
+        QCOMPARE(m_stage->desk().processes(), QStringList());
+    }
+
+    // Nobody waits in the window's thread while what is left gets time to end.
+    void windowStaysAliveWhileWhatIsLeftIsEnded()
+    {
+        startWaitingRun("forgetful");
+        const BoxAnswerer willing(WindowStage::pressing(Qt::Key_Return));
+        m_stage->pressStop();
+        QTRY_COMPARE_WITH_TIMEOUT(m_stage->state(), text("stopped"), longTime);
+        int turns = 0;
+        bool isUnseen = false;
+        QTimer turn;
+        connect(&turn, &QTimer::timeout, this, [&] {
+            ++turns;
+            isUnseen = isUnseen ||
+                       (!m_stage->window().isVisible() && !m_stage->desk().processes().isEmpty());
+        });
+        QVERIFY(WindowStage::quits([&] {
+            turn.start(20);
+            m_stage->window().close();
+        }));
+        QVERIFY2(turns > 10, qPrintable(QString::number(turns)));
+        QVERIFY(!isUnseen);
+        QVERIFY(!m_stage->window().isVisible());
+        QCOMPARE(m_stage->desk().processes(), QStringList());
+        QCOMPARE(m_stage->outcomeText(), text("Ending what the runs have left behind..."));
+        QVERIFY(!m_stage->find<QPushButton>("runButton")->isEnabled());
+    }
+
+    void secondCloseDoesNotWaitForWhatIsLeft_data()
+    {
+        QTest::addColumn<bool>("bySignal");
+        QTest::newRow("close") << false;
+        QTest::newRow("signal") << true;
+    }
+
+    void secondCloseDoesNotWaitForWhatIsLeft()
+    {
+        QFETCH(bool, bySignal);
+        startWaitingRun("forgetful");
+        const BoxAnswerer willing(WindowStage::pressing(Qt::Key_Return));
+        m_stage->pressStop();
+        QTRY_COMPARE_WITH_TIMEOUT(m_stage->state(), text("stopped"), longTime);
+        QElapsedTimer clock;
+        QVERIFY(WindowStage::quits([&] {
+            clock.start();
+            for (int i = 0; i < 2; ++i) {
+                bySignal ? m_stage->window().quit() : static_cast<void>(m_stage->window().close());
+            }
+        }));
+        QVERIFY2(clock.elapsed() < 1500, qPrintable(QString::number(clock.elapsed())));
+        QCOMPARE(m_stage->desk().processes(), QStringList());
+    }
+
+    void orphansThatHaveEndedAreTakenLeaveOf()
+    {
+        startWaitingRun("forgetful");
+        const QStringList before = m_stage->desk().processes();
+        QCOMPARE(before.size(), 2);
+        ::kill(static_cast<pid_t>(runProcess()), SIGKILL);
+        QTRY_COMPARE_WITH_TIMEOUT(m_stage->desk().processes().size(), 1, longTime);
+        const pid_t orphan =
+            m_stage->desk().processes().constFirst().section(QLatin1Char(' '), 0, 0).toInt();
+        ::kill(orphan, SIGKILL);
+        QTRY_VERIFY_WITH_TIMEOUT(::kill(orphan, 0) != 0, longTime);
+        QTRY_COMPARE_WITH_TIMEOUT(m_stage->state(), text("fault, SIGKILL"), longTime);
     }
 
     void newRunIsSelectedAndTheLastOutcomeGoes()
@@ -479,12 +635,70 @@ private Q_SLOTS:
         QTest::mouseClick(m_stage->find<QCheckBox>("parallelBox"), Qt::LeftButton, {}, {5, 10});
         QVERIFY(m_stage->find<QCheckBox>("parallelBox")->isChecked());
         startWaitingRun("stubborn");
-        QCOMPARE(temporaryFiles().size(), 1);
+        QCOMPARE(temporaryFiles().size(), 2); // the copy, and whose it is
         // By force, and it is gone all the same: cleanup() looks.
         QVERIFY(WindowStage::quits([this] {
             m_stage->window().quit();
             m_stage->window().quit();
         }));
+    }
+
+    void machinesFileWithoutHostsIsOffered_data()
+    {
+        QTest::addColumn<QString>("button"); // empty: Escape
+        QTest::newRow("this machine") << text("&Use this machine");
+        QTest::newRow("cancelled") << QString();
+        QTest::newRow("configured") << text("&Configure...");
+        QTest::newRow("not configured") << text("&Configure...!");
+    }
+
+    void machinesFileWithoutHostsIsOffered()
+    {
+        QFETCH(QString, button);
+        const QString file = m_stage->desk().path("user/machines.kest");
+        writeFile(file, "# host:count\n");
+        m_stage->find<QCheckBox>("parallelBox")->click();
+        QStringList texts;
+        const bool isSaved = !button.endsWith(QLatin1Char('!'));
+        button.remove(QLatin1Char('!'));
+        const ModalVisitor visitor([&](QDialog& dialog) {
+            auto* const box = qobject_cast<QMessageBox*>(&dialog);
+            if (box == nullptr) { // the dialog of the machines file
+                if (isSaved) {
+                    dialog.findChild<QPlainTextEdit*>(text("machinesText"))
+                        ->setPlainText(text("localhost:3\n"));
+                }
+                dialog.findChild<QPushButton*>(isSaved ? text("save") : text("cancel"))->click();
+                return;
+            }
+            texts.append(box->text());
+            const QList<QAbstractButton*> buttons = box->buttons();
+            for (QAbstractButton* const each : buttons) {
+                if (each->text() == button) {
+                    each->click();
+                    return;
+                }
+            }
+            QTest::keyClick(box, Qt::Key_Escape);
+        });
+        m_stage->run(m_stage->model("m.nec", "valid"));
+        const bool isRun = !button.isEmpty() && isSaved;
+        QTRY_COMPARE_WITH_TIMEOUT(m_stage->state(), isRun ? text("valid") : text("not started"),
+                                  longTime);
+        QCOMPARE(texts.size(), 1);
+        QVERIFY2(
+            texts.constFirst().startsWith(text("The machines file %1 names no host.").arg(file)),
+            qPrintable(texts.constFirst()));
+        const QByteArray line =
+            "localhost:" + QByteArray::number(qMax(QThread::idealThreadCount(), 1)) + '\n';
+        const QByteArray content = contentOf(file);
+        if (!isRun) {
+            QCOMPARE(content, QByteArray("# host:count\n"));
+        } else {
+            QCOMPARE(content, button.startsWith(text("&U")) ? "# host:count\n" + line
+                                                            : QByteArray("localhost:3\n"));
+            QCOMPARE(contentOf(m_stage->desk().path("models/m.nec.machines")), content);
+        }
     }
 
     void closingAsksWhileARunIsGoing()
@@ -1065,7 +1279,7 @@ private Q_SLOTS:
         m_stage->run(m_stage->model("fault.nec", "fault"));
         startWaitingRun();
         QTRY_COMPARE_WITH_TIMEOUT(m_stage->state(0), text("valid"), longTime);
-        QTRY_COMPARE_WITH_TIMEOUT(m_stage->state(1), text("fault"), longTime);
+        QTRY_COMPARE_WITH_TIMEOUT(m_stage->state(1), text("fault, exit code 3"), longTime);
         QCOMPARE(shown(0), named("valid"));
         QCOMPARE(shown(1), named("fault"));
         QCOMPARE(shown(2), named("play"));
@@ -1131,7 +1345,7 @@ private Q_SLOTS:
     void progressIsNeverMoreThanAll()
     {
         startWaitingRun("beyond");
-        QTRY_COMPARE_WITH_TIMEOUT(m_stage->cell(0, "Progress"), text("100 %"), longTime);
+        QCOMPARE(m_stage->cell(0, "Progress"), text("50 %"));
     }
 
     void progressIsToldAsSoonAsItMoves()

@@ -122,7 +122,11 @@ private Q_SLOTS:
         QTRY_COMPARE_WITH_TIMEOUT(stage.state(), text("stopped"), 60000);
         QTRY_COMPARE_WITH_TIMEOUT(m_server.shown.size(), 1, 30000);
         QCOMPARE(m_server.shown.constFirst().title, text("Run ended"));
-        QCOMPARE(m_server.shown.constFirst().body, text("runkest of m.nec: stopped"));
+        QCOMPARE(
+            m_server.shown.constFirst().body,
+            text("runkest of m.nec: stopped. It was ended by SIGTERM (signal 15): somebody asked "
+                 "it to end: a user, the system as it shuts down, or the time limit of a job "
+                 "scheduler."));
         QCOMPARE(alerted(), QList<const QWidget*>({&stage.window()}));
     }
 

@@ -20,6 +20,8 @@ private Q_SLOTS:
     void badLine();
     void badFile_data();
     void badFile();
+    void copyIsCalledAsWhatItWasMadeOf_data();
+    void copyIsCalledAsWhatItWasMadeOf();
     void errorsAreLimited();
     void processesAreDealtOutInTheOrderOfTheFile();
     void hugeFilesAreReadInTime_data();
@@ -156,6 +158,40 @@ void tst_machines_file::badFile()
     const MachinesFile file(QDir(folder.path()).filePath(path));
     QCOMPARE(file.errors().size(), 1);
     QVERIFY2(file.errors().first().contains(reason), qPrintable(file.errors().first()));
+}
+
+void tst_machines_file::copyIsCalledAsWhatItWasMadeOf_data()
+{
+    QTest::addColumn<QString>("name");
+    QTest::addColumn<bool>("hasOwn");
+    QTest::addColumn<QString>("called"); // HOME and USER are folders
+    QTest::newRow("the user's") << text("gui_tmp_machfile_7") << true << text("USER/machines.kest");
+    QTest::newRow("the installation's")
+        << text("gui_tmp_machfile_999") << false << text("HOME/shared/mpi/machines.kest");
+    QTest::newRow("another file") << text("gui_tmp_machfile_1000") << true
+                                  << text("gui_tmp_machfile_1000");
+    QTest::newRow("a name that goes on")
+        << text("gui_tmp_machfile_7.old") << true << text("gui_tmp_machfile_7.old");
+}
+
+// A front end hands over a copy, of whose name the user knows nothing.
+void tst_machines_file::copyIsCalledAsWhatItWasMadeOf()
+{
+    QFETCH(QString, name);
+    QFETCH(bool, hasOwn);
+    QFETCH(QString, called);
+    const QTemporaryDir folder;
+    QVERIFY(qputenv("KEST_HOME", "/some installation"));
+    QVERIFY(!writeFile(folder.path(), name, "# a:1\n").isEmpty());
+    if (hasOwn) {
+        QVERIFY(!writeFile(folder.path(), text("machines.kest"), "").isEmpty());
+    }
+    const MachinesFile file(folder.filePath(name));
+    called.replace(text("USER"), folder.path()).replace(text("HOME"), text("/some installation"));
+    QCOMPARE(file.errors(),
+             QStringList(QStringLiteral("the machines file '%1' names no host, add a line such as "
+                                        "'localhost:2' for this machine")
+                             .arg(called)));
 }
 
 void tst_machines_file::errorsAreLimited()

@@ -24,6 +24,7 @@ private Q_SLOTS:
     void signalStopsTheRun_data();
     void signalStopsTheRun();
     void killedRunTakesTheEnginesAlong();
+    void nextRunClearsAfterAKilledOne();
     void closedOutputEndsTheRun_data();
     void closedOutputEndsTheRun();
     void brokenEngine_data();
@@ -149,6 +150,33 @@ void tst_runkest_faults::killedRunTakesTheEnginesAlong()
     QVERIFY(run.waitForFinished());
     QVERIFY(QTest::qWaitFor([this] { return isGone(); }, 1000));
     QCOMPARE(readFile(m_folder->filePath(text("dipole.out"))), QByteArray("old output"));
+}
+
+// Nobody had time to remove its folder.
+void tst_runkest_faults::nextRunClearsAfterAKilledOne()
+{
+    const auto folders = [this] {
+        return QDir(m_temporary->path()).entryList({text("kest-sweep-*")}, QDir::Dirs);
+    };
+    QProcess living;
+    startRun(living, text("hang"));
+    QVERIFY(waitForEngines());
+    const QStringList ofLiving = folders();
+    QCOMPARE(ofLiving.size(), 1);
+    QProcess killed;
+    startRun(killed, text("hang"));
+    QTRY_COMPARE(folders().size(), 2);
+    killed.kill();
+    QVERIFY(killed.waitForFinished());
+    QCOMPARE(folders().size(), 2);
+
+    QProcess next;
+    startRun(next, text("crash"));
+    QVERIFY(next.waitForFinished());
+    QCOMPARE(folders(), ofLiving);
+    living.kill();
+    QVERIFY(living.waitForFinished());
+    QVERIFY(QTest::qWaitFor([this] { return isGone(); }, 1000));
 }
 
 void tst_runkest_faults::closedOutputEndsTheRun_data()

@@ -17,9 +17,11 @@
 //   sleep MILLISECONDS
 //   ignore-terminate          from now on
 //   wait-for-file NAME        until there is such a file
+//   read-input                standard input to its end, and writes how many bytes there were
 //   touch NAME                makes an empty file
 //   leave-grandchild TEXT MS  a process of its own that writes TEXT after MS on the same channels
 //   crash                     dies by a signal
+//   signal NUMBER             dies by that signal
 //   exit CODE                 the end of the commands means exit 0
 #include <algorithm>
 #include <chrono>
@@ -166,6 +168,15 @@ void waitForFile(const std::string& name)
     }
 }
 
+void readInput()
+{
+    long bytes = 0;
+    while (std::getchar() != EOF) {
+        ++bytes;
+    }
+    write(stdout, "input: " + std::to_string(bytes) + '\n');
+}
+
 void leaveGrandchild(const std::string& text, const std::string& milliseconds)
 {
 #ifndef _WIN32
@@ -204,9 +215,11 @@ const std::map<std::string, Command>& commands()
         {"sleep",            {1, [](const Arguments& a) { sleepFor(a[0]); }}},
         {"ignore-terminate", {0, [](const Arguments&)   { std::signal(SIGTERM, SIG_IGN); }}},
         {"wait-for-file",    {1, [](const Arguments& a) { waitForFile(a[0]); }}},
+        {"read-input",       {0, [](const Arguments&)   { readInput(); }}},
         {"touch",            {1, [](const Arguments& a) { std::ofstream(a[0]).flush(); }}},
         {"leave-grandchild", {2, [](const Arguments& a) { leaveGrandchild(a[0], a[1]); }}},
         {"crash",            {0, [](const Arguments&)   { std::abort(); }}},
+        {"signal",           {1, [](const Arguments& a) { std::raise(std::stoi(a[0])); }}},
         {"exit",             {1, [](const Arguments& a) { std::exit(std::stoi(a[0])); }}},
     };
     // clang-format on

@@ -10,19 +10,9 @@ namespace {
 constexpr int statusInterval = 200; // milliseconds
 constexpr int barWidth = 20;
 
-struct OutcomeText
-{
-    const char* text;
-    Terminal::Colour colour;
-};
-
-// Indexed by Outcome.
-constexpr OutcomeText outcomeTexts[] = {
-    {"valid", Terminal::Colour::Green},
-    {"fault", Terminal::Colour::Red},
-    {"could not start", Terminal::Colour::Red},
-    {"stopped", Terminal::Colour::Yellow},
-};
+// Indexed by RunOutcome::Kind.
+constexpr Terminal::Colour outcomeColours[] = {Terminal::Colour::Green, Terminal::Colour::Red,
+                                               Terminal::Colour::Red, Terminal::Colour::Yellow};
 
 // Indexed by common_IProcessMessage::Type. Progress and files are shown in their own places.
 struct MessageLook
@@ -98,9 +88,9 @@ void BatchReport::add(const common_IProcessMessage& message)
     const common_IProcessMessage::Type type = message.getType();
     ++m_counts[type];
     if (type == common_IProcessMessage::Percentage) {
-        m_percentage = message.getText().toInt();
+        m_percentage = RunOutcome::percentage(message.getText(), m_percentage);
     } else if (type == common_IProcessMessage::TotalPercentage) {
-        m_totalPercentage = message.getText().toInt();
+        m_totalPercentage = RunOutcome::percentage(message.getText(), m_totalPercentage);
     } else if (type == common_IProcessMessage::File && !m_files.contains(message.getText())) {
         m_files.append(message.getText());
     }
@@ -116,7 +106,7 @@ void BatchReport::complain(const QString& text)
     Terminal(stderr).writeLine(QStringLiteral("kestdesk: ") + text, Terminal::Colour::Red);
 }
 
-void BatchReport::end(Outcome outcome)
+void BatchReport::end(const RunOutcome& outcome, const QString& subject)
 {
     m_statusTimer.stop();
     for (const QString& file : qAsConst(m_files)) {
@@ -127,21 +117,22 @@ void BatchReport::end(Outcome outcome)
                                 counted(m_counts[common_IProcessMessage::Warning], "warning"),
                                 counted(m_counts[common_IProcessMessage::Notice], "notice"),
                                 counted(m_files.size(), "file"), duration(m_elapsed.elapsed())));
-    const OutcomeText& look = outcomeTexts[static_cast<int>(outcome)];
-    m_output.writeLine(QStringLiteral("%1: %2").arg(m_model, QLatin1String(look.text)),
-                       look.colour);
+    const Terminal::Colour colour = outcomeColours[static_cast<int>(outcome.kind())];
+    if (!outcome.reason().isEmpty()) {
+        m_output.writeLine(QStringLiteral("%1 %2").arg(subject, outcome.reason()), colour);
+    }
+    m_output.writeLine(QStringLiteral("%1: %2").arg(m_model, outcome.word()), colour);
     m_output.flush();
 }
 
-void BatchReport::summarise(const QVector<Outcome>& outcomes)
+void BatchReport::summarise(const QVector<RunOutcome::Kind>& outcomes)
 {
+    using Kind = RunOutcome::Kind;
     QStringList parts;
-    for (const Outcome outcome :
-         {Outcome::Valid, Outcome::Fault, Outcome::NotStarted, Outcome::Stopped}) {
-        const int count = outcomes.count(outcome);
+    for (const Kind kind : {Kind::Valid, Kind::Fault, Kind::NotStarted, Kind::Stopped}) {
+        const int count = outcomes.count(kind);
         if (count > 0) {
-            parts.append(QStringLiteral("%1 %2").arg(count).arg(
-                QLatin1String(outcomeTexts[static_cast<int>(outcome)].text)));
+            parts.append(QStringLiteral("%1 %2").arg(count).arg(RunOutcome::word(kind)));
         }
     }
     m_output.writeLine(QStringLiteral("%1: %2").arg(counted(outcomes.size(), "model"),

@@ -1,6 +1,7 @@
 #ifndef BATCHREPORT_H
 #define BATCHREPORT_H
 
+#include "RunOutcome.h"
 #include "Terminal.h"
 
 #include <common_IProcessMessage.h>
@@ -9,9 +10,6 @@
 #include <QObject>
 #include <QStringList>
 #include <QTimer>
-
-/// How one run ended.
-enum class Outcome { Valid, Fault, NotStarted, Stopped };
 
 /// Shows a run on the terminal: what the component prints as it comes, how far it is, and a summary
 /// at the end.
@@ -28,10 +26,11 @@ public:
     /// Why there is nothing more to expect; on standard error.
     void complain(const QString& text);
 
-    void end(Outcome outcome);
+    /// The subject is what the reason of the outcome speaks of.
+    void end(const RunOutcome& outcome, const QString& subject);
 
     /// After several models: how many ended how.
-    void summarise(const QVector<Outcome>& outcomes);
+    void summarise(const QVector<RunOutcome::Kind>& outcomes);
 
     int totalPercentage() const { return m_totalPercentage; }
 

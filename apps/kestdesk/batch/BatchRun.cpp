@@ -1,12 +1,18 @@
 #include "BatchRun.h"
 
 #include "Descendants.h"
-#include "RunSetup.h"
+#include "ProcessEnd.h"
 
 #include <QDir>
 #include <QFileInfo>
 
 #include <utility>
+
+namespace {
+
+const QString useLocal = QStringLiteral("\"kestdesk machines use-local\"");
+
+} // namespace
 
 BatchRun::BatchRun(BatchReport& report, Finished finished)
     : m_report(report), m_finished(std::move(finished)), m_runner(new BatchRunner)
@@ -15,17 +21,35 @@ BatchRun::BatchRun(BatchReport& report, Finished finished)
 void BatchRun::start(const Component& component, common_RunWrapper::RunOptions options,
                      const QString& model, common_CommonSettingsSet& settings)
 {
+    m_component = QLatin1String(component.name);
     m_report.begin(model);
     const RunSetup::Readiness readiness =
         RunSetup::apply(*m_runner, component, options, QFileInfo(model), settings);
-    if (readiness.isReady) {
+    if (readiness.isReady()) {
         run();
         return;
     }
     m_runner->discardTemporaryFiles();
-    refuse(readiness.complaint.isEmpty()
-               ? QStringLiteral("%1 was not started").arg(QLatin1String(component.name))
-               : readiness.complaint);
+    refuse(complaint(readiness));
+}
+
+QString BatchRun::complaint(const RunSetup::Readiness& readiness) const
+{
+    switch (readiness.obstacle) {
+    case RunSetup::Obstacle::Told:
+        return QStringLiteral("%1 was not started").arg(m_component);
+    case RunSetup::Obstacle::NoFile:
+        return QStringLiteral(
+                   "%1 was not started; %2 makes a machines file that names this machine")
+            .arg(m_component, useLocal);
+    case RunSetup::Obstacle::NoHost:
+        return QStringLiteral(
+                   "%1; %2 lets it name this machine, \"kestdesk machines edit\" changes "
+                   "it")
+            .arg(readiness.complaint, useLocal);
+    default:
+        return readiness.complaint;
+    }
 }
 
 void BatchRun::run()
@@ -39,14 +63,22 @@ void BatchRun::run()
 
 void BatchRun::stop()
 {
-    m_stopRequested = true;
     m_runner->stopProcess();
 }
 
 void BatchRun::kill()
 {
-    m_stopRequested = true;
     Descendants::killAll();
+}
+
+void BatchRun::giveUp()
+{
+    if (m_runner->isRunning()) {
+        stopObserving();
+        m_runner->abandon();
+        m_report.complain(QStringLiteral("%1 cannot be ended and goes on").arg(m_component));
+        finish(RunOutcome::stopped());
+    }
 }
 
 void BatchRun::onProcessStarted(const QString& /*executable*/, const QStringList& /*arguments*/)
@@ -65,12 +97,8 @@ void BatchRun::onProcessMessageReceived(const common_IProcessMessage& message)
 
 void BatchRun::onProcessDone()
 {
-    const bool valid = m_report.totalPercentage() == 100 && m_runner->normalExit();
-    if (m_stopRequested) {
-        finish(Outcome::Stopped);
-    } else {
-        finish(valid ? Outcome::Valid : Outcome::Fault);
-    }
+    finish(RunOutcome::of(ProcessEnd::of(*m_runner), m_report.totalPercentage(),
+                          m_runner->isStopRequested()));
 }
 
 void BatchRun::onExitCodeChanged(int /*exitCode*/)
@@ -79,11 +107,11 @@ void BatchRun::onExitCodeChanged(int /*exitCode*/)
 void BatchRun::refuse(const QString& reason)
 {
     m_report.complain(reason);
-    finish(Outcome::NotStarted);
+    finish(RunOutcome::notStarted());
 }
 
-void BatchRun::finish(Outcome outcome)
+void BatchRun::finish(const RunOutcome& outcome)
 {
-    m_report.end(outcome);
-    m_finished(outcome);
+    m_report.end(outcome, m_component);
+    m_finished(outcome.kind());
 }

@@ -4,6 +4,7 @@
 #include "BatchReport.h"
 #include "BatchRunner.h"
 #include "Component.h"
+#include "RunSetup.h"
 
 #include <common_ActivePtr.h>
 #include <common_ObserverOf.h>
@@ -16,7 +17,7 @@ class common_CommonSettingsSet;
 class BatchRun : public common_ObserverOf<common_IProcessRunnerObserver>
 {
 public:
-    using Finished = std::function<void(Outcome)>;
+    using Finished = std::function<void(RunOutcome::Kind)>;
 
     /// The report is not owned. The callback comes once, when start() has begun.
     BatchRun(BatchReport& report, Finished finished);
@@ -31,6 +32,10 @@ public:
     /// Kills the component and all that it started.
     void kill();
 
+    /// Reports a component that cannot be killed as stopped and waits for it no longer. Nothing
+    /// when it has ended.
+    void giveUp();
+
     void onProcessStarted(const QString& executable, const QStringList& arguments) override;
     void onFailedProcessStarted(const QString& executable, const QStringList& arguments,
                                 const QString& errorString) override;
@@ -39,14 +44,15 @@ public:
     void onExitCodeChanged(int exitCode) override;
 
 private:
+    QString complaint(const RunSetup::Readiness& readiness) const;
     void run();
     void refuse(const QString& reason);
-    void finish(Outcome outcome);
+    void finish(const RunOutcome& outcome);
 
     BatchReport& m_report;
     Finished m_finished;
     common_ActivePtr<BatchRunner> m_runner;
-    bool m_stopRequested = false;
+    QString m_component;
 };
 
 #endif

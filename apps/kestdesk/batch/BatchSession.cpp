@@ -32,6 +32,7 @@ BatchSession::BatchSession(const Component& component, common_RunWrapper::RunOpt
     , m_settings(GET_SERVICE(common_IApplicationInfo)->userSettingsDirectory(),
                  GET_SERVICE(common_IApplicationInfo)->applicationName())
 {
+    connect(&m_ending, &DescendantsEnding::ended, this, &BatchSession::leave);
     StopSignals::watch(this, [this] { onStopRequested(); });
 }
 
@@ -46,22 +47,20 @@ int BatchSession::exec()
 void BatchSession::runNext()
 {
     if (m_stopRequested) {
-        Descendants::endAll(m_killed ? 0 : graceTime); // what the component has left behind
-    }
-    if (m_stopRequested || m_outcomes.size() == m_models.size()) {
-        if (m_models.size() > 1) {
-            m_report.summarise(m_outcomes);
-        }
-        QCoreApplication::exit(exitCode());
+        m_ending.start(m_killed ? 0 : graceTime); // what the component has left behind
         return;
     }
-    m_run =
-        std::make_unique<BatchRun>(m_report, [this](Outcome outcome) { onRunFinished(outcome); });
+    if (m_outcomes.size() == m_models.size()) {
+        leave();
+        return;
+    }
+    m_run = std::make_unique<BatchRun>(
+        m_report, [this](RunOutcome::Kind outcome) { onRunFinished(outcome); });
     m_run->start(m_component, m_options, m_models[m_outcomes.size()], m_settings);
 }
 
 // The run is still in its last callback: the next one begins when that has returned.
-void BatchSession::onRunFinished(Outcome outcome)
+void BatchSession::onRunFinished(RunOutcome::Kind outcome)
 {
     m_outcomes.append(outcome);
     QMetaObject::invokeMethod(this, &BatchSession::runNext, Qt::QueuedConnection);
@@ -89,19 +88,35 @@ void BatchSession::stop()
 void BatchSession::kill()
 {
     m_killed = true;
-    if (m_run) {
+    if (m_ending.isGoingOn()) {
+        m_ending.hurry();
+    } else if (m_run) {
         m_run->kill();
+        QTimer::singleShot(killTime, this, &BatchSession::giveUp);
     }
-    QTimer::singleShot(killTime, this, [] { QCoreApplication::exit(exitStopped); });
 }
 
+void BatchSession::giveUp()
+{
+    m_run->giveUp();
+}
+
+void BatchSession::leave()
+{
+    if (m_models.size() > 1) {
+        m_report.summarise(m_outcomes);
+    }
+    QCoreApplication::exit(exitCode());
+}
+
+// The worst of the outcomes; models that were not begun have been stopped.
 int BatchSession::exitCode() const
 {
-    if (m_stopRequested) {
+    if (m_outcomes.contains(RunOutcome::Kind::Stopped) || m_outcomes.size() < m_models.size()) {
         return exitStopped;
     }
-    if (m_outcomes.contains(Outcome::NotStarted)) {
+    if (m_outcomes.contains(RunOutcome::Kind::NotStarted)) {
         return exitNotStarted;
     }
-    return m_outcomes.contains(Outcome::Fault) ? exitFault : exitValid;
+    return m_outcomes.contains(RunOutcome::Kind::Fault) ? exitFault : exitValid;
 }

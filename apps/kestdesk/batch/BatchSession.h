@@ -2,6 +2,7 @@
 #define BATCHSESSION_H
 
 #include "BatchReport.h"
+#include "DescendantsEnding.h"
 
 #include <common_CommonSettingsSet.h>
 #include <common_RunWrapper.h>
@@ -31,19 +32,22 @@ public:
 
 private:
     void runNext();
-    void onRunFinished(Outcome outcome);
+    void onRunFinished(RunOutcome::Kind outcome);
     void onStopRequested();
     void stop();
     void kill();
+    void giveUp();
+    void leave();
     int exitCode() const;
 
     const Component& m_component;
     common_RunWrapper::RunOptions m_options;
     QStringList m_models;
     common_CommonSettingsSet m_settings;
-    QVector<Outcome> m_outcomes;
+    QVector<RunOutcome::Kind> m_outcomes;
     BatchReport m_report;
     std::unique_ptr<BatchRun> m_run;
+    DescendantsEnding m_ending;
     bool m_stopRequested = false;
     bool m_killed = false;
 };

@@ -1,5 +1,6 @@
 #include "MachinesCommand.h"
 
+#include "LocalMachines.h"
 #include "MachinesCheck.h"
 #include "MachinesEditor.h"
 #include "MachinesReport.h"
@@ -74,6 +75,58 @@ int edit(const QStringList& words)
     return words.isEmpty() ? MachinesEditor().exec() : showUsage();
 }
 
+int complain(const QString& text, int exitCode)
+{
+    Terminal(stderr).writeLine(QStringLiteral("kestdesk: ") + text, Terminal::Colour::Red);
+    return exitCode;
+}
+
+int saveLocal(LocalMachines& machines)
+{
+    const QString error = machines.save();
+    if (!error.isEmpty()) {
+        return complain(error, exitImpossible);
+    }
+    Terminal(stdout).writeLine(QStringLiteral("Saved %1 with the line \"%2\".")
+                                   .arg(machines.fileName(), LocalMachines::line()));
+    return exitRight;
+}
+
+// Hosts that somebody has named are replaced only on demand.
+int useLocal(const QStringList& words)
+{
+    const bool mayReplace = words == QStringList(QStringLiteral("--replace"));
+    if (!mayReplace && !words.isEmpty()) {
+        return showUsage();
+    }
+    LocalMachines machines;
+    switch (machines.state()) {
+    case LocalMachines::State::NotChanged:
+        return complain(machines.error(), exitImpossible);
+    case LocalMachines::State::Done:
+        Terminal(stdout).writeLine(
+            QStringLiteral("Nothing was changed: %1 has the line \"%2\" and no other host.")
+                .arg(machines.origin(), LocalMachines::line()));
+        return exitRight;
+    case LocalMachines::State::Taken:
+        if (!mayReplace) {
+            const QString hosts = machines.hosts();
+            return complain(
+                QStringLiteral("%1 %2; \"kestdesk machines use-local --replace\" saves %3 with the "
+                               "line \"%4\" and keeps the others as comments")
+                    .arg(machines.origin(),
+                         hosts.isEmpty() ? QStringLiteral("has lines that are wrong")
+                                         : QStringLiteral("names hosts already: ") + hosts,
+                         machines.fileName(), LocalMachines::line()),
+                exitWrong);
+        }
+        break;
+    case LocalMachines::State::Free:
+        break;
+    }
+    return saveLocal(machines);
+}
+
 struct Command
 {
     const char* name;
@@ -84,9 +137,10 @@ struct Command
 
 // clang-format off
 constexpr Command commands[] = {
-    {"show",  show,  "[--json]",            "show the machines file in use and what is wrong with it"},
-    {"check", check, "[--timeout SECONDS]", "and ask each host whether it answers, and for its cores"},
-    {"edit",  edit,  "",                    "change the user's machines file with $VISUAL or $EDITOR"},
+    {"show",      show,     "[--json]",            "show the machines file in use and what is wrong with it"},
+    {"check",     check,    "[--timeout SECONDS]", "and ask each host whether it answers, and for its cores"},
+    {"edit",      edit,     "",                    "change the user's machines file with $VISUAL or $EDITOR"},
+    {"use-local", useLocal, "[--replace]",         "let the user's machines file name this machine alone"},
 };
 // clang-format on
 

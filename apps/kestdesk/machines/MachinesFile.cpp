@@ -74,7 +74,8 @@ MachinesFile MachinesFile::parsed(const QByteArray& content)
     }
     result.addLines(content.startsWith(encodings[0].mark) ? content.mid(encodings[0].mark.size())
                                                           : content);
-    if (result.m_entries.isEmpty() && result.isRight()) {
+    result.m_namesNoHost = result.m_entries.isEmpty() && result.isRight();
+    if (result.m_namesNoHost) {
         result.add(0, Severity::Error, {}, QStringLiteral("it names no host"));
     }
     return result;

@@ -49,6 +49,9 @@ public:
     int hostCount() const { return m_firstLines.size(); }
     bool isRight() const { return count(Severity::Error) == 0; }
 
+    /// Whether nothing is wrong with the file but that it names no host.
+    bool namesNoHost() const { return m_namesNoHost; }
+
     static constexpr int mostFindings = 1000;
 
 private:
@@ -63,6 +66,7 @@ private:
     QHash<QByteArray, int> m_firstLines; // by host, in lower case
     int m_counts[3] = {};                // by severity
     bool m_carriageReturnsTold = false;
+    bool m_namesNoHost = false;
 };
 
 #endif

@@ -134,7 +134,9 @@ void MachinesReport::writeSearch(Terminal& terminal) const
                 .arg(candidate(place), QLatin1String(place.owner), QLatin1String(place.variable)));
     }
     terminal.writeLine(QStringLiteral("\"kestdesk machines edit\" makes the user's: a text file "
-                                      "with a line \"host:count\" for each host."));
+                                      "with a line \"host:count\" for each host;"));
+    terminal.writeLine(QStringLiteral("\"kestdesk machines use-local\" makes one that names this "
+                                      "machine."));
 }
 
 void MachinesReport::writeEntries(Terminal& terminal) const

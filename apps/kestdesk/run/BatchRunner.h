@@ -10,6 +10,14 @@ public:
     /// Deletes the temporary files, as the end of a run does, when no child was started. Observers
     /// would hear of an end: there must be none.
     void discardTemporaryFiles() { onProcessDone(); }
+
+    /// Deletes the temporary files at once and tells nobody. The runner keeps their names.
+    void deleteTemporaryFiles();
+
+    /// Lets the child go on alone: nothing waits for it when this runner is released, which then
+    /// stays in memory. For a child that cannot be ended, before the program ends. The temporary
+    /// files go.
+    void abandon();
 };
 
 #endif

@@ -1,6 +1,8 @@
 #ifndef DESCENDANTS_H
 #define DESCENDANTS_H
 
+#include <QSet>
+
 #include <functional>
 
 /// The processes that this program started, and those that they started.
@@ -16,11 +18,15 @@ void startApart(const std::function<void()>& start);
 /// Whether one of them is alive.
 bool areAlive();
 
+/// Whether one pass over the system's processes finds one; areAlive() is the one to ask.
+bool isAnySeen();
+
 /// Kills all of them. They are gone when areAlive() says so.
 void killAll();
 
-/// Waits as long as given for them to end by themselves, and then kills what is left.
-void endAll(int milliseconds);
+/// This program's children that have ended while nobody has asked for their exit codes; none on a
+/// platform that keeps no such processes.
+QSet<qint64> endedChildren();
 
 } // namespace Descendants
 

@@ -4,6 +4,7 @@
 #include <QFile>
 #include <QMultiHash>
 #include <QObject>
+#include <QSet>
 #include <QTimer>
 #include <QVector>
 
@@ -14,29 +15,40 @@
 
 namespace {
 
-using Children = QMultiHash<pid_t, pid_t>; // by parent
-
-// A zombie has ended: only its parent has not asked yet.
-void addProcess(const QString& directory, Children& children)
+struct Process
 {
-    QFile file(QStringLiteral("/proc/%1/stat").arg(directory));
-    if (!file.open(QIODevice::ReadOnly)) {
-        return; // gone meanwhile
+    pid_t id = 0;
+    pid_t parent = 0;
+    bool hasEnded = false; // but its parent has not asked for the exit code yet
+};
+
+QVector<Process> allProcesses()
+{
+    QVector<Process> result;
+    const QStringList directories =
+        QDir(QStringLiteral("/proc")).entryList({QStringLiteral("[0-9]*")}, QDir::Dirs);
+    for (const QString& directory : directories) {
+        QFile file(QStringLiteral("/proc/%1/stat").arg(directory));
+        if (!file.open(QIODevice::ReadOnly)) {
+            continue; // gone meanwhile
+        }
+        const QByteArray status = file.readAll();
+        const QList<QByteArray> fields = status.mid(status.lastIndexOf(')') + 2).split(' ');
+        if (fields.size() > 1) {
+            result.append({directory.toInt(), fields[1].toInt(), fields[0] == "Z"});
+        }
     }
-    const QByteArray status = file.readAll();
-    const QList<QByteArray> fields = status.mid(status.lastIndexOf(')') + 2).split(' ');
-    if (fields.size() > 1 && fields[0] != "Z") {
-        children.insert(fields[1].toInt(), directory.toInt());
-    }
+    return result;
 }
 
 QVector<pid_t> descendants()
 {
-    Children children;
-    const QStringList directories =
-        QDir(QStringLiteral("/proc")).entryList({QStringLiteral("[0-9]*")}, QDir::Dirs);
-    for (const QString& directory : directories) {
-        addProcess(directory, children);
+    QMultiHash<pid_t, pid_t> children; // by parent
+    const QVector<Process> processes = allProcesses();
+    for (const Process& process : processes) {
+        if (!process.hasEnded) {
+            children.insert(process.parent, process.id);
+        }
     }
     QVector<pid_t> result = QVector<pid_t>::fromList(children.values(getpid()));
     for (int next = 0; next < result.size(); ++next) {
@@ -69,7 +81,7 @@ void Descendants::startApart(const std::function<void()>& start)
     adoptOrphans();
 }
 
-bool Descendants::areAlive()
+bool Descendants::isAnySeen()
 {
     return !descendants().isEmpty();
 }
@@ -80,4 +92,16 @@ void Descendants::killAll()
     for (const pid_t process : processes) {
         ::kill(process, SIGKILL);
     }
+}
+
+QSet<qint64> Descendants::endedChildren()
+{
+    QSet<qint64> result;
+    const QVector<Process> processes = allProcesses();
+    for (const Process& process : processes) {
+        if (process.hasEnded && process.parent == getpid()) {
+            result.insert(process.id);
+        }
+    }
+    return result;
 }

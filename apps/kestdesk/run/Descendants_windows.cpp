@@ -69,7 +69,7 @@ void Descendants::startApart(const std::function<void()>& start)
     }
 }
 
-bool Descendants::areAlive()
+bool Descendants::isAnySeen()
 {
     return !descendants().isEmpty();
 }
@@ -84,4 +84,9 @@ void Descendants::killAll()
             CloseHandle(handle);
         }
     }
+}
+
+QSet<qint64> Descendants::endedChildren()
+{
+    return {};
 }

@@ -2,20 +2,28 @@
 
 #include "BatchRunner.h"
 #include "Installation.h"
+#include "MachinesCopies.h"
+#include "MachinesFile.h"
 
 #include <common_CommonSettingsSet.h>
+#include <common_MachineFileFinder.h>
 
+#include <QDeadlineTimer>
 #include <QDir>
 #include <QFileInfo>
+#include <QTime>
 
 namespace {
+
+const QString machinesFileOption = QStringLiteral("--machines-file");
+constexpr int behindTheModel = 1; // which is the first argument, whatever its name
 
 // The copy of the machines file that the arguments name, when it is not there: copying fails
 // silently.
 QString missingMachinesFile(const common_ProcessRunnerBase& runner)
 {
     const QStringList arguments = runner.getArguments();
-    const int option = arguments.indexOf(QStringLiteral("--machines-file"));
+    const int option = arguments.indexOf(machinesFileOption, behindTheModel);
     if (option < 0) {
         return QString();
     }
@@ -39,25 +47,117 @@ QString missingPart(const Component& component, const QFileInfo& model)
                : QString();
 }
 
+// How long it is tried, in ms, to get a copy of the machines file that is the run's own. There is a
+// name for each ms of a second.
+constexpr int longestSearch = 5000;
+constexpr int second = 1000;
+
+// It takes the copy.
+QString userFolder()
+{
+    return qEnvironmentVariable("KEST_USER_HOME");
+}
+
+struct Target
+{
+    const Component& component;
+    common_RunWrapper::RunOptions options;
+    const QFileInfo& model;
+    common_CommonSettingsSet& settings;
+};
+
+// What set-ups before this one have added.
+void clear(BatchRunner& runner)
+{
+    runner.clearArguments();
+    runner.setTemporaryFilenames({});
+}
+
+bool setUpOnce(BatchRunner& runner, const Target& target)
+{
+    clear(runner);
+    common_RunWrapper wrapper(&target.settings);
+    return (wrapper.*target.component.setUp)(runner, target.model, target.options);
+}
+
+QString noOwnCopy()
+{
+    return QStringLiteral("the machines file cannot be copied: other runs use its copies "
+                          "gui_tmp_machfile_0 to gui_tmp_machfile_999 in %1, or have left them; "
+                          "remove those when no other run is going on")
+        .arg(userFolder());
+}
+
+// The machines file that the copy was made of, when it names no host.
+QString machinesFileWithoutHosts(const common_ProcessRunnerBase& runner)
+{
+    if (runner.getArguments().indexOf(machinesFileOption, behindTheModel) < 0) {
+        return QString();
+    }
+    common_MachineFileFinder finder;
+    const QString file = finder.getMachineFileInfo()->absoluteFilePath();
+    return MachinesFile::read(file).namesNoHost() ? file : QString();
+}
+
+bool lacksMachinesFile(common_RunWrapper::RunOptions options)
+{
+    return options.testFlag(common_RunWrapper::Parallel) && !common_MachineFileFinder().isValid();
+}
+
+// What is wrong with what was set up; ready when nothing is.
+RunSetup::Readiness readiness(const common_ProcessRunnerBase& runner)
+{
+    const QString missing = missingMachinesFile(runner);
+    if (!missing.isEmpty()) {
+        return {RunSetup::Obstacle::Complaint,
+                QStringLiteral("the machines file cannot be copied to %1").arg(missing)};
+    }
+    const QString empty = machinesFileWithoutHosts(runner);
+    if (!empty.isEmpty()) {
+        return {RunSetup::Obstacle::NoHost,
+                QStringLiteral("the machines file %1 names no host").arg(empty)};
+    }
+    return {};
+}
+
+// Until the copy of the machines file, if there is one, is the run's own.
+RunSetup::Readiness setUp(BatchRunner& runner, const Target& target, const MachinesCopies& copies)
+{
+    const QDeadlineTimer deadline(longestSearch);
+    for (;;) {
+        const QTime begun = QTime::currentTime();
+        const MachinesCopies::Times before = copies.times();
+        const bool isSetUp = setUpOnce(runner, target);
+        const int made = MachinesCopies::number(runner);
+        const bool isOwn = copies.claim(runner, before) == MachinesCopies::Claim::Own;
+        if (!isSetUp) {
+            const bool lacksFile = lacksMachinesFile(target.options);
+            return {lacksFile ? RunSetup::Obstacle::NoFile : RunSetup::Obstacle::Told, QString()};
+        }
+        if (isOwn) {
+            return readiness(runner);
+        }
+        // From the beginning to the making of the copy.
+        const int lead = (made - begun.msec() + second) % second;
+        if (deadline.hasExpired() || !copies.waitForFreeName(copies.times(), lead)) {
+            return {RunSetup::Obstacle::Complaint, noOwnCopy()};
+        }
+    }
+}
+
 } // namespace
 
 RunSetup::Readiness RunSetup::apply(BatchRunner& runner, const Component& component,
                                     common_RunWrapper::RunOptions options, const QFileInfo& model,
                                     common_CommonSettingsSet& settings)
 {
+    clear(runner);
     const QString missing = missingPart(component, model);
     if (!missing.isEmpty()) {
-        return {false, missing};
+        return {Obstacle::Complaint, missing};
     }
-    QDir().mkpath(qEnvironmentVariable("KEST_USER_HOME")); // takes the copy of a machines file
-    common_RunWrapper wrapper(&settings);
-    if (!(wrapper.*component.setUp)(runner, model, options)) {
-        return {false, QString()};
-    }
-    const QString machinesFile = missingMachinesFile(runner);
-    if (!machinesFile.isEmpty()) {
-        return {false,
-                QStringLiteral("the machines file cannot be copied to %1").arg(machinesFile)};
-    }
-    return {true, QString()};
+    QDir().mkpath(userFolder());
+    const MachinesCopies copies(userFolder());
+    copies.removeLeft();
+    return setUp(runner, {component, options, model, settings}, copies);
 }

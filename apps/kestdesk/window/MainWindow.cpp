@@ -87,6 +87,7 @@ MainWindow::MainWindow()
     makeOptionsMenu();
     makeApplicationMenu();
     HelpMenu::addTo(*this, QStringLiteral("Runs the suite's solver components on models."));
+    connect(&m_ending, &DescendantsEnding::ended, this, &MainWindow::finish);
     restoreSession();
     updateControls();
 }
@@ -111,6 +112,8 @@ void MainWindow::makeContent()
     setCentralWidget(content);
     m_outcome = new QLabel(this);
     m_outcome->setObjectName(QStringLiteral("outcomeLabel"));
+    m_outcome->setTextFormat(Qt::PlainText);
+    m_outcome->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred); // cut, not widened
     statusBar()->addWidget(m_outcome, 1);
     connect(m_panel, &RunPanel::openRequested, this, &MainWindow::chooseModel);
     connect(m_panel, &RunPanel::runRequested, this, &MainWindow::run);
@@ -218,7 +221,7 @@ void MainWindow::makeApplicationMenu()
     menuBar()->addMenu(m_applications);
     m_list->addAction(m_applications->resultsAction());
     connect(m_applications, &QMenu::aboutToShow, this, &MainWindow::updateControls);
-    connect(m_applications, &ApplicationMenu::launched, m_outcome, &QLabel::setText);
+    connect(m_applications, &ApplicationMenu::launched, this, &MainWindow::tellOutcome);
 }
 
 QAction* MainWindow::addAction(QMenu& menu, const QString& text, const QString& name,
@@ -295,7 +298,10 @@ void MainWindow::run()
     connect(run, &WindowRun::ended, this, [this, run] { onRunEnded(*run); });
     m_runs->add(run);
     m_list->selectRow(m_runs->rowCount() - 1);
-    m_outcome->clear();
+    tellOutcome(QString());
+    // What a component leaves behind, however it ends, must not get lost.
+    Descendants::adoptOrphans();
+    m_reaper.start();
     if (run->start(choice() & m_panel->component().options, m_settings, this)) {
         showModel(model);
     }
@@ -316,8 +322,6 @@ void MainWindow::stopRun()
 
 void MainWindow::stop(const QVector<WindowRun*>& runs)
 {
-    m_hasStopped = true;
-    Descendants::adoptOrphans();
     for (WindowRun* run : runs) {
         run->stop();
     }
@@ -327,7 +331,7 @@ void MainWindow::showRun()
 {
     WindowRun* run = selectedRun();
     if (run != nullptr && !run->showDialog()) {
-        m_outcome->setText(QStringLiteral("The window of this run has been closed."));
+        tellOutcome(QStringLiteral("The window of this run has been closed."));
     }
 }
 
@@ -378,7 +382,7 @@ void MainWindow::restoreModel()
     if (QFileInfo(model).isFile()) {
         showModel(QFileInfo(model).absoluteFilePath());
     } else {
-        m_outcome->setText(QStringLiteral("The model of the last session is gone: %1").arg(model));
+        tellOutcome(QStringLiteral("The model of the last session is gone: %1").arg(model));
     }
 }
 
@@ -408,8 +412,7 @@ void MainWindow::saveChoice()
     }
     const bool isKept = RunChoice::save(choice());
     m_isToldOfLock = !isKept;
-    m_outcome->setText(isKept ? QString()
-                              : QStringLiteral("This choice counts for this session only."));
+    tellOutcome(isKept ? QString() : QStringLiteral("This choice counts for this session only."));
 }
 
 common_RunWrapper::RunOptions MainWindow::choice() const
@@ -449,8 +452,8 @@ void MainWindow::onRunEnded(WindowRun& run)
 {
     const QString text =
         QStringLiteral("%1 of %2: %3")
-            .arg(run.componentName(), QFileInfo(run.model()).fileName(), run.stateText());
-    m_outcome->setText(text);
+            .arg(run.componentName(), QFileInfo(run.model()).fileName(), run.explanation());
+    tellOutcome(text);
     if (QApplication::activeWindow() == nullptr) {
         QApplication::alert(this);
         Notifier::show(QStringLiteral("Run ended"), text);
@@ -462,21 +465,36 @@ void MainWindow::onRunEnded(WindowRun& run)
 
 void MainWindow::closeEvent(QCloseEvent* event)
 {
-    if (!mayClose()) {
-        event->ignore();
-        return;
+    const bool isReady = m_isDone || (mayClose() && leave());
+    event->setAccepted(isReady);
+    if (isReady) {
+        QCoreApplication::quit();
     }
-    event->accept();
-    leave();
 }
 
-void MainWindow::leave()
+// When no run is going on. True when nothing is left of the runs; else that is ended first, while
+// the window stays, and a second wish to close does not wait for it.
+bool MainWindow::leave()
 {
-    saveSession();
-    if (m_hasStopped) {
-        Descendants::endAll(graceTime); // what stopped components have left behind
+    if (m_ending.isGoingOn()) {
+        m_ending.hurry();
+        return false;
     }
-    QCoreApplication::quit();
+    saveSession();
+    if (!Descendants::areAlive()) {
+        return true;
+    }
+    tellOutcome(QStringLiteral("Ending what the runs have left behind..."));
+    centralWidget()->setEnabled(false); // no new run
+    menuBar()->setEnabled(false);
+    m_ending.start(graceTime);
+    return false;
+}
+
+void MainWindow::finish()
+{
+    m_isDone = true;
+    close();
 }
 
 // With runs going the user decides; a second wish to close while they are being stopped ends them
@@ -515,23 +533,39 @@ bool MainWindow::isAgreedToClose(const QVector<WindowRun*>& going)
 void MainWindow::stopForClose(const QVector<WindowRun*>& going)
 {
     m_closing = true;
-    m_outcome->setText(QStringLiteral("Stopping the runs..."));
+    tellOutcome(QStringLiteral("Stopping the runs..."));
     stop(going);
 }
 
-// Ended runs tidy up after themselves, for which they must hear of it. A process that waits for a
-// device does not end.
+// Ended runs tidy up after themselves, for which they must hear of it.
 void MainWindow::endByForce() const
 {
     Descendants::killAll();
-    QTimer::singleShot(killTime, this, &MainWindow::leave);
+    QTimer::singleShot(killTime, this, &MainWindow::giveUp);
+}
+
+// A process that waits for a device does not end.
+void MainWindow::giveUp() const
+{
+    const QVector<WindowRun*> going = goingRuns();
+    for (WindowRun* run : going) {
+        run->giveUp();
+    }
+}
+
+void MainWindow::tellOutcome(const QString& text)
+{
+    m_outcome->setText(text);
+    m_outcome->setToolTip(text.toHtmlEscaped());
 }
 
 void MainWindow::quit()
 {
     const QVector<WindowRun*> going = goingRuns();
     if (going.isEmpty()) {
-        leave();
+        if (leave()) {
+            finish();
+        }
     } else if (m_closing) {
         endByForce();
     } else {

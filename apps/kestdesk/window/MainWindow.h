@@ -1,6 +1,8 @@
 #ifndef MAINWINDOW_H
 #define MAINWINDOW_H
 
+#include "DescendantsEnding.h"
+#include "OrphanReaper.h"
 #include "SessionSettings.h"
 
 #include <common_CommonSettingsSet.h>
@@ -67,7 +69,8 @@ private:
     void restoreSession();
     void restoreModel();
     void saveSession();
-    void leave();
+    bool leave();
+    void finish();
     void showModel(const QString& path);
     void showChoice(common_RunWrapper::RunOptions options);
     void saveChoice();
@@ -80,6 +83,8 @@ private:
     bool isAgreedToClose(const QVector<WindowRun*>& going);
     void stopForClose(const QVector<WindowRun*>& going);
     void endByForce() const;
+    void giveUp() const;
+    void tellOutcome(const QString& text);
 
     common_CommonSettingsSet m_settings;
     SessionSettings m_session;
@@ -93,8 +98,10 @@ private:
     QAction* m_farmOut = nullptr;
     ApplicationMenu* m_applications;
     bool m_isToldOfLock = false;
+    DescendantsEnding m_ending;
+    OrphanReaper m_reaper;
     bool m_closing = false;
-    bool m_hasStopped = false; // of stopped runs something may be left
+    bool m_isDone = false; // nothing is left that would have to be ended
 };
 
 #endif

@@ -1,5 +1,7 @@
 #include "Notifier.h"
 
+#include "Descendants.h"
+
 #include <QDBusConnection>
 #include <QDBusMessage>
 #include <QDBusPendingCall>
@@ -21,6 +23,8 @@ QString plain(const QString& text)
 // The interface of the freedesktop.org notification server, which every Linux desktop has.
 void Notifier::show(const QString& title, const QString& text)
 {
+    // A bus that is started for this call is the whole session's.
+    Descendants::startApart([] { QDBusConnection::sessionBus(); });
     QDBusConnection bus = QDBusConnection::sessionBus();
     if (!bus.isConnected()) {
         return;

@@ -111,7 +111,12 @@ QVariant RunTableModel::data(const QModelIndex& index, int role) const
     switch (role) {
     case Qt::DisplayRole:
         return column.text(*shown);
+    case Qt::AccessibleDescriptionRole:
+        return index.column() == StateColumn ? QVariant(shown->explanation()) : QVariant();
     case Qt::ToolTipRole:
+        if (index.column() == StateColumn) {
+            return shown->explanation().toHtmlEscaped();
+        }
         return QDir::toNativeSeparators(shown->model());
     case Qt::TextAlignmentRole:
         return int(Qt::AlignVCenter | (column.isNumber ? Qt::AlignRight : Qt::AlignLeft));

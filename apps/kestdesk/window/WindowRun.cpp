@@ -1,7 +1,8 @@
 #include "WindowRun.h"
 
+#include "MachinesOffer.h"
+#include "ProcessEnd.h"
 #include "RunResults.h"
-#include "RunSetup.h"
 
 #include <common_CommonSettingsSet.h>
 #include <common_HelpClient.h>
@@ -12,31 +13,23 @@
 #include <QFileInfo>
 
 #include <algorithm>
-#include <csignal>
 #include <utility>
 
 namespace {
-
-constexpr int complete = 100;
 
 // clang-format off
 const struct { WindowRun::State state; const char* text; } stateTexts[] = {
     {WindowRun::State::NotStarted, "not started"},
     {WindowRun::State::Running,    "running"},
     {WindowRun::State::Stopping,   "stopping, still running"},
-    {WindowRun::State::Valid,      "valid"},
-    {WindowRun::State::Fault,      "fault"},
-    {WindowRun::State::Stopped,    "stopped"},
+};
+
+const struct { RunOutcome::Kind kind; WindowRun::State state; } outcomeStates[] = {
+    {RunOutcome::Kind::Valid,   WindowRun::State::Valid},
+    {RunOutcome::Kind::Fault,   WindowRun::State::Fault},
+    {RunOutcome::Kind::Stopped, WindowRun::State::Stopped},
 };
 // clang-format on
-
-// Of a component that was asked to end: one that puts its files in order first says so by its exit
-// code, another one dies of the signal.
-bool isOfTerminated(int exitCode)
-{
-    constexpr int shellOffset = 128;
-    return exitCode == SIGTERM || exitCode == shellOffset + SIGTERM;
-}
 
 // As a sentence.
 void tellNotStarted(QString complaint, QWidget* window)
@@ -61,11 +54,9 @@ WindowRun::~WindowRun()
 bool WindowRun::start(common_RunWrapper::RunOptions options, common_CommonSettingsSet& settings,
                       QWidget* window)
 {
-    const RunSetup::Readiness readiness =
-        RunSetup::apply(*m_runner, m_component, options, QFileInfo(m_model), settings);
-    if (!readiness.isReady) {
-        m_runner->discardTemporaryFiles();
-        if (!readiness.complaint.isEmpty()) {
+    const RunSetup::Readiness readiness = setUp(options, settings, window);
+    if (!readiness.isReady()) {
+        if (readiness.obstacle == RunSetup::Obstacle::Complaint) {
             tellNotStarted(readiness.complaint, window);
         }
         return false;
@@ -82,11 +73,38 @@ bool WindowRun::start(common_RunWrapper::RunOptions options, common_CommonSettin
     return true;
 }
 
+// Again after the user has mended what kept it from starting.
+RunSetup::Readiness WindowRun::setUp(common_RunWrapper::RunOptions options,
+                                     common_CommonSettingsSet& settings, QWidget* window)
+{
+    for (;;) {
+        RunSetup::Readiness readiness =
+            RunSetup::apply(*m_runner, m_component, options, QFileInfo(m_model), settings);
+        if (readiness.isReady()) {
+            return readiness;
+        }
+        m_runner->discardTemporaryFiles();
+        if (readiness.obstacle != RunSetup::Obstacle::NoHost ||
+            !MachinesOffer::isTaken(readiness.complaint, window)) {
+            return readiness;
+        }
+    }
+}
+
 void WindowRun::stop()
 {
-    if (m_state == State::Running) {
-        setState(State::Stopping);
+    if (isRunning()) {
         m_runner->stopProcess();
+        Q_EMIT changed();
+    }
+}
+
+void WindowRun::giveUp()
+{
+    if (isRunning()) {
+        stopObserving();
+        m_runner->abandon();
+        end(RunOutcome::stopped());
     }
 }
 
@@ -106,12 +124,25 @@ qint64 WindowRun::elapsed() const
     return isRunning() ? m_clock.elapsed() : m_duration;
 }
 
+// The dialog may have stopped it.
+WindowRun::State WindowRun::state() const
+{
+    return isRunning() && m_runner->isStopRequested() ? State::Stopping : m_state;
+}
+
 QString WindowRun::stateText() const
 {
-    const auto* row =
-        std::find_if(std::begin(stateTexts), std::end(stateTexts),
-                     [this](const auto& candidate) { return candidate.state == m_state; });
-    return QLatin1String(row->text);
+    const State shown = state();
+    const auto* row = std::find_if(std::begin(stateTexts), std::end(stateTexts),
+                                   [shown](const auto& each) { return each.state == shown; });
+    return row == std::end(stateTexts) ? m_outcome.title() : QLatin1String(row->text);
+}
+
+QString WindowRun::explanation() const
+{
+    return m_outcome.reason().isEmpty()
+               ? stateText()
+               : QStringLiteral("%1. It %2.").arg(m_outcome.word(), m_outcome.reason());
 }
 
 void WindowRun::onProcessStarted(const QString& /*executable*/, const QStringList& /*arguments*/)
@@ -135,7 +166,7 @@ void WindowRun::onProcessMessageReceived(const common_IProcessMessage& message)
     if (message.getType() != common_IProcessMessage::TotalPercentage) {
         return;
     }
-    const int percentage = std::clamp(message.getText().toInt(), 0, complete);
+    const int percentage = RunOutcome::percentage(message.getText(), m_totalPercentage);
     if (percentage != m_totalPercentage) {
         m_totalPercentage = percentage;
         Q_EMIT changed();
@@ -144,12 +175,7 @@ void WindowRun::onProcessMessageReceived(const common_IProcessMessage& message)
 
 void WindowRun::onProcessDone()
 {
-    m_duration = m_clock.elapsed();
-    m_results = RunResults::tables(m_files, QFileInfo(m_model).absolutePath());
-    const bool isValid = m_totalPercentage == complete && m_runner->normalExit();
-    const bool isStopped = m_state == State::Stopping || isOfTerminated(m_runner->exitCode());
-    setState(isValid ? State::Valid : isStopped ? State::Stopped : State::Fault);
-    Q_EMIT ended();
+    end(RunOutcome::of(ProcessEnd::of(*m_runner), m_totalPercentage, m_runner->isStopRequested()));
 }
 
 void WindowRun::onExitCodeChanged(int /*exitCode*/)
@@ -159,4 +185,16 @@ void WindowRun::setState(State state)
 {
     m_state = state;
     Q_EMIT changed();
+}
+
+void WindowRun::end(const RunOutcome& outcome)
+{
+    m_duration = m_clock.elapsed();
+    m_results = RunResults::tables(m_files, QFileInfo(m_model).absolutePath());
+    m_outcome = outcome;
+    const auto* row =
+        std::find_if(std::begin(outcomeStates), std::end(outcomeStates),
+                     [&outcome](const auto& each) { return each.kind == outcome.kind(); });
+    setState(row->state);
+    Q_EMIT ended();
 }

@@ -2,6 +2,8 @@
 #define WINDOWRUN_H
 
 #include "Component.h"
+#include "RunOutcome.h"
+#include "RunSetup.h"
 #include "WindowRunner.h"
 
 #include <common_ActivePtr.h>
@@ -33,20 +35,27 @@ public:
     /// Asks the component to stop.
     void stop();
 
+    /// Shows a component that cannot be killed as stopped and waits for it no longer. Nothing when
+    /// none is running.
+    void giveUp();
+
     /// Brings the dialog to the front. False when the user has closed it.
     bool showDialog();
 
     QString model() const { return m_model; }
     QString componentName() const { return QLatin1String(m_component.name); }
-    State state() const { return m_state; }
-    bool isRunning() const { return m_state == State::Running || m_state == State::Stopping; }
+    State state() const;
+    bool isRunning() const { return m_state == State::Running; }
     int totalPercentage() const { return m_totalPercentage; }
 
     /// Milliseconds since the start, until the end.
     qint64 elapsed() const;
 
-    /// The state in words.
+    /// The state in a few words; of a fault also what ended the run: "fault, SIGKILL".
     QString stateText() const;
+
+    /// The state as a sentence or two, with what the end usually means.
+    QString explanation() const;
 
     /// The tables that the results viewer shows, once the component has ended.
     QStringList results() const { return m_results; }
@@ -66,13 +75,17 @@ Q_SIGNALS:
     void ended();
 
 private:
+    RunSetup::Readiness setUp(common_RunWrapper::RunOptions options,
+                              common_CommonSettingsSet& settings, QWidget* window);
     void setState(State state);
+    void end(const RunOutcome& outcome);
 
     const Component& m_component;
     QString m_model;
     common_ActivePtr<WindowRunner> m_runner;
     QPointer<common_KestProcessDialog> m_dialog;
-    State m_state = State::NotStarted;
+    State m_state = State::NotStarted; // never Stopping, which is asked of the runner
+    RunOutcome m_outcome = RunOutcome::notStarted();
     int m_totalPercentage = 0;
     QStringList m_files; // that the component has told of
     QStringList m_results;

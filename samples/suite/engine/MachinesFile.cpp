@@ -2,8 +2,10 @@
 
 #include "PlainText.h"
 
+#include <QDir>
 #include <QFile>
 #include <QFileInfo>
+#include <QRegularExpression>
 
 #include <algorithm>
 #include <climits>
@@ -74,9 +76,25 @@ int countOf(const QString& text)
     return isNumber && count <= MachinesFile::MostProcesses ? count : 0;
 }
 
+// What to call a file in messages. A front end hands over a copy, whose name says nothing to the
+// user: it was made of the user's file, which is beside it, or else of the installation's.
+QString nameOf(const QString& path)
+{
+    static const QRegularExpression copyName(QStringLiteral("\\Agui_tmp_machfile_[0-9]{1,3}\\z"));
+    const QFileInfo info(path);
+    if (!copyName.match(info.fileName()).hasMatch()) {
+        return info.fileName();
+    }
+    const QString own = info.dir().filePath(QStringLiteral("machines.kest"));
+    return QDir::toNativeSeparators(QFileInfo::exists(own)
+                                        ? own
+                                        : qEnvironmentVariable("KEST_HOME") +
+                                              QStringLiteral("/shared/mpi/machines.kest"));
+}
+
 } // namespace
 
-MachinesFile::MachinesFile(const QString& path) : m_name(QFileInfo(path).fileName())
+MachinesFile::MachinesFile(const QString& path) : m_name(nameOf(path))
 {
     const QFileInfo info(path);
     QFile file(path);
@@ -130,7 +148,9 @@ void MachinesFile::readContent(const QByteArray& content)
                             .arg(m_name)
                             .arg(LongestList));
     } else if (m_entries.isEmpty()) {
-        m_errors.append(QStringLiteral("the machines file '%1' names no host").arg(m_name));
+        m_errors.append(QStringLiteral("the machines file '%1' names no host, add a line such as "
+                                       "'localhost:2' for this machine")
+                            .arg(m_name));
     }
 }
 

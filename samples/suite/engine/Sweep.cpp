@@ -2,6 +2,8 @@
 
 #include "EngineJob.h"
 
+#include <MarkedFolders.h>
+
 #include <QDir>
 
 #include <utility>
@@ -22,7 +24,8 @@ Sweep::Sweep(SweepDeck deck, QString engine, int atOnce, bool needsImpedance)
     , m_engine(std::move(engine))
     , m_atOnce(atOnce)
     , m_needsImpedance(needsImpedance)
-    , m_folder(QDir::tempPath() + QStringLiteral("/kest-sweep-XXXXXX"))
+    , m_folder(QDir::tempPath() + QLatin1Char('/') +
+               MarkedFolders::marked(QStringLiteral("kest-sweep")) + QStringLiteral("-XXXXXX"))
     , m_processes(EngineStopTimes)
 {
     connect(&m_processes, &ChildProcesses::allEnded, this, &Sweep::endStopped);
@@ -30,6 +33,7 @@ Sweep::Sweep(SweepDeck deck, QString engine, int atOnce, bool needsImpedance)
 
 void Sweep::start()
 {
+    MarkedFolders::removeLeft();
     if (!m_folder.isValid()) {
         Q_EMIT failed(QStringLiteral("no temporary folder can be made in '%1', %2")
                           .arg(QDir::tempPath(), m_folder.errorString()));

@@ -2,6 +2,8 @@
 
 #include "ModelFile.h"
 
+#include <MarkedFolders.h>
+
 #include <QDir>
 #include <QFile>
 
@@ -89,7 +91,10 @@ void RemoteSession::begin(const Frame& frame)
 QString RemoteSession::prepareFolder(const QString& name, const QByteArray& model,
                                      const QByteArray& machines)
 {
-    m_folder.emplace(QDir::tempPath() + QStringLiteral("/kest-remote-XXXXXX"));
+    MarkedFolders::removeLeft();
+    m_folder.emplace(QDir::tempPath() + QLatin1Char('/') +
+                     MarkedFolders::marked(QStringLiteral("kest-remote")) +
+                     QStringLiteral("-XXXXXX"));
     const QDir folder(m_folder->path());
     // The model has a folder of its own, so that it may have any name.
     if (m_folder->isValid() && folder.mkdir(QStringLiteral("model")) &&

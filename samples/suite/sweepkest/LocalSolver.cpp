@@ -3,6 +3,8 @@
 #include "EngineJob.h"
 #include "EngineProgram.h"
 
+#include <MarkedFolders.h>
+
 #include <QDir>
 
 using namespace suite;
@@ -28,7 +30,10 @@ void LocalSolver::setUp(const SweepDeck& deck, Priority priority)
     m_engineError = engine.error();
     m_deck = deck;
     m_priority = priority;
-    m_folder.emplace(QDir::tempPath() + QStringLiteral("/kest-sweep-XXXXXX"));
+    MarkedFolders::removeLeft();
+    m_folder.emplace(QDir::tempPath() + QLatin1Char('/') +
+                     MarkedFolders::marked(QStringLiteral("kest-sweep")) +
+                     QStringLiteral("-XXXXXX"));
 }
 
 void LocalSolver::queue(int index)

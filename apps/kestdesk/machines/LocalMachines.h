@@ -1,0 +1,50 @@
+#ifndef LOCALMACHINES_H
+#define LOCALMACHINES_H
+
+#include "MachinesFile.h"
+#include "MachinesFileStore.h"
+
+/// Lets the user's machines file name this machine, with all its processors, and no other.
+class LocalMachines
+{
+public:
+    enum class State {
+        Free,      ///< names no host
+        Done,      ///< names this machine and no other
+        Taken,     ///< names hosts, or has lines that are wrong
+        NotChanged ///< cannot be changed by this class; see error()
+    };
+
+    /// Reads the file in use. Needs the service common_IApplicationInfo.
+    LocalMachines();
+
+    /// What stands in the file for this machine: "localhost:4".
+    static QString line();
+
+    State state() const;
+
+    /// The user's file.
+    QString fileName() const { return m_store.fileName(); }
+
+    /// The file in use: the user's or the installation's.
+    QString origin() const { return m_store.origin(); }
+
+    /// The first of the file's hosts with their processes, as "a:4, b:1 and 7 more".
+    QString hosts() const;
+
+    /// Why the file cannot be changed.
+    QString error() const;
+
+    /// Saves the user's file, in one step: this machine, and all that stood in the file in use, of
+    /// which lines that name hosts become comments. Empty when done; else why the file is as it
+    /// was.
+    QString save();
+
+private:
+    QByteArray content() const;
+
+    MachinesFileStore m_store;
+    MachinesFile m_file;
+};
+
+#endif

@@ -1,0 +1,36 @@
+#ifndef DESCENDANTSENDING_H
+#define DESCENDANTSENDING_H
+
+#include <QDeadlineTimer>
+#include <QObject>
+#include <QTimer>
+
+/// Ends, without waiting for it, the processes that components have left behind.
+class DescendantsEnding : public QObject
+{
+    Q_OBJECT
+
+public:
+    DescendantsEnding();
+
+    /// The processes may take that many milliseconds to end by themselves before they are killed.
+    void start(int graceTime);
+
+    /// Kills what is left at once.
+    void hurry();
+
+    bool isGoingOn() const { return m_timer.isActive(); }
+
+Q_SIGNALS:
+    /// Once after start(), from the event loop: none is left, or what is left cannot be killed.
+    void ended();
+
+private:
+    void look();
+
+    QTimer m_timer;
+    QDeadlineTimer m_grace;
+    QDeadlineTimer m_end; // from when on nothing more can be done
+};
+
+#endif

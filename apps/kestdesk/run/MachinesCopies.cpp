@@ -1,0 +1,239 @@
+#include "MachinesCopies.h"
+
+#include "BatchRunner.h"
+
+#include <KEST_binfiles.h>
+#include <ProcessMark.h>
+#include <RunningProcesses.h>
+
+#include <common_MachineFileFinder.h>
+
+#include <QDateTime>
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QRegularExpression>
+#include <QThread>
+#include <QTime>
+
+#include <optional>
+#include <string>
+#include <utility>
+
+namespace {
+
+constexpr int nameCount = 1000; // one for each millisecond of a second
+constexpr qint64 largestRecord = 200;
+constexpr qint64 never = -1;
+const QString copyPrefix = QStringLiteral("gui_tmp_machfile_");
+
+QByteArray contentOf(const QString& fileName)
+{
+    QFile file(fileName);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+qint64 timeOf(const QFileInfo& file)
+{
+    return file.lastModified().toMSecsSinceEpoch();
+}
+
+QString recordOf(const QString& copy)
+{
+    const QFileInfo info(copy);
+    return QStringLiteral("%1/.%2.owner").arg(info.path(), info.fileName());
+}
+
+// False when somebody else's is there. Where none can be written the run goes on without.
+bool writeRecord(const QString& copy)
+{
+    QFile record(recordOf(copy));
+    if (!record.open(QIODevice::WriteOnly | QIODevice::NewOnly)) {
+        return !record.exists();
+    }
+    record.write(ProcessMark::own().word().toLatin1() + ' ' + QByteArray::number(timeOf(copy)) +
+                 '\n');
+    return true;
+}
+
+/// What a record says.
+struct Ownership
+{
+    QString record;
+    QString copy;
+    std::optional<ProcessMark> owner;
+    qint64 time = 0;
+
+    // A program may go on that was given the copy, after the one that made it was killed.
+    bool isLeft() const
+    {
+        return owner && owner->hasEnded() &&
+               !RunningProcesses::haveArgumentEndingWith(QLatin1Char('/') +
+                                                         QFileInfo(copy).fileName());
+    }
+};
+
+Ownership ownership(const QString& folder, const QString& copyName)
+{
+    Ownership result;
+    result.copy = folder + QLatin1Char('/') + copyName;
+    result.record = recordOf(result.copy);
+    const QFileInfo record(result.record);
+    if (record.isSymLink() || !record.isFile() || record.size() > largestRecord ||
+        !RunningProcesses::isOwnFile(record)) {
+        return result;
+    }
+    const QStringList words =
+        QString::fromLatin1(contentOf(result.record)).simplified().split(QLatin1Char(' '));
+    result.owner = ProcessMark::parse(words.first());
+    result.time = words.value(1).toLongLong();
+    return result;
+}
+
+QVector<Ownership> leftCopies(const QString& folder)
+{
+    static const QRegularExpression recordName(QRegularExpression::anchoredPattern(
+        QStringLiteral("\\.(%1\\d{1,3})\\.owner").arg(copyPrefix)));
+    QVector<Ownership> result;
+    const QStringList names = QDir(folder).entryList({QStringLiteral(".%1*").arg(copyPrefix)},
+                                                     QDir::Files | QDir::Hidden);
+    for (const QString& name : names) {
+        const QString copyName = recordName.match(name).captured(1);
+        const Ownership found = ownership(folder, copyName);
+        if (!copyName.isEmpty() && found.isLeft()) {
+            result.append(found);
+        }
+    }
+    return result;
+}
+
+// The record goes first: a new copy of this name can be made only when the old one is gone, and
+// finds no record of somebody else then.
+void remove(const Ownership& left)
+{
+    const QFileInfo copy(left.copy);
+    const bool isTheCopy = copy.isFile() && !copy.isSymLink() && timeOf(copy) == left.time;
+    QFile::remove(left.record);
+    if (isTheCopy) {
+        QFile::remove(left.copy);
+    }
+}
+
+/// Keeps other programs from clearing the same folder meanwhile.
+class ClearingLock
+{
+public:
+    explicit ClearingLock(const QString& folder)
+        : m_path((folder + QStringLiteral("/.gui_tmp_machfile")).toStdWString())
+        , m_isTaken(KEST_binfiles_set_lock_hard(m_path.c_str(), 0, &m_handle) ==
+                    KEST_BINFILES_LOCK_TAKEN)
+    {}
+
+    ~ClearingLock()
+    {
+        if (m_isTaken) {
+            KEST_binfiles_remove_lock(m_path.c_str(), m_handle);
+        }
+    }
+
+    ClearingLock(const ClearingLock&) = delete;
+    ClearingLock& operator=(const ClearingLock&) = delete;
+
+    bool isTaken() const { return m_isTaken; }
+
+private:
+    std::wstring m_path;
+    uint64_t m_handle = 0;
+    bool m_isTaken;
+};
+
+bool isAsTheMachinesFile(const QString& copy)
+{
+    common_MachineFileFinder finder;
+    return finder.isValid() &&
+           contentOf(copy) == contentOf(finder.getMachineFileInfo()->absoluteFilePath());
+}
+
+} // namespace
+
+MachinesCopies::MachinesCopies(QString folder) : m_folder(std::move(folder))
+{}
+
+void MachinesCopies::removeLeft() const
+{
+    if (leftCopies(m_folder).isEmpty()) {
+        return;
+    }
+    const ClearingLock lock(m_folder);
+    if (!lock.isTaken()) {
+        return; // somebody else is at it
+    }
+    const QVector<Ownership> left = leftCopies(m_folder); // as things are under the lock
+    for (const Ownership& copy : left) {
+        remove(copy);
+    }
+}
+
+MachinesCopies::Times MachinesCopies::times() const
+{
+    Times result;
+    const QFileInfoList files = QDir(m_folder).entryInfoList(
+        {copyPrefix + QLatin1Char('*')}, QDir::AllEntries | QDir::System | QDir::NoDotAndDotDot);
+    for (const QFileInfo& file : files) {
+        result.insert(pathOf(file.fileName()), timeOf(file));
+    }
+    return result;
+}
+
+MachinesCopies::Claim MachinesCopies::claim(BatchRunner& runner, const Times& before) const
+{
+    const QString copy = runner.getTemporaryFilenames().value(0);
+    runner.setTemporaryFilenames({});
+    const QFileInfo file(copy);
+    if (copy.isEmpty() || (!file.exists() && !file.isSymLink())) {
+        return Claim::Own; // none was made
+    }
+    const bool isNew = file.isFile() && !file.isSymLink() &&
+                       before.value(pathOf(file.fileName()), never) != timeOf(file);
+    if (!isNew || !writeRecord(copy)) {
+        return Claim::Foreign;
+    }
+    runner.setTemporaryFilenames({copy, recordOf(copy)});
+    if (!isAsTheMachinesFile(copy)) {
+        runner.deleteTemporaryFiles();
+        return Claim::Foreign;
+    }
+    return Claim::Own;
+}
+
+int MachinesCopies::number(const BatchRunner& runner)
+{
+    const QString copy = runner.getTemporaryFilenames().value(0);
+    return copy.isEmpty() ? -1 : copy.midRef(copy.lastIndexOf(QLatin1Char('_')) + 1).toInt();
+}
+
+bool MachinesCopies::waitForFreeName(const Times& times, int lead) const
+{
+    for (int waited = 0; waited < nameCount; ++waited) {
+        const int number = (QTime::currentTime().msec() + lead) % nameCount;
+        int free = 0;
+        while (free < nameCount && times.contains(pathOf((number + free) % nameCount))) {
+            ++free;
+        }
+        if (free == 0 || free == nameCount) {
+            return free == 0;
+        }
+        QThread::msleep(static_cast<unsigned long>(free));
+    }
+    return true;
+}
+
+QString MachinesCopies::pathOf(int number) const
+{
+    return pathOf(copyPrefix + QString::number(number));
+}
+
+QString MachinesCopies::pathOf(const QString& name) const
+{
+    return QDir(m_folder).filePath(name);
+}

@@ -1,0 +1,10 @@
+#include "OrphanReaper.h"
+
+// Windows adopts no orphans.
+OrphanReaper::OrphanReaper() = default;
+
+void OrphanReaper::start()
+{}
+
+void OrphanReaper::reap()
+{}

@@ -1,0 +1,16 @@
+#ifndef MACHINESOFFER_H
+#define MACHINESOFFER_H
+
+class QString;
+class QWidget;
+
+/// What a user can do at once about a machines file that names no host.
+namespace MachinesOffer {
+
+/// Tells the user of the complaint and offers to use this machine, or to change the file. True when
+/// the file was changed and the run is worth another try.
+bool isTaken(const QString& complaint, QWidget* window);
+
+} // namespace MachinesOffer
+
+#endif
