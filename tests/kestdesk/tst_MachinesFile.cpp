@@ -1,4 +1,5 @@
 #include <MachinesFile.h>
+#include <ReadingTime.h>
 
 #include <QDir>
 #include <QElapsedTimer>
@@ -202,6 +203,15 @@ private Q_SLOTS:
         for (const MachinesFile::Finding& finding : file.findings()) {
             QVERIFY(finding.text.size() < 100 && finding.reason.size() < 200);
         }
+    }
+
+    void timeGrowsWithTheSize_data() { ReadingTime::addPieces(); }
+
+    void timeGrowsWithTheSize()
+    {
+        QFETCH(QByteArray, piece);
+        const auto read = [](const QByteArray& bytes) { MachinesFile::parsed(bytes); };
+        QCOMPARE(ReadingTime::problem(read, piece), QString());
     }
 };
 
