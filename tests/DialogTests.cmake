@@ -2,10 +2,15 @@
 foreach(class
         common_KestProcessDialog
         common_KestProcessDialogRuns
-        common_KestProcessOutputTabWidget
-        common_KestProcessOutputTableWidget)
+        common_KestProcessOutputTabWidget)
     kest_test(tst_${class} LIBRARIES kest::common kest_test_support)
 endforeach()
+
+# Makes every row of very large tables as high as its text, and compares with Qt's own way.
+kest_test(tst_common_KestProcessOutputTableWidget
+    LIBRARIES kest::common kest_test_support
+    TIMEOUT 400
+    FUNCTION_TIMEOUT 180)
 
 # Not exported, so compiled in.
 set(widgets ${PROJECT_SOURCE_DIR}/src/process/widgets)
@@ -39,10 +44,9 @@ endforeach()
 # As on screens with few and with many pixels.
 foreach(scale 0.5 3.0)
     foreach(class common_KestProcessDialog common_KestProcessOutputTabWidget)
-        add_test(NAME tst_${class}_scaled_${scale} COMMAND tst_${class})
-        set_tests_properties(tst_${class}_scaled_${scale} PROPERTIES
-            TIMEOUT 300
-            ENVIRONMENT "QT_QPA_PLATFORM=offscreen;QT_SCALE_FACTOR=${scale}")
+        kest_add_test(tst_${class}_scaled_${scale}
+            COMMAND $<TARGET_FILE:tst_${class}>
+            ENVIRONMENT QT_SCALE_FACTOR=${scale})
     endforeach()
 endforeach()
 

@@ -14,7 +14,6 @@ target_compile_definitions(kest_settings_test_support INTERFACE
 add_dependencies(kest_settings_test_support kest_settings_process)
 
 foreach(class
-        KEST_binfiles
         common_LockFile
         common_LockFileStatus
         common_Label
@@ -29,5 +28,8 @@ foreach(class
     kest_test(tst_${class} LIBRARIES kest_settings_test_support)
 endforeach()
 
-kest_test(tst_settings_processes LIBRARIES kest_settings_test_support kest_platform TIMEOUT 600)
+# Some functions repeat themselves for long with KEST_FULL_TESTS.
+foreach(test tst_KEST_binfiles tst_settings_processes)
+    kest_test(${test} LIBRARIES kest_settings_test_support kest_platform TIMEOUT 900)
+endforeach()
 set_tests_properties(tst_settings_processes tst_KEST_binfiles PROPERTIES PROCESSORS 2)

@@ -1,8 +1,8 @@
 #include <MarkerPattern.h>
+#include <TestRandom.h>
 
 #include <common_KestProcessMessage.h>
 
-#include <QRandomGenerator>
 #include <QtTest>
 
 #include <type_traits>
@@ -201,8 +201,7 @@ private Q_SLOTS:
 
     void findsWhatTheRegularExpressionsFind()
     {
-        constexpr quint32 seed = 20260;
-        QRandomGenerator random(seed);
+        QRandomGenerator random = TestRandom::usual(20260);
         int marked = 0;
         for (int i = 0; i < 200000; ++i) {
             const QString chunk = randomChunk(random);

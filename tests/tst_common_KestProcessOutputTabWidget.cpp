@@ -1,11 +1,11 @@
 #include <DialogStage.h>
+#include <TestRandom.h>
 
 #include <QAbstractTextDocumentLayout>
 #include <QAction>
 #include <QClipboard>
 #include <QMenu>
 #include <QMimeData>
-#include <QRandomGenerator>
 #include <QScopeGuard>
 #include <QScreen>
 #include <QScrollBar>
@@ -528,7 +528,7 @@ void tst_common_KestProcessOutputTabWidget::appendsRandomLinesAsQTextEditDoes()
                           "|'|=|/|\u00e9|\u00a0|\u2003|\u2028|\U0001f600|\ufffd|\u0001|\u007f|1"
                           "|<font color=#00ff00>|<font color=red>|<u>|%1|\\|-|*|: |\u00ad|\u200b")
             .split(QLatin1Char('|'));
-    QRandomGenerator random(7);
+    QRandomGenerator random = TestRandom::usual(7);
     for (int round = 0; round < 30; ++round) {
         const DialogStage stage;
         QTextEdit plain;

@@ -1,9 +1,9 @@
 #include <DialogStage.h>
+#include <TestRandom.h>
 
 #include <QAction>
 #include <QClipboard>
 #include <QHeaderView>
-#include <QRandomGenerator>
 #include <QtTest>
 
 #include <ctime>
@@ -320,7 +320,7 @@ void tst_common_KestProcessOutputTableWidget::countsAsTheSlowTableDoes()
 {
     QFETCH(QStringList, identifiers);
     QFETCH(QStringList, descriptions);
-    QRandomGenerator random(1);
+    QRandomGenerator random = TestRandom::usual(1);
     const auto oneOf = [&random](const QStringList& texts) {
         return texts.at(static_cast<int>(random.bounded(static_cast<quint32>(texts.size()))));
     };

@@ -289,6 +289,17 @@ private Q_SLOTS:
         QVERIFY(finder.isValid());
     }
 
+    void readsBehindAZero()
+    {
+        const Homes homes;
+        QVERIFY(SettingsFolders::write(homes.userFile(), QByteArray("a:2\nb\0c:3\nd:4\n", 14)));
+        Finder finder;
+        QCOMPARE(finder.getProcesses(), 9);
+        QCOMPARE(finder.parseMachinesFile(),
+                 (QStringList{QStringLiteral("a:2"), QString::fromUtf8("b\0c:3", 5),
+                              QStringLiteral("d:4")}));
+    }
+
     void endsAtTheLargestSumThatThereIs_data()
     {
         QTest::addColumn<QByteArray>("content");

@@ -81,6 +81,20 @@ bool runWithEventLoop(common_ProcessRunnerBase& runner)
     return runner.run() && loop.exec() == 1;
 }
 
+// Qt does not read every date that it writes in the user's language, so dates are compared as
+// texts.
+bool isDateOfNow(const QString& text)
+{
+    constexpr int longestTest = 120; // seconds
+    const QDateTime now = QDateTime::currentDateTime();
+    for (int ago = 0; ago < longestTest; ++ago) {
+        if (now.addSecs(-ago).toString(Qt::TextDate) == text) {
+            return true;
+        }
+    }
+    return false;
+}
+
 QString logOf(const QString& path)
 {
     QFile file(path);
@@ -876,8 +890,7 @@ private Q_SLOTS:
         const QString log = logOf(folder.filePath(text("out.log")));
         const QStringList lines = log.split(QLatin1Char('\n'));
         QCOMPARE(lines.value(0), QString());
-        const QDateTime date = QDateTime::fromString(lines.value(1), Qt::TextDate);
-        QVERIFY2(qAbs(date.secsTo(QDateTime::currentDateTime())) < 120, qPrintable(lines.value(1)));
+        QVERIFY2(isDateOfNow(lines.value(1)), qPrintable(lines.value(1)));
         QCOMPARE(log.mid(lines.value(1).size() + 2), text("a\r\n\xc3\xa9\nb\na\r\n\xc3\xa9\nb\n"));
     }
 
@@ -923,7 +936,7 @@ private Q_SLOTS:
         const QStringList lines =
             logOf(folder.filePath(text("model.log"))).split(QLatin1Char('\n'));
         QCOMPARE(lines.size(), 3);
-        QVERIFY(QDateTime::fromString(lines[1], Qt::TextDate).isValid());
+        QVERIFY2(isDateOfNow(lines[1]), qPrintable(lines[1]));
     }
 
     void logThatCannotBeWrittenDoesNotDisturbTheRun_data()

@@ -2,12 +2,12 @@
 #include <MarkedFolders.h>
 #include <SettingsObjects.h>
 #include <SettingsProcess.h>
+#include <TestRandom.h>
 
 #include <common_ComponentsLaunchOptions.h>
 
 #include <QElapsedTimer>
 #include <QFile>
-#include <QRandomGenerator>
 #include <QSet>
 #include <QTemporaryDir>
 #include <QtTest>
@@ -136,11 +136,12 @@ private Q_SLOTS:
         const int kills = areFullTests() ? 200 : 20;
         qint64 slowest = 0;
         QSet<QChar> seen;
+        QRandomGenerator random = TestRandom::anew();
         for (int kill = 0; kill < kills; ++kill) {
             SettingsProcess writer({QStringLiteral("rewrite"), m_file, QString::number(length)});
             QCOMPARE(writer.said(), QStringLiteral("writing 1"));
             QTRY_VERIFY(QFile::exists(m_file)); // for the first write: the file stays
-            QTest::qSleep(QRandomGenerator::global()->bounded(1, longestLife));
+            QTest::qSleep(random.bounded(1, longestLife));
             QVERIFY(writer.killAtOnce());
             const QByteArray content = contentOf(m_file);
             TextSettings settings(m_file);

@@ -102,7 +102,8 @@ QStringList common_MachineFileFinder::parseMachinesFile()
                              .arg(QDir::toNativeSeparators(m_pFile->absoluteFilePath()), reason));
         return entries;
     }
-    const QString text = QString::fromUtf8(file.readAll());
+    const QByteArray bytes = file.readAll();
+    const QString text = QString::fromUtf8(bytes.constData(), bytes.size()); // zeros included
     const QVector<QStringRef> lines = text.splitRef(QLatin1Char('\n'), Qt::SkipEmptyParts);
     for (const QStringRef& line : lines) {
         const QStringRef entry = line.left(line.indexOf(QLatin1Char('#')));

@@ -1,5 +1,7 @@
 #include "DeckFile.h"
 
+#include <ReadingTime.h>
+
 #include <QDir>
 #include <QFile>
 #include <QTemporaryDir>
@@ -220,6 +222,24 @@ private Q_SLOTS:
         QVERIFY(!file.isChangedOutside());
         QVERIFY(QFile::remove(m_path));
         QVERIFY(file.isChangedOutside());
+    }
+
+    void timeGrowsWithTheSize_data()
+    {
+        ReadingTime::addPieces();
+    }
+
+    void timeGrowsWithTheSize()
+    {
+        QFETCH(QByteArray, piece);
+        const auto read = [this](const QByteArray& bytes) {
+            write(bytes);
+            DeckFile file;
+            if (file.load(m_path)) {
+                QVERIFY(file.bytes(file.text()) == bytes);
+            }
+        };
+        QCOMPARE(ReadingTime::problem(read, piece), QString());
     }
 
 private:

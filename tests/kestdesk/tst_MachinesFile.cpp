@@ -1,4 +1,5 @@
 #include <MachinesFile.h>
+#include <ReadingTime.h>
 
 #include <QDir>
 #include <QElapsedTimer>
@@ -108,6 +109,8 @@ private Q_SLOTS:
         QTest::newRow("as long as is shown") << QByteArray(59, 'a') + "!"      << text("1 error [") + QString(59, QLatin1Char('a')) + text("!] \"!\" is not allowed in the name of a host");
         QTest::newRow("lone carriage return") << QByteArray("a:1\rb\n")        << QString::fromUtf8("1 error [a:1\rb] \"1\rb\" is no number of processes");
         QTest::newRow("other letters")       << QByteArray("h\xc3\xb6st\n")    << QString::fromUtf8("1 error [h\xc3\xb6st] \"\xc3\xb6\" is not allowed in the name of a host");
+        QTest::newRow("mark at the end")     << QByteArray("a\xef\xbb\xbf\n")   << QString::fromUtf8("1 error [a\xef\xbb\xbf] a byte order mark is not allowed in the name of a host");
+        QTest::newRow("mark inside a name")  << QByteArray("a\xef\xbb\xbf" "b\n") << QString::fromUtf8("1 error [a\xef\xbb\xbf" "b] a byte order mark is not allowed in the name of a host");
         QTest::newRow("beyond the plane")    << QByteArray("\xf0\x9f\x98\x80\n") << QString::fromUtf8("1 error [\xf0\x9f\x98\x80] \"\xf0\x9f\x98\x80\" is not allowed in the name of a host");
         QTest::newRow("count alone")         << QByteArray(":4\n")             << "1 error [:4] the name of the host is missing";
         QTest::newRow("empty brackets")      << QByteArray("[]:4\n")           << "1 error [[]:4] the name of the host is missing";
@@ -200,6 +203,15 @@ private Q_SLOTS:
         for (const MachinesFile::Finding& finding : file.findings()) {
             QVERIFY(finding.text.size() < 100 && finding.reason.size() < 200);
         }
+    }
+
+    void timeGrowsWithTheSize_data() { ReadingTime::addPieces(); }
+
+    void timeGrowsWithTheSize()
+    {
+        QFETCH(QByteArray, piece);
+        const auto read = [](const QByteArray& bytes) { MachinesFile::parsed(bytes); };
+        QCOMPARE(ReadingTime::problem(read, piece), QString());
     }
 };
 

@@ -64,7 +64,8 @@ private:
     {
         const QString program = m_desk->path("editor");
         writeFile(program, shellScript + script);
-        QVERIFY(QFile::setPermissions(program, QFile::ReadOwner | QFile::ExeOwner));
+        QVERIFY(
+            QFile::setPermissions(program, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner));
         m_desk->set("VISUAL", QLatin1Char('"') + program + QLatin1Char('"'));
     }
 

@@ -1,8 +1,9 @@
 #include "Desk.h"
 #include "RunEndings.h"
 
+#include <TestRandom.h>
+
 #include <QElapsedTimer>
-#include <QRandomGenerator>
 #include <QRegularExpression>
 #include <QSet>
 #include <QSettings>
@@ -812,7 +813,7 @@ private Q_SLOTS:
         const int rounds = qEnvironmentVariableIsSet("KEST_FULL_TESTS") ? 100 : 20;
         writeMachines();
         const char* const behaviours[] = {"wait", "valid", "forgetful", "stubborn"};
-        QRandomGenerator random(20261121);
+        QRandomGenerator random = TestRandom::usual(20261121);
         for (int round = 0; round < rounds; ++round) {
             model("m.nec", behaviours[round % 4]);
             QProcess process;

@@ -7,8 +7,8 @@ function(step)
     set(output "${output}" PARENT_SCOPE)
 endfunction()
 
-set(prefix ${WORK_DIRECTORY}/prefix)
-file(REMOVE_RECURSE ${WORK_DIRECTORY})
+set(work $ENV{TMPDIR}/work)
+set(prefix ${work}/prefix)
 step(${CMAKE_COMMAND} --install ${BUILD_DIRECTORY} --prefix ${prefix} --component Runtime)
 step(${CMAKE_COMMAND} --install ${BUILD_DIRECTORY} --prefix ${prefix} --component Development)
 if(SANITIZERS)
@@ -16,9 +16,9 @@ if(SANITIZERS)
 endif()
 
 # The tree is moved first: nothing in it may name the place it was installed to.
-file(RENAME ${prefix} ${WORK_DIRECTORY}/moved)
-step(${CMAKE_COMMAND} -S ${CONSUMER_DIRECTORY} -B ${WORK_DIRECTORY}/build -G ${GENERATOR}
-    -DCMAKE_CXX_COMPILER=${COMPILER} -DCMAKE_PREFIX_PATH=${WORK_DIRECTORY}/moved ${flags})
-step(${CMAKE_COMMAND} --build ${WORK_DIRECTORY}/build)
-step(${WORK_DIRECTORY}/build/consumer)
+file(RENAME ${prefix} ${work}/moved)
+step(${CMAKE_COMMAND} -S ${CONSUMER_DIRECTORY} -B ${work}/build -G ${GENERATOR}
+    -DCMAKE_CXX_COMPILER=${COMPILER} -DCMAKE_PREFIX_PATH=${work}/moved ${flags})
+step(${CMAKE_COMMAND} --build ${work}/build)
+step(${work}/build/consumer)
 message("consumer: ${output}")

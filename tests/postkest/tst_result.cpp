@@ -1,6 +1,8 @@
 #include "Export.h"
 #include "Result.h"
 
+#include <ReadingTime.h>
+
 #include <QFile>
 #include <QTemporaryDir>
 #include <QtTest>
@@ -151,6 +153,18 @@ private Q_SLOTS:
         QCOMPARE(cells.at(2).toDouble(), 123456.789012345);
         QVERIFY(cells.at(3).toDouble() == 1e-300);
         QVERIFY(cells.at(4).toDouble() == 1.00000000001);
+    }
+
+    void timeGrowsWithTheSize_data() { ReadingTime::addPieces(); }
+
+    void timeGrowsWithTheSize()
+    {
+        QFETCH(QByteArray, piece);
+        const auto read = [](const QByteArray& bytes) {
+            Result::parsed(bytes);
+            Result::parsed(header + bytes);
+        };
+        QCOMPARE(ReadingTime::problem(read, piece), QString());
     }
 };
 

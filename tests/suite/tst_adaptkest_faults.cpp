@@ -1,10 +1,11 @@
 #include "MarkedRuns.h"
 #include "SuiteRun.h"
 
+#include <TestRandom.h>
+
 #include <QDir>
 #include <QElapsedTimer>
 #include <QProcess>
-#include <QRandomGenerator>
 #include <QTemporaryDir>
 #include <QtTest>
 
@@ -234,10 +235,7 @@ void tst_adaptkest_faults::stoppedRunGoesOnToTheSameBytes()
 // Stopped at random moments, over and over; what was whole by then is taken over each time.
 void tst_adaptkest_faults::anyMomentIsGood()
 {
-    const quint32 seed = QRandomGenerator::global()->generate();
-    QRandomGenerator random(seed);
-    const QByteArray seedText = "seed " + QByteArray::number(seed);
-    const char* hint = seedText.constData();
+    QRandomGenerator random = TestRandom::anew();
     const QProcessEnvironment slow = m_runs->slowEnvironment(0.02);
     const int times = qEnvironmentVariableIsSet("KEST_FULL_TESTS") ? 100 : 20;
     for (int i = 0; i < times; ++i) {
@@ -253,12 +251,12 @@ void tst_adaptkest_faults::anyMomentIsGood()
         }
         QElapsedTimer clock;
         clock.start();
-        QVERIFY2(run.state() == QProcess::NotRunning || run.waitForFinished(10000), hint);
-        QVERIFY2(clock.elapsed() < 2500, hint);
-        QVERIFY2(isKill ? m_runs->waitForEnd() : m_runs->processCount() == 0, hint);
+        QVERIFY(run.state() == QProcess::NotRunning || run.waitForFinished(10000));
+        QVERIFY(clock.elapsed() < 2500);
+        QVERIFY(isKill ? m_runs->waitForEnd() : m_runs->processCount() == 0);
         if (!isKill) {
             const QStringList left = m_runs->temporaryEntries();
-            QVERIFY2(left.isEmpty(), qPrintable(text(hint) + left.join(QLatin1Char(' '))));
+            QVERIFY2(left.isEmpty(), qPrintable(left.join(QLatin1Char(' '))));
         }
         const QStringList leftByKill = m_runs->temporaryEntries();
         for (const QString& name : leftByKill) {

@@ -2,7 +2,8 @@
 #include "Preprocessor.h"
 #include "SuiteRun.h"
 
-#include <QRandomGenerator>
+#include <TestRandom.h>
+
 #include <QtTest>
 
 #include <cmath>
@@ -201,7 +202,7 @@ void tst_adaptkest_placing::curveIsWithinTheTolerance()
     const QVector<double> points = solved(placing, curve);
     QVERIFY(placing.isFine());
     QVERIFY(points.size() < 1001);
-    QRandomGenerator random(1);
+    QRandomGenerator random = TestRandom::usual(1);
     for (int i = 1; i < points.size(); ++i) {
         const double part = random.generateDouble();
         const double from = points.at(i - 1);
@@ -221,9 +222,9 @@ void tst_adaptkest_placing::curveIsWithinTheTolerance()
 
 void tst_adaptkest_placing::neverMorePointsThanTheSweep()
 {
+    QRandomGenerator random = TestRandom::usual(2);
     for (int count = 1; count < 60; ++count) {
         AdaptivePlacing placing(range(100, 2, count), 0.0001);
-        QRandomGenerator random(static_cast<quint32>(count));
         const QVector<double> points = solved(placing, [&random](double) {
             return std::complex<double>(random.bounded(100.0), random.bounded(100.0) - 50);
         });

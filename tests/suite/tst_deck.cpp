@@ -2,6 +2,8 @@
 
 #include "Preprocessor.h"
 
+#include <ReadingTime.h>
+
 #include <QTemporaryDir>
 #include <QtTest>
 
@@ -19,6 +21,8 @@ private Q_SLOTS:
     void garbageIsCutOff();
     void warnings_data();
     void warnings();
+    void timeGrowsWithTheSize_data() { ReadingTime::addPieces(); }
+    void timeGrowsWithTheSize();
 
 private:
     static QByteArray changed(int line, const QString& card);
@@ -397,6 +401,21 @@ void tst_deck::warnings()
         QCOMPARE(found.first(), qMakePair(number, line));
         QCOMPARE(found.size(), 1);
     }
+}
+
+// Behind a good model, too, of which there are cards in the pieces.
+void tst_deck::timeGrowsWithTheSize()
+{
+    QFETCH(QByteArray, piece);
+    const QByteArray good = deckOf(dipoleCards().mid(0, 4)) + '\n';
+    const auto read = [&good](const QByteArray& bytes) {
+        const suite::Preprocessor bare(bytes);
+        const suite::Preprocessor behindCards(good + bytes);
+        Q_UNUSED(bare.findings().sorted())
+        Q_UNUSED(behindCards.findings().sorted())
+    };
+    constexpr int size = 1 << 17; // larger than any deck that is meant
+    QCOMPARE(ReadingTime::problem(read, piece, size), QString());
 }
 
 QTEST_GUILESS_MAIN(tst_deck)

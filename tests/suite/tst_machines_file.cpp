@@ -1,6 +1,8 @@
 #include "MachinesFile.h"
 #include "SuiteRun.h"
 
+#include <ReadingTime.h>
+
 #include <QTemporaryDir>
 #include <QtTest>
 
@@ -26,6 +28,8 @@ private Q_SLOTS:
     void processesAreDealtOutInTheOrderOfTheFile();
     void hugeFilesAreReadInTime_data();
     void hugeFilesAreReadInTime();
+    void timeGrowsWithTheSize_data() { ReadingTime::addPieces(); }
+    void timeGrowsWithTheSize();
 };
 
 namespace {
@@ -236,6 +240,13 @@ void tst_machines_file::hugeFilesAreReadInTime()
     const std::clock_t taken = std::clock() - begin; // of this process, whatever else runs
     QVERIFY2(taken < 5 * CLOCKS_PER_SEC, qPrintable(QString::number(taken)));
     QCOMPARE(file.errors().isEmpty(), isGood);
+}
+
+void tst_machines_file::timeGrowsWithTheSize()
+{
+    QFETCH(QByteArray, piece);
+    const auto read = [](const QByteArray& bytes) { MachinesFile::parsed(bytes, text("m")); };
+    QCOMPARE(ReadingTime::problem(read, piece), QString());
 }
 
 QTEST_GUILESS_MAIN(tst_machines_file)

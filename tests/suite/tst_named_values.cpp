@@ -3,7 +3,8 @@
 #include "Preprocessor.h"
 #include "SweepDeck.h"
 
-#include <QRandomGenerator>
+#include <TestRandom.h>
+
 #include <QTemporaryDir>
 #include <QtTest>
 
@@ -444,7 +445,7 @@ void tst_named_values::manyNamesTakeLittleTime()
 void tst_named_values::randomDecksAreSurvived()
 {
     static const QByteArray often = "HA01.e+-*/()=, !@_SYGW\t";
-    QRandomGenerator random(8);
+    QRandomGenerator random = TestRandom::usual(8);
     for (int i = 0; i < 3000; ++i) {
         QByteArray noise;
         for (int length = random.bounded(30); length > 0; --length) {

@@ -1,11 +1,12 @@
 #include "OptkestRun.h"
 
+#include <TestRandom.h>
+
 #include <QElapsedTimer>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
 #include <QProcess>
-#include <QRandomGenerator>
 #include <QtTest>
 
 #include <csignal>
@@ -154,7 +155,7 @@ void tst_optkest_faults::killedOptimisationTakesItsRunsAlong()
 
 void tst_optkest_faults::stoppedAtAnyMoment()
 {
-    QRandomGenerator random(9);
+    QRandomGenerator random = TestRandom::usual(9);
     for (int i = 0; i < repetitions(); ++i) {
         init();
         m_model->slowDown(0.1);
@@ -194,7 +195,7 @@ void tst_optkest_faults::stoppedAtAnyMoment()
 
 void tst_optkest_faults::killedAtAnyMoment()
 {
-    QRandomGenerator random(10);
+    QRandomGenerator random = TestRandom::usual(10);
     for (int i = 0; i < repetitions(); ++i) {
         init();
         m_model->slowDown(0.1);

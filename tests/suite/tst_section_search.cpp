@@ -1,7 +1,8 @@
 #include "GoldenSection.h"
 #include "ParallelSection.h"
 
-#include <QRandomGenerator>
+#include <TestRandom.h>
+
 #include <QtTest>
 
 #include <algorithm>
@@ -178,7 +179,7 @@ void tst_section_search::parallelSectionKeepsItsRatio()
 {
     QFETCH(int, atOnce);
     QFETCH(double, ratio);
-    QRandomGenerator random(6);
+    QRandomGenerator random = TestRandom::usual(6);
     for (int i = 0; i < 50; ++i) {
         const double minimum = 1 + random.bounded(1.0);
         ParallelSection searched(1, 2, atOnce);
@@ -209,7 +210,7 @@ void tst_section_search::parallelSectionIsTheNarrowest()
         }
         return width;
     };
-    QRandomGenerator random(11);
+    QRandomGenerator random = TestRandom::usual(11);
     for (int i = 0; i < 2000; ++i) {
         const double best = 0.02 + 0.96 * random.bounded(1.0);
         const int atOnce = 2 + random.bounded(6);
@@ -313,7 +314,7 @@ void tst_section_search::flatFunctionEnds()
 // The interval shrinks around the best point even where there are many minima.
 void tst_section_search::anyFunctionEnds()
 {
-    QRandomGenerator random(7);
+    QRandomGenerator random = TestRandom::usual(7);
     for (int i = 0; i < 200; ++i) {
         const double factor = random.bounded(500.0);
         const Function function = [factor](double x) { return std::sin(factor * x) + 0.1 * x; };

@@ -24,7 +24,11 @@ QString shown(const QByteArray& text, int position)
 {
     const auto code = static_cast<unsigned char>(text[position]);
     if (code >= 0x80) {
-        const QString rest = QString::fromUtf8(text.mid(position, 4));
+        const QByteArray bytes = text.mid(position, 4);
+        if (bytes.startsWith("\xef\xbb\xbf")) { // of which nothing is left when it is decoded
+            return QStringLiteral("a byte order mark");
+        }
+        const QString rest = QString::fromUtf8(bytes);
         return QStringLiteral("\"%1\"").arg(rest.left(rest.at(0).isSurrogate() ? 2 : 1));
     }
     if (code < 0x20 || code == 0x7f) {

@@ -1,0 +1,49 @@
+// A table of results as postkest reads it.
+
+#include "Fuzzing.h"
+
+#include <Result.h>
+
+#include <algorithm>
+#include <cmath>
+
+namespace {
+
+constexpr Quantity quantities[] = {Quantity::Resistance, Quantity::Reactance,
+                                   Quantity::StandingWaveRatio};
+
+void requireValues(const Result& result, Quantity quantity)
+{
+    const double first = result.points.first().frequency;
+    const double last = result.points.last().frequency;
+    require(!result.valueAt(first / 2, quantity), "there is nothing below the result");
+    require(!result.valueAt(last * 2, quantity), "there is nothing above the result");
+    bool found = false;
+    for (const ResultPoint& point : result.points) {
+        const std::optional<double> value = result.valueAt(point.frequency, quantity);
+        require(!value || std::isfinite(*value), "a value that is known is finite");
+        found = found || std::isfinite(point.value(quantity));
+    }
+    require(result.has(quantity) == found, "a quantity is there when a point has it");
+}
+
+} // namespace
+
+void fuzz(FuzzedInput input)
+{
+    const Result result = Result::parsed(input.rest());
+    require(result.error.isEmpty() != result.points.isEmpty(), "there is a result or an error");
+    if (!result.error.isEmpty()) {
+        return;
+    }
+    const auto isEarlier = [](const ResultPoint& left, const ResultPoint& right) {
+        return left.frequency < right.frequency;
+    };
+    require(std::is_sorted(result.points.cbegin(), result.points.cend(), isEarlier),
+            "points come by rising frequency");
+    require(result.points.first().frequency > 0 && std::isfinite(result.points.last().frequency),
+            "frequencies are positive and finite");
+    for (const Quantity quantity : quantities) {
+        requireValues(result, quantity);
+    }
+}
