@@ -23,10 +23,10 @@ public:
     /// The settings file, with its path.
     QString getFileName() const;
 
-    /// Why the settings file can be neither read nor written, as part of a sentence: "it is a
-    /// pipe", or a device, a socket, a directory, or too large, or may not be read. Empty when
-    /// nothing is the matter, or when there is no file yet.
-    QString getFileProblem() const;
+    /// Why a settings file can be neither read nor written, as part of a sentence: "it is a pipe",
+    /// or a device, a socket, a directory, or too large, or may not be read. Empty when nothing is
+    /// the matter, or when there is no file yet.
+    static QString getFileProblem(const QString& fileName);
 
     /// Reads the values from the settings file, or from the installation's default.ini while there
     /// is no settings file. What neither holds takes its default.

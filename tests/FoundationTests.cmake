@@ -15,6 +15,7 @@ add_dependencies(kest_settings_test_support kest_settings_process)
 
 foreach(class
         KEST_binfiles
+        KEST_binfiles_portable
         common_LockFile
         common_LockFileStatus
         common_Label

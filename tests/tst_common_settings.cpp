@@ -560,6 +560,34 @@ private Q_SLOTS:
         QCOMPARE(textIn(m_file).size(), 60000);
     }
 
+    void anUnusableTemporaryFolderIsNoObstacle_data()
+    {
+        QTest::addColumn<QString>("folder");
+        QTest::newRow("missing") << QStringLiteral("missing");
+        QTest::newRow("a file") << QStringLiteral("obstacle");
+        QTest::newRow("a device") << QStringLiteral("/dev/null");
+    }
+
+    void anUnusableTemporaryFolderIsNoObstacle()
+    {
+        QFETCH(QString, folder);
+        const QByteArray before = qgetenv("TMPDIR");
+        QVERIFY(write(path("obstacle"), "x"));
+        QVERIFY(qputenv("TMPDIR", QFile::encodeName(QDir(m_directory->path()).filePath(folder))));
+        const LogCatcher log;
+        writeText(m_file, QStringLiteral("new"));
+        QCOMPARE(textIn(m_file), QStringLiteral("new"));
+        // a repaired copy is needed for this one
+        QVERIFY(write(m_file, QByteArray("[open\n").repeated(2000) + "[texts]\ntext=good\n"));
+        QCOMPARE(textIn(m_file), QStringLiteral("good"));
+        qputenv("TMPDIR", before);
+        QCOMPARE(LogCatcher::lines().size(), 1); // that it is damaged
+        QCOMPARE(QDir(m_directory->path())
+                     .entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot)
+                     .size(),
+                 4);
+    }
+
     void saysOnceWhyAFileWasNotWritten_data()
     {
         QTest::addColumn<QString>("name");

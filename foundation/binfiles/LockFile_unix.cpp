@@ -19,7 +19,7 @@
 
 namespace {
 
-constexpr qint64 longestWait = 500;   // milliseconds
+constexpr qint64 longestWait = 500;        // milliseconds
 constexpr unsigned long retryPause = 1000; // microseconds
 
 /// An open lock file. Its path may lead to another one by now.

@@ -5,6 +5,7 @@
 #include <QCoreApplication>
 #include <QDateTime>
 #include <QElapsedTimer>
+#include <QFile>
 #include <QFileInfo>
 #include <QThread>
 
@@ -18,6 +19,9 @@ const char* const takeoverSuffix = ".takeover";
 
 // A living process fills its lock file right after making it.
 constexpr qint64 youngLock = 500; // milliseconds
+
+// A takeover that takes longer was killed.
+constexpr qint64 longestTakeover = 10000; // milliseconds
 
 constexpr unsigned long retryPause = 5000; // microseconds
 
@@ -35,17 +39,26 @@ bool isUnreadable(const QString& path)
            (isOlder(path, youngLock) || QFileInfo(path).size() > LockOwner::mostBytes);
 }
 
-// One process at a time, and never the lock of a process that lives on this machine: the system
-// keeps its file locked too, and removeStaleLockFile() respects that.
+// One process at a time. Qt's own removal needs the system's locks, which may be missing here.
 template <typename IsLeft>
 void removeIf(const QString& path, IsLeft isLeft)
 {
-    if (isLeft()) {
-        QLockFile takeover(path + QLatin1String(takeoverSuffix));
-        if (takeover.tryLock(0) && isLeft()) {
-            QLockFile(path).removeStaleLockFile();
-        }
+    if (!isLeft()) {
+        return;
     }
+    const QString takeoverPath = path + QLatin1String(takeoverSuffix);
+    if (isOlder(takeoverPath, longestTakeover)) {
+        QFile::remove(takeoverPath);
+    }
+    QLockFile takeover(takeoverPath);
+    if (takeover.tryLock(0) && isLeft()) {
+        QFile::remove(path);
+    }
+}
+
+bool isOfLivingProcess(const LockOwner& owner)
+{
+    return owner.isKnown() && !owner.isElsewhere() && !owner.hasEnded();
 }
 
 // Lock files that were deleted under their owner and are perhaps somebody else's by now. QLockFile
@@ -96,5 +109,7 @@ LockFile::Result PortableLockFile::take(const QString& path)
 
 void PortableLockFile::removeLeft(const QString& path, qint64 milliseconds)
 {
-    removeIf(path, [&] { return isOlder(path, milliseconds); });
+    removeIf(path, [&] {
+        return isOlder(path, milliseconds) && !isOfLivingProcess(LockOwner::of(path));
+    });
 }

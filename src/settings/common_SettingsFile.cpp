@@ -97,9 +97,11 @@ QString accessGroup(QSettings& settings, const QString& group,
 // values: of those that it cannot read nothing comes, as of those that are meant to be nothing.
 bool isDamaged(const QSettings& settings, const QByteArray& content)
 {
-    const common_SettingsValues values(settings);
+    const QStringList keys = settings.allKeys();
     return settings.status() == QSettings::FormatError || common_IniRepair::isNeeded(content) ||
-           values.hasImproper() || values.countNothing() > content.count("@Invalid()");
+           !std::all_of(keys.cbegin(), keys.cend(), common_SettingsValues::isProper) ||
+           (content.contains('@') &&
+            common_SettingsValues(settings).countNothing() > content.count("@Invalid()"));
 }
 
 // As QSettings reads it in a reasonable time.
@@ -159,6 +161,21 @@ QString common_SettingsFile::load(QByteArray& content) const
                                                          : QString();
 }
 
+// Null, with the reason, where there is no place for it.
+std::unique_ptr<common_SettingsDraft> common_SettingsFile::repairedCopy(const QByteArray& content,
+                                                                        QString& failure) const
+{
+    const QStringList places = draftPlaces(QFileInfo(m_fileName));
+    for (const QString& place : places) {
+        auto draft = std::make_unique<common_SettingsDraft>(place);
+        failure = draft->begin(readable(content));
+        if (failure.isEmpty()) {
+            return draft;
+        }
+    }
+    return nullptr;
+}
+
 void common_SettingsFile::read(const QString& group, const Access& read, Damage damage) const
 {
     const QString copy = copyInChange(KEST_binfiles_real_path(m_fileName));
@@ -171,8 +188,7 @@ void common_SettingsFile::read(const QString& group, const Access& read, Damage 
     QString failure = load(content);
     std::unique_ptr<common_SettingsDraft> draft;
     if (failure.isEmpty() && common_IniRepair::isNeeded(content)) {
-        draft = std::make_unique<common_SettingsDraft>(draftPlaces(QFileInfo(m_fileName)).first());
-        failure = draft->begin(readable(content));
+        draft = repairedCopy(content, failure);
     }
     if (!failure.isEmpty()) {
         qWarning("The settings file %s was not read: %s.", qUtf8Printable(m_fileName),

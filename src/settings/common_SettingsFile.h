@@ -5,6 +5,9 @@
 #include <QString>
 
 #include <functional>
+#include <memory>
+
+class common_SettingsDraft;
 
 /// Reads and changes a settings file as a whole: QSettings itself leaves an empty or a cut file
 /// behind when the disk is full, without a word, and waits long or for ever for other writers and
@@ -36,6 +39,8 @@ public:
 
 private:
     QString load(QByteArray& content) const;
+    std::unique_ptr<common_SettingsDraft> repairedCopy(const QByteArray& content,
+                                                       QString& failure) const;
     bool keepIfDamaged(const QSettings& settings, const QByteArray& content) const;
     QString changeAlone(const QString& file, const QString& group, const Access& write) const;
     QString changeWithin(const QString& copy, const QString& group, const Access& write) const;

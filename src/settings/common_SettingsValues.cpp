@@ -36,15 +36,13 @@ bool isNothing(const QVariant& value)
     return !value.isValid() || value.userType() == QMetaType::QVariant;
 }
 
-// A file can hold other keys, which nobody can ask for. QSettings takes them for one another, in a
-// time that grows with the square of their length, and does not write them as they were.
-bool isProper(const QString& key)
+} // namespace
+
+bool common_SettingsValues::isProper(const QString& key)
 {
     return !key.isEmpty() && !key.startsWith(QLatin1Char('/')) && !key.endsWith(QLatin1Char('/')) &&
            !key.contains(QLatin1String("//"));
 }
-
-} // namespace
 
 common_SettingsValues::common_SettingsValues(const QSettings& settings)
 {
@@ -52,8 +50,6 @@ common_SettingsValues::common_SettingsValues(const QSettings& settings)
     for (const QString& key : keys) {
         if (isProper(key)) {
             m_values.insert(m_values.cend(), key, settings.value(key));
-        } else {
-            m_hasImproper = true;
         }
     }
 }

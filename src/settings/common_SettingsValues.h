@@ -10,17 +10,20 @@
 class QSettings;
 
 /// All values of a settings file by their whole keys, groups included.
+///
+/// A file can also hold keys that nobody can ask for; these are not among them. QSettings takes
+/// them for one another, in a time that grows with the square of their length.
 class common_SettingsValues
 {
 public:
+    /// Whether one can ask for a value of that key.
+    static bool isProper(const QString& key);
+
     common_SettingsValues() = default;
     explicit common_SettingsValues(const QSettings& settings);
 
     /// Whether the same values came back from a file: types change on the way through it.
     bool areSame(const common_SettingsValues& read) const;
-
-    /// Whether there were keys that nobody can ask for; they are not among these.
-    bool hasImproper() const { return m_hasImproper; }
 
     /// How many values there are of which nothing could be read, or that are meant to be nothing.
     int countNothing() const;
@@ -38,7 +41,6 @@ private:
     void apply(QSettings& settings, const std::function<bool(const QString&)>& isWanted) const;
 
     QMap<QString, QVariant> m_values;
-    bool m_hasImproper = false;
 };
 
 #endif

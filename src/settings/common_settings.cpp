@@ -17,9 +17,9 @@ QString common_settings::getFileName() const
     return m_fileName;
 }
 
-QString common_settings::getFileProblem() const
+QString common_settings::getFileProblem(const QString& fileName)
 {
-    return common_SettingsFile(m_fileName, m_format).problem();
+    return common_SettingsFile(fileName, QSettings::IniFormat).problem();
 }
 
 void common_settings::readSettings()

@@ -2,6 +2,7 @@
 
 #include "BatchRunner.h"
 #include "Installation.h"
+#include "LaunchOptionsFile.h"
 
 #include <common_CommonSettingsSet.h>
 
@@ -48,6 +49,10 @@ RunSetup::Readiness RunSetup::apply(BatchRunner& runner, const Component& compon
     const QString missing = missingPart(component, model);
     if (!missing.isEmpty()) {
         return {false, missing};
+    }
+    const QString problem = LaunchOptionsFile::problem();
+    if (!problem.isEmpty()) {
+        return {false, problem};
     }
     QDir().mkpath(qEnvironmentVariable("KEST_USER_HOME")); // takes the copy of a machines file
     common_RunWrapper wrapper(&settings);
