@@ -14,6 +14,7 @@ target_compile_definitions(kest_settings_test_support INTERFACE
 add_dependencies(kest_settings_test_support kest_settings_process)
 
 foreach(class
+        KEST_binfiles_portable
         common_LockFile
         common_LockFileStatus
         common_Label

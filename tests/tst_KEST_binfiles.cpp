@@ -1,19 +1,23 @@
 #include <SettingsProcess.h>
+#include <SpecialFile.h>
 
 #include <KEST_binfiles.h>
 
 #include <QDir>
 #include <QElapsedTimer>
 #include <QFile>
+#include <QRandomGenerator>
 #include <QSettings>
 #include <QTemporaryDir>
 #include <QtTest>
 
+#include <csignal>
 #include <memory>
 #include <vector>
 
 #include <fcntl.h>
 #include <sys/stat.h>
+#include <sys/wait.h>
 #include <unistd.h>
 
 namespace {
@@ -53,6 +57,13 @@ QByteArray contentOf(const QString& name)
 {
     QFile file(name);
     return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("no such file");
+}
+
+/// A process that was killed and that its parent has not asked for yet.
+bool waitForZombie(qint64 process)
+{
+    siginfo_t information = {};
+    return ::waitid(P_PID, static_cast<id_t>(process), &information, WEXITED | WNOWAIT) == 0;
 }
 
 } // namespace
@@ -103,6 +114,41 @@ private Q_SLOTS:
         QCOMPARE(unlock(m_file, handle), 0);
     }
 
+    void knowsAFileByItsLinks_data()
+    {
+        QTest::addColumn<bool>("exists");
+        QTest::newRow("that is there") << true;
+        QTest::newRow("that is not there yet") << false;
+    }
+
+    void knowsAFileByItsLinks()
+    {
+        QFETCH(bool, exists);
+        QVERIFY(!exists || write(m_file, "content"));
+        const QString first = m_directory->filePath(QStringLiteral("first"));
+        const QString second = m_directory->filePath(QStringLiteral("second"));
+        QVERIFY(QFile::link(m_file, first));
+        QVERIFY(QFile::link(QStringLiteral("first"), second));
+        uint64_t handle = 0;
+        QCOMPARE(lock(second, &handle), 0);
+        uint64_t other = untouched;
+        QCOMPARE(lock(m_file, &other), 2);
+        QCOMPARE(lock(first, &other), 2);
+        QCOMPARE(statusOfOtherProcess(m_file), QStringLiteral("status 1"));
+        QCOMPARE(unlock(first, handle), 0);
+    }
+
+    void linksInACircleAreNoReasonToHang()
+    {
+        const QString first = m_directory->filePath(QStringLiteral("first"));
+        const QString second = m_directory->filePath(QStringLiteral("second"));
+        QVERIFY(QFile::link(first, second));
+        QVERIFY(QFile::link(second, first));
+        uint64_t handle = 0;
+        QCOMPARE(lock(first, &handle), 0);
+        QCOMPARE(unlock(first, handle), 0);
+    }
+
     void refusesALockOfAnotherProcess()
     {
         SettingsProcess holder({QStringLiteral("hold"), m_file});
@@ -143,6 +189,52 @@ private Q_SLOTS:
         timer.start();
         QCOMPARE(lock(m_file, &handle), 0);
         QVERIFY(timer.elapsed() < atOnce);
+        QCOMPARE(unlock(m_file, handle), 0);
+    }
+
+    // Its parent may not ask for it for long: a window that stands still, a shell.
+    void takesOverFromAKilledProcessThatNobodyAskedFor()
+    {
+        SettingsProcess holder({QStringLiteral("hold"), m_file});
+        QCOMPARE(holder.said(), QStringLiteral("status 0"));
+        QCOMPARE(::kill(static_cast<pid_t>(holder.processId()), SIGKILL), 0);
+        QVERIFY(waitForZombie(holder.processId()));
+        uint64_t handle = 0;
+        QCOMPARE(lock(m_file, &handle), 0);
+        QCOMPARE(unlock(m_file, handle), 0);
+    }
+
+    // A process that makes and removes the lock all the time is killed anywhere in between.
+    void isNeverRefusedRightAfterAKill()
+    {
+        const int kills = qEnvironmentVariableIsSet("KEST_FULL_TESTS") ? 500 : 50;
+        qint64 slowest = 0;
+        for (int kill = 0; kill < kills; ++kill) {
+            SettingsProcess owner({QStringLiteral("lock-for-ever"), m_file});
+            QCOMPARE(owner.said(), QStringLiteral("locking 1"));
+            QTest::qSleep(QRandomGenerator::global()->bounded(1, 5));
+            QCOMPARE(::kill(static_cast<pid_t>(owner.processId()), SIGKILL), 0);
+            uint64_t handle = 0;
+            QElapsedTimer timer;
+            timer.start();
+            QCOMPARE(lock(m_file, &handle), 0);
+            slowest = qMax(slowest, timer.elapsed());
+            QCOMPARE(unlock(m_file, handle), 0);
+        }
+        qInfo("slowest lock after a kill: %lld ms", slowest);
+        QVERIFY(slowest < atOnce);
+        QVERIFY(QDir(m_directory->path()).isEmpty());
+    }
+
+    // As after a restart of the machine: the number and even the program are somebody else's.
+    void takesOverWhatALivingProcessOfThatNumberDoesNotHold()
+    {
+        const QString other = m_directory->filePath(QStringLiteral("other.ini"));
+        SettingsProcess living({QStringLiteral("hold"), other});
+        QCOMPARE(living.said(), QStringLiteral("status 0"));
+        QVERIFY(QFile::copy(other + QLatin1String(lockSuffix), m_lock));
+        uint64_t handle = 0;
+        QCOMPARE(lock(m_file, &handle), 0);
         QCOMPARE(unlock(m_file, handle), 0);
     }
 
@@ -210,23 +302,31 @@ private Q_SLOTS:
     void takesOverWhatADeadProcessLeft_data()
     {
         QTest::addColumn<QByteArray>("content");
-        // clang-format off
-        QTest::newRow("empty")             << QByteArray();
-        QTest::newRow("cut")               << QByteArray("12");
-        QTest::newRow("no line end")       << QByteArray("4194303\nkestdesk");
-        QTest::newRow("of a dead process") << QByteArray("4194303\nkestdesk\n") + QSysInfo::machineHostName().toUtf8() + '\n';
-        QTest::newRow("process id reused") << QByteArray("1\nkestdesk\n") + QSysInfo::machineHostName().toUtf8() + '\n';
-        QTest::newRow("negative id")       << QByteArray("-1\n\n\n");
-        QTest::newRow("huge id")           << QByteArray(400, '9') + '\n';
-        QTest::newRow("binary")            << QByteArray("\0\xff\xfe\x80\0\n\0\n", 8);
-        // clang-format on
+        QTest::addColumn<bool>("old");
+        const QByteArray here = "kestdesk\n" + QSysInfo::machineHostName().toUtf8() + '\n';
+        for (const bool old : {false, true}) {
+            const auto add = [old](const char* what, const QByteArray& content) {
+                QTest::addRow("%s, %s", what, old ? "old" : "just made") << content << old;
+            };
+            add("empty", QByteArray());
+            add("cut", "12");
+            add("no line end", "4194303\nkestdesk");
+            add("of a dead process", "4194303\n" + here);
+            add("process id reused", "1\n" + here);
+            add("negative id", "-1\n\n\n");
+            add("huge id", QByteArray(400, '9') + '\n');
+            add("binary", QByteArray("\0\xff\xfe\x80\0\n\0\n", 8));
+        }
     }
 
     void takesOverWhatADeadProcessLeft()
     {
         QFETCH(QByteArray, content);
+        QFETCH(bool, old);
         QVERIFY(write(m_lock, content));
-        makeOld(m_lock);
+        if (old) {
+            makeOld(m_lock);
+        }
         uint64_t handle = 0;
         QElapsedTimer timer;
         timer.start();
@@ -278,13 +378,23 @@ private Q_SLOTS:
         QCOMPARE(KEST_binfiles_remove_lock(m_file.toStdWString().c_str(), handle), 0);
     }
 
+    void takesOverAHugeFile_data()
+    {
+        QTest::addColumn<bool>("old");
+        QTest::newRow("just made") << false;
+        QTest::newRow("old") << true;
+    }
+
     void takesOverAHugeFile()
     {
+        QFETCH(bool, old);
         QFile left(m_lock);
         QVERIFY(left.open(QIODevice::WriteOnly));
-        QVERIFY(left.resize(qint64(1) << 30)); // sparse
+        QVERIFY(left.resize(qint64(2) << 30)); // sparse
         left.close();
-        makeOld(m_lock);
+        if (old) {
+            makeOld(m_lock);
+        }
         QElapsedTimer timer;
         timer.start();
         uint64_t handle = 0;
@@ -293,6 +403,7 @@ private Q_SLOTS:
         QCOMPARE(lock(m_file, &handle), 0);
         QVERIFY(timer.elapsed() < atOnce);
         QCOMPARE(unlock(m_file, handle), 0);
+        QVERIFY(QDir(m_directory->path()).isEmpty());
     }
 
     void doesNotHangOnWhatIsNoFile_data()
@@ -300,25 +411,29 @@ private Q_SLOTS:
         QTest::addColumn<int>("kind");
         QTest::newRow("directory") << int(S_IFDIR);
         QTest::newRow("pipe") << int(S_IFIFO);
+        QTest::newRow("device") << int(S_IFCHR);
+        QTest::newRow("socket") << int(S_IFSOCK);
         QTest::newRow("link to nowhere") << int(S_IFLNK);
     }
 
     void doesNotHangOnWhatIsNoFile()
     {
         QFETCH(int, kind);
-        const QByteArray path = QFile::encodeName(m_lock);
-        const int made = kind == S_IFDIR   ? ::mkdir(path.constData(), 0700)
-                         : kind == S_IFIFO ? ::mkfifo(path.constData(), 0600)
-                                           : ::symlink("nowhere/at/all", path.constData());
-        QCOMPARE(made, 0);
+        if (kind == S_IFCHR && ::geteuid() != 0) {
+            QTest::qSkip("only the administrator makes devices", __FILE__, __LINE__);
+            return;
+        }
+        QVERIFY(SpecialFile::make(kind, m_lock));
         QElapsedTimer timer;
         timer.start();
-        uint64_t handle = 0;
-        const int status = lock(m_file, &handle);
+        uint64_t handle = untouched;
+        char host[8];
+        QCOMPARE(KEST_binfiles_lock_owner(m_file.toStdWString().c_str(), host, sizeof host), 0);
+        KEST_binfiles_remove_left_lock(m_file.toStdWString().c_str(), 0);
+        QCOMPARE(lock(m_file, &handle), 3);
         QVERIFY(timer.elapsed() < atOnce);
-        QVERIFY(status == 0 || status == 3);
-        QCOMPARE(handle != 0, status == 0);
-        QCOMPARE(unlock(m_file, handle), status == 0 ? 0 : 1);
+        QCOMPARE(handle, untouched);
+        QCOMPARE(SpecialFile::kindOf(m_lock), kind);
     }
 
     void makesMissingFolders()
@@ -443,6 +558,17 @@ private Q_SLOTS:
         QCOMPARE(holder.said(), QStringLiteral("status 0"));
         QCOMPARE(KEST_binfiles_lock_owner(file.c_str(), host, sizeof host), holder.processId());
         QCOMPARE(QString::fromUtf8(host), QSysInfo::machineHostName());
+    }
+
+    void namesNoOwnerThatHasEnded()
+    {
+        SettingsProcess holder({QStringLiteral("hold"), m_file});
+        QCOMPARE(holder.said(), QStringLiteral("status 0"));
+        QVERIFY(holder.killAtOnce());
+        char host[300] = "x";
+        QVERIFY(QFile::exists(m_lock));
+        QCOMPARE(KEST_binfiles_lock_owner(m_file.toStdWString().c_str(), host, sizeof host), 0);
+        QCOMPARE(host, "");
     }
 
     void cutsTheOwnersHostToTheBuffer()

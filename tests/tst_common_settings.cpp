@@ -1,6 +1,7 @@
 #include <FakeServices.h>
 #include <SettingsObjects.h>
 #include <SettingsProcess.h>
+#include <SpecialFile.h>
 
 #include <common_LockFile.h>
 
@@ -8,14 +9,19 @@
 #include <QDir>
 #include <QElapsedTimer>
 #include <QFile>
+#include <QRandomGenerator>
 #include <QTemporaryDir>
 #include <QtTest>
 
+#include <ctime>
 #include <functional>
 #include <limits>
 #include <memory>
+#include <stdexcept>
+#include <vector>
 
 #include <sys/stat.h>
+#include <unistd.h>
 
 namespace {
 
@@ -344,6 +350,29 @@ private Q_SLOTS:
         QCOMPARE(textIn(m_file), QStringLiteral("new"));
     }
 
+    void keepsTheValuesOfAFileWithAByteOrderMark()
+    {
+        const QByteArray content =
+            "\xef\xbb\xbf[others]\nkey=\xc3\xa4\xe6\xbc\xa2\n[texts]\ntext=a\n";
+        QVERIFY(write(m_file, content));
+        const QString before = QString::fromUtf8("\xc3\xa4\xe6\xbc\xa2");
+        QCOMPARE(storedValue(m_file, QStringLiteral("others/key")).toString(), before);
+        writeText(m_file, QStringLiteral("new"));
+        QCOMPARE(textIn(m_file), QStringLiteral("new"));
+        QCOMPARE(storedValue(m_file, QStringLiteral("others/key")).toString(), before);
+        QCOMPARE(contentOf(m_file + QStringLiteral(".damaged")), content);
+    }
+
+    // QSettings would make the same key of both.
+    void keepsAValueBesideAKeyThatNobodyCanAskFor()
+    {
+        QVERIFY(write(m_file, "[others]\nkey=good\n\\key=bad\nkey\\=bad\n"));
+        writeText(m_file, QStringLiteral("new"));
+        QCOMPARE(storedValue(m_file, QStringLiteral("others/key")).toString(),
+                 QStringLiteral("good"));
+        QCOMPARE(textIn(m_file), QStringLiteral("new"));
+    }
+
     void keepsACopyAlsoWhenItOnlyWrites()
     {
         const QByteArray content = "[texts]\njunk\nelse=1\n";
@@ -357,10 +386,10 @@ private Q_SLOTS:
 
     void survivesALargeFile()
     {
-        constexpr int megabytes = 20;
         QByteArray content = "[others]\n";
-        for (int number = 0; number < megabytes; ++number) {
-            content += "key" + QByteArray::number(number) + '=' + QByteArray(1 << 20, 'x') + '\n';
+        while (content.size() < common_settings::largestFile - (2 << 20)) {
+            content +=
+                "key" + QByteArray::number(content.size()) + '=' + QByteArray(1 << 20, 'x') + '\n';
         }
         QVERIFY(write(m_file, content + "[texts]\ntext=good\n"));
         QCOMPARE(textIn(m_file), QStringLiteral("good"));
@@ -371,12 +400,115 @@ private Q_SLOTS:
 
     void survivesALargeFileOfJunk()
     {
-        const QByteArray content(20 << 20, 'x');
+        const QByteArray content(int(common_settings::largestFile), 'x');
         QVERIFY(write(m_file, content));
         const LogCatcher log;
         QCOMPARE(textIn(m_file), TextSettings::defaultText());
         QCOMPARE(LogCatcher::lines().size(), 1);
         QCOMPARE(QFileInfo(m_file + QStringLiteral(".damaged")).size(), qint64(content.size()));
+    }
+
+    // Whatever is in a file, it can be read and written, and what was in it is not lost.
+    void writesIntoAnyNoise()
+    {
+        const QByteArray alphabet =
+            QByteArrayLiteral("[[]]==\\/\"\";#%@(),x0gG \t\r\n\n\n\0\xff\xc3\xa4");
+        const QList<QByteArray> words = {"[General]\n", "[%General]\n", "[texts]\n",  "text=",
+                                         "%00",         "@Variant(",    "@Invalid()", "@ByteArray(",
+                                         "\\x",         "size=",        "\\1\\x=",    "%U1234",
+                                         "\xef\xbb\xbf"};
+        QRandomGenerator random(20260522);
+        const int files = qEnvironmentVariableIsSet("KEST_FULL_TESTS") ? 4000 : 400;
+        for (int number = 0; number < files; ++number) {
+            QByteArray content;
+            while (content.size() < random.bounded(200)) {
+                content += random.bounded(4) > 0
+                               ? QByteArray(1, alphabet.at(random.bounded(alphabet.size())))
+                               : words.at(random.bounded(words.size()));
+            }
+            QVERIFY(write(m_file, content));
+            QFile::remove(m_file + QStringLiteral(".damaged"));
+            const LogCatcher log;
+            textIn(m_file);
+            writeText(m_file, QStringLiteral("new"));
+            QVERIFY2(textIn(m_file) == QStringLiteral("new"),
+                     content.toPercentEncoding().constData());
+            const QString kept = m_file + QStringLiteral(".damaged");
+            for (const QString& line : qAsConst(LogCatcher::lines())) {
+                QVERIFY2(!line.contains(QStringLiteral("was not")), qPrintable(line));
+            }
+            QVERIFY(!QFile::exists(kept) || contentOf(kept) == content);
+        }
+    }
+
+    // Four times the size takes about four times as long, whatever is in the file.
+    void takesTimeInProportionToTheSize_data()
+    {
+        QTest::addColumn<QByteArray>("piece");
+        // clang-format off
+        QTest::newRow("letters")              << QByteArray("x");
+        QTest::newRow("NUL")                  << QByteArray(1, '\0');
+        QTest::newRow("line ends")            << QByteArray("\n");
+        QTest::newRow("lines")                << QByteArray("x\n");
+        QTest::newRow("open groups")          << QByteArray("[\n");
+        QTest::newRow("open groups, CR")      << QByteArray("[g\r");
+        QTest::newRow("open groups, blanks")  << QByteArray(" \t[g\r\n");
+        QTest::newRow("groups")               << QByteArray("[g]\n");
+        QTest::newRow("brackets")             << QByteArray("[");
+        QTest::newRow("equals signs")         << QByteArray("=\n");
+        QTest::newRow("backslashes")          << QByteArray("\\");
+        QTest::newRow("backslashes, a key")   << QByteArray("\\a");
+        QTest::newRow("lines that go on")     << QByteArray("v\\\n");
+        QTest::newRow("quotes")               << QByteArray("\"");
+        QTest::newRow("quoted lines")         << QByteArray("\"\n");
+        QTest::newRow("percent signs")        << QByteArray("%41");
+        QTest::newRow("comments")             << QByteArray(";\n");
+        QTest::newRow("a list")               << QByteArray("v,");
+        QTest::newRow("bad variants")         << QByteArray("k=@Variant(\\0)\n");
+        // clang-format on
+    }
+
+    void takesTimeInProportionToTheSize()
+    {
+        QFETCH(QByteArray, piece);
+        const LogCatcher log;
+        const auto timeOf = [&](int size) {
+            QByteArray content = "[group]\nkey=" + piece.repeated(size / piece.size());
+            content += "=1\n"; // what came before may be a key
+            QFile::remove(m_file + QStringLiteral(".damaged"));
+            if (!write(m_file, content)) {
+                return -1.0;
+            }
+            const std::clock_t begin = std::clock();
+            textIn(m_file);
+            writeText(m_file, QStringLiteral("new"));
+            return double(std::clock() - begin) / CLOCKS_PER_SEC;
+        };
+        constexpr int size = 256 << 10;
+        constexpr double shortest = 0.05; // below which other things count
+        const double small = timeOf(size);
+        const double large = timeOf(4 * size);
+        QVERIFY(small >= 0 && large >= 0);
+        QVERIFY2(
+            large < 10 * qMax(small, shortest),
+            qPrintable(QStringLiteral("%1 s, four times the size %2 s").arg(small).arg(large)));
+        QCOMPARE(textIn(m_file), QStringLiteral("new"));
+    }
+
+    // Groups with no end are read as QSettings reads them, however many there are.
+    void readsWhatIsBetweenManyOpenGroups()
+    {
+        const QByteArray open = QByteArray("[ope\n").repeated(1500);
+        const QByteArray content = open + "[texts]\ntext=good\n" + open + "[half\nkey=1\n";
+        QVERIFY(write(m_file, content));
+        const LogCatcher log;
+        QCOMPARE(textIn(m_file), QStringLiteral("good"));
+        QCOMPARE(LogCatcher::lines().size(), 1);
+        QCOMPARE(contentOf(m_file + QStringLiteral(".damaged")), content);
+        QCOMPARE(contentOf(m_file), content);
+        writeText(m_file, QStringLiteral("new"));
+        QCOMPARE(LogCatcher::lines().size(), 1);
+        QCOMPARE(contentOf(m_file), QByteArray("[half]\nkey=1\n\n[texts]\ntext=new\n"));
     }
 
     void leavesTheFileAsItWasOnAFullDisk_data()
@@ -428,6 +560,34 @@ private Q_SLOTS:
         QCOMPARE(textIn(m_file).size(), 60000);
     }
 
+    void anUnusableTemporaryFolderIsNoObstacle_data()
+    {
+        QTest::addColumn<QString>("folder");
+        QTest::newRow("missing") << QStringLiteral("missing");
+        QTest::newRow("a file") << QStringLiteral("obstacle");
+        QTest::newRow("a device") << QStringLiteral("/dev/null");
+    }
+
+    void anUnusableTemporaryFolderIsNoObstacle()
+    {
+        QFETCH(QString, folder);
+        const QByteArray before = qgetenv("TMPDIR");
+        QVERIFY(write(path("obstacle"), "x"));
+        QVERIFY(qputenv("TMPDIR", QFile::encodeName(QDir(m_directory->path()).filePath(folder))));
+        const LogCatcher log;
+        writeText(m_file, QStringLiteral("new"));
+        QCOMPARE(textIn(m_file), QStringLiteral("new"));
+        // a repaired copy is needed for this one
+        QVERIFY(write(m_file, QByteArray("[open\n").repeated(2000) + "[texts]\ntext=good\n"));
+        QCOMPARE(textIn(m_file), QStringLiteral("good"));
+        qputenv("TMPDIR", before);
+        QCOMPARE(LogCatcher::lines().size(), 1); // that it is damaged
+        QCOMPARE(QDir(m_directory->path())
+                     .entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot)
+                     .size(),
+                 4);
+    }
+
     void saysOnceWhyAFileWasNotWritten_data()
     {
         QTest::addColumn<QString>("name");
@@ -456,13 +616,6 @@ private Q_SLOTS:
         QVERIFY(LogCatcher::lines().constFirst().contains(file));
         QCOMPARE(contentOf(path("obstacle")), QByteArray("x"));
         QVERIFY(QDir(path("folder")).isEmpty());
-    }
-
-    void readsDefaultsWhereTheFileIsAFolder()
-    {
-        const LogCatcher log;
-        QCOMPARE(textIn(path("defaults")), TextSettings::defaultText());
-        QCOMPARE(LogCatcher::lines(), QStringList());
     }
 
     void makesMissingFolders()
@@ -590,20 +743,451 @@ private Q_SLOTS:
         QCOMPARE(textIn(m_file), QStringLiteral("new"));
     }
 
-    void aWriteWithinAWriteIsRefusedAtOnce()
+    void aWriteWithinAWriteKeepsBothGroups_data()
     {
+        QTest::addColumn<QByteArray>("before");
+        QTest::addColumn<QString>("innerPath");
+        const QByteArray old =
+            "[group]\nlast=0\nother=1\n\n[others]\na=1\n\n[texts]\nelse=2\ntext=old\n";
+        // clang-format off
+        QTest::newRow("no file yet")        << QByteArray() << QStringLiteral("kest.ini");
+        QTest::newRow("file")               << old          << QStringLiteral("kest.ini");
+        QTest::newRow("another spelling")   << old          << QStringLiteral("./defaults/..//kest.ini");
+        QTest::newRow("link to the file")   << old          << QStringLiteral("link.ini");
+        QTest::newRow("link to nothing yet") << QByteArray() << QStringLiteral("link.ini");
+        QTest::newRow("linked folder")      << old          << QStringLiteral("here/kest.ini");
+        QTest::newRow("linked folder, no file yet") << QByteArray() << QStringLiteral("here/kest.ini");
+        // clang-format on
+    }
+
+    void aWriteWithinAWriteKeepsBothGroups()
+    {
+        QFETCH(QByteArray, before);
+        QFETCH(QString, innerPath);
+        QVERIFY(QFile::link(m_file, path("link.ini")));
+        QVERIFY(QFile::link(m_directory->path(), path("here")));
+        QVERIFY(before.isEmpty() || write(m_file, before));
+        const LogCatcher log;
+        ScriptedSettings settings(m_file);
+        QByteArray afterInner;
+        settings.onWrite = [&](QSettings& open) {
+            open.setValue(QStringLiteral("first"), 1);
+            writeText(m_directory->filePath(innerPath), QStringLiteral("inner"));
+            afterInner = contentOf(m_file);
+            open.setValue(QStringLiteral("last"), 2);
+        };
+        QElapsedTimer timer;
+        timer.start();
+        settings.writeSettings();
+        QVERIFY(timer.elapsed() < atOnce);
+        QCOMPARE(LogCatcher::lines(), QStringList());
+        QVERIFY(afterInner.contains("text=inner")); // whoever returns has written
+        QVERIFY(!afterInner.contains("first=1"));   // and only its own
+        const QByteArray after = contentOf(m_file);
+        QCOMPARE(after, before.isEmpty()
+                            ? QByteArray("[group]\nfirst=1\nlast=2\n\n[texts]\ntext=inner\n")
+                            : QByteArray("[group]\nfirst=1\nlast=2\nother=1\n\n[others]\na=1\n\n"
+                                         "[texts]\nelse=2\ntext=inner\n"));
+        QCOMPARE(QDir(m_directory->path()).entryList(QDir::Files | QDir::Hidden),
+                 (QStringList{QStringLiteral("kest.ini"), QStringLiteral("link.ini")}));
+    }
+
+    void aWriteWithinAWriteByARelativePathKeepsBothGroups()
+    {
+        const QString folder = QDir::currentPath();
+        QVERIFY(QDir::setCurrent(m_directory->path()));
+        ScriptedSettings settings(QStringLiteral("kest.ini"));
+        settings.onWrite = [this](QSettings& open) {
+            writeText(m_file, QStringLiteral("inner"));
+            open.setValue(QStringLiteral("key"), 1);
+        };
+        settings.writeSettings();
+        QVERIFY(QDir::setCurrent(folder));
+        QCOMPARE(contentOf(m_file), QByteArray("[group]\nkey=1\n\n[texts]\ntext=inner\n"));
+    }
+
+    void writesMayBeWithinEachOtherToAnyDepth()
+    {
+        constexpr int depth = 20;
+        std::vector<std::unique_ptr<ScriptedSettings>> objects;
+        QByteArray expected;
+        for (int level = 0; level < depth; ++level) {
+            const QString group = QStringLiteral("group%1").arg(level, 2, 10, QLatin1Char('0'));
+            objects.push_back(std::make_unique<ScriptedSettings>(m_file, group));
+            objects.back()->onWrite = [&objects, level](QSettings& open) {
+                open.setValue(QStringLiteral("before"), level);
+                if (level + 1 < depth) {
+                    objects[size_t(level) + 1]->writeSettings();
+                }
+                open.setValue(QStringLiteral("behind"), level);
+            };
+            const QByteArray number = QByteArray::number(level);
+            expected += (level > 0 ? "\n[" : "[") + group.toLatin1() + "]\nbefore=" + number +
+                        "\nbehind=" + number + '\n';
+        }
+        const LogCatcher log;
+        objects.front()->writeSettings();
+        QCOMPARE(LogCatcher::lines(), QStringList());
+        QCOMPARE(contentOf(m_file), expected);
+    }
+
+    void severalWritesWithinOneAreAllKept()
+    {
+        ScriptedSettings settings(m_file);
+        settings.onWrite = [this](QSettings& open) {
+            for (int number = 0; number < 5; ++number) {
+                CountSettings counts(m_file, QStringLiteral("key%1").arg(number));
+                counts.count = number;
+                counts.writeSettings();
+            }
+            open.setValue(QStringLiteral("key"), 1);
+        };
+        settings.writeSettings();
+        for (int number = 0; number < 5; ++number) {
+            QCOMPARE(storedValue(m_file, QStringLiteral("counts/key%1").arg(number)).toInt(),
+                     number);
+        }
+        QCOMPARE(storedValue(m_file, QStringLiteral("group/key")).toInt(), 1);
+    }
+
+    void anObjectMayWriteItselfWithinItsWrite()
+    {
+        ScriptedSettings settings(m_file);
+        int depth = 0;
+        QByteArray afterInner;
+        settings.onWrite = [&](QSettings& open) {
+            open.setValue(QStringLiteral("first"), depth);
+            if (++depth == 1) {
+                settings.writeSettings();
+                afterInner = contentOf(m_file);
+            }
+            open.setValue(QStringLiteral("last"), depth);
+        };
+        settings.writeSettings();
+        QCOMPARE(afterInner, QByteArray("[group]\nfirst=1\nlast=2\n"));
+        QCOMPARE(contentOf(m_file), QByteArray("[group]\nfirst=1\nlast=2\n"));
+        QCOMPARE(depth, 2);
+    }
+
+    void whatTheInnerWriteRemovesIsGone()
+    {
+        QVERIFY(write(m_file, "[group]\na=1\n\n[inner]\nb=2\nc=3\n"));
+        ScriptedSettings inner(m_file, QStringLiteral("inner"));
+        inner.onWrite = [](QSettings& open) { open.remove(QStringLiteral("b")); };
+        ScriptedSettings settings(m_file);
+        settings.onWrite = [&](QSettings& open) {
+            open.setValue(QStringLiteral("key"), 1);
+            inner.writeSettings();
+        };
+        settings.writeSettings();
+        QCOMPARE(contentOf(m_file), QByteArray("[group]\na=1\nkey=1\n\n[inner]\nc=3\n"));
+    }
+
+    void anotherFileMayBeWrittenWithinAWrite()
+    {
+        const QString other = path("other.ini");
+        ScriptedSettings within(other);
+        within.onWrite = [this](QSettings& open) {
+            writeText(m_file, QStringLiteral("back in the first"));
+            open.setValue(QStringLiteral("key"), 2);
+        };
+        ScriptedSettings settings(m_file);
+        settings.onWrite = [&within](QSettings& open) {
+            within.writeSettings();
+            open.setValue(QStringLiteral("key"), 1);
+        };
+        const LogCatcher log;
+        settings.writeSettings();
+        QCOMPARE(LogCatcher::lines(), QStringList());
+        QCOMPARE(contentOf(other), QByteArray("[group]\nkey=2\n"));
+        QCOMPARE(contentOf(m_file),
+                 QByteArray("[group]\nkey=1\n\n[texts]\ntext=back in the first\n"));
+    }
+
+    // As with all objects that share a settings file in one process.
+    void aReadWithinAWriteSeesWhatIsBeingWritten_data()
+    {
+        QTest::addColumn<bool>("byALink");
+        QTest::newRow("by the same path") << false;
+        QTest::newRow("by a link") << true;
+    }
+
+    void aReadWithinAWriteSeesWhatIsBeingWritten()
+    {
+        QFETCH(bool, byALink);
+        QVERIFY(QFile::link(m_file, path("link.ini")));
+        QVERIFY(write(m_file, "[texts]\ntext=old\n\n[group]\nold=1\n"));
+        const QString file = byALink ? path("link.ini") : m_file;
+        ScriptedSettings reader(file);
+        QStringList read;
+        reader.onRead = [&read](QSettings& open) {
+            read.append(open.value(QStringLiteral("old")).toString() +
+                        open.value(QStringLiteral("new")).toString());
+        };
+        ScriptedSettings settings(m_file);
+        settings.onWrite = [&](QSettings& open) {
+            reader.readSettings();
+            open.setValue(QStringLiteral("new"), 2);
+            reader.readSettings();
+            read.append(textIn(file));
+            writeText(m_file, QStringLiteral("inner"));
+            read.append(textIn(file));
+            open.setValue(QStringLiteral("new"), 3);
+            reader.readSettings();
+        };
+        settings.writeSettings();
+        QCOMPARE(read,
+                 (QStringList{QStringLiteral("1"), QStringLiteral("12"), QStringLiteral("old"),
+                              QStringLiteral("inner"), QStringLiteral("13")}));
+        QCOMPARE(contentOf(m_file), QByteArray("[group]\nnew=3\nold=1\n\n[texts]\ntext=inner\n"));
+    }
+
+    void aReadWithinTheFirstWriteReadsDefaultIni()
+    {
+        QVERIFY(write(m_defaults, "[texts]\ntext=installed\n"));
+        ScriptedSettings settings(m_file);
+        QStringList read;
+        settings.onWrite = [&](QSettings& open) {
+            open.setValue(QStringLiteral("key"), 1);
+            read.append(textIn(m_file));
+            writeText(m_file, QStringLiteral("inner"));
+            read.append(textIn(m_file));
+        };
+        settings.writeSettings();
+        QCOMPARE(read, (QStringList{QStringLiteral("installed"), QStringLiteral("inner")}));
+        QCOMPARE(textIn(m_file), QStringLiteral("inner"));
+    }
+
+    void aReadWithinTheFirstWriteSeesItWhereThereIsNoDefaultIni()
+    {
+        ScriptedSettings settings(m_file, QStringLiteral("texts"));
+        QString read;
+        settings.onWrite = [&](QSettings& open) {
+            open.setValue(QStringLiteral("text"), QStringLiteral("mine"));
+            read = textIn(m_file);
+        };
+        settings.writeSettings();
+        QCOMPARE(read, QStringLiteral("mine"));
+    }
+
+    void anExceptionLeavesWhatWasWrittenWithin()
+    {
+        QVERIFY(write(m_file, "[group]\nkey=old\n"));
+        ScriptedSettings settings(m_file);
+        settings.onWrite = [this](QSettings& open) {
+            open.setValue(QStringLiteral("key"), 1);
+            writeText(m_file, QStringLiteral("inner"));
+            open.setValue(QStringLiteral("more"), 2);
+            throw std::runtime_error("none of mine");
+        };
+        QVERIFY_EXCEPTION_THROWN(settings.writeSettings(), std::runtime_error);
+        QCOMPARE(contentOf(m_file), QByteArray("[group]\nkey=old\n\n[texts]\ntext=inner\n"));
+        writeText(m_file, QStringLiteral("next")); // nothing is left open
+        QCOMPARE(contentOf(m_file), QByteArray("[group]\nkey=old\n\n[texts]\ntext=next\n"));
+        QCOMPARE(QDir(m_directory->path()).entryList(QDir::Files | QDir::Hidden),
+                 QStringList(QStringLiteral("kest.ini")));
+    }
+
+    void anExceptionWithinLeavesWhatIsWrittenAround()
+    {
+        QVERIFY(write(m_file, "[inner]\na=old\nb=old\n"));
+        ScriptedSettings inner(m_file, QStringLiteral("inner"));
+        inner.onWrite = [](QSettings& open) {
+            open.setValue(QStringLiteral("a"), 1);
+            open.setValue(QStringLiteral("c"), 1);
+            open.remove(QStringLiteral("b"));
+            throw std::runtime_error("none of mine");
+        };
+        ScriptedSettings settings(m_file);
+        settings.onWrite = [&inner](QSettings& open) {
+            open.setValue(QStringLiteral("before"), 1);
+            QVERIFY_EXCEPTION_THROWN(inner.writeSettings(), std::runtime_error);
+            open.setValue(QStringLiteral("behind"), 2);
+        };
+        settings.writeSettings();
+        QCOMPARE(contentOf(m_file),
+                 QByteArray("[group]\nbefore=1\nbehind=2\n\n[inner]\na=old\nb=old\n"));
+    }
+
+    void writesWithinEachOtherLeaveTheFileAsItWasOnAFullDisk_data()
+    {
+        QTest::addColumn<int>("limit");
+        QTest::addColumn<int>("failures");
+        QTest::newRow("no room at all") << 0 << 1; // nothing begins that others could be within
+        QTest::newRow("up to a value") << 200 << 2;
+        QTest::newRow("one block") << 4096 << 2;
+    }
+
+    void writesWithinEachOtherLeaveTheFileAsItWasOnAFullDisk()
+    {
+        QFETCH(int, limit);
+        QFETCH(int, failures);
+        const QByteArray before = "[texts]\ntext=old\n";
+        QVERIFY(write(m_file, before));
+        SettingsProcess writer({QStringLiteral("write-within-limited"), m_file,
+                                QString::number(limit), QStringLiteral("60000")});
+        QVERIFY(writer.hasEndedWell());
+        QCOMPARE(contentOf(m_file), before);
+        const QString log = QString::fromUtf8(writer.readAllStandardError());
+        QCOMPARE(log.count(QLatin1Char('\n')), failures);
+        QCOMPARE(log.count(m_file + QStringLiteral(" was not written")), failures);
+        QCOMPARE(QDir(m_directory->path()).entryList(QDir::Files | QDir::Hidden),
+                 QStringList(QStringLiteral("kest.ini")));
+    }
+
+    void aDamagedFileIsKeptOnceWhateverIsWrittenWithin()
+    {
+        const QByteArray content = "[texts]\njunk\nelse=1\n";
+        QVERIFY(write(m_file, content));
         const LogCatcher log;
         ScriptedSettings settings(m_file);
         settings.onWrite = [this](QSettings& open) {
             writeText(m_file, QStringLiteral("inner"));
             open.setValue(QStringLiteral("key"), 1);
         };
+        settings.writeSettings();
+        QCOMPARE(LogCatcher::lines().size(), 1);
+        QCOMPARE(contentOf(m_file + QStringLiteral(".damaged")), content);
+        QCOMPARE(contentOf(m_file), QByteArray("[group]\nkey=1\n\n[texts]\nelse=1\ntext=inner\n"));
+    }
+
+    void neitherHangsOnNorChangesWhatIsNoFile_data()
+    {
+        QTest::addColumn<int>("kind");
+        QTest::addColumn<bool>("linked");
+        QTest::addColumn<QString>("what");
+        for (const bool linked : {false, true}) {
+            const auto add = [linked](const char* what, int kind, const char* words) {
+                QTest::addRow("%s%s", what, linked ? " behind a link" : "")
+                    << kind << linked << QString::fromLatin1(words);
+            };
+            add("directory", S_IFDIR, "it is a directory");
+            add("pipe", S_IFIFO, "it is a pipe");
+            add("character device", S_IFCHR, "it is a device");
+            add("block device", S_IFBLK, "it is a device");
+            add("socket", S_IFSOCK, "it is a socket");
+        }
+    }
+
+    void neitherHangsOnNorChangesWhatIsNoFile()
+    {
+        QFETCH(int, kind);
+        QFETCH(bool, linked);
+        QFETCH(QString, what);
+        if ((kind == S_IFCHR || kind == S_IFBLK) && ::geteuid() != 0) {
+            QTest::qSkip("only the administrator makes devices", __FILE__, __LINE__);
+            return;
+        }
+        const QString special = linked ? path("special") : m_file;
+        QVERIFY(SpecialFile::make(kind, special));
+        QVERIFY(!linked || QFile::link(special, m_file));
+        QVERIFY(write(m_defaults, "[texts]\ntext=installed\n"));
+        const LogCatcher log;
         QElapsedTimer timer;
         timer.start();
+        TextSettings settings(m_file);
+        settings.text = QStringLiteral("mine");
         settings.writeSettings();
-        QVERIFY(timer.elapsed() < 500);
+        QCOMPARE(settings.text, QStringLiteral("mine"));
+        QCOMPARE(LogCatcher::lines(),
+                 QStringList(QStringLiteral("warning: The settings file %1 was not written: %2.")
+                                 .arg(m_file, what)));
+        settings.readSettings();
+        QCOMPARE(settings.text, TextSettings::defaultText()); // there is a user's file of a kind
+        QCOMPARE(LogCatcher::lines().mid(1),
+                 QStringList(QStringLiteral("warning: The settings file %1 was not read: %2.")
+                                 .arg(m_file, what)));
+        QVERIFY(timer.elapsed() < atOnce);
+        QCOMPARE(SpecialFile::kindOf(special), kind);
+        QCOMPARE(QFileInfo(m_file).isSymLink(), linked);
+        QVERIFY(!QFileInfo::exists(m_file + QStringLiteral(".damaged")));
+    }
+
+    void doesNotHangOnADefaultIniThatIsNoFile()
+    {
+        QVERIFY(SpecialFile::make(S_IFIFO, m_defaults));
+        const LogCatcher log;
+        QCOMPARE(textIn(m_file), TextSettings::defaultText());
+        QCOMPARE(
+            LogCatcher::lines(),
+            QStringList(QStringLiteral("warning: The settings file %1 was not read: it is a pipe.")
+                            .arg(m_defaults)));
+        writeText(m_file, QStringLiteral("new"));
+        QCOMPARE(textIn(m_file), QStringLiteral("new"));
+    }
+
+    void namesWhatIsInThePlaceOfItsGuard()
+    {
+        const QString guard = m_file + QStringLiteral(".write.kestlock");
+        QVERIFY(SpecialFile::make(S_IFIFO, guard));
+        QVERIFY(write(m_file, "[texts]\ntext=old\n"));
+        const LogCatcher log;
+        writeText(m_file, QStringLiteral("new"));
+        QCOMPARE(LogCatcher::lines(),
+                 QStringList(QStringLiteral("warning: The settings file %1 was not written: "
+                                            "the lock file %2 is a pipe.")
+                                 .arg(m_file, guard)));
+        QCOMPARE(textIn(m_file), QStringLiteral("old"));
+    }
+
+    // Sparse files: their size is what counts.
+    void refusesAFileThatIsTooLarge_data()
+    {
+        QTest::addColumn<qint64>("size");
+        QTest::newRow("one byte more") << common_settings::largestFile + 1;
+        QTest::newRow("gigabytes") << (qint64(5) << 30);
+    }
+
+    void refusesAFileThatIsTooLarge()
+    {
+        QFETCH(qint64, size);
+        QVERIFY(write(m_file, "[texts]\ntext=old\n"));
+        QVERIFY(QFile::resize(m_file, size));
+        QVERIFY(write(m_defaults, "[texts]\ntext=installed\n"));
+        const LogCatcher log;
+        QElapsedTimer timer;
+        timer.start();
+        QCOMPARE(textIn(m_file), TextSettings::defaultText());
+        writeText(m_file, QStringLiteral("new"));
+        QVERIFY(timer.elapsed() < atOnce);
+        QCOMPARE(LogCatcher::lines(),
+                 (QStringList{
+                     QStringLiteral("warning: The settings file %1 was not read: it is larger than "
+                                    "4 MB.")
+                         .arg(m_file),
+                     QStringLiteral("warning: The settings file %1 was not written: it is larger "
+                                    "than 4 MB.")
+                         .arg(m_file)}));
+        QCOMPARE(QFileInfo(m_file).size(), size);
+        QFile file(m_file);
+        QVERIFY(file.open(QIODevice::ReadOnly));
+        QCOMPARE(file.read(17), QByteArray("[texts]\ntext=old\n"));
+        QCOMPARE(QDir(m_directory->path()).entryList(QDir::Files | QDir::Hidden),
+                 QStringList(QStringLiteral("kest.ini")));
+    }
+
+    void refusesADefaultIniThatIsTooLarge()
+    {
+        QVERIFY(write(m_defaults, "[texts]\ntext=installed\n"));
+        QVERIFY(QFile::resize(m_defaults, common_settings::largestFile + 1));
+        const LogCatcher log;
+        QCOMPARE(textIn(m_file), TextSettings::defaultText());
         QCOMPARE(LogCatcher::lines().size(), 1);
-        QCOMPARE(contentOf(m_file), QByteArray("[group]\nkey=1\n"));
+        QVERIFY(LogCatcher::lines().constFirst().contains(m_defaults));
+        writeText(m_file, QStringLiteral("new"));
+        QCOMPARE(textIn(m_file), QStringLiteral("new"));
+    }
+
+    void neverMakesAFileThatItCouldNotReadAgain()
+    {
+        QVERIFY(write(m_file, "[texts]\ntext=old\n"));
+        const LogCatcher log;
+        writeText(m_file, QString(int(common_settings::largestFile), QLatin1Char('x')));
+        QCOMPARE(LogCatcher::lines(),
+                 QStringList(QStringLiteral("warning: The settings file %1 was not written: it "
+                                            "would become larger than 4 MB.")
+                                 .arg(m_file)));
+        QCOMPARE(contentOf(m_file), QByteArray("[texts]\ntext=old\n"));
     }
 
     void leavesNothingBesideTheFile()

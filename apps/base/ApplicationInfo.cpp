@@ -2,6 +2,8 @@
 
 #include "Installation.h"
 
+#include <common_EnvironmentVariablesExt.h>
+
 #include <QDir>
 #include <QStandardPaths>
 
@@ -22,7 +24,7 @@ QString ApplicationInfo::installationDirectory() const
 
 QString ApplicationInfo::userSettingsDirectory() const
 {
-    const QString home = qEnvironmentVariable("KEST_USER_HOME");
+    const QString home = common_EnvironmentVariablesExt::getVariableExpanded("KEST_USER_HOME");
     return home.isEmpty()
                ? QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation) +
                      QStringLiteral("/kest")

@@ -1,5 +1,7 @@
 #include "Installation.h"
 
+#include <common_EnvironmentVariablesExt.h>
+
 #include <QCoreApplication>
 #include <QDir>
 #include <QFileInfo>
@@ -17,7 +19,7 @@ bool isInstallation(const QString& directory)
 
 QString Installation::directory()
 {
-    const QString home = qEnvironmentVariable("KEST_HOME");
+    const QString home = common_EnvironmentVariablesExt::getVariableExpanded("KEST_HOME");
     if (!home.isEmpty()) {
         return QDir(home).absolutePath();
     }

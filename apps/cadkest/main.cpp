@@ -6,6 +6,7 @@
 #include <ApplicationIdentity.h>
 #include <Display.h>
 #include <Services.h>
+#include <SuiteFolders.h>
 
 #include <ComponentSetup.h>
 
@@ -50,6 +51,10 @@ int main(int argc, char* argv[])
     const Services services({QStringLiteral("cadkest"), QStringLiteral("models/dipole.nec")},
                             isNonInteractive);
     const cad::CommandLine commandLine = cad::CommandLine::parsed(QApplication::arguments());
+    const QString problem = SuiteFolders::problem();
+    if (!problem.isEmpty() && commandLine.request != cad::CommandLine::Request::ShowText) {
+        return refuse(problem);
+    }
     switch (commandLine.request) {
     case cad::CommandLine::Request::ShowText:
         std::fputs(qPrintable(commandLine.text), stdout);

@@ -2,6 +2,7 @@
 
 #include <ApplicationIdentity.h>
 #include <Services.h>
+#include <SuiteFolders.h>
 
 #include <FindingPrinter.h>
 #include <MarkerPrinter.h>
@@ -71,6 +72,11 @@ int showWindow(const QStringList& models)
 {
     if (models.size() > 1) {
         std::fputs("editkest: one model at a time in a window\n", stderr);
+        return exitBadCommandLine;
+    }
+    const QString problem = SuiteFolders::problem();
+    if (!problem.isEmpty()) {
+        std::fprintf(stderr, "editkest: %s\n", qPrintable(problem));
         return exitBadCommandLine;
     }
     EditorWindow window(models.value(0));

@@ -10,6 +10,7 @@
 #include "OptionsCommand.h"
 #include "Services.h"
 #include "StopSignals.h"
+#include "SuiteFolders.h"
 
 #include <MarkedFolders.h>
 
@@ -103,8 +104,13 @@ int main(int argc, char* argv[])
     QCoreApplication::setApplicationVersion(QStringLiteral(KESTDESK_VERSION));
     QLoggingCategory::setFilterRules(QStringLiteral("default.debug=false"));
 
+    const CommandLine commandLine = CommandLine::parsed(QCoreApplication::arguments());
+    const QString problem = SuiteFolders::problem();
+    if (!problem.isEmpty() && commandLine.request != CommandLine::Request::ShowText) {
+        return refuse(problem);
+    }
     Environment::complete();
     const Services services({QStringLiteral("kestdesk"), QStringLiteral("models/dipole.nec")},
                             !isWindow);
-    return follow(CommandLine::parsed(QCoreApplication::arguments()));
+    return follow(commandLine);
 }

@@ -5,6 +5,7 @@
 
 #include <ApplicationIdentity.h>
 #include <Services.h>
+#include <SuiteFolders.h>
 
 #include <QApplication>
 
@@ -58,6 +59,11 @@ int main(int argc, char* argv[])
 
     const Services services({QStringLiteral("postkest"), QString()}, isWithoutWindow);
     const CommandLine commandLine = CommandLine::parsed(QCoreApplication::arguments());
+    const QString problem = SuiteFolders::problem();
+    if (!problem.isEmpty() && commandLine.request != CommandLine::Request::ShowText) {
+        complain(problem);
+        return exitBadCommandLine;
+    }
     switch (commandLine.request) {
     case CommandLine::Request::ShowText:
         std::fputs(qPrintable(commandLine.text), stdout);

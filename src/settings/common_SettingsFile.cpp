@@ -1,144 +1,127 @@
 #include "common_SettingsFile.h"
 
-#include <KEST_binfiles.h>
-#include <MarkedFolders.h>
+#include "common_IniRepair.h"
+#include "common_SettingsDraft.h"
+#include "common_SpecialFile.h"
+#include "common_WriteGuard.h"
 
-#include <QDataStream>
+#include <KEST_binfiles_paths.h>
+#include <MarkedFolders.h>
+#include <common_settings.h>
+
 #include <QDir>
-#include <QElapsedTimer>
 #include <QFileInfo>
-#include <QMap>
 #include <QSaveFile>
-#include <QTemporaryDir>
-#include <QThread>
-#include <QVariant>
+#include <QVector>
 
 #include <algorithm>
-#include <string>
+#include <memory>
 
 namespace {
 
-// What a window may stand still for, and a small part of the time that a write takes.
-constexpr int longestWait = 900; // milliseconds
+constexpr qint64 megabyte = 1 << 20;
 
-// Whoever seems to write for longer has left its guard behind, perhaps on another machine.
-constexpr int longestWrite = 5000; // milliseconds
-
-// Nobody queues, so whoever has waited for long tries more often than those who came later.
-unsigned long waitBetweenTries(qint64 waited)
+/// A file that this process is changing.
+struct OpenChange
 {
-    return static_cast<unsigned long>(20000 / (waited + 10)); // microseconds, from milliseconds
+    QString file; ///< its real path
+    QString copy; ///< what the change is made to
+};
+
+// The innermost comes last. Settings are used in one thread.
+QVector<OpenChange>& openChanges()
+{
+    static QVector<OpenChange> changes;
+    return changes;
 }
 
-using Values = QMap<QString, QVariant>;
-
-Values valuesOf(const QSettings& settings)
+/// The copy that a change of the file is being made to; empty when there is none.
+QString copyInChange(const QString& file)
 {
-    Values values;
-    const QStringList keys = settings.allKeys();
-    for (const QString& key : keys) {
-        values.insert(key, settings.value(key));
+    const QVector<OpenChange>& changes = openChanges();
+    const auto found =
+        std::find_if(changes.cbegin(), changes.cend(),
+                     [&file](const OpenChange& change) { return change.file == file; });
+    return found == changes.cend() ? QString() : found->copy;
+}
+
+/// Notes a change for as long as it lives.
+class ChangeNote
+{
+public:
+    ChangeNote(const QString& file, const QString& copy) { openChanges().append({file, copy}); }
+    ChangeNote(const ChangeNote&) = delete;
+    ChangeNote& operator=(const ChangeNote&) = delete;
+    ~ChangeNote() { openChanges().removeLast(); }
+};
+
+/// Has a group open for as long as it lives.
+class OpenGroup
+{
+public:
+    OpenGroup(QSettings& settings, const QString& name) : m_settings(settings)
+    {
+        m_settings.beginGroup(name);
     }
-    return values;
-}
+    OpenGroup(const OpenGroup&) = delete;
+    OpenGroup& operator=(const OpenGroup&) = delete;
 
-QByteArray streamed(const QVariant& value)
-{
-    QByteArray bytes;
-    QDataStream stream(&bytes, QIODevice::WriteOnly);
-    stream << value;
-    return bytes;
-}
-
-QStringList texts(const QVariant& value)
-{
-    if (!value.isValid()) {
-        return QStringList();
+    // What a subclass has left open must not hide the other groups.
+    ~OpenGroup()
+    {
+        do {
+            m_settings.endGroup();
+        } while (!m_settings.group().isEmpty());
     }
-    return value.canConvert<QStringList>() ? value.toStringList() : QStringList(value.toString());
-}
 
-// Types change on the way through a file: a number becomes a text, an empty list becomes nothing.
-bool isSame(const QVariant& expected, const QVariant& read)
-{
-    return expected == read || streamed(expected) == streamed(read) ||
-           texts(expected) == texts(read);
-}
+    QString prefix() const
+    {
+        const QString group = m_settings.group();
+        return group.isEmpty() ? group : group + QLatin1Char('/');
+    }
 
-bool areSame(const Values& expected, const Values& read)
-{
-    return expected.size() == read.size() &&
-           std::equal(expected.keyBegin(), expected.keyEnd(), read.keyBegin()) &&
-           std::equal(expected.cbegin(), expected.cend(), read.cbegin(), isSame);
-}
+private:
+    QSettings& m_settings;
+};
 
-bool isNothing(const QVariant& value)
+// Calls access with the group open; the group's prefix of keys.
+QString accessGroup(QSettings& settings, const QString& group,
+                    const common_SettingsFile::Access& access)
 {
-    return !value.isValid() || value.userType() == QMetaType::QVariant;
+    const OpenGroup open(settings, group);
+    const QString prefix = open.prefix();
+    access(settings);
+    return prefix;
 }
 
 // QSettings tells of lines that it cannot read as soon as it had to look at them all, but not of
 // values: of those that it cannot read nothing comes, as of those that are meant to be nothing.
-bool isDamaged(const QSettings& settings)
+bool isDamaged(const QSettings& settings, const QByteArray& content)
 {
-    const Values values = valuesOf(settings);
-    const auto nothing = std::count_if(values.cbegin(), values.cend(), isNothing);
-    QFile file(settings.fileName());
-    return settings.status() == QSettings::FormatError ||
-           (nothing > 0 && file.open(QIODevice::ReadOnly) &&
-            file.readAll().count("@Invalid()") < nothing);
+    const QStringList keys = settings.allKeys();
+    return settings.status() == QSettings::FormatError || common_IniRepair::isNeeded(content) ||
+           !std::all_of(keys.cbegin(), keys.cend(), common_SettingsValues::isProper) ||
+           (content.contains('@') &&
+            common_SettingsValues(settings).countNothing() > content.count("@Invalid()"));
 }
 
-/// Keeps other writers of a file away for as long as it lives.
-class WriteGuard
+// As QSettings reads it in a reasonable time.
+QByteArray readable(const QByteArray& content)
 {
-public:
-    explicit WriteGuard(const QString& file)
-        : m_path((file + QStringLiteral(".write")).toStdWString())
-    {
-        QElapsedTimer waiting;
-        waiting.start();
-        while (!tryLock() && m_status == KEST_BINFILES_LOCKED_BY_OTHER_PROCESS &&
-               !waiting.hasExpired(longestWait)) {
-            KEST_binfiles_remove_left_lock(m_path.c_str(), longestWrite);
-            QThread::usleep(waitBetweenTries(waiting.elapsed()));
-        }
-    }
+    return common_IniRepair::isNeeded(content) ? common_IniRepair::repaired(content) : content;
+}
 
-    WriteGuard(const WriteGuard&) = delete;
-    WriteGuard& operator=(const WriteGuard&) = delete;
+QString limitText()
+{
+    return QStringLiteral("larger than %1 MB").arg(common_settings::largestFile / megabyte);
+}
 
-    ~WriteGuard()
-    {
-        if (m_handle != 0) {
-            KEST_binfiles_remove_lock(m_path.c_str(), m_handle);
-        }
-    }
-
-    /// Why it keeps nobody away; empty when it does.
-    QString failure() const
-    {
-        switch (m_status) {
-        case KEST_BINFILES_LOCK_TAKEN:
-            return QString();
-        case KEST_BINFILES_LOCK_NOT_MADE:
-            return QStringLiteral("its folder cannot be written");
-        default:
-            return QStringLiteral("somebody else is writing it");
-        }
-    }
-
-private:
-    bool tryLock()
-    {
-        m_status = KEST_binfiles_set_lock_hard(m_path.c_str(), 0, &m_handle);
-        return m_status == KEST_BINFILES_LOCK_TAKEN;
-    }
-
-    const std::wstring m_path;
-    uint64_t m_handle = 0;
-    int m_status = KEST_BINFILES_LOCK_NOT_MADE;
-};
+// Where a copy of the file can be changed: where temporary files belong, or else beside it.
+QStringList draftPlaces(const QFileInfo& file)
+{
+    return {QDir::temp().filePath(MarkedFolders::marked(QStringLiteral("kest-settings"))),
+            file.dir().filePath(QLatin1Char('.') + file.fileName())};
+}
 
 } // namespace
 
@@ -146,49 +129,167 @@ common_SettingsFile::common_SettingsFile(const QString& fileName, QSettings::For
     : m_fileName(fileName), m_format(format)
 {}
 
-QString common_SettingsFile::change(const std::function<void(QSettings&)>& change) const
+QString common_SettingsFile::problem() const
 {
-    const QFileInfo file(m_fileName);
-    if (!QDir().mkpath(file.absolutePath())) {
-        return QStringLiteral("its folder cannot be made");
+    const QString kind = common_specialFileKind(m_fileName);
+    if (!kind.isEmpty()) {
+        return QStringLiteral("it is ") + kind;
     }
-    // Whoever reaches the file by a link writes the same file.
-    const WriteGuard guard(file.exists() ? file.canonicalFilePath() : file.absoluteFilePath());
-    const QString failure = guard.failure();
-    return failure.isEmpty() ? changeUnderGuard(change) : failure;
+    const QFileInfo file(m_fileName);
+    if (file.exists() && !file.isReadable()) {
+        return QStringLiteral("it may not be read");
+    }
+    return file.size() > common_settings::largestFile ? QStringLiteral("it is ") + limitText()
+                                                      : QString();
 }
 
-// The change is made to a copy and read back, because QSettings does not notice a short write.
-// Under a second name, because QSettings remembers what it wrote under the first.
-QString common_SettingsFile::changeUnderGuard(const std::function<void(QSettings&)>& change) const
+// Empty content for a file that is not there yet.
+QString common_SettingsFile::load(QByteArray& content) const
 {
-    const QTemporaryDir folder(QDir::tempPath() + QLatin1Char('/') +
-                               MarkedFolders::marked(QStringLiteral("kest-settings")) +
-                               QStringLiteral("-XXXXXX"));
-    const QString copy = folder.filePath(QStringLiteral("settings"));
-    const QString written = folder.filePath(QStringLiteral("written"));
-    if (QFile::exists(m_fileName) && !QFile::copy(m_fileName, copy)) {
-        return QStringLiteral("it cannot be read");
+    const QString reason = problem();
+    QFile file(m_fileName);
+    if (!reason.isEmpty() || !QFileInfo::exists(m_fileName)) {
+        return reason;
     }
-    QFile::setPermissions(copy, QFile::ReadOwner | QFile::WriteOwner);
-    Values expected;
-    {
+    if (!file.open(QIODevice::ReadOnly)) {
+        return QStringLiteral("it cannot be read (%1)").arg(file.errorString());
+    }
+    content = file.read(common_settings::largestFile + 1);
+    if (file.error() != QFileDevice::NoError) {
+        return QStringLiteral("it cannot be read (%1)").arg(file.errorString());
+    }
+    return content.size() > common_settings::largestFile ? QStringLiteral("it is ") + limitText()
+                                                         : QString();
+}
+
+// Null, with the reason, where there is no place for it.
+std::unique_ptr<common_SettingsDraft> common_SettingsFile::repairedCopy(const QByteArray& content,
+                                                                        QString& failure) const
+{
+    const QStringList places = draftPlaces(QFileInfo(m_fileName));
+    for (const QString& place : places) {
+        auto draft = std::make_unique<common_SettingsDraft>(place);
+        failure = draft->begin(readable(content));
+        if (failure.isEmpty()) {
+            return draft;
+        }
+    }
+    return nullptr;
+}
+
+void common_SettingsFile::read(const QString& group, const Access& read, Damage damage) const
+{
+    const QString copy = copyInChange(KEST_binfiles_real_path(m_fileName));
+    if (!copy.isEmpty()) {
         QSettings settings(copy, m_format);
-        keepIfDamaged(settings);
-        change(settings);
-        expected = valuesOf(settings);
+        accessGroup(settings, group, read);
+        return;
     }
-    QFile file(written);
-    if (!QFile::rename(copy, written) || !file.open(QIODevice::ReadOnly) ||
-        !areSame(expected, valuesOf(QSettings(written, m_format)))) {
-        return QStringLiteral("there is no room in %1").arg(folder.path());
+    QByteArray content;
+    QString failure = load(content);
+    std::unique_ptr<common_SettingsDraft> draft;
+    if (failure.isEmpty() && common_IniRepair::isNeeded(content)) {
+        draft = repairedCopy(content, failure);
     }
-    return replace(file.readAll());
+    if (!failure.isEmpty()) {
+        qWarning("The settings file %s was not read: %s.", qUtf8Printable(m_fileName),
+                 qUtf8Printable(failure));
+        QSettings nothing(QStringLiteral(":/no settings"), m_format);
+        accessGroup(nothing, group, read);
+        return;
+    }
+    QSettings settings(draft ? draft->fileName() : m_fileName, m_format);
+    if (damage == Damage::KeepCopy) {
+        keepIfDamaged(settings, content);
+    }
+    accessGroup(settings, group, read);
+}
+
+QString common_SettingsFile::change(const QString& group, const Access& write) const
+{
+    const QString file = KEST_binfiles_real_path(m_fileName);
+    const QString copy = copyInChange(file);
+    return copy.isEmpty() ? changeAlone(file, group, write) : changeWithin(copy, group, write);
+}
+
+QString common_SettingsFile::changeAlone(const QString& file, const QString& group,
+                                         const Access& write) const
+{
+    const QString reason = problem();
+    if (!reason.isEmpty()) {
+        return reason;
+    }
+    if (!QDir().mkpath(QFileInfo(file).absolutePath())) {
+        return QStringLiteral("its folder cannot be made");
+    }
+    const common_WriteGuard guard(file);
+    const QString failure = guard.failure();
+    return failure.isEmpty() ? rewrite([&](QSettings& settings) {
+        const ChangeNote note(file, settings.fileName());
+        accessGroup(settings, group, write);
+    })
+                             : failure;
+}
+
+// The copy is shared with the change around this one, and all objects see each other's values in
+// it; the file gets those of this object alone, for the other may still fail.
+QString common_SettingsFile::changeWithin(const QString& copy, const QString& group,
+                                          const Access& write) const
+{
+    QSettings shared(copy, m_format);
+    const common_SettingsValues before(shared);
+    QString prefix;
+    try {
+        prefix = accessGroup(shared, group, write);
+    } catch (...) {
+        before.applyTo(shared);
+        throw;
+    }
+    const common_SettingsValues after(shared);
+    return rewrite([&](QSettings& settings) { after.applyChangesTo(settings, before, prefix); });
+}
+
+// What fill has led to is known, so that it can be written a second time, where there is room.
+QString common_SettingsFile::rewrite(const Access& fill) const
+{
+    QByteArray content;
+    QString failure = load(content);
+    if (!failure.isEmpty()) {
+        return failure;
+    }
+    Access next = fill;
+    const QStringList places = draftPlaces(QFileInfo(KEST_binfiles_real_path(m_fileName)));
+    for (const QString& place : places) {
+        common_SettingsDraft draft(place);
+        failure = draft.begin(readable(content));
+        if (!failure.isEmpty()) {
+            continue;
+        }
+        bool isKept = true;
+        draft.change(m_format, [&](QSettings& settings) {
+            isKept = keepIfDamaged(settings, content);
+            if (isKept) {
+                next(settings);
+            }
+        });
+        if (!isKept) {
+            return QStringLiteral("it is damaged, and no copy of it can be kept");
+        }
+        failure = draft.finish(m_format);
+        if (failure.isEmpty()) {
+            return replace(draft.content());
+        }
+        next = [values = draft.values()](QSettings& settings) { values.applyTo(settings); };
+    }
+    return failure;
 }
 
 QString common_SettingsFile::replace(const QByteArray& content) const
 {
-    QSaveFile file(m_fileName);
+    if (content.size() > common_settings::largestFile) {
+        return QStringLiteral("it would become ") + limitText();
+    }
+    QSaveFile file(KEST_binfiles_real_path(m_fileName));
     if (!file.open(QIODevice::WriteOnly) || file.write(content) != content.size() ||
         !file.commit()) {
         return file.errorString();
@@ -196,11 +297,16 @@ QString common_SettingsFile::replace(const QByteArray& content) const
     return QString();
 }
 
-void common_SettingsFile::keepIfDamaged(const QSettings& content) const
+bool common_SettingsFile::keepIfDamaged(const QSettings& settings, const QByteArray& content) const
 {
     const QString kept = m_fileName + QStringLiteral(".damaged");
-    if (!QFile::exists(kept) && isDamaged(content) && QFile::copy(m_fileName, kept)) {
-        qWarning("The settings file %s is damaged; a copy is kept in %s.",
-                 qUtf8Printable(m_fileName), qUtf8Printable(kept));
+    if (QFileInfo::exists(kept) || !isDamaged(settings, content)) {
+        return true;
     }
+    if (!QFile::copy(m_fileName, kept)) {
+        return false;
+    }
+    qWarning("The settings file %s is damaged; a copy is kept in %s.", qUtf8Printable(m_fileName),
+             qUtf8Printable(kept));
+    return true;
 }

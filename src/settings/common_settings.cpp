@@ -17,6 +17,11 @@ QString common_settings::getFileName() const
     return m_fileName;
 }
 
+QString common_settings::getFileProblem(const QString& fileName)
+{
+    return common_SettingsFile(fileName, QSettings::IniFormat).problem();
+}
+
 void common_settings::readSettings()
 {
     if (QFile::exists(m_fileName)) {
@@ -30,25 +35,27 @@ void common_settings::readSettings()
 
 void common_settings::writeSettings()
 {
+    tryWriteSettings();
+}
+
+QString common_settings::tryWriteSettings()
+{
     const QString failure =
-        common_SettingsFile(m_fileName, m_format).change([this](QSettings& settings) {
-            settings.beginGroup(m_groupName);
+        common_SettingsFile(m_fileName, m_format).change(m_groupName, [this](QSettings& settings) {
             doWriteSettings(settings);
-            settings.endGroup();
         });
     if (!failure.isEmpty()) {
         qWarning("The settings file %s was not written: %s.", qUtf8Printable(m_fileName),
                  qUtf8Printable(failure));
     }
+    return failure;
 }
 
 void common_settings::readFrom(const QString& fileName)
 {
-    QSettings settings(fileName, m_format);
-    if (fileName == m_fileName) {
-        common_SettingsFile(fileName, m_format).keepIfDamaged(settings);
-    }
-    settings.beginGroup(m_groupName);
-    doReadSettings(settings);
-    settings.endGroup();
+    using File = common_SettingsFile;
+    File(fileName, m_format)
+        .read(
+            m_groupName, [this](QSettings& settings) { doReadSettings(settings); },
+            fileName == m_fileName ? File::Damage::KeepCopy : File::Damage::Ignore);
 }

@@ -1,6 +1,7 @@
 #include "BoxAnswerer.h"
 
 #include <SettingsFolders.h>
+#include <SpecialFile.h>
 
 #include <LaunchOptionTable.h>
 #include <LaunchOptionsDialog.h>
@@ -26,6 +27,7 @@
 #include <QtTest>
 
 #include <algorithm>
+#include <climits>
 #include <cstdio>
 #include <functional>
 #include <memory>
@@ -303,50 +305,86 @@ private Q_SLOTS:
         for (const char* const value : {"", "1", "16"}) {
             add("Kest.NumberOfGPUs", value, true);
         }
-        for (const char* const value : {"0", "-1", "two", "1.5", " 1", "1 ", "+1", "99999999999"}) {
+        for (const char* const value :
+             {"0", "-1", "two", "1.5", " 1", "1 ", "+1", "01", "1000000", "99999999999"}) {
             add("Kest.NumberOfGPUs", value, false);
         }
         for (const char* const value : {"", "0", "0,1", "3,1,12"}) {
             add("Kest.GPUsList", value, true);
         }
         for (const char* const value :
-             {",", "0,", ",0", "0,,1", "0 ,1", "0-3", "a", "-1", "1,1", "0;1"}) {
+             {",", "0,", ",0", "0,,1", "0 ,1", "0-3", "a", "-1", "1,1", "1,01", "0;1"}) {
             add("Kest.GPUsList", value, false);
         }
-        for (const char* const value : {"14.2", "1e3", "300", "0.001"}) {
+        for (const char* const value : {"14.2", "1e3", "300", "0.001", "+5", ".5", "1e15"}) {
             add("Amrkest.Frequency", value, true);
         }
-        for (const char* const value :
-             {"", "0", "-1", "14,2", "1,000", "14.2 MHz", "fast", "inf", "nan", "1e999", " 1"}) {
+        for (const char* const value : {"", "0", "-1", "14,2", "1,000", "14.2 MHz", "fast", "inf",
+                                        "nan", "1e999", "1e16", "0x10", "1e", " 1"}) {
             add("Amrkest.Frequency", value, false);
         }
-        for (const char* const value :
-             {"", "node1", "node1 node2", "user@host", "a-b", "fe80::1"}) {
+        for (const char* const value : {"", "node1", "user@host", "a-b", "a_b.c", "fe80::1",
+                                        "node1 port=22", "node1 user=me home=/opt/kest"}) {
             add("Kest.RemoteHost", value, true);
         }
-        for (const char* const value : {"-oProxyCommand=x", "node1 -x", "  -x", "-", "a\x1b[0m"}) {
+        for (const char* const value : {"-oProxyCommand=x",
+                                        "node1 -x",
+                                        "  -x",
+                                        "-",
+                                        "a\x1b[0m",
+                                        "node1 node2",
+                                        " node1",
+                                        "node1 ",
+                                        "a  port=1",
+                                        "a;b",
+                                        "$(a)",
+                                        "a`b`",
+                                        "a|b",
+                                        "a>b",
+                                        "a'b",
+                                        "a\\b",
+                                        "@a",
+                                        "a@",
+                                        "-l@a",
+                                        "a@b@c",
+                                        "h\xc3\xb6st",
+                                        "[fe80::1]",
+                                        "a port=0",
+                                        "a port=+1",
+                                        "a home=x",
+                                        "a x=1"}) {
             add("Kest.RemoteHost", value, false);
         }
-        for (const char* const value : {"", "A=1", "A=", "_b2=x y", "A=1\nB=2\n", "A==", "\nA=1"}) {
+        for (const char* const value : {"", "A=1", "A=", "_b2=x y", "A=1\nB=2\n", "\nA=1"}) {
             add("EnvironmentVariables", value, true);
         }
-        for (const char* const value : {"A", "=1", "1A=2", "A B=1", "A=1\nB", " A=1", "A-B=1"}) {
+        for (const char* const value :
+             {"A", "=1", "1A=2", "A B=1", "A=1\nB", " A=1", "A-B=1", "A==", "A=b=c", "A=1  2",
+              "A= 1", "A=1\t", "A=1\nA=2", "A=\x1b"}) {
             add("EnvironmentVariables", value, false);
         }
-        for (const char* const value : {"", "--a  \"b\"", "-x"}) {
+        for (const char* const value : {"", "--a  \"b\"", "-x", "--a\t-b"}) {
             add("Kest.AdvancedOptions", value, true);
         }
-        for (const auto& [key, smallest] :
-             {std::make_pair("Kest.NumberOfParallelProcesses", 1),
-              std::make_pair("Kest.ParallelEnvOptions", 0),
-              std::make_pair("Adaptkest.AnalysisNumber", 1), std::make_pair("Optkest.SolverRun", 1),
-              std::make_pair("Optkest.NumberOfFarmProcesses", 2),
-              std::make_pair("Amrkest.MaximumIterations", 1)}) {
-            add(key, qPrintable(QString::number(smallest)), true);
-            add(key, "2147483647", true);
-            add(key, qPrintable(QString::number(smallest - 1)), false);
-            add(key, "-2147483648", false);
+        for (const char* const value : {"a\x1b[0m", "a\x7f", "a\xef\xbf\xbd"}) {
+            add("Kest.AdvancedOptions", value, false);
         }
+        const auto addRange = [&add](const char* key, qint64 smallest, qint64 largest) {
+            for (const qint64 number : {smallest, largest}) {
+                add(key, qPrintable(QString::number(number)), true);
+            }
+            for (const qint64 number : {smallest - 1, largest + 1, qint64(INT_MIN)}) {
+                if (number <= INT_MAX) {
+                    add(key, qPrintable(QString::number(number)), false);
+                }
+            }
+        };
+        addRange("Kest.NumberOfParallelProcesses", 1, 4096);
+        addRange("Kest.ParallelEnvOptions", 0, INT_MAX);
+        addRange("Adaptkest.AnalysisNumber", 1, 1000000);
+        addRange("Optkest.SolverRun", 1, 1000000);
+        addRange("Optkest.NumberOfFarmProcesses", 2, 4096);
+        addRange("Amrkest.MaximumIterations", 1, 1000000);
     }
 
     void whatIsTypedIsChecked()
@@ -409,9 +447,9 @@ private Q_SLOTS:
         QVERIFY(button("ok")->isEnabled());
     }
 
-    void arrowsStopAtTheSmallestNumber()
+    void arrowsStopAtTheSmallestAndTheLargestNumber()
     {
-        NumberBox box(2, nullptr);
+        NumberBox box(2, 5, nullptr);
         box.setValue(3);
         box.stepDown();
         QCOMPARE(box.value(), 2);
@@ -421,6 +459,23 @@ private Q_SLOTS:
         QCOMPARE(box.value(), -7);
         box.stepUp();
         QCOMPARE(box.value(), 2);
+        box.stepBy(10);
+        QCOMPARE(box.value(), 5);
+        box.stepUp();
+        QCOMPARE(box.value(), 5);
+        box.setValue(7);
+        QCOMPARE(box.value(), 7);
+        box.stepUp();
+        QCOMPARE(box.value(), 5);
+    }
+
+    void anEmptyNumberIsNone()
+    {
+        open();
+        type(editor(text("Kest.SpecifyParallelProcesses")), text("true"));
+        qobject_cast<QSpinBox*>(editor(text("Kest.NumberOfParallelProcesses")))->selectAll();
+        QTest::keyClick(editor(text("Kest.NumberOfParallelProcesses")), Qt::Key_Delete);
+        QVERIFY(!button("ok")->isEnabled());
     }
 
     void valuesThatTheEditorsCannotShowAreKept()
@@ -500,6 +555,7 @@ private Q_SLOTS:
         button("ok")->click();
         QCOMPARE(answers.texts.size(), 1);
         QVERIFY(answers.texts.first().contains(m_folders->userFile()));
+        QVERIFY(answers.texts.first().contains(text(": it is a directory.")));
         QVERIFY(answers.details.first().contains(text("Kest.RemoteHost")));
         QVERIFY(m_dialog->isVisible());
         QCOMPARE(shown(editor(text("Kest.RemoteHost"))), text("node1"));
@@ -508,6 +564,29 @@ private Q_SLOTS:
         button("ok")->click();
         QVERIFY(!m_dialog->isVisible());
         QVERIFY(SettingsFolders::read(m_folders->userFile()).contains("Kest.RemoteHost=node1"));
+    }
+
+    void doesNotOpenWhereTheFileIsNoFile()
+    {
+        QVERIFY(SpecialFile::make(S_IFIFO, m_folders->userFile()));
+        BoxAnswerer answers;
+        QVERIFY(!LaunchOptionsDialog::edit(nullptr));
+        QCOMPARE(answers.texts.size(), 1);
+        QVERIFY(answers.texts.first().contains(m_folders->userFile() +
+                                               text(" cannot be used: it is a pipe.")));
+        QCOMPARE(SpecialFile::kindOf(m_folders->userFile()), int(S_IFIFO));
+    }
+
+    void restoresNothingFromADefaultIniThatIsNoFile()
+    {
+        open();
+        type(editor(text("Kest.RemoteHost")), text("node1"));
+        QVERIFY(SpecialFile::make(S_IFIFO, m_folders->defaultFile()));
+        BoxAnswerer answers;
+        button("restoreDefaults")->click();
+        QCOMPARE(answers.texts.size(), 1);
+        QVERIFY(answers.texts.first().contains(m_folders->defaultFile()));
+        QCOMPARE(shown(editor(text("Kest.RemoteHost"))), text("node1"));
     }
 
     void defaultsAreThoseOfTheInstallationAndSavedLater()
@@ -595,11 +674,11 @@ private Q_SLOTS:
         type(editor(text("Kest.AdvancedOptions")), QString());
         type(editor(text("RunParallel")), text("true"));
         type(editor(text("RunRemote")), text("true"));
-        type(editor(text("Kest.RemoteHost")), text("a b"));
+        type(editor(text("Kest.RemoteHost")), text("a port=2"));
         type(editor(text("Kest.UseGPUforNVIDIA")), text("true"));
         type(editor(text("Kest.GPUsList")), text("0,1"));
         QCOMPARE(preview("Kest Solver"), text("runkest --parallel-authenticate sspi --use-gpu :0,1 "
-                                              "--remote-use-mpi --remote-host \"a b\""));
+                                              "--remote-use-mpi --remote-host \"a port=2\""));
         type(editor(text("Prekest.ContinueWithErrors")), text("true"));
         QCOMPARE(preview("Pre-processor"), text("prekest --ignore-errors"));
         type(editor(text("Amrkest.SkipFinalSolve")), text("true"));

@@ -79,6 +79,11 @@ private Q_SLOTS:
         QCOMPARE(info->defaultSettingsDirectory(), QStringLiteral("/installation"));
         QCOMPARE(info->userSettingsDirectory(), QStringLiteral("/home/user"));
         QCOMPARE(info->initialRecentFile(), QStringLiteral("/installation/models/a.nec"));
+        qputenv("KEST_TEST_FOLDER", "/home");
+        qputenv("KEST_USER_HOME", "${KEST_TEST_FOLDER}/other");
+        QCOMPARE(info->userSettingsDirectory(), QStringLiteral("/home/other"));
+        qputenv("KEST_HOME", "$KEST_TEST_FOLDER/suite");
+        QCOMPARE(info->installationDirectory(), QStringLiteral("/home/suite"));
         qunsetenv("KEST_USER_HOME");
         QVERIFY(info->userSettingsDirectory().endsWith(QStringLiteral("/kest")));
         qunsetenv("KEST_HOME");

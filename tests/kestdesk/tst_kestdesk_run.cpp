@@ -3,6 +3,8 @@
 
 #include <TestRandom.h>
 
+#include <SpecialFile.h>
+
 #include <QElapsedTimer>
 #include <QRegularExpression>
 #include <QSet>
@@ -175,6 +177,32 @@ private Q_SLOTS:
         QCOMPARE(seen.join(QLatin1Char(' ')), expected);
         QCOMPARE(contentOf(m_desk->path("models/m.nec.machines")),
                  expected.contains(text("COPY")) ? QByteArray("localhost:2\n") : QByteArray());
+    }
+
+    // Runs with other options than the user's would be worth nothing.
+    void optionsThatCannotBeReadEndTheRun_data()
+    {
+        QTest::addColumn<QString>("file");
+        QTest::addColumn<int>("kind");
+        QTest::addColumn<QString>("reason");
+        QTest::newRow("pipe") << "user/kest.ini" << int(S_IFIFO) << "it is a pipe";
+        QTest::newRow("directory") << "user/kest.ini" << int(S_IFDIR) << "it is a directory";
+        QTest::newRow("socket") << "user/kest.ini" << int(S_IFSOCK) << "it is a socket";
+        QTest::newRow("the installation's") << "home/default.ini" << int(S_IFIFO) << "it is a pipe";
+    }
+
+    void optionsThatCannotBeReadEndTheRun()
+    {
+        QFETCH(QString, file);
+        QFETCH(int, kind);
+        QFETCH(QString, reason);
+        QFile::remove(m_desk->path(file));
+        QVERIFY(SpecialFile::make(kind, m_desk->path(file)));
+        const Desk::Result result = m_desk->run(batch("") + QStringList(model("m.nec", "valid")));
+        QCOMPARE(result.exitCode, 2);
+        QVERIFY2(result.errors.contains(m_desk->path(file) + text(" cannot be used: ") + reason),
+                 qPrintable(result.errors));
+        QVERIFY(!QFile::exists(m_desk->path("models/m.nec.seen")));
     }
 
     void componentGetsTheEnvironmentOfTheOptions()

@@ -3,6 +3,7 @@
 //   try FILE                    tries to lock the file, says the status and ends
 //   hold FILE                   the same, and waits for the end of its input before it ends
 //   hold-with-child FILE        the same, with a child process that outlives it for a while
+//   lock-for-ever FILE          locks the file and releases it, again and again
 //   race FILE ROUNDS            takes the lock ROUNDS times, notes when somebody else has it as
 //                               well, and leaves lock files behind as killed processes do
 //   create DIRECTORY            makes writable launch options on DIRECTORY/kest.ini, says "made" or
@@ -13,6 +14,8 @@
 //   rewrite FILE LENGTH         writes texts of LENGTH equal letters for ever
 //   write-limited FILE BYTES LENGTH
 //                               writes a text of LENGTH letters where no file may exceed BYTES
+//   write-within-limited FILE BYTES LENGTH
+//                               the same from within another write of the same file
 //
 // Says "slowest MILLISECONDS" of its writes where it counts them.
 #include <FakeServices.h>
@@ -81,6 +84,17 @@ int holdLockWithChild(const QStringList& arguments)
     say("child", child);
     waitForEndOfInput();
     return 0;
+}
+
+int lockForEver(const QStringList& arguments)
+{
+    say("locking", 1);
+    while (true) {
+        uint64_t handle = 0;
+        if (lock(arguments.at(0), &handle) == KEST_BINFILES_LOCK_TAKEN) {
+            KEST_binfiles_remove_lock(arguments.at(0).toStdWString().c_str(), handle);
+        }
+    }
 }
 
 // As a process leaves it that was killed right after it had made it, some time ago.
@@ -214,18 +228,55 @@ int rewrite(const QStringList& arguments)
     }
 }
 
+bool limitFileSize(const QString& bytes)
+{
+    std::signal(SIGXFSZ, SIG_IGN);
+    const rlim_t most = bytes.toULongLong();
+    const rlimit limit = {most, most};
+    return ::setrlimit(RLIMIT_FSIZE, &limit) == 0;
+}
+
 int writeLimited(const QStringList& arguments)
 {
     const FakeApplicationInfo info;
     TextSettings settings(arguments.at(0));
     settings.text = QString(arguments.at(2).toInt(), QLatin1Char('x'));
-    std::signal(SIGXFSZ, SIG_IGN);
-    const rlim_t bytes = arguments.at(1).toULongLong();
-    const rlimit limit = {bytes, bytes};
-    if (::setrlimit(RLIMIT_FSIZE, &limit) != 0) {
+    if (!limitFileSize(arguments.at(1))) {
         return 1;
     }
     settings.writeSettings();
+    return 0;
+}
+
+/// Writes another object of the same file within its own write.
+class OuterSettings : public TextSettings
+{
+public:
+    OuterSettings(const QString& file, TextSettings& inner)
+        : TextSettings(file, QStringLiteral("outer")), m_inner(inner)
+    {}
+
+protected:
+    void doWriteSettings(QSettings& settings) override
+    {
+        m_inner.writeSettings();
+        TextSettings::doWriteSettings(settings);
+    }
+
+private:
+    TextSettings& m_inner;
+};
+
+int writeWithinLimited(const QStringList& arguments)
+{
+    const FakeApplicationInfo info;
+    TextSettings inner(arguments.at(0));
+    OuterSettings outer(arguments.at(0), inner);
+    inner.text = outer.text = QString(arguments.at(2).toInt(), QLatin1Char('x'));
+    if (!limitFileSize(arguments.at(1))) {
+        return 1;
+    }
+    outer.writeSettings();
     return 0;
 }
 
@@ -242,12 +293,14 @@ const std::map<QString, Command>& commands()
         {QStringLiteral("try"),           {1, tryLock}},
         {QStringLiteral("hold"),          {1, holdLock}},
         {QStringLiteral("hold-with-child"), {1, holdLockWithChild}},
+        {QStringLiteral("lock-for-ever"), {1, lockForEver}},
         {QStringLiteral("race"),          {2, race}},
         {QStringLiteral("create"),        {1, create}},
         {QStringLiteral("change"),        {3, change}},
         {QStringLiteral("write"),         {3, write}},
         {QStringLiteral("rewrite"),       {2, rewrite}},
         {QStringLiteral("write-limited"), {3, writeLimited}},
+        {QStringLiteral("write-within-limited"), {3, writeWithinLimited}},
     };
     // clang-format on
     return table;

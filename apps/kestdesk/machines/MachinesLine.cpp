@@ -38,28 +38,6 @@ QString shown(const QByteArray& text, int position)
                        : QStringLiteral("\"%1\"").arg(QLatin1Char(text[position]));
 }
 
-QString hostError(const QByteArray& host)
-{
-    const bool isAddress = host.startsWith('[') && host.endsWith(']');
-    const QByteArray name = isAddress ? host.mid(1, host.size() - 2) : host;
-    if (name.isEmpty()) {
-        return QStringLiteral("the name of the host is missing");
-    }
-    if (name.startsWith('-')) {
-        return QStringLiteral("the name of a host does not begin with \"-\"");
-    }
-    if (name.size() > longestHost) {
-        return QStringLiteral("the name of the host is longer than %1 characters").arg(longestHost);
-    }
-    const auto* const wrong = std::find_if_not(name.cbegin(), name.cend(),
-                                               isAddress ? isAddressCharacter : isNameCharacter);
-    if (wrong != name.cend()) {
-        return QStringLiteral("%1 is not allowed in the name of a host")
-            .arg(shown(name, static_cast<int>(wrong - name.cbegin())));
-    }
-    return QString();
-}
-
 bool isNumber(const QByteArray& text)
 {
     const int sign = text.startsWith('-') ? 1 : 0;
@@ -90,6 +68,28 @@ QString countError(const QByteArray& count)
 }
 
 } // namespace
+
+QString MachinesLine::hostError(const QByteArray& host)
+{
+    const bool isAddress = host.startsWith('[') && host.endsWith(']');
+    const QByteArray name = isAddress ? host.mid(1, host.size() - 2) : host;
+    if (name.isEmpty()) {
+        return QStringLiteral("the name of the host is missing");
+    }
+    if (name.startsWith('-')) {
+        return QStringLiteral("the name of a host does not begin with \"-\"");
+    }
+    if (name.size() > longestHost) {
+        return QStringLiteral("the name of the host is longer than %1 characters").arg(longestHost);
+    }
+    const auto* const wrong = std::find_if_not(name.cbegin(), name.cend(),
+                                               isAddress ? isAddressCharacter : isNameCharacter);
+    if (wrong != name.cend()) {
+        return QStringLiteral("%1 is not allowed in the name of a host")
+            .arg(shown(name, static_cast<int>(wrong - name.cbegin())));
+    }
+    return QString();
+}
 
 MachinesLine MachinesLine::parsed(const QByteArray& line)
 {

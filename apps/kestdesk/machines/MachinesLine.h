@@ -13,6 +13,10 @@ struct MachinesLine
 
     /// The line without its end.
     static MachinesLine parsed(const QByteArray& line);
+
+    /// What is wrong with the name of a host, or with an address of IPv6 in brackets; empty when
+    /// nothing is.
+    static QString hostError(const QByteArray& host);
 };
 
 #endif

@@ -50,6 +50,14 @@ bool wantsToLook(QWidget* parent)
     return query.display() == QMessageBox::AcceptRole;
 }
 
+void tellProblem(const QString& problem, QWidget* parent)
+{
+    common_UserQuery(dialogTitle,
+                     QStringLiteral("The launch options cannot be read.\n\n%1.").arg(problem),
+                     common_UserQuery::Error, parent, QString())
+        .display();
+}
+
 bool wantsDefaults(QWidget* parent)
 {
     common_UserQuery query(
@@ -106,6 +114,11 @@ LaunchOptionsDialog::~LaunchOptionsDialog() = default;
 
 bool LaunchOptionsDialog::edit(QWidget* parent)
 {
+    const QString problem = LaunchOptionsFile::problem();
+    if (!problem.isEmpty()) {
+        tellProblem(problem, parent);
+        return false;
+    }
     AccessMode mode = ReadWriteAccess;
     Options options = common_ComponentsLaunchOptions::create(mode);
     if (!options) {
@@ -254,28 +267,37 @@ bool LaunchOptionsDialog::isChanged() const
 bool LaunchOptionsDialog::save()
 {
     takeFromEditors();
-    const QStringList lost = LaunchOptionsFile::save(*m_options);
-    if (lost.isEmpty()) {
+    const LaunchOptionsFile::Saving saving = LaunchOptionsFile::save(*m_options);
+    if (saving.lost.isEmpty()) {
         rememberSaved();
     } else {
-        common_UserQuery(
-            dialogTitle,
-            QStringLiteral(
-                "The options could not be saved in %1.\n\n"
-                "They are still in the dialog. Please see that there is room on the disk "
-                "and that you may write there, and try again.")
-                .arg(m_options->getFileName()),
-            common_UserQuery::Error, this,
-            QStringLiteral("Not saved:\n") + lost.join(QLatin1Char('\n')))
-            .display();
+        tellNotSaved(saving);
     }
     check();
-    return lost.isEmpty();
+    return saving.lost.isEmpty();
+}
+
+void LaunchOptionsDialog::tellNotSaved(const LaunchOptionsFile::Saving& saving)
+{
+    const QString reason =
+        saving.reason.isEmpty() ? QString() : QStringLiteral(": ") + saving.reason;
+    common_UserQuery(
+        dialogTitle,
+        QStringLiteral("The options could not be saved in %1%2.\n\n"
+                       "They are still in the dialog. Please see that there is room on the disk "
+                       "and that you may write there, and try again.")
+            .arg(m_options->getFileName(), reason),
+        common_UserQuery::Error, this,
+        QStringLiteral("Not saved:\n") + saving.lost.join(QLatin1Char('\n')))
+        .display();
 }
 
 void LaunchOptionsDialog::restoreDefaults()
 {
-    if (wantsDefaults(this)) {
+    const QString problem = LaunchOptionsFile::defaultsProblem();
+    if (!problem.isEmpty()) {
+        tellProblem(problem, this);
+    } else if (wantsDefaults(this)) {
         m_options->restoreDefaults();
         loadEditors();
     }

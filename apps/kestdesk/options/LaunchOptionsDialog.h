@@ -1,6 +1,8 @@
 #ifndef LAUNCHOPTIONSDIALOG_H
 #define LAUNCHOPTIONSDIALOG_H
 
+#include "LaunchOptionsFile.h"
+
 #include <AccessMode.h>
 #include <common_ComponentsLaunchOptions.h>
 
@@ -51,6 +53,7 @@ private:
     void loadEditors();
     void takeFromEditors();
     void rememberSaved();
+    void tellNotSaved(const LaunchOptionsFile::Saving& saving);
     bool isChanged() const;
     void onEdited(LaunchOptionsPage* page, const QString& key);
     void onMachinesRequested();

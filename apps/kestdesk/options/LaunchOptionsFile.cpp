@@ -1,9 +1,12 @@
 #include "LaunchOptionsFile.h"
 
 #include <KEST_binfiles.h>
+#include <common_IApplicationInfo.h>
 #include <common_PropertyFactory.h>
 #include <common_PropertyMetaData.h>
+#include <common_ServiceOf.h>
 
+#include <QDir>
 #include <QFileInfo>
 
 #include <algorithm>
@@ -19,20 +22,69 @@ bool isKept(const QString& name)
 
 struct LockOwner
 {
-    qint64 process; ///< 0 when nobody holds the file
+    qint64 process; ///< 0 when nobody holds the file, or it cannot be told
+    QString program;
     QString host;
 };
 
+// Nothing that steers a terminal.
+QString shown(const char* name)
+{
+    QString text = QString::fromUtf8(name);
+    std::replace_if(
+        text.begin(), text.end(), [](QChar each) { return !each.isPrint(); }, QLatin1Char('?'));
+    return text;
+}
+
 LockOwner lockOwner()
 {
-    const auto readable = common_ComponentsLaunchOptions::create(ReadOnlyAccess);
     char host[256] = "";
+    char program[256] = "";
     const qint64 process =
-        KEST_binfiles_lock_owner(readable->getFileName().toStdWString().c_str(), host, sizeof host);
-    return {process, QString::fromUtf8(host)};
+        KEST_binfiles_lock_owner_program(LaunchOptionsFile::name().toStdWString().c_str(), host,
+                                         sizeof host, program, sizeof program);
+    return {process, shown(program), shown(host)};
+}
+
+QString defaultsName()
+{
+    return QDir(GET_SERVICE(common_IApplicationInfo)->defaultSettingsDirectory())
+        .filePath(QStringLiteral("default.ini"));
+}
+
+QString problemOf(const QString& fileName)
+{
+    const QString problem = common_settings::getFileProblem(fileName);
+    return problem.isEmpty() ? problem
+                             : QStringLiteral("%1 cannot be used: %2").arg(fileName, problem);
 }
 
 } // namespace
+
+QString LaunchOptionsFile::name()
+{
+    return QDir(GET_SERVICE(common_IApplicationInfo)->userSettingsDirectory())
+        .filePath(QStringLiteral("kest.ini"));
+}
+
+QString LaunchOptionsFile::problem()
+{
+    return QFileInfo::exists(name()) ? problemOf(name()) : defaultsProblem();
+}
+
+QString LaunchOptionsFile::defaultsProblem()
+{
+    return problemOf(defaultsName());
+}
+
+QString LaunchOptionsFile::lockProblem()
+{
+    const QFileInfo lock(name() + QStringLiteral(".kestlock"));
+    const bool isFree = !lock.exists() && !lock.isSymLink();
+    return isFree || (lock.isFile() && !lock.isSymLink())
+               ? QString()
+               : QStringLiteral("%1 is no lock file and must be removed").arg(lock.filePath());
+}
 
 QStringList LaunchOptionsFile::keptNames(const common_ComponentsLaunchOptions& options)
 {
@@ -48,9 +100,9 @@ QString LaunchOptionsFile::value(const common_ComponentsLaunchOptions& options, 
 }
 
 // Without a file the defaults would be read, and could be the same by chance.
-QStringList LaunchOptionsFile::save(common_ComponentsLaunchOptions& options)
+LaunchOptionsFile::Saving LaunchOptionsFile::save(common_ComponentsLaunchOptions& options)
 {
-    options.writeSettings();
+    const QString reason = options.tryWriteSettings();
     const bool isThere = QFileInfo(options.getFileName()).isFile();
     const auto saved = common_ComponentsLaunchOptions::create(ReadOnlyAccess);
     QStringList lost = keptNames(options);
@@ -59,7 +111,7 @@ QStringList LaunchOptionsFile::save(common_ComponentsLaunchOptions& options)
                                   return isThere && value(*saved, name) == value(options, name);
                               }),
                lost.end());
-    return lost;
+    return {lost, reason};
 }
 
 bool LaunchOptionsFile::isOwned()
@@ -70,5 +122,10 @@ bool LaunchOptionsFile::isOwned()
 QString LaunchOptionsFile::owner()
 {
     const LockOwner owner = lockOwner();
-    return QStringLiteral("process %1 on %2").arg(owner.process).arg(owner.host);
+    if (owner.process == 0) {
+        return QStringLiteral("another process");
+    }
+    const QString process = QStringLiteral("process %1 on %2").arg(owner.process).arg(owner.host);
+    return owner.program.isEmpty() ? process
+                                   : QStringLiteral("%1 as %2").arg(owner.program, process);
 }

@@ -8,20 +8,39 @@
 /// The launch options as the settings file keeps them.
 namespace LaunchOptionsFile {
 
+struct Saving
+{
+    QStringList lost; ///< the options that the file does not hold now; empty when all is well
+    QString reason;   ///< as part of a sentence; may be empty
+};
+
+/// The user's settings file.
+QString name();
+
+/// Why the options cannot be read, as a sentence without its end that names the file; empty when
+/// they can. They would take their defaults, and a run would not be the one that was asked for.
+QString problem();
+
+/// The same for the installation's defaults.
+QString defaultsProblem();
+
+/// Why the file cannot be locked, in the same way. The library goes on without a lock then, and
+/// scripts at once would undo each other's changes.
+QString lockProblem();
+
 /// The options that the file keeps: others would be forgotten at once.
 QStringList keptNames(const common_ComponentsLaunchOptions& options);
 
 /// The value as text.
 QString value(const common_ComponentsLaunchOptions& options, const QString& name);
 
-/// Writes the options and reads them again, for a disk may be full or a folder read-only. The names
-/// of those that the file does not hold now; empty when all is well.
-QStringList save(common_ComponentsLaunchOptions& options);
+/// Writes the options and reads them again, for a disk may be full or a folder read-only.
+Saving save(common_ComponentsLaunchOptions& options);
 
 /// Whether somebody holds the file.
 bool isOwned();
 
-/// Who holds the file, in words.
+/// Who holds the file, in words, which never name nobody.
 QString owner();
 
 } // namespace LaunchOptionsFile

@@ -172,6 +172,15 @@ bool LaunchOptionsPage::isAllowed(const Field& field) const
             text(QString::fromLatin1(row.switchKey)) == QLatin1String("true"));
 }
 
+QString LaunchOptionsPage::complaintOf(const Field& field)
+{
+    const common_PropertyMetaData& metaData =
+        common_PropertyFactory::getMetaData(QString::fromLatin1(field.row->key));
+    const QString value = field.editor->text();
+    const QString missing = value.isEmpty() ? OptionRules::emptyComplaint(metaData) : QString();
+    return missing.isEmpty() ? OptionRules::complaint(metaData, value) : missing;
+}
+
 QString LaunchOptionsPage::check()
 {
     QString first;
@@ -183,11 +192,7 @@ QString LaunchOptionsPage::check()
                 label->setEnabled(allowed);
             }
         }
-        const QString complaint =
-            allowed ? OptionRules::complaint(
-                          common_PropertyFactory::getMetaData(QString::fromLatin1(field.row->key)),
-                          field.editor->text())
-                    : QString();
+        const QString complaint = allowed ? complaintOf(field) : QString();
         mark(field, complaint);
         if (first.isEmpty() && !complaint.isEmpty()) {
             first = plain(field.row->label) + QStringLiteral(": ") + complaint;

@@ -57,6 +57,7 @@ private:
     void addMachines(QGroupBox* group, QGridLayout* grid) const;
     const Field& field(const QString& key) const;
     bool isAllowed(const Field& field) const;
+    static QString complaintOf(const Field& field);
     void mark(const Field& field, const QString& complaint);
     void arrange(int columns);
 

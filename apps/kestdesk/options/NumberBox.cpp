@@ -4,7 +4,8 @@
 
 #include <limits>
 
-NumberBox::NumberBox(int smallest, QWidget* parent) : QSpinBox(parent), m_smallest(smallest)
+NumberBox::NumberBox(int smallest, int largest, QWidget* parent)
+    : QSpinBox(parent), m_smallest(smallest), m_largest(largest)
 {
     setRange(std::numeric_limits<int>::min(), std::numeric_limits<int>::max());
     setFocusPolicy(Qt::StrongFocus);
@@ -13,15 +14,15 @@ NumberBox::NumberBox(int smallest, QWidget* parent) : QSpinBox(parent), m_smalle
 void NumberBox::stepBy(int steps)
 {
     QSpinBox::stepBy(steps);
-    if (value() < m_smallest) {
-        setValue(m_smallest);
-    }
+    setValue(qBound(m_smallest, value(), m_largest));
 }
 
 QAbstractSpinBox::StepEnabled NumberBox::stepEnabled() const
 {
-    const StepEnabled enabled = QSpinBox::stepEnabled();
-    return value() > m_smallest ? enabled : enabled & ~StepEnabled(StepDownEnabled);
+    StepEnabled enabled = QSpinBox::stepEnabled();
+    enabled.setFlag(StepDownEnabled, enabled.testFlag(StepDownEnabled) && value() > m_smallest);
+    enabled.setFlag(StepUpEnabled, enabled.testFlag(StepUpEnabled) && value() < m_largest);
+    return enabled;
 }
 
 void NumberBox::wheelEvent(QWheelEvent* event)

@@ -4,13 +4,13 @@
 #include <QSpinBox>
 
 /// A box for any integer, so that a stored one that is out of range is shown as it is. Its arrows
-/// and keys stop at the smallest that makes sense.
+/// and keys stop at the smallest and at the largest that make sense.
 class NumberBox : public QSpinBox
 {
     Q_OBJECT
 
 public:
-    NumberBox(int smallest, QWidget* parent);
+    NumberBox(int smallest, int largest, QWidget* parent);
 
     void stepBy(int steps) override;
 
@@ -22,6 +22,7 @@ protected:
 
 private:
     int m_smallest;
+    int m_largest;
 };
 
 #endif

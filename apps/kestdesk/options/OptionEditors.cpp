@@ -3,7 +3,7 @@
 #include "LaunchOptionTable.h"
 #include "NumberBox.h"
 #include "OptionEditor.h"
-#include "OptionValue.h"
+#include "OptionRules.h"
 
 #include <common_PropertyFactory.h>
 #include <common_PropertyMetaData.h>
@@ -15,8 +15,6 @@
 #include <QPlainTextEdit>
 #include <QSignalBlocker>
 #include <QWheelEvent>
-
-#include <limits>
 
 namespace {
 
@@ -115,8 +113,8 @@ class NumberEditor : public OptionEditor
 {
 public:
     NumberEditor(const common_PropertyMetaData& metaData, QWidget* parent)
-        : NumberEditor(new NumberBox(
-              OptionValue::minimum(metaData).value_or(std::numeric_limits<int>::min()), parent))
+        : NumberEditor(new NumberBox(OptionRules::range(metaData).smallest,
+                                     OptionRules::range(metaData).largest, parent))
     {}
 
     QWidget* widget() const override { return m_box; }

@@ -1,18 +1,27 @@
 #include "OptionRules.h"
 
-#include "OptionValue.h"
+#include "EnvironmentRule.h"
+#include "HostRule.h"
 
 #include <common_PropertyMetaData.h>
 
-#include <QLocale>
 #include <QRegularExpression>
+#include <QSet>
 #include <QStringList>
 
 #include <algorithm>
-#include <cmath>
-#include <optional>
+#include <iterator>
+#include <limits>
 
 namespace {
+
+constexpr int mostProcesses = 4096;
+constexpr int mostRuns = 1000000;
+constexpr int mostGpus = 999999;
+constexpr double largestFrequency = 1e15; // MHz
+constexpr int longestText =
+    100000; // bytes; a word of a command line or an environment holds 128 KB
+constexpr int anyNumber = std::numeric_limits<int>::max();
 
 bool isWholeNumber(const QString& text)
 {
@@ -23,11 +32,18 @@ bool isWholeNumber(const QString& text)
            });
 }
 
+QString anyTextComplaint(const QString& /*text*/)
+{
+    return QString();
+}
+
 QString gpuCountComplaint(const QString& text)
 {
-    return text.isEmpty() || (isWholeNumber(text) && text.toInt() > 0)
+    return text.isEmpty() || (isWholeNumber(text) && text.toInt() > 0 && text.toInt() <= mostGpus &&
+                              !text.startsWith(QLatin1Char('0')))
                ? QString()
-               : QStringLiteral("Give a whole number from 1, or leave it empty.");
+               : QStringLiteral("Give a whole number from 1 to %1, or leave it empty.")
+                     .arg(mostGpus);
 }
 
 QString gpuListComplaint(const QString& text)
@@ -35,94 +51,158 @@ QString gpuListComplaint(const QString& text)
     if (text.isEmpty()) {
         return QString();
     }
-    QStringList numbers = text.split(QLatin1Char(','));
+    const QStringList numbers = text.split(QLatin1Char(','));
     if (!std::all_of(numbers.cbegin(), numbers.cend(), isWholeNumber)) {
         return QStringLiteral("Give numbers with commas between them and no blanks, such as 0,1.");
     }
-    return numbers.removeDuplicates() > 0 ? QStringLiteral("A GPU is in the list twice.")
-                                          : QString();
+    QSet<int> different;
+    for (const QString& number : numbers) {
+        different.insert(number.toInt());
+    }
+    return different.size() < numbers.size() ? QStringLiteral("A GPU is in the list twice.")
+                                             : QString();
 }
 
 QString frequencyComplaint(const QString& text)
 {
-    bool isNumber = false;
-    const double frequency = QLocale::c().toDouble(text, &isNumber);
-    if (text.isEmpty()) {
-        return QStringLiteral("Give a frequency, or do not specify one.");
-    }
-    return isNumber && std::isfinite(frequency) && frequency > 0 &&
-                   !text.contains(QLatin1Char(',')) && text == text.trimmed()
+    static const QRegularExpression number(
+        QStringLiteral("\\A\\+?([0-9]+\\.?[0-9]*|\\.[0-9]+)([eE][+-]?[0-9]+)?\\z"));
+    const double frequency = number.match(text).hasMatch() ? text.toDouble() : 0;
+    return text.isEmpty() || (frequency > 0 && frequency <= largestFrequency)
                ? QString()
-               : QStringLiteral("Give a positive number with a decimal point, such as 14.2.");
+               : QStringLiteral(
+                     "Give a positive number with a decimal point, such as 14.2, up to %1.")
+                     .arg(largestFrequency);
 }
 
-bool isControlCharacter(QChar character)
+struct RangeRow
 {
-    return character.category() == QChar::Other_Control;
+    const char* key;
+    OptionRules::Range range;
+};
+
+struct TextRow
+{
+    const char* key;
+    QString (*complaint)(const QString& text);
+    const char* accepted;
+    bool mayHaveLines;
+    const char* emptyComplaint;
+};
+
+// clang-format off
+constexpr RangeRow rangeRows[] = {
+    {"Kest.NumberOfParallelProcesses", {1, mostProcesses}},
+    {"Kest.ParallelEnvOptions",        {0, anyNumber}},
+    {"Adaptkest.AnalysisNumber",       {1, mostRuns}},
+    {"Optkest.SolverRun",              {1, mostRuns}},
+    {"Optkest.NumberOfFarmProcesses",  {2, mostProcesses}},
+    {"Amrkest.MaximumIterations",      {1, mostRuns}},
+};
+
+constexpr TextRow textRows[] = {
+    {"Kest.NumberOfGPUs",    gpuCountComplaint,          "a whole number from 1, or nothing for all", false, ""},
+    {"Kest.GPUsList",        gpuListComplaint,           "numbers with commas between them, such as 0,1, or nothing for any", false, ""},
+    {"Kest.RemoteHost",      HostRule::complaint,        "a host as [user@]HOST [user=NAME] [port=NUMBER] [home=FOLDER], or nothing", false, ""},
+    {"Amrkest.Frequency",    frequencyComplaint,         "a positive number in MHz, such as 14.2, or nothing", false, "Give a frequency, or do not specify one."},
+    {"EnvironmentVariables", EnvironmentRule::complaint, "NAME=VALUE, one a line, with no further \"=\"", true, ""},
+};
+// clang-format on
+
+constexpr TextRow anyText = {"", anyTextComplaint, "any text in one line", false, ""};
+
+const TextRow& textRow(const common_PropertyMetaData& metaData)
+{
+    const auto* const row =
+        std::find_if(std::cbegin(textRows), std::cend(textRows), [&metaData](const TextRow& each) {
+            return metaData.name() == QLatin1String(each.key);
+        });
+    return row == std::cend(textRows) ? anyText : *row;
 }
 
-QString remoteHostComplaint(const QString& text)
+bool isText(const common_PropertyMetaData& metaData)
 {
-    const QStringList words = text.simplified().split(QLatin1Char(' '));
-    for (const QString& word : words) {
-        if (word.startsWith(QLatin1Char('-'))) {
-            return QStringLiteral("\"%1\" begins with \"-\" and would be taken for an option.")
-                .arg(word);
-        }
+    return metaData.type() == common_PropertyMetaData::String;
+}
+
+// What no text can be that goes into a command line.
+QString characterComplaint(const QString& text, bool mayHaveLines)
+{
+    const bool hasControls = std::any_of(text.cbegin(), text.cend(), [mayHaveLines](QChar each) {
+        return each.category() == QChar::Other_Control && each != QLatin1Char('\t') &&
+               !(mayHaveLines && each == QLatin1Char('\n'));
+    });
+    if (hasControls) {
+        return mayHaveLines ? QStringLiteral("Control characters are not allowed.")
+                            : QStringLiteral("Line breaks and other control characters are not "
+                                             "allowed.");
     }
-    return std::any_of(text.cbegin(), text.cend(), isControlCharacter)
-               ? QStringLiteral("Tabs and other control characters are not allowed.")
+    if (text.contains(QChar(QChar::ReplacementCharacter))) {
+        return QStringLiteral("There is a character that could not be read as UTF-8.");
+    }
+    return text.toUtf8().size() > longestText
+               ? QStringLiteral("The text is longer than %1 bytes.").arg(longestText)
                : QString();
 }
 
-QString environmentComplaint(const QString& text)
+QString textComplaint(const TextRow& row, const QString& text)
 {
-    static const QRegularExpression assignment(
-        QStringLiteral("^[A-Za-z_][A-Za-z0-9_]*=[^\\0\\r]*$"));
-    const QStringList lines = text.split(QLatin1Char('\n'));
-    for (int i = 0; i < lines.size(); ++i) {
-        if (!lines[i].isEmpty() && !assignment.match(lines[i]).hasMatch()) {
-            return QStringLiteral("Line %1 is not NAME=VALUE.").arg(i + 1);
-        }
-    }
-    return QString();
+    const QString complaint = characterComplaint(text, row.mayHaveLines);
+    return complaint.isEmpty() ? row.complaint(text) : complaint;
 }
 
-QString numberComplaint(const common_PropertyMetaData& metaData, const QString& text)
+QString numberComplaint(const OptionRules::Range& range, const QString& text)
 {
-    const std::optional<int> minimum = OptionValue::minimum(metaData);
     bool isNumber = false;
     const int number = text.toInt(&isNumber);
     if (!isNumber) {
         return QStringLiteral("Give a whole number.");
     }
-    return minimum && number < *minimum ? QStringLiteral("Give a number from %1 on.").arg(*minimum)
-                                        : QString();
+    if (number >= range.smallest && number <= range.largest) {
+        return QString();
+    }
+    return range.largest == anyNumber
+               ? QStringLiteral("Give a number from %1 on.").arg(range.smallest)
+               : QStringLiteral("Give a number from %1 to %2.")
+                     .arg(range.smallest)
+                     .arg(range.largest);
 }
-
-struct Rule
-{
-    const char* key;
-    QString (*complaint)(const QString& text);
-};
-
-// Texts. What is no text is a number or one of its choices.
-constexpr Rule rules[] = {
-    {"Kest.NumberOfGPUs", gpuCountComplaint},       {"Kest.GPUsList", gpuListComplaint},
-    {"Kest.RemoteHost", remoteHostComplaint},       {"Amrkest.Frequency", frequencyComplaint},
-    {"EnvironmentVariables", environmentComplaint},
-};
 
 } // namespace
 
+OptionRules::Range OptionRules::range(const common_PropertyMetaData& metaData)
+{
+    for (const RangeRow& row : rangeRows) {
+        if (metaData.name() == QLatin1String(row.key)) {
+            return row.range;
+        }
+    }
+    return {std::numeric_limits<int>::min(), anyNumber};
+}
+
 QString OptionRules::complaint(const common_PropertyMetaData& metaData, const QString& text)
 {
-    if (metaData.type() == common_PropertyMetaData::Integer && metaData.getEnumList().isEmpty()) {
-        return numberComplaint(metaData, text);
+    if (isText(metaData)) {
+        return textComplaint(textRow(metaData), text);
     }
-    const auto* const rule =
-        std::find_if(std::cbegin(rules), std::cend(rules), [&metaData](const Rule& row) {
-            return metaData.name() == QLatin1String(row.key);
-        });
-    return rule == std::cend(rules) ? QString() : rule->complaint(text);
+    const bool isNumber =
+        metaData.type() == common_PropertyMetaData::Integer && metaData.getEnumList().isEmpty();
+    return isNumber ? numberComplaint(range(metaData), text) : QString();
+}
+
+QString OptionRules::emptyComplaint(const common_PropertyMetaData& metaData)
+{
+    return isText(metaData) ? QString::fromLatin1(textRow(metaData).emptyComplaint) : QString();
+}
+
+QString OptionRules::accepted(const common_PropertyMetaData& metaData)
+{
+    if (isText(metaData)) {
+        return QString::fromLatin1(textRow(metaData).accepted);
+    }
+    const Range limits = range(metaData);
+    return limits.largest == anyNumber ? QStringLiteral("an integer from %1").arg(limits.smallest)
+                                       : QStringLiteral("an integer from %1 to %2")
+                                             .arg(limits.smallest)
+                                             .arg(limits.largest);
 }

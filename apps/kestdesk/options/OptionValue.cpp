@@ -1,23 +1,12 @@
 #include "OptionValue.h"
 
+#include "OptionRules.h"
+
 #include <common_PropertyMetaData.h>
 
 #include <algorithm>
 
 namespace {
-
-struct Minimum
-{
-    const char* name;
-    int value;
-};
-
-// Counts and numbers that begin somewhere. Others may be any integer.
-constexpr Minimum minimums[] = {
-    {"Kest.NumberOfParallelProcesses", 1}, {"Kest.ParallelEnvOptions", 0},
-    {"Adaptkest.AnalysisNumber", 1},       {"Optkest.SolverRun", 1},
-    {"Optkest.NumberOfFarmProcesses", 2},  {"Amrkest.MaximumIterations", 1},
-};
 
 std::optional<QString> parsedBoolean(const QString& typed)
 {
@@ -41,34 +30,12 @@ std::optional<QString> parsedMember(const QVector<EnumType>& members, const QStr
                                    : std::make_optional(QString::number(found->value));
 }
 
-std::optional<QString> parsedInteger(const std::optional<int>& minimum, const QString& typed)
-{
-    bool isNumber = false;
-    const int number = typed.toInt(&isNumber);
-    return isNumber && (!minimum || number >= *minimum)
-               ? std::make_optional(QString::number(number))
-               : std::nullopt;
-}
-
 } // namespace
-
-std::optional<int> OptionValue::minimum(const common_PropertyMetaData& metaData)
-{
-    for (const Minimum& row : minimums) {
-        if (metaData.name() == QLatin1String(row.name)) {
-            return row.value;
-        }
-    }
-    return std::nullopt;
-}
 
 QString OptionValue::accepted(const common_PropertyMetaData& metaData)
 {
     if (metaData.type() == common_PropertyMetaData::Boolean) {
         return QStringLiteral("true or false");
-    }
-    if (metaData.type() == common_PropertyMetaData::String) {
-        return QStringLiteral("any text");
     }
     const QVector<EnumType> members = metaData.getEnumList();
     if (!members.isEmpty()) {
@@ -78,9 +45,7 @@ QString OptionValue::accepted(const common_PropertyMetaData& metaData)
         }
         return parts.join(QStringLiteral(", "));
     }
-    const std::optional<int> smallest = minimum(metaData);
-    return smallest ? QStringLiteral("an integer from %1").arg(*smallest)
-                    : QStringLiteral("an integer");
+    return OptionRules::accepted(metaData);
 }
 
 QStringList OptionValue::words(const common_PropertyMetaData& metaData)
@@ -99,13 +64,16 @@ QStringList OptionValue::words(const common_PropertyMetaData& metaData)
 std::optional<QString> OptionValue::parsed(const common_PropertyMetaData& metaData,
                                            const QString& typed)
 {
-    if (metaData.type() == common_PropertyMetaData::String) {
-        return typed;
-    }
     if (metaData.type() == common_PropertyMetaData::Boolean) {
         return parsedBoolean(typed);
     }
     const QVector<EnumType> members = metaData.getEnumList();
-    return members.isEmpty() ? parsedInteger(minimum(metaData), typed)
-                             : parsedMember(members, typed);
+    if (!members.isEmpty()) {
+        return parsedMember(members, typed);
+    }
+    if (!OptionRules::complaint(metaData, typed).isEmpty()) {
+        return std::nullopt;
+    }
+    return metaData.type() == common_PropertyMetaData::Integer ? QString::number(typed.toInt())
+                                                               : typed;
 }

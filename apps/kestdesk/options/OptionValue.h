@@ -11,9 +11,6 @@ class common_PropertyMetaData;
 /// takes what is there.
 namespace OptionValue {
 
-/// The smallest number that the option accepts; nothing where it may be any.
-std::optional<int> minimum(const common_PropertyMetaData& metaData);
-
 /// What the option accepts, in words.
 QString accepted(const common_PropertyMetaData& metaData);
 

@@ -2,6 +2,7 @@
 
 #include "BatchRunner.h"
 #include "Installation.h"
+#include "LaunchOptionsFile.h"
 #include "MachinesCopies.h"
 #include "MachinesFile.h"
 
@@ -155,6 +156,10 @@ RunSetup::Readiness RunSetup::apply(BatchRunner& runner, const Component& compon
     const QString missing = missingPart(component, model);
     if (!missing.isEmpty()) {
         return {Obstacle::Complaint, missing};
+    }
+    const QString problem = LaunchOptionsFile::problem();
+    if (!problem.isEmpty()) {
+        return {Obstacle::Complaint, problem};
     }
     QDir().mkpath(userFolder());
     const MachinesCopies copies(userFolder());

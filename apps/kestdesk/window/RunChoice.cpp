@@ -42,5 +42,5 @@ bool RunChoice::save(Wrapper::RunOptions options)
     for (const auto& row : choiceRows) {
         (*stored)[QLatin1String(row.property)].assignFromBool(options.testFlag(row.option));
     }
-    return LaunchOptionsFile::save(*stored).isEmpty();
+    return LaunchOptionsFile::save(*stored).lost.isEmpty();
 }

@@ -1,6 +1,7 @@
 #include <common_3DMouseOptions.h>
 
 #include "common_DefaultSettings.h"
+#include "common_SettingsFile.h"
 #include "common_UserSettingsFile.h"
 
 #include <common_PropertyFactory.h>
@@ -79,10 +80,11 @@ double common_3DMouseOptions::getMouseSensitivity() const
 
 void common_3DMouseOptions::restoreDefaults()
 {
-    QSettings defaults(common_defaultSettingsFile(sourceFile, __LINE__), QSettings::IniFormat);
-    defaults.beginGroup(groupName());
-    doReadSettings(defaults);
-    defaults.endGroup();
+    const QString defaults = common_defaultSettingsFile(sourceFile, __LINE__);
+    common_SettingsFile(defaults, QSettings::IniFormat)
+        .read(
+            groupName(), [this](QSettings& settings) { doReadSettings(settings); },
+            common_SettingsFile::Damage::Ignore);
 }
 
 void common_3DMouseOptions::doReadSettings(QSettings& settings)

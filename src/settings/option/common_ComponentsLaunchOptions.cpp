@@ -2,6 +2,7 @@
 
 #include "common_DefaultSettings.h"
 #include "common_LaunchOptionTable.h"
+#include "common_SettingsFile.h"
 #include "common_UserSettingsFile.h"
 
 #include <common_IScriptRecorder.h>
@@ -92,10 +93,11 @@ common_Label common_ComponentsLaunchOptions::doGetConstantLabel() const
 
 void common_ComponentsLaunchOptions::restoreDefaults()
 {
-    QSettings defaults(common_defaultSettingsFile(sourceFile, __LINE__), QSettings::IniFormat);
-    defaults.beginGroup(groupName());
-    doReadSettings(defaults);
-    defaults.endGroup();
+    const QString defaults = common_defaultSettingsFile(sourceFile, __LINE__);
+    common_SettingsFile(defaults, QSettings::IniFormat)
+        .read(
+            groupName(), [this](QSettings& settings) { doReadSettings(settings); },
+            common_SettingsFile::Damage::Ignore);
     if (common_ServiceOf<common_IScriptRecorder>::hasService()) {
         GET_SERVICE(common_IScriptRecorder)
             ->recordCommand(common_ActivePtr<common_DomainEntity>(this),

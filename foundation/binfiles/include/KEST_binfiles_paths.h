@@ -1,0 +1,12 @@
+#ifndef KEST_BINFILES_PATHS_H
+#define KEST_BINFILES_PATHS_H
+
+#include <kest_binfiles_export.h>
+
+#include <QString>
+
+/// The absolute path of the file that a path leads to, with all links followed; the file need not
+/// exist. Two paths of one file give the same, so what is kept by path is kept once.
+KEST_BINFILES_EXPORT QString KEST_binfiles_real_path(const QString& path);
+
+#endif

@@ -1,0 +1,66 @@
+#include "common_SettingsDraft.h"
+
+#include <QFile>
+#include <QFileInfo>
+
+common_SettingsDraft::common_SettingsDraft(const QString& folder)
+    : m_folder(folder + QStringLiteral("-XXXXXX")), m_place(QFileInfo(folder).absolutePath())
+{}
+
+QString common_SettingsDraft::fileName() const
+{
+    return m_folder.filePath(m_name);
+}
+
+QString common_SettingsDraft::begin(const QByteArray& content)
+{
+    if (!m_folder.isValid()) {
+        return QStringLiteral("no temporary folder can be made in %1 (%2)")
+            .arg(m_place, m_folder.errorString());
+    }
+    QFile file(fileName());
+    const bool isFilled =
+        file.open(QIODevice::WriteOnly) && file.write(content) == content.size() && file.flush();
+    return isFilled ? QString() : noRoom();
+}
+
+void common_SettingsDraft::change(QSettings::Format format,
+                                  const std::function<void(QSettings&)>& change)
+{
+    QSettings settings(fileName(), format);
+    change(settings);
+    m_values = common_SettingsValues(settings);
+}
+
+// Out of some damaged files QSettings makes others than it has read: it writes keys that nobody can
+// ask for under the names of others, and keeps the encoding of a byte order mark without the mark.
+// From nothing it writes all values well.
+QString common_SettingsDraft::finish(QSettings::Format format)
+{
+    if (readBack(format)) {
+        return QString();
+    }
+    m_name = QStringLiteral("anew");
+    {
+        QSettings settings(fileName(), format);
+        m_values.applyTo(settings);
+    }
+    return readBack(format) ? QString() : noRoom();
+}
+
+bool common_SettingsDraft::readBack(QSettings::Format format)
+{
+    const QString name = fileName() + QStringLiteral(".written");
+    QFile file(name);
+    if (!QFile::rename(fileName(), name) || !file.open(QIODevice::ReadOnly) ||
+        !m_values.areSame(common_SettingsValues(QSettings(name, format)))) {
+        return false;
+    }
+    m_content = file.readAll();
+    return true;
+}
+
+QString common_SettingsDraft::noRoom() const
+{
+    return QStringLiteral("there is no room in %1").arg(m_place);
+}

@@ -1,0 +1,32 @@
+#ifndef COMMON_WRITEGUARD_H
+#define COMMON_WRITEGUARD_H
+
+#include <QString>
+
+#include <cstdint>
+#include <string>
+
+/// Keeps other writers of a settings file away for as long as it lives. Waits for them first, for
+/// less than a second.
+class common_WriteGuard
+{
+public:
+    /// The real path of the settings file.
+    explicit common_WriteGuard(const QString& file);
+    common_WriteGuard(const common_WriteGuard&) = delete;
+    common_WriteGuard& operator=(const common_WriteGuard&) = delete;
+    ~common_WriteGuard();
+
+    /// Why it keeps nobody away; empty when it does.
+    QString failure() const;
+
+private:
+    bool tryLock();
+
+    const QString m_file;
+    const std::wstring m_path;
+    uint64_t m_handle = 0;
+    int m_status;
+};
+
+#endif
