@@ -2,8 +2,6 @@
 
 #include "EngineJob.h"
 
-#include <QDir>
-
 #include <utility>
 
 namespace suite {
@@ -22,7 +20,7 @@ Sweep::Sweep(SweepDeck deck, QString engine, int atOnce, bool needsImpedance)
     , m_engine(std::move(engine))
     , m_atOnce(atOnce)
     , m_needsImpedance(needsImpedance)
-    , m_folder(QDir::tempPath() + QStringLiteral("/kest-sweep-XXXXXX"))
+    , m_folder(QStringLiteral("kest-sweep"))
     , m_processes(EngineStopTimes)
 {
     connect(&m_processes, &ChildProcesses::allEnded, this, &Sweep::endStopped);
@@ -31,8 +29,7 @@ Sweep::Sweep(SweepDeck deck, QString engine, int atOnce, bool needsImpedance)
 void Sweep::start()
 {
     if (!m_folder.isValid()) {
-        Q_EMIT failed(QStringLiteral("no temporary folder can be made in '%1', %2")
-                          .arg(QDir::tempPath(), m_folder.errorString()));
+        Q_EMIT failed(m_folder.error());
         stop();
         return;
     }

@@ -3,8 +3,6 @@
 #include "EngineJob.h"
 #include "EngineProgram.h"
 
-#include <QDir>
-
 using namespace suite;
 
 namespace {
@@ -28,7 +26,7 @@ void LocalSolver::setUp(const SweepDeck& deck, Priority priority)
     m_engineError = engine.error();
     m_deck = deck;
     m_priority = priority;
-    m_folder.emplace(QDir::tempPath() + QStringLiteral("/kest-sweep-XXXXXX"));
+    m_folder.emplace(QStringLiteral("kest-sweep"));
 }
 
 void LocalSolver::queue(int index)
@@ -82,8 +80,5 @@ QString LocalSolver::setupError() const
     if (m_engine.isEmpty()) {
         return m_engineError;
     }
-    if (!m_folder || !m_folder->isValid()) {
-        return QStringLiteral("no temporary folder can be made in '%1'").arg(QDir::tempPath());
-    }
-    return {};
+    return m_folder ? m_folder->error() : QStringLiteral("there is no temporary folder");
 }
