@@ -1,14 +1,17 @@
 #include "ApplicationIdentity.h"
+#include "ApplicationStart.h"
 #include "BatchSession.h"
 #include "CommandLine.h"
+#include "Complaints.h"
 #include "Component.h"
-#include "Display.h"
 #include "Environment.h"
 #include "MachinesCommand.h"
 #include "MainWindow.h"
 #include "OptionsCommand.h"
 #include "Services.h"
 #include "StopSignals.h"
+
+#include <ProgramArguments.h>
 
 #include <QApplication>
 #include <QLoggingCategory>
@@ -21,18 +24,9 @@ namespace {
 
 constexpr int exitRefused = 2;
 
-QStringList wordsOf(int argc, char* argv[])
+int refuse(const QString& text, const QString& hint = QString())
 {
-    QStringList result;
-    for (int i = 0; i < argc; ++i) {
-        result.append(QString::fromLocal8Bit(argv[i]));
-    }
-    return result;
-}
-
-int refuse(const QString& text)
-{
-    std::fprintf(stderr, "kestdesk: %s\nTry \"kestdesk --help\".\n", qPrintable(text));
+    Complaints::printRefusal(text, hint);
     return exitRefused;
 }
 
@@ -51,7 +45,7 @@ int showWindow(const CommandLine& commandLine)
     return QApplication::exec();
 }
 
-int follow(const CommandLine& commandLine)
+int follow(const CommandLine& commandLine, const QString& hint)
 {
     switch (commandLine.request) {
     case CommandLine::Request::ShowText:
@@ -68,31 +62,28 @@ int follow(const CommandLine& commandLine)
     case CommandLine::Request::Refuse:
         break;
     }
-    return refuse(commandLine.text);
+    return refuse(commandLine.text, hint);
 }
 
 } // namespace
 
 int main(int argc, char* argv[])
 {
-    const bool isWindow = CommandLine::asksForWindow(wordsOf(argc, argv));
-    if (isWindow && !Display::exists()) {
+    using ApplicationStart::Surroundings;
+    QCoreApplication::setApplicationName(QStringLiteral("kestdesk"));
+    QCoreApplication::setApplicationVersion(QStringLiteral(KESTDESK_VERSION));
+    suite::ProgramArguments arguments(argc, argv);
+    const bool isWindow = CommandLine::asksForWindow(arguments.words());
+    const std::unique_ptr<QCoreApplication> application = ApplicationStart::make(
+        isWindow ? Surroundings::Window : Surroundings::Terminal, arguments);
+    if (!application) {
         return refuse(QStringLiteral("there is no display for the window; --non-interactive runs "
                                      "models in this terminal"));
     }
-    QCoreApplication::setAttribute(Qt::AA_EnableHighDpiScaling);
-    QCoreApplication::setAttribute(Qt::AA_UseHighDpiPixmaps);
-    QGuiApplication::setHighDpiScaleFactorRoundingPolicy(
-        Qt::HighDpiScaleFactorRoundingPolicy::PassThrough);
-    const std::unique_ptr<QCoreApplication> application =
-        isWindow ? std::make_unique<QApplication>(argc, argv)
-                 : std::make_unique<QCoreApplication>(argc, argv);
-    QCoreApplication::setApplicationName(QStringLiteral("kestdesk"));
-    QCoreApplication::setApplicationVersion(QStringLiteral(KESTDESK_VERSION));
     QLoggingCategory::setFilterRules(QStringLiteral("default.debug=false"));
 
     Environment::complete();
     const Services services({QStringLiteral("kestdesk"), QStringLiteral("models/dipole.nec")},
                             !isWindow);
-    return follow(CommandLine::parsed(QCoreApplication::arguments()));
+    return follow(CommandLine::parsed(arguments.words()), arguments.hint());
 }

@@ -14,7 +14,7 @@ namespace {
 constexpr uint zeroWidthNonJoiner = 0x200c;
 constexpr uint zeroWidthJoiner = 0x200d;
 
-bool isWithoutLook(uint code)
+bool isInvisible(uint code)
 {
     switch (QChar::category(code)) {
     case QChar::Other_Format:
@@ -35,7 +35,7 @@ bool isControl(uint code)
 bool isPlain(QChar character)
 {
     const uint code = character.unicode();
-    return !character.isSurrogate() && !isControl(code) && !isWithoutLook(code);
+    return !character.isSurrogate() && !isControl(code) && !isInvisible(code);
 }
 
 // In place of a character that is not plain; the character itself where nothing is wrong with it.
@@ -48,7 +48,7 @@ QString shown(const QString& character, uint code)
     if (isControl(code) || QChar::isSurrogate(code)) {
         return QString(QChar::ReplacementCharacter);
     }
-    if (isWithoutLook(code)) {
+    if (isInvisible(code)) {
         return QStringLiteral("<U+%1>").arg(QString::number(code, 16).toUpper(), 4,
                                             QLatin1Char('0'));
     }

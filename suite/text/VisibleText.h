@@ -6,10 +6,10 @@
 namespace suite {
 
 /// Text from outside (a file's name, what another program prints) as it is shown in a terminal or a
-/// window. Characters that would steer the line instead of being seen become visible: control
-/// characters as U+FFFD, those that turn the direction of writing and others without a look of
-/// their own as "<U+202E>", and bytes that are not UTF-8 (see FileName::fromNative()) as "\xFF".
-/// Tabs, and the joiners that scripts and emoji need, stay.
+/// window. Characters that steer the line instead of being seen become visible: control characters
+/// as U+FFFD, invisible ones, such as those that turn the direction of writing, as "<U+202E>", and
+/// bytes that are not UTF-8 (see FileName::fromNative()) as "\xFF". Tabs stay, and so do the joiners
+/// that scripts and emoji need.
 ///
 /// The result is for reading only: a file is opened by the name that it has.
 QString visibleText(const QString& text);

@@ -1,6 +1,7 @@
 #include "SuiteRun.h"
 
 #include <NativeRun.h>
+#include <TerminalRun.h>
 
 #include <QDir>
 #include <QTemporaryDir>
@@ -146,6 +147,20 @@ private Q_SLOTS:
             run(prekestProgram(), {text("right\u2067.nec"), text("--run-from-gui")});
         QCOMPARE(missing.bodies(text("error")),
                  QStringList{text("ERROR 2011: right<U+2067>.nec: there is no such model file")});
+    }
+
+    // Where nobody opens them.
+    void terminalShowsTheNamesOfFiles()
+    {
+        const QString name = text(overriding);
+        writeModel(name);
+        QProcessEnvironment environment = environmentWith(text("LC_ALL"), text("C.UTF-8"));
+        const TerminalRun run = TerminalRun::of(runkestProgram(), {m_folder->filePath(name)},
+                                                environment.toStringList());
+        QCOMPARE(run.exitCode, 0);
+        const QString output = QString::fromUtf8(run.output);
+        QVERIFY2(output.contains(text("left<U+202E>gnp.csv")), run.output.constData());
+        QVERIFY(!output.contains(QChar(0x202e)));
     }
 
     void nameThatIsNoTextIsTold_data()

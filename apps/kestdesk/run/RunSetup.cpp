@@ -3,6 +3,8 @@
 #include "BatchRunner.h"
 #include "Installation.h"
 
+#include <FileName.h>
+
 #include <common_CommonSettingsSet.h>
 
 #include <QDir>
@@ -15,7 +17,7 @@ namespace {
 QString missingMachinesFile(const common_ProcessRunnerBase& runner)
 {
     const QStringList arguments = runner.getArguments();
-    const int option = arguments.indexOf(QStringLiteral("--machines-file"));
+    const int option = arguments.indexOf(QStringLiteral("--machines-file"), 1); // behind the model
     if (option < 0) {
         return QString();
     }
@@ -26,6 +28,11 @@ QString missingMachinesFile(const common_ProcessRunnerBase& runner)
 // What is missing before anything can be set up; empty when nothing is.
 QString missingPart(const Component& component, const QFileInfo& model)
 {
+    const QString nameProblem =
+        suite::FileName::problem(suite::FileName::absolute(model.filePath()));
+    if (!nameProblem.isEmpty()) {
+        return QStringLiteral("the model %1 cannot be run: %2").arg(model.filePath(), nameProblem);
+    }
     if (!model.exists()) {
         return QStringLiteral("there is no model %1").arg(model.filePath());
     }

@@ -1,13 +1,15 @@
 #include "RunTableModel.h"
 
 #include "RunTimes.h"
+#include "ToolTip.h"
 #include "WindowRun.h"
+
+#include <VisibleText.h>
 
 #include <common_IIconUtility.h>
 #include <common_ServiceOf.h>
 
 #include <QDir>
-#include <QFileInfo>
 #include <QIcon>
 
 #include <algorithm>
@@ -32,7 +34,7 @@ QString remainingText(const WindowRun& run)
 
 // clang-format off
 const ColumnRow columns[RunTableModel::ColumnCount] = {
-    {"Model",     false, [](const WindowRun& run) { return QFileInfo(run.model()).fileName(); }},
+    {"Model",     false, [](const WindowRun& run) { return suite::visibleFileName(run.model()); }},
     {"Component", false, [](const WindowRun& run) { return run.componentName(); }},
     {"State",     false, [](const WindowRun& run) { return run.stateText(); }},
     {"Progress",  true,  [](const WindowRun& run) { return QStringLiteral("%1 %").arg(run.totalPercentage()); }},
@@ -112,7 +114,7 @@ QVariant RunTableModel::data(const QModelIndex& index, int role) const
     case Qt::DisplayRole:
         return column.text(*shown);
     case Qt::ToolTipRole:
-        return QDir::toNativeSeparators(shown->model());
+        return ToolTip::of(QDir::toNativeSeparators(shown->model()));
     case Qt::TextAlignmentRole:
         return int(Qt::AlignVCenter | (column.isNumber ? Qt::AlignRight : Qt::AlignLeft));
     case Qt::DecorationRole:

@@ -3,6 +3,8 @@
 #include "RunResults.h"
 #include "RunSetup.h"
 
+#include <VisibleText.h>
+
 #include <common_CommonSettingsSet.h>
 #include <common_HelpClient.h>
 #include <common_KestProcessDialog.h>
@@ -41,6 +43,7 @@ bool isOfTerminated(int exitCode)
 // As a sentence.
 void tellNotStarted(QString complaint, QWidget* window)
 {
+    complaint = suite::visibleText(complaint);
     complaint[0] = complaint.at(0).toUpper();
     common_UserQuery(QStringLiteral("Run not started"), complaint + QLatin1Char('.'),
                      common_UserQuery::Error, window, QString())

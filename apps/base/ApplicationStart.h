@@ -1,0 +1,35 @@
+#ifndef APPLICATIONSTART_H
+#define APPLICATIONSTART_H
+
+#include <QStringList>
+
+#include <memory>
+
+class QCoreApplication;
+
+namespace suite {
+class ProgramArguments;
+}
+
+/// The beginning of an application's main function: an application object that fits what it is asked
+/// for.
+namespace ApplicationStart {
+
+/// What the application needs around it.
+enum class Surroundings {
+    Terminal, ///< nothing but its standard streams
+    Picture,  ///< windows that nobody sees
+    Window,   ///< a display
+};
+
+/// For a command line that the application cannot follow. Qt's own options are mistakes until an
+/// application object for windows has taken them out; all others are told of in the terminal.
+Surroundings surroundingsOfMistake(const QStringList& words);
+
+/// Null where a display is needed and there is none: Qt would end the program.
+std::unique_ptr<QCoreApplication> make(Surroundings surroundings,
+                                       suite::ProgramArguments& arguments);
+
+} // namespace ApplicationStart
+
+#endif
