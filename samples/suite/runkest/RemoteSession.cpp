@@ -142,7 +142,7 @@ void RemoteSession::endRun()
     if (m_isStopping) {
         return;
     }
-    if (!m_run->isSuccess() && m_run->exitStatus() == QProcess::CrashExit) {
+    if (!m_run->hasEndedByItself()) {
         m_channel.send(
             Frame::of(Frame::Type::Failure, QStringLiteral("lost the run, ") + m_run->error()));
     }
