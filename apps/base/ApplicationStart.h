@@ -1,6 +1,7 @@
 #ifndef APPLICATIONSTART_H
 #define APPLICATIONSTART_H
 
+#include <QString>
 #include <QStringList>
 
 #include <memory>
@@ -11,8 +12,8 @@ namespace suite {
 class ProgramArguments;
 }
 
-/// The beginning of an application's main function: an application object that fits what it is asked
-/// for.
+/// The beginning of an application's main function: an application object that fits what it is
+/// asked for.
 namespace ApplicationStart {
 
 /// What the application needs around it.
@@ -26,7 +27,12 @@ enum class Surroundings {
 /// application object for windows has taken them out; all others are told of in the terminal.
 Surroundings surroundingsOfMistake(const QStringList& words);
 
-/// Null where a display is needed and there is none: Qt would end the program.
+/// Why the application cannot start in these surroundings; empty when it can. The alternative is
+/// what the user can do where there is no display.
+QString problem(Surroundings surroundings, const QString& alternative);
+
+/// The application object. There must be no problem: Qt would end the program, or write into the
+/// root folder.
 std::unique_ptr<QCoreApplication> make(Surroundings surroundings,
                                        suite::ProgramArguments& arguments);
 

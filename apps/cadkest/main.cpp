@@ -55,11 +55,12 @@ int main(int argc, char* argv[])
     if (!isWindow) {
         suite::setupComponent();
     }
-    const auto application = ApplicationStart::make(surroundings, arguments);
-    if (!application) {
-        return refuse(QStringLiteral("there is no display for the window; --non-interactive makes "
-                                     "a picture without one"));
+    const QString problem = ApplicationStart::problem(
+        surroundings, QStringLiteral("--non-interactive makes a picture without one"));
+    if (!problem.isEmpty()) {
+        return refuse(problem);
     }
+    const auto application = ApplicationStart::make(surroundings, arguments);
     const Services services({QStringLiteral("cadkest"), QStringLiteral("models/dipole.nec")},
                             !isWindow);
     const CommandLine commandLine = CommandLine::parsed(arguments.words());

@@ -71,11 +71,12 @@ int main(int argc, char* argv[])
     QCoreApplication::setApplicationVersion(QStringLiteral(EDITKEST_VERSION));
     suite::ProgramArguments arguments(argc, argv);
     const Surroundings surroundings = surroundingsFor(arguments.words());
-    const auto application = ApplicationStart::make(surroundings, arguments);
-    if (!application) {
-        return refuse(QStringLiteral("there is no display for the window; --non-interactive checks "
-                                     "models in this terminal"));
+    const QString problem = ApplicationStart::problem(
+        surroundings, QStringLiteral("--non-interactive checks models in this terminal"));
+    if (!problem.isEmpty()) {
+        return refuse(problem);
     }
+    const auto application = ApplicationStart::make(surroundings, arguments);
     const Services services({QStringLiteral("editkest"), QStringLiteral("models/dipole.nec")},
                             surroundings != Surroundings::Window);
     const CommandLine commandLine = CommandLine::parsed(arguments.words());

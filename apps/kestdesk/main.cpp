@@ -74,12 +74,13 @@ int main(int argc, char* argv[])
     QCoreApplication::setApplicationVersion(QStringLiteral(KESTDESK_VERSION));
     suite::ProgramArguments arguments(argc, argv);
     const bool isWindow = CommandLine::asksForWindow(arguments.words());
-    const std::unique_ptr<QCoreApplication> application = ApplicationStart::make(
-        isWindow ? Surroundings::Window : Surroundings::Terminal, arguments);
-    if (!application) {
-        return refuse(QStringLiteral("there is no display for the window; --non-interactive runs "
-                                     "models in this terminal"));
+    const Surroundings surroundings = isWindow ? Surroundings::Window : Surroundings::Terminal;
+    const QString problem = ApplicationStart::problem(
+        surroundings, QStringLiteral("--non-interactive runs models in this terminal"));
+    if (!problem.isEmpty()) {
+        return refuse(problem);
     }
+    const auto application = ApplicationStart::make(surroundings, arguments);
     QLoggingCategory::setFilterRules(QStringLiteral("default.debug=false"));
 
     Environment::complete();

@@ -81,11 +81,12 @@ int main(int argc, char* argv[])
     QCoreApplication::setApplicationVersion(QStringLiteral(POSTKEST_VERSION));
     suite::ProgramArguments arguments(argc, argv);
     const Surroundings surroundings = surroundingsFor(arguments.words());
-    const auto application = ApplicationStart::make(surroundings, arguments);
-    if (!application) {
-        return refuse(QStringLiteral("there is no display for the window; --non-interactive writes "
-                                     "charts without one"));
+    const QString problem = ApplicationStart::problem(
+        surroundings, QStringLiteral("--non-interactive writes charts without one"));
+    if (!problem.isEmpty()) {
+        return refuse(problem);
     }
+    const auto application = ApplicationStart::make(surroundings, arguments);
     const Services services({QStringLiteral("postkest"), QString()},
                             surroundings != Surroundings::Window);
     const CommandLine commandLine = CommandLine::parsed(arguments.words());

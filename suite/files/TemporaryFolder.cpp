@@ -15,14 +15,9 @@ bool isChosen()
 
 } // namespace
 
-TemporaryFolder::TemporaryFolder(const QString& name)
+TemporaryFolder::TemporaryFolder(const QString& name) : m_error(placeProblem())
 {
-    const QFileInfo info(place());
-    if (!info.exists()) {
-        m_error = unusable(QStringLiteral("it does not exist"));
-    } else if (!info.isDir()) {
-        m_error = unusable(QStringLiteral("it is not a folder"));
-    } else {
+    if (m_error.isEmpty()) {
         m_folder.emplace(QDir(place()).filePath(name + QStringLiteral("-XXXXXX")));
         if (!m_folder->isValid()) {
             m_error = unusable(m_folder->errorString());
@@ -46,6 +41,15 @@ QString TemporaryFolder::place()
     return isChosen() ? QDir::cleanPath(
                             QDir::current().absoluteFilePath(QFile::decodeName(qgetenv("TMPDIR"))))
                       : QDir::tempPath();
+}
+
+QString TemporaryFolder::placeProblem()
+{
+    const QFileInfo info(place());
+    if (!info.exists()) {
+        return unusable(QStringLiteral("it does not exist"));
+    }
+    return info.isDir() ? QString() : unusable(QStringLiteral("it is not a folder"));
 }
 
 QString TemporaryFolder::writeProblem(const QString& folder)

@@ -32,7 +32,8 @@ class tst_without_display : public QObject
 private:
     QTemporaryDir m_folder;
 
-    Result run(const QString& program, const QStringList& arguments) const
+    Result run(const QString& program, const QStringList& arguments,
+               const QMap<QString, QString>& variables = {}) const
     {
         QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
         for (const char* const name : {"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM",
@@ -41,6 +42,9 @@ private:
         }
         environment.insert(text("KEST_USER_HOME"), m_folder.path());
         environment.insert(text("LC_ALL"), text("C.UTF-8"));
+        for (auto variable = variables.begin(); variable != variables.end(); ++variable) {
+            environment.insert(variable.key(), variable.value());
+        }
         QProcess process;
         process.setProcessEnvironment(environment);
         process.setWorkingDirectory(m_folder.path());
@@ -112,6 +116,24 @@ private Q_SLOTS:
         QCOMPARE(result.exitCode, 2);
         QVERIFY2(result.errors.contains(text("there is no display")), qPrintable(result.errors));
         QCOMPARE(result.output, QString());
+    }
+
+    // Qt would take the root folder, and make folders of its own there.
+    void missingTemporaryFolderIsTold_data() { addRows({{text("model")}}); }
+
+    void missingTemporaryFolderIsTold()
+    {
+        QFETCH(QString, program);
+        QFETCH(QStringList, arguments);
+        const QStringList before = QDir(text("/")).entryList();
+        const Result result = run(program, arguments,
+                                  {{text("QT_QPA_PLATFORM"), text("offscreen")},
+                                   {text("TMPDIR"), text("/no such folder")}});
+        QCOMPARE(QDir(text("/")).entryList(), before);
+        QCOMPARE(result.exitCode, 2);
+        QVERIFY2(result.errors.contains(text("the temporary folder '/no such folder' cannot be "
+                                             "used, it does not exist (TMPDIR names it)")),
+                 qPrintable(result.errors));
     }
 
     void mistakesAreTold_data() { addRows({{text("--nonsense")}, {text("--help=5")}}); }
