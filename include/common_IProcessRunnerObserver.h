@@ -26,8 +26,8 @@ public:
     /// The child printed something. The message lives for this call only.
     virtual void onProcessMessageReceived(const common_IProcessMessage& message) = 0;
 
-    /// The child has ended and everything that it printed was told. The exit code was told before;
-    /// the run's temporary files are still there.
+    /// The child has ended and every line that it completed was told. The exit code was told
+    /// before; the run's temporary files are still there.
     virtual void onProcessDone() = 0;
 
     /// The exit code, just before onProcessDone() or onFailedProcessStarted().

@@ -20,7 +20,7 @@ class QProgressBar;
 class QPushButton;
 
 /// The window that shows a running solver component: its progress, its command line, how many
-/// numbered notices and warnings it has printed, and on demand everything that it has printed.
+/// numbered notices and warnings it has printed, and on demand its output.
 ///
 /// Make it with new, then start the runner: the dialog shows itself when the process has started,
 /// unless the application is non-interactive, and deletes itself when it is closed. Closing it

@@ -15,12 +15,14 @@
 ///     -*-error-*-             Error, the body as it is
 ///     -*-warning-*-           Warning, the body as it is
 ///     -*-notice-*-            Notice, the body as it is
-///     -*-percentage-*-        Percentage, the number in front of the first "%" (at most 3 digits)
+///     -*-percentage-*-        Percentage, the number in front of the first "%" (its last 3 digits)
 ///     -*-total-percentage-*-  TotalPercentage, the same
 ///     -*-file-*-              File, the body trimmed
 ///     -*-variable-*-          Variable, the body trimmed
 ///     -*-linefeed-*-          LineFeed, no text
 ///     any other               Output, the body as it is
+///
+/// Without a "%" the whole body is the number of a percentage; what is not a number is 0.
 ///
 /// A value. Made for common_ProcessRunner, whose messages need the static parseOutput() and
 /// parseError().
@@ -39,8 +41,9 @@ public:
     /// Line ends are removed first. A blank chunk holds no message; one without a marker is one
     /// Output message, not trimmed. Text in front of the first marker is dropped. A marker without
     /// a body repeats the nearest body before it in the chunk. Nothing is remembered from one
-    /// chunk to the next, so a marker that is cut between two is not recognised. The texts that
-    /// the parallel runtime prints when it closes its sockets are removed without a trace.
+    /// chunk to the next, so a marker that is cut between two is not recognised. Six texts that
+    /// the parallel runtime prints when it closes its sockets are removed; what stands around them
+    /// stays, and a chunk that held nothing else is one empty Output message.
     static QVector<common_KestProcessMessage> parseOutput(const QString& text);
 
     /// The same as parseOutput(): components mark their errors themselves, on either channel.

@@ -25,9 +25,14 @@ class QProcess;
 /// Runs one program as a child process and tells its observers what becomes of it.
 ///
 /// What the child prints is read line by line on either channel; common_ProcessRunner turns the
-/// lines into messages. A run goes: set up, run(), started or failed to start, messages, exit code
-/// and end. After that the runner may be set up and run again. Everything happens on the thread
-/// that made the runner, through its event loop; the setters assert that no child is running.
+/// lines into messages. Only whole lines are told: what stands behind the last line end when the
+/// child ends is not. Lines are taken for UTF-8; a line of more than 1023 bytes comes in pieces of
+/// that size, each decoded by itself. Bytes that are not UTF-8 become Unicode's replacement
+/// character, and so do those of a character that is cut between two pieces; a byte order mark at
+/// the beginning of a piece is dropped. A run goes: set up, run(), started or failed to start,
+/// messages, exit code and end. After that the runner may be set up and run again. Everything
+/// happens on the thread that made the runner, through its event loop; the setters assert that no
+/// child is running.
 ///
 /// Hold a runner by common_ActivePtr: then a callback may let go of it. An observer may stop
 /// observing in a callback, but must not make another one stop whose turn is still to come.
@@ -37,9 +42,10 @@ class QProcess;
 /// Only the child itself is followed. Processes that it starts survive stopProcess() unless the
 /// child ends them, and what they print after the child has ended is lost.
 ///
-/// With the environment variable DUMP_KERNEL_STDOUT_STDERR naming a directory, everything that is
-/// read is also appended to a log file there, named after the first argument, or after the
-/// executable where there is none, with ".log" added. A log that cannot be written is not reported.
+/// With the environment variable DUMP_KERNEL_STDOUT_STDERR naming a directory, every line that is
+/// told is also appended to a log file there, as it was decoded, named after the first argument, or
+/// after the executable where there is none, with ".log" added. A log that cannot be written is not
+/// reported.
 class KEST_COMMON_EXPORT common_ProcessRunnerBase
     : public common_ObservableVia<common_IProcessRunnerObserver>,
       public common_IProcessRunnerMediatorObserver
@@ -130,8 +136,8 @@ public:
     int getRefCount() const { return m_refCount.value(); }
 
 protected:
-    /// A line of standard output, line end included, or a piece of at most 1023 bytes of a longer
-    /// one.
+    /// A line of standard output, line end included, or a piece of 1023 bytes of a longer one, or
+    /// the rest of that.
     virtual void onOutputRecieved(const QString& line) = 0;
 
     /// The same of standard error.

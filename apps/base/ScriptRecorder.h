@@ -20,6 +20,8 @@ public:
                        const QString& command) override;
 
 private:
+    void complain(const QString& reason) const;
+
     QString m_applicationName;
     QString m_fileName;
 };

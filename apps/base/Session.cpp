@@ -1,5 +1,7 @@
 #include "Session.h"
 
+#include <VisibleText.h>
+
 #include <common_UserMessage.h>
 
 #include <QMessageBox>
@@ -18,7 +20,7 @@ void Session::showUserMessage(common_ActivePtr<common_UserMessage> message, QWid
 {
     if (m_nonInteractive) {
         std::fprintf(stderr, "%s: %s (%s)\n", qPrintable(m_applicationName),
-                     qPrintable(message->text()), qPrintable(message->code()));
+                     qPrintable(suite::visibleLines(message->text())), qPrintable(message->code()));
         return;
     }
     QMessageBox box(icons[message->type()], QStringLiteral("Kest"), message->text(),

@@ -3,7 +3,6 @@
 #include <QCommandLineParser>
 
 #include <algorithm>
-#include <cstring>
 #include <optional>
 
 namespace cad {
@@ -143,18 +142,16 @@ void readModel(const QCommandLineParser& parser, CommandLine& result)
     }
 }
 
-} // namespace
-
-CommandLine CommandLine::parsed(const QStringList& arguments)
+// All but the help text.
+CommandLine read(QCommandLineParser& parser, const QStringList& arguments)
 {
+    using Request = CommandLine::Request;
     CommandLine result;
-    QCommandLineParser parser;
     addOptions(parser);
     if (!parser.parse(arguments)) {
         result.text = parser.errorText();
     } else if (parser.isSet(QStringLiteral("help")) || parser.isSet(QStringLiteral("help-all"))) {
         result.request = Request::ShowText;
-        result.text = parser.helpText();
     } else if (parser.isSet(QStringLiteral("version"))) {
         result.request = Request::ShowText;
         result.text = QStringLiteral("cadkest " CADKEST_VERSION "\n");
@@ -166,15 +163,22 @@ CommandLine CommandLine::parsed(const QStringList& arguments)
     return result;
 }
 
-bool CommandLine::isNonInteractive(int argc, char* argv[])
+} // namespace
+
+CommandLine CommandLine::parsed(const QStringList& arguments)
 {
-    static constexpr const char* names[] = {"--non-interactive", "--help",    "-h",
-                                            "--help-all",        "--version", "-v"};
-    return std::any_of(argv + 1, argv + argc, [](const char* argument) {
-        return std::any_of(std::begin(names), std::end(names), [argument](const char* name) {
-            return std::strcmp(argument, name) == 0;
-        });
-    });
+    QCommandLineParser parser;
+    CommandLine result = read(parser, arguments);
+    if (result.request == Request::ShowText && result.text.isEmpty()) {
+        result.text = parser.helpText();
+    }
+    return result;
+}
+
+CommandLine::Request CommandLine::requestOf(const QStringList& arguments)
+{
+    QCommandLineParser parser;
+    return read(parser, arguments).request;
 }
 
 } // namespace cad

@@ -22,12 +22,12 @@ struct CommandLine
     Direction direction = Direction::Isometric;
     bool isDark = false;
 
-    /// The arguments include the program's name.
+    /// The arguments include the program's name. Needs an application object, which helpText()
+    /// names the program by.
     static CommandLine parsed(const QStringList& arguments);
 
-    /// Whether there is to be no window: known before anything else, since it decides which display
-    /// is opened.
-    static bool isNonInteractive(int argc, char* argv[]);
+    /// The request alone, which decides what application object is needed.
+    static Request requestOf(const QStringList& arguments);
 };
 
 } // namespace cad

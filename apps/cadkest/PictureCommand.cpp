@@ -7,6 +7,7 @@
 #include <MarkerPrinter.h>
 #include <ModelFile.h>
 #include <Preprocessor.h>
+#include <VisibleText.h>
 
 #include <QDir>
 #include <QFileInfo>
@@ -43,8 +44,9 @@ int makePicture(const CommandLine& commandLine)
     const QString path = commandLine.output.isEmpty()
                              ? modelFile.resultPath(QStringLiteral("png"))
                              : QFileInfo(commandLine.output).absoluteFilePath();
-    const QString error =
-        savePicture(drawnPicture(preprocessor.model(), modelFile.name(), commandLine), path);
+    const QString error = savePicture(
+        drawnPicture(preprocessor.model(), suite::visibleText(modelFile.name()), commandLine),
+        path);
     if (!error.isEmpty()) {
         findings.print(suite::FindingKind::ResultNotWritten, {error});
         return 1;

@@ -4,11 +4,14 @@
 #include "WindowCommand.h"
 
 #include <ApplicationIdentity.h>
-#include <Display.h>
+#include <ApplicationStart.h>
+#include <Complaints.h>
 #include <Services.h>
 #include <SuiteFolders.h>
 
 #include <ComponentSetup.h>
+
+#include <ProgramArguments.h>
 
 #include <QApplication>
 
@@ -16,56 +19,67 @@
 
 namespace {
 
-int refuse(const QString& text)
+using ApplicationStart::Surroundings;
+using cad::CommandLine;
+
+Surroundings surroundingsFor(const QStringList& words)
 {
-    std::fprintf(stderr, "cadkest: %s\nTry \"cadkest --help\".\n", qPrintable(text));
-    return 2;
+    switch (CommandLine::requestOf(words)) {
+    case CommandLine::Request::ShowWindow:
+    case CommandLine::Request::TryHardware:
+        return Surroundings::Window;
+    case CommandLine::Request::MakePicture:
+        return Surroundings::Picture; // whatever display there is or is not
+    case CommandLine::Request::ShowText:
+        return Surroundings::Terminal;
+    case CommandLine::Request::Refuse:
+        break;
+    }
+    return ApplicationStart::surroundingsOfMistake(words);
 }
 
-void setUpPixels()
+int refuse(const QString& text, const QString& hint = QString())
 {
-    QCoreApplication::setAttribute(Qt::AA_EnableHighDpiScaling);
-    QCoreApplication::setAttribute(Qt::AA_UseHighDpiPixmaps);
-    QGuiApplication::setHighDpiScaleFactorRoundingPolicy(
-        Qt::HighDpiScaleFactorRoundingPolicy::PassThrough);
+    Complaints::printRefusal(text, hint);
+    return 2;
 }
 
 } // namespace
 
 int main(int argc, char* argv[])
 {
-    const bool isNonInteractive = cad::CommandLine::isNonInteractive(argc, argv);
-    if (isNonInteractive) {
+    QCoreApplication::setApplicationName(QStringLiteral("cadkest"));
+    QCoreApplication::setApplicationVersion(QStringLiteral(CADKEST_VERSION));
+    suite::ProgramArguments arguments(argc, argv);
+    const Surroundings surroundings = surroundingsFor(arguments.words());
+    const bool isWindow = surroundings == Surroundings::Window;
+    if (!isWindow) {
         suite::setupComponent();
-        qputenv("QT_QPA_PLATFORM", "offscreen"); // whatever display there is or is not
     }
-    if (!Display::exists()) {
-        return refuse(QStringLiteral("there is no display for the window; --non-interactive makes "
-                                     "a picture without one"));
-    }
-    setUpPixels();
-    const QApplication application(argc, argv);
-    QApplication::setApplicationName(QStringLiteral("cadkest"));
-    QApplication::setApplicationVersion(QStringLiteral(CADKEST_VERSION));
-
-    const Services services({QStringLiteral("cadkest"), QStringLiteral("models/dipole.nec")},
-                            isNonInteractive);
-    const cad::CommandLine commandLine = cad::CommandLine::parsed(QApplication::arguments());
-    const QString problem = SuiteFolders::problem();
-    if (!problem.isEmpty() && commandLine.request != cad::CommandLine::Request::ShowText) {
+    const QString problem = ApplicationStart::problem(
+        surroundings, QStringLiteral("--non-interactive makes a picture without one"));
+    if (!problem.isEmpty()) {
         return refuse(problem);
     }
+    const auto application = ApplicationStart::make(surroundings, arguments);
+    const Services services({QStringLiteral("cadkest"), QStringLiteral("models/dipole.nec")},
+                            !isWindow);
+    const CommandLine commandLine = CommandLine::parsed(arguments.words());
+    const QString folderProblem = SuiteFolders::problem();
+    if (!folderProblem.isEmpty() && commandLine.request != CommandLine::Request::ShowText) {
+        return refuse(folderProblem);
+    }
     switch (commandLine.request) {
-    case cad::CommandLine::Request::ShowText:
+    case CommandLine::Request::ShowText:
         std::fputs(qPrintable(commandLine.text), stdout);
         return 0;
-    case cad::CommandLine::Request::Refuse:
-        return refuse(commandLine.text);
-    case cad::CommandLine::Request::MakePicture:
+    case CommandLine::Request::Refuse:
+        return refuse(commandLine.text, arguments.hint());
+    case CommandLine::Request::MakePicture:
         return cad::makePicture(commandLine);
-    case cad::CommandLine::Request::TryHardware:
+    case CommandLine::Request::TryHardware:
         return cad::tryHardware();
-    case cad::CommandLine::Request::ShowWindow:
+    case CommandLine::Request::ShowWindow:
         break;
     }
     return cad::showWindow(commandLine);

@@ -1,7 +1,8 @@
 #include "DeckFile.h"
 
+#include <InputFile.h>
+
 #include <QCryptographicHash>
-#include <QFile>
 #include <QFileInfo>
 #include <QSaveFile>
 #include <QTextCodec>
@@ -10,7 +11,8 @@
 
 namespace {
 
-constexpr qint64 largestDeck = 16 << 20; // bytes
+constexpr qint64 largestDeck = 16 << 20;   // bytes
+constexpr qint64 largestSaved = 512 << 20; // bytes; what was typed may be more than can be opened
 constexpr const char* utf8 = "UTF-8";
 const QByteArray byteOrderMark = QByteArrayLiteral("\xef\xbb\xbf");
 
@@ -61,22 +63,12 @@ bool canBeShown(const QString& text)
 
 bool DeckFile::load(const QString& path)
 {
-    const QFileInfo info(path);
-    QFile file(path);
-    if (info.isDir()) {
-        return fail(QStringLiteral("it is a folder"));
+    suite::InputFile file(path);
+    const std::optional<QByteArray> bytes = file.read(largestDeck);
+    if (!bytes) {
+        return fail(file.reason());
     }
-    if (info.exists() && !info.isFile()) {
-        return fail(QStringLiteral("it is no ordinary file")); // to read it might never end
-    }
-    if (!file.open(QIODevice::ReadOnly)) {
-        return fail(file.errorString());
-    }
-    const QByteArray bytes = file.read(largestDeck + 1);
-    if (bytes.size() > largestDeck) {
-        return fail(QStringLiteral("it is larger than a deck can be"));
-    }
-    if (!decode(bytes)) {
+    if (!decode(*bytes)) {
         return fail(QStringLiteral("it holds characters that are no text"));
     }
     m_path = path;
@@ -93,7 +85,7 @@ bool DeckFile::save(const QString& path, const QString& text)
     }
     const QFileInfo old(path);
     if (old.exists() && !old.isFile()) {
-        return fail(QStringLiteral("it is no ordinary file"));
+        return fail(QStringLiteral("it is not a regular file"));
     }
     const QByteArray content = bytes(text);
     QSaveFile file(path);
@@ -161,7 +153,6 @@ bool DeckFile::decode(const QByteArray& bytes)
 
 QByteArray DeckFile::fingerprint(const QString& path)
 {
-    QFile file(path);
-    QCryptographicHash hash(QCryptographicHash::Sha256);
-    return file.open(QIODevice::ReadOnly) && hash.addData(&file) ? hash.result() : QByteArray();
+    const std::optional<QByteArray> content = suite::InputFile(path).read(largestSaved);
+    return content ? QCryptographicHash::hash(*content, QCryptographicHash::Sha256) : QByteArray();
 }

@@ -4,6 +4,7 @@
 #include "DeckEditor.h"
 #include "DeckHighlighter.h"
 #include "HelpMenu.h"
+#include "OpenDialog.h"
 #include "WindowGeometry.h"
 
 #include <common_HelpClient.h>
@@ -13,11 +14,12 @@
 #include <common_UserQuery.h>
 #include <common_recent_file_settings.h>
 
+#include <FileName.h>
 #include <ModelFile.h>
+#include <VisibleText.h>
 
 #include <QAction>
 #include <QCloseEvent>
-#include <QDir>
 #include <QDockWidget>
 #include <QFileDialog>
 #include <QFileInfo>
@@ -61,7 +63,7 @@ QIcon severityIcon(suite::Severity severity)
 QString droppedFile(const QMimeData& data)
 {
     const QList<QUrl> urls = data.urls();
-    return urls.size() == 1 ? urls.first().toLocalFile() : QString();
+    return urls.size() == 1 ? suite::FileName::fromUrl(urls.first()) : QString();
 }
 
 bool isYes(common_UserQuery& query)
@@ -159,7 +161,7 @@ void EditorWindow::listRecentFiles(QMenu& menu)
     menu.clear();
     const QStringList files = m_settings.recentFiles()->recentFiles();
     for (const QString& file : files) {
-        QString shown = file;
+        QString shown = suite::visibleText(file);
         shown.replace(QLatin1Char('&'), QStringLiteral("&&"));
         menu.addAction(shown, this, [this, file] { openDeck(file); });
     }
@@ -167,8 +169,8 @@ void EditorWindow::listRecentFiles(QMenu& menu)
 
 void EditorWindow::chooseDeck()
 {
-    const QString path = QFileDialog::getOpenFileName(
-        this, QStringLiteral("Open a model"), QFileInfo(m_file.path()).absolutePath(), deckFilter);
+    const QString path = OpenDialog::file(this, QStringLiteral("Open a model"),
+                                          QFileInfo(m_file.path()).absolutePath(), deckFilter);
     if (!path.isEmpty()) {
         openDeck(path);
     }
@@ -183,7 +185,7 @@ bool EditorWindow::openDeck(const QString& path)
     if (!m_file.load(absolute)) {
         common_UserQuery(QStringLiteral("Model not opened"),
                          QStringLiteral("%1\ncannot be edited: %2.")
-                             .arg(QDir::toNativeSeparators(absolute), m_file.error()),
+                             .arg(suite::visiblePath(absolute), m_file.error()),
                          common_UserQuery::Error, this, QString())
             .display();
         return false;
@@ -219,7 +221,7 @@ bool EditorWindow::saveTo(const QString& path)
     if (!m_file.save(path, m_editor->deck())) {
         common_UserQuery(QStringLiteral("Model not saved"),
                          QStringLiteral("%1\ncannot be written: %2.")
-                             .arg(QDir::toNativeSeparators(path), m_file.error()),
+                             .arg(suite::visiblePath(path), m_file.error()),
                          common_UserQuery::Error, this, QString())
             .display();
         return false;
@@ -297,14 +299,14 @@ bool EditorWindow::mayOverwrite()
     common_UserQuery query(QStringLiteral("The file has changed"),
                            QStringLiteral("%1\nwas changed by another program since it was opened "
                                           "here. Replace what that wrote?")
-                               .arg(QDir::toNativeSeparators(m_file.path())),
+                               .arg(suite::visiblePath(m_file.path())),
                            common_UserQuery::Warning, this, QString());
     return isYes(query);
 }
 
 void EditorWindow::updateTitle()
 {
-    QString name = QFileInfo(m_file.path()).fileName();
+    QString name = suite::visibleFileName(m_file.path());
     name.replace(QLatin1String("[*]"), QLatin1String("[*][*]")); // Qt's sign for changes
     setWindowTitle((name.isEmpty() ? QStringLiteral("New model") : name) +
                    QStringLiteral("[*] - editkest"));

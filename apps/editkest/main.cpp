@@ -1,6 +1,9 @@
+#include "CommandLine.h"
 #include "EditorWindow.h"
 
 #include <ApplicationIdentity.h>
+#include <ApplicationStart.h>
+#include <Complaints.h>
 #include <Services.h>
 #include <SuiteFolders.h>
 
@@ -9,30 +12,18 @@
 #include <ModelFile.h>
 #include <Preprocessor.h>
 
-#include <QApplication>
-#include <QCommandLineParser>
+#include <ProgramArguments.h>
 
-#include <algorithm>
+#include <QApplication>
+
 #include <cstdio>
-#include <cstring>
 
 namespace {
 
+using ApplicationStart::Surroundings;
+
 constexpr int exitErrors = 1;
 constexpr int exitBadCommandLine = 2;
-
-void addOptions(QCommandLineParser& parser)
-{
-    parser.setApplicationDescription(
-        QStringLiteral("Edits models and checks them while they are edited.\n\nExit code of "
-                       "--non-interactive: 0 no errors, 1 errors, 2 wrong command line."));
-    parser.addHelpOption();
-    parser.addVersionOption();
-    parser.addOption({QStringLiteral("non-interactive"),
-                      QStringLiteral("Check the models as prekest does, without a window.")});
-    parser.addPositionalArgument(QStringLiteral("model"), QStringLiteral("Model (*.nec)."),
-                                 QStringLiteral("[model...]"));
-}
 
 // True when there is nothing against the model.
 bool check(const QString& model)
@@ -46,10 +37,6 @@ bool check(const QString& model)
 
 int checkAll(const QStringList& models)
 {
-    if (models.isEmpty()) {
-        std::fputs("editkest: no model given\n", stderr);
-        return exitBadCommandLine;
-    }
     bool isGood = true;
     for (const QString& model : models) {
         isGood = check(model) && isGood;
@@ -57,58 +44,59 @@ int checkAll(const QStringList& models)
     return isGood ? 0 : exitErrors;
 }
 
-// These need no window, and so no display.
-bool isNonInteractive(int argc, char* argv[])
+Surroundings surroundingsFor(const QStringList& words)
 {
-    return std::any_of(argv + 1, argv + std::max(argc, 1), [](const char* argument) {
-        constexpr const char* words[] = {"--non-interactive", "--help", "-h", "--version", "-v"};
-        return std::any_of(std::begin(words), std::end(words), [argument](const char* word) {
-            return std::strcmp(argument, word) == 0;
-        });
-    });
+    switch (CommandLine::requestOf(words)) {
+    case CommandLine::Request::ShowWindow:
+        return Surroundings::Window;
+    case CommandLine::Request::CheckModels:
+    case CommandLine::Request::ShowText:
+        return Surroundings::Terminal;
+    case CommandLine::Request::Refuse:
+        break;
+    }
+    return ApplicationStart::surroundingsOfMistake(words);
 }
 
-int showWindow(const QStringList& models)
+int refuse(const QString& text, const QString& hint = QString())
 {
-    if (models.size() > 1) {
-        std::fputs("editkest: one model at a time in a window\n", stderr);
-        return exitBadCommandLine;
-    }
-    const QString problem = SuiteFolders::problem();
-    if (!problem.isEmpty()) {
-        std::fprintf(stderr, "editkest: %s\n", qPrintable(problem));
-        return exitBadCommandLine;
-    }
-    EditorWindow window(models.value(0));
-    window.show();
-    return QApplication::exec();
+    Complaints::printRefusal(text, hint);
+    return exitBadCommandLine;
 }
 
 } // namespace
 
 int main(int argc, char* argv[])
 {
-    const bool isBatch = isNonInteractive(argc, argv);
-    if (isBatch) {
-        qputenv("QT_QPA_PLATFORM", "offscreen");
-    }
-    QCoreApplication::setAttribute(Qt::AA_EnableHighDpiScaling);
-    QCoreApplication::setAttribute(Qt::AA_UseHighDpiPixmaps);
-    const QApplication application(argc, argv);
     QCoreApplication::setApplicationName(QStringLiteral("editkest"));
     QCoreApplication::setApplicationVersion(QStringLiteral(EDITKEST_VERSION));
-
-    const Services services({QStringLiteral("editkest"), QStringLiteral("models/dipole.nec")},
-                            isBatch);
-    QCommandLineParser parser;
-    addOptions(parser);
-    if (!parser.parse(QCoreApplication::arguments())) {
-        std::fprintf(stderr, "editkest: %s\nTry \"editkest --help\".\n",
-                     qPrintable(parser.errorText()));
-        return exitBadCommandLine;
+    suite::ProgramArguments arguments(argc, argv);
+    const Surroundings surroundings = surroundingsFor(arguments.words());
+    const QString problem = ApplicationStart::problem(
+        surroundings, QStringLiteral("--non-interactive checks models in this terminal"));
+    if (!problem.isEmpty()) {
+        return refuse(problem);
     }
-    parser.process(application); // the help and the version
-    return parser.isSet(QStringLiteral("non-interactive"))
-               ? checkAll(parser.positionalArguments())
-               : showWindow(parser.positionalArguments());
+    const auto application = ApplicationStart::make(surroundings, arguments);
+    const Services services({QStringLiteral("editkest"), QStringLiteral("models/dipole.nec")},
+                            surroundings != Surroundings::Window);
+    const CommandLine commandLine = CommandLine::parsed(arguments.words());
+    switch (commandLine.request) {
+    case CommandLine::Request::ShowText:
+        std::fputs(qPrintable(commandLine.text), stdout);
+        return 0;
+    case CommandLine::Request::Refuse:
+        return refuse(commandLine.text, arguments.hint());
+    case CommandLine::Request::CheckModels:
+        return checkAll(commandLine.models);
+    case CommandLine::Request::ShowWindow:
+        break;
+    }
+    const QString folderProblem = SuiteFolders::problem();
+    if (!folderProblem.isEmpty()) {
+        return refuse(folderProblem);
+    }
+    EditorWindow window(commandLine.models.value(0));
+    window.show();
+    return QApplication::exec();
 }

@@ -1,8 +1,9 @@
 #include "ApplicationIdentity.h"
+#include "ApplicationStart.h"
 #include "BatchSession.h"
 #include "CommandLine.h"
+#include "Complaints.h"
 #include "Component.h"
-#include "Display.h"
 #include "Environment.h"
 #include "MachinesCommand.h"
 #include "MachinesCopies.h"
@@ -13,6 +14,8 @@
 #include "SuiteFolders.h"
 
 #include <MarkedFolders.h>
+
+#include <ProgramArguments.h>
 
 #include <QApplication>
 #include <QLoggingCategory>
@@ -25,18 +28,9 @@ namespace {
 
 constexpr int exitRefused = 2;
 
-QStringList wordsOf(int argc, char* argv[])
+int refuse(const QString& text, const QString& hint = QString())
 {
-    QStringList result;
-    for (int i = 0; i < argc; ++i) {
-        result.append(QString::fromLocal8Bit(argv[i]));
-    }
-    return result;
-}
-
-int refuse(const QString& text)
-{
-    std::fprintf(stderr, "kestdesk: %s\nTry \"kestdesk --help\".\n", qPrintable(text));
+    Complaints::printRefusal(text, hint);
     return exitRefused;
 }
 
@@ -63,7 +57,7 @@ int showWindow(const CommandLine& commandLine)
     return QApplication::exec();
 }
 
-int follow(const CommandLine& commandLine)
+int follow(const CommandLine& commandLine, const QString& hint)
 {
     switch (commandLine.request) {
     case CommandLine::Request::ShowText:
@@ -81,36 +75,34 @@ int follow(const CommandLine& commandLine)
     case CommandLine::Request::Refuse:
         break;
     }
-    return refuse(commandLine.text);
+    return refuse(commandLine.text, hint);
 }
 
 } // namespace
 
 int main(int argc, char* argv[])
 {
-    const bool isWindow = CommandLine::asksForWindow(wordsOf(argc, argv));
-    if (isWindow && !Display::exists()) {
-        return refuse(QStringLiteral("there is no display for the window; --non-interactive runs "
-                                     "models in this terminal"));
-    }
-    QCoreApplication::setAttribute(Qt::AA_EnableHighDpiScaling);
-    QCoreApplication::setAttribute(Qt::AA_UseHighDpiPixmaps);
-    QGuiApplication::setHighDpiScaleFactorRoundingPolicy(
-        Qt::HighDpiScaleFactorRoundingPolicy::PassThrough);
-    const std::unique_ptr<QCoreApplication> application =
-        isWindow ? std::make_unique<QApplication>(argc, argv)
-                 : std::make_unique<QCoreApplication>(argc, argv);
+    using ApplicationStart::Surroundings;
     QCoreApplication::setApplicationName(QStringLiteral("kestdesk"));
     QCoreApplication::setApplicationVersion(QStringLiteral(KESTDESK_VERSION));
+    suite::ProgramArguments arguments(argc, argv);
+    const bool isWindow = CommandLine::asksForWindow(arguments.words());
+    const Surroundings surroundings = isWindow ? Surroundings::Window : Surroundings::Terminal;
+    const QString problem = ApplicationStart::problem(
+        surroundings, QStringLiteral("--non-interactive runs models in this terminal"));
+    if (!problem.isEmpty()) {
+        return refuse(problem);
+    }
+    const auto application = ApplicationStart::make(surroundings, arguments);
     QLoggingCategory::setFilterRules(QStringLiteral("default.debug=false"));
 
-    const CommandLine commandLine = CommandLine::parsed(QCoreApplication::arguments());
-    const QString problem = SuiteFolders::problem();
-    if (!problem.isEmpty() && commandLine.request != CommandLine::Request::ShowText) {
-        return refuse(problem);
+    const CommandLine commandLine = CommandLine::parsed(arguments.words());
+    const QString folderProblem = SuiteFolders::problem();
+    if (!folderProblem.isEmpty() && commandLine.request != CommandLine::Request::ShowText) {
+        return refuse(folderProblem);
     }
     Environment::complete();
     const Services services({QStringLiteral("kestdesk"), QStringLiteral("models/dipole.nec")},
                             !isWindow);
-    return follow(commandLine);
+    return follow(commandLine, arguments.hint());
 }

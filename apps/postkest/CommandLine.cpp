@@ -5,11 +5,9 @@
 #include <QRegularExpression>
 
 #include <algorithm>
-#include <cstring>
 
 namespace {
 
-constexpr const char* windowlessWords[] = {"--non-interactive", "--help", "-h", "--version", "-v"};
 constexpr int leastSide = 100;
 constexpr int mostSide = 10000;
 
@@ -50,12 +48,11 @@ QString defaultOutput(const QString& result)
     return file.path() + QLatin1Char('/') + file.completeBaseName() + QStringLiteral(".png");
 }
 
-} // namespace
-
-CommandLine CommandLine::parsed(const QStringList& arguments)
+// All but the help text.
+CommandLine read(QCommandLineParser& parser, const QStringList& arguments)
 {
+    using Request = CommandLine::Request;
     CommandLine result;
-    QCommandLineParser parser;
     addOptions(parser);
     if (!parser.parse(arguments)) {
         result.text = parser.errorText();
@@ -63,7 +60,6 @@ CommandLine CommandLine::parsed(const QStringList& arguments)
     }
     if (parser.isSet(QStringLiteral("help")) || parser.isSet(QStringLiteral("help-all"))) {
         result.request = Request::ShowText;
-        result.text = parser.helpText();
         return result;
     }
     if (parser.isSet(QStringLiteral("version"))) {
@@ -93,11 +89,20 @@ CommandLine CommandLine::parsed(const QStringList& arguments)
     return result;
 }
 
-bool CommandLine::isWithoutWindow(int argc, char* argv[])
+} // namespace
+
+CommandLine CommandLine::parsed(const QStringList& arguments)
 {
-    return std::any_of(argv + 1, argv + std::max(argc, 1), [](const char* argument) {
-        return std::any_of(
-            std::begin(windowlessWords), std::end(windowlessWords),
-            [argument](const char* word) { return std::strcmp(argument, word) == 0; });
-    });
+    QCommandLineParser parser;
+    CommandLine result = read(parser, arguments);
+    if (result.request == Request::ShowText && result.text.isEmpty()) {
+        result.text = parser.helpText();
+    }
+    return result;
+}
+
+CommandLine::Request CommandLine::requestOf(const QStringList& arguments)
+{
+    QCommandLineParser parser;
+    return read(parser, arguments).request;
 }

@@ -16,12 +16,12 @@ struct CommandLine
     QString output;
     QSize size;
 
-    /// The arguments include the program's name.
+    /// The arguments include the program's name. Needs an application object, which helpText()
+    /// names the program by.
     static CommandLine parsed(const QStringList& arguments);
 
-    /// Whether nothing of what the arguments ask for needs a display. Must be known before there is
-    /// an application object.
-    static bool isWithoutWindow(int argc, char* argv[]);
+    /// The request alone, which decides what application object is needed.
+    static Request requestOf(const QStringList& arguments);
 };
 
 #endif

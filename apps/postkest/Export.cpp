@@ -2,6 +2,9 @@
 
 #include "ResultView.h"
 
+#include <FileIdentity.h>
+#include <VisibleText.h>
+
 #include <QBuffer>
 #include <QFileInfo>
 #include <QLocale>
@@ -59,14 +62,11 @@ const struct { const char* suffix; QByteArray (*make)(ResultView& view, const QV
 };
 // clang-format on
 
-// Through whatever links lead to it; empty when there is no such file.
 bool isOneOf(const QString& path, const QVector<Result>& results)
 {
-    const QString file = QFileInfo(path).canonicalFilePath();
-    return !file.isEmpty() &&
-           std::any_of(results.begin(), results.end(), [&file](const Result& result) {
-               return QFileInfo(result.path).canonicalFilePath() == file;
-           });
+    return std::any_of(results.begin(), results.end(), [&path](const Result& result) {
+        return suite::isSameFile(path, result.path);
+    });
 }
 
 // A write that ends early does not tell why; the next one does.
@@ -81,22 +81,26 @@ QString save(const QString& path, const QByteArray& bytes)
 {
     const QFileInfo old(path);
     if (old.exists() && !old.isFile()) {
-        return QStringLiteral("%1 cannot be written: it is no ordinary file").arg(path);
+        return QStringLiteral("%1 cannot be written: it is not a regular file")
+            .arg(suite::visibleText(path));
     }
     QSaveFile file(path);
     if (!file.open(QIODevice::WriteOnly | QIODevice::Unbuffered) || !writeAll(file, bytes) ||
         !file.commit()) {
-        return QStringLiteral("%1 cannot be written: %2").arg(path, file.errorString());
+        return QStringLiteral("%1 cannot be written: %2")
+            .arg(suite::visibleText(path), file.errorString());
     }
     return QString();
 }
 
 } // namespace
 
-QString Export::write(const QString& path, ResultView& view, const QVector<Result>& results)
+QString Export::write(const QString& path, ResultView& view, const QVector<Result>& results,
+                      const QVector<Result>& others)
 {
-    if (isOneOf(path, results)) {
-        return QStringLiteral("%1 is a result that is shown: it is not overwritten").arg(path);
+    if (isOneOf(path, results) || isOneOf(path, others) || Result::isTable(path)) {
+        return QStringLiteral("%1 is a result of a run: it is not overwritten")
+            .arg(suite::visibleText(path));
     }
     const QString suffix = QFileInfo(path).suffix().toLower();
     for (const auto& format : formats) {
@@ -104,7 +108,7 @@ QString Export::write(const QString& path, ResultView& view, const QVector<Resul
             return save(path, format.make(view, results));
         }
     }
-    return QStringLiteral("%1 is neither .png nor .svg nor .csv").arg(path);
+    return QStringLiteral("%1 is neither .png nor .svg nor .csv").arg(suite::visibleText(path));
 }
 
 QByteArray Export::table(const QVector<Result>& results)

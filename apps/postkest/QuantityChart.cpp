@@ -171,7 +171,7 @@ void QuantityChart::show(const QVector<Result>& results, FrequencyWindow window)
 void QuantityChart::addCurves(const Result& result, const QColor& colour)
 {
     QVector<QPointF> run;
-    QString name = result.name();
+    QString name = result.shownName();
     const auto finishRun = [&] {
         if (!run.isEmpty()) {
             addCurve(run, colour, std::exchange(name, QString()));

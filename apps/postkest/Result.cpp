@@ -1,7 +1,9 @@
 #include "Result.h"
 
-#include <QDir>
-#include <QFile>
+#include <FileName.h>
+#include <InputFile.h>
+#include <VisibleText.h>
+
 #include <QFileInfo>
 #include <QtNumeric>
 
@@ -19,7 +21,7 @@ const QByteArray byteOrderMark = QByteArrayLiteral("\xef\xbb\xbf");
 QString excerpt(const QByteArray& line)
 {
     constexpr int mostShown = 60;
-    return QString::fromUtf8(line.left(mostShown));
+    return suite::visibleText(QString::fromUtf8(line.left(mostShown).trimmed()));
 }
 
 // A cell without a number: the run could not tell, or the ratio is infinite.
@@ -65,24 +67,19 @@ bool isEarlier(const ResultPoint& left, const ResultPoint& right)
 
 Result Result::read(const QString& path)
 {
-    const QFileInfo info(path);
-    QFile file(path);
-    Result result;
-    if (path.isEmpty()) {
-        result = failed(QStringLiteral("no file is named"));
-    } else if (info.isDir()) {
-        result = failed(QStringLiteral("it is a folder"));
-    } else if (info.exists() && !info.isFile()) {
-        result = failed(QStringLiteral("it is no ordinary file")); // to read it might never end
-    } else if (!file.open(QIODevice::ReadOnly)) {
-        result = failed(file.errorString());
-    } else if (file.size() > largestTable) {
-        result = failed(QStringLiteral("it is too large for a table of results"));
-    } else {
-        result = parsed(file.readAll());
-    }
-    result.path = info.absoluteFilePath();
+    suite::InputFile file(path);
+    const std::optional<QByteArray> content = file.read(largestTable);
+    Result result = content ? parsed(*content) : failed(file.reason());
+    result.path = suite::FileName::absolute(path);
     return result;
+}
+
+bool Result::isTable(const QString& path)
+{
+    const QByteArray start = suite::InputFile(path)
+                                 .readStart(byteOrderMark.size() + header.size())
+                                 .value_or(QByteArray());
+    return start.startsWith(header) || start == byteOrderMark + header;
 }
 
 Result Result::parsed(const QByteArray& bytes)
@@ -119,6 +116,11 @@ Result Result::parsed(const QByteArray& bytes)
 QString Result::name() const
 {
     return QFileInfo(path).completeBaseName();
+}
+
+QString Result::shownName() const
+{
+    return suite::visibleText(name());
 }
 
 std::optional<double> Result::valueAt(double frequency, Quantity quantity) const

@@ -34,8 +34,14 @@ struct Result
     /// Reads a table from its bytes.
     static Result parsed(const QByteArray& bytes);
 
+    /// Whether the file is a table of a run, by its first line.
+    static bool isTable(const QString& path);
+
     /// File name without its suffix.
     QString name() const;
+
+    /// The same as windows show it.
+    QString shownName() const;
 
     /// The quantity at a frequency on the line between the points beside it; nothing outside the
     /// result, and beside points where it is not known.

@@ -164,8 +164,8 @@ QString ResultView::legend() const
     QString text;
     for (int place = 0; place < m_results.size(); ++place) {
         text += QStringLiteral("<font color=\"%1\">\u25a0</font>&nbsp;").arg(colour(place).name()) +
-                m_results.at(place).name().toHtmlEscaped().replace(QLatin1Char(' '),
-                                                                   QStringLiteral("&nbsp;")) +
+                m_results.at(place).shownName().toHtmlEscaped().replace(QLatin1Char(' '),
+                                                                        QStringLiteral("&nbsp;")) +
                 QStringLiteral("&nbsp;&nbsp; ");
     }
     return text;
@@ -182,7 +182,7 @@ QString ResultView::readout(double frequency) const
                                        number(result, frequency, Quantity::Reactance, 2),
                                        number(result, frequency, Quantity::StandingWaveRatio, 3));
         text += QStringLiteral("<tr><td><font color=\"") + colour(place).name() +
-                QStringLiteral("\">") + result.name().toHtmlEscaped() +
+                QStringLiteral("\">") + result.shownName().toHtmlEscaped() +
                 QStringLiteral("</font>&nbsp;&nbsp;</td>") + cells + QStringLiteral("</tr>");
     }
     return text + QStringLiteral("</table>");

@@ -22,6 +22,7 @@ Q_SIGNALS:
     void changed(const QString& path);
 
 private:
+    void watchFile(const QString& path);
     void noteFile(const QString& path);
     void noteFolder(const QString& folder);
     void tell();

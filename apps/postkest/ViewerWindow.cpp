@@ -2,8 +2,13 @@
 
 #include "Export.h"
 #include "HelpMenu.h"
+#include "OpenDialog.h"
 #include "ResultView.h"
+#include "ToolTip.h"
 #include "WindowGeometry.h"
+
+#include <FileName.h>
+#include <VisibleText.h>
 
 #include <common_HelpClient.h>
 #include <common_IApplicationInfo.h>
@@ -41,7 +46,7 @@ QStringList localFiles(const QMimeData& data)
     const QList<QUrl> urls = data.urls();
     for (const QUrl& url : urls) {
         if (url.isLocalFile()) {
-            result.append(url.toLocalFile());
+            result.append(suite::FileName::fromUrl(url));
         }
     }
     return result;
@@ -136,9 +141,8 @@ void ViewerWindow::openResults(const QStringList& paths)
         }
         const QSignalBlocker blocker(m_list);
         m_results.append(result);
-        auto* item = new QListWidgetItem(result.name(), m_list);
+        auto* item = new QListWidgetItem(result.shownName(), m_list);
         item->setCheckState(Qt::Checked);
-        item->setToolTip(QDir::toNativeSeparators(result.path));
         updateItem(m_results.size() - 1);
         m_watch->add(result.path);
         if (result.error.isEmpty()) {
@@ -156,8 +160,8 @@ QString ViewerWindow::folder() const
 
 void ViewerWindow::chooseResults()
 {
-    openResults(QFileDialog::getOpenFileNames(this, QStringLiteral("Open results"), folder(),
-                                              QStringLiteral("Results (*.csv);;All (*)")));
+    openResults(OpenDialog::files(this, QStringLiteral("Open results"), folder(),
+                                  QStringLiteral("Results (*.csv);;All (*)")));
 }
 
 void ViewerWindow::listRecentFiles(QMenu& menu)
@@ -165,7 +169,7 @@ void ViewerWindow::listRecentFiles(QMenu& menu)
     menu.clear();
     const QStringList files = m_settings.recentFiles()->recentFiles();
     for (const QString& file : files) {
-        QString shown = file;
+        QString shown = suite::visibleText(file);
         shown.replace(QLatin1Char('&'), QStringLiteral("&&"));
         menu.addAction(shown, this, [this, file] { openResults({file}); });
     }
@@ -179,9 +183,9 @@ void ViewerWindow::exportView()
     if (path.isEmpty()) {
         return;
     }
-    const QString error = Export::write(path, *m_view, visibleResults());
+    const QString error = Export::write(path, *m_view, visibleResults(), m_results);
     if (error.isEmpty()) {
-        statusBar()->showMessage(QStringLiteral("Written: %1").arg(QDir::toNativeSeparators(path)));
+        statusBar()->showMessage(QStringLiteral("Written: %1").arg(suite::visiblePath(path)));
     } else {
         common_UserQuery(QStringLiteral("Not exported"), error, common_UserQuery::Error, this,
                          QString())
@@ -204,7 +208,7 @@ void ViewerWindow::reload(const QString& path)
             m_results[place] = Result::read(path);
             updateItem(place);
             statusBar()->showMessage(
-                QStringLiteral("Read again: %1").arg(m_results.at(place).name()));
+                QStringLiteral("Read again: %1").arg(m_results.at(place).shownName()));
         }
     }
     showResults();
@@ -242,7 +246,7 @@ void ViewerWindow::showResults()
                                                                      : QStringLiteral("fault")));
     }
     setWindowTitle(shown.isEmpty() ? applicationName
-                                   : shown.last().name() + QStringLiteral(" - postkest"));
+                                   : shown.last().shownName() + QStringLiteral(" - postkest"));
 }
 
 void ViewerWindow::updateItem(int place)
@@ -250,11 +254,11 @@ void ViewerWindow::updateItem(int place)
     const QSignalBlocker blocker(m_list);
     const Result& result = m_results.at(place);
     const QString path = QDir::toNativeSeparators(result.path);
-    m_list->item(place)->setToolTip(
-        result.error.isEmpty() ? path : path + QStringLiteral("\nNot shown: ") + result.error);
+    m_list->item(place)->setToolTip(ToolTip::of(
+        result.error.isEmpty() ? path : path + QStringLiteral("\nNot shown: ") + result.error));
     if (!result.error.isEmpty()) {
         statusBar()->showMessage(
-            QStringLiteral("%1 is not shown: %2").arg(result.name(), result.error));
+            QStringLiteral("%1 is not shown: %2").arg(result.shownName(), result.error));
     }
 }
 

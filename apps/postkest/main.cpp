@@ -4,8 +4,14 @@
 #include "ViewerWindow.h"
 
 #include <ApplicationIdentity.h>
+#include <ApplicationStart.h>
+#include <Complaints.h>
 #include <Services.h>
 #include <SuiteFolders.h>
+
+#include <ProgramArguments.h>
+#include <TerminalStream.h>
+#include <VisibleText.h>
 
 #include <QApplication>
 
@@ -13,12 +19,37 @@
 
 namespace {
 
+using ApplicationStart::Surroundings;
+
 constexpr int exitBadFile = 1;
 constexpr int exitBadCommandLine = 2;
 
-void complain(const QString& text)
+Surroundings surroundingsFor(const QStringList& words)
 {
-    std::fprintf(stderr, "postkest: %s\n", qPrintable(text));
+    switch (CommandLine::requestOf(words)) {
+    case CommandLine::Request::ShowWindow:
+        return Surroundings::Window;
+    case CommandLine::Request::WriteFile:
+        return Surroundings::Picture;
+    case CommandLine::Request::ShowText:
+        return Surroundings::Terminal;
+    case CommandLine::Request::Refuse:
+        break;
+    }
+    return ApplicationStart::surroundingsOfMistake(words);
+}
+
+int refuse(const QString& text, const QString& hint = QString())
+{
+    Complaints::printRefusal(text, hint);
+    return exitBadCommandLine;
+}
+
+// As it is for scripts, and to be read on a terminal.
+void printName(const QString& file)
+{
+    const QString shown = suite::isTerminal(stdout) ? suite::visibleText(file) : file;
+    std::printf("%s\n", qPrintable(shown));
 }
 
 int writeFile(const CommandLine& commandLine)
@@ -27,7 +58,7 @@ int writeFile(const CommandLine& commandLine)
     for (const QString& path : commandLine.results) {
         results.append(Result::read(path));
         if (!results.last().error.isEmpty()) {
-            complain(QStringLiteral("%1: %2").arg(path, results.last().error));
+            Complaints::print(QStringLiteral("%1: %2").arg(path, results.last().error));
             return exitBadFile;
         }
     }
@@ -36,10 +67,10 @@ int writeFile(const CommandLine& commandLine)
     view.layOut(commandLine.size);
     const QString error = Export::write(commandLine.output, view, results);
     if (!error.isEmpty()) {
-        complain(error);
+        Complaints::print(error);
         return exitBadFile;
     }
-    std::printf("%s\n", qPrintable(commandLine.output));
+    printName(commandLine.output);
     return 0;
 }
 
@@ -47,30 +78,29 @@ int writeFile(const CommandLine& commandLine)
 
 int main(int argc, char* argv[])
 {
-    const bool isWithoutWindow = CommandLine::isWithoutWindow(argc, argv);
-    if (isWithoutWindow) {
-        qputenv("QT_QPA_PLATFORM", "offscreen");
-    }
-    QCoreApplication::setAttribute(Qt::AA_EnableHighDpiScaling);
-    QCoreApplication::setAttribute(Qt::AA_UseHighDpiPixmaps);
-    const QApplication application(argc, argv);
     QCoreApplication::setApplicationName(QStringLiteral("postkest"));
     QCoreApplication::setApplicationVersion(QStringLiteral(POSTKEST_VERSION));
-
-    const Services services({QStringLiteral("postkest"), QString()}, isWithoutWindow);
-    const CommandLine commandLine = CommandLine::parsed(QCoreApplication::arguments());
-    const QString problem = SuiteFolders::problem();
-    if (!problem.isEmpty() && commandLine.request != CommandLine::Request::ShowText) {
-        complain(problem);
-        return exitBadCommandLine;
+    suite::ProgramArguments arguments(argc, argv);
+    const Surroundings surroundings = surroundingsFor(arguments.words());
+    const QString problem = ApplicationStart::problem(
+        surroundings, QStringLiteral("--non-interactive writes charts without one"));
+    if (!problem.isEmpty()) {
+        return refuse(problem);
+    }
+    const auto application = ApplicationStart::make(surroundings, arguments);
+    const Services services({QStringLiteral("postkest"), QString()},
+                            surroundings != Surroundings::Window);
+    const CommandLine commandLine = CommandLine::parsed(arguments.words());
+    const QString folderProblem = SuiteFolders::problem();
+    if (!folderProblem.isEmpty() && commandLine.request != CommandLine::Request::ShowText) {
+        return refuse(folderProblem);
     }
     switch (commandLine.request) {
     case CommandLine::Request::ShowText:
         std::fputs(qPrintable(commandLine.text), stdout);
         return 0;
     case CommandLine::Request::Refuse:
-        complain(commandLine.text + QStringLiteral("\nTry \"postkest --help\"."));
-        return exitBadCommandLine;
+        return refuse(commandLine.text, arguments.hint());
     case CommandLine::Request::WriteFile:
         return writeFile(commandLine);
     case CommandLine::Request::ShowWindow:

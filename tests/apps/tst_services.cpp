@@ -3,6 +3,7 @@
 #include <ApplicationIdentity.h>
 #include <Services.h>
 
+#include <common_DomainEntity.h>
 #include <common_HelpClient.h>
 #include <common_IApplication.h>
 #include <common_IApplicationInfo.h>
@@ -14,10 +15,14 @@
 #include <common_UserMessage.h>
 
 #include <QApplication>
+#include <QFile>
 #include <QIcon>
+#include <QTemporaryDir>
 #include <QtTest>
 
 #include <cstdio>
+
+#include <sys/stat.h>
 
 namespace {
 
@@ -88,6 +93,25 @@ private Q_SLOTS:
         QVERIFY(info->userSettingsDirectory().endsWith(QStringLiteral("/kest")));
         qunsetenv("KEST_HOME");
         QVERIFY(info->installationDirectory().endsWith(QStringLiteral("/suite")));
+    }
+
+    // Nobody may ever read what is written into a pipe.
+    void scriptIsNotRecordedIntoAPipe()
+    {
+        const QTemporaryDir folder;
+        const QString pipe = folder.filePath(QStringLiteral("pipe"));
+        QCOMPARE(::mkfifo(QFile::encodeName(pipe).constData(), 0600), 0);
+        const QString script = folder.filePath(QStringLiteral("script"));
+        for (const QString& file : {pipe, script}) {
+            qputenv("KEST_SCRIPT", QFile::encodeName(file));
+            const Services services(viewer, true);
+            GET_SERVICE(common_IScriptRecorder)
+                ->recordCommand(common_ActivePtr<common_DomainEntity>(), QStringLiteral(":do()"));
+        }
+        qunsetenv("KEST_SCRIPT");
+        QFile recorded(script);
+        QVERIFY(recorded.open(QIODevice::ReadOnly));
+        QCOMPARE(recorded.readAll(), QByteArray(":do()\n"));
     }
 
     void anApplicationMayHaveNoInitialFile()

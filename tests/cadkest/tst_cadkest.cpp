@@ -1,3 +1,5 @@
+#include <NativeRun.h>
+
 #include <QDir>
 #include <QImage>
 #include <QProcess>
@@ -95,6 +97,27 @@ private Q_SLOTS:
         QCOMPARE(image.size(), QSize(1280, 800));
         QVERIFY(image.pixelColor(640, 20).lightness() > 200);
         QVERIFY(QDir(m_folder->path()).entryList(QDir::Files).size() == 3);
+    }
+
+    void namesThatLookLikeOptionsAreModels()
+    {
+        for (const char* const name : {"--help", "-np", "-style", "--output"}) {
+            QVERIFY(QFile::copy(path("yagi.nec"), path(name)));
+            const Result result = picture({text("--"), text(name)});
+            QCOMPARE(result.errors, QString());
+            QCOMPARE(result.exitCode, 0);
+            QVERIFY(QFile::exists(path(name) + text(".png")));
+        }
+    }
+
+    void nameThatIsNoTextIsTold()
+    {
+        const NativeRun run =
+            NativeRun::of(text(CADKEST), {"--non-interactive", "caf\xe9.nec"}, m_folder->path(),
+                          QProcessEnvironment::systemEnvironment());
+        QCOMPARE(run.exitCode, 1);
+        QVERIFY2(run.output.contains("caf\\xE9.nec") && run.output.contains("is not UTF-8"),
+                 run.output.constData());
     }
 
     void optionsChangeThePicture()

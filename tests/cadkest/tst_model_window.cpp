@@ -1,5 +1,6 @@
 #include <FakeServices.h>
 
+#include <FileName.h>
 #include <MainWindow.h>
 #include <RecentMenu.h>
 
@@ -71,6 +72,32 @@ private:
 
 private Q_SLOTS:
     void init() { m_folder = std::make_unique<QTemporaryDir>(); }
+
+    void namesCannotTurnTheWindowsTexts()
+    {
+        MainWindow window;
+        const QString path = write(deck(2), "left\u202egnp.nec");
+        open(window, path);
+        const QString seen = text("left<U+202E>gnp.nec");
+        QVERIFY2(firstLines(window).startsWith(seen), qPrintable(firstLines(window)));
+        QCOMPARE(window.windowTitle(), seen + text(" - cadkest"));
+        QCOMPARE(window.modelPath(), path);
+        window.openModel(m_folder->filePath(text("none\u202e.nec")));
+        const QString told = label(window, "modelMessage").text();
+        QVERIFY2(told.contains(text("none<U+202E>.nec")) && !told.contains(QChar(0x202e)),
+                 qPrintable(told));
+    }
+
+    void nameThatIsNoTextIsTold()
+    {
+        MainWindow window;
+        for (const QString& name :
+             {suite::FileName::fromNative("caf\xe9.nec"), text("caf\ufffd.nec")}) {
+            window.openModel(m_folder->filePath(name));
+            const QString told = label(window, "modelMessage").text();
+            QVERIFY2(told.contains(text("is not UTF-8; rename it")), qPrintable(told));
+        }
+    }
 
     void showsAModel()
     {

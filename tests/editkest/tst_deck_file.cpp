@@ -142,7 +142,7 @@ private Q_SLOTS:
         QCOMPARE(::mkfifo(m_path.toLocal8Bit().constData(), 0600), 0);
         DeckFile file;
         QVERIFY(!file.load(m_path));
-        QVERIFY2(file.error().contains(QStringLiteral("no ordinary file")),
+        QVERIFY2(file.error().contains(QStringLiteral("not a regular file")),
                  qPrintable(file.error()));
         QVERIFY(!file.save(m_path, QStringLiteral("CE\n")));
         QVERIFY(!QFileInfo(m_path).isFile());

@@ -6,6 +6,7 @@
 
 #include <BoxAnswerer.h>
 #include <HelpPage.h>
+#include <NativeRun.h>
 #include <QAction>
 #include <QDropEvent>
 #include <QFile>
@@ -13,10 +14,13 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
+#include <QMenu>
 #include <QMimeData>
 #include <QProcess>
 #include <QTemporaryDir>
 #include <QtTest>
+
+#include <sys/stat.h>
 
 namespace {
 
@@ -109,6 +113,92 @@ private Q_SLOTS:
         QVERIFY(window.save());
         QVERIFY(!window.isWindowModified());
         QCOMPARE(contentOf(m_path), "CM new\n" + goodDeck);
+    }
+
+    void namesCannotTurnTheWindowsTexts()
+    {
+        const QString path = m_folder->filePath(QStringLiteral("left\u202egnp.nec"));
+        write(path, goodDeck);
+        EditorWindow window(path);
+        QVERIFY2(window.windowTitle().startsWith(QStringLiteral("left<U+202E>gnp.nec")),
+                 qPrintable(window.windowTitle()));
+        const QList<QMenu*> menus = window.findChildren<QMenu*>();
+        QStringList recent;
+        for (QMenu* const menu : menus) {
+            if (menu->title().contains(QStringLiteral("recent"))) {
+                Q_EMIT menu->aboutToShow();
+                recent.append(menu->actions().constFirst()->text());
+            }
+        }
+        QCOMPARE(recent.size(), 1);
+        QVERIFY2(recent.first().endsWith(QStringLiteral("left<U+202E>gnp.nec")),
+                 qPrintable(recent.first()));
+        BoxAnswerer box(BoxAnswerer::clicking(QStringLiteral("OK")));
+        QVERIFY(!window.openDeck(m_folder->filePath(QStringLiteral("none\u202e.nec"))));
+        QCOMPARE(box.texts.size(), 1);
+        QVERIFY2(box.texts.first().contains(QStringLiteral("none<U+202E>.nec")),
+                 qPrintable(box.texts.first()));
+        // What the name is, the file keeps.
+        QVERIFY(window.save());
+        QVERIFY(QFile::exists(path));
+    }
+
+    void nameThatIsNoTextIsTold()
+    {
+        EditorWindow window{QString()};
+        QMimeData data;
+        data.setUrls(
+            {QUrl::fromEncoded(QUrl::fromLocalFile(m_folder->path()).toEncoded() + "/caf%E9.nec")});
+        BoxAnswerer box(BoxAnswerer::clicking(QStringLiteral("OK")));
+        QDragEnterEvent enter({9, 9}, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+        QCoreApplication::sendEvent(&window, &enter);
+        QDropEvent drop({9, 9}, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+        QCoreApplication::sendEvent(&window, &drop);
+        QVERIFY(!window.openDeck(m_folder->filePath(QStringLiteral("caf\ufffd.nec"))));
+        QCOMPARE(box.texts.size(), 2);
+        QVERIFY2(box.texts.first().contains(QStringLiteral("caf\\xE9.nec")),
+                 qPrintable(box.texts.first()));
+        for (const QString& each : qAsConst(box.texts)) {
+            QVERIFY2(each.contains(QStringLiteral("is not UTF-8; rename it")), qPrintable(each));
+        }
+    }
+
+    // To look whether another program has changed it must not wait for the pipe's other end.
+    void pipeInPlaceOfTheFileIsAChange()
+    {
+        EditorWindow window(m_path);
+        QTest::keyClicks(window.findChild<DeckEditor*>(), QStringLiteral("#"));
+        QVERIFY(QFile::remove(m_path));
+        QCOMPARE(::mkfifo(m_path.toLocal8Bit().constData(), 0600), 0);
+        const BoxAnswerer box(BoxAnswerer::clicking(QStringLiteral("No")));
+        QVERIFY(!window.save());
+        QCOMPARE(box.texts.size(), 1);
+        discardChanges(window);
+    }
+
+    void namesThatLookLikeOptionsAreModels()
+    {
+        for (const char* const name : {"--help", "-np", "-style"}) {
+            write(m_folder->filePath(QLatin1String(name)), goodDeck);
+            QProcess process;
+            process.setWorkingDirectory(m_folder->path());
+            process.start(
+                QStringLiteral(EDITKEST_PROGRAM),
+                {QStringLiteral("--non-interactive"), QStringLiteral("--"), QLatin1String(name)});
+            QVERIFY(process.waitForFinished());
+            QCOMPARE(process.exitCode(), 0);
+            QVERIFY(process.readAllStandardOutput().contains("NOTE 101"));
+        }
+    }
+
+    void nameThatIsNoTextIsToldInTheTerminal()
+    {
+        const NativeRun run =
+            NativeRun::of(QStringLiteral(EDITKEST_PROGRAM), {"--non-interactive", "caf\xe9.nec"},
+                          m_folder->path(), QProcessEnvironment::systemEnvironment());
+        QCOMPARE(run.exitCode, 1);
+        QVERIFY2(run.output.contains("caf\\xE9.nec") && run.output.contains("is not UTF-8"),
+                 run.output.constData());
     }
 
     void changesOfAnotherProgramAreNotOverwrittenUnasked()

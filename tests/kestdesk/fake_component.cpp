@@ -65,9 +65,20 @@ void say(const char* line)
     std::fflush(stdout);
 }
 
+// A test of what a child does is none without it.
+bool isForked()
+{
+    const pid_t child = fork();
+    if (child < 0) {
+        std::perror("fork");
+        std::_Exit(EXIT_FAILURE);
+    }
+    return child == 0;
+}
+
 void wait(bool withChild, bool ignoring)
 {
-    if (withChild && fork() == 0) {
+    if (withChild && isForked()) {
         std::signal(SIGTERM, SIG_IGN);
         say("child");
         waitForEver();
@@ -84,7 +95,7 @@ const char* tidiedFile = nullptr; // none for a child that stays
 // Nothing of this process is left to the child by which it could be found or ended.
 void leaveAChild(int /*signal*/)
 {
-    if (fork() == 0) {
+    if (isForked()) {
         setsid();
         for (int file = 0; file < 3; ++file) {
             close(file);

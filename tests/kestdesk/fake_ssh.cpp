@@ -54,7 +54,10 @@ int main(int argc, char* argv[])
         std::puts("flood");
     }
     if (word == "hang") {
-        fork();
+        if (fork() < 0) {
+            std::perror("fork");
+            return EXIT_FAILURE;
+        }
         std::signal(SIGTERM, SIG_IGN);
         for (;;) {
             pause();

@@ -155,6 +155,8 @@ private Q_SLOTS:
                                 << "0 error [] it is a folder";
         QTest::newRow("pipe") << "pipe"
                               << "0 error [] it is not a regular file";
+        QTest::newRow("gigabytes") << "huge"
+                                   << "0 error [] it is larger than 64 MB";
         QTest::newRow("missing") << "missing"
                                  << "0 error [] it cannot be read: No such file or directory";
         QTest::newRow("link in a circle")
@@ -170,6 +172,8 @@ private Q_SLOTS:
         QVERIFY(QDir(folder.path()).mkdir(text("folder")));
         QVERIFY(QFile::link(folder.filePath(text("circle")), folder.filePath(text("circle"))));
         QVERIFY(mkfifo(QFile::encodeName(folder.filePath(text("pipe"))).constData(), 0600) == 0);
+        QFile huge(folder.filePath(text("huge")));
+        QVERIFY(huge.open(QIODevice::WriteOnly) && huge.resize(qint64(3) << 30)); // takes no room
         const MachinesFile file = MachinesFile::read(folder.filePath(name));
         QCOMPARE(shownFindings(file), reason);
         QVERIFY(file.entries().isEmpty());

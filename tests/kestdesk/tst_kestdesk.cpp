@@ -1,3 +1,5 @@
+#include <TerminalRun.h>
+
 #include <QDir>
 #include <QElapsedTimer>
 #include <QFileInfo>
@@ -8,8 +10,6 @@
 
 #include <csignal>
 
-#include <pty.h>
-#include <sys/wait.h>
 #include <unistd.h>
 
 namespace {
@@ -88,36 +88,10 @@ private:
     /// Runs it on a terminal of 60 columns and returns all that it writes there.
     Result runOnTerminal(const QStringList& arguments)
     {
-        QVector<QByteArray> words = {QByteArray(KESTDESK)};
-        for (const QString& argument : arguments) {
-            words.append(argument.toUtf8());
-        }
-        winsize size = {24, 60, 0, 0};
-        int terminal = -1;
-        const pid_t child = forkpty(&terminal, nullptr, nullptr, &size);
-        if (child == 0) {
-            const QStringList variables = environment();
-            for (const QString& variable : variables) {
-                putenv(qstrdup(variable.toUtf8().constData()));
-            }
-            QVector<char*> argv;
-            for (QByteArray& word : words) {
-                argv.append(word.data());
-            }
-            argv.append(nullptr);
-            execv(KESTDESK, argv.data());
-            _exit(127);
-        }
+        const TerminalRun run = TerminalRun::of(text(KESTDESK), arguments, environment(), {}, 60);
         Result result;
-        char buffer[4096];
-        for (ssize_t count = read(terminal, buffer, sizeof buffer); count > 0;
-             count = read(terminal, buffer, sizeof buffer)) {
-            result.output.append(buffer, int(count));
-        }
-        int status = 0;
-        waitpid(child, &status, 0);
-        close(terminal);
-        result.exitCode = WIFEXITED(status) ? WEXITSTATUS(status) : -1;
+        result.exitCode = run.exitCode;
+        result.output = run.output;
         return result;
     }
 

@@ -1,5 +1,7 @@
 #include "Desk.h"
 
+#include <TerminalRun.h>
+
 #include <QElapsedTimer>
 #include <QHostInfo>
 #include <QJsonArray>
@@ -10,9 +12,7 @@
 
 #include <csignal>
 
-#include <pty.h>
 #include <sys/stat.h>
-#include <sys/wait.h>
 #include <unistd.h>
 
 namespace {
@@ -78,38 +78,11 @@ private:
     /// Runs kestdesk on a terminal, types the answers, and returns all that it writes there.
     Desk::Result onTerminal(const QStringList& arguments, const QByteArray& answers) const
     {
-        QVector<QByteArray> words = {QByteArray(KESTDESK)};
-        for (const QString& argument : arguments) {
-            words.append(argument.toUtf8());
-        }
-        const QStringList variables = m_desk->environment().toStringList();
-        int terminal = -1;
-        const pid_t child = forkpty(&terminal, nullptr, nullptr, nullptr);
-        if (child == 0) {
-            for (const QString& variable : variables) {
-                putenv(qstrdup(variable.toUtf8().constData()));
-            }
-            QVector<char*> argv;
-            for (QByteArray& word : words) {
-                argv.append(word.data());
-            }
-            argv.append(nullptr);
-            execv(KESTDESK, argv.data());
-            _exit(127);
-        }
+        const TerminalRun run = TerminalRun::of(text(KESTDESK), arguments,
+                                                m_desk->environment().toStringList(), answers);
         Desk::Result result;
-        if (write(terminal, answers.constData(), std::size_t(answers.size())) != answers.size()) {
-            return result;
-        }
-        char buffer[4096];
-        for (ssize_t count = read(terminal, buffer, sizeof buffer); count > 0;
-             count = read(terminal, buffer, sizeof buffer)) {
-            result.output += QString::fromUtf8(buffer, int(count));
-        }
-        int status = 0;
-        waitpid(child, &status, 0);
-        close(terminal);
-        result.exitCode = WIFEXITED(status) ? WEXITSTATUS(status) : -1;
+        result.exitCode = run.exitCode;
+        result.output = QString::fromUtf8(run.output);
         return result;
     }
 
@@ -537,6 +510,21 @@ private Q_SLOTS:
                     QStringLiteral("There is no program %1 to reach the hosts with").arg(program)),
                 qPrintable(result.output));
         }
+    }
+
+    // As where it is not set.
+    void emptyProgramIsSsh()
+    {
+        writeMachines("127.0.0.2\n");
+        host("127.0.0.2", "answer 8");
+        QVERIFY(QFile::link(text(FAKE_SSH), m_desk->path("home/bin/ssh")));
+        m_desk->set("PATH", m_desk->path("home/bin"));
+        m_desk->set("KEST_SSH", QString());
+        const Desk::Result result = machines("check");
+        QCOMPARE(lines(result.output).constLast(), text("127.0.0.2: fine: 8 cores for 1 process"));
+        QVERIFY(QFile::remove(m_desk->path("home/bin/ssh")));
+        QVERIFY2(machines("check").output.contains(text("There is no program ssh to reach")),
+                 "an empty program");
     }
 
     void manyHostsAreCheckedSeveralAtATime()

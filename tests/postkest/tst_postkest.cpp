@@ -1,3 +1,6 @@
+#include <NativeRun.h>
+#include <TerminalRun.h>
+
 #include <QDir>
 #include <QImage>
 #include <QPainter>
@@ -240,7 +243,7 @@ private Q_SLOTS:
         QCOMPARE(::mkfifo(path("pipe.csv").toLocal8Bit().constData(), 0600), 0);
         const Answer answer = batch({text("pipe.csv")});
         QCOMPARE(answer.exitCode, 1);
-        QVERIFY2(answer.errors.contains(text("no ordinary file")), qPrintable(answer.errors));
+        QVERIFY2(answer.errors.contains(text("not a regular file")), qPrintable(answer.errors));
     }
 
     void unreadableResultAndUnwritableFolderAreTold()
@@ -285,12 +288,71 @@ private Q_SLOTS:
         QVERIFY(QFile::link(path("pipe"), path("link.csv")));
         const Answer answer = batch({text("second.csv"), text("--output"), text("link.csv")});
         QCOMPARE(answer.exitCode, 1);
-        QVERIFY2(answer.errors.contains(text("no ordinary file")), qPrintable(answer.errors));
+        QVERIFY2(answer.errors.contains(text("not a regular file")), qPrintable(answer.errors));
         struct stat state = {};
         QCOMPARE(::stat(path("pipe").toLocal8Bit().constData(), &state), 0);
         QVERIFY(S_ISFIFO(state.st_mode));
     }
 #endif
+
+    void resultsOfOtherRunsAreNotOverwritten()
+    {
+        for (const char* target : {"first run.csv", "./first run.csv"}) {
+            const QByteArray before = contentOf(path(target));
+            const Answer answer = batch({text("second.csv"), text("--output"), text(target)});
+            QCOMPARE(answer.exitCode, 1);
+            QVERIFY2(answer.errors.contains(text("is not overwritten")), qPrintable(answer.errors));
+            QCOMPARE(contentOf(path(target)), before);
+        }
+        // A table of several results is none of a run.
+        QCOMPARE(batch({text("second.csv"), text("--output"), text("table.csv")}).exitCode, 0);
+        QCOMPARE(batch({text("first run.csv"), text("--output"), text("table.csv")}).exitCode, 0);
+        QVERIFY(contentOf(path("table.csv")).contains("\"first run\""));
+    }
+
+    void namesThatLookLikeOptionsAreResults()
+    {
+        for (const char* name : {"--help", "-style", "--output"}) {
+            write(name, contentOf(path("second.csv")));
+            const Answer answer =
+                batch({text("--output"), text("out.csv"), text("--"), text(name)});
+            QCOMPARE(answer.errors, QString());
+            QCOMPARE(answer.exitCode, 0);
+            QVERIFY(contentOf(path("out.csv")).contains('"' + QByteArray(name) + '"'));
+        }
+    }
+
+    void namesCannotTurnTheTerminal()
+    {
+        const QString name = text("left\u202egnp.csv");
+        const Answer answer = batch({name});
+        QCOMPARE(answer.exitCode, 1);
+        QVERIFY2(answer.errors.startsWith(text("postkest: left<U+202E>gnp.csv: ")),
+                 qPrintable(answer.errors));
+        // Scripts take the name of what was written.
+        write("left\u202egnp.csv", contentOf(path("second.csv")));
+        QCOMPARE(batch({name}).output, text("./left\u202egnp.png\n"));
+        QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+        environment.insert(text("LC_ALL"), text("C.UTF-8"));
+        environment.insert(text("KEST_USER_HOME"), path("."));
+        const TerminalRun run =
+            TerminalRun::of(text(POSTKEST), {text("--non-interactive"), m_folder->filePath(name)},
+                            environment.toStringList());
+        QCOMPARE(run.exitCode, 0);
+        QVERIFY2(run.output.contains("left<U+202E>gnp.png"), run.output.constData());
+    }
+
+    void nameThatIsNoTextIsTold()
+    {
+        QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+        environment.insert(text("XDG_RUNTIME_DIR"), path("."));
+        const NativeRun run = NativeRun::of(text(POSTKEST), {"--non-interactive", "caf\xe9.csv"},
+                                            m_folder->path(), environment);
+        QCOMPARE(run.exitCode, 1);
+        QVERIFY2(run.errors.startsWith("postkest: caf\\xE9.csv: ") &&
+                     run.errors.contains("is not UTF-8; rename it"),
+                 run.errors.constData());
+    }
 
     void resultsAreNotOverwritten()
     {

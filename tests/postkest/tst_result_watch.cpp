@@ -83,6 +83,39 @@ private Q_SLOTS:
         QVERIFY(spy.wait());
     }
 
+    // The system may tell of the folder before it tells that the old file has gone.
+    void newFileInPlaceOfTheOldIsWatchedToo_data()
+    {
+        QTest::addColumn<bool>("isStillRead");
+        QTest::newRow("at once") << false;
+        QTest::newRow("somebody still reads the old one") << true;
+    }
+
+    void newFileInPlaceOfTheOldIsWatchedToo()
+    {
+        QFETCH(bool, isStillRead);
+        write(m_path, "old");
+        QFile reader(m_path);
+        QVERIFY(!isStillRead || reader.open(QIODevice::ReadOnly));
+        ResultWatch watch(nullptr);
+        watch.add(m_path);
+        QSignalSpy spy(&watch, &ResultWatch::changed);
+        for (int i = 0; i < 3; ++i) {
+            replace(m_path, "new");
+            QVERIFY(spy.wait());
+            reader.close(); // only now the old file is gone
+            while (spy.wait(500)) {
+            }
+            spy.clear();
+            // Into the same file: the folder has nothing to tell.
+            write(m_path, "newer");
+            QVERIFY(spy.wait());
+            while (spy.wait(500)) {
+            }
+            spy.clear();
+        }
+    }
+
     void otherFilesOfTheFolderAreNobodysBusiness()
     {
         write(m_path, "old");

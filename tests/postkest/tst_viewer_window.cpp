@@ -22,6 +22,8 @@
 #include <QTemporaryDir>
 #include <QtTest>
 
+#include <unistd.h>
+
 namespace {
 
 const QByteArray header = QByteArrayLiteral("frequency_MHz,resistance_ohm,reactance_ohm,swr\n");
@@ -56,13 +58,9 @@ private:
     QTimer m_timer;
 };
 
-void dropOn(QWidget& window, const QStringList& paths)
+void dropOn(QWidget& window, const QList<QUrl>& urls)
 {
     QMimeData data;
-    QList<QUrl> urls;
-    for (const QString& path : paths) {
-        urls.append(QUrl::fromLocalFile(path));
-    }
     data.setUrls(urls);
     QDragEnterEvent enter({9, 9}, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
     QCoreApplication::sendEvent(&window, &enter);
@@ -293,6 +291,106 @@ private Q_SLOTS:
         QVERIFY(!QFile::exists(path("table.pdf")));
     }
 
+    void exportNeverReplacesAResult_data()
+    {
+        QTest::addColumn<QString>("target");
+        QTest::newRow("ticked") << QStringLiteral("second.csv");
+        QTest::newRow("not ticked") << QStringLiteral("first run.csv");
+        QTest::newRow("other spelling") << QStringLiteral("./inner/../first run.csv");
+        QTest::newRow("link") << QStringLiteral("link.csv");
+        QTest::newRow("hard link") << QStringLiteral("hard.csv");
+        QTest::newRow("folder's link") << QStringLiteral("inner/up/first run.csv");
+        QTest::newRow("not readable as a result") << QStringLiteral("bad.csv");
+        QTest::newRow("not there now") << QStringLiteral("gone.csv");
+        QTest::newRow("not opened") << QStringLiteral("third.csv");
+    }
+
+    void exportNeverReplacesAResult()
+    {
+        QFETCH(QString, target);
+        write("bad.csv", "frequency_MHz\nnothing");
+        write("third.csv", header + "1,1,1,1\n");
+        write("gone.csv", header + "1,1,1,1\n");
+        QVERIFY(QDir(m_folder->path()).mkdir(QStringLiteral("inner")));
+        QVERIFY(QFile::link(path("first run.csv"), path("link.csv")));
+        QVERIFY(QFile::link(m_folder->path(), path("inner/up")));
+        QCOMPARE(::link(path("first run.csv").toLocal8Bit().constData(),
+                        path("hard.csv").toLocal8Bit().constData()),
+                 0);
+        open({path("first run.csv"), path("second.csv"), path("bad.csv"), path("gone.csv")});
+        list()->item(0)->setCheckState(Qt::Unchecked);
+        QVERIFY(QFile::remove(path("gone.csv")));
+        const QString file = m_folder->filePath(target);
+        const QByteArray before = contentOf(file);
+        BoxAnswerer box([](QMessageBox& question) {
+            // The dialog's own question, whether to replace the file, comes first.
+            QAbstractButton* const yes = question.button(QMessageBox::Yes);
+            (yes != nullptr ? yes : question.button(QMessageBox::Ok))->click();
+        });
+        const FileChooser chooser(file);
+        action("exportAction")->trigger();
+        QCOMPARE(contentOf(file), before);
+        QVERIFY2(box.texts.join(QLatin1Char('|')).contains(QStringLiteral("is not overwritten")),
+                 qPrintable(box.texts.join(QLatin1Char('|'))));
+        QCOMPARE(QFileInfo(path("link.csv")).isSymLink(), true);
+    }
+
+    void namesCannotTurnTheWindowsTexts()
+    {
+        const char* const name = "left\u202egnp.csv";
+        write(name, header + "1,1,1,1\n2,2,2,2\n");
+        write("bad\u202e.csv", "");
+        open({path(name), path("bad\u202e.csv")});
+        const QString seen = QStringLiteral("left<U+202E>gnp");
+        QCOMPARE(list()->item(0)->text(), seen);
+        QCOMPARE(m_window->windowTitle(), seen + QStringLiteral(" - postkest"));
+        const QString legend = m_window->findChild<QLabel*>(QStringLiteral("legend"))->text();
+        m_window->findChild<ResultView*>()->setFocus();
+        QTest::keyClick(m_window->findChild<ResultView*>(), Qt::Key_Right);
+        m_window->findChild<QAction*>(QStringLiteral("reloadAction"))->trigger();
+        Q_EMIT recentMenu()->aboutToShow();
+        const QStringList texts = {
+            list()->item(1)->text(),
+            list()->item(0)->toolTip(),
+            list()->item(1)->toolTip(),
+            legend,
+            readout(),
+            m_window->statusBar()->currentMessage(),
+            recentMenu()->actions().constFirst()->text(),
+            m_window->findChild<QuantityChart*>()->chart()->series().first()->name()};
+        for (const QString& text : texts) {
+            QVERIFY2(!text.contains(QChar(0x202e)) && text.contains(QStringLiteral("U+202E")),
+                     qPrintable(text));
+        }
+        QVERIFY2(legend.contains(QStringLiteral("left&lt;U+202E&gt;gnp")), qPrintable(legend));
+        // What is exported is for programs.
+        const FileChooser chooser(path("table.csv"));
+        action("exportAction")->trigger();
+        QVERIFY(contentOf(path("table.csv")).contains("\"left\u202egnp\","));
+    }
+
+    void markupInNamesIsText()
+    {
+        write("<h1>x.csv", header + "1,1,1,1\n");
+        open({path("<h1>x.csv")});
+        QVERIFY2(!list()->item(0)->toolTip().contains(QStringLiteral("<h1>")),
+                 qPrintable(list()->item(0)->toolTip()));
+    }
+
+    void nameThatIsNoTextIsTold()
+    {
+        open({});
+        dropOn(*m_window, {QUrl::fromEncoded(QUrl::fromLocalFile(m_folder->path()).toEncoded() +
+                                             "/caf%E9.csv")});
+        QCOMPARE(list()->item(0)->text(), QStringLiteral("caf\\xE9"));
+        QVERIFY2(m_window->statusBar()->currentMessage().contains(
+                     QStringLiteral("is not UTF-8; rename it")),
+                 qPrintable(m_window->statusBar()->currentMessage()));
+        m_window->openResults({path("caf\ufffd.csv")});
+        QVERIFY2(list()->item(1)->toolTip().contains(QStringLiteral("is not UTF-8")),
+                 qPrintable(list()->item(1)->toolTip()));
+    }
+
     void recentResultsAreOfferedAtTheNextStart()
     {
         write("bad.csv", header);
@@ -322,7 +420,8 @@ private Q_SLOTS:
     void droppedFilesAreOpened()
     {
         open({});
-        dropOn(*m_window, {path("first run.csv"), path("second.csv")});
+        dropOn(*m_window, {QUrl::fromLocalFile(path("first run.csv")),
+                           QUrl::fromLocalFile(path("second.csv"))});
         QCOMPARE(curveCount(), 2);
         QMimeData data;
         data.setText(QStringLiteral("no file"));

@@ -148,8 +148,9 @@ void tst_machines_file::badFile_data()
     QTest::newRow("too many of one host")
         << text("m") << QByteArray("a:4096\na:4096\na:1\n") << text("the limit is 4096");
     QTest::newRow("missing") << text("none") << QByteArray() << text("does not exist");
-    QTest::newRow("directory") << text(".") << QByteArray() << text("is a directory");
-    QTest::newRow("device") << text("/dev/zero") << QByteArray() << text("is no file");
+    QTest::newRow("directory") << text(".") << QByteArray() << text("it is a folder");
+    QTest::newRow("device") << text("/dev/zero") << QByteArray()
+                            << text("it is not a regular file");
 }
 
 void tst_machines_file::badFile()

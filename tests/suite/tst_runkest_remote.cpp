@@ -260,6 +260,18 @@ void tst_runkest_remote::brokenConnection_data()
     }
     QTest::newRow("another version") << "printf '" + octal + "'\nsleep 60\n"
                                      << text("has another version of the installation");
+    const QByteArray there = QFile::encodeName(QDir::cleanPath(suiteHome()) + text("/bin/runkest"));
+    // A program that is gone as soon as it runs cannot start itself again.
+    QTest::newRow("the run cannot be started there")
+        << "cp '" + there +
+               "' \"$TMPDIR/gone\" && exec 3<\"$TMPDIR/gone\" && rm \"$TMPDIR/gone\"\n" +
+               "exec /proc/self/fd/3 --remote-session\n"
+        << text("lost the run, '");
+    QTest::newRow("no temporary folder there")
+        << "TMPDIR=/nowhere exec '" + there + "' --remote-session\n"
+        << text(
+               "cannot keep the model, the temporary folder '/nowhere' cannot be used, it does not "
+               "exist (TMPDIR names it)");
     QTest::newRow("no program of that name")
         << QByteArray("exec /nowhere/runkest\n") << text("/nowhere/runkest");
 }

@@ -180,7 +180,12 @@ void readInput()
 void leaveGrandchild(const std::string& text, const std::string& milliseconds)
 {
 #ifndef _WIN32
-    if (fork() == 0) {
+    const pid_t child = fork();
+    if (child < 0) {
+        std::perror("kest_test_child");
+        std::_Exit(EXIT_FAILURE);
+    }
+    if (child == 0) {
         sleepFor(milliseconds);
         write(stdout, decoded(text));
         std::_Exit(0);

@@ -1,6 +1,7 @@
 #include "PictureFile.h"
 
-#include <QDir>
+#include <VisibleText.h>
+
 #include <QImage>
 #include <QSaveFile>
 
@@ -8,7 +9,7 @@ namespace cad {
 
 QString savePicture(const QImage& image, const QString& path)
 {
-    const QString name = QDir::toNativeSeparators(path);
+    const QString name = suite::visiblePath(path);
     if (image.isNull()) {
         return QStringLiteral("%1: there is not enough memory for the picture").arg(name);
     }

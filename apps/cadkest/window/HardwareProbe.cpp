@@ -1,5 +1,7 @@
 #include "HardwareProbe.h"
 
+#include <VisibleText.h>
+
 #include <QProcess>
 
 #include <utility>
@@ -17,7 +19,7 @@ QString reasonOf(const QByteArray& output)
 {
     const QString text = QString::fromLocal8Bit(output).trimmed();
     const QString last = text.section(QLatin1Char('\n'), -1).left(LongestReason);
-    return last.isEmpty() ? QStringLiteral("OpenGL does not work") : last;
+    return last.isEmpty() ? QStringLiteral("OpenGL does not work") : suite::visibleText(last);
 }
 
 QString errorOf(QProcess& process)

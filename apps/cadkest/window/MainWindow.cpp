@@ -4,8 +4,10 @@
 #include "ModelWatcher.h"
 #include "PictureFile.h"
 
+#include <OpenDialog.h>
+#include <VisibleText.h>
+
 #include <QAction>
-#include <QDir>
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QLabel>
@@ -169,9 +171,9 @@ void MainWindow::makeViewMenu()
 void MainWindow::showModel(const QString& name, bool isNew)
 {
     const ReadModel model = readModel(name);
-    const QString fileName = QFileInfo(model.path).fileName();
+    const QString fileName = suite::visibleFileName(model.path);
     const bool isShown = model.errors.isEmpty() || !model.scene.structure.wires.isEmpty();
-    tellErrors(isShown ? fileName : QDir::toNativeSeparators(model.path), model.errors, isShown);
+    tellErrors(isShown ? fileName : suite::visiblePath(model.path), model.errors, isShown);
     if (isNew && (isShown || m_path.isEmpty())) {
         // Also one that is not there yet: it is shown as soon as it can be read.
         m_path = model.path;
@@ -217,9 +219,9 @@ void MainWindow::tellRendering(const QString& error)
 
 void MainWindow::askForModel()
 {
-    const QString name = QFileDialog::getOpenFileName(
-        this, QStringLiteral("Open model"), QFileInfo(m_path).absolutePath(),
-        QStringLiteral("Models (*.nec);;All files (*)"));
+    const QString name =
+        OpenDialog::file(this, QStringLiteral("Open model"), QFileInfo(m_path).absolutePath(),
+                         QStringLiteral("Models (*.nec);;All files (*)"));
     if (!name.isEmpty()) {
         openModel(name);
     }
@@ -235,7 +237,7 @@ void MainWindow::savePicture()
     }
     const QString error = cad::savePicture(m_view->picture(), name);
     statusBar()->showMessage(error.isEmpty()
-                                 ? QStringLiteral("%1 is saved").arg(QDir::toNativeSeparators(name))
+                                 ? QStringLiteral("%1 is saved").arg(suite::visiblePath(name))
                                  : QStringLiteral("The picture is not saved: %1").arg(error));
 }
 

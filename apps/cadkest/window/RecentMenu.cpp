@@ -2,9 +2,9 @@
 
 #include "MainWindow.h"
 
-#include <common_recent_file_settings.h>
+#include <VisibleText.h>
 
-#include <QDir>
+#include <common_recent_file_settings.h>
 
 namespace cad {
 
@@ -23,7 +23,7 @@ void RecentMenu::list()
     const QStringList files = m_settings->recentFiles();
     int number = 0;
     for (const QString& file : files) {
-        QString shown = QDir::toNativeSeparators(file);
+        QString shown = suite::visiblePath(file);
         shown.replace(QLatin1Char('&'), QStringLiteral("&&"));
         addAction(QStringLiteral("&%1 %2").arg(QString::number(++number), shown), m_window,
                   [this, file] { m_window->openModel(file); });

@@ -2,7 +2,7 @@
 
 #include "TerminalDevice.h"
 
-#include <algorithm>
+#include <VisibleText.h>
 
 namespace {
 
@@ -10,17 +10,6 @@ namespace {
 constexpr const char* colourSequences[] = {"", "\x1b[31m", "\x1b[33m", "\x1b[36m", "\x1b[32m"};
 constexpr const char* plainSequence = "\x1b[0m";
 constexpr const char* clearSequence = "\r\x1b[K";
-
-QString withoutControls(QString text)
-{
-    std::replace_if(
-        text.begin(), text.end(),
-        [](QChar character) {
-            return character.category() == QChar::Other_Control && character != QLatin1Char('\t');
-        },
-        QChar(QChar::ReplacementCharacter));
-    return text;
-}
 
 } // namespace
 
@@ -43,7 +32,7 @@ void Terminal::writeLine(const QString& text, Colour colour)
     if (coloured) {
         write(QLatin1String(colourSequences[static_cast<int>(colour)]));
     }
-    write(withoutControls(text));
+    write(suite::visibleText(text));
     write(coloured ? QLatin1String(plainSequence) + QLatin1Char('\n') : QStringLiteral("\n"));
 }
 
@@ -53,7 +42,7 @@ void Terminal::setStatusLine(const QString& text)
         return;
     }
     clearStatusLine();
-    write(withoutControls(text).left(TerminalDevice::columns(m_stream) - 1));
+    write(suite::visibleText(text).left(TerminalDevice::columns(m_stream) - 1));
     m_statusShown = true;
     flush();
 }

@@ -1,5 +1,7 @@
 #include "TerminalDevice.h"
 
+#include <TerminalStream.h>
+
 #include <cstdlib>
 #include <cstring>
 
@@ -14,7 +16,7 @@ bool TerminalDevice::isTerminal(std::FILE* stream)
 
 bool TerminalDevice::isPerson(std::FILE* stream)
 {
-    return isatty(fileno(stream));
+    return suite::isTerminal(stream);
 }
 
 int TerminalDevice::columns(std::FILE* stream)

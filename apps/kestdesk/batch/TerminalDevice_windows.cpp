@@ -1,5 +1,7 @@
 #include "TerminalDevice.h"
 
+#include <TerminalStream.h>
+
 #include <io.h>
 #include <windows.h>
 
@@ -13,7 +15,7 @@ bool TerminalDevice::isTerminal(std::FILE* stream)
 
 bool TerminalDevice::isPerson(std::FILE* stream)
 {
-    return _isatty(_fileno(stream));
+    return suite::isTerminal(stream);
 }
 
 int TerminalDevice::columns(std::FILE* stream)

@@ -1,5 +1,7 @@
 #include "HostCheck.h"
 
+#include <RemoteShell.h>
+
 #include <QFileInfo>
 #include <QHostAddress>
 #include <QHostInfo>
@@ -76,7 +78,7 @@ bool HostCheck::isThisMachine(const QString& host)
 
 QString HostCheck::remoteShell()
 {
-    const QString program = qEnvironmentVariable("KEST_SSH", QStringLiteral("ssh"));
+    const QString program = suite::RemoteShell::program();
     const QFileInfo file(program);
     if (program.contains(QLatin1Char('/'))) {
         return file.isFile() && file.isExecutable() ? file.absoluteFilePath() : QString();

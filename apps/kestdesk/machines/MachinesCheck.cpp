@@ -3,6 +3,8 @@
 #include "MachinesFile.h"
 #include "StopSignals.h"
 
+#include <RemoteShell.h>
+
 #include <QCoreApplication>
 #include <QHash>
 
@@ -56,7 +58,7 @@ int MachinesCheck::exec()
     if (needsRemoteShell() && HostCheck::remoteShell().isEmpty()) {
         m_output.writeLine(QStringLiteral("There is no program %1 to reach the hosts with "
                                           "(KEST_SSH names it).")
-                               .arg(qEnvironmentVariable("KEST_SSH", QStringLiteral("ssh"))),
+                               .arg(suite::RemoteShell::program()),
                            Terminal::Colour::Red);
         return exitImpossible;
     }

@@ -2,14 +2,16 @@
 
 #include "MachinesLine.h"
 
+#include <InputFile.h>
+
 #include <QFile>
-#include <QFileInfo>
 
 #include <algorithm>
 
 namespace {
 
 constexpr int longestText = 60;
+constexpr qint64 largestFile = 64 << 20; // bytes
 
 struct Encoding
 {
@@ -36,12 +38,15 @@ QString cut(const QByteArray& text)
 
 QString MachinesFile::open(QFile& file)
 {
-    const QFileInfo info(file.fileName());
-    if (info.isDir()) {
-        return QStringLiteral("it is a folder");
+    using Problem = suite::InputFile::Problem;
+    suite::InputFile input(file.fileName());
+    const bool isReadable = input.readStart(0).has_value();
+    if (!isReadable && input.problem() != Problem::Missing &&
+        input.problem() != Problem::Unreadable) {
+        return input.reason();
     }
-    if (info.exists() && !info.isFile()) {
-        return QStringLiteral("it is not a regular file");
+    if (file.size() > largestFile) {
+        return QStringLiteral("it is larger than %1 MB").arg(largestFile >> 20);
     }
     return file.open(QIODevice::ReadOnly) ? QString() : file.errorString();
 }

@@ -6,6 +6,8 @@
 #include "MachinesCopies.h"
 #include "MachinesFile.h"
 
+#include <FileName.h>
+
 #include <common_CommonSettingsSet.h>
 #include <common_MachineFileFinder.h>
 
@@ -35,6 +37,11 @@ QString missingMachinesFile(const common_ProcessRunnerBase& runner)
 // What is missing before anything can be set up; empty when nothing is.
 QString missingPart(const Component& component, const QFileInfo& model)
 {
+    const QString nameProblem =
+        suite::FileName::problem(suite::FileName::absolute(model.filePath()));
+    if (!nameProblem.isEmpty()) {
+        return QStringLiteral("the model %1 cannot be run: %2").arg(model.filePath(), nameProblem);
+    }
     if (!model.exists()) {
         return QStringLiteral("there is no model %1").arg(model.filePath());
     }

@@ -3,7 +3,10 @@
 #include "Console.h"
 #include "Descendants.h"
 #include "Installation.h"
+#include "UnreadableModel.h"
 #include "WindowRun.h"
+
+#include <VisibleText.h>
 
 #include <common_IIconUtility.h>
 #include <common_ServiceOf.h>
@@ -74,7 +77,9 @@ bool isStarted(Launch launch)
 
 QString nativeLines(const QStringList& files)
 {
-    return QDir::toNativeSeparators(files.join(QLatin1Char('\n')));
+    QStringList lines;
+    std::transform(files.begin(), files.end(), std::back_inserter(lines), suite::visiblePath);
+    return lines.join(QLatin1Char('\n'));
 }
 
 } // namespace
@@ -166,8 +171,7 @@ void ApplicationMenu::openConsole()
             return Launcher::launchKestConsole(m_window, console.program, console.arguments,
                                                folder);
         })) {
-        Q_EMIT launched(
-            QStringLiteral("Opening a console in %1").arg(QDir::toNativeSeparators(folder)));
+        Q_EMIT launched(QStringLiteral("Opening a console in %1").arg(suite::visiblePath(folder)));
     }
 }
 
@@ -175,10 +179,7 @@ void ApplicationMenu::launchOnModel(Application application)
 {
     const QFileInfo model(m_model);
     if (!model.isFile() || !model.isReadable()) {
-        complain(QStringLiteral("Model not opened"),
-                 QStringLiteral("There is no model that can be read at\n%1.")
-                     .arg(QDir::toNativeSeparators(m_model)),
-                 m_window);
+        complain(QStringLiteral("Model not opened"), UnreadableModel::text(m_model), m_window);
         return;
     }
     launch(application, {model.absoluteFilePath()});
@@ -204,7 +205,7 @@ void ApplicationMenu::launch(Application application, const QStringList& files)
             [&] { return Launcher::launch(m_window, application, files, first.absolutePath()); })) {
         const QFileInfo program(Launcher::getExecutableString(application));
         Q_EMIT launched(QStringLiteral("Opening %1 in %2")
-                            .arg(files.size() == 1 ? first.fileName()
+                            .arg(files.size() == 1 ? suite::visibleFileName(first.filePath())
                                                    : QStringLiteral("%1 results").arg(files.size()),
                                  program.baseName()));
     }

@@ -7,11 +7,16 @@
 #include "LaunchOptionsDialog.h"
 #include "MachinesDialog.h"
 #include "Notifier.h"
+#include "OpenDialog.h"
 #include "RunChoice.h"
 #include "RunPanel.h"
 #include "RunTableModel.h"
+#include "UnreadableModel.h"
 #include "WindowGeometry.h"
 #include "WindowRun.h"
+
+#include <FileName.h>
+#include <VisibleText.h>
 
 #include <common_HelpClient.h>
 #include <common_IApplicationInfo.h>
@@ -24,7 +29,6 @@
 #include <QApplication>
 #include <QCloseEvent>
 #include <QDir>
-#include <QFileDialog>
 #include <QFileInfo>
 #include <QHBoxLayout>
 #include <QHeaderView>
@@ -56,14 +60,14 @@ QString droppedFile(const QMimeData& data)
     const QList<QUrl> urls = data.urls();
     const auto found =
         std::find_if(urls.begin(), urls.end(), [](const QUrl& url) { return url.isLocalFile(); });
-    return found == urls.end() ? QString() : found->toLocalFile();
+    return found == urls.end() ? QString() : suite::FileName::fromUrl(*found);
 }
 
 bool isAgreedToStop(const WindowRun& run, QWidget* window)
 {
     common_UserQuery query(QStringLiteral("Stop a run"),
                            QStringLiteral("Are you sure you want to stop %1 of %2?")
-                               .arg(run.componentName(), QFileInfo(run.model()).fileName()),
+                               .arg(run.componentName(), suite::visibleFileName(run.model())),
                            common_UserQuery::Warning, window, QString());
     query.addOption(QStringLiteral("Yes"), QMessageBox::YesRole, common_UserQuery::EnterDefault);
     query.addOption(QStringLiteral("No"), QMessageBox::NoRole, common_UserQuery::EscapeDefault);
@@ -112,7 +116,7 @@ void MainWindow::makeContent()
     setCentralWidget(content);
     m_outcome = new QLabel(this);
     m_outcome->setObjectName(QStringLiteral("outcomeLabel"));
-    m_outcome->setTextFormat(Qt::PlainText);
+    m_outcome->setTextFormat(Qt::PlainText); // names of files are in it
     m_outcome->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred); // cut, not widened
     statusBar()->addWidget(m_outcome, 1);
     connect(m_panel, &RunPanel::openRequested, this, &MainWindow::chooseModel);
@@ -238,9 +242,7 @@ void MainWindow::openModel(const QString& path)
 {
     const QFileInfo file(path);
     if (!file.isFile() || !file.isReadable()) {
-        common_UserQuery(QStringLiteral("Model not opened"),
-                         QStringLiteral("There is no model that can be read at\n%1.")
-                             .arg(QDir::toNativeSeparators(path)),
+        common_UserQuery(QStringLiteral("Model not opened"), UnreadableModel::text(path),
                          common_UserQuery::Error, this, QString())
             .display();
         return;
@@ -253,7 +255,7 @@ void MainWindow::showModel(const QString& path)
 {
     m_panel->setModel(path);
     m_settings.recentFiles()->addRecentFile(path);
-    setWindowTitle(QFileInfo(path).fileName() + QStringLiteral(" - ") + applicationName);
+    setWindowTitle(suite::visibleFileName(path) + QStringLiteral(" - ") + applicationName);
 }
 
 void MainWindow::setComponent(const Component& component)
@@ -264,8 +266,8 @@ void MainWindow::setComponent(const Component& component)
 void MainWindow::chooseModel()
 {
     const QString folder = QFileInfo(m_panel->model()).absolutePath();
-    const QString path = QFileDialog::getOpenFileName(this, QStringLiteral("Open a model"), folder,
-                                                      QStringLiteral("Models (*.nec);;All (*)"));
+    const QString path = OpenDialog::file(this, QStringLiteral("Open a model"), folder,
+                                          QStringLiteral("Models (*.nec);;All (*)"));
     if (!path.isEmpty()) {
         openModel(path);
     }
@@ -277,7 +279,7 @@ void MainWindow::listRecentFiles()
     const QStringList files = m_settings.recentFiles()->recentFiles();
     int number = 0;
     for (const QString& file : files) {
-        QString shown = file;
+        QString shown = suite::visibleText(file);
         shown.replace(QLatin1Char('&'), QStringLiteral("&&"));
         m_recentMenu->addAction(QStringLiteral("&%1 %2").arg(++number).arg(shown), this,
                                 [this, file] { openModel(file); });
@@ -382,7 +384,8 @@ void MainWindow::restoreModel()
     if (QFileInfo(model).isFile()) {
         showModel(QFileInfo(model).absoluteFilePath());
     } else {
-        tellOutcome(QStringLiteral("The model of the last session is gone: %1").arg(model));
+        tellOutcome(QStringLiteral("The model of the last session is gone: %1")
+                        .arg(suite::visibleText(model)));
     }
 }
 
@@ -452,7 +455,7 @@ void MainWindow::onRunEnded(WindowRun& run)
 {
     const QString text =
         QStringLiteral("%1 of %2: %3")
-            .arg(run.componentName(), QFileInfo(run.model()).fileName(), run.explanation());
+            .arg(run.componentName(), suite::visibleFileName(run.model()), run.explanation());
     tellOutcome(text);
     if (QApplication::activeWindow() == nullptr) {
         QApplication::alert(this);

@@ -1,8 +1,8 @@
 #include "RunResults.h"
 
+#include <InputFile.h>
+
 #include <QDir>
-#include <QFile>
-#include <QFileInfo>
 
 namespace {
 
@@ -11,8 +11,7 @@ const QByteArray firstColumn = QByteArrayLiteral("frequency");
 // Components leave other tables as well, such as the steps of an optimisation.
 bool isOverFrequency(const QString& path)
 {
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) && file.read(firstColumn.size()) == firstColumn;
+    return suite::InputFile(path).readStart(firstColumn.size()) == firstColumn;
 }
 
 } // namespace

@@ -1,13 +1,15 @@
 #include "RunTableModel.h"
 
 #include "RunTimes.h"
+#include "ToolTip.h"
 #include "WindowRun.h"
+
+#include <VisibleText.h>
 
 #include <common_IIconUtility.h>
 #include <common_ServiceOf.h>
 
 #include <QDir>
-#include <QFileInfo>
 #include <QIcon>
 
 #include <algorithm>
@@ -32,7 +34,7 @@ QString remainingText(const WindowRun& run)
 
 // clang-format off
 const ColumnRow columns[RunTableModel::ColumnCount] = {
-    {"Model",     false, [](const WindowRun& run) { return QFileInfo(run.model()).fileName(); }},
+    {"Model",     false, [](const WindowRun& run) { return suite::visibleFileName(run.model()); }},
     {"Component", false, [](const WindowRun& run) { return run.componentName(); }},
     {"State",     false, [](const WindowRun& run) { return run.stateText(); }},
     {"Progress",  true,  [](const WindowRun& run) { return QStringLiteral("%1 %").arg(run.totalPercentage()); }},
@@ -114,10 +116,9 @@ QVariant RunTableModel::data(const QModelIndex& index, int role) const
     case Qt::AccessibleDescriptionRole:
         return index.column() == StateColumn ? QVariant(shown->explanation()) : QVariant();
     case Qt::ToolTipRole:
-        if (index.column() == StateColumn) {
-            return shown->explanation().toHtmlEscaped();
-        }
-        return QDir::toNativeSeparators(shown->model());
+        return ToolTip::of(index.column() == StateColumn
+                               ? shown->explanation()
+                               : QDir::toNativeSeparators(shown->model()));
     case Qt::TextAlignmentRole:
         return int(Qt::AlignVCenter | (column.isNumber ? Qt::AlignRight : Qt::AlignLeft));
     case Qt::DecorationRole:

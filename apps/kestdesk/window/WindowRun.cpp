@@ -4,6 +4,8 @@
 #include "ProcessEnd.h"
 #include "RunResults.h"
 
+#include <VisibleText.h>
+
 #include <common_CommonSettingsSet.h>
 #include <common_HelpClient.h>
 #include <common_KestProcessDialog.h>
@@ -34,6 +36,7 @@ const struct { RunOutcome::Kind kind; WindowRun::State state; } outcomeStates[] 
 // As a sentence.
 void tellNotStarted(QString complaint, QWidget* window)
 {
+    complaint = suite::visibleText(complaint);
     complaint[0] = complaint.at(0).toUpper();
     common_UserQuery(QStringLiteral("Run not started"), complaint + QLatin1Char('.'),
                      common_UserQuery::Error, window, QString())

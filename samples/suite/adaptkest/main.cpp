@@ -1,6 +1,8 @@
 #include "Adaptkest.h"
 #include "ComponentSetup.h"
 
+#include <ProgramArguments.h>
+
 #include <QCoreApplication>
 
 // adaptkest solves a model where its impedance is worth knowing, in place of a plain sweep.
@@ -9,5 +11,5 @@ int main(int argc, char* argv[])
     suite::setupComponent();
     const QCoreApplication application(argc, argv);
     Adaptkest adaptkest;
-    return suite::runComponent(adaptkest);
+    return suite::runComponent(adaptkest, suite::ProgramArguments::given(argc, argv));
 }

@@ -1,6 +1,8 @@
 #include "Amrkest.h"
 #include "ComponentSetup.h"
 
+#include <ProgramArguments.h>
+
 #include <QCoreApplication>
 
 // amrkest refines a model's segments until its impedance hardly changes any more.
@@ -9,5 +11,5 @@ int main(int argc, char* argv[])
     suite::setupComponent();
     const QCoreApplication application(argc, argv);
     Amrkest amrkest;
-    return suite::runComponent(amrkest);
+    return suite::runComponent(amrkest, suite::ProgramArguments::given(argc, argv));
 }

@@ -2,6 +2,8 @@
 
 #include "ResultFiles.h"
 
+#include <InputFile.h>
+
 #include <QCryptographicHash>
 #include <QDir>
 #include <QFile>
@@ -111,17 +113,18 @@ bool AnalysisFiles::save(int number, const QVector<AnalysisPoint>& points)
 std::optional<QVector<AnalysisPoint>> AnalysisFiles::load(int number)
 {
     const QFileInfo info(path(number));
-    QFile file(path(number));
     if (!info.exists() && !info.isSymLink()) {
         m_error = QStringLiteral("there is no analysis %1 to go on from").arg(number);
         return std::nullopt;
     }
-    if (!info.isFile() || info.isSymLink() || info.size() > LargestFile ||
-        !file.open(QIODevice::ReadOnly)) {
+    InputFile file(path(number));
+    const std::optional<QByteArray> content =
+        info.isSymLink() ? std::nullopt : file.read(LargestFile);
+    if (!content) {
         refuse(number, QStringLiteral("it cannot be read"));
         return std::nullopt;
     }
-    const QJsonObject object = QJsonDocument::fromJson(file.readAll()).object();
+    const QJsonObject object = QJsonDocument::fromJson(*content).object();
     const QString problem = problemOf(object, number);
     if (!problem.isEmpty()) {
         refuse(number, problem);

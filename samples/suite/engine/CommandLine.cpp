@@ -98,6 +98,7 @@ bool takesValue(const OptionRow& row)
 CommandLine::CommandLine(OptionGroup group, QStringList arguments)
     : m_group(group), m_words(std::move(arguments))
 {
+    takeModelOfFrontEnd();
     while (!m_words.isEmpty()) {
         readWord();
     }
@@ -108,11 +109,28 @@ CommandLine::CommandLine(OptionGroup group, QStringList arguments)
     }
 }
 
+// Front ends give the model's bare name first and say who they are behind it. Whatever such a name
+// looks like, it is the model's.
+void CommandLine::takeModelOfFrontEnd()
+{
+    const bool isFrontEnd = m_words.mid(1).contains(QStringLiteral("--run-from-gui"));
+    if (isFrontEnd && m_words.first().startsWith(QLatin1Char('-')) &&
+        QFileInfo::exists(m_words.first())) {
+        m_model = m_words.takeFirst();
+    }
+}
+
 // Front ends pass an option field that holds only blanks as an empty word: it says nothing.
 void CommandLine::readWord()
 {
     const QString word = m_words.takeFirst();
     if (word.isEmpty()) {
+        return;
+    }
+    if (word == QLatin1String("--") && m_model.isEmpty()) {
+        while (!m_words.isEmpty()) {
+            setModel(m_words.takeFirst());
+        }
         return;
     }
     const OptionRow* row = optionRow(m_group, word);
@@ -177,10 +195,17 @@ void CommandLine::readModel(const QString& word)
     const bool looksLikeOption = word.startsWith(QLatin1Char('-'));
     if (looksLikeOption && (!m_model.isEmpty() || !QFileInfo::exists(word))) {
         complain(QStringLiteral("unknown option"), word);
-    } else if (!m_model.isEmpty()) {
-        complain(QStringLiteral("unexpected argument"), word);
     } else {
+        setModel(word);
+    }
+}
+
+void CommandLine::setModel(const QString& word)
+{
+    if (m_model.isEmpty()) {
         m_model = word;
+    } else {
+        complain(QStringLiteral("unexpected argument"), word);
     }
 }
 
@@ -206,7 +231,8 @@ QStringList CommandLine::wordsBehind(OptionGroup group, const QString& name) con
 
 QString CommandLine::help(const QString& program, OptionGroup group)
 {
-    QString text = QStringLiteral("Usage: %1 MODEL [options]\n").arg(program);
+    QString text =
+        QStringLiteral("Usage: %1 MODEL [options]\n       %1 [options] -- MODEL\n").arg(program);
     QVector<OptionGroup> groups = {OptionGroup::Common, group};
     const QVector<OptionRow> rows = optionRows();
     // Grows while it is walked through: the solver's options lead to further groups.

@@ -32,11 +32,13 @@ public:
 private:
     using Key = QPair<OptionGroup, QString>;
 
+    void takeModelOfFrontEnd();
     void readWord();
     [[nodiscard]] const OptionRow* earlierSwitch(const QString& word) const;
     void readOption(const OptionRow& row);
     QString readValue(const OptionRow& row);
     void readModel(const QString& word);
+    void setModel(const QString& word);
     void complain(const QString& problem, const QString& word);
 
     OptionGroup m_group;

@@ -84,9 +84,9 @@ void ComponentProgram::end()
     }
 }
 
-int runComponent(ComponentProgram& program)
+int runComponent(ComponentProgram& program, const QStringList& words)
 {
-    const std::optional<int> done = program.readCommandLine(QCoreApplication::arguments().mid(1));
+    const std::optional<int> done = program.readCommandLine(words);
     if (done) {
         return *done;
     }

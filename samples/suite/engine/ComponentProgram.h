@@ -71,8 +71,8 @@ private:
     bool m_isFinished = false;
 };
 
-// The main function of a component: reads the command line, runs, and minds the signals that stop
-// it. Returns the exit code.
-int runComponent(ComponentProgram& program);
+// The main function of a component: reads the words behind the program's name, runs, and minds the
+// signals that stop it. Returns the exit code.
+int runComponent(ComponentProgram& program, const QStringList& words);
 
 } // namespace suite

@@ -36,8 +36,12 @@ void ComponentRun::startComponent(const QString& name, const QStringList& argume
 
 bool ComponentRun::isSuccess() const
 {
-    return m_isDone && QProcess::error() != QProcess::FailedToStart &&
-           exitStatus() == QProcess::NormalExit && exitCode() == 0;
+    return m_isDone && hasEndedByItself() && exitCode() == 0;
+}
+
+bool ComponentRun::hasEndedByItself() const
+{
+    return QProcess::error() != QProcess::FailedToStart && exitStatus() == QProcess::NormalExit;
 }
 
 QString ComponentRun::error() const

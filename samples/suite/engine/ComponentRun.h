@@ -19,7 +19,10 @@ public:
     // True when the component did all it was asked for.
     [[nodiscard]] bool isSuccess() const;
 
-    // Why it did not: its first error, or how it ended.
+    // False when the component crashed or could not be started: then it may not have said why.
+    [[nodiscard]] bool hasEndedByItself() const;
+
+    // What went wrong: its first error, or how it ended.
     [[nodiscard]] QString error() const;
 
 Q_SIGNALS:

@@ -6,8 +6,7 @@
 #include "Optimisation.h"
 #include "PlainText.h"
 
-#include <QFile>
-#include <QFileInfo>
+#include <InputFile.h>
 
 #include <algorithm>
 
@@ -56,36 +55,35 @@ DeckReader::DeckReader(FindingList& findings)
 
 Deck DeckReader::readFile(const ModelFile& model)
 {
-    if (!isReadable(model)) {
+    InputFile file(model.path());
+    const std::optional<QByteArray> bytes = file.read(LargestDeck);
+    if (!bytes) {
+        tellProblem(file);
         return {};
     }
-    QFile file(model.path());
-    if (!file.open(QIODevice::ReadOnly)) {
-        m_findings.add(FindingKind::ModelUnreadable, 0, {file.errorString()});
-        return {};
-    }
-    const QByteArray bytes = file.read(LargestDeck + 1);
-    if (file.error() != QFileDevice::NoError) {
-        m_findings.add(FindingKind::ModelUnreadable, 0, {file.errorString()});
-        return {};
-    }
-    return readBytes(bytes);
+    return readBytes(*bytes);
 }
 
-// Devices and pipes are refused: reading one could wait for ever.
-bool DeckReader::isReadable(const ModelFile& model)
+void DeckReader::tellProblem(const InputFile& file)
 {
-    const QFileInfo info(model.path());
-    if (!info.exists()) {
+    switch (file.problem()) {
+    case InputFile::Problem::Missing:
         m_findings.add(FindingKind::ModelMissing);
-    } else if (info.isDir()) {
+        break;
+    case InputFile::Problem::Folder:
         m_findings.add(FindingKind::ModelIsDirectory);
-    } else if (!info.isFile()) {
-        m_findings.add(FindingKind::ModelUnreadable, 0, {QStringLiteral("it is no plain file")});
-    } else {
-        return true;
+        break;
+    case InputFile::Problem::TooLarge:
+        tellTooLarge();
+        break;
+    default:
+        m_findings.add(FindingKind::ModelUnreadable, 0, {file.reason()});
     }
-    return false;
+}
+
+void DeckReader::tellTooLarge()
+{
+    m_findings.add(FindingKind::ModelTooLarge, 0, {QString::number(LargestDeck / Megabyte)});
 }
 
 Deck DeckReader::readBytes(const QByteArray& bytes)
@@ -113,7 +111,7 @@ bool DeckReader::isText(const QByteArray& bytes)
     if (bytes.trimmed().isEmpty()) {
         m_findings.add(FindingKind::ModelEmpty);
     } else if (bytes.size() > LargestDeck) {
-        m_findings.add(FindingKind::ModelTooLarge, 0, {QString::number(LargestDeck / Megabyte)});
+        tellTooLarge();
     } else if (std::any_of(bytes.begin(), bytes.end(), isControl)) {
         m_findings.add(FindingKind::ModelBinary);
     } else {

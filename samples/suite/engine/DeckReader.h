@@ -4,10 +4,9 @@
 #include "DefinitionReader.h"
 #include "Finding.h"
 
-class QIODevice;
-
 namespace suite {
 
+class InputFile;
 class ModelFile;
 
 // Reads a deck. Whatever is wrong with the file, a line or a field becomes a finding; the cards
@@ -24,7 +23,8 @@ public:
     Deck readBytes(const QByteArray& bytes);
 
 private:
-    bool isReadable(const ModelFile& model);
+    void tellProblem(const InputFile& file);
+    void tellTooLarge();
     bool isText(const QByteArray& bytes);
     void readLine(const QByteArray& line);
     void readComment(const QByteArray& line, const QString& mnemonic);

@@ -2,6 +2,8 @@
 
 #include "EngineOutput.h"
 
+#include <TemporaryFolder.h>
+
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
@@ -35,8 +37,7 @@ void EngineJob::solve(const QByteArray& deck)
 {
     QFile file(filePath(QStringLiteral("nec")));
     if (!file.open(QIODevice::WriteOnly) || file.write(deck) != deck.size() || !file.flush()) {
-        m_error = QStringLiteral("the deck '%1' cannot be written, %2")
-                      .arg(file.fileName(), file.errorString());
+        m_error = TemporaryFolder::unusable(file.errorString());
         QMetaObject::invokeMethod(this, &EngineJob::end, Qt::QueuedConnection);
         return;
     }
@@ -70,13 +71,20 @@ void EngineJob::readOutput()
         if (m_output.size() > LargestOutput) {
             m_error = QStringLiteral("the engine's output is too large");
         }
-        file.remove();
-        QFile::remove(filePath(QStringLiteral("nec")));
     }
     const QString exitProblem = exitError();
     if (!exitProblem.isEmpty()) {
         m_error = exitProblem;
     }
+    // An engine that cannot write ends in many ways, and tells of none.
+    const bool isSuspect = !m_error.isEmpty() || !EngineOutput(m_output).hasImpedance();
+    const QString folderProblem =
+        isSuspect ? TemporaryFolder::writeProblem(workingDirectory()) : QString();
+    if (!folderProblem.isEmpty()) {
+        m_error = folderProblem;
+    }
+    file.remove();
+    QFile::remove(filePath(QStringLiteral("nec")));
 }
 
 // Empty when the engine ended well.

@@ -132,8 +132,8 @@ constexpr FindingRow FindingTable[] = {
     {FindingKind::ResultNotWritten,   2701, Severity::Fatal,   "%1"},
     {FindingKind::Stopped,            2901, Severity::Fatal,   "stopped"},
 
-    {FindingKind::LongSegment,        3201, Severity::Warning, "the segments of wire %1 (%2 m) are longer than a tenth of the shortest wavelength (%3 m)"},
-    {FindingKind::ThickSegment,       3202, Severity::Warning, "the segments of wire %1 (%2 m) are shorter than eight radii (radius %3 m)"},
+    {FindingKind::LongSegment,        3201, Severity::Warning, "the segments of the wire with tag %1 (%2 m) are longer than a tenth of the shortest wavelength (%3 m)"},
+    {FindingKind::ThickSegment,       3202, Severity::Warning, "the segments of the wire with tag %1 (%2 m) are shorter than eight radii (radius %3 m)"},
     {FindingKind::SharedTag,          3203, Severity::Warning, "tag %1 is used by the wire in line %2 too"},
     {FindingKind::IgnoredAfterEnd,    3204, Severity::Warning, "what follows the EN card is ignored"},
     {FindingKind::PlotFileDropped,    3205, Severity::Warning, "the plot file of card PL is not kept"},

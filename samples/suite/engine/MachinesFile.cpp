@@ -2,8 +2,9 @@
 
 #include "PlainText.h"
 
+#include <InputFile.h>
+
 #include <QDir>
-#include <QFile>
 #include <QFileInfo>
 #include <QRegularExpression>
 
@@ -96,23 +97,15 @@ QString nameOf(const QString& path)
 
 MachinesFile::MachinesFile(const QString& path) : m_name(nameOf(path))
 {
-    const QFileInfo info(path);
-    QFile file(path);
-    QString problem;
-    if (!info.exists()) {
-        problem = QStringLiteral("does not exist");
-    } else if (info.isDir()) {
-        problem = QStringLiteral("is a directory");
-    } else if (!info.isFile()) {
-        problem = QStringLiteral("is no file");
-    } else if (info.size() > LargestFile) {
-        problem = QStringLiteral("is larger than %1 MB").arg(LargestFile >> 20);
-    } else if (!file.open(QIODevice::ReadOnly)) {
-        problem = QStringLiteral("cannot be read, ") + file.errorString();
-    } else {
-        readContent(file.read(LargestFile));
+    InputFile file(path);
+    const std::optional<QByteArray> content = file.read(LargestFile);
+    if (content) {
+        readContent(*content);
         return;
     }
+    const QString problem = file.problem() == InputFile::Problem::Missing
+                                ? QStringLiteral("does not exist")
+                                : QStringLiteral("cannot be read, ") + file.reason();
     m_errors.append(QStringLiteral("the machines file '%1' %2").arg(path, problem));
 }
 

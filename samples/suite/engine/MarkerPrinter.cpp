@@ -2,6 +2,8 @@
 
 #include "PlainText.h"
 
+#include <TerminalStream.h>
+
 #include <poll.h>
 
 namespace suite {
@@ -49,12 +51,13 @@ std::optional<Marker> markerOf(const QString& line)
     return std::nullopt;
 }
 
-MarkerPrinter::MarkerPrinter(std::FILE* stream) : m_stream(stream)
+MarkerPrinter::MarkerPrinter(std::FILE* stream) : m_stream(stream), m_isTerminal(isTerminal(stream))
 {}
 
 void MarkerPrinter::print(Marker marker, const QString& body)
 {
-    writeLine(markerText(marker) + plainText(body));
+    const bool isName = marker == Marker::File && !m_isTerminal;
+    writeLine(markerText(marker) + (isName ? carriedName(body) : plainText(body)));
 }
 
 void MarkerPrinter::printText(const QString& text)

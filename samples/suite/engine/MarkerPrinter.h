@@ -24,13 +24,15 @@ QString markerText(Marker marker);
 std::optional<Marker> markerOf(const QString& line);
 
 // Prints a component's messages, one marker a line, each line flushed at once: the reader shows it
-// while the run goes on.
+// while the run goes on. On a terminal, where nobody opens what is named, names of files are made
+// visible, too.
 class MarkerPrinter
 {
 public:
     explicit MarkerPrinter(std::FILE* stream = stdout);
 
-    // Prints one tagged line. The body is made safe, so it cannot form a marker of its own.
+    // Prints one tagged line. The body is made safe, so it cannot form a marker of its own; the
+    // name of a file stays what it is otherwise.
     void print(Marker marker, const QString& body);
 
     // Prints one plain line.
@@ -52,6 +54,7 @@ private:
     void writeLine(const QString& line);
 
     std::FILE* m_stream;
+    bool m_isTerminal;
     bool m_failed = false;
 };
 

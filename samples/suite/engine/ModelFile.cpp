@@ -1,5 +1,7 @@
 #include "ModelFile.h"
 
+#include <FileName.h>
+
 #include <QFileInfo>
 
 namespace suite {
@@ -15,10 +17,9 @@ QString deckSuffix()
 
 ModelFile::ModelFile(const QString& argument)
 {
-    const QFileInfo given(argument);
-    const QFileInfo completed(argument + deckSuffix());
-    const bool useCompleted = !given.isFile() && completed.isFile();
-    m_path = (useCompleted ? completed : given).absoluteFilePath();
+    const QString completed = argument + deckSuffix();
+    const bool useCompleted = !QFileInfo(argument).isFile() && QFileInfo(completed).isFile();
+    m_path = FileName::absolute(useCompleted ? completed : argument);
 }
 
 QString ModelFile::name() const

@@ -1,22 +1,17 @@
 #include "PlainText.h"
 
+#include <VisibleText.h>
+
 namespace suite {
 
 namespace {
 
 constexpr int LongestExcerpt = 60;
 
-bool isUnprintable(QChar character)
+// Without "-*" there is no "-*-", however such pieces overlap.
+QString withoutMarkers(QString text)
 {
-    switch (character.category()) {
-    case QChar::Other_Control:
-    case QChar::Other_Format:
-    case QChar::Separator_Line:
-    case QChar::Separator_Paragraph:
-        return true;
-    default:
-        return false;
-    }
+    return text.replace(QLatin1String("-*"), QLatin1String("- *"));
 }
 
 } // namespace
@@ -24,15 +19,17 @@ bool isUnprintable(QChar character)
 QString plainText(const QString& text)
 {
     QString result = text;
-    for (QChar& character : result) {
-        if (character == QLatin1Char('\t')) {
-            character = QLatin1Char(' ');
-        } else if (isUnprintable(character)) {
-            character = QLatin1Char('?');
-        }
+    result.replace(QLatin1Char('\t'), QLatin1Char(' '));
+    return withoutMarkers(visibleText(result));
+}
+
+QString carriedName(const QString& name)
+{
+    QString result = name;
+    for (const char lineBreak : {'\n', '\r'}) {
+        result.replace(QLatin1Char(lineBreak), QChar(QChar::ReplacementCharacter));
     }
-    // Without "-*" there is no "-*-", however such pieces overlap.
-    return result.replace(QLatin1String("-*"), QLatin1String("- *"));
+    return withoutMarkers(result);
 }
 
 QString excerpt(const QString& text)

@@ -112,10 +112,8 @@ void Preprocessor::takeAdaptiveSampling()
 void Preprocessor::warnOfSegments()
 {
     const double shortestWave = wavelength(m_model.frequencies.highest());
-    int number = 0;
     for (const Wire& wire : qAsConst(m_model.structure.wires)) {
-        ++number;
-        const QString name = QString::number(number);
+        const QString name = QString::number(wire.tag);
         const double longest = wire.longestSegment();
         const double shortest = wire.shortestSegment();
         if (longest > shortestWave / 10 * (1 + Tolerance)) {

@@ -1,6 +1,7 @@
 #include "ResultTable.h"
 
-#include <QFile>
+#include <InputFile.h>
+
 #include <QFileInfo>
 
 namespace suite {
@@ -11,6 +12,7 @@ constexpr int FrequencyCell = 0;
 constexpr int ResistanceCell = 1;
 constexpr int ReactanceCell = 2;
 constexpr int CellCount = 4;
+constexpr qint64 LargestTable = 64 << 20;
 
 // False when the line is no line of the table.
 bool readPoint(const QByteArray& line, SweepPoint& point)
@@ -39,21 +41,24 @@ ResultTable ResultTable::read(const QString& path)
 {
     ResultTable result;
     const QString name = QFileInfo(path).fileName();
-    QFile file(path);
-    if (!file.open(QIODevice::ReadOnly)) {
+    InputFile file(path);
+    const std::optional<QByteArray> content = file.read(LargestTable);
+    if (!content) {
         result.error =
-            QStringLiteral("the result file '%1' cannot be read, %2").arg(name, file.errorString());
+            QStringLiteral("the result file '%1' cannot be read, %2").arg(name, file.reason());
         return result;
     }
-    file.readLine(); // the header
-    while (!file.atEnd()) {
+    QList<QByteArray> lines = content->split('\n');
+    if (lines.last().isEmpty()) {
+        lines.removeLast();
+    }
+    for (const QByteArray& line : lines.mid(1)) { // behind the header
         SweepPoint point;
-        const QByteArray line = file.readLine().trimmed();
-        if (!readPoint(line, point)) {
+        if (!readPoint(line.trimmed(), point)) {
             result.points.clear();
             result.error =
                 QStringLiteral("the result file '%1' holds a line that is no result, '%2'")
-                    .arg(name, QString::fromUtf8(line));
+                    .arg(name, QString::fromUtf8(line.trimmed()));
             return result;
         }
         result.points.append(point);

@@ -2,12 +2,6 @@
 
 namespace suite {
 
-QString SshProgram::path()
-{
-    const QString chosen = qEnvironmentVariable("KEST_SSH");
-    return chosen.isEmpty() ? QStringLiteral("ssh") : chosen;
-}
-
 QStringList SshProgram::options()
 {
     QStringList result;

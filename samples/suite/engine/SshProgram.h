@@ -4,12 +4,11 @@
 
 namespace suite {
 
-// How other hosts are reached: the program ssh, or the one that KEST_SSH names, never asking for
-// anything and giving up on a host that does not answer.
+// How the program that reaches other hosts is called: never asking for anything, and giving up on a
+// host that does not answer.
 class SshProgram
 {
 public:
-    static QString path();
     static QStringList options();
 };
 

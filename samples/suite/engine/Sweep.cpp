@@ -4,8 +4,6 @@
 
 #include <MarkedFolders.h>
 
-#include <QDir>
-
 #include <utility>
 
 namespace suite {
@@ -24,8 +22,7 @@ Sweep::Sweep(SweepDeck deck, QString engine, int atOnce, bool needsImpedance)
     , m_engine(std::move(engine))
     , m_atOnce(atOnce)
     , m_needsImpedance(needsImpedance)
-    , m_folder(QDir::tempPath() + QLatin1Char('/') +
-               MarkedFolders::marked(QStringLiteral("kest-sweep")) + QStringLiteral("-XXXXXX"))
+    , m_folder(MarkedFolders::marked(QStringLiteral("kest-sweep")))
     , m_processes(EngineStopTimes)
 {
     connect(&m_processes, &ChildProcesses::allEnded, this, &Sweep::endStopped);
@@ -35,8 +32,7 @@ void Sweep::start()
 {
     MarkedFolders::removeLeft();
     if (!m_folder.isValid()) {
-        Q_EMIT failed(QStringLiteral("no temporary folder can be made in '%1', %2")
-                          .arg(QDir::tempPath(), m_folder.errorString()));
+        Q_EMIT failed(m_folder.error());
         stop();
         return;
     }

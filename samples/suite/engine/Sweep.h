@@ -5,7 +5,7 @@
 #include "SweepDeck.h"
 #include "SweepRunner.h"
 
-#include <QTemporaryDir>
+#include <TemporaryFolder.h>
 
 #include <map>
 
@@ -40,7 +40,7 @@ private:
     int m_atOnce;
     bool m_needsImpedance;
     Priority m_priority;
-    QTemporaryDir m_folder;
+    TemporaryFolder m_folder;
     ChildProcesses m_processes;
     std::map<int, EngineOutput> m_waiting;
     int m_nextStart = 0;

@@ -2,7 +2,8 @@
 
 #include "Expression.h"
 
-#include <QFile>
+#include <InputFile.h>
+
 #include <QFileInfo>
 #include <QJsonArray>
 #include <QJsonDocument>
@@ -48,10 +49,10 @@ bool precedes(const Evaluation& left, const Evaluation& right)
     return left.run < right.run;
 }
 
-QString fileError(const char* problem, const QFileDevice& file)
+QString fileError(const char* problem, const QString& path, const QString& reason)
 {
     return QStringLiteral("the file '%1' cannot be %2, %3")
-        .arg(QFileInfo(file.fileName()).fileName(), QLatin1String(problem), file.errorString());
+        .arg(QFileInfo(path).fileName(), QLatin1String(problem), reason);
 }
 
 } // namespace
@@ -96,19 +97,20 @@ QString OptimisationState::write(const QString& path) const
     QSaveFile file(path);
     const QByteArray bytes = QJsonDocument(object).toJson();
     const bool isWritten = file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size();
-    return isWritten && file.commit() ? QString() : fileError("written", file);
+    return isWritten && file.commit() ? QString() : fileError("written", path, file.errorString());
 }
 
 QString OptimisationState::read(const QString& path)
 {
-    QFile file(path);
-    if (!QFileInfo(path).isFile()) {
+    suite::InputFile file(path);
+    const std::optional<QByteArray> content = file.read(LargestState);
+    if (file.problem() == suite::InputFile::Problem::Missing) {
         return QStringLiteral("there are no earlier runs");
     }
-    if (!file.open(QIODevice::ReadOnly)) {
-        return fileError("read", file);
+    if (!content) {
+        return fileError("read", path, file.reason());
     }
-    const QJsonObject object = QJsonDocument::fromJson(file.read(LargestState)).object();
+    const QJsonObject object = QJsonDocument::fromJson(*content).object();
     fingerprint = object.value(QStringLiteral("model")).toString();
     name = object.value(QStringLiteral("name")).toString();
     low = object.value(QStringLiteral("low")).toDouble();

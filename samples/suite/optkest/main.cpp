@@ -1,6 +1,8 @@
 #include "ComponentSetup.h"
 #include "Optkest.h"
 
+#include <ProgramArguments.h>
+
 #include <QCoreApplication>
 
 // optkest tunes a named value of a model to resonance.
@@ -9,5 +11,5 @@ int main(int argc, char* argv[])
     suite::setupComponent();
     const QCoreApplication application(argc, argv);
     Optkest optkest;
-    return suite::runComponent(optkest);
+    return suite::runComponent(optkest, suite::ProgramArguments::given(argc, argv));
 }

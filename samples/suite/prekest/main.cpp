@@ -1,6 +1,8 @@
 #include "Component.h"
 #include "ComponentSetup.h"
 
+#include <ProgramArguments.h>
+
 #include <QCoreApplication>
 
 // prekest reads a model, checks it and prints what it found.
@@ -9,7 +11,8 @@ int main(int argc, char* argv[])
     suite::setupComponent();
     const QCoreApplication application(argc, argv);
     suite::Component component(QStringLiteral("prekest"), suite::OptionGroup::Prekest);
-    const std::optional<int> done = component.readCommandLine(QCoreApplication::arguments().mid(1));
+    const std::optional<int> done =
+        component.readCommandLine(suite::ProgramArguments::given(argc, argv));
     if (done) {
         return *done;
     }

@@ -6,6 +6,8 @@
 #include "ResultFiles.h"
 #include "SshProgram.h"
 
+#include <RemoteShell.h>
+
 #include <QCoreApplication>
 #include <QDir>
 #include <QFile>
@@ -112,12 +114,7 @@ bool RemoteRun::readFiles()
         component().findingPrinter().print(check.findings());
         return false;
     }
-    QFile model(component().modelFile().path());
-    if (!model.open(QIODevice::ReadOnly)) {
-        fail(FindingKind::ModelUnreadable, model.errorString());
-        return false;
-    }
-    m_model = model.readAll();
+    m_model = check.model().deck.bytes;
     const QString option = QStringLiteral("--machines-file");
     m_hasMachines = commandLine().has(OptionGroup::Runkest, option);
     if (m_hasMachines) {
@@ -132,7 +129,7 @@ bool RemoteRun::readFiles()
 
 void RemoteRun::work()
 {
-    m_process.startFramed(SshProgram::path(), sshArguments(), StartLimit);
+    m_process.startFramed(RemoteShell::program(), sshArguments(), StartLimit);
 }
 
 // ssh hands the command to a shell there: it is fixed text but for the quoted path.
@@ -268,7 +265,7 @@ void RemoteRun::endProcess()
         const QString how =
             m_process.error() == QProcess::FailedToStart
                 ? QStringLiteral("cannot be reached, '%1' cannot be started")
-                      .arg(SshProgram::path())
+                      .arg(RemoteShell::program())
                 : QStringLiteral("%1 (code %2)")
                       .arg(m_process.hasAnswered()
                                ? QStringLiteral("is not connected any more")

@@ -22,11 +22,13 @@ QString machinesName()
     return QStringLiteral("machines.kest");
 }
 
-bool writeFile(const QString& path, const QByteArray& content)
+// Why a file of the temporary folder could not be written; empty when it was.
+QString writeFile(const QString& path, const QByteArray& content)
 {
     QFile file(path);
-    return file.open(QIODevice::WriteOnly | QIODevice::NewOnly) &&
-           file.write(content) == content.size() && file.flush();
+    const bool isWritten = file.open(QIODevice::WriteOnly | QIODevice::NewOnly) &&
+                           file.write(content) == content.size() && file.flush();
+    return isWritten ? QString() : TemporaryFolder::unusable(file.errorString());
 }
 
 // Without the parts that lead elsewhere.
@@ -92,17 +94,16 @@ QString RemoteSession::prepareFolder(const QString& name, const QByteArray& mode
                                      const QByteArray& machines)
 {
     MarkedFolders::removeLeft();
-    m_folder.emplace(QDir::tempPath() + QLatin1Char('/') +
-                     MarkedFolders::marked(QStringLiteral("kest-remote")) +
-                     QStringLiteral("-XXXXXX"));
-    const QDir folder(m_folder->path());
+    m_folder.emplace(MarkedFolders::marked(QStringLiteral("kest-remote")));
+    QString reason = m_folder->error();
     // The model has a folder of its own, so that it may have any name.
-    if (m_folder->isValid() && folder.mkdir(QStringLiteral("model")) &&
-        writeFile(folder.filePath(machinesName()), machines) &&
-        writeFile(folder.filePath(QStringLiteral("model/") + name), model)) {
-        return {};
+    if (reason.isEmpty() && QDir(m_folder->path()).mkdir(QStringLiteral("model"))) {
+        reason = writeFile(m_folder->filePath(machinesName()), machines);
     }
-    return QStringLiteral("cannot keep the model in '%1'").arg(QDir::tempPath());
+    if (reason.isEmpty()) {
+        reason = writeFile(m_folder->filePath(QStringLiteral("model/") + name), model);
+    }
+    return reason.isEmpty() ? QString() : QStringLiteral("cannot keep the model, ") + reason;
 }
 
 void RemoteSession::run(const QString& name, QStringList arguments, bool hasMachines)
@@ -144,7 +145,7 @@ void RemoteSession::endRun()
     if (m_isStopping) {
         return;
     }
-    if (!m_run->isSuccess() && m_run->exitStatus() == QProcess::CrashExit) {
+    if (!m_run->hasEndedByItself()) {
         m_channel.send(
             Frame::of(Frame::Type::Failure, QStringLiteral("lost the run, ") + m_run->error()));
     }

@@ -5,7 +5,7 @@
 #include "FrameChannel.h"
 #include "Heartbeat.h"
 
-#include <QTemporaryDir>
+#include <TemporaryFolder.h>
 
 #include <optional>
 
@@ -39,7 +39,7 @@ private:
 
     suite::FrameChannel m_channel;
     suite::Heartbeat m_heartbeat;
-    std::optional<QTemporaryDir> m_folder;
+    std::optional<suite::TemporaryFolder> m_folder;
     suite::ChildProcesses m_processes;
     suite::ComponentRun* m_run = nullptr; // owned by m_processes
     bool m_isStopping = false;

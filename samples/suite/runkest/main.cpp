@@ -3,6 +3,8 @@
 #include "RemoteSession.h"
 #include "Runkest.h"
 
+#include <ProgramArguments.h>
+
 #include <KSignalHandler>
 
 #include <QCoreApplication>
@@ -32,14 +34,14 @@ int main(int argc, char* argv[])
 {
     suite::setupComponent();
     const QCoreApplication application(argc, argv);
-    const QStringList arguments = QCoreApplication::arguments().mid(1);
+    const QStringList arguments = suite::ProgramArguments::given(argc, argv);
     if (arguments == QStringList(QStringLiteral("--remote-session"))) {
         return runSession();
     }
     if (RemoteRun::isAskedFor(arguments)) {
         RemoteRun run;
-        return suite::runComponent(run);
+        return suite::runComponent(run, arguments);
     }
     Runkest runkest;
-    return suite::runComponent(runkest);
+    return suite::runComponent(runkest, arguments);
 }

@@ -1,10 +1,15 @@
 #include "SshProgram.h"
 
+#include <RemoteShell.h>
+
 #include <QFile>
 
+#include <cerrno>
 #include <csignal>
 #include <cstdio>
 #include <cstdlib>
+#include <cstring>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -26,7 +31,7 @@ int hostPlace(int argc, char* argv[])
 
 std::vector<std::string> sshWords(int argc, char* argv[])
 {
-    std::vector<std::string> result = {suite::SshProgram::path().toLocal8Bit().toStdString()};
+    std::vector<std::string> result = {suite::RemoteShell::program().toLocal8Bit().toStdString()};
     const QStringList options = suite::SshProgram::options();
     for (const QString& option : options) {
         result.push_back(option.toStdString());
@@ -56,6 +61,23 @@ bool isUnderGuard()
         process = parentOf(process);
     }
     return process > 1;
+}
+
+// As waitpid() gives it, however often signals interrupt the wait; none when the end of the process
+// cannot be known.
+std::optional<int> statusOf(pid_t process)
+{
+    int status = 0;
+    pid_t ended = -1;
+    do {
+        ended = ::waitpid(process, &status, 0);
+    } while (ended < 0 && errno == EINTR);
+    return ended == process ? std::make_optional(status) : std::nullopt;
+}
+
+int exitCodeOf(std::optional<int> status)
+{
+    return status && WIFEXITED(*status) ? WEXITSTATUS(*status) : EXIT_FAILURE;
 }
 
 void endWithParent()
@@ -92,8 +114,15 @@ int main(int argc, char* argv[])
     if (!isUnderGuard()) {
         return EXIT_FAILURE;
     }
+    // Where children are ignored nobody knows how they end.
+    std::signal(SIGCHLD, SIG_DFL);
     const pid_t parent = ::getpid();
     const pid_t child = ::fork();
+    if (child < 0) {
+        std::fprintf(stderr, "sshkest: '%s' cannot be reached, no process can be started, %s\n",
+                     argv[place], std::strerror(errno));
+        return EXIT_FAILURE;
+    }
     if (child == 0) {
         endWithParent();
         if (::getppid() != parent) {
@@ -101,12 +130,10 @@ int main(int argc, char* argv[])
         }
         becomeSsh(sshWords(argc, argv));
     }
-    int status = 0;
-    if (child < 0 || ::waitpid(child, &status, 0) != child || status != 0) {
-        const int code = WIFEXITED(status) ? WEXITSTATUS(status) : EXIT_FAILURE;
+    const int code = exitCodeOf(statusOf(child));
+    if (code != EXIT_SUCCESS) {
         std::fprintf(stderr, "sshkest: '%s' cannot be reached any more by ssh (code %d)\n",
                      argv[place], code);
-        return code;
     }
-    return EXIT_SUCCESS;
+    return code;
 }

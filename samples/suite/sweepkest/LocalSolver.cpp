@@ -5,8 +5,6 @@
 
 #include <MarkedFolders.h>
 
-#include <QDir>
-
 using namespace suite;
 
 namespace {
@@ -31,9 +29,7 @@ void LocalSolver::setUp(const SweepDeck& deck, Priority priority)
     m_deck = deck;
     m_priority = priority;
     MarkedFolders::removeLeft();
-    m_folder.emplace(QDir::tempPath() + QLatin1Char('/') +
-                     MarkedFolders::marked(QStringLiteral("kest-sweep")) +
-                     QStringLiteral("-XXXXXX"));
+    m_folder.emplace(MarkedFolders::marked(QStringLiteral("kest-sweep")));
 }
 
 void LocalSolver::queue(int index)
@@ -87,8 +83,5 @@ QString LocalSolver::setupError() const
     if (m_engine.isEmpty()) {
         return m_engineError;
     }
-    if (!m_folder || !m_folder->isValid()) {
-        return QStringLiteral("no temporary folder can be made in '%1'").arg(QDir::tempPath());
-    }
-    return {};
+    return m_folder ? m_folder->error() : QStringLiteral("there is no temporary folder");
 }

@@ -4,7 +4,7 @@
 #include "Priority.h"
 #include "SweepDeck.h"
 
-#include <QTemporaryDir>
+#include <TemporaryFolder.h>
 
 #include <deque>
 #include <optional>
@@ -46,7 +46,7 @@ private:
     suite::Priority m_priority;
     QString m_engine;
     QString m_engineError;
-    std::optional<QTemporaryDir> m_folder;
+    std::optional<suite::TemporaryFolder> m_folder;
     suite::ChildProcesses m_processes;
     std::deque<int> m_queue;
     int m_index = -1; // what is solved at the moment

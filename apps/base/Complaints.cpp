@@ -1,0 +1,30 @@
+#include "Complaints.h"
+
+#include <VisibleText.h>
+
+#include <QCoreApplication>
+
+#include <cstdio>
+
+namespace {
+
+void printLine(const QString& text)
+{
+    std::fprintf(stderr, "%s\n", qPrintable(suite::visibleText(text)));
+}
+
+} // namespace
+
+void Complaints::print(const QString& text)
+{
+    printLine(QCoreApplication::applicationName() + QStringLiteral(": ") + text);
+}
+
+void Complaints::printRefusal(const QString& text, const QString& hint)
+{
+    print(text);
+    if (!hint.isEmpty()) {
+        printLine(hint);
+    }
+    printLine(QStringLiteral("Try \"%1 --help\".").arg(QCoreApplication::applicationName()));
+}

@@ -1,0 +1,19 @@
+#ifndef OPENDIALOG_H
+#define OPENDIALOG_H
+
+#include <QStringList>
+
+class QWidget;
+
+/// Lets the user choose files that are there. Who closes the dialog without a choice hears of files
+/// that it could not list, since Qt leaves out those whose names are not UTF-8.
+namespace OpenDialog {
+
+/// Empty when the user has chosen none.
+QString file(QWidget* parent, const QString& title, const QString& folder, const QString& filter);
+QStringList files(QWidget* parent, const QString& title, const QString& folder,
+                  const QString& filter);
+
+} // namespace OpenDialog
+
+#endif

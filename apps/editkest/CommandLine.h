@@ -1,0 +1,24 @@
+#ifndef COMMANDLINE_H
+#define COMMANDLINE_H
+
+#include <QString>
+#include <QStringList>
+
+/// What the user asked for on the command line.
+struct CommandLine
+{
+    enum class Request { ShowWindow, CheckModels, ShowText, Refuse };
+
+    Request request = Request::Refuse;
+    QString text; ///< what to show, or why the command line is refused
+    QStringList models;
+
+    /// The arguments include the program's name. Needs an application object, which helpText()
+    /// names the program by.
+    static CommandLine parsed(const QStringList& arguments);
+
+    /// The request alone, which decides what application object is needed.
+    static Request requestOf(const QStringList& arguments);
+};
+
+#endif

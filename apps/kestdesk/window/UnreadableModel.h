@@ -1,0 +1,13 @@
+#ifndef UNREADABLEMODEL_H
+#define UNREADABLEMODEL_H
+
+#include <QString>
+
+/// What the window says of a model that it cannot use.
+namespace UnreadableModel {
+
+QString text(const QString& path);
+
+} // namespace UnreadableModel
+
+#endif

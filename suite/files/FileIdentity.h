@@ -1,0 +1,14 @@
+#ifndef FILEIDENTITY_H
+#define FILEIDENTITY_H
+
+class QString;
+
+namespace suite {
+
+/// Whether two paths lead to the same file: by another spelling, by symbolic or by hard links.
+/// Where a file does not exist, its path decides.
+bool isSameFile(const QString& left, const QString& right);
+
+} // namespace suite
+
+#endif

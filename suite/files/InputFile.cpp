@@ -1,0 +1,94 @@
+#include "InputFile.h"
+
+#include "FileName.h"
+
+#include <QFile>
+#include <QFileInfo>
+
+#include <utility>
+
+namespace suite {
+
+namespace {
+
+QString sizeText(qint64 bytes)
+{
+    constexpr qint64 megabyte = 1 << 20;
+    return bytes >= megabyte ? QStringLiteral("%1 MB").arg(bytes / megabyte)
+                             : QStringLiteral("%1 bytes").arg(bytes);
+}
+
+} // namespace
+
+InputFile::InputFile(QString path) : m_path(std::move(path))
+{}
+
+std::optional<QByteArray> InputFile::read(qint64 mostBytes)
+{
+    const QString tooLarge = QStringLiteral("it is larger than %1").arg(sizeText(mostBytes));
+    QFile file(m_path);
+    if (!open(file)) {
+        return std::nullopt;
+    }
+    if (file.size() > mostBytes) {
+        fail(Problem::TooLarge, tooLarge);
+        return std::nullopt;
+    }
+    // Some regular files say that they are empty and are not, and others grow meanwhile.
+    QByteArray content = file.read(mostBytes + 1);
+    if (file.error() != QFileDevice::NoError) {
+        fail(Problem::Unreadable, file.errorString());
+        return std::nullopt;
+    }
+    if (content.size() > mostBytes) {
+        fail(Problem::TooLarge, tooLarge);
+        return std::nullopt;
+    }
+    return content;
+}
+
+std::optional<QByteArray> InputFile::readStart(qint64 bytes)
+{
+    QFile file(m_path);
+    if (!open(file)) {
+        return std::nullopt;
+    }
+    QByteArray content = file.read(bytes);
+    if (file.error() != QFileDevice::NoError) {
+        fail(Problem::Unreadable, file.errorString());
+        return std::nullopt;
+    }
+    return content;
+}
+
+bool InputFile::open(QFile& file)
+{
+    fail(Problem::None, QString());
+    const QFileInfo info(m_path);
+    const QString nameProblem = FileName::problem(m_path);
+    if (m_path.isEmpty()) {
+        return fail(Problem::Missing, QStringLiteral("no file is named"));
+    }
+    if (!nameProblem.isEmpty()) {
+        return fail(Problem::BadName, nameProblem);
+    }
+    if (info.isDir()) {
+        return fail(Problem::Folder, QStringLiteral("it is a folder"));
+    }
+    if (info.exists() && !info.isFile()) {
+        return fail(Problem::NotRegular, QStringLiteral("it is not a regular file"));
+    }
+    if (!file.open(QIODevice::ReadOnly)) {
+        return fail(info.exists() ? Problem::Unreadable : Problem::Missing, file.errorString());
+    }
+    return true;
+}
+
+bool InputFile::fail(Problem problem, const QString& reason)
+{
+    m_problem = problem;
+    m_reason = reason;
+    return problem == Problem::None;
+}
+
+} // namespace suite

@@ -1,0 +1,71 @@
+#include "TemporaryFolder.h"
+
+#include <QDir>
+#include <QFileInfo>
+#include <QTemporaryFile>
+
+namespace suite {
+
+namespace {
+
+bool isChosen()
+{
+    return !qEnvironmentVariableIsEmpty("TMPDIR");
+}
+
+} // namespace
+
+TemporaryFolder::TemporaryFolder(const QString& name) : m_error(placeProblem())
+{
+    if (m_error.isEmpty()) {
+        m_folder.emplace(QDir(place()).filePath(name + QStringLiteral("-XXXXXX")));
+        if (!m_folder->isValid()) {
+            m_error = unusable(m_folder->errorString());
+            m_folder.reset();
+        }
+    }
+}
+
+QString TemporaryFolder::path() const
+{
+    return m_folder ? m_folder->path() : QString();
+}
+
+QString TemporaryFolder::filePath(const QString& name) const
+{
+    return m_folder ? m_folder->filePath(name) : QString();
+}
+
+QString TemporaryFolder::place()
+{
+    return isChosen() ? QDir::cleanPath(
+                            QDir::current().absoluteFilePath(QFile::decodeName(qgetenv("TMPDIR"))))
+                      : QDir::tempPath();
+}
+
+QString TemporaryFolder::placeProblem()
+{
+    const QFileInfo info(place());
+    if (!info.exists()) {
+        return unusable(QStringLiteral("it does not exist"));
+    }
+    return info.isDir() ? QString() : unusable(QStringLiteral("it is not a folder"));
+}
+
+QString TemporaryFolder::writeProblem(const QString& folder)
+{
+    constexpr int enough = 64 << 10; // bytes
+    QTemporaryFile file(QDir(folder).filePath(QStringLiteral("room-XXXXXX")));
+    const bool isWritten =
+        file.open() && file.write(QByteArray(enough, '\0')) == enough && file.flush();
+    return isWritten ? QString() : unusable(file.errorString());
+}
+
+QString TemporaryFolder::unusable(const QString& reason)
+{
+    return QStringLiteral("the temporary folder '%1' cannot be used, %2 (TMPDIR %3)")
+        .arg(place(), reason,
+             isChosen() ? QStringLiteral("names it") : QStringLiteral("names another"));
+}
+
+} // namespace suite

@@ -1,0 +1,19 @@
+#ifndef REMOTESHELL_H
+#define REMOTESHELL_H
+
+#include <QString>
+
+namespace suite {
+
+/// The program that reaches other hosts.
+namespace RemoteShell {
+
+/// Its name or path as the user has chosen it by KEST_SSH; "ssh" where that is not set or empty. It
+/// need not exist.
+QString program();
+
+} // namespace RemoteShell
+
+} // namespace suite
+
+#endif

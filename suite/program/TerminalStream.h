@@ -1,0 +1,13 @@
+#ifndef TERMINALSTREAM_H
+#define TERMINALSTREAM_H
+
+#include <cstdio>
+
+namespace suite {
+
+/// Whether somebody reads or types at the stream, on whatever kind of terminal.
+bool isTerminal(std::FILE* stream);
+
+} // namespace suite
+
+#endif

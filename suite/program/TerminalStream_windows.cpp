@@ -1,0 +1,8 @@
+#include "TerminalStream.h"
+
+#include <io.h>
+
+bool suite::isTerminal(std::FILE* stream)
+{
+    return _isatty(_fileno(stream)) != 0;
+}

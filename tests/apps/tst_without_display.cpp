@@ -1,0 +1,154 @@
+#include <QProcess>
+#include <QTemporaryDir>
+#include <QtTest>
+
+namespace {
+
+QString text(const char* utf8)
+{
+    return QString::fromUtf8(utf8);
+}
+
+struct Result
+{
+    int exitCode = -1;
+    QString output;
+    QString errors;
+};
+
+const QStringList& applications()
+{
+    static const QStringList paths = text(APPLICATIONS).split(QLatin1Char('|'));
+    return paths;
+}
+
+} // namespace
+
+// What needs no window needs no display, and a window that cannot come is told of.
+class tst_without_display : public QObject
+{
+    Q_OBJECT
+
+private:
+    QTemporaryDir m_folder;
+
+    Result run(const QString& program, const QStringList& arguments,
+               const QMap<QString, QString>& variables = {}) const
+    {
+        QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+        for (const char* const name : {"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM",
+                                       "XDG_RUNTIME_DIR", "XDG_SESSION_TYPE"}) {
+            environment.remove(text(name));
+        }
+        environment.insert(text("KEST_USER_HOME"), m_folder.path());
+        environment.insert(text("LC_ALL"), text("C.UTF-8"));
+        for (auto variable = variables.begin(); variable != variables.end(); ++variable) {
+            environment.insert(variable.key(), variable.value());
+        }
+        QProcess process;
+        process.setProcessEnvironment(environment);
+        process.setWorkingDirectory(m_folder.path());
+        process.start(program, arguments);
+        Result result;
+        if (!process.waitForFinished(60000)) {
+            process.kill();
+            process.waitForFinished();
+        } else if (process.exitStatus() == QProcess::NormalExit) {
+            result.exitCode = process.exitCode();
+        }
+        result.output = QString::fromUtf8(process.readAllStandardOutput());
+        result.errors = QString::fromUtf8(process.readAllStandardError());
+        return result;
+    }
+
+    static void addRows(const QVector<QStringList>& commands)
+    {
+        QTest::addColumn<QString>("program");
+        QTest::addColumn<QStringList>("arguments");
+        for (const QString& program : applications()) {
+            for (const QStringList& command : commands) {
+                const QString name = QFileInfo(program).fileName() + QLatin1Char(' ') +
+                                     command.join(QLatin1Char(' '));
+                QTest::newRow(qPrintable(name)) << program << command;
+            }
+        }
+    }
+
+private Q_SLOTS:
+    void questionsAreAnswered_data()
+    {
+        addRows({{text("--help")},
+                 {text("-h")},
+                 {text("--help-all")},
+                 {text("--version")},
+                 {text("-v")},
+                 {text("--help"), text("model")},
+                 {text("--non-interactive"), text("--help")}});
+    }
+
+    void questionsAreAnswered()
+    {
+        QFETCH(QString, program);
+        QFETCH(QStringList, arguments);
+        const Result result = run(program, arguments);
+        QCOMPARE(result.errors, QString());
+        QCOMPARE(result.exitCode, 0);
+        const bool asksForVersion = arguments.first().startsWith(QLatin1String("-v")) ||
+                                    arguments.first() == QLatin1String("--version");
+        QVERIFY2(asksForVersion
+                     ? result.output.startsWith(QFileInfo(program).fileName() + QLatin1Char(' '))
+                     : result.output.startsWith(text("Usage: ")) &&
+                           result.output.contains(text("--non-interactive")),
+                 qPrintable(result.output));
+    }
+
+    void windowIsRefused_data()
+    {
+        // Behind two hyphens there are no options.
+        addRows({{}, {text("model")}, {text("--"), text("--help")}, {text("--"), text("-v")}});
+    }
+
+    void windowIsRefused()
+    {
+        QFETCH(QString, program);
+        QFETCH(QStringList, arguments);
+        const Result result = run(program, arguments);
+        QCOMPARE(result.exitCode, 2);
+        QVERIFY2(result.errors.contains(text("there is no display")), qPrintable(result.errors));
+        QCOMPARE(result.output, QString());
+    }
+
+    // Qt would take the root folder, and make folders of its own there.
+    void missingTemporaryFolderIsTold_data() { addRows({{text("model")}}); }
+
+    void missingTemporaryFolderIsTold()
+    {
+        QFETCH(QString, program);
+        QFETCH(QStringList, arguments);
+        const QStringList before = QDir(text("/")).entryList();
+        const Result result = run(program, arguments,
+                                  {{text("QT_QPA_PLATFORM"), text("offscreen")},
+                                   {text("TMPDIR"), text("/no such folder")}});
+        QCOMPARE(QDir(text("/")).entryList(), before);
+        QCOMPARE(result.exitCode, 2);
+        QVERIFY2(result.errors.contains(text("the temporary folder '/no such folder' cannot be "
+                                             "used, it does not exist (TMPDIR names it)")),
+                 qPrintable(result.errors));
+    }
+
+    void mistakesAreTold_data() { addRows({{text("--nonsense")}, {text("--help=5")}}); }
+
+    void mistakesAreTold()
+    {
+        QFETCH(QString, program);
+        QFETCH(QStringList, arguments);
+        const Result result = run(program, arguments);
+        QCOMPARE(result.exitCode, 2);
+        QVERIFY2(result.errors.startsWith(QFileInfo(program).fileName() + text(": ")) &&
+                     !result.errors.contains(text("display")),
+                 qPrintable(result.errors));
+    }
+};
+
+QTEST_GUILESS_MAIN(tst_without_display)
+#include "tst_without_display.moc"
