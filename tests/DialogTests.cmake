@@ -54,7 +54,6 @@ endforeach()
 add_executable(kest_soak soak/soak.cpp)
 target_link_libraries(kest_soak PRIVATE kest::common kest_test_support)
 kest_strict(kest_soak)
-add_test(NAME soak_in_short COMMAND kest_soak --runs 40 --at-once 10 --lines 50000)
-set_tests_properties(soak_in_short PROPERTIES
-    TIMEOUT 300
-    ENVIRONMENT "QT_QPA_PLATFORM=offscreen")
+kest_add_test(soak_in_short
+    COMMAND $<TARGET_FILE:kest_soak> --runs 40 --at-once 10 --lines 50000
+    TIMEOUT 300)

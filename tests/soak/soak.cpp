@@ -2,7 +2,7 @@
 // memory, descriptors, children, files in its temporary folder. Ends with 1 when something is lost,
 // left behind, or grows.
 //
-//   kest_soak [--minutes M] [--runs N] [--at-once N] [--lines N]
+//   kest_soak [--minutes M] [--runs N] [--at-once N] [--lines N]        (scripts/soak: for two hours)
 //
 // Each round is N runs one after another, each with a dialog of its own, then as many runs at once
 // as are asked for, then one dialog in a batch run that takes the lines. Rounds begin until the
@@ -46,7 +46,7 @@ struct Holdings
             result.megabytes = pages * static_cast<double>(sysconf(_SC_PAGESIZE)) / (1 << 20);
         }
         if (list.open(QIODevice::ReadOnly)) {
-            result.children = static_cast<int>(list.readAll().simplified().count(' '));
+            result.children = list.readAll().count(' '); // one behind each
         }
         const auto all = QDir::AllEntries | QDir::NoDotAndDotDot | QDir::System;
         result.descriptors = QDir(QStringLiteral("/proc/self/fd")).entryList(all).size();

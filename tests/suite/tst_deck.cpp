@@ -417,22 +417,24 @@ void tst_deck::timeGrowsWithTheSize()
     };
     constexpr int size = 1 << 17; // larger than any deck that is meant
     QCOMPARE(ReadingTime::problem(read, piece, size), QString());
-    // The number in its card: other wires may have none of their own in front of it.
-    void tst_deck::warningsNameTheWireByItsTag()
-    {
-        const QByteArray deck =
-            changed(3, utf8("GW 1 21 0 0 -0.25 0 0 0.25 0.001\nGW 6 3 1 0 -0.25 1 0 0.25 0.07"));
-        QStringList reasons;
-        const auto findings = suite::Preprocessor(deck).findings().sorted();
-        for (const suite::Finding& finding : findings) {
-            if (finding.severity() == suite::Severity::Warning) {
-                QCOMPARE(finding.line, 4);
-                reasons.append(finding.reason.section(QStringLiteral(" ("), 0, 0));
-            }
-        }
-        QCOMPARE(reasons, QStringList({utf8("the segments of the wire with tag 6"),
-                                       utf8("the segments of the wire with tag 6")}));
-    }
+}
 
-    QTEST_GUILESS_MAIN(tst_deck)
+// The number in its card: other wires may have none of their own in front of it.
+void tst_deck::warningsNameTheWireByItsTag()
+{
+    const QByteArray deck =
+        changed(3, utf8("GW 1 21 0 0 -0.25 0 0 0.25 0.001\nGW 6 3 1 0 -0.25 1 0 0.25 0.07"));
+    QStringList reasons;
+    const auto findings = suite::Preprocessor(deck).findings().sorted();
+    for (const suite::Finding& finding : findings) {
+        if (finding.severity() == suite::Severity::Warning) {
+            QCOMPARE(finding.line, 4);
+            reasons.append(finding.reason.section(QStringLiteral(" ("), 0, 0));
+        }
+    }
+    QCOMPARE(reasons, QStringList({utf8("the segments of the wire with tag 6"),
+                                   utf8("the segments of the wire with tag 6")}));
+}
+
+QTEST_GUILESS_MAIN(tst_deck)
 #include "tst_deck.moc"
