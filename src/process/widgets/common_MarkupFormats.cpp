@@ -39,7 +39,7 @@ constexpr QTextFormat::Property usedProperties[] = {QTextFormat::ForegroundBrush
                                                     QTextFormat::IsAnchor,
                                                     QTextFormat::AnchorHref};
 
-constexpr QLatin1String probe("x  y");
+constexpr QLatin1String probe("x  y", 4);
 
 QString tagText(const QString& tag, const common_MarkupFormats::Attributes& attributes)
 {
