@@ -1,6 +1,7 @@
 // Stands in for the engine. The variable FAKE_ENGINE names the part it plays.
 
 #include <QCoreApplication>
+#include <QDir>
 #include <QFile>
 #include <QProcess>
 #include <QThread>
@@ -36,6 +37,39 @@ int playSlow()
 {
     QThread::msleep(150);
     writeGoodOutput();
+    return 0;
+}
+
+QString meetingFile(const QString& name)
+{
+    return qEnvironmentVariable("FAKE_ENGINE_MEETING") + QLatin1Char('/') + name;
+}
+
+// One of eight that wait for each other.
+int playTogether()
+{
+    constexpr int companions = 8;
+    QFile own(meetingFile(QString::number(QCoreApplication::applicationPid())));
+    if (!own.open(QIODevice::WriteOnly)) {
+        return 1;
+    }
+    while (QDir(meetingFile(QString())).entryList(QDir::Files).size() < companions) {
+        QThread::msleep(1);
+    }
+    writeGoodOutput();
+    return 0;
+}
+
+// Fails when there is another one.
+int playAlone()
+{
+    QFile own(meetingFile(QStringLiteral("here")));
+    if (!own.open(QIODevice::WriteOnly | QIODevice::NewOnly)) {
+        return 1;
+    }
+    QThread::msleep(20); // for others to come
+    writeGoodOutput();
+    own.remove();
     return 0;
 }
 
@@ -121,10 +155,10 @@ int main(int argc, char* argv[])
         int (*play)();
     };
     static constexpr Row Table[] = {
-        {"slow", playSlow},         {"hang", playHang},           {"stubborn", playStubborn},
-        {"crash", playCrash},       {"fail", playFail},           {"garbage", playGarbage},
-        {"silent", playSilent},     {"talkative", playTalkative}, {"notnumber", playNotNumber},
-        {"reversed", playReversed},
+        {"slow", playSlow},           {"together", playTogether},   {"alone", playAlone},
+        {"hang", playHang},           {"stubborn", playStubborn},   {"crash", playCrash},
+        {"fail", playFail},           {"garbage", playGarbage},     {"silent", playSilent},
+        {"talkative", playTalkative}, {"notnumber", playNotNumber}, {"reversed", playReversed},
     };
     const QByteArray part = qgetenv("FAKE_ENGINE");
     for (const Row& row : Table) {
