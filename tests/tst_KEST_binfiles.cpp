@@ -1,5 +1,7 @@
+#include <FileSizeLimit.h>
 #include <SettingsProcess.h>
 #include <SpecialFile.h>
+#include <Unprivileged.h>
 
 #include <KEST_binfiles.h>
 
@@ -460,16 +462,44 @@ private Q_SLOTS:
 
     void saysWhenTheFolderCannotBeWritten()
     {
-        if (::geteuid() == 0) {
-            QTest::qSkip("permissions do not bind the administrator", __FILE__, __LINE__);
-            return;
-        }
-        QVERIFY(QFile::setPermissions(m_directory->path(), QFile::ReadOwner | QFile::ExeOwner));
+        QVERIFY(QFile::setPermissions(m_directory->path(), QFile::ReadOwner | QFile::ExeOwner |
+                                                               QFile::ReadOther | QFile::ExeOther));
         uint64_t handle = untouched;
-        QCOMPARE(lock(m_file, &handle), 3);
+        {
+            const Unprivileged user; // permissions do not bind the administrator
+            QElapsedTimer timer;
+            timer.start();
+            QCOMPARE(lock(m_file, &handle), 3);
+            QVERIFY(timer.elapsed() < atOnce);
+        }
         QCOMPARE(handle, untouched);
         QVERIFY(QFile::setPermissions(m_directory->path(),
                                       QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner));
+        QVERIFY(QDir(m_directory->path()).isEmpty());
+    }
+
+    void saysWhenTheDiskIsFull_data()
+    {
+        QTest::addColumn<int>("room"); // bytes
+        QTest::newRow("none") << 0;
+        QTest::newRow("less than the owner takes") << 3;
+    }
+
+    void saysWhenTheDiskIsFull()
+    {
+        QFETCH(int, room);
+        uint64_t handle = untouched;
+        {
+            const FileSizeLimit limit{rlim_t(room)};
+            QElapsedTimer timer;
+            timer.start();
+            QCOMPARE(lock(m_file, &handle), 3);
+            QVERIFY(timer.elapsed() < atOnce);
+        }
+        QCOMPARE(handle, untouched);
+        QVERIFY(QDir(m_directory->path()).isEmpty());
+        QCOMPARE(lock(m_file, &handle), 0);
+        QCOMPARE(unlock(m_file, handle), 0);
     }
 
     void saysWhenTheNameIsTooLong()
