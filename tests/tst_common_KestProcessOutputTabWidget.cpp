@@ -311,6 +311,7 @@ private Q_SLOTS:
     void findsInTheMiddleOfATurn();
     void findsWholeWordsOnly();
     void findsNextFromTheMenu();
+    void showsWhatIsFoundAmongLinesThatWrap();
     void findsNothingWithNothingSelected();
     void opensTheMenuWhereItWasAskedFor();
     void isDestroyedWhileTheMenuIsOpen();
@@ -1624,6 +1625,34 @@ void tst_common_KestProcessOutputTabWidget::findsNextFromTheMenu()
     useContextMenu(stage.output(), entry);
     QCOMPARE(stage.output()->textCursor().position(), 0);
     QVERIFY(!stage.output()->textCursor().hasSelection());
+}
+
+// How high lines are that nobody has seen is guessed, and known only when they come into view.
+void tst_common_KestProcessOutputTabWidget::showsWhatIsFoundAmongLinesThatWrap()
+{
+    const TabStage stage;
+    const auto isInView = [&stage] {
+        return stage.output()->viewport()->rect().contains(stage.output()->cursorRect());
+    };
+    for (int part = 0; part < 20; ++part) {
+        stage.printWrappingLines(100);
+        stage.runner->warning(QStringLiteral("WARNING 1: needle %1").arg(part));
+    }
+    QCoreApplication::processEvents();
+    for (const int row : {10, 1, 19, 0, 7}) {
+        Q_EMIT stage.warnings()->cellDoubleClicked(row, 1);
+        QCOMPARE(stage.output()->textCursor().block().text(),
+                 QStringLiteral("WARNING 1: needle %1").arg(row));
+        QVERIFY(isInView());
+    }
+    QTextCursor cursor = stage.output()->document()->find(QStringLiteral("needle"));
+    stage.output()->setTextCursor(cursor);
+    for (int part = 1; part < 20; ++part) {
+        useContextMenu(stage.output(), QStringLiteral("Find next"));
+        QCOMPARE(stage.output()->textCursor().block().text(),
+                 QStringLiteral("WARNING 1: needle %1").arg(part));
+        QVERIFY(isInView());
+    }
 }
 
 void tst_common_KestProcessOutputTabWidget::findsNothingWithNothingSelected()

@@ -7,10 +7,8 @@
 
 class QUrl;
 
-namespace suite {
-
 /// Names of files between the system, which takes any bytes, and Qt, which takes characters only.
-namespace FileName {
+namespace suite::FileName {
 
 /// A name as the system gives it. Where Qt could not give the same bytes back to the system, no
 /// file of this name can be opened: then the bytes that are no characters are kept as code units of
@@ -35,8 +33,6 @@ QString problem(const QString& path);
 bool isEscapedByte(uint code);
 uint escapedByte(uint code);
 
-} // namespace FileName
-
-} // namespace suite
+} // namespace suite::FileName
 
 #endif

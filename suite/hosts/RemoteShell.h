@@ -3,17 +3,13 @@
 
 #include <QString>
 
-namespace suite {
-
 /// The program that reaches other hosts.
-namespace RemoteShell {
+namespace suite::RemoteShell {
 
 /// Its name or path as the user has chosen it by KEST_SSH; "ssh" where that is not set or empty. It
 /// need not exist.
 QString program();
 
-} // namespace RemoteShell
-
-} // namespace suite
+} // namespace suite::RemoteShell
 
 #endif

@@ -1,19 +1,19 @@
 // Brings about each fault of a table by running the test functions that the table names, and says
 // which were survived.
 //
-//   kest_faults [--short] [--markdown PAGE] [--table FILE] [--programs FILE] [--count N]
+//   kest_faults [--short] [--markdown FILE] [--table FILE] [--programs FILE] [--count N]
 //
 // Exit code: 0 when every fault was tried and survived, 1 when one was lost or not tried, 2 when
 // the table is wrong; nothing is run then.
 #include "FaultReport.h"
 #include "FaultTable.h"
-#include "Page.h"
 #include "TestPrograms.h"
 #include "TestRun.h"
 
 #include <QCommandLineParser>
 #include <QCoreApplication>
 #include <QElapsedTimer>
+#include <QFile>
 #include <QMap>
 
 #include <cstdio>
@@ -26,7 +26,7 @@ struct Settings
 {
     QString table;
     QString programs;
-    QString page;
+    QString markdown; ///< the file for it; empty for none
     int faults = 0;
     bool isShort = false;
 
@@ -40,8 +40,7 @@ Settings settingsOf(const QCoreApplication& application)
                                      QStringLiteral("Only the first test of each fault."));
     const QCommandLineOption markdown(
         QStringLiteral("markdown"),
-        QStringLiteral("Write the table into this page, too, between the marks for it."),
-        QStringLiteral("page"));
+        QStringLiteral("Write the table for a page into this file, too."), QStringLiteral("file"));
     const QCommandLineOption table(QStringLiteral("table"), QStringLiteral("The faults."),
                                    QStringLiteral("file"), QStringLiteral(KEST_FAULT_TABLE));
     const QCommandLineOption programs(QStringLiteral("programs"),
@@ -111,6 +110,17 @@ QMap<QString, TestRun> runAll(const QMap<QString, QVector<FaultTest>>& tests,
     return runs;
 }
 
+bool write(const QString& path, const QString& text)
+{
+    QFile file(path);
+    const QByteArray content = text.toUtf8();
+    if (file.open(QIODevice::WriteOnly) && file.write(content) == content.size() && file.flush()) {
+        return true;
+    }
+    std::fprintf(stderr, "%s: %s\n", qPrintable(path), qPrintable(file.errorString()));
+    return false;
+}
+
 } // namespace
 
 int main(int argc, char* argv[])
@@ -131,6 +141,6 @@ int main(int argc, char* argv[])
         settings.testsOfFault());
     std::fputs(qPrintable(report.text()), stdout);
     const bool isWritten =
-        settings.page.isEmpty() || putBetweenMarks(settings.page, report.markdown());
+        settings.markdown.isEmpty() || write(settings.markdown, report.markdown());
     return report.isGood() && isWritten ? 0 : 1;
 }

@@ -193,7 +193,7 @@ private Q_SLOTS:
     {
         leaveCopy(7, endedMark());
         QProcess component;
-        component.start(text("/bin/sh"), {text("-c"), text("sleep 1000; exit"), copyPath(7)});
+        component.start(text("/bin/sh"), {text("-c"), text("read line"), copyPath(7)});
         QVERIFY(component.waitForStarted());
         QTRY_VERIFY(RunningProcesses::haveArgumentEndingWith(copyPath(7)));
         copies().removeLeft();

@@ -105,7 +105,7 @@ private Q_SLOTS:
         QVERIFY(!RunningProcesses::haveArgumentEndingWith(path));
         QProcess process;
         process.start(QStringLiteral("/bin/sh"),
-                      {QStringLiteral("-c"), QStringLiteral("sleep 1000; exit"), path});
+                      {QStringLiteral("-c"), QStringLiteral("read line"), path});
         QVERIFY(process.waitForStarted());
         QTRY_VERIFY(RunningProcesses::haveArgumentEndingWith(path));
         QVERIFY(

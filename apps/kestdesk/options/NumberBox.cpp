@@ -1,5 +1,6 @@
 #include "NumberBox.h"
 
+#include <QLineEdit>
 #include <QWheelEvent>
 
 #include <limits>
@@ -9,6 +10,8 @@ NumberBox::NumberBox(int smallest, int largest, QWidget* parent)
 {
     setRange(std::numeric_limits<int>::min(), std::numeric_limits<int>::max());
     setFocusPolicy(Qt::StrongFocus);
+    connect(this, &QSpinBox::textChanged, this, &NumberBox::edited);
+    connect(lineEdit(), &QLineEdit::textChanged, this, &NumberBox::edited);
 }
 
 void NumberBox::stepBy(int steps)

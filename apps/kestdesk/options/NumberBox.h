@@ -14,6 +14,10 @@ public:
 
     void stepBy(int steps) override;
 
+Q_SIGNALS:
+    /// The text is another one. QSpinBox itself tells nobody of one that is no number, such as none.
+    void edited();
+
 protected:
     StepEnabled stepEnabled() const override;
 

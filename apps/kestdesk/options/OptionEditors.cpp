@@ -124,7 +124,7 @@ public:
 private:
     explicit NumberEditor(NumberBox* box) : OptionEditor(box), m_box(box)
     {
-        connect(m_box, &QSpinBox::textChanged, this, &OptionEditor::edited);
+        connect(m_box, &NumberBox::edited, this, &OptionEditor::edited);
     }
 
     NumberBox* m_box;

@@ -137,7 +137,7 @@ QString characterComplaint(const QString& text, bool mayHaveLines)
                             : QStringLiteral("Line breaks and other control characters are not "
                                              "allowed.");
     }
-    if (text.contains(QChar(QChar::ReplacementCharacter))) {
+    if (!text.isValidUtf16() || text.contains(QChar(QChar::ReplacementCharacter))) {
         return QStringLiteral("There is a character that could not be read as UTF-8.");
     }
     return text.toUtf8().size() > longestText
