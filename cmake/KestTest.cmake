@@ -22,8 +22,12 @@ function(kest_add_test name)
     math(EXPR function_timeout "${ARG_FUNCTION_TIMEOUT} * ${KEST_TEST_SLOWNESS} * 1000") # ms
     set(environment QTEST_FUNCTION_TIMEOUT=${function_timeout} ${ARG_ENVIRONMENT})
     if(UNIX)
-        add_test(NAME ${name}
-            COMMAND ${PROJECT_SOURCE_DIR}/tests/support/sandboxed ${environment} ${ARG_COMMAND})
+        set(command ${PROJECT_SOURCE_DIR}/tests/support/sandboxed ${environment} ${ARG_COMMAND})
+        add_test(NAME ${name} COMMAND ${command})
+        # A line each for tests/faults: what is run, and how.
+        list(JOIN command "\t" words)
+        set_property(GLOBAL APPEND_STRING PROPERTY KEST_TEST_PROGRAMS
+            "${name}\t${timeout}\t${CMAKE_CURRENT_BINARY_DIR}\t${words}\n")
     else()
         add_test(NAME ${name} COMMAND ${ARG_COMMAND})
         set_tests_properties(${name} PROPERTIES

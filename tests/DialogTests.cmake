@@ -6,6 +6,10 @@ foreach(class
     kest_test(tst_${class} LIBRARIES kest::common kest_test_support)
 endforeach()
 
+# Looks whether an address is connected to.
+find_package(Qt5 5.15 REQUIRED COMPONENTS Network)
+target_link_libraries(tst_common_KestProcessOutputTabWidget PRIVATE Qt5::Network)
+
 # Makes every row of very large tables as high as its text, and compares with Qt's own way.
 kest_test(tst_common_KestProcessOutputTableWidget
     LIBRARIES kest::common kest_test_support
@@ -48,6 +52,11 @@ foreach(scale 0.5 3.0)
             COMMAND $<TARGET_FILE:tst_${class}>
             ENVIRONMENT QT_SCALE_FACTOR=${scale})
     endforeach()
+endforeach()
+
+# As on a display where nobody manages windows and the clipboard has no owner.
+foreach(class common_KestProcessDialog common_KestProcessDialogRuns)
+    kest_test_on_display(tst_${class}_on_display tst_${class})
 endforeach()
 
 # In short: by itself it takes the numbers that are asked for (scripts/soak).

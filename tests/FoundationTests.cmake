@@ -24,8 +24,7 @@ foreach(class
         common_PropertyMetaData
         common_ServiceOf
         common_UserMessage
-        common_UserQuery
-        common_settings)
+        common_UserQuery)
     kest_test(tst_${class} LIBRARIES kest_settings_test_support)
 endforeach()
 
@@ -33,4 +32,5 @@ endforeach()
 foreach(test tst_KEST_binfiles tst_settings_processes)
     kest_test(${test} LIBRARIES kest_settings_test_support kest_platform TIMEOUT 900)
 endforeach()
+kest_test(tst_common_settings LIBRARIES kest_settings_test_support TIMEOUT 900)
 set_tests_properties(tst_settings_processes tst_KEST_binfiles PROPERTIES PROCESSORS 2)

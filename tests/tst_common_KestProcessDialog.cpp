@@ -11,6 +11,7 @@
 #include <QMovie>
 #include <QtTest>
 
+#include <functional>
 #include <type_traits>
 
 namespace {
@@ -183,6 +184,7 @@ private Q_SLOTS:
     void copiesTheCommand();
     void stopsObservingAtItsEnd();
     void holdsTheRunner();
+    void worksWithAClipboardThatNobodyOwns();
     void worksWithoutIconTheme();
 };
 
@@ -865,6 +867,37 @@ void tst_common_KestProcessDialog::holdsTheRunner()
     runner->end();
     delete stage.dialog;
     QCOMPARE(common_ProcessRunnerBase::getProcessCount(), count - 1);
+}
+
+void tst_common_KestProcessDialog::worksWithAClipboardThatNobodyOwns()
+{
+    const Stage stage;
+    stage.runner->start();
+    stage.openDetails();
+    stage.runner->output(QStringLiteral("a line"));
+    stage.runner->warning(QStringLiteral("WARNING 1: text"));
+    const std::function<void()> copies[] = {
+        [&stage] { stage.info()->actions().constFirst()->trigger(); },
+        [&stage] {
+            stage.output()->selectAll();
+            stage.output()->copy();
+        },
+        [&stage] {
+            stage.warnings()->selectAll();
+            stage.warnings()->actions().constFirst()->trigger();
+        },
+    };
+    QStringList copied;
+    for (const auto& copy : copies) {
+        QApplication::clipboard()->clear();
+        QCOMPARE(QApplication::clipboard()->text(), QString());
+        QVERIFY(!stage.dialog->grab().isNull());
+        copy();
+        copied.append(QApplication::clipboard()->text().trimmed());
+    }
+    QCOMPARE(copied, (QStringList{QStringLiteral("runkest dipole.nec"),
+                                  QStringLiteral("a line\nWARNING 1: text"),
+                                  QStringLiteral("WARNING 1: text")}));
 }
 
 void tst_common_KestProcessDialog::worksWithoutIconTheme()

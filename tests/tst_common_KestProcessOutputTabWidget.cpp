@@ -9,12 +9,15 @@
 #include <QScopeGuard>
 #include <QScreen>
 #include <QScrollBar>
+#include <QTcpServer>
+#include <QTcpSocket>
 #include <QTextBlock>
 #include <QTimer>
 #include <QWheelEvent>
 #include <QtTest>
 
 #include <array>
+#include <ctime>
 #include <functional>
 #include <utility>
 
@@ -258,8 +261,12 @@ private Q_SLOTS:
     void readsNothingThatIsNamed();
     void namesImages();
     void showsBlocksAsLines();
+    void staysAliveWithVeryManyLines_data();
+    void staysAliveWithVeryManyLines();
     void staysAliveWithNestedTables_data();
     void staysAliveWithNestedTables();
+    void connectsToNothingThatIsNamed_data();
+    void connectsToNothingThatIsNamed();
     void readsNothingForTheClipboard();
     void copiesVeryMuchAsPlainText();
     void linksDoNothing();
@@ -725,6 +732,50 @@ void tst_common_KestProcessOutputTabWidget::readsNothingThatIsNamed()
     QCOMPARE(stage.info()->text(), QStringLiteral("> x ") + line);
 }
 
+void tst_common_KestProcessOutputTabWidget::connectsToNothingThatIsNamed_data()
+{
+    QTest::addColumn<QString>("line");
+
+    const char* const lines[] = {
+        "<img src='http://ADDRESS/bait.png'>",
+        "<a href='http://ADDRESS/bait.html'>http://ADDRESS/bait.html</a>",
+        "<table background='http://ADDRESS/bait.png'><tr><td>text</td></tr></table>",
+        "<p style='background-image: url(http://ADDRESS/bait.png)'>text</p>",
+        "<html><head><link rel='stylesheet' href='http://ADDRESS/bait.css'></head>text</html>",
+        "<base href='http://ADDRESS/'><img src='bait.png'>",
+        "http://ADDRESS/bait.png",
+    };
+    for (const char* const line : lines) {
+        QTest::newRow(line) << QString::fromUtf8(line);
+    }
+}
+
+void tst_common_KestProcessOutputTabWidget::connectsToNothingThatIsNamed()
+{
+    QFETCH(QString, line);
+    QTcpServer server;
+    QVERIFY(server.listen(QHostAddress::LocalHost));
+    line.replace(QStringLiteral("ADDRESS"),
+                 QStringLiteral("127.0.0.1:%1").arg(server.serverPort()));
+    for (const auto type : {common_IProcessMessage::Output, common_IProcessMessage::Error,
+                            common_IProcessMessage::Warning, common_IProcessMessage::Notice}) {
+        const TabStage stage;
+        stage.runner->say(type, line);
+        stage.dialog->setInfoLabel(line);
+        for (int tab = 0; tab < stage.tabs()->count(); ++tab) {
+            stage.tabs()->setCurrentIndex(tab);
+            stage.dialog->grab();
+        }
+        stage.output()->selectAll();
+        stage.output()->copy();
+        QCoreApplication::processEvents();
+    }
+    QVERIFY(!server.hasPendingConnections() && !server.waitForNewConnection(50));
+    QTcpSocket caller; // as the server would be told
+    caller.connectToHost(server.serverAddress(), server.serverPort());
+    QVERIFY(server.waitForNewConnection(30000));
+}
+
 void tst_common_KestProcessOutputTabWidget::namesImages()
 {
     const TabStage stage;
@@ -751,6 +802,56 @@ void tst_common_KestProcessOutputTabWidget::showsBlocksAsLines()
         QCOMPARE(format.foreground().style() != Qt::NoBrush,
                  type != common_IProcessMessage::Output);
     }
+}
+
+void tst_common_KestProcessOutputTabWidget::staysAliveWithVeryManyLines_data()
+{
+    QTest::addColumn<bool>("open");
+
+    QTest::newRow("folded") << false;
+    QTest::newRow("open") << true;
+}
+
+// What a user waits for is one turn of the event loop. A view that lays out all lines takes seconds
+// for some of these, and the more lines there are, the longer.
+void tst_common_KestProcessOutputTabWidget::staysAliveWithVeryManyLines()
+{
+    QFETCH(bool, open);
+    constexpr int turns = 200;
+    constexpr int linesOfTurn = 1000;
+    constexpr std::clock_t longest = CLOCKS_PER_SEC / 2; // of this process, whatever else runs
+    const DialogStage stage;
+    std::clock_t slowest = 0;
+    const auto inOneTurn = [&slowest](const std::function<void()>& happens) {
+        const std::clock_t begin = std::clock();
+        happens();
+        QCoreApplication::processEvents();
+        slowest = qMax(slowest, std::clock() - begin);
+    };
+    stage.runner->start();
+    if (open) {
+        stage.openDetails();
+    }
+    for (int turn = 0; turn < turns; ++turn) {
+        inOneTurn([&] {
+            for (int line = 0; line < linesOfTurn; ++line) {
+                stage.runner->output(
+                    QStringLiteral("this is line number %1").arg(turn * linesOfTurn + line));
+            }
+        });
+    }
+    inOneTurn([&stage] { stage.openDetails(); });
+    stage.tabs()->setCurrentIndex(0);
+    inOneTurn([&stage] { stage.dialog->resize(stage.dialog->size() + QSize(150, 0)); });
+    inOneTurn([&stage] { stage.dialog->grab(); });
+    qInfo("slowest turn: %ld ms of processor time", long(slowest * 1000 / CLOCKS_PER_SEC));
+    QVERIFY(slowest < longest);
+    QCOMPARE(stage.output()->document()->blockCount(), turns * linesOfTurn);
+    QCOMPARE(stage.output()->document()->lastBlock().text(),
+             QStringLiteral("this is line number 199999"));
+    const QScrollBar* const bar = stage.output()->verticalScrollBar();
+    QVERIFY(bar->maximum() > turns * linesOfTurn);
+    QCOMPARE(bar->value(), bar->maximum());
 }
 
 void tst_common_KestProcessOutputTabWidget::staysAliveWithNestedTables_data()

@@ -1,3 +1,4 @@
+#include <FileSizeLimit.h>
 #include <RecordingObserver.h>
 
 #include <common_ProcessRunnerBase.h>
@@ -17,6 +18,7 @@
 #include <type_traits>
 #include <vector>
 
+#include <sys/file.h>
 #include <unistd.h>
 
 namespace {
@@ -753,6 +755,37 @@ private Q_SLOTS:
         QVERIFY(QFile::exists(target));
     }
 
+    void temporaryFileThatSomebodyLocksIsDeleted()
+    {
+        QTemporaryDir folder;
+        const QString locked = folder.filePath(text("locked"));
+        QFile file(locked);
+        QVERIFY(file.open(QIODevice::ReadWrite));
+        QCOMPARE(::flock(file.handle(), LOCK_EX), 0);
+        LineRunner runner;
+        setUp(runner, words("exit 0"));
+        runner.setTemporaryFilenames({locked});
+        QVERIFY(runWithEventLoop(runner));
+        QVERIFY(!QFile::exists(locked));
+    }
+
+    void temporaryFileThatCannotBeDeletedDoesNotDisturbTheRun()
+    {
+        QTemporaryDir folder;
+        const QString kept = text("/proc/self/status"); // nobody deletes this one
+        const QString last = folder.filePath(text("last"));
+        LineRunner runner;
+        const RecordingObserver observer(&runner);
+        setUp(runner, {text("touch"), last});
+        runner.setTemporaryFilenames({kept, last});
+        QVERIFY(runWithEventLoop(runner));
+        QVERIFY(QFile::exists(kept));
+        QVERIFY(!QFile::exists(last));
+        QCOMPARE(observer.lifeCycle(),
+                 QStringList({text("started"), text("exit code 0"), text("done")}));
+        QVERIFY(runWithEventLoop(runner)); // the runner can be used again
+    }
+
     void temporaryFilesStayWhenTheStartFailsAndWhenTheRunnerGoes()
     {
         QTemporaryDir folder;
@@ -970,6 +1003,24 @@ private Q_SLOTS:
         setUp(runner, words("lines 20000 55"));
         QVERIFY(runWithEventLoop(runner));
         QCOMPARE(runner.output.size(), 20000);
+    }
+
+    void logOnADiskThatFillsUpDoesNotDisturbTheRun()
+    {
+        constexpr int room = 100000; // bytes, of a million
+        QTemporaryDir folder;
+        qputenv(logVariable, folder.path().toLocal8Bit());
+        {
+            LineRunner runner;
+            const RecordingObserver observer(&runner);
+            setUp(runner, words("lines 20000 55"));
+            const FileSizeLimit limit(room);
+            QVERIFY(runWithEventLoop(runner));
+            QCOMPARE(runner.output.size(), 20000);
+            QCOMPARE(observer.lifeCycle(),
+                     QStringList({text("started"), text("exit code 0"), text("done")}));
+        }
+        QCOMPARE(QFileInfo(folder.filePath(text("lines.log"))).size(), qint64(room));
     }
 
     void runnerReleasedInACallbackIsSafe_data()
@@ -1230,7 +1281,7 @@ private Q_SLOTS:
         };
         runOnce(); // what Qt opens once and for all
         const int before = openDescriptors();
-        for (int i = 0; i < 150; ++i) {
+        for (int i = 0; i < 200; ++i) {
             runOnce();
         }
         std::vector<std::unique_ptr<LineRunner>> runners;

@@ -51,6 +51,14 @@ void doDeed(const QString& deed)
         RecentFiles recent(Child::folder() + QStringLiteral("/kest.ini"));
         recent.readSettings();
         std::puts(qUtf8Printable(recent.recentFiles().join(QLatin1Char('\n'))));
+    } else if (deed == QLatin1String("read on a network")) {
+        const FakeApplicationInfo info(Child::folder());
+        RecentFiles recent(Child::folder() + QStringLiteral("/kest.ini"));
+        QElapsedTimer timer;
+        timer.start();
+        recent.readSettings();
+        std::printf("%lld ms\n%s\n", timer.elapsed(),
+                    qUtf8Printable(recent.recentFiles().join(QLatin1Char('\n'))));
     }
 }
 
@@ -336,6 +344,30 @@ private Q_SLOTS:
             "^src/settings/recent_file/common_recent_file_settings\\.cpp \\(\\d+\\): "
             "Assertion failed: common_IApplicationInfo\n$"));
         QVERIFY2(expected.match(words).hasMatch(), qPrintable(words));
+    }
+
+    // They are kept: the network may be there tomorrow.
+    void waitsALittleForFilesThatDoNotAnswer()
+    {
+        const SettingsFolders folders;
+        const QStringList paths = existing(folders, "a b");
+        const QString silent = folders.path() + QStringLiteral("/silent/");
+        const QStringList stored = {silent + QLatin1Char('1'), paths.at(0),
+                                    silent + QLatin1Char('2'),
+                                    folders.path() + QStringLiteral("/missing"), paths.at(1)};
+        store(folders.userFile(), stored);
+        qputenv("LD_PRELOAD", KEST_SILENT_FILES);
+        QProcess process;
+        Child::start(process, QStringLiteral("read on a network"), folders.info.userSettings);
+        qunsetenv("LD_PRELOAD");
+        QVERIFY(process.waitForFinished());
+        QStringList lines =
+            QString::fromUtf8(process.readAllStandardOutput()).trimmed().split(QLatin1Char('\n'));
+        const int taken = lines.takeFirst().section(QLatin1Char(' '), 0, 0).toInt();
+        QVERIFY2(taken >= 900 && taken < 10000, qPrintable(QString::number(taken)));
+        QStringList expected = stored;
+        expected.removeAt(3);
+        QCOMPARE(lines, expected);
     }
 
     void keepsLinksUnderTheirOwnNamesAndDropsBrokenOnes()

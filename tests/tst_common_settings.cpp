@@ -2,6 +2,7 @@
 #include <SettingsObjects.h>
 #include <SettingsProcess.h>
 #include <SpecialFile.h>
+#include <Unprivileged.h>
 
 #include <common_LockFile.h>
 
@@ -10,6 +11,7 @@
 #include <QElapsedTimer>
 #include <QFile>
 #include <QRandomGenerator>
+#include <QScopeGuard>
 #include <QTemporaryDir>
 #include <QtTest>
 
@@ -616,6 +618,54 @@ private Q_SLOTS:
         QVERIFY(LogCatcher::lines().constFirst().contains(file));
         QCOMPARE(contentOf(path("obstacle")), QByteArray("x"));
         QVERIFY(QDir(path("folder")).isEmpty());
+    }
+
+    void keepsTheValuesThatItMayNotWrite_data()
+    {
+        QTest::addColumn<int>("fileMode");
+        QTest::addColumn<int>("folderMode");
+        QTest::newRow("read-only file") << 0444 << 0777;
+        QTest::newRow("file in a read-only folder") << 0666 << 0555;
+        QTest::newRow("no file yet in a read-only folder") << 0 << 0555;
+    }
+
+    void keepsTheValuesThatItMayNotWrite()
+    {
+        QFETCH(int, fileMode);
+        QFETCH(int, folderMode);
+        const QByteArray before("[texts]\ntext=old\n");
+        if (fileMode != 0) {
+            QVERIFY(write(m_file, before) && Unprivileged::give(m_file));
+            QCOMPARE(::chmod(QFile::encodeName(m_file).constData(), mode_t(fileMode)), 0);
+        }
+        const QTemporaryDir temporary;
+        QVERIFY(Unprivileged::give(temporary.path()) && Unprivileged::give(m_directory->path()));
+        const QByteArray usual = qgetenv("TMPDIR");
+        qputenv("TMPDIR", QFile::encodeName(temporary.path()));
+        const QByteArray folder = QFile::encodeName(m_directory->path());
+        QCOMPARE(::chmod(folder.constData(), mode_t(folderMode)), 0);
+        const auto restored = qScopeGuard([&] {
+            ::chmod(folder.constData(), 0700);
+            qputenv("TMPDIR", usual);
+        });
+        const LogCatcher log;
+        TextSettings settings(m_file);
+        settings.text = QStringLiteral("mine");
+        {
+            const Unprivileged user; // an administrator may write everywhere
+            QElapsedTimer timer;
+            timer.start();
+            settings.writeSettings();
+            QVERIFY(timer.elapsed() < atOnce);
+        }
+        QCOMPARE(settings.text, QStringLiteral("mine"));
+        QCOMPARE(LogCatcher::lines().size(), 1);
+        QVERIFY2(LogCatcher::lines().constFirst().startsWith(QStringLiteral("warning: ")) &&
+                     LogCatcher::lines().constFirst().contains(m_file),
+                 qPrintable(LogCatcher::lines().constFirst()));
+        QCOMPARE(contentOf(m_file), fileMode == 0 ? QByteArray("no such file") : before);
+        QCOMPARE(QDir(m_directory->path()).entryList(QDir::Files | QDir::Hidden).size(),
+                 fileMode == 0 ? 0 : 1);
     }
 
     void makesMissingFolders()

@@ -5,6 +5,7 @@
 
 #include <LaunchOptionTable.h>
 #include <LaunchOptionsDialog.h>
+#include <LaunchOptionsFile.h>
 #include <NumberBox.h>
 #include <OptionRules.h>
 
@@ -27,10 +28,12 @@
 #include <QtTest>
 
 #include <algorithm>
+#include <atomic>
 #include <climits>
 #include <cstdio>
 #include <functional>
 #include <memory>
+#include <thread>
 
 namespace {
 
@@ -649,6 +652,26 @@ private Q_SLOTS:
         QVERIFY(!QFile::exists(m_folders->userFile()));
         other.closeWriteChannel();
         QVERIFY(other.waitForFinished());
+    }
+
+    // As while scripts take and give it back all the time.
+    void lockFileThatComesAndGoesIsNoProblem()
+    {
+        const QString lock = m_folders->userFile() + text(".kestlock");
+        std::atomic_bool isOver(false);
+        std::thread others([&] {
+            while (!isOver) {
+                QFile(lock).open(QIODevice::WriteOnly);
+                QFile::remove(lock);
+            }
+        });
+        QString problem;
+        for (int look = 0; look < 20000 && problem.isEmpty(); ++look) {
+            problem = LaunchOptionsFile::lockProblem();
+        }
+        isOver = true;
+        others.join();
+        QCOMPARE(problem, QString());
     }
 
     void theFileIsLockedAsLongAsTheDialogLives()

@@ -573,7 +573,8 @@ private Q_SLOTS:
                                      "Amrkest.Frequency"};
         const int last = qEnvironmentVariableIsSet("KEST_FULL_TESTS") ? 61 : 8;
         const QString script = text("for i in $(seq 2 $2); do "
-                                    "\"$0\" options set --wait 120 \"$1=$i\" || echo refused; "
+                                    "told=$(\"$0\" options set --wait 120 \"$1=$i\" 2>&1) || "
+                                    "echo \"refused, exit code $?: $told\"; "
                                     "[ \"$(\"$0\" options get \"$1\")\" = $i ] || echo lost; done");
         std::vector<std::unique_ptr<QProcess>> processes;
         for (const char* const name : names) {

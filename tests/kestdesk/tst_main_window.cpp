@@ -1,6 +1,8 @@
 #include "RunEndings.h"
 #include "WindowStage.h"
 
+#include <Unprivileged.h>
+
 #include <HelpClient.h>
 #include <WindowRun.h>
 
@@ -19,8 +21,6 @@
 #include <QThread>
 
 #include <csignal>
-
-#include <unistd.h>
 
 namespace {
 
@@ -47,33 +47,6 @@ QStringList textsOfActions(const QList<QAction*>& actions)
     }
     return result;
 }
-
-// While it lives, what the program may read is what somebody without rights may.
-class Unprivileged
-{
-public:
-    Unprivileged()
-    {
-        constexpr uid_t nobody = 65534;
-        if (m_effective == 0 && ::setreuid(nobody, m_effective) != 0) {
-            qFatal("cannot become nobody");
-        }
-    }
-
-    ~Unprivileged()
-    {
-        if (m_effective == 0 && ::setreuid(m_real, m_effective) != 0) {
-            qFatal("cannot become the administrator again");
-        }
-    }
-
-    Unprivileged(const Unprivileged&) = delete;
-    Unprivileged& operator=(const Unprivileged&) = delete;
-
-private:
-    uid_t m_real = ::getuid();
-    uid_t m_effective = ::geteuid();
-};
 
 } // namespace
 
@@ -1399,6 +1372,30 @@ private Q_SLOTS:
         QVERIFY(!program.waitForFinished(1500));
         ::kill(static_cast<pid_t>(program.processId()), SIGTERM);
         QCOMPARE(Desk::resultOf(program).exitCode, 0);
+    }
+
+    // Whoever looks at them waits for ever, and then no request to end is heard.
+    void programStartsWhereTheLastFilesDoNotAnswer()
+    {
+        m_stage->close();
+        Desk desk;
+        const QString silent = desk.path("models/silent/m.nec");
+        {
+            QSettings settings(desk.path("user/kestdesk.ini"), QSettings::IniFormat);
+            settings.setValue(text("session/model"), silent);
+            settings.setValue(text("recentFiles/fileList"), QStringList{silent});
+            settings.setValue(text("recentFiles/recentSession"), true);
+        }
+        desk.set("QT_QPA_PLATFORM", text("offscreen"));
+        desk.set("LD_PRELOAD", text(KEST_SILENT_FILES));
+        desk.set("ASAN_OPTIONS", text("verify_asan_link_order=0:detect_leaks=0"));
+        QProcess program;
+        desk.start(program, {});
+        QVERIFY(!program.waitForFinished(5000));
+        ::kill(static_cast<pid_t>(program.processId()), SIGTERM);
+        QCOMPARE(Desk::resultOf(program).exitCode, 0);
+        const QSettings settings(desk.path("user/kestdesk.ini"), QSettings::IniFormat);
+        QCOMPARE(settings.value(text("recentFiles/fileList")).toStringList(), QStringList(silent));
     }
 };
 

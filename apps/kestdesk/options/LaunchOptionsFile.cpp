@@ -10,7 +10,9 @@
 #include <QFileInfo>
 
 #include <algorithm>
+#include <filesystem>
 #include <iterator>
+#include <system_error>
 
 namespace {
 
@@ -79,11 +81,18 @@ QString LaunchOptionsFile::defaultsProblem()
 
 QString LaunchOptionsFile::lockProblem()
 {
-    const QFileInfo lock(name() + QStringLiteral(".kestlock"));
-    const bool isFree = !lock.exists() && !lock.isSymLink();
-    return isFree || (lock.isFile() && !lock.isSymLink())
-               ? QString()
-               : QStringLiteral("%1 is no lock file and must be removed").arg(lock.filePath());
+    // In one look: others make and remove the file at any moment.
+    const QString lock = name() + QStringLiteral(".kestlock");
+    std::error_code ignored;
+    switch (std::filesystem::symlink_status(std::filesystem::path(lock.toStdU16String()), ignored)
+                .type()) {
+    case std::filesystem::file_type::none: // who may not look there is told so by the lock
+    case std::filesystem::file_type::not_found:
+    case std::filesystem::file_type::regular:
+        return QString();
+    default:
+        return QStringLiteral("%1 is no lock file and must be removed").arg(lock);
+    }
 }
 
 QStringList LaunchOptionsFile::keptNames(const common_ComponentsLaunchOptions& options)

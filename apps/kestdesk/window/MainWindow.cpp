@@ -16,6 +16,7 @@
 #include "WindowRun.h"
 
 #include <FileName.h>
+#include <FileProbe.h>
 #include <VisibleText.h>
 
 #include <common_HelpClient.h>
@@ -381,7 +382,10 @@ void MainWindow::restoreModel()
     if (!m_settings.recentFiles()->getRecentSession() || model.isEmpty()) {
         return;
     }
-    if (QFileInfo(model).isFile()) {
+    if (FileProbe().ask(model) == FileProbe::Answer::None) {
+        tellOutcome(QStringLiteral("The model of the last session does not answer: %1")
+                        .arg(suite::visibleText(model)));
+    } else if (QFileInfo(model).isFile()) {
         showModel(QFileInfo(model).absoluteFilePath());
     } else {
         tellOutcome(QStringLiteral("The model of the last session is gone: %1")

@@ -1,5 +1,6 @@
 #include <common_recent_file_settings.h>
 
+#include <FileProbe.h>
 #include <common_Assert.h>
 #include <common_IApplicationInfo.h>
 #include <common_ServiceOf.h>
@@ -80,13 +81,16 @@ void common_recent_file_settings::restoreDefaults()
 void common_recent_file_settings::doReadSettings(QSettings& settings)
 {
     int accepted = 0;
+    FileProbe probe;
     const QStringList stored = settings.value(fileListKey()).toStringList();
     for (const QString& path : stored) {
         if (accepted >= m_maxRecentFiles) {
             break; // before more files are looked for, perhaps on a slow network
         }
+        // One that does not answer may do so tomorrow.
         const QFileInfo file(path);
-        if (file.isReadable() && !m_recentFiles.contains(nativePath(file))) {
+        if (probe.ask(path) != FileProbe::Answer::Unreadable &&
+            !m_recentFiles.contains(nativePath(file))) {
             m_recentFiles.append(nativePath(file));
             ++accepted;
         }
@@ -95,7 +99,7 @@ void common_recent_file_settings::doReadSettings(QSettings& settings)
         const QString initial = common_ServiceOf<common_IApplicationInfo>::getService(
                                     "common_IApplicationInfo", sourceFile, __LINE__)
                                     ->initialRecentFile();
-        if (!initial.isEmpty() && QFileInfo(initial).isReadable()) {
+        if (!initial.isEmpty() && probe.ask(initial) == FileProbe::Answer::Readable) {
             m_recentFiles.append(nativePath(QFileInfo(initial)));
         }
     }

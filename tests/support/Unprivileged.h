@@ -1,0 +1,44 @@
+#ifndef UNPRIVILEGED_H
+#define UNPRIVILEGED_H
+
+#include <QFile>
+#include <QString>
+
+#include <unistd.h>
+
+/// While it lives, this process may do with files what somebody without rights may, whoever runs
+/// it.
+class Unprivileged
+{
+public:
+    Unprivileged()
+    {
+        if (m_isRoot && ::setresuid(nobody, nobody, 0) != 0) {
+            qFatal("cannot become nobody");
+        }
+    }
+
+    ~Unprivileged()
+    {
+        if (m_isRoot && ::setresuid(0, 0, 0) != 0) {
+            qFatal("cannot become the administrator again");
+        }
+    }
+
+    /// Makes a file or folder belong to whom this process is then.
+    static bool give(const QString& path)
+    {
+        return ::geteuid() != 0 ||
+               ::chown(QFile::encodeName(path).constData(), nobody, gid_t(-1)) == 0;
+    }
+
+    Unprivileged(const Unprivileged&) = delete;
+    Unprivileged& operator=(const Unprivileged&) = delete;
+
+private:
+    static constexpr uid_t nobody = 65534;
+
+    bool m_isRoot = ::geteuid() == 0;
+};
+
+#endif
