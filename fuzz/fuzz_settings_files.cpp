@@ -37,7 +37,7 @@ public:
         const QSettings settings(m_folders.userFile(), QSettings::IniFormat);
         const QStringList keys = settings.allKeys();
         for (const QString& key : keys) {
-            if (!isRewritten(key)) {
+            if (isAskable(key) && !isRewritten(key)) {
                 result.insert(key, settings.value(key).toStringList().join(QLatin1Char('\n')));
             }
         }
@@ -45,6 +45,13 @@ public:
     }
 
 private:
+    // QSettings finds others in damaged files, and gives nobody their values.
+    static bool isAskable(const QString& key)
+    {
+        return !key.startsWith(QLatin1Char('/')) && !key.endsWith(QLatin1Char('/')) &&
+               !key.contains(QLatin1String("//"));
+    }
+
     static bool isRewritten(const QString& key)
     {
         return key.startsWith(QLatin1String("options/")) ||
