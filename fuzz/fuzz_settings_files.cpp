@@ -48,8 +48,8 @@ private:
     // QSettings finds others in damaged files, and gives nobody their values.
     static bool isAskable(const QString& key)
     {
-        return !key.startsWith(QLatin1Char('/')) && !key.endsWith(QLatin1Char('/')) &&
-               !key.contains(QLatin1String("//"));
+        return !key.isEmpty() && !key.startsWith(QLatin1Char('/')) &&
+               !key.endsWith(QLatin1Char('/')) && !key.contains(QLatin1String("//"));
     }
 
     static bool isRewritten(const QString& key)

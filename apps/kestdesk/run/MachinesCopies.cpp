@@ -9,6 +9,7 @@
 #include <common_MachineFileFinder.h>
 
 #include <QDateTime>
+#include <QDeadlineTimer>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
@@ -19,10 +20,12 @@
 #include <optional>
 #include <string>
 #include <utility>
+#include <vector>
 
 namespace {
 
-constexpr int nameCount = 1000; // one for each millisecond of a second
+constexpr int nameCount = 1000;   // one for each millisecond of a second
+constexpr int longestWait = 3000; // milliseconds
 constexpr qint64 largestRecord = 200;
 constexpr qint64 never = -1;
 const QString copyPrefix = QStringLiteral("gui_tmp_machfile_");
@@ -214,18 +217,32 @@ int MachinesCopies::number(const BatchRunner& runner)
 
 bool MachinesCopies::waitForFreeName(const Times& times, int lead) const
 {
-    for (int waited = 0; waited < nameCount; ++waited) {
-        const int number = (QTime::currentTime().msec() + lead) % nameCount;
-        int free = 0;
-        while (free < nameCount && times.contains(pathOf((number + free) % nameCount))) {
-            ++free;
+    const std::vector<bool> taken = takenNumbers(times);
+    const auto waitOf = [&taken](int number) {
+        int wait = 0;
+        while (wait < nameCount && taken[std::size_t((number + wait) % nameCount)]) {
+            ++wait;
         }
-        if (free == 0 || free == nameCount) {
-            return free == 0;
+        return wait;
+    };
+    const QDeadlineTimer deadline(longestWait);
+    while (!deadline.hasExpired()) {
+        const int wait = waitOf((QTime::currentTime().msec() + lead) % nameCount);
+        if (wait == 0 || wait == nameCount) {
+            return wait == 0;
         }
-        QThread::msleep(static_cast<unsigned long>(free));
+        QThread::msleep(static_cast<unsigned long>(wait - 1)); // awake for the last one
     }
     return true;
+}
+
+std::vector<bool> MachinesCopies::takenNumbers(const Times& times) const
+{
+    std::vector<bool> taken(nameCount);
+    for (int number = 0; number < nameCount; ++number) {
+        taken[std::size_t(number)] = times.contains(pathOf(number));
+    }
+    return taken;
 }
 
 QString MachinesCopies::pathOf(int number) const

@@ -4,6 +4,8 @@
 #include <QHash>
 #include <QString>
 
+#include <vector>
+
 class BatchRunner;
 
 /// The copies of the machines file that runs are given, in the user's folder.
@@ -38,11 +40,12 @@ public:
     /// The millisecond that the runner's copy is named after; -1 when it has none.
     static int number(const BatchRunner& runner);
 
-    /// Waits for a moment from which it takes that many milliseconds to one whose name is free.
-    /// False when all names are taken.
+    /// Waits for a moment from which it takes that many milliseconds to one whose name is free,
+    /// for three seconds at most. False when all names are taken.
     bool waitForFreeName(const Times& times, int lead) const;
 
 private:
+    std::vector<bool> takenNumbers(const Times& times) const;
     QString pathOf(int number) const;
     QString pathOf(const QString& name) const;
 
