@@ -20,6 +20,8 @@
 #include <QTemporaryDir>
 #include <QtTest>
 
+#include <ctime>
+
 #include <sys/stat.h>
 
 namespace {
@@ -567,15 +569,15 @@ private Q_SLOTS:
     void aMillionLinesAreOpenedAndEditedInReasonableTime()
     {
         write(m_path, QByteArray("GW 1\n").repeated(1000000));
-        QElapsedTimer timer;
-        timer.start();
+        const std::clock_t begin = std::clock();
         EditorWindow window(m_path);
         auto* editor = window.findChild<DeckEditor*>();
         QCOMPARE(editor->blockCount(), 1000001);
         QTest::keyClicks(editor, QStringLiteral("# "));
         QVERIFY(window.save());
         QCOMPARE(contentOf(m_path).left(8), QByteArray("# GW 1\nG"));
-        QVERIFY2(timer.elapsed() < 120000, qPrintable(QString::number(timer.elapsed())));
+        const double seconds = static_cast<double>(std::clock() - begin) / CLOCKS_PER_SEC;
+        QVERIFY2(seconds < 120, qPrintable(QString::number(seconds)));
     }
 
 private:
