@@ -26,9 +26,9 @@ public:
     /// Removes the lock if it is held.
     virtual ~common_LockFile();
 
-    /// Takes the lock. When somebody else has it, the user is told, and the answer is false at once;
-    /// keepHandle then leaves the handle as the lock functions made it. An owner that was killed and
-    /// is just ending is waited for, half a second at most.
+    /// Takes the lock. When somebody else has it, the user is told, and the answer is false at
+    /// once; keepHandle then leaves the handle as the lock functions made it. An owner that was
+    /// killed and is just ending is waited for, half a second at most.
     bool lock(bool keepHandle);
 
     /// The file that is locked.

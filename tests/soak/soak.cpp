@@ -2,7 +2,8 @@
 // memory, descriptors, children, files in its temporary folder. Ends with 1 when something is lost,
 // left behind, or grows.
 //
-//   kest_soak [--minutes M] [--runs N] [--at-once N] [--lines N]        (scripts/soak: for two hours)
+//   kest_soak [--minutes M] [--runs N] [--at-once N] [--lines N]        (scripts/soak: for two
+//   hours)
 //
 // Each round is N runs one after another, each with a dialog of its own, then as many runs at once
 // as are asked for, then one dialog in a batch run that takes the lines. Rounds begin until the

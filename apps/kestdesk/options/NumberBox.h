@@ -15,7 +15,8 @@ public:
     void stepBy(int steps) override;
 
 Q_SIGNALS:
-    /// The text is another one. QSpinBox itself tells nobody of one that is no number, such as none.
+    /// The text is another one. QSpinBox itself tells nobody of one that is no number, such as
+    /// none.
     void edited();
 
 protected:
