@@ -89,7 +89,7 @@ QString accessGroup(QSettings& settings, const QString& group,
                     const common_SettingsFile::Access& access)
 {
     const OpenGroup open(settings, group);
-    const QString prefix = open.prefix();
+    QString prefix = open.prefix();
     access(settings);
     return prefix;
 }
@@ -146,7 +146,7 @@ QString common_SettingsFile::problem() const
 // Empty content for a file that is not there yet.
 QString common_SettingsFile::load(QByteArray& content) const
 {
-    const QString reason = problem();
+    QString reason = problem();
     QFile file(m_fileName);
     if (!reason.isEmpty() || !QFileInfo::exists(m_fileName)) {
         return reason;
@@ -215,7 +215,7 @@ QString common_SettingsFile::change(const QString& group, const Access& write) c
 QString common_SettingsFile::changeAlone(const QString& file, const QString& group,
                                          const Access& write) const
 {
-    const QString reason = problem();
+    QString reason = problem();
     if (!reason.isEmpty()) {
         return reason;
     }

@@ -40,7 +40,7 @@ void common_settings::writeSettings()
 
 QString common_settings::tryWriteSettings()
 {
-    const QString failure =
+    QString failure =
         common_SettingsFile(m_fileName, m_format).change(m_groupName, [this](QSettings& settings) {
             doWriteSettings(settings);
         });
