@@ -5,6 +5,7 @@
 
 #include <QByteArray>
 #include <QVector>
+#include <QtTest>
 
 /// How runs can end, and what has to become of them, in the terminal and in the window alike.
 struct RunEnding
@@ -53,6 +54,15 @@ inline const QVector<RunEnding>& runEndings()
     };
     // clang-format on
     return rows;
+}
+
+/// A row of the test for each of them, with its index in the column "row".
+inline void addRunEndings()
+{
+    QTest::addColumn<int>("row");
+    for (int row = 0; row < runEndings().size(); ++row) {
+        QTest::newRow(runEndings().at(row).name) << row;
+    }
 }
 
 #endif

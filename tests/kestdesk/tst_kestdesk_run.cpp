@@ -393,13 +393,7 @@ private Q_SLOTS:
         QCOMPARE(Desk::resultOf(process).exitCode, 130);
     }
 
-    void outcomeFollowsFromTheEnd_data()
-    {
-        QTest::addColumn<int>("row");
-        for (int row = 0; row < runEndings().size(); ++row) {
-            QTest::newRow(runEndings().at(row).name) << row;
-        }
-    }
+    void outcomeFollowsFromTheEnd_data() { addRunEndings(); }
 
     void outcomeFollowsFromTheEnd()
     {

@@ -205,10 +205,7 @@ private Q_SLOTS:
 
     void outcomeFollowsFromTheEnd_data()
     {
-        QTest::addColumn<int>("row");
-        for (int row = 0; row < runEndings().size(); ++row) {
-            QTest::newRow(runEndings().at(row).name) << row;
-        }
+        addRunEndings();
     }
 
     void outcomeFollowsFromTheEnd()

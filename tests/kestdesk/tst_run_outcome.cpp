@@ -11,13 +11,7 @@ class tst_run_outcome : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void outcomeFollowsFromTheEnd_data()
-    {
-        QTest::addColumn<int>("row");
-        for (int row = 0; row < runEndings().size(); ++row) {
-            QTest::newRow(runEndings().at(row).name) << row;
-        }
-    }
+    void outcomeFollowsFromTheEnd_data() { addRunEndings(); }
 
     void outcomeFollowsFromTheEnd()
     {
