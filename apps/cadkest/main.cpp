@@ -9,7 +9,7 @@
 #include <Services.h>
 #include <SuiteFolders.h>
 
-#include <ComponentSetup.h>
+#include <WriteFailures.h>
 
 #include <ProgramArguments.h>
 
@@ -54,7 +54,7 @@ int main(int argc, char* argv[])
     const Surroundings surroundings = surroundingsFor(arguments.words());
     const bool isWindow = surroundings == Surroundings::Window;
     if (!isWindow) {
-        suite::setupComponent();
+        WriteFailures::report();
     }
     const QString problem = ApplicationStart::problem(
         surroundings, QStringLiteral("--non-interactive makes a picture without one"));

@@ -1,5 +1,5 @@
 #include "Adaptkest.h"
-#include "ComponentSetup.h"
+#include <WriteFailures.h>
 
 #include <ProgramArguments.h>
 
@@ -8,7 +8,7 @@
 // adaptkest solves a model where its impedance is worth knowing, in place of a plain sweep.
 int main(int argc, char* argv[])
 {
-    suite::setupComponent();
+    WriteFailures::report();
     const QCoreApplication application(argc, argv);
     Adaptkest adaptkest;
     return suite::runComponent(adaptkest, suite::ProgramArguments::given(argc, argv));

@@ -1,5 +1,5 @@
 #include "Amrkest.h"
-#include "ComponentSetup.h"
+#include <WriteFailures.h>
 
 #include <ProgramArguments.h>
 
@@ -8,7 +8,7 @@
 // amrkest refines a model's segments until its impedance hardly changes any more.
 int main(int argc, char* argv[])
 {
-    suite::setupComponent();
+    WriteFailures::report();
     const QCoreApplication application(argc, argv);
     Amrkest amrkest;
     return suite::runComponent(amrkest, suite::ProgramArguments::given(argc, argv));

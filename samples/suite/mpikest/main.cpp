@@ -1,4 +1,4 @@
-#include "ComponentSetup.h"
+#include <WriteFailures.h>
 #include "ParallelGuard.h"
 
 #include <KSignalHandler>
@@ -10,7 +10,7 @@
 // mpikest PROGRAM ARGUMENTS... starts mpiexec for a component and ends it with the component.
 int main(int argc, char* argv[])
 {
-    suite::setupComponent();
+    WriteFailures::report();
     const QCoreApplication application(argc, argv);
     const QStringList words = QCoreApplication::arguments().mid(1);
     ParallelGuard guard;

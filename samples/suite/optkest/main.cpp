@@ -1,4 +1,4 @@
-#include "ComponentSetup.h"
+#include <WriteFailures.h>
 #include "Optkest.h"
 
 #include <ProgramArguments.h>
@@ -8,7 +8,7 @@
 // optkest tunes a named value of a model to resonance.
 int main(int argc, char* argv[])
 {
-    suite::setupComponent();
+    WriteFailures::report();
     const QCoreApplication application(argc, argv);
     Optkest optkest;
     return suite::runComponent(optkest, suite::ProgramArguments::given(argc, argv));

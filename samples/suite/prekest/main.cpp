@@ -1,5 +1,5 @@
 #include "Component.h"
-#include "ComponentSetup.h"
+#include <WriteFailures.h>
 
 #include <ProgramArguments.h>
 
@@ -8,7 +8,7 @@
 // prekest reads a model, checks it and prints what it found.
 int main(int argc, char* argv[])
 {
-    suite::setupComponent();
+    WriteFailures::report();
     const QCoreApplication application(argc, argv);
     suite::Component component(QStringLiteral("prekest"), suite::OptionGroup::Prekest);
     const std::optional<int> done =

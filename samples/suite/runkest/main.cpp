@@ -1,4 +1,4 @@
-#include "ComponentSetup.h"
+#include <WriteFailures.h>
 #include "RemoteRun.h"
 #include "RemoteSession.h"
 #include "Runkest.h"
@@ -32,7 +32,7 @@ int runSession()
 // on another host.
 int main(int argc, char* argv[])
 {
-    suite::setupComponent();
+    WriteFailures::report();
     const QCoreApplication application(argc, argv);
     const QStringList arguments = suite::ProgramArguments::given(argc, argv);
     if (arguments == QStringList(QStringLiteral("--remote-session"))) {

@@ -1,4 +1,4 @@
-#include "ComponentSetup.h"
+#include <WriteFailures.h>
 #include "Dealer.h"
 #include "Worker.h"
 
@@ -81,7 +81,7 @@ void connectEnds(SweepRank& rank)
 // the component that started mpiexec.
 int main(int argc, char* argv[])
 {
-    suite::setupComponent();
+    WriteFailures::report();
     // The parallel runtime's way to say that another process has failed.
     std::signal(SIGUSR1, SIG_IGN);
     const int output = takeStandardOutput();

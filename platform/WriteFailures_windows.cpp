@@ -1,0 +1,5 @@
+#include "WriteFailures.h"
+
+// Writes always fail with an error here.
+void WriteFailures::report()
+{}
