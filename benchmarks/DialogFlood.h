@@ -1,5 +1,4 @@
-#ifndef DIALOGFLOOD_H
-#define DIALOGFLOOD_H
+#pragma once
 
 #include <DialogStage.h>
 
@@ -93,5 +92,3 @@ inline void choose(const DialogStage& stage, Details details)
         SettingsFolders::write(stage.folders.userFile(), "[options]\nRunDetailsShown=true\n");
     }
 }
-
-#endif

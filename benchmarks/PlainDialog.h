@@ -1,5 +1,4 @@
-#ifndef PLAINDIALOG_H
-#define PLAINDIALOG_H
+#pragma once
 
 #include <common_IProcessMessage.h>
 #include <common_IProcessRunnerObserver.h>
@@ -95,5 +94,3 @@ private:
     QTextEdit* m_output = new QTextEdit;
     QTableWidget* m_warnings = new QTableWidget;
 };
-
-#endif

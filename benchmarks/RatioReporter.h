@@ -1,5 +1,4 @@
-#ifndef RATIOREPORTER_H
-#define RATIOREPORTER_H
+#pragma once
 
 #include <benchmark/benchmark.h>
 
@@ -57,7 +56,8 @@ private:
     }
 
     std::vector<Ratio> m_ratios;
-    std::map<std::string, double> m_rates; // of the last run of each, so the median where repeated
+    std::map<std::string, double>
+        m_rates; ///< of the last run of each, so the median where repeated
 };
 
 /// What main() does in every benchmark with ratios.
@@ -71,5 +71,3 @@ inline int runBenchmarks(int argc, char* argv[], std::vector<Ratio> ratios)
     benchmark::RunSpecifiedBenchmarks(&reporter);
     return 0;
 }
-
-#endif

@@ -9,39 +9,39 @@
 
 namespace {
 
-constexpr int Wires = 10000;
-constexpr int FramesOfTurn = 100;
+constexpr int wireCount = 10000;
+constexpr int framesOfTurn = 100;
 const QSize pictureSize(1280, 800);
 
-const cad::Frame& firstFrame()
+const Frame& firstFrame()
 {
-    static const cad::Frame frame = frameOf(net(Wires), cad::Direction::Isometric, pictureSize);
+    static const Frame frame = frameOf(net(wireCount), Direction::Isometric, pictureSize);
     return frame;
 }
 
 // One item is one frame.
-void turn(benchmark::State& state, cad::Renderer& renderer)
+void turn(benchmark::State& state, Renderer& renderer)
 {
     renderer.render(firstFrame());
     for (auto _ : state) {
-        cad::Frame frame = firstFrame();
-        for (int i = 0; i < FramesOfTurn; ++i) {
+        Frame frame = firstFrame();
+        for (int i = 0; i < framesOfTurn; ++i) {
             frame.camera.turn({0.06, 0.01});
             benchmark::DoNotOptimize(renderer.render(frame));
         }
     }
-    state.SetItemsProcessed(state.iterations() * FramesOfTurn);
+    state.SetItemsProcessed(state.iterations() * framesOfTurn);
 }
 
 void softwareTurn(benchmark::State& state)
 {
-    cad::SoftwareRenderer renderer;
+    SoftwareRenderer renderer;
     turn(state, renderer);
 }
 
 void hardwareTurn(benchmark::State& state)
 {
-    cad::HardwareRenderer renderer;
+    HardwareRenderer renderer;
     if (!renderer.error().isEmpty()) {
         state.SkipWithError(qPrintable(renderer.error()));
         return;

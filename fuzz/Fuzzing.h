@@ -1,5 +1,4 @@
-#ifndef FUZZING_H
-#define FUZZING_H
+#pragma once
 
 #include <QByteArray>
 #include <QString>
@@ -51,5 +50,3 @@ void needApplication()
     static int count = 1;
     static const Application application(count, arguments);
 }
-
-#endif

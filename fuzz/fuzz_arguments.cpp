@@ -14,7 +14,7 @@ void fuzz(FuzzedInput input)
         arguments.append(FuzzedInput::decoded(input.line()));
     }
     using Request = CommandLine::Request;
-    const CommandLine line = CommandLine::parsed(arguments);
+    const CommandLine line = CommandLine::parse(arguments);
     require(line.request != Request::Refuse || !line.text.isEmpty(), "a refusal says why");
     require(line.request != Request::ShowText || !line.text.isEmpty(), "there is text to show");
     require(line.request != Request::RunModels || (line.component && !line.models.isEmpty()),

@@ -29,7 +29,7 @@ void requireUsable(const MachinesFile& file)
         total += entry.count;
     }
     require(total == file.total(), "the total is that of the hosts");
-    require(total >= 1 && total <= MachinesFile::MostProcesses, "the total is sane");
+    require(total >= 1 && total <= MachinesFile::mostProcesses, "the total is sane");
     require(file.hostOf(0) == file.entries().first().host, "the first process is the first host's");
     require(file.hostOf(total - 1) == file.entries().last().host,
             "the last process is the last host's");
@@ -41,13 +41,13 @@ void requireUsable(const MachinesFile& file)
 void fuzz(FuzzedInput input)
 {
     const QString name = QStringLiteral("machines.kest");
-    const MachinesFile file = MachinesFile::parsed(input.rest(), name);
+    const MachinesFile file = MachinesFile::parse(input.rest(), name);
     for (const QString& error : file.errors()) {
         require(error.contains(name), "an error names the file");
     }
     if (file.errors().isEmpty()) {
         requireUsable(file);
-        const MachinesFile again = MachinesFile::parsed(file.plainContent(), name);
+        const MachinesFile again = MachinesFile::parse(file.plainContent(), name);
         require(again.errors().isEmpty() && areSame(again.entries(), file.entries()),
                 "what the parallel runtime gets has the same hosts");
         require(!file.hostList().contains(QLatin1Char(' ')), "the list is one word");

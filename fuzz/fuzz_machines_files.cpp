@@ -76,7 +76,7 @@ void tryFinder(const QByteArray& content)
 
 void tryDesk(const QByteArray& content)
 {
-    const MachinesFile file = MachinesFile::parsed(content);
+    const MachinesFile file = MachinesFile::parse(content);
     const int lines = content.count('\n') + 1;
     int line = 0;
     for (const MachinesFile::Entry& entry : file.entries()) {

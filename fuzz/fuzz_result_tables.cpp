@@ -31,7 +31,7 @@ void requireValues(const Result& result, Quantity quantity)
 
 void fuzz(FuzzedInput input)
 {
-    const Result result = Result::parsed(input.rest());
+    const Result result = Result::parse(input.rest());
     require(result.error.isEmpty() != result.points.isEmpty(), "there is a result or an error");
     if (!result.error.isEmpty()) {
         return;

@@ -1,5 +1,4 @@
-#ifndef COMMON_3DMOUSEOPTIONS_H
-#define COMMON_3DMOUSEOPTIONS_H
+#pragma once
 
 #include <AccessMode.h>
 #include <common_ActivePtr.h>
@@ -61,5 +60,3 @@ private:
     common_AutoCounter m_refCount;
     LockPointer m_pLockFile;
 };
-
-#endif

@@ -1,5 +1,4 @@
-#ifndef COMMON_COMMONSETTINGSSET_H
-#define COMMON_COMMONSETTINGSSET_H
+#pragma once
 
 #include <common_ActivePtr.h>
 #include <kest_common_export.h>
@@ -51,5 +50,3 @@ private:
     std::unique_ptr<common_recent_file_settings> m_recentFiles;
     QString m_fullFileName;
 };
-
-#endif

@@ -1,5 +1,4 @@
-#ifndef COMMON_COMPONENTSLAUNCHOPTIONS_H
-#define COMMON_COMPONENTSLAUNCHOPTIONS_H
+#pragma once
 
 #include <AccessMode.h>
 #include <common_ActivePtr.h>
@@ -127,5 +126,3 @@ private:
     common_AutoCounter m_refCount;
     LockPointer m_pLockFile;
 };
-
-#endif

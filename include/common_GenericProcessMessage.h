@@ -1,5 +1,4 @@
-#ifndef COMMON_GENERICPROCESSMESSAGE_H
-#define COMMON_GENERICPROCESSMESSAGE_H
+#pragma once
 
 #include <common_IProcessMessage.h>
 #include <kest_common_export.h>
@@ -37,5 +36,3 @@ private:
     QString m_text;
     Type m_type = Output;
 };
-
-#endif

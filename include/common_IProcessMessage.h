@@ -1,5 +1,4 @@
-#ifndef COMMON_IPROCESSMESSAGE_H
-#define COMMON_IPROCESSMESSAGE_H
+#pragma once
 
 #include <kest_common_export.h>
 
@@ -34,5 +33,3 @@ protected:
     common_IProcessMessage& operator=(const common_IProcessMessage&) = default;
     common_IProcessMessage& operator=(common_IProcessMessage&&) = default;
 };
-
-#endif

@@ -1,5 +1,4 @@
-#ifndef COMMON_IPROCESSRUNNERMEDIATOROBSERVER_H
-#define COMMON_IPROCESSRUNNERMEDIATOROBSERVER_H
+#pragma once
 
 #include <kest_common_export.h>
 
@@ -24,5 +23,3 @@ protected:
     common_IProcessRunnerMediatorObserver&
     operator=(const common_IProcessRunnerMediatorObserver&) = default;
 };
-
-#endif

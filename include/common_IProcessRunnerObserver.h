@@ -1,5 +1,4 @@
-#ifndef COMMON_IPROCESSRUNNEROBSERVER_H
-#define COMMON_IPROCESSRUNNEROBSERVER_H
+#pragma once
 
 #include <common_MultiObserverOf.h>
 #include <common_ObservableVia.h>
@@ -41,10 +40,8 @@ protected:
     common_IProcessRunnerObserver& operator=(const common_IProcessRunnerObserver&) = default;
 };
 
-// Here, so that nobody instantiates them before they are declared to be in the library.
+/// Here, so that nobody instantiates them before they are declared to be in the library.
 extern template class KEST_COMMON_EXPORT common_ObserverConnection<common_IProcessRunnerObserver>;
 extern template class KEST_COMMON_EXPORT common_ObservableVia<common_IProcessRunnerObserver>;
 extern template class KEST_COMMON_EXPORT common_ObserverOf<common_IProcessRunnerObserver>;
 extern template class KEST_COMMON_EXPORT common_MultiObserverOf<common_IProcessRunnerObserver>;
-
-#endif

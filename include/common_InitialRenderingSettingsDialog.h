@@ -1,5 +1,4 @@
-#ifndef COMMON_INITIALRENDERINGSETTINGSDIALOG_H
-#define COMMON_INITIALRENDERINGSETTINGSDIALOG_H
+#pragma once
 
 #include <kest_common_export.h>
 
@@ -39,5 +38,3 @@ private:
     QPushButton* m_pSoftwareButton;
     QString m_settingsLocation;
 };
-
-#endif

@@ -1,5 +1,4 @@
-#ifndef COMMON_KESTGUILAUNCHER_H
-#define COMMON_KESTGUILAUNCHER_H
+#pragma once
 
 #include <kest_common_export.h>
 
@@ -39,5 +38,3 @@ public:
     static bool launchQuill(QWidget* parent, const QString& directory, const QString& executable,
                             const QString& workingDir);
 };
-
-#endif

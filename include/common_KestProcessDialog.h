@@ -1,5 +1,4 @@
-#ifndef COMMON_KESTPROCESSDIALOG_H
-#define COMMON_KESTPROCESSDIALOG_H
+#pragma once
 
 #include <common_ActivePtr.h>
 #include <common_IProcessRunnerObserver.h>
@@ -109,7 +108,7 @@ private:
     QPushButton* m_pOkButton = nullptr;
     QPushButton* m_pStopButton = nullptr;
     QPushButton* m_pDetailsButton = nullptr;
-    common_UserQuery* m_pStopQuery = nullptr; // while it is shown
+    common_UserQuery* m_pStopQuery = nullptr; ///< while it is shown
     QLabel* m_pWarningsCount = nullptr;
     QLabel* m_pNoticesCount = nullptr;
     QGroupBox* m_pNoticesBox = nullptr;
@@ -118,5 +117,3 @@ private:
     bool m_isInfoSet = false;
     Runner m_pRunner;
 };
-
-#endif

@@ -1,5 +1,4 @@
-#ifndef COMMON_KESTPROCESSMESSAGE_H
-#define COMMON_KESTPROCESSMESSAGE_H
+#pragma once
 
 #include <common_IProcessMessage.h>
 #include <kest_common_export.h>
@@ -55,5 +54,3 @@ private:
     QString m_text;
     Type m_type = Output;
 };
-
-#endif

@@ -1,5 +1,4 @@
-#ifndef COMMON_LOCKFILE_H
-#define COMMON_LOCKFILE_H
+#pragma once
 
 #include <common_Assert.h>
 #include <common_AutoCounter.h>
@@ -47,5 +46,3 @@ private:
     QFileInfo m_file;
     uint64_t m_handle = 0;
 };
-
-#endif

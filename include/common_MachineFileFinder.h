@@ -1,5 +1,4 @@
-#ifndef COMMON_MACHINEFILEFINDER_H
-#define COMMON_MACHINEFILEFINDER_H
+#pragma once
 
 #include <kest_common_export.h>
 
@@ -53,5 +52,3 @@ private:
     int m_processes = -1;
     std::unique_ptr<QFileInfo> m_pFile;
 };
-
-#endif

@@ -1,5 +1,4 @@
-#ifndef COMMON_PROCESSRUNNER_H
-#define COMMON_PROCESSRUNNER_H
+#pragma once
 
 #include <common_GenericProcessMessage.h>
 #include <common_KestProcessMessage.h>
@@ -52,5 +51,3 @@ private:
 
 extern template class KEST_COMMON_EXPORT common_ProcessRunner<common_GenericProcessMessage>;
 extern template class KEST_COMMON_EXPORT common_ProcessRunner<common_KestProcessMessage>;
-
-#endif

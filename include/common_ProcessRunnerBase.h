@@ -1,5 +1,4 @@
-#ifndef COMMON_PROCESSRUNNERBASE_H
-#define COMMON_PROCESSRUNNERBASE_H
+#pragma once
 
 #include <common_Assert.h>
 #include <common_AutoCounter.h>
@@ -190,7 +189,5 @@ private:
     std::unique_ptr<common_LineBuffer> m_errorLines;
     bool m_stopRequested = false;
     int m_deliveries = 0;         // calls in progress that may call observers
-    int m_deliveryReferences = 0; // references that those calls hold on this object
+    int m_deliveryReferences = 0; ///< references that those calls hold on this object
 };
-
-#endif

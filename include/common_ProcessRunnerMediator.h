@@ -1,5 +1,4 @@
-#ifndef COMMON_PROCESSRUNNERMEDIATOR_H
-#define COMMON_PROCESSRUNNERMEDIATOR_H
+#pragma once
 
 #include <kest_common_export.h>
 
@@ -28,5 +27,3 @@ private Q_SLOTS:
 private:
     common_IProcessRunnerMediatorObserver* m_pObserver;
 };
-
-#endif

@@ -1,5 +1,4 @@
-#ifndef COMMON_RENDERINGSETTINGSWIDGET_H
-#define COMMON_RENDERINGSETTINGSWIDGET_H
+#pragma once
 
 #include <kest_common_export.h>
 
@@ -72,5 +71,3 @@ public:
     QLabel* m_pGeometryLabel = nullptr;
     QLabel* m_pMeshesLabel = nullptr;
 };
-
-#endif

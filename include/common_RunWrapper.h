@@ -1,5 +1,4 @@
-#ifndef COMMON_RUNWRAPPER_H
-#define COMMON_RUNWRAPPER_H
+#pragma once
 
 #include <common_ProcessRunner.h>
 #include <kest_common_export.h>
@@ -74,5 +73,3 @@ private:
 };
 
 Q_DECLARE_OPERATORS_FOR_FLAGS(common_RunWrapper::RunOptions)
-
-#endif

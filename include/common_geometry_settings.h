@@ -1,5 +1,4 @@
-#ifndef COMMON_GEOMETRY_SETTINGS_H
-#define COMMON_GEOMETRY_SETTINGS_H
+#pragma once
 
 #include <common_settings.h>
 #include <kest_common_export.h>
@@ -48,5 +47,3 @@ private:
 
     Values m_values;
 };
-
-#endif

@@ -1,5 +1,4 @@
-#ifndef COMMON_RECENT_FILE_SETTINGS_H
-#define COMMON_RECENT_FILE_SETTINGS_H
+#pragma once
 
 #include <common_settings.h>
 #include <kest_common_export.h>
@@ -53,5 +52,3 @@ private:
     bool m_recentSession = false;
     QStringList m_recentFiles;
 };
-
-#endif

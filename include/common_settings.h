@@ -1,5 +1,4 @@
-#ifndef COMMON_SETTINGS_H
-#define COMMON_SETTINGS_H
+#pragma once
 
 #include <kest_common_export.h>
 
@@ -71,5 +70,3 @@ private:
     QString m_fileName;
     QSettings::Format m_format = QSettings::InvalidFormat;
 };
-
-#endif

@@ -1,5 +1,4 @@
-#ifndef FILEPROBE_H
-#define FILEPROBE_H
+#pragma once
 
 #include <QString>
 
@@ -33,5 +32,3 @@ private:
     std::shared_ptr<Exchange> m_exchange; ///< null while no thread answers
     std::thread m_thread;
 };
-
-#endif

@@ -1,5 +1,4 @@
-#ifndef MARKEDFOLDERS_H
-#define MARKEDFOLDERS_H
+#pragma once
 
 #include <QString>
 
@@ -17,5 +16,3 @@ QString marked(const QString& name);
 void removeLeft();
 
 } // namespace MarkedFolders
-
-#endif

@@ -1,5 +1,4 @@
-#ifndef PROCESSMARK_H
-#define PROCESSMARK_H
+#pragma once
 
 #include <QString>
 
@@ -35,5 +34,3 @@ private:
     qint64 m_processId = 0;
     quint64 m_startTime = 0;
 };
-
-#endif

@@ -1,5 +1,4 @@
-#ifndef RUNNINGPROCESSES_H
-#define RUNNINGPROCESSES_H
+#pragma once
 
 #include <QByteArray>
 #include <QString>
@@ -31,5 +30,3 @@ bool haveArgumentEndingWith(const QString& end);
 bool isOwnFile(const QFileInfo& file);
 
 } // namespace RunningProcesses
-
-#endif

@@ -1,5 +1,4 @@
-#ifndef WRITEFAILURES_H
-#define WRITEFAILURES_H
+#pragma once
 
 /// A write that fails must be an error that the program can handle.
 namespace WriteFailures {
@@ -9,5 +8,3 @@ namespace WriteFailures {
 void report();
 
 } // namespace WriteFailures
-
-#endif

@@ -28,7 +28,7 @@ QString described(const QVector<Expected>& messages)
     return lines.join(QLatin1Char(' '));
 }
 
-QVector<Expected> parsed(const QString& line)
+QVector<Expected> parse(const QString& line)
 {
     QVector<Expected> messages;
     const QVector<Message> found = Message::parseOutput(line);
@@ -179,7 +179,7 @@ private Q_SLOTS:
     {
         QFETCH(QString, line);
         QFETCH(QString, messages);
-        QCOMPARE(described(parsed(line)), messages);
+        QCOMPARE(described(parse(line)), messages);
         QCOMPARE(described(MarkerPattern::parse(line)), messages);
     }
 
@@ -193,10 +193,10 @@ private Q_SLOTS:
 
     void remembersNothingFromChunkToChunk()
     {
-        QCOMPARE(described(parsed(text("-*-error-*-a"))), text("4'a'"));
-        QCOMPARE(described(parsed(text("-*-warning-*-"))), text("5''"));
-        QCOMPARE(described(parsed(text("-*-err"))), text("0'-*-err'"));
-        QCOMPARE(described(parsed(text("or-*-x"))), text("0'or-*-x'"));
+        QCOMPARE(described(parse(text("-*-error-*-a"))), text("4'a'"));
+        QCOMPARE(described(parse(text("-*-warning-*-"))), text("5''"));
+        QCOMPARE(described(parse(text("-*-err"))), text("0'-*-err'"));
+        QCOMPARE(described(parse(text("or-*-x"))), text("0'or-*-x'"));
     }
 
     void findsWhatTheRegularExpressionsFind()
@@ -206,7 +206,7 @@ private Q_SLOTS:
         for (int i = 0; i < 200000; ++i) {
             const QString chunk = randomChunk(random);
             const QVector<Expected> expected = MarkerPattern::parse(chunk);
-            const QVector<Expected> found = parsed(chunk);
+            const QVector<Expected> found = parse(chunk);
             if (found != expected) {
                 QFAIL(qPrintable(QStringLiteral("'%1' gives %2 and should give %3")
                                      .arg(chunk, described(found), described(expected))));
@@ -227,7 +227,7 @@ private Q_SLOTS:
                     chunk += alphabet[(number >> (2 * i)) & 3];
                 }
                 if (chunk.count(QLatin1Char('*')) >= 2 &&
-                    parsed(chunk) != MarkerPattern::parse(chunk)) {
+                    parse(chunk) != MarkerPattern::parse(chunk)) {
                     QFAIL(qPrintable(chunk));
                 }
             }

@@ -1,5 +1,4 @@
-#ifndef APPLICATION_H
-#define APPLICATION_H
+#pragma once
 
 #include <common_IApplication.h>
 
@@ -14,5 +13,3 @@ public:
 private:
     bool m_nonInteractive;
 };
-
-#endif

@@ -1,5 +1,4 @@
-#ifndef APPLICATIONIDENTITY_H
-#define APPLICATIONIDENTITY_H
+#pragma once
 
 #include <QString>
 
@@ -11,5 +10,3 @@ struct ApplicationIdentity
     /// Offered while there are no recent files: a path below the installation folder, or empty.
     QString initialRecentFile;
 };
-
-#endif

@@ -1,5 +1,4 @@
-#ifndef APPLICATIONINFO_H
-#define APPLICATIONINFO_H
+#pragma once
 
 #include "ApplicationIdentity.h"
 
@@ -25,5 +24,3 @@ public:
 private:
     ApplicationIdentity m_identity;
 };
-
-#endif

@@ -1,5 +1,4 @@
-#ifndef APPLICATIONSTART_H
-#define APPLICATIONSTART_H
+#pragma once
 
 #include <QString>
 #include <QStringList>
@@ -37,5 +36,3 @@ std::unique_ptr<QCoreApplication> make(Surroundings surroundings,
                                        suite::ProgramArguments& arguments);
 
 } // namespace ApplicationStart
-
-#endif

@@ -1,5 +1,4 @@
-#ifndef COMPLAINTS_H
-#define COMPLAINTS_H
+#pragma once
 
 #include <QString>
 
@@ -13,5 +12,3 @@ void print(const QString& text);
 void printRefusal(const QString& text, const QString& hint);
 
 } // namespace Complaints
-
-#endif

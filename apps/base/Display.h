@@ -1,5 +1,4 @@
-#ifndef DISPLAY_H
-#define DISPLAY_H
+#pragma once
 
 /// The screen that windows come on.
 namespace Display {
@@ -8,5 +7,3 @@ namespace Display {
 bool exists();
 
 } // namespace Display
-
-#endif

@@ -1,5 +1,4 @@
-#ifndef HELPBROWSER_H
-#define HELPBROWSER_H
+#pragma once
 
 #include "HelpPages.h"
 
@@ -26,5 +25,3 @@ private:
 
     HelpPages m_pages;
 };
-
-#endif

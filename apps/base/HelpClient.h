@@ -1,5 +1,4 @@
-#ifndef HELPCLIENT_H
-#define HELPCLIENT_H
+#pragma once
 
 #include "HelpPages.h"
 
@@ -41,5 +40,3 @@ private:
     QHash<const QObject*, QString> m_pages;
     QPointer<HelpViewer> m_viewer;
 };
-
-#endif

@@ -1,5 +1,4 @@
-#ifndef HELPMENU_H
-#define HELPMENU_H
+#pragma once
 
 #include <QString>
 
@@ -12,5 +11,3 @@ namespace HelpMenu {
 void addTo(QMainWindow& window, const QString& purpose);
 
 } // namespace HelpMenu
-
-#endif

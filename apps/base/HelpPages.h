@@ -1,5 +1,4 @@
-#ifndef HELPPAGES_H
-#define HELPPAGES_H
+#pragma once
 
 #include <QByteArray>
 #include <QString>
@@ -30,5 +29,3 @@ public:
 private:
     QString m_directory;
 };
-
-#endif

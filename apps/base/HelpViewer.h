@@ -1,5 +1,4 @@
-#ifndef HELPVIEWER_H
-#define HELPVIEWER_H
+#pragma once
 
 #include <QDialog>
 
@@ -27,5 +26,3 @@ private:
     HelpBrowser* m_browser;
     QLabel* m_message;
 };
-
-#endif

@@ -1,5 +1,4 @@
-#ifndef ICONENGINE_H
-#define ICONENGINE_H
+#pragma once
 
 #include "SvgPicture.h"
 
@@ -20,5 +19,3 @@ public:
 private:
     SvgPicture m_picture;
 };
-
-#endif

@@ -1,5 +1,4 @@
-#ifndef ICONUTILITY_H
-#define ICONUTILITY_H
+#pragma once
 
 #include <common_IIconUtility.h>
 
@@ -19,5 +18,3 @@ public:
 private:
     QSet<QString> m_missing;
 };
-
-#endif

@@ -1,5 +1,4 @@
-#ifndef INSTALLATION_H
-#define INSTALLATION_H
+#pragma once
 
 #include <QString>
 
@@ -17,5 +16,3 @@ QString helpDirectory();
 QString program(const QString& component);
 
 } // namespace Installation
-
-#endif

@@ -1,5 +1,4 @@
-#ifndef OPENDIALOG_H
-#define OPENDIALOG_H
+#pragma once
 
 #include <QStringList>
 
@@ -15,5 +14,3 @@ QStringList files(QWidget* parent, const QString& title, const QString& folder,
                   const QString& filter);
 
 } // namespace OpenDialog
-
-#endif

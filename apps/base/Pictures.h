@@ -1,5 +1,4 @@
-#ifndef PICTURES_H
-#define PICTURES_H
+#pragma once
 
 #include <QString>
 
@@ -16,5 +15,3 @@ QString directory();
 QString fileName(const QString& directory, const QString& name);
 
 } // namespace Pictures
-
-#endif

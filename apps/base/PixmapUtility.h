@@ -1,5 +1,4 @@
-#ifndef PIXMAPUTILITY_H
-#define PIXMAPUTILITY_H
+#pragma once
 
 #include <common_IPixmapUtility.h>
 
@@ -13,5 +12,3 @@ public:
     /// Without a window system there are no pictures.
     bool getPixmap(QPixmap& out, const QString& directory, const QString& name) override;
 };
-
-#endif

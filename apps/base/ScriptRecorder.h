@@ -1,5 +1,4 @@
-#ifndef SCRIPTRECORDER_H
-#define SCRIPTRECORDER_H
+#pragma once
 
 #include <common_IScriptRecorder.h>
 
@@ -25,5 +24,3 @@ private:
     QString m_applicationName;
     QString m_fileName;
 };
-
-#endif

@@ -1,5 +1,4 @@
-#ifndef SERVICES_H
-#define SERVICES_H
+#pragma once
 
 #include <memory>
 
@@ -23,5 +22,3 @@ private:
 
     std::unique_ptr<Objects> m_objects;
 };
-
-#endif

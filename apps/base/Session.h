@@ -1,5 +1,4 @@
-#ifndef SESSION_H
-#define SESSION_H
+#pragma once
 
 #include <common_ISession.h>
 
@@ -21,5 +20,3 @@ private:
     QString m_applicationName;
     bool m_nonInteractive;
 };
-
-#endif

@@ -1,5 +1,4 @@
-#ifndef SUITEFOLDERS_H
-#define SUITEFOLDERS_H
+#pragma once
 
 #include <QString>
 
@@ -12,5 +11,3 @@ namespace SuiteFolders {
 QString problem();
 
 } // namespace SuiteFolders
-
-#endif

@@ -1,5 +1,4 @@
-#ifndef SVGPICTURE_H
-#define SVGPICTURE_H
+#pragma once
 
 #include <QByteArray>
 #include <QPixmap>
@@ -27,5 +26,3 @@ private:
     QByteArray m_content;
     QSize m_size;
 };
-
-#endif

@@ -1,5 +1,4 @@
-#ifndef TOOLTIP_H
-#define TOOLTIP_H
+#pragma once
 
 #include <QString>
 
@@ -10,5 +9,3 @@ namespace ToolTip {
 QString of(const QString& text);
 
 } // namespace ToolTip
-
-#endif

@@ -1,5 +1,4 @@
-#ifndef WINDOWGEOMETRY_H
-#define WINDOWGEOMETRY_H
+#pragma once
 
 class QWidget;
 class common_geometry_settings;
@@ -14,5 +13,3 @@ void restore(QWidget& window, const common_geometry_settings& settings);
 void save(const QWidget& window, common_geometry_settings& settings);
 
 } // namespace WindowGeometry
-
-#endif

@@ -5,12 +5,10 @@
 #include <algorithm>
 #include <optional>
 
-namespace cad {
-
 namespace {
 
-constexpr int LeastSide = 16;
-constexpr int GreatestSide = 8192;
+constexpr int leastSide = 16;
+constexpr int greatestSide = 8192;
 
 const QString nonInteractiveOption = QStringLiteral("non-interactive");
 const QString tryOption = QStringLiteral("try-opengl");
@@ -25,7 +23,7 @@ struct DirectionName
     Direction direction;
 };
 
-constexpr DirectionName DirectionNames[] = {
+constexpr DirectionName directionNames[] = {
     {"iso", Direction::Isometric},
     {"x", Direction::X},
     {"y", Direction::Y},
@@ -69,14 +67,14 @@ std::optional<QSize> sizeOf(const QString& text)
     bool hasHeight = false;
     const QSize size(sides.value(0).toInt(&hasWidth), sides.value(1).toInt(&hasHeight));
     const bool isGood = sides.size() == 2 && hasWidth && hasHeight &&
-                        std::min(size.width(), size.height()) >= LeastSide &&
-                        std::max(size.width(), size.height()) <= GreatestSide;
+                        std::min(size.width(), size.height()) >= leastSide &&
+                        std::max(size.width(), size.height()) <= greatestSide;
     return isGood ? std::make_optional(size) : std::nullopt;
 }
 
 std::optional<Direction> directionOf(const QString& text)
 {
-    for (const DirectionName& each : DirectionNames) {
+    for (const DirectionName& each : directionNames) {
         if (text == QLatin1String(each.name)) {
             return each.direction;
         }
@@ -92,8 +90,8 @@ QString readPicture(const QCommandLineParser& parser, CommandLine& result)
     const QString palette = parser.value(paletteOption);
     if (!size) {
         return QStringLiteral("\"%1\" is no size: width x height, from %2 to %3 pixels")
-            .arg(parser.value(sizeOption), QString::number(LeastSide),
-                 QString::number(GreatestSide));
+            .arg(parser.value(sizeOption), QString::number(leastSide),
+                 QString::number(greatestSide));
     }
     if (!direction) {
         return QStringLiteral("\"%1\" is no view: iso, x, y or z").arg(parser.value(viewOption));
@@ -165,7 +163,7 @@ CommandLine read(QCommandLineParser& parser, const QStringList& arguments)
 
 } // namespace
 
-CommandLine CommandLine::parsed(const QStringList& arguments)
+CommandLine CommandLine::parse(const QStringList& arguments)
 {
     QCommandLineParser parser;
     CommandLine result = read(parser, arguments);
@@ -180,5 +178,3 @@ CommandLine::Request CommandLine::requestOf(const QStringList& arguments)
     QCommandLineParser parser;
     return read(parser, arguments).request;
 }
-
-} // namespace cad

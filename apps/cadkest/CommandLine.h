@@ -1,13 +1,10 @@
-#ifndef COMMANDLINE_H
-#define COMMANDLINE_H
+#pragma once
 
 #include <SceneView.h>
 
 #include <QSize>
 #include <QString>
 #include <QStringList>
-
-namespace cad {
 
 /// What the user asked for on the command line.
 struct CommandLine
@@ -24,12 +21,8 @@ struct CommandLine
 
     /// The arguments include the program's name. Needs an application object, which helpText()
     /// names the program by.
-    static CommandLine parsed(const QStringList& arguments);
+    static CommandLine parse(const QStringList& arguments);
 
     /// The request alone, which decides what application object is needed.
     static Request requestOf(const QStringList& arguments);
 };
-
-} // namespace cad
-
-#endif

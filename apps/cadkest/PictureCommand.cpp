@@ -12,8 +12,6 @@
 #include <QDir>
 #include <QFileInfo>
 
-namespace cad {
-
 namespace {
 
 QImage drawnPicture(const suite::Model& model, const QString& title, const CommandLine& commandLine)
@@ -44,7 +42,7 @@ int makePicture(const CommandLine& commandLine)
     const QString path = commandLine.output.isEmpty()
                              ? modelFile.resultPath(QStringLiteral("png"))
                              : QFileInfo(commandLine.output).absoluteFilePath();
-    const QString error = savePicture(
+    const QString error = writePicture(
         drawnPicture(preprocessor.model(), suite::visibleText(modelFile.name()), commandLine),
         path);
     if (!error.isEmpty()) {
@@ -54,5 +52,3 @@ int makePicture(const CommandLine& commandLine)
     printer.print(suite::Marker::File, QDir::toNativeSeparators(path));
     return 0;
 }
-
-} // namespace cad

@@ -1,14 +1,7 @@
-#ifndef PICTURECOMMAND_H
-#define PICTURECOMMAND_H
-
-namespace cad {
+#pragma once
 
 struct CommandLine;
 
 /// Makes a picture of a model without a window. Tells what is to be told in the way of the suite's
 /// components, on standard output, and returns the exit code.
 int makePicture(const CommandLine& commandLine);
-
-} // namespace cad
-
-#endif

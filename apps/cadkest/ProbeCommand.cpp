@@ -7,13 +7,11 @@
 #include <cstdio>
 #include <cstdlib>
 
-namespace cad {
-
 namespace {
 
 const QSize pictureSize(96, 72);
-constexpr int UnlikeColour = 64;    // in any of red, green and blue
-constexpr double MostUnlike = 0.05; // of the pixels: edges may lie a little aside
+constexpr int unlikeColour = 64;    // in any of red, green and blue
+constexpr double mostUnlike = 0.05; // of the pixels: edges may lie a little aside
 
 // Thick wires that cross, so that faces, edges and depth count.
 Scene crossedWires()
@@ -42,9 +40,9 @@ Frame testFrame()
 
 bool areAlike(QRgb left, QRgb right)
 {
-    return std::abs(qRed(left) - qRed(right)) < UnlikeColour &&
-           std::abs(qGreen(left) - qGreen(right)) < UnlikeColour &&
-           std::abs(qBlue(left) - qBlue(right)) < UnlikeColour;
+    return std::abs(qRed(left) - qRed(right)) < unlikeColour &&
+           std::abs(qGreen(left) - qGreen(right)) < unlikeColour &&
+           std::abs(qBlue(left) - qBlue(right)) < unlikeColour;
 }
 
 bool areAlike(const QImage& left, const QImage& right)
@@ -55,7 +53,7 @@ bool areAlike(const QImage& left, const QImage& right)
             unlike += areAlike(left.pixel(x, y), right.pixel(x, y)) ? 0 : 1;
         }
     }
-    return unlike < MostUnlike * right.width() * right.height();
+    return unlike < mostUnlike * right.width() * right.height();
 }
 
 QString errorOf(HardwareRenderer& renderer)
@@ -85,5 +83,3 @@ int tryHardware()
     std::puts(qPrintable(error));
     return 1;
 }
-
-} // namespace cad

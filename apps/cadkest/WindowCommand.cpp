@@ -24,8 +24,6 @@
 #include <QIcon>
 #include <QTimer>
 
-namespace cad {
-
 namespace {
 
 void addRenderingAction(MainWindow& window, RenderingSettings& settings,
@@ -83,5 +81,3 @@ int showWindow(const CommandLine& commandLine)
     settings.writeSettings();
     return exitCode;
 }
-
-} // namespace cad

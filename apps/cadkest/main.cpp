@@ -20,7 +20,6 @@
 namespace {
 
 using ApplicationStart::Surroundings;
-using cad::CommandLine;
 
 Surroundings surroundingsFor(const QStringList& words)
 {
@@ -64,7 +63,7 @@ int main(int argc, char* argv[])
     const auto application = ApplicationStart::make(surroundings, arguments);
     const Services services({QStringLiteral("cadkest"), QStringLiteral("models/dipole.nec")},
                             !isWindow);
-    const CommandLine commandLine = CommandLine::parsed(arguments.words());
+    const CommandLine commandLine = CommandLine::parse(arguments.words());
     const QString folderProblem = SuiteFolders::problem();
     if (!folderProblem.isEmpty() && commandLine.request != CommandLine::Request::ShowText) {
         return refuse(folderProblem);
@@ -76,11 +75,11 @@ int main(int argc, char* argv[])
     case CommandLine::Request::Refuse:
         return refuse(commandLine.text, arguments.hint());
     case CommandLine::Request::MakePicture:
-        return cad::makePicture(commandLine);
+        return makePicture(commandLine);
     case CommandLine::Request::TryHardware:
-        return cad::tryHardware();
+        return tryHardware();
     case CommandLine::Request::ShowWindow:
         break;
     }
-    return cad::showWindow(commandLine);
+    return showWindow(commandLine);
 }

@@ -1,5 +1,4 @@
-#ifndef DECKCHECK_H
-#define DECKCHECK_H
+#pragma once
 
 #include <Finding.h>
 
@@ -34,5 +33,3 @@ private:
     QFutureWatcher<QVector<suite::Finding>> m_watcher;
     bool m_isOutdated = false;
 };
-
-#endif

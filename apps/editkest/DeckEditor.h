@@ -1,5 +1,4 @@
-#ifndef DECKEDITOR_H
-#define DECKEDITOR_H
+#pragma once
 
 #include <Finding.h>
 
@@ -42,5 +41,3 @@ private:
     FindingMargin* m_margin;
     QHash<int, QVector<suite::Finding>> m_findings;
 };
-
-#endif

@@ -1,5 +1,4 @@
-#ifndef DECKFILE_H
-#define DECKFILE_H
+#pragma once
 
 #include <QByteArray>
 #include <QString>
@@ -31,13 +30,13 @@ public:
 private:
     enum class Encoding { Utf8, Latin1 };
 
-    // How the text stands in the file.
+    /// How the text stands in the file.
     struct Form
     {
         Encoding encoding = Encoding::Utf8;
-        QByteArray mark; // in front of the text: the byte order mark, or nothing
+        QByteArray mark; ///< in front of the text: the byte order mark, or nothing
         QByteArray lineEnd = QByteArrayLiteral("\n");
-        bool hasShownReturns = false; // some carriage returns are no line ends, and are shown
+        bool hasShownReturns = false; ///< some carriage returns are no line ends, and are shown
     };
 
     bool fail(const QString& reason);
@@ -51,5 +50,3 @@ private:
     QByteArray m_fingerprint;
     Form m_form;
 };
-
-#endif

@@ -1,5 +1,4 @@
-#ifndef DECKHIGHLIGHTER_H
-#define DECKHIGHLIGHTER_H
+#pragma once
 
 #include <QPalette>
 #include <QSyntaxHighlighter>
@@ -24,5 +23,3 @@ private:
 
     bool m_isDark;
 };
-
-#endif

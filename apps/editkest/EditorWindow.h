@@ -1,5 +1,4 @@
-#ifndef EDITORWINDOW_H
-#define EDITORWINDOW_H
+#pragma once
 
 #include "DeckFile.h"
 
@@ -60,5 +59,3 @@ private:
     QListWidget* m_findings = nullptr;
     QLabel* m_summary = nullptr;
 };
-
-#endif

@@ -1,5 +1,4 @@
-#ifndef FINDINGMARGIN_H
-#define FINDINGMARGIN_H
+#pragma once
 
 #include <QWidget>
 
@@ -25,5 +24,3 @@ protected:
 private:
     DeckEditor* m_editor;
 };
-
-#endif

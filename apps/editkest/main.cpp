@@ -80,7 +80,7 @@ int main(int argc, char* argv[])
     const auto application = ApplicationStart::make(surroundings, arguments);
     const Services services({QStringLiteral("editkest"), QStringLiteral("models/dipole.nec")},
                             surroundings != Surroundings::Window);
-    const CommandLine commandLine = CommandLine::parsed(arguments.words());
+    const CommandLine commandLine = CommandLine::parse(arguments.words());
     switch (commandLine.request) {
     case CommandLine::Request::ShowText:
         std::fputs(qPrintable(commandLine.text), stdout);

@@ -173,7 +173,7 @@ bool CommandLine::asksForWindow(const QStringList& arguments)
            run(parser).request == Request::ShowWindow;
 }
 
-CommandLine CommandLine::parsed(const QStringList& arguments)
+CommandLine CommandLine::parse(const QStringList& arguments)
 {
     CommandLine result;
     result.request = commandOf(arguments.value(1));

@@ -1,5 +1,4 @@
-#ifndef COMMANDLINE_H
-#define COMMANDLINE_H
+#pragma once
 
 #include <common_RunWrapper.h>
 
@@ -21,11 +20,9 @@ struct CommandLine
     QStringList words; ///< behind "options" or "machines"
 
     /// The arguments include the program's name.
-    static CommandLine parsed(const QStringList& arguments);
+    static CommandLine parse(const QStringList& arguments);
 
     /// Whether the arguments ask for the window, which decides what kind of application object
     /// there must be. Needs none itself.
     static bool asksForWindow(const QStringList& arguments);
 };
-
-#endif

@@ -1,5 +1,4 @@
-#ifndef ENVIRONMENT_H
-#define ENVIRONMENT_H
+#pragma once
 
 /// The environment variables that name the suite's folders.
 namespace Environment {
@@ -10,5 +9,3 @@ namespace Environment {
 void complete();
 
 } // namespace Environment
-
-#endif

@@ -96,7 +96,7 @@ int main(int argc, char* argv[])
     const auto application = ApplicationStart::make(surroundings, arguments);
     QLoggingCategory::setFilterRules(QStringLiteral("default.debug=false"));
 
-    const CommandLine commandLine = CommandLine::parsed(arguments.words());
+    const CommandLine commandLine = CommandLine::parse(arguments.words());
     const QString folderProblem = SuiteFolders::problem();
     if (!folderProblem.isEmpty() && commandLine.request != CommandLine::Request::ShowText) {
         return refuse(folderProblem);

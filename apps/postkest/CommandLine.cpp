@@ -91,7 +91,7 @@ CommandLine read(QCommandLineParser& parser, const QStringList& arguments)
 
 } // namespace
 
-CommandLine CommandLine::parsed(const QStringList& arguments)
+CommandLine CommandLine::parse(const QStringList& arguments)
 {
     QCommandLineParser parser;
     CommandLine result = read(parser, arguments);

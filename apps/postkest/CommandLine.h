@@ -1,5 +1,4 @@
-#ifndef COMMANDLINE_H
-#define COMMANDLINE_H
+#pragma once
 
 #include <QSize>
 #include <QString>
@@ -18,10 +17,8 @@ struct CommandLine
 
     /// The arguments include the program's name. Needs an application object, which helpText()
     /// names the program by.
-    static CommandLine parsed(const QStringList& arguments);
+    static CommandLine parse(const QStringList& arguments);
 
     /// The request alone, which decides what application object is needed.
     static Request requestOf(const QStringList& arguments);
 };
-
-#endif

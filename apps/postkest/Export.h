@@ -1,5 +1,4 @@
-#ifndef EXPORT_H
-#define EXPORT_H
+#pragma once
 
 #include "Result.h"
 
@@ -20,5 +19,3 @@ QString write(const QString& path, ResultView& view, const QVector<Result>& resu
 QByteArray table(const QVector<Result>& results);
 
 } // namespace Export
-
-#endif

@@ -1,5 +1,4 @@
-#ifndef QUANTITYCHART_H
-#define QUANTITYCHART_H
+#pragma once
 
 #include "Result.h"
 
@@ -80,5 +79,3 @@ private:
     std::optional<double> m_marked;
     double m_labelRoom = 0;
 };
-
-#endif

@@ -69,7 +69,7 @@ Result Result::read(const QString& path)
 {
     suite::InputFile file(path);
     const std::optional<QByteArray> content = file.read(largestTable);
-    Result result = content ? parsed(*content) : failed(file.reason());
+    Result result = content ? parse(*content) : failed(file.reason());
     result.path = suite::FileName::absolute(path);
     return result;
 }
@@ -82,7 +82,7 @@ bool Result::isTable(const QString& path)
     return start.startsWith(header) || start == byteOrderMark + header;
 }
 
-Result Result::parsed(const QByteArray& bytes)
+Result Result::parse(const QByteArray& bytes)
 {
     QList<QByteArray> lines = bytes.split('\n');
     if (lines.first().startsWith(byteOrderMark)) {

@@ -1,5 +1,4 @@
-#ifndef RESULT_H
-#define RESULT_H
+#pragma once
 
 #include <QString>
 #include <QVector>
@@ -32,7 +31,7 @@ struct Result
     static Result read(const QString& path);
 
     /// Reads a table from its bytes.
-    static Result parsed(const QByteArray& bytes);
+    static Result parse(const QByteArray& bytes);
 
     /// Whether the file is a table of a run, by its first line.
     static bool isTable(const QString& path);
@@ -50,5 +49,3 @@ struct Result
     /// Whether some point has the quantity.
     bool has(Quantity quantity) const;
 };
-
-#endif

@@ -1,5 +1,4 @@
-#ifndef RESULTVIEW_H
-#define RESULTVIEW_H
+#pragma once
 
 #include "QuantityChart.h"
 #include "Result.h"
@@ -55,5 +54,3 @@ private:
     QScrollArea* m_readoutArea = nullptr;
     std::optional<double> m_pointed;
 };
-
-#endif

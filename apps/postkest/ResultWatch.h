@@ -1,5 +1,4 @@
-#ifndef RESULTWATCH_H
-#define RESULTWATCH_H
+#pragma once
 
 #include <QFileSystemWatcher>
 #include <QObject>
@@ -32,5 +31,3 @@ private:
     QSet<QString> m_pending;
     QTimer m_quiet;
 };
-
-#endif

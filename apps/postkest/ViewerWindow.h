@@ -1,5 +1,4 @@
-#ifndef VIEWERWINDOW_H
-#define VIEWERWINDOW_H
+#pragma once
 
 #include "Result.h"
 #include "ResultWatch.h"
@@ -48,9 +47,7 @@ private:
 
     common_CommonSettingsSet m_settings;
     ResultWatch* m_watch;
-    QVector<Result> m_results; // in the order of the list
+    QVector<Result> m_results; ///< in the order of the list
     QListWidget* m_list = nullptr;
     ResultView* m_view = nullptr;
 };
-
-#endif

@@ -90,7 +90,7 @@ int main(int argc, char* argv[])
     const auto application = ApplicationStart::make(surroundings, arguments);
     const Services services({QStringLiteral("postkest"), QString()},
                             surroundings != Surroundings::Window);
-    const CommandLine commandLine = CommandLine::parsed(arguments.words());
+    const CommandLine commandLine = CommandLine::parse(arguments.words());
     const QString folderProblem = SuiteFolders::problem();
     if (!folderProblem.isEmpty() && commandLine.request != CommandLine::Request::ShowText) {
         return refuse(folderProblem);

@@ -1,5 +1,4 @@
-#ifndef LOCKFILE_H
-#define LOCKFILE_H
+#pragma once
 
 #include <QString>
 
@@ -34,5 +33,3 @@ public:
     /// Whether there is something else than a file in the place of the lock file.
     static bool isBlocked(const QString& path);
 };
-
-#endif

@@ -99,7 +99,7 @@ public:
     {
         QByteArray bytes(LockOwner::mostBytes + 1, '\0');
         const auto count = ::pread(m_file, bytes.data(), static_cast<size_t>(bytes.size()), 0);
-        return LockOwner::parsed(bytes.left(count > 0 ? static_cast<int>(count) : 0));
+        return LockOwner::parse(bytes.left(count > 0 ? static_cast<int>(count) : 0));
     }
 
     bool setOwner(const LockOwner& owner) const

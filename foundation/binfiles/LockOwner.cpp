@@ -22,10 +22,10 @@ LockOwner LockOwner::of(const QString& path)
     QFile file(path);
     const bool isReadable = info.isFile() && !info.isSymLink() && info.size() <= mostBytes &&
                             file.open(QIODevice::ReadOnly);
-    return isReadable ? parsed(file.read(mostBytes)) : LockOwner();
+    return isReadable ? parse(file.read(mostBytes)) : LockOwner();
 }
 
-LockOwner LockOwner::parsed(const QByteArray& content)
+LockOwner LockOwner::parse(const QByteArray& content)
 {
     const QList<QByteArray> lines = content.split('\n');
     LockOwner owner;

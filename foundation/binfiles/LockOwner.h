@@ -1,5 +1,4 @@
-#ifndef LOCKOWNER_H
-#define LOCKOWNER_H
+#pragma once
 
 #include <QByteArray>
 #include <QString>
@@ -17,7 +16,7 @@ struct LockOwner
     /// Reads a few lines of the lock file, however large it is, and of a regular file only.
     static LockOwner of(const QString& path);
 
-    static LockOwner parsed(const QByteArray& content);
+    static LockOwner parse(const QByteArray& content);
     QByteArray content() const;
 
     bool isKnown() const { return process != 0; }
@@ -34,5 +33,3 @@ struct LockOwner
     /// No lock file of a process is larger.
     static constexpr qint64 mostBytes = 4096;
 };
-
-#endif

@@ -1,5 +1,4 @@
-#ifndef OWNERPROCESS_H
-#define OWNERPROCESS_H
+#pragma once
 
 #include <QString>
 
@@ -16,5 +15,3 @@ bool hasEnded(qint64 process, const QString& program);
 bool isEnding(qint64 process);
 
 } // namespace OwnerProcess
-
-#endif

@@ -1,5 +1,4 @@
-#ifndef PORTABLELOCKFILE_H
-#define PORTABLELOCKFILE_H
+#pragma once
 
 #include "LockFile.h"
 
@@ -20,5 +19,3 @@ private:
     QString m_path;
     std::unique_ptr<QLockFile> m_file;
 };
-
-#endif

@@ -1,5 +1,4 @@
-#ifndef ENUMTYPE_H
-#define ENUMTYPE_H
+#pragma once
 
 #include <QString>
 
@@ -17,5 +16,3 @@ struct EnumType
     int value = 0; ///< what is stored
     QString key;   ///< what scripts write
 };
-
-#endif

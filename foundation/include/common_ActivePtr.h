@@ -1,5 +1,4 @@
-#ifndef COMMON_ACTIVEPTR_H
-#define COMMON_ACTIVEPTR_H
+#pragma once
 
 #include <cstddef>
 #include <type_traits>
@@ -104,7 +103,7 @@ bool operator!=(const common_ActivePtr<T, Actor>& left, const common_ActivePtr<U
     return left.get() != right.get();
 }
 
-// T stands in a non-deduced place so that nullptr and pointers to derived classes compare as well.
+/// T stands in a non-deduced place so that nullptr and pointers to derived classes compare as well.
 template <typename T, typename Actor>
 bool operator==(const common_ActivePtr<T, Actor>& left, const std::enable_if_t<true, T>* right)
 {
@@ -128,5 +127,3 @@ bool operator!=(const std::enable_if_t<true, T>* left, const common_ActivePtr<T,
 {
     return left != right.get();
 }
-
-#endif

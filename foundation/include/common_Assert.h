@@ -1,5 +1,4 @@
-#ifndef COMMON_ASSERT_H
-#define COMMON_ASSERT_H
+#pragma once
 
 #include <kest_foundation_export.h>
 
@@ -15,5 +14,3 @@ KEST_FOUNDATION_EXPORT void common_assertionFailed(const char* text, const char*
 /// they stay as they are when the code around them moves.
 #define COMMON_ASSERT_AT(condition, text, file, line)                                              \
     (static_cast<bool>(condition) ? static_cast<void>(0) : common_assertionFailed(text, file, line))
-
-#endif

@@ -1,5 +1,4 @@
-#ifndef COMMON_AUTOCOUNTER_H
-#define COMMON_AUTOCOUNTER_H
+#pragma once
 
 #include <atomic>
 
@@ -25,5 +24,3 @@ public:
 private:
     std::atomic<int> m_value{0};
 };
-
-#endif

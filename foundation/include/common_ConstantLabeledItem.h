@@ -1,5 +1,4 @@
-#ifndef COMMON_CONSTANTLABELEDITEM_H
-#define COMMON_CONSTANTLABELEDITEM_H
+#pragma once
 
 #include <common_Label.h>
 #include <kest_foundation_export.h>
@@ -22,5 +21,3 @@ protected:
 
     virtual common_Label doGetConstantLabel() const = 0;
 };
-
-#endif

@@ -1,5 +1,4 @@
-#ifndef COMMON_DOMAINENTITY_H
-#define COMMON_DOMAINENTITY_H
+#pragma once
 
 #include <kest_foundation_export.h>
 
@@ -20,5 +19,3 @@ protected:
     common_DomainEntity(const common_DomainEntity&) = default;
     common_DomainEntity& operator=(const common_DomainEntity&) = default;
 };
-
-#endif

@@ -1,5 +1,4 @@
-#ifndef COMMON_ENVIRONMENTVARIABLESEXT_H
-#define COMMON_ENVIRONMENTVARIABLESEXT_H
+#pragma once
 
 #include <kest_foundation_export.h>
 
@@ -17,5 +16,3 @@ public:
     /// directly or in a circle. A "$" or "%" that begins no reference stays as it is.
     static QString getVariableExpanded(const char* name);
 };
-
-#endif

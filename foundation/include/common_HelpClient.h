@@ -1,5 +1,4 @@
-#ifndef COMMON_HELPCLIENT_H
-#define COMMON_HELPCLIENT_H
+#pragma once
 
 #include <kest_foundation_export.h>
 
@@ -20,5 +19,3 @@ protected:
     common_HelpClient(const common_HelpClient&) = default;
     common_HelpClient& operator=(const common_HelpClient&) = default;
 };
-
-#endif

@@ -1,5 +1,4 @@
-#ifndef COMMON_IAPPLICATION_H
-#define COMMON_IAPPLICATION_H
+#pragma once
 
 #include <kest_foundation_export.h>
 
@@ -17,5 +16,3 @@ protected:
     common_IApplication(const common_IApplication&) = default;
     common_IApplication& operator=(const common_IApplication&) = default;
 };
-
-#endif

@@ -1,5 +1,4 @@
-#ifndef COMMON_IAPPLICATIONINFO_H
-#define COMMON_IAPPLICATIONINFO_H
+#pragma once
 
 #include <kest_foundation_export.h>
 
@@ -31,5 +30,3 @@ protected:
     common_IApplicationInfo(const common_IApplicationInfo&) = default;
     common_IApplicationInfo& operator=(const common_IApplicationInfo&) = default;
 };
-
-#endif

@@ -1,5 +1,4 @@
-#ifndef COMMON_IICONUTILITY_H
-#define COMMON_IICONUTILITY_H
+#pragma once
 
 #include <kest_foundation_export.h>
 
@@ -20,5 +19,3 @@ protected:
     common_IIconUtility(const common_IIconUtility&) = default;
     common_IIconUtility& operator=(const common_IIconUtility&) = default;
 };
-
-#endif

@@ -1,5 +1,4 @@
-#ifndef COMMON_IPIXMAPUTILITY_H
-#define COMMON_IPIXMAPUTILITY_H
+#pragma once
 
 #include <kest_foundation_export.h>
 
@@ -21,5 +20,3 @@ protected:
     common_IPixmapUtility(const common_IPixmapUtility&) = default;
     common_IPixmapUtility& operator=(const common_IPixmapUtility&) = default;
 };
-
-#endif

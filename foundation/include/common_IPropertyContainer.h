@@ -1,5 +1,4 @@
-#ifndef COMMON_IPROPERTYCONTAINER_H
-#define COMMON_IPROPERTYCONTAINER_H
+#pragma once
 
 #include <common_Property.h>
 #include <common_PropertyReference.h>
@@ -36,5 +35,3 @@ protected:
     common_IPropertyContainer(const common_IPropertyContainer&) = default;
     common_IPropertyContainer& operator=(const common_IPropertyContainer&) = default;
 };
-
-#endif

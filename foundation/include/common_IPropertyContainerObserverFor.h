@@ -1,5 +1,4 @@
-#ifndef COMMON_IPROPERTYCONTAINEROBSERVERFOR_H
-#define COMMON_IPROPERTYCONTAINEROBSERVERFOR_H
+#pragma once
 
 class common_Property;
 
@@ -19,5 +18,3 @@ protected:
     common_IPropertyContainerObserverFor&
     operator=(const common_IPropertyContainerObserverFor&) = default;
 };
-
-#endif

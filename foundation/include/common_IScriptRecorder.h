@@ -1,5 +1,4 @@
-#ifndef COMMON_ISCRIPTRECORDER_H
-#define COMMON_ISCRIPTRECORDER_H
+#pragma once
 
 #include <common_ActivePtr.h>
 #include <kest_foundation_export.h>
@@ -22,5 +21,3 @@ protected:
     common_IScriptRecorder(const common_IScriptRecorder&) = default;
     common_IScriptRecorder& operator=(const common_IScriptRecorder&) = default;
 };
-
-#endif

@@ -1,5 +1,4 @@
-#ifndef COMMON_ISESSION_H
-#define COMMON_ISESSION_H
+#pragma once
 
 #include <common_ActivePtr.h>
 #include <kest_foundation_export.h>
@@ -21,5 +20,3 @@ protected:
     common_ISession(const common_ISession&) = default;
     common_ISession& operator=(const common_ISession&) = default;
 };
-
-#endif

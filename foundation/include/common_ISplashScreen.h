@@ -1,5 +1,4 @@
-#ifndef COMMON_ISPLASHSCREEN_H
-#define COMMON_ISPLASHSCREEN_H
+#pragma once
 
 #include <kest_foundation_export.h>
 
@@ -20,5 +19,3 @@ protected:
     common_ISplashScreen(const common_ISplashScreen&) = default;
     common_ISplashScreen& operator=(const common_ISplashScreen&) = default;
 };
-
-#endif

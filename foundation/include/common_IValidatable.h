@@ -1,5 +1,4 @@
-#ifndef COMMON_IVALIDATABLE_H
-#define COMMON_IVALIDATABLE_H
+#pragma once
 
 #include <kest_foundation_export.h>
 
@@ -23,5 +22,3 @@ protected:
     common_IValidatable(const common_IValidatable&) = default;
     common_IValidatable& operator=(const common_IValidatable&) = default;
 };
-
-#endif

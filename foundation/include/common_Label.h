@@ -1,5 +1,4 @@
-#ifndef COMMON_LABEL_H
-#define COMMON_LABEL_H
+#pragma once
 
 #include <QString>
 
@@ -20,5 +19,3 @@ public:
 private:
     QString m_text;
 };
-
-#endif

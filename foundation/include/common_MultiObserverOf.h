@@ -1,5 +1,4 @@
-#ifndef COMMON_MULTIOBSERVEROF_H
-#define COMMON_MULTIOBSERVEROF_H
+#pragma once
 
 #include <common_ActivePtr.h>
 #include <common_Assert.h>
@@ -50,5 +49,3 @@ private:
     QMap<common_ObservableVia<T>*, common_ActivePtr<common_ObserverConnection<T>>>
         m_observerConnectionMap;
 };
-
-#endif

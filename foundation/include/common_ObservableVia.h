@@ -1,5 +1,4 @@
-#ifndef COMMON_OBSERVABLEVIA_H
-#define COMMON_OBSERVABLEVIA_H
+#pragma once
 
 #include <common_ActivePtr.h>
 #include <common_MultiObserverOf.h>
@@ -82,5 +81,3 @@ protected:
 private:
     QVector<common_ObserverConnection<T>*> m_observers;
 };
-
-#endif

@@ -1,5 +1,4 @@
-#ifndef COMMON_OBSERVERCONNECTION_H
-#define COMMON_OBSERVERCONNECTION_H
+#pragma once
 
 #include <common_Assert.h>
 #include <common_AutoCounter.h>
@@ -68,5 +67,3 @@ private:
     T* m_pObserver;
     common_ObservableVia<T>* m_pObservable;
 };
-
-#endif

@@ -1,5 +1,4 @@
-#ifndef COMMON_OBSERVEROF_H
-#define COMMON_OBSERVEROF_H
+#pragma once
 
 #include <common_ActivePtr.h>
 #include <common_Assert.h>
@@ -46,5 +45,3 @@ protected:
 private:
     common_ActivePtr<common_ObserverConnection<T>> m_pConnection;
 };
-
-#endif

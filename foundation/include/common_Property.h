@@ -1,5 +1,4 @@
-#ifndef COMMON_PROPERTY_H
-#define COMMON_PROPERTY_H
+#pragma once
 
 #include <common_PropertyMetaData.h>
 #include <kest_foundation_export.h>
@@ -35,5 +34,3 @@ private:
     QString m_name;
     QVariant m_value;
 };
-
-#endif

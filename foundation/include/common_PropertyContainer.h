@@ -1,5 +1,4 @@
-#ifndef COMMON_PROPERTYCONTAINER_H
-#define COMMON_PROPERTYCONTAINER_H
+#pragma once
 
 #include <common_IPropertyContainer.h>
 #include <common_IPropertyContainerObserverFor.h>
@@ -48,7 +47,5 @@ protected:
     common_PropertyContainer& operator=(const common_PropertyContainer& other);
 
 private:
-    std::map<QString, common_Property> m_properties; // whose references stay good
+    std::map<QString, common_Property> m_properties; ///< whose references stay good
 };
-
-#endif

@@ -1,5 +1,4 @@
-#ifndef COMMON_PROPERTYFACTORY_H
-#define COMMON_PROPERTYFACTORY_H
+#pragma once
 
 #include <kest_foundation_export.h>
 
@@ -24,5 +23,3 @@ public:
     /// All names, in the order of registration.
     static QStringList names();
 };
-
-#endif

@@ -1,5 +1,4 @@
-#ifndef COMMON_PROPERTYMETADATA_H
-#define COMMON_PROPERTYMETADATA_H
+#pragma once
 
 #include <EnumType.h>
 #include <kest_foundation_export.h>
@@ -54,5 +53,3 @@ private:
     int m_flags = 0;
     QVector<EnumType> m_enumList;
 };
-
-#endif

@@ -1,5 +1,4 @@
-#ifndef COMMON_PROPERTYREFERENCE_H
-#define COMMON_PROPERTYREFERENCE_H
+#pragma once
 
 #include <kest_foundation_export.h>
 
@@ -32,5 +31,3 @@ private:
     common_IPropertyContainer* m_container;
     common_Property* m_property;
 };
-
-#endif

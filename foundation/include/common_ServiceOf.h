@@ -1,5 +1,4 @@
-#ifndef COMMON_SERVICEOF_H
-#define COMMON_SERVICEOF_H
+#pragma once
 
 #include <common_Assert.h>
 #include <kest_foundation_export.h>
@@ -44,5 +43,3 @@ private:
 
 /// The service of the interface T, which there must be.
 #define GET_SERVICE(T) common_ServiceOf<T>::getService(#T, __FILE__, __LINE__)
-
-#endif

@@ -1,5 +1,4 @@
-#ifndef COMMON_USERMESSAGE_H
-#define COMMON_USERMESSAGE_H
+#pragma once
 
 #include <common_ActivePtr.h>
 #include <common_Assert.h>
@@ -47,5 +46,3 @@ private:
     MessageType m_type;
     MessageFormat m_format;
 };
-
-#endif

@@ -1,5 +1,4 @@
-#ifndef COMMON_USERQUERY_H
-#define COMMON_USERQUERY_H
+#pragma once
 
 #include <kest_foundation_export.h>
 
@@ -55,5 +54,3 @@ private:
     QString m_details;
     QVector<Option> m_options;
 };
-
-#endif

@@ -1,7 +1,4 @@
-#ifndef COMMON_CONSOLE_H
-#define COMMON_CONSOLE_H
+#pragma once
 
 /// Detaches the application from the console that it was started from, where there is such a thing.
 void common_detachFromConsole();
-
-#endif

@@ -1,5 +1,4 @@
-#ifndef COMMON_CONSOLELAUNCH_H
-#define COMMON_CONSOLELAUNCH_H
+#pragma once
 
 class QProcess;
 
@@ -9,5 +8,3 @@ const char* common_executableSuffix();
 /// Lets the process, which is set up and not started yet, open in a console of its own, where the
 /// platform has one.
 void common_openInConsole(QProcess& process);
-
-#endif

@@ -1,5 +1,4 @@
-#ifndef COMMON_LINEBUFFER_H
-#define COMMON_LINEBUFFER_H
+#pragma once
 
 #include <QString>
 
@@ -32,8 +31,6 @@ private:
 
     std::string m_bytes;
     std::size_t m_taken = 0;    // bytes before this were taken
-    std::size_t m_searched = 0; // no line end between m_lineEnd and this
+    std::size_t m_searched = 0; ///< no line end between m_lineEnd and this
     std::size_t m_lineEnd = 0;  // behind the line end of the current line; 0 when not known
 };
-
-#endif

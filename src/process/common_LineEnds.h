@@ -1,9 +1,6 @@
-#ifndef COMMON_LINEENDS_H
-#define COMMON_LINEENDS_H
+#pragma once
 
 class QString;
 
 /// The text without any carriage return or line feed, wherever they stand.
 QString common_withoutLineEnds(const QString& text);
-
-#endif

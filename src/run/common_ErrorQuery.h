@@ -1,10 +1,7 @@
-#ifndef COMMON_ERRORQUERY_H
-#define COMMON_ERRORQUERY_H
+#pragma once
 
 class QString;
 
 /// Tells the user of an error in a box without a parent and without details, and waits until the
 /// user has read it.
 void common_tellError(const QString& title, const QString& text);
-
-#endif

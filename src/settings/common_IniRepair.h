@@ -1,5 +1,4 @@
-#ifndef COMMON_INIREPAIR_H
-#define COMMON_INIREPAIR_H
+#pragma once
 
 #include <QByteArray>
 
@@ -14,5 +13,3 @@ bool isNeeded(const QByteArray& content);
 QByteArray repaired(const QByteArray& content);
 
 } // namespace common_IniRepair
-
-#endif

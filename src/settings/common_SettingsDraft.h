@@ -1,5 +1,4 @@
-#ifndef COMMON_SETTINGSDRAFT_H
-#define COMMON_SETTINGSDRAFT_H
+#pragma once
 
 #include "common_SettingsValues.h"
 
@@ -46,5 +45,3 @@ private:
     common_SettingsValues m_values;
     QByteArray m_content;
 };
-
-#endif

@@ -1,5 +1,4 @@
-#ifndef COMMON_SETTINGSFILE_H
-#define COMMON_SETTINGSFILE_H
+#pragma once
 
 #include <QSettings>
 #include <QString>
@@ -50,5 +49,3 @@ private:
     QString m_fileName;
     QSettings::Format m_format;
 };
-
-#endif

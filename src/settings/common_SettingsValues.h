@@ -1,5 +1,4 @@
-#ifndef COMMON_SETTINGSVALUES_H
-#define COMMON_SETTINGSVALUES_H
+#pragma once
 
 #include <QMap>
 #include <QString>
@@ -42,5 +41,3 @@ private:
 
     QMap<QString, QVariant> m_values;
 };
-
-#endif

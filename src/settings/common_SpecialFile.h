@@ -1,5 +1,4 @@
-#ifndef COMMON_SPECIALFILE_H
-#define COMMON_SPECIALFILE_H
+#pragma once
 
 class QString;
 
@@ -8,5 +7,3 @@ class QString;
 ///
 /// Whoever opens a pipe waits for its other end, and a device may never end.
 QString common_specialFileKind(const QString& path);
-
-#endif

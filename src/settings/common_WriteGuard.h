@@ -1,5 +1,4 @@
-#ifndef COMMON_WRITEGUARD_H
-#define COMMON_WRITEGUARD_H
+#pragma once
 
 #include <QString>
 
@@ -28,5 +27,3 @@ private:
     uint64_t m_handle = 0;
     int m_status;
 };
-
-#endif

@@ -1,5 +1,4 @@
-#ifndef FILEIDENTITY_H
-#define FILEIDENTITY_H
+#pragma once
 
 class QString;
 
@@ -10,5 +9,3 @@ namespace suite {
 bool isSameFile(const QString& left, const QString& right);
 
 } // namespace suite
-
-#endif

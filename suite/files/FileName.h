@@ -1,5 +1,4 @@
-#ifndef FILENAME_H
-#define FILENAME_H
+#pragma once
 
 #include <QByteArray>
 #include <QString>
@@ -34,5 +33,3 @@ bool isEscapedByte(uint code);
 uint escapedByte(uint code);
 
 } // namespace suite::FileName
-
-#endif

@@ -1,5 +1,4 @@
-#ifndef INPUTFILE_H
-#define INPUTFILE_H
+#pragma once
 
 #include <QByteArray>
 #include <QString>
@@ -42,5 +41,3 @@ private:
 };
 
 } // namespace suite
-
-#endif

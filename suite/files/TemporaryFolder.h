@@ -1,5 +1,4 @@
-#ifndef TEMPORARYFOLDER_H
-#define TEMPORARYFOLDER_H
+#pragma once
 
 #include <QString>
 #include <QTemporaryDir>
@@ -49,5 +48,3 @@ private:
 };
 
 } // namespace suite
-
-#endif

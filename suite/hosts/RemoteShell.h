@@ -1,5 +1,4 @@
-#ifndef REMOTESHELL_H
-#define REMOTESHELL_H
+#pragma once
 
 #include <QString>
 
@@ -11,5 +10,3 @@ namespace suite::RemoteShell {
 QString program();
 
 } // namespace suite::RemoteShell
-
-#endif

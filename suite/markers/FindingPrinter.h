@@ -6,7 +6,7 @@ namespace suite {
 
 class MarkerPrinter;
 
-// Prints findings about one subject (the model's file name, or the program's own name).
+/// Prints findings about one subject (the model's file name, or the program's own name).
 class FindingPrinter
 {
 public:
@@ -15,7 +15,7 @@ public:
     void print(const Finding& finding);
     void print(const FindingList& findings);
 
-    // Prints one finding that belongs to no line.
+    /// Prints one finding that belongs to no line.
     void print(FindingKind kind, const QStringList& parts = QStringList());
 
 private:

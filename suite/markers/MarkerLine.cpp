@@ -2,7 +2,7 @@
 
 namespace suite {
 
-MarkerLine MarkerLine::parsed(const QByteArray& line)
+MarkerLine MarkerLine::parse(const QByteArray& line)
 {
     MarkerLine result;
     result.body = QString::fromUtf8(line);

@@ -8,16 +8,16 @@
 
 namespace suite {
 
-// One line as a component printed it: its marker, if it has one in front, and what stands behind.
+/// One line as a component printed it: its marker, if it has one in front, and what stands behind.
 struct MarkerLine
 {
     std::optional<Marker> marker;
     QString body;
 
-    // Reads a line without its line end.
-    static MarkerLine parsed(const QByteArray& line);
+    /// Reads a line without its line end.
+    static MarkerLine parse(const QByteArray& line);
 
-    // The number of a percentage line, 0 when there is none.
+    /// The number of a percentage line, 0 when there is none.
     [[nodiscard]] int percentage() const;
 };
 

@@ -17,7 +17,7 @@ struct MarkerRow
 };
 
 // clang-format off
-constexpr MarkerRow MarkerTable[] = {
+constexpr MarkerRow markerTable[] = {
     {Marker::LineFeed,        "-*-linefeed-*-"},
     {Marker::Percentage,      "-*-percentage-*-"},
     {Marker::TotalPercentage, "-*-total-percentage-*-"},
@@ -33,7 +33,7 @@ constexpr MarkerRow MarkerTable[] = {
 
 QString markerText(Marker marker)
 {
-    for (const MarkerRow& row : MarkerTable) {
+    for (const MarkerRow& row : markerTable) {
         if (row.marker == marker) {
             return QLatin1String(row.text);
         }
@@ -43,7 +43,7 @@ QString markerText(Marker marker)
 
 std::optional<Marker> markerOf(const QString& line)
 {
-    for (const MarkerRow& row : MarkerTable) {
+    for (const MarkerRow& row : markerTable) {
         if (line.startsWith(QLatin1String(row.text))) {
             return row.marker;
         }

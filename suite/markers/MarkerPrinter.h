@@ -7,7 +7,7 @@
 
 namespace suite {
 
-// What a line of output is for the program that reads it.
+/// What a line of output is for the program that reads it.
 enum class Marker {
     LineFeed,
     Percentage,
@@ -19,35 +19,35 @@ enum class Marker {
     Variable,
 };
 
-// The text of a marker, and the marker that a line begins with.
+/// The text of a marker, and the marker that a line begins with.
 QString markerText(Marker marker);
 std::optional<Marker> markerOf(const QString& line);
 
-// Prints a component's messages, one marker a line, each line flushed at once: the reader shows it
-// while the run goes on. On a terminal, where nobody opens what is named, names of files are made
-// visible, too.
+/// Prints a component's messages, one marker a line, each line flushed at once: the reader shows it
+/// while the run goes on. On a terminal, where nobody opens what is named, names of files are made
+/// visible, too.
 class MarkerPrinter
 {
 public:
     explicit MarkerPrinter(std::FILE* stream = stdout);
 
-    // Prints one tagged line. The body is made safe, so it cannot form a marker of its own; the
-    // name of a file stays what it is otherwise.
+    /// Prints one tagged line. The body is made safe, so it cannot form a marker of its own; the
+    /// name of a file stays what it is otherwise.
     void print(Marker marker, const QString& body);
 
-    // Prints one plain line.
+    /// Prints one plain line.
     void printText(const QString& text);
 
-    // Prints one line that another component has printed, marker and all.
+    /// Prints one line that another component has printed, marker and all.
     void printAgain(const QString& line);
 
-    // Prints "45%" behind a percentage marker.
+    /// Prints "45%" behind a percentage marker.
     void printPercentage(Marker marker, int percentage);
 
-    // Prints an empty line for the reader.
+    /// Prints an empty line for the reader.
     void printLineFeed();
 
-    // True once nobody reads any more: a write has failed or the other end of the pipe is closed.
+    /// True once nobody reads any more: a write has failed or the other end of the pipe is closed.
     bool isReaderGone();
 
 private:

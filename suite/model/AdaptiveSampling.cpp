@@ -8,13 +8,13 @@ namespace suite {
 
 namespace {
 
-constexpr int MnemonicLength = 2;
-constexpr double LeastTolerance = 0.0001; // the engine's results have five digits
-constexpr double MostTolerance = 0.5;
+constexpr int mnemonicLength = 2;
+constexpr double leastTolerance = 0.0001; // the engine's results have five digits
+constexpr double mostTolerance = 0.5;
 
 QList<QByteArray> wordsOf(const QByteArray& comment)
 {
-    return comment.mid(MnemonicLength).simplified().split(' ');
+    return comment.mid(mnemonicLength).simplified().split(' ');
 }
 
 bool readTolerance(const QList<QByteArray>& words, double& tolerance)
@@ -24,8 +24,8 @@ bool readTolerance(const QList<QByteArray>& words, double& tolerance)
     }
     bool isNumber = false;
     tolerance = words.at(1).toDouble(&isNumber);
-    return isNumber && words.size() == 2 && tolerance >= LeastTolerance &&
-           tolerance <= MostTolerance;
+    return isNumber && words.size() == 2 && tolerance >= leastTolerance &&
+           tolerance <= mostTolerance;
 }
 
 } // namespace
@@ -49,8 +49,8 @@ AdaptiveSampling readAdaptiveSampling(const Deck& deck, FindingList& findings)
             const QString given = QString::fromUtf8(words.mid(1).join(' '));
             findings.add(
                 FindingKind::BadAdaptiveTolerance, line,
-                {QString::number(LeastTolerance), QString::number(MostTolerance), excerpt(given)});
-            result.tolerance = AdaptiveSampling::UsualTolerance;
+                {QString::number(leastTolerance), QString::number(mostTolerance), excerpt(given)});
+            result.tolerance = AdaptiveSampling::usualTolerance;
         }
     }
     return result;

@@ -5,18 +5,18 @@
 
 namespace suite {
 
-// What a model says of adaptive sampling, in a comment line "CM @adapt [TOLERANCE]".
+/// What a model says of adaptive sampling, in a comment line "CM @adapt [TOLERANCE]".
 struct AdaptiveSampling
 {
-    // How far the curve through the solved points may be from the impedance, as a part of it.
-    static constexpr double UsualTolerance = 0.01;
+    /// How far the curve through the solved points may be from the impedance, as a part of it.
+    static constexpr double usualTolerance = 0.01;
 
     bool isWanted = false;
     int line = 0;
-    double tolerance = UsualTolerance;
+    double tolerance = usualTolerance;
 };
 
-// Reads the line; mistakes in it become findings.
+/// Reads the line; mistakes in it become findings.
 AdaptiveSampling readAdaptiveSampling(const Deck& deck, FindingList& findings);
 
 } // namespace suite

@@ -14,15 +14,15 @@ namespace suite {
 namespace {
 
 // Beyond this no coordinate, frequency or material constant has a meaning.
-constexpr double LargestNumber = 1e15;
+constexpr double largestNumber = 1e15;
 
 // A value this close to a whole number, relative to its size, is meant to be one.
-constexpr double Tolerance = 1e-9;
+constexpr double tolerance = 1e-9;
 
 // The most bytes of a line that the engine reads, and the digits that values are given in one.
-constexpr int LongestLine = 132;
-constexpr int MostDigits = 15;
-constexpr int FewestDigits = 8;
+constexpr int longestLine = 132;
+constexpr int mostDigits = 15;
+constexpr int fewestDigits = 8;
 
 bool isMatch(const QRegularExpression& pattern, const QString& text)
 {
@@ -99,7 +99,7 @@ bool CardParser::evaluateField(Card& card, int index, bool isInteger)
     }
     const double whole = std::round(result.value);
     const bool isWhole =
-        std::abs(result.value - whole) <= Tolerance * std::max(1.0, std::abs(whole));
+        std::abs(result.value - whole) <= tolerance * std::max(1.0, std::abs(whole));
     if (isInteger && isWhole) {
         field = QString::number(whole, 'f', 0);
     } else {
@@ -115,19 +115,19 @@ bool CardParser::shortenFields(Card& card)
     const auto length = [&card] {
         return card.mnemonic.size() + 1 + card.fields.join(QLatin1Char(' ')).size();
     };
-    for (int digits = MostDigits; digits >= FewestDigits; --digits) {
-        if (m_evaluated.isEmpty() || length() <= LongestLine) {
+    for (int digits = mostDigits; digits >= fewestDigits; --digits) {
+        if (m_evaluated.isEmpty() || length() <= longestLine) {
             return true;
         }
         for (const auto& evaluated : qAsConst(m_evaluated)) {
             card.fields[evaluated.first] = QString::number(evaluated.second, 'g', digits);
         }
     }
-    if (length() <= LongestLine) {
+    if (length() <= longestLine) {
         return true;
     }
     m_findings.add(FindingKind::LineTooLong, card.line,
-                   {QString::number(length()), QString::number(LongestLine)});
+                   {QString::number(length()), QString::number(longestLine)});
     return false;
 }
 
@@ -159,7 +159,7 @@ bool CardParser::parseNumber(Card& card, int index)
         report(FindingKind::NotNumber, card, index);
         return false;
     }
-    if (!isInRange || !std::isfinite(value) || std::abs(value) > LargestNumber) {
+    if (!isInRange || !std::isfinite(value) || std::abs(value) > largestNumber) {
         report(FindingKind::NumberOutOfRange, card, index);
         return false;
     }

@@ -7,7 +7,7 @@ namespace suite {
 namespace {
 
 // clang-format off
-constexpr CardRule CardTable[] = {
+constexpr CardRule cardTable[] = {
     {"CM", Section::Comment,     0}, // comment
     {"CE", Section::Comment,     0}, // last comment
     {"GA", Section::Geometry,    6}, // arc of wires
@@ -52,10 +52,10 @@ constexpr CardRule CardTable[] = {
 const CardRule* cardRule(const QString& mnemonic)
 {
     const auto* rule =
-        std::find_if(std::begin(CardTable), std::end(CardTable), [&](const CardRule& each) {
+        std::find_if(std::begin(cardTable), std::end(cardTable), [&](const CardRule& each) {
             return mnemonic == QLatin1String(each.mnemonic);
         });
-    return rule == std::end(CardTable) ? nullptr : rule;
+    return rule == std::end(cardTable) ? nullptr : rule;
 }
 
 int integerFieldCount(Section section)

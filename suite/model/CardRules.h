@@ -13,7 +13,7 @@ enum class Section {
     Unsupported,
 };
 
-// What is known of a kind of card: where it belongs and how many fields it cannot do without.
+/// What is known of a kind of card: where it belongs and how many fields it cannot do without.
 struct CardRule
 {
     const char* mnemonic;
@@ -21,11 +21,11 @@ struct CardRule
     int requiredFields;
 };
 
-// The rule of a card by its two upper-case letters, or nullptr.
+/// The rule of a card by its two upper-case letters, or nullptr.
 const CardRule* cardRule(const QString& mnemonic);
 
-// How many leading fields of a card of this section are whole numbers, and how many fields there
-// are in all.
+/// How many leading fields of a card of this section are whole numbers, and how many fields there
+/// are in all.
 int integerFieldCount(Section section);
 int fieldCount(Section section);
 

@@ -9,14 +9,14 @@ namespace suite {
 
 namespace {
 
-constexpr int MostFrequencies = 10000;
-constexpr double MostPoints = 1e6;
-constexpr int LastVoltageSource = 5; // type 0 and type 5 drive a segment, the others do not
-constexpr int ConductivityLoad = 5;
+constexpr int mostFrequencies = 10000;
+constexpr double mostPoints = 1e6;
+constexpr int lastVoltageSource = 5; // type 0 and type 5 drive a segment, the others do not
+constexpr int conductivityLoad = 5;
 
 bool isVoltageSource(int type)
 {
-    return type == 0 || type == LastVoltageSource;
+    return type == 0 || type == lastVoltageSource;
 }
 
 // Counts of 0 mean 1 to the engine.
@@ -39,7 +39,7 @@ void ControlCheck::check(int index)
         const char* mnemonic;
         Operation operation;
     };
-    static constexpr Row Table[] = {
+    static constexpr Row table[] = {
         {"FR", &ControlCheck::checkFrequency},  {"EX", &ControlCheck::checkExcitation},
         {"LD", &ControlCheck::checkLoad},       {"NT", &ControlCheck::checkConnection},
         {"TL", &ControlCheck::checkConnection}, {"CP", &ControlCheck::checkConnection},
@@ -54,7 +54,7 @@ void ControlCheck::check(int index)
     if (card.mnemonic == QLatin1String("FR") && m_model.frequencyCard < 0) {
         m_model.frequencyCard = index;
     }
-    for (const Row& row : Table) {
+    for (const Row& row : table) {
         if (card.mnemonic == QLatin1String(row.mnemonic)) {
             (this->*row.operation)(card);
         }
@@ -70,9 +70,9 @@ void ControlCheck::checkFrequency(const Card& card)
     range.count = qMax(count, 1);
     range.start = card.number(1);
     range.step = card.number(2);
-    if (count < 0 || count > MostFrequencies) {
+    if (count < 0 || count > mostFrequencies) {
         m_findings.add(FindingKind::TooManyFrequencies, card.line,
-                       {QString::number(count), QString::number(MostFrequencies)});
+                       {QString::number(count), QString::number(mostFrequencies)});
     } else if (type != 0 && type != 1) {
         m_findings.add(FindingKind::BadFrequencyType, card.line, {QString::number(type)});
     } else if (!(range.start > 0)) {
@@ -89,7 +89,7 @@ void ControlCheck::checkFrequency(const Card& card)
 void ControlCheck::checkExcitation(const Card& card)
 {
     ++m_model.excitationCount;
-    if (!checkType(card, 0, LastVoltageSource) || !isVoltageSource(card.integer(1))) {
+    if (!checkType(card, 0, lastVoltageSource) || !isVoltageSource(card.integer(1))) {
         return;
     }
     if (card.fields.size() < 3) {
@@ -104,7 +104,7 @@ void ControlCheck::checkExcitation(const Card& card)
 void ControlCheck::checkLoad(const Card& card)
 {
     const int type = card.integer(1);
-    if (!checkType(card, -1, ConductivityLoad) || type == -1) {
+    if (!checkType(card, -1, conductivityLoad) || type == -1) {
         return;
     }
     if (card.fields.size() < 5) {
@@ -129,7 +129,7 @@ void ControlCheck::checkLoad(const Card& card)
 
 void ControlCheck::checkLoadValue(const Card& card)
 {
-    if (card.integer(1) == ConductivityLoad && !(card.number(1) > 0)) {
+    if (card.integer(1) == conductivityLoad && !(card.number(1) > 0)) {
         m_findings.add(FindingKind::BadLoadValue, card.line,
                        {QStringLiteral("the wire's conductivity must be greater than 0")});
     }
@@ -220,10 +220,10 @@ bool ControlCheck::checkTag(const Card& card, int tag)
 
 void ControlCheck::checkPoints(const Card& card, double count)
 {
-    if (count > MostPoints) {
+    if (count > mostPoints) {
         m_findings.add(
             FindingKind::TooManyAngles, card.line,
-            {card.mnemonic, QString::number(count, 'g', 12), QString::number(MostPoints, 'g', 12)});
+            {card.mnemonic, QString::number(count, 'g', 12), QString::number(mostPoints, 'g', 12)});
     }
 }
 

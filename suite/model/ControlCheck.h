@@ -5,14 +5,14 @@
 
 namespace suite {
 
-// Checks the control cards against the structure and takes from them what the model needs.
+/// Checks the control cards against the structure and takes from them what the model needs.
 class ControlCheck
 {
 public:
-    // The model's structure must be built already.
+    /// The model's structure must be built already.
     ControlCheck(Model& model, FindingList& findings);
 
-    // Checks one card, by its index in the deck.
+    /// Checks one card, by its index in the deck.
     void check(int index);
 
 private:

@@ -55,12 +55,12 @@ void checkPresence(const QMap<QString, int>& first, int lastLine, FindingList& f
         const char* mnemonic;
         FindingKind missing;
     };
-    static constexpr Row Table[] = {
+    static constexpr Row table[] = {
         {"GW", FindingKind::NoGeometry},  {"GE", FindingKind::NoGeometryEnd},
         {"FR", FindingKind::NoFrequency}, {"EX", FindingKind::NoExcitation},
         {"XQ", FindingKind::NoExecution}, {"EN", FindingKind::NoEnd},
     };
-    for (const Row& row : Table) {
+    for (const Row& row : table) {
         if (!first.contains(QLatin1String(row.mnemonic))) {
             findings.add(row.missing, lastLine);
         }

@@ -5,7 +5,7 @@
 
 namespace suite {
 
-// Reports cards that stand in the wrong place of a deck, and those that are missing.
+/// Reports cards that stand in the wrong place of a deck, and those that are missing.
 void checkOrder(const Deck& deck, FindingList& findings);
 
 } // namespace suite

@@ -14,14 +14,14 @@ namespace suite {
 
 namespace {
 
-constexpr qint64 Megabyte = 1 << 20;
-constexpr qint64 LargestDeck = 16 * Megabyte;
+constexpr qint64 megabyte = 1 << 20;
+constexpr qint64 largestDeck = 16 * megabyte;
 
 // The engine reads this many bytes of a line and takes the rest for the next card.
-constexpr int LongestLine = 132;
+constexpr int longestLine = 132;
 
 // The engine never sees cards that give values names.
-constexpr int LongestDefinition = 1000;
+constexpr int longestDefinition = 1000;
 
 bool isBlank(char character)
 {
@@ -56,7 +56,7 @@ DeckReader::DeckReader(FindingList& findings)
 Deck DeckReader::readFile(const ModelFile& model)
 {
     InputFile file(model.path());
-    const std::optional<QByteArray> bytes = file.read(LargestDeck);
+    const std::optional<QByteArray> bytes = file.read(largestDeck);
     if (!bytes) {
         tellProblem(file);
         return {};
@@ -83,7 +83,7 @@ void DeckReader::tellProblem(const InputFile& file)
 
 void DeckReader::tellTooLarge()
 {
-    m_findings.add(FindingKind::ModelTooLarge, 0, {QString::number(LargestDeck / Megabyte)});
+    m_findings.add(FindingKind::ModelTooLarge, 0, {QString::number(largestDeck / megabyte)});
 }
 
 Deck DeckReader::readBytes(const QByteArray& bytes)
@@ -110,7 +110,7 @@ bool DeckReader::isText(const QByteArray& bytes)
 {
     if (bytes.trimmed().isEmpty()) {
         m_findings.add(FindingKind::ModelEmpty);
-    } else if (bytes.size() > LargestDeck) {
+    } else if (bytes.size() > largestDeck) {
         tellTooLarge();
     } else if (std::any_of(bytes.begin(), bytes.end(), isControl)) {
         m_findings.add(FindingKind::ModelBinary);
@@ -153,11 +153,11 @@ void DeckReader::readComment(const QByteArray& line, const QString& mnemonic)
     if (isBlank(line.at(0))) {
         m_findings.add(FindingKind::LeadingBlank, m_line);
     }
-    if (line.size() > LongestLine) {
+    if (line.size() > longestLine) {
         m_findings.add(FindingKind::LineTooLong, m_line,
-                       {QString::number(line.size()), QString::number(LongestLine)});
+                       {QString::number(line.size()), QString::number(longestLine)});
     }
-    m_deck.comments.append(line.trimmed().left(LongestLine));
+    m_deck.comments.append(line.trimmed().left(longestLine));
     if (isOptimisation(m_deck.comments.last())) {
         m_deck.instructions.append({m_line, m_deck.comments.last()});
     }
@@ -179,7 +179,7 @@ bool DeckReader::checkLine(const QByteArray& line, const QString& mnemonic)
     if (isBlank(line.at(0))) {
         m_findings.add(FindingKind::LeadingBlank, m_line);
     }
-    const int longest = mnemonic == QLatin1String("SY") ? LongestDefinition : LongestLine;
+    const int longest = mnemonic == QLatin1String("SY") ? longestDefinition : longestLine;
     if (line.size() > longest) {
         m_findings.add(FindingKind::LineTooLong, m_line,
                        {QString::number(line.size()), QString::number(longest)});

@@ -9,17 +9,17 @@ namespace suite {
 class InputFile;
 class ModelFile;
 
-// Reads a deck. Whatever is wrong with the file, a line or a field becomes a finding; the cards
-// that could be read are there all the same, so that one mistake does not hide the next.
+/// Reads a deck. Whatever is wrong with the file, a line or a field becomes a finding; the cards
+/// that could be read are there all the same, so that one mistake does not hide the next.
 class DeckReader
 {
 public:
     explicit DeckReader(FindingList& findings);
 
-    // Reads a model's file.
+    /// Reads a model's file.
     Deck readFile(const ModelFile& model);
 
-    // Reads a deck's bytes.
+    /// Reads a deck's bytes.
     Deck readBytes(const QByteArray& bytes);
 
 private:

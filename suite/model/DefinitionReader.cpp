@@ -14,12 +14,12 @@ namespace suite {
 
 namespace {
 
-constexpr int LongestName = 32;
-constexpr int MostNames = 1000;
-constexpr int MnemonicLength = 2;
+constexpr int longestName = 32;
+constexpr int mostNames = 1000;
+constexpr int mnemonicLength = 2;
 
 // Beyond this no length, frequency or material constant has a meaning.
-constexpr double LargestValue = 1e15;
+constexpr double largestValue = 1e15;
 
 bool isBlank(char character)
 {
@@ -41,8 +41,8 @@ QString nameProblem(const QString& name)
         return QStringLiteral("it must begin with a letter and hold letters, digits and "
                               "underscores only");
     }
-    if (name.size() > LongestName) {
-        return QStringLiteral("it is longer than %1 characters").arg(LongestName);
+    if (name.size() > longestName) {
+        return QStringLiteral("it is longer than %1 characters").arg(longestName);
     }
     if (cardRule(name.toUpper()) != nullptr) {
         return QStringLiteral("a card is called so");
@@ -84,7 +84,7 @@ void DefinitionReader::read(const QByteArray& line, int number)
     m_line = number;
     const auto* mnemonic = std::find_if_not(line.begin(), line.end(), isBlank);
     const auto* remark = std::find_if(line.begin(), line.end(), beginsRemark);
-    int column = static_cast<int>(mnemonic - line.begin()) + MnemonicLength;
+    int column = static_cast<int>(mnemonic - line.begin()) + mnemonicLength;
     const QByteArray content = line.left(static_cast<int>(remark - line.begin())).mid(column);
     const QStringList definitions = QString::fromLatin1(content).split(QLatin1Char(','));
     for (const QString& definition : definitions) {
@@ -126,12 +126,12 @@ bool DefinitionReader::checkName(const QString& name)
         m_findings.add(FindingKind::SecondDefinition, m_line, {name, QString::number(first->line)});
         return false;
     }
-    if (m_values.all().size() < MostNames) {
+    if (m_values.all().size() < mostNames) {
         return true;
     }
     if (!m_isFull) {
         m_isFull = true;
-        m_findings.add(FindingKind::TooManyNames, m_line, {QString::number(MostNames)});
+        m_findings.add(FindingKind::TooManyNames, m_line, {QString::number(mostNames)});
     }
     return false;
 }
@@ -140,7 +140,7 @@ bool DefinitionReader::checkName(const QString& name)
 double DefinitionReader::valueOf(const QString& name, const QString& text)
 {
     ExpressionResult result = evaluate(text, m_values);
-    if (std::abs(result.value) > LargestValue) {
+    if (std::abs(result.value) > largestValue) {
         result.fault = ExpressionFault::OutOfRange;
     }
     if (result.fault == ExpressionFault::None) {

@@ -8,14 +8,14 @@
 
 namespace suite {
 
-// Reads SY cards, which give values names: "SY L=0.5, H=L/2 ! metres". A value may use the names
-// that have one already.
+/// Reads SY cards, which give values names: "SY L=0.5, H=L/2 ! metres". A value may use the names
+/// that have one already.
 class DefinitionReader
 {
 public:
     DefinitionReader(NamedValues& values, FindingList& findings);
 
-    // Reads one card; "line" is the whole line, "number" the line's number.
+    /// Reads one card; "line" is the whole line, "number" the line's number.
     void read(const QByteArray& line, int number);
 
 private:
@@ -29,7 +29,7 @@ private:
     bool m_isFull = false;
 };
 
-// Reports why an expression has no value. "Where" says whose it is.
+/// Reports why an expression has no value. "Where" says whose it is.
 void reportExpression(FindingList& findings, int line, const QString& where, const QString& text,
                       const ExpressionResult& result);
 

@@ -11,7 +11,7 @@ namespace suite {
 
 namespace {
 
-constexpr int DeepestNesting = 100;
+constexpr int deepestNesting = 100;
 
 bool isDigit(QChar character)
 {
@@ -117,7 +117,7 @@ private:
 
     double nested()
     {
-        if (++m_depth > DeepestNesting) {
+        if (++m_depth > deepestNesting) {
             fail(ExpressionFault::Malformed);
             return 0;
         }

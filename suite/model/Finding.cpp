@@ -8,8 +8,8 @@ namespace suite {
 
 namespace {
 
-constexpr int MostErrors = 200;
-constexpr int MostFindings = 20000;
+constexpr int mostErrors = 200;
+constexpr int mostFindings = 20000;
 
 struct FindingRow
 {
@@ -20,7 +20,7 @@ struct FindingRow
 };
 
 // clang-format off
-constexpr FindingRow FindingTable[] = {
+constexpr FindingRow findingTable[] = {
     {FindingKind::BadCommandLine,     2001, Severity::Fatal,   "%1"},
     {FindingKind::ModelMissing,       2011, Severity::Fatal,   "there is no such model file"},
     {FindingKind::ModelIsDirectory,   2012, Severity::Fatal,   "the model is a directory"},
@@ -155,9 +155,9 @@ constexpr FindingRow FindingTable[] = {
 
 const FindingRow& rowOf(FindingKind kind)
 {
-    const auto* row = std::find_if(std::begin(FindingTable), std::end(FindingTable),
+    const auto* row = std::find_if(std::begin(findingTable), std::end(findingTable),
                                    [kind](const FindingRow& each) { return each.kind == kind; });
-    Q_ASSERT(row != std::end(FindingTable));
+    Q_ASSERT(row != std::end(findingTable));
     return *row;
 }
 
@@ -205,17 +205,17 @@ void FindingList::add(FindingKind kind, int line, const QStringList& parts)
     const FindingRow& row = rowOf(kind);
     m_fatal = m_fatal || row.severity == Severity::Fatal;
     if (isError(row.severity) && row.severity != Severity::Fatal) {
-        if (m_errorCount > MostErrors) {
+        if (m_errorCount > mostErrors) {
             return;
         }
-        if (m_errorCount == MostErrors) {
+        if (m_errorCount == mostErrors) {
             ++m_errorCount;
             m_findings.append({FindingKind::TooManyErrors, line,
                                filled(rowOf(FindingKind::TooManyErrors).text, {})});
             return;
         }
     }
-    if (!isError(row.severity) && m_findings.size() > MostFindings) {
+    if (!isError(row.severity) && m_findings.size() > mostFindings) {
         return;
     }
     m_errorCount += isError(row.severity) ? 1 : 0;

@@ -6,8 +6,8 @@
 
 namespace suite {
 
-// Everything a component can have to say about its command line, the model and the run. The number
-// and the text of each stand in one table (Finding.cpp).
+/// Everything a component can have to say about its command line, the model and the run. The number
+/// and the text of each stand in one table (Finding.cpp).
 enum class FindingKind {
     BadCommandLine,
     ModelMissing,
@@ -130,13 +130,13 @@ enum class FindingKind {
 };
 
 enum class Severity {
-    Fatal, // an error that cannot be ignored
+    Fatal, ///< an error that cannot be ignored
     Error,
     Warning,
     Notice,
 };
 
-// One thing that was found, at a line of the model or (0) at none.
+/// One thing that was found, at a line of the model or (0) at none.
 struct Finding
 {
     FindingKind kind;
@@ -147,12 +147,12 @@ struct Finding
     [[nodiscard]] int number() const;
 };
 
-// What was found so far, in the order of finding. Past a limit the errors are only counted: a file
-// that is no deck at all would otherwise give one for each of its lines.
+/// What was found so far, in the order of finding. Past a limit the errors are only counted: a file
+/// that is no deck at all would otherwise give one for each of its lines.
 class FindingList
 {
 public:
-    // Adds a finding; the parts fill the gaps of the kind's text and are made safe to print.
+    /// Adds a finding; the parts fill the gaps of the kind's text and are made safe to print.
     void add(FindingKind kind, int line = 0, const QStringList& parts = QStringList());
 
     [[nodiscard]] bool hasErrors() const { return m_errorCount > 0; }
@@ -160,7 +160,7 @@ public:
     [[nodiscard]] int errorCount() const { return m_errorCount; }
     [[nodiscard]] bool contains(FindingKind kind) const;
 
-    // All findings, those of one severity together and in the order of their lines.
+    /// All findings, those of one severity together and in the order of their lines.
     [[nodiscard]] QVector<Finding> sorted() const;
 
 private:

@@ -8,7 +8,7 @@ namespace suite {
 namespace {
 
 // The speed of light as the engine has it, in metres times megahertz.
-constexpr double SpeedOfLight = 299.8;
+constexpr double speedOfLight = 299.8;
 
 } // namespace
 
@@ -36,7 +36,7 @@ double FrequencyRange::highest() const
 
 double wavelength(double frequency)
 {
-    return SpeedOfLight / frequency;
+    return speedOfLight / frequency;
 }
 
 } // namespace suite

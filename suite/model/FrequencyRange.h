@@ -4,8 +4,8 @@
 
 namespace suite {
 
-// The frequencies of a sweep, in MHz: "count" values, each the one before plus the step, or times
-// it.
+/// The frequencies of a sweep, in MHz: "count" values, each the one before plus the step, or times
+/// it.
 struct FrequencyRange
 {
     bool isMultiplying = false;
@@ -18,7 +18,7 @@ struct FrequencyRange
     [[nodiscard]] double highest() const;
 };
 
-// The wavelength in metres at a frequency in MHz.
+/// The wavelength in metres at a frequency in MHz.
 double wavelength(double frequency);
 
 } // namespace suite

@@ -8,14 +8,14 @@
 
 namespace suite {
 
-// What pre-processing knows of a model.
+/// What pre-processing knows of a model.
 struct Model
 {
     Deck deck;
     Structure structure;
     FrequencyRange frequencies;
     AdaptiveSampling adaptive;
-    std::optional<Optimisation> optimisation; // with its frequency, unless the model has none
+    std::optional<Optimisation> optimisation; ///< with its frequency, unless the model has none
     int frequencyCard = -1;                   // index of the FR card, -1 without one
     int groundType = -1;                      // of the last GN card; -1 is free space
     int excitationCount = 0;

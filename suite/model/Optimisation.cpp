@@ -9,15 +9,15 @@ namespace suite {
 
 namespace {
 
-constexpr int MnemonicLength = 2;
+constexpr int mnemonicLength = 2;
 
 // Beyond this no length and no frequency has a meaning.
-constexpr double LargestNumber = 1e15;
+constexpr double largestNumber = 1e15;
 
 QStringList wordsOf(const QByteArray& comment)
 {
     return QString::fromUtf8(comment)
-        .mid(MnemonicLength)
+        .mid(mnemonicLength)
         .simplified()
         .split(QLatin1Char(' '), Qt::SkipEmptyParts);
 }
@@ -30,7 +30,7 @@ bool isWord(const QString& word, const char* expected)
 bool readNumber(const QString& word, double& number)
 {
     number = word.toDouble();
-    return isPlainNumber(word) && std::abs(number) <= LargestNumber;
+    return isPlainNumber(word) && std::abs(number) <= largestNumber;
 }
 
 // The line's words: "@optimise NAME FROM LOW TO HIGH", and "AT MHZ" if wanted.
@@ -70,7 +70,7 @@ bool check(const Optimisation& optimisation, bool saysFrequency, FindingList& fi
 bool isOptimisation(const QByteArray& comment)
 {
     // The word is cut out first: most comments need no more than a look at it.
-    const QByteArray text = comment.mid(MnemonicLength).trimmed();
+    const QByteArray text = comment.mid(mnemonicLength).trimmed();
     return text.startsWith('@') && isWord(wordsOf(comment).value(0), "@optimise");
 }
 

@@ -17,7 +17,7 @@ namespace suite {
 namespace {
 
 // A segment of exactly a tenth of the wavelength is fine, whatever the last digits say.
-constexpr double Tolerance = 1e-6;
+constexpr double tolerance = 1e-6;
 
 QString text(double value)
 {
@@ -116,11 +116,11 @@ void Preprocessor::warnOfSegments()
         const QString name = QString::number(wire.tag);
         const double longest = wire.longestSegment();
         const double shortest = wire.shortestSegment();
-        if (longest > shortestWave / 10 * (1 + Tolerance)) {
+        if (longest > shortestWave / 10 * (1 + tolerance)) {
             m_findings.add(FindingKind::LongSegment, wire.line,
                            {name, text(longest), text(shortestWave)});
         }
-        if (shortest < 8 * wire.radius * (1 - Tolerance)) {
+        if (shortest < 8 * wire.radius * (1 - tolerance)) {
             m_findings.add(FindingKind::ThickSegment, wire.line,
                            {name, text(shortest), text(wire.radius)});
         }

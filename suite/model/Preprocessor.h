@@ -7,20 +7,20 @@ namespace suite {
 
 class ModelFile;
 
-// Pre-processing: reads a model, checks it and gathers what is worth knowing of it.
+/// Pre-processing: reads a model, checks it and gathers what is worth knowing of it.
 class Preprocessor
 {
 public:
-    // Reads and checks a model's file.
+    /// Reads and checks a model's file.
     explicit Preprocessor(const ModelFile& file);
 
-    // Checks a deck's bytes.
+    /// Checks a deck's bytes.
     explicit Preprocessor(const QByteArray& deck);
 
     [[nodiscard]] const FindingList& findings() const { return m_findings; }
     [[nodiscard]] const Model& model() const { return m_model; }
 
-    // The model's variables and their values, in a fixed order: what "--print-variables" shows.
+    /// The model's variables and their values, in a fixed order: what "--print-variables" shows.
     [[nodiscard]] QStringList variables() const;
 
 private:

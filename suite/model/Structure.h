@@ -4,16 +4,16 @@
 
 namespace suite {
 
-// The antenna's geometry as the cards made it.
+/// The antenna's geometry as the cards made it.
 struct Structure
 {
     QVector<Wire> wires;
     int patchCards = 0;
-    int groundFlag = 0; // of the GE card: other than 0 when there is a ground plane
+    int groundFlag = 0; ///< of the GE card: other than 0 when there is a ground plane
 
     [[nodiscard]] int segmentCount() const;
 
-    // How many segments have a tag; tag 0 means all segments.
+    /// How many segments have a tag; tag 0 means all segments.
     [[nodiscard]] int segmentCount(int tag) const;
 };
 

@@ -11,9 +11,9 @@ namespace suite {
 namespace {
 
 // Tags stay whole numbers of the engine however often they are incremented.
-constexpr int LargestTagIncrement = 100000;
+constexpr int largestTagIncrement = 100000;
 
-constexpr double DegreesToRadians = 3.14159265358979323846 / 180.0;
+constexpr double degreesToRadians = 3.14159265358979323846 / 180.0;
 
 Point endPoint(const Card& card, int firstPlace)
 {
@@ -54,7 +54,7 @@ QVector<Point> helixPoints(const Card& card)
     QVector<Point> points;
     for (int i = 0; i <= card.integer(2); ++i) {
         const double part = static_cast<double>(i) / card.integer(2);
-        const double angle = 360 * part * turns * DegreesToRadians;
+        const double angle = 360 * part * turns * degreesToRadians;
         const double radiusX = card.number(3) + part * (endX - card.number(3));
         const double radiusY = card.number(4) + part * (endY - card.number(4));
         points.append({radiusX * std::cos(angle), radiusY * std::sin(angle), part * length});
@@ -75,7 +75,7 @@ void StructureBuilder::apply(const Card& card)
         const char* mnemonic;
         Operation operation;
     };
-    static constexpr Row Table[] = {
+    static constexpr Row table[] = {
         {"GW", &StructureBuilder::addWire},       {"GC", &StructureBuilder::addTaperedWire},
         {"GA", &StructureBuilder::addArc},        {"GH", &StructureBuilder::addHelix},
         {"GM", &StructureBuilder::move},          {"GR", &StructureBuilder::rotate},
@@ -88,7 +88,7 @@ void StructureBuilder::apply(const Card& card)
     if (!card.isValid || m_full) {
         return;
     }
-    for (const Row& row : Table) {
+    for (const Row& row : table) {
         if (card.mnemonic == QLatin1String(row.mnemonic)) {
             (this->*row.operation)(card);
         }
@@ -142,10 +142,10 @@ bool StructureBuilder::checkWire(const Card& card, double radius)
 
 bool StructureBuilder::hasRoom(const Card& card, qint64 added)
 {
-    if (m_structure.segmentCount() + added <= MostSegments) {
+    if (m_structure.segmentCount() + added <= mostSegments) {
         return true;
     }
-    m_findings.add(FindingKind::TooManySegments, card.line, {QString::number(MostSegments)});
+    m_findings.add(FindingKind::TooManySegments, card.line, {QString::number(mostSegments)});
     m_full = true;
     return false;
 }
@@ -153,7 +153,7 @@ bool StructureBuilder::hasRoom(const Card& card, qint64 added)
 // True when the structure can take this many copies of a part, with this increment of their tags.
 bool StructureBuilder::canCopy(const Card& card, int copies, int segments)
 {
-    if (std::abs(static_cast<double>(card.integer(1))) > LargestTagIncrement) {
+    if (std::abs(static_cast<double>(card.integer(1))) > largestTagIncrement) {
         m_findings.add(FindingKind::BadTransformation, card.line,
                        {QStringLiteral("the tag increment is out of range")});
         return false;
@@ -237,7 +237,7 @@ void StructureBuilder::addArc(const Card& card)
     }
     QVector<Point> points;
     for (int i = 0; i <= card.integer(2); ++i) {
-        const double angle = (from + sweep * i / card.integer(2)) * DegreesToRadians;
+        const double angle = (from + sweep * i / card.integer(2)) * degreesToRadians;
         points.append({arcRadius * std::cos(angle), 0, arcRadius * std::sin(angle)});
     }
     append(card, card.number(4), points);

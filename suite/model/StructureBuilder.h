@@ -6,20 +6,20 @@
 
 namespace suite {
 
-// The engine's matrix grows with the square of this: 5000 segments take 400 MB.
-constexpr int MostSegments = 5000;
+/// The engine's matrix grows with the square of this: 5000 segments take 400 MB.
+constexpr int mostSegments = 5000;
 
-// Builds the structure from the geometry cards, one after another, as the engine does: wires are
-// appended, copies and mirror images behind the wires they are made of.
+/// Builds the structure from the geometry cards, one after another, as the engine does: wires are
+/// appended, copies and mirror images behind the wires they are made of.
 class StructureBuilder
 {
 public:
     explicit StructureBuilder(FindingList& findings);
 
-    // Applies one card. Cards that hold mistakes are reported and leave the structure as it is.
+    /// Applies one card. Cards that hold mistakes are reported and leave the structure as it is.
     void apply(const Card& card);
 
-    // Reports what only shows at the end and gives the structure away.
+    /// Reports what only shows at the end and gives the structure away.
     Structure finish();
 
 private:
@@ -46,8 +46,8 @@ private:
 
     FindingList& m_findings;
     Structure m_structure;
-    Card m_pendingTaper; // the GW card that waits for its GC
-    Card m_pendingPatch; // the SP or SM card that waits for its SC
+    Card m_pendingTaper; ///< the GW card that waits for its GC
+    Card m_pendingPatch; ///< the SP or SM card that waits for its SC
     Card m_previousPatch;
     bool m_full = false;
 };

@@ -7,22 +7,22 @@ namespace suite {
 
 namespace {
 
-constexpr double DegreesToRadians = 3.14159265358979323846 / 180.0;
+constexpr double degreesToRadians = 3.14159265358979323846 / 180.0;
 
 int grownTag(int tag, int increment, int times)
 {
-    constexpr qint64 LargestTag = std::numeric_limits<int>::max();
+    constexpr qint64 largestTag = std::numeric_limits<int>::max();
     const qint64 grown = tag + static_cast<qint64>(increment) * times;
-    return static_cast<int>(qBound(-LargestTag, grown, LargestTag));
+    return static_cast<int>(qBound(-largestTag, grown, largestTag));
 }
 
 } // namespace
 
 Transformation::Transformation(const Card& moveCard)
 {
-    const double x = moveCard.number(1) * DegreesToRadians;
-    const double y = moveCard.number(2) * DegreesToRadians;
-    const double z = moveCard.number(3) * DegreesToRadians;
+    const double x = moveCard.number(1) * degreesToRadians;
+    const double y = moveCard.number(2) * degreesToRadians;
+    const double z = moveCard.number(3) * degreesToRadians;
     const double sinX = std::sin(x);
     const double cosX = std::cos(x);
     const double sinY = std::sin(y);
@@ -43,7 +43,7 @@ Transformation::Transformation(const Card& moveCard)
 
 Transformation Transformation::aroundZ(double degrees)
 {
-    const double angle = degrees * DegreesToRadians;
+    const double angle = degrees * degreesToRadians;
     Transformation result;
     result.m_matrix[0] = std::cos(angle);
     result.m_matrix[1] = -std::sin(angle);

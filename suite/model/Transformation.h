@@ -7,18 +7,18 @@
 
 namespace suite {
 
-// A linear map and a shift, as the cards that move, copy, turn, mirror and scale describe them.
+/// A linear map and a shift, as the cards that move, copy, turn, mirror and scale describe them.
 class Transformation
 {
 public:
-    // The motion of a GM card: turns around x, y and z, then the shift.
+    /// The motion of a GM card: turns around x, y and z, then the shift.
     explicit Transformation(const Card& moveCard);
 
     static Transformation aroundZ(double degrees);
     static Transformation mirror(int axis);
     static Transformation scale(double factor);
 
-    // The wires after "times" applications. Tags other than 0 grow by the increment each time.
+    /// The wires after "times" applications. Tags other than 0 grow by the increment each time.
     [[nodiscard]] QVector<Wire> applied(const QVector<Wire>& wires, int tagIncrement, int times,
                                         bool isCopy) const;
 

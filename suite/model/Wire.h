@@ -4,7 +4,7 @@
 
 namespace suite {
 
-// A point in space, in metres.
+/// A point in space, in metres.
 struct Point
 {
     double x = 0;
@@ -12,14 +12,14 @@ struct Point
     double z = 0;
 };
 
-// A chain of straight segments of one tag: a wire, an arc, a helix, or a copy of one.
+/// A chain of straight segments of one tag: a wire, an arc, a helix, or a copy of one.
 struct Wire
 {
     int tag = 0;
-    int line = 0; // of the card that made it
+    int line = 0; ///< of the card that made it
     bool isCopy = false;
     double radius = 0;
-    QVector<Point> points; // one more than segments
+    QVector<Point> points; ///< one more than segments
 
     [[nodiscard]] int segmentCount() const { return points.size() - 1; }
     [[nodiscard]] double shortestSegment() const;

@@ -1,5 +1,4 @@
-#ifndef PROGRAMARGUMENTS_H
-#define PROGRAMARGUMENTS_H
+#pragma once
 
 #include <QByteArray>
 #include <QString>
@@ -44,5 +43,3 @@ private:
 };
 
 } // namespace suite
-
-#endif

@@ -1,5 +1,4 @@
-#ifndef TERMINALSTREAM_H
-#define TERMINALSTREAM_H
+#pragma once
 
 #include <cstdio>
 
@@ -9,5 +8,3 @@ namespace suite {
 bool isTerminal(std::FILE* stream);
 
 } // namespace suite
-
-#endif

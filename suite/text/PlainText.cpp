@@ -6,7 +6,7 @@ namespace suite {
 
 namespace {
 
-constexpr int LongestExcerpt = 60;
+constexpr int longestExcerpt = 60;
 
 // Without "-*" there is no "-*-", however such pieces overlap.
 QString withoutMarkers(QString text)
@@ -34,10 +34,10 @@ QString carriedName(const QString& name)
 
 QString excerpt(const QString& text)
 {
-    if (text.size() <= LongestExcerpt) {
+    if (text.size() <= longestExcerpt) {
         return plainText(text);
     }
-    return plainText(text.left(LongestExcerpt)) + QStringLiteral("...");
+    return plainText(text.left(longestExcerpt)) + QStringLiteral("...");
 }
 
 QString withoutColons(const QString& text)

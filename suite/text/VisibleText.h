@@ -1,5 +1,4 @@
-#ifndef VISIBLETEXT_H
-#define VISIBLETEXT_H
+#pragma once
 
 #include <QString>
 
@@ -24,5 +23,3 @@ QString visiblePath(const QString& path);
 QString visibleFileName(const QString& path);
 
 } // namespace suite
-
-#endif

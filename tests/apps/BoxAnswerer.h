@@ -1,5 +1,4 @@
-#ifndef BOXANSWERER_H
-#define BOXANSWERER_H
+#pragma once
 
 #include <QAbstractButton>
 #include <QApplication>
@@ -44,5 +43,3 @@ private:
     QStringList m_answers;
     QTimer m_timer;
 };
-
-#endif

@@ -1,5 +1,4 @@
-#ifndef OPENGLDISPLAY_H
-#define OPENGLDISPLAY_H
+#pragma once
 
 #include <QtTest>
 
@@ -17,5 +16,3 @@ inline bool isSkipped(bool condition, const char* reason)
     }
     return condition;
 }
-
-#endif

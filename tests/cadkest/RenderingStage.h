@@ -1,5 +1,4 @@
-#ifndef RENDERINGSTAGE_H
-#define RENDERINGSTAGE_H
+#pragma once
 
 #include <SettingsFolders.h>
 
@@ -53,26 +52,23 @@ public:
     /// Whether the view is drawn by software and follows the user.
     bool isUsable() const
     {
-        cad::SceneView* const view = window.view();
+        SceneView* const view = window.view();
         const QImage before = view->picture();
-        view->lookFrom(before == pictureFrom(cad::Direction::X) ? cad::Direction::Z
-                                                                : cad::Direction::X);
-        return view->rendering() == cad::Rendering::Software && view->picture() != before &&
+        view->lookFrom(before == pictureFrom(Direction::X) ? Direction::Z : Direction::X);
+        return view->rendering() == Rendering::Software && view->picture() != before &&
                label("renderingName").text() == QLatin1String("Software rendering");
     }
 
     SettingsFolders folders;
     FakeApplication application;
     FakeHelpClient help;
-    cad::RenderingSettings settings;
-    cad::MainWindow window;
+    RenderingSettings settings;
+    MainWindow window;
 
 private:
-    QImage pictureFrom(cad::Direction direction) const
+    QImage pictureFrom(Direction direction) const
     {
         window.view()->lookFrom(direction);
         return window.view()->picture();
     }
 };
-
-#endif

@@ -5,16 +5,16 @@
 
 #include <QtMath>
 
-cad::Scene sceneOfDeck(const QByteArray& deck)
+Scene sceneOfDeck(const QByteArray& deck)
 {
     const suite::Preprocessor preprocessor(deck);
-    return cad::sceneOf(preprocessor.model());
+    return sceneOf(preprocessor.model());
 }
 
-cad::Scene net(int wires)
+Scene net(int wires)
 {
     const int side = qRound(qSqrt(wires / 2.0));
-    cad::Scene scene;
+    Scene scene;
     const auto point = [side](int x, int y) {
         // Slightly curved, so that wires hide one another as it turns.
         const double u = 2.0 * x / side - 1;
@@ -35,10 +35,10 @@ cad::Scene net(int wires)
     return scene;
 }
 
-cad::Frame frameOf(const cad::Scene& scene, cad::Direction direction, const QSize& size)
+Frame frameOf(const Scene& scene, Direction direction, const QSize& size)
 {
-    cad::Frame frame;
-    frame.mesh = std::make_shared<cad::SceneMesh>(cad::meshOf(scene, cad::Thickness::Readable));
+    Frame frame;
+    frame.mesh = std::make_shared<SceneMesh>(meshOf(scene, Thickness::Readable));
     frame.size = size;
     frame.camera.lookFrom(direction);
     frame.camera.fit(*frame.mesh, size);

@@ -1,5 +1,4 @@
-#ifndef SCENES_H
-#define SCENES_H
+#pragma once
 
 #include <Renderer.h>
 #include <Scene.h>
@@ -7,17 +6,17 @@
 #include <QByteArray>
 #include <QMetaType>
 
-Q_DECLARE_METATYPE(cad::Direction)
-Q_DECLARE_METATYPE(cad::Frame)
+Q_DECLARE_METATYPE(Direction)
+Q_DECLARE_METATYPE(Frame)
 
 /// The scene of a deck's text.
-cad::Scene sceneOfDeck(const QByteArray& deck);
+Scene sceneOfDeck(const QByteArray& deck);
 
 /// A rectangular net of straight wires, about so many of one segment each.
-cad::Scene net(int wires);
+Scene net(int wires);
 
 /// A frame that shows a scene whole.
-cad::Frame frameOf(const cad::Scene& scene, cad::Direction direction, const QSize& size);
+Frame frameOf(const Scene& scene, Direction direction, const QSize& size);
 
 /// The decks that several tests look at.
 namespace Decks {
@@ -26,5 +25,3 @@ extern const char* const yagi;
 extern const char* const helix;
 extern const char* const monopole;
 } // namespace Decks
-
-#endif

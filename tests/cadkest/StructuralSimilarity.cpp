@@ -2,12 +2,12 @@
 
 namespace {
 
-constexpr int WindowSize = 8;
-constexpr int Stride = 4;
-constexpr double Range = 255;
-constexpr double MeanConstant = 0.01 * Range * 0.01 * Range;
-constexpr double VarianceConstant = 0.03 * Range * 0.03 * Range;
-constexpr double LeastVariance = 1; // of a window that shows something
+constexpr int windowSize = 8;
+constexpr int stride = 4;
+constexpr double range = 255;
+constexpr double meanConstant = 0.01 * range * 0.01 * range;
+constexpr double varianceConstant = 0.03 * range * 0.03 * range;
+constexpr double leastVariance = 1; // of a window that shows something
 
 struct Window
 {
@@ -24,10 +24,10 @@ Window windowAt(const QImage& left, const QImage& right, int x, int y)
     double leftSquares = 0;
     double rightSquares = 0;
     double products = 0;
-    for (int row = y; row < y + WindowSize; ++row) {
+    for (int row = y; row < y + windowSize; ++row) {
         const uchar* leftPixels = left.constScanLine(row) + x;
         const uchar* rightPixels = right.constScanLine(row) + x;
-        for (int column = 0; column < WindowSize; ++column) {
+        for (int column = 0; column < windowSize; ++column) {
             const double one = leftPixels[column];
             const double other = rightPixels[column];
             window.leftMean += one;
@@ -37,7 +37,7 @@ Window windowAt(const QImage& left, const QImage& right, int x, int y)
             products += one * other;
         }
     }
-    constexpr double count = WindowSize * WindowSize;
+    constexpr double count = windowSize * windowSize;
     window.leftMean /= count;
     window.rightMean /= count;
     window.leftVariance = leftSquares / count - window.leftMean * window.leftMean;
@@ -49,10 +49,10 @@ Window windowAt(const QImage& left, const QImage& right, int x, int y)
 double similarity(const Window& window)
 {
     const double means =
-        (2 * window.leftMean * window.rightMean + MeanConstant) /
-        (window.leftMean * window.leftMean + window.rightMean * window.rightMean + MeanConstant);
-    const double structure = (2 * window.covariance + VarianceConstant) /
-                             (window.leftVariance + window.rightVariance + VarianceConstant);
+        (2 * window.leftMean * window.rightMean + meanConstant) /
+        (window.leftMean * window.leftMean + window.rightMean * window.rightMean + meanConstant);
+    const double structure = (2 * window.covariance + varianceConstant) /
+                             (window.leftVariance + window.rightVariance + varianceConstant);
     return means * structure;
 }
 
@@ -67,10 +67,10 @@ double structuralSimilarity(const QImage& left, const QImage& right)
     const QImage rightGrey = right.convertToFormat(QImage::Format_Grayscale8);
     double sum = 0;
     int count = 0;
-    for (int y = 0; y + WindowSize <= left.height(); y += Stride) {
-        for (int x = 0; x + WindowSize <= left.width(); x += Stride) {
+    for (int y = 0; y + windowSize <= left.height(); y += stride) {
+        for (int x = 0; x + windowSize <= left.width(); x += stride) {
             const Window window = windowAt(leftGrey, rightGrey, x, y);
-            if (window.leftVariance > LeastVariance || window.rightVariance > LeastVariance) {
+            if (window.leftVariance > leastVariance || window.rightVariance > leastVariance) {
                 sum += similarity(window);
                 ++count;
             }

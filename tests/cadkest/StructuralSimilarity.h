@@ -1,5 +1,4 @@
-#ifndef STRUCTURALSIMILARITY_H
-#define STRUCTURALSIMILARITY_H
+#pragma once
 
 #include <QImage>
 
@@ -9,5 +8,3 @@
 /// Only windows count in which at least one of the pictures shows anything: a scene of thin wires
 /// leaves most of a picture empty, and emptiness would hide every difference.
 double structuralSimilarity(const QImage& left, const QImage& right);
-
-#endif

@@ -20,7 +20,7 @@
 
 namespace {
 
-constexpr int RestMilliseconds = 400;
+constexpr int restMilliseconds = 400;
 
 template <typename Widget>
 Widget* shown(const QString& name)
@@ -127,7 +127,7 @@ private:
             m_picture = picture;
             m_rest.start();
         }
-        const bool isResting = m_rest.hasExpired(RestMilliseconds);
+        const bool isResting = m_rest.hasExpired(restMilliseconds);
         if (isResting) {
             m_rest.invalidate();
         }

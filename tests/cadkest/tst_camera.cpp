@@ -9,10 +9,6 @@
 #include <cmath>
 #include <limits>
 
-using cad::Camera;
-using cad::Direction;
-using cad::SpaceMotion;
-
 namespace {
 
 const QSize viewSize(800, 600);
@@ -61,9 +57,9 @@ const QVector3D rightwards(1, 0, 0);
 const QVector3D upwards(0, 1, 0);
 const QVector3D toViewer(0, 0, 1);
 
-cad::SceneMesh meshOfYagi()
+SceneMesh meshOfYagi()
 {
-    return cad::meshOf(sceneOfDeck(Decks::yagi), cad::Thickness::Readable);
+    return meshOf(sceneOfDeck(Decks::yagi), Thickness::Readable);
 }
 
 } // namespace
@@ -73,11 +69,11 @@ class tst_camera : public QObject
     Q_OBJECT
 
 private:
-    const cad::SceneMesh m_mesh = meshOfYagi();
+    const SceneMesh m_mesh = meshOfYagi();
 
     bool press(Camera& camera, int key, Qt::KeyboardModifiers modifiers = Qt::NoModifier)
     {
-        return cad::ViewControls::key(camera, key, modifiers, m_mesh, viewSize);
+        return ViewControls::key(camera, key, modifiers, m_mesh, viewSize);
     }
 
 private Q_SLOTS:
@@ -124,7 +120,7 @@ private Q_SLOTS:
     {
         QFETCH(Direction, direction);
         QFETCH(QByteArray, deck);
-        const auto mesh = cad::meshOf(sceneOfDeck(deck), cad::Thickness::Readable);
+        const auto mesh = meshOf(sceneOfDeck(deck), Thickness::Readable);
         Camera camera = seenFrom(direction);
         camera.fit(mesh, viewSize);
         QRectF bounds;
@@ -265,7 +261,7 @@ private Q_SLOTS:
 
     void draggingTurnsOrMoves()
     {
-        using cad::ViewControls::drag;
+        using ViewControls::drag;
         Camera turned = seenFrom(Direction::Y);
         drag(turned, {20, 0}, Qt::LeftButton, Qt::NoModifier, viewSize);
         QVERIFY(seen(turned, -y).x() > 0.1F);
@@ -286,9 +282,9 @@ private Q_SLOTS:
     {
         Camera camera;
         const double height = camera.height();
-        cad::ViewControls::wheel(camera, 120, {400, 300}, viewSize);
+        ViewControls::wheel(camera, 120, {400, 300}, viewSize);
         QVERIFY(qFuzzyCompare(camera.height(), height / 1.25));
-        cad::ViewControls::wheel(camera, -240, {0, 0}, viewSize);
+        ViewControls::wheel(camera, -240, {0, 0}, viewSize);
         QVERIFY(qFuzzyCompare(camera.height(), height * 1.25));
     }
 

@@ -13,10 +13,6 @@
 #include <functional>
 #include <memory>
 
-using cad::HardwareOffer;
-using cad::Rendering;
-using cad::RenderingSwitch;
-
 namespace {
 
 constexpr int longTime = 60000;

@@ -15,9 +15,6 @@
 #include <QTemporaryDir>
 #include <QtTest>
 
-using cad::MainWindow;
-using cad::Rendering;
-
 namespace {
 
 QString text(const char* utf8)
@@ -146,7 +143,7 @@ private Q_SLOTS:
         FakeApplicationInfo info(m_folder->path());
         MainWindow window;
         common_recent_file_settings recent(m_folder->filePath(text("recent.ini")));
-        auto* const menu = new cad::RecentMenu(&window, &recent);
+        auto* const menu = new RecentMenu(&window, &recent);
         window.addRecentMenu(menu);
         Q_EMIT menu->aboutToShow();
         QCOMPARE(menu->actions().size(), 1);

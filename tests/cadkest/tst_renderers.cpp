@@ -7,15 +7,12 @@
 #include <QDir>
 #include <QtTest>
 
-using cad::Direction;
-using cad::Frame;
-
 namespace {
 
 // Two rasterisers may differ in single pixels along edges: which pixel a line takes whose middle it
 // passes exactly, or what the last digit of a depth says. Measured, that costs up to 0.03. The
 // smallest of the faults that faultsAreSeen() looks at costs far more.
-constexpr double LeastSimilarity = 0.95;
+constexpr double leastSimilarity = 0.95;
 
 const QSize pictureSize(480, 360);
 
@@ -39,9 +36,9 @@ Frame closeUp(Frame frame, double factor)
     return frame;
 }
 
-Frame withMesh(Frame frame, const std::function<void(cad::SceneMesh&)>& change)
+Frame withMesh(Frame frame, const std::function<void(SceneMesh&)>& change)
 {
-    auto mesh = std::make_shared<cad::SceneMesh>(*frame.mesh);
+    auto mesh = std::make_shared<SceneMesh>(*frame.mesh);
     change(*mesh);
     frame.mesh = mesh;
     return frame;
@@ -49,7 +46,7 @@ Frame withMesh(Frame frame, const std::function<void(cad::SceneMesh&)>& change)
 
 Frame withoutEdges(const Frame& frame)
 {
-    return withMesh(frame, [](cad::SceneMesh& mesh) {
+    return withMesh(frame, [](SceneMesh& mesh) {
         mesh.ribs.clear();
         mesh.rings.clear();
     });
@@ -59,7 +56,7 @@ Frame withoutEdges(const Frame& frame)
 Frame withoutDepth(const Frame& frame)
 {
     const QQuaternion orientation = frame.camera.orientation();
-    return withMesh(frame, [&](cad::SceneMesh& mesh) {
+    return withMesh(frame, [&](SceneMesh& mesh) {
         for (QVector3D& point : mesh.points) {
             QVector3D seen = orientation.rotatedVector(point);
             seen.setZ(0);
@@ -96,13 +93,13 @@ private:
     QImage hardware(const Frame& frame) { return m_hardware->render(frame); }
     QImage software(const Frame& frame) { return m_software.render(frame); }
 
-    cad::SoftwareRenderer m_software;
-    std::unique_ptr<cad::HardwareRenderer> m_hardware;
+    SoftwareRenderer m_software;
+    std::unique_ptr<HardwareRenderer> m_hardware;
 
 private Q_SLOTS:
     void initTestCase()
     {
-        m_hardware = std::make_unique<cad::HardwareRenderer>();
+        m_hardware = std::make_unique<HardwareRenderer>();
         if (!m_hardware->error().isEmpty() && qEnvironmentVariableIsEmpty("KEST_NEEDS_OPENGL")) {
             const QString reason = text("No OpenGL to compare with: ") + m_hardware->error();
             QTest::qSkip(qPrintable(reason), __FILE__, __LINE__);
@@ -144,10 +141,10 @@ private Q_SLOTS:
         QTest::newRow("net") << frameOf(net(2000), Direction::Isometric, size);
         QTest::newRow("dark") << [&] {
             Frame dark = frame(Decks::thickCross, Direction::Isometric);
-            dark.colours = cad::SceneColours::dark();
+            dark.colours = SceneColours::dark();
             return dark;
         }();
-        QTest::newRow("nothing") << frameOf(cad::Scene(), Direction::Isometric, size);
+        QTest::newRow("nothing") << frameOf(Scene(), Direction::Isometric, size);
     }
 
     void bothDrawTheSamePicture()
@@ -161,7 +158,7 @@ private Q_SLOTS:
         QCOMPARE(bySoftware.size(), frame.size);
         const double similarity = structuralSimilarity(byHardware, bySoftware);
         qInfo("similarity %.4f", similarity);
-        QVERIFY2(similarity >= LeastSimilarity, qPrintable(QString::number(similarity)));
+        QVERIFY2(similarity >= leastSimilarity, qPrintable(QString::number(similarity)));
     }
 
     void faultsAreSeen_data()
@@ -187,7 +184,7 @@ private Q_SLOTS:
         for (const double similarity : {structuralSimilarity(hardware(right), software(wrong)),
                                         structuralSimilarity(hardware(wrong), software(right))}) {
             qInfo("similarity %.4f", similarity);
-            QVERIFY2(similarity < LeastSimilarity - 0.03, qPrintable(QString::number(similarity)));
+            QVERIFY2(similarity < leastSimilarity - 0.03, qPrintable(QString::number(similarity)));
         }
     }
 };

@@ -17,10 +17,6 @@
 
 #include <memory>
 
-using cad::Rendering;
-using cad::RenderingDialog;
-using cad::RenderingSettings;
-
 namespace {
 
 QString text(const char* utf8)

@@ -10,9 +10,6 @@
 
 #include <memory>
 
-using cad::Rendering;
-using cad::RenderingSwitch;
-
 namespace {
 
 constexpr int longTime = 60000;

@@ -10,10 +10,6 @@
 #include <cmath>
 #include <set>
 
-using cad::MarkKind;
-using cad::Paint;
-using cad::Thickness;
-
 namespace {
 
 QString text(const char* utf8)
@@ -33,10 +29,10 @@ QByteArray deckWith(const QByteArray& cards, const QByteArray& end = "GE 0")
            cards + "XQ\nEN\n";
 }
 
-QString marksText(const cad::Scene& scene)
+QString marksText(const Scene& scene)
 {
     QStringList result;
-    for (const cad::SegmentMark& mark : scene.marks) {
+    for (const SegmentMark& mark : scene.marks) {
         const char* kind = mark.kind == MarkKind::Feed   ? "feed"
                            : mark.kind == MarkKind::Load ? "load"
                                                          : "distributed";
@@ -45,9 +41,9 @@ QString marksText(const cad::Scene& scene)
     return result.join(text(", "));
 }
 
-cad::Scene straightWire(double length, double radius, int segments = 1)
+Scene straightWire(double length, double radius, int segments = 1)
 {
-    cad::Scene scene;
+    Scene scene;
     suite::Wire wire;
     wire.radius = radius;
     for (int i = 0; i <= segments; ++i) {
@@ -58,14 +54,14 @@ cad::Scene straightWire(double length, double radius, int segments = 1)
 }
 
 // Every face's corners run anticlockwise around its normal, as seen from its tip.
-bool facesOutwards(const cad::SceneMesh& mesh, const cad::MeshFace& face)
+bool facesOutwards(const SceneMesh& mesh, const MeshFace& face)
 {
     const auto at = [&](std::size_t corner) { return mesh.points[face.corners.at(corner)]; };
     const QVector3D across = QVector3D::crossProduct(at(2) - at(0), at(3) - at(1));
     return QVector3D::dotProduct(across.normalized(), face.normal) > 0.9F;
 }
 
-float largestCoordinate(const cad::SceneMesh& mesh)
+float largestCoordinate(const SceneMesh& mesh)
 {
     float result = 0;
     for (const QVector3D& point : mesh.points) {
@@ -76,7 +72,7 @@ float largestCoordinate(const cad::SceneMesh& mesh)
     return result;
 }
 
-int countOf(const cad::SceneMesh& mesh, Paint paint)
+int countOf(const SceneMesh& mesh, Paint paint)
 {
     const auto isPaint = [paint](const auto& each) { return each.paint == paint; };
     return int(std::count_if(mesh.tubes.begin(), mesh.tubes.end(), isPaint) +
@@ -131,7 +127,7 @@ private Q_SLOTS:
         for (int i = 0; i < 300; ++i) {
             cards += "LD 5 0 0 0 5.8e7\n";
         }
-        const cad::Scene scene = sceneOfDeck(deckWith(cards));
+        const Scene scene = sceneOfDeck(deckWith(cards));
         QCOMPARE(scene.loadCount(), 15);
         QCOMPARE(scene.feedCount(), 0);
     }
@@ -163,13 +159,13 @@ private Q_SLOTS:
         QVERIFY(file.open(QIODevice::WriteOnly));
         file.write("CE\nGW 1 5 0 0 0 1 0 0 0.001\nGW 2 5 0 0 0 0 0 0 0.001\nGE 0\nQX\nEN\n");
         file.close();
-        const cad::ReadModel model = cad::readModel(folder.filePath(text("broken")));
+        const ReadModel model = readModel(folder.filePath(text("broken")));
         QCOMPARE(model.path, file.fileName());
         QCOMPARE(model.scene.structure.wires.size(), 1);
         QVERIFY(model.errors.join(QLatin1Char('\n')).contains(text("line 3: ")));
         QVERIFY(model.errors.join(QLatin1Char('\n')).contains(text("line 5: ")));
 
-        const cad::ReadModel none = cad::readModel(folder.filePath(text("none.nec")));
+        const ReadModel none = readModel(folder.filePath(text("none.nec")));
         QCOMPARE(none.errors.size(), 1);
         QVERIFY(!none.errors.first().startsWith(text("line")));
         QCOMPARE(none.scene.structure.wires.size(), 0);
@@ -177,14 +173,14 @@ private Q_SLOTS:
 
     void wiresBecomeHexagonalTubes()
     {
-        const cad::SceneMesh mesh = cad::meshOf(straightWire(2, 0.1, 4), Thickness::True);
+        const SceneMesh mesh = meshOf(straightWire(2, 0.1, 4), Thickness::True);
         QCOMPARE(mesh.tubes.size(), std::size_t(4 * 6 + 4)); // sides and halves of the ends
         QCOMPARE(mesh.cores.size(), std::size_t(4));
         QCOMPARE(mesh.ribs.size(), std::size_t(4 * 6));
         QCOMPARE(mesh.rings.size(), std::size_t(5 * 6));
         QCOMPARE(mesh.metres, 1.0);
         QCOMPARE(largestCoordinate(mesh), 1.0F);
-        for (const cad::MeshLine& rib : mesh.ribs) {
+        for (const MeshLine& rib : mesh.ribs) {
             const QVector3D from = mesh.points[rib.from];
             QVERIFY(qFuzzyCompare(QVector2D(from.y(), from.z()).length(), 0.1F));
         }
@@ -192,14 +188,14 @@ private Q_SLOTS:
 
     void facesShowTheirFrontsOutside()
     {
-        cad::Scene scene = sceneOfDeck(Decks::helix);
+        Scene scene = sceneOfDeck(Decks::helix);
         scene.marks.append({0, 5, MarkKind::Load});
         scene.hasGround = true;
-        const cad::SceneMesh mesh = cad::meshOf(scene, Thickness::True);
+        const SceneMesh mesh = meshOf(scene, Thickness::True);
         QVERIFY(countOf(mesh, Paint::Feed) > 0 && countOf(mesh, Paint::Load) > 0 &&
                 countOf(mesh, Paint::Ground) == 1);
         for (const auto* faces : {&mesh.tubes, &mesh.solids}) {
-            for (const cad::MeshFace& face : *faces) {
+            for (const MeshFace& face : *faces) {
                 QVERIFY(facesOutwards(mesh, face));
             }
         }
@@ -207,14 +203,14 @@ private Q_SLOTS:
 
     void bendsAreMitred()
     {
-        cad::Scene scene;
+        Scene scene;
         suite::Wire wire;
         wire.radius = 0.1;
         wire.points = {{-1, 0, 0}, {0, 0, 0}, {0, 1, 0}};
         scene.structure.wires.append(wire);
-        const cad::SceneMesh mesh = cad::meshOf(scene, Thickness::True);
+        const SceneMesh mesh = meshOf(scene, Thickness::True);
         // Edges along both segments stay as far from the axis as the radius says.
-        for (const cad::MeshLine& rib : mesh.ribs) {
+        for (const MeshLine& rib : mesh.ribs) {
             const QVector3D from = mesh.points[rib.from];
             const QVector3D along = (mesh.points[rib.to] - from).normalized();
             const QVector3D corner(1, -1, 0); // where the wire bends, in the mesh's units
@@ -225,37 +221,37 @@ private Q_SLOTS:
 
     void thinWiresAreDrawnThicker()
     {
-        const cad::Scene scene = straightWire(2, 1e-5, 4);
-        QCOMPARE(cad::meshOf(scene, Thickness::True).tubes.front().size, 1e-5F);
-        const float readable = cad::meshOf(scene, Thickness::Readable).tubes.front().size;
+        const Scene scene = straightWire(2, 1e-5, 4);
+        QCOMPARE(meshOf(scene, Thickness::True).tubes.front().size, 1e-5F);
+        const float readable = meshOf(scene, Thickness::Readable).tubes.front().size;
         QVERIFY(readable > 1e-3F);
         // Never so thick that neighbours would touch, nor thinner than they are.
         const float dense =
-            cad::meshOf(straightWire(2, 1e-5, 1000), Thickness::Readable).tubes.front().size;
+            meshOf(straightWire(2, 1e-5, 1000), Thickness::Readable).tubes.front().size;
         QVERIFY(dense < 0.5F * 2 / 1000);
-        QCOMPARE(cad::meshOf(straightWire(2, 0.3), Thickness::Readable).tubes.front().size, 0.3F);
+        QCOMPARE(meshOf(straightWire(2, 0.3), Thickness::Readable).tubes.front().size, 0.3F);
     }
 
     void smallThingsAreLeftOut()
     {
-        cad::Scene scene = straightWire(2, 0.001, 10);
+        Scene scene = straightWire(2, 0.001, 10);
         scene.structure.wires.append(straightWire(2, 0.1, 2).structure.wires);
-        const cad::SceneMesh mesh = cad::meshOf(scene, Thickness::True);
+        const SceneMesh mesh = meshOf(scene, Thickness::True);
         const std::size_t all = mesh.tubes.size();
 
-        const cad::MeshDetail near(mesh, 1e6);
+        const MeshDetail near(mesh, 1e6);
         QCOMPARE(near.tubes, all);
         QCOMPARE(near.firstCore, mesh.cores.size());
         QCOMPARE(near.ribs, mesh.ribs.size());
         QCOMPARE(near.rings, mesh.rings.size());
 
-        const cad::MeshDetail middle(mesh, 100); // the thin wire has a tenth of a pixel
+        const MeshDetail middle(mesh, 100); // the thin wire has a tenth of a pixel
         QCOMPARE(middle.tubes, std::size_t(2 * 6 + 4));
         QCOMPARE(middle.firstCore, std::size_t(2));
         QCOMPARE(middle.ribs, std::size_t(2 * 6));
         QCOMPARE(middle.rings, mesh.rings.size());
 
-        const cad::MeshDetail far(mesh, 1);
+        const MeshDetail far(mesh, 1);
         QCOMPARE(far.tubes, std::size_t(0));
         QCOMPARE(far.firstCore, std::size_t(0));
         QCOMPARE(far.ribs, std::size_t(0));
@@ -274,10 +270,10 @@ private Q_SLOTS:
     void hugeTinyAndEmptyStructuresFit()
     {
         QFETCH(double, length);
-        cad::Scene scene = straightWire(length, length / 100, 3);
+        Scene scene = straightWire(length, length / 100, 3);
         scene.structure.wires.append(straightWire(-length, length / 100, 3).structure.wires);
         scene.hasGround = true;
-        const cad::SceneMesh mesh = cad::meshOf(scene, Thickness::Readable);
+        const SceneMesh mesh = meshOf(scene, Thickness::Readable);
         QVERIFY(largestCoordinate(mesh) >= 1);
         QVERIFY(mesh.radius < 10);
         for (const QVector3D& point : mesh.points) {
@@ -287,7 +283,7 @@ private Q_SLOTS:
 
     void nothingIsAPictureToo()
     {
-        const cad::SceneMesh mesh = cad::meshOf(cad::Scene(), Thickness::Readable);
+        const SceneMesh mesh = meshOf(Scene(), Thickness::Readable);
         QVERIFY(mesh.tubes.empty());
         QCOMPARE(mesh.outlines.size(), std::size_t(3)); // the axes
         QVERIFY(mesh.radius > 0);
@@ -296,12 +292,12 @@ private Q_SLOTS:
     // Lines in one plane would flicker.
     void axesLieAboveTheGround()
     {
-        cad::Scene scene = straightWire(1, 0.01);
+        Scene scene = straightWire(1, 0.01);
         scene.hasGround = true;
-        const cad::SceneMesh mesh = cad::meshOf(scene, Thickness::Readable);
+        const SceneMesh mesh = meshOf(scene, Thickness::Readable);
         float ground = 0;
         float axes = 0;
-        for (const cad::MeshLine& line : mesh.outlines) {
+        for (const MeshLine& line : mesh.outlines) {
             (line.paint == Paint::Grid ? ground : axes) = mesh.points.at(line.from).z();
         }
         QVERIFY(axes > ground);
@@ -310,12 +306,12 @@ private Q_SLOTS:
 
     void farOriginsAreLeftOut()
     {
-        cad::Scene scene = straightWire(1, 0.01);
+        Scene scene = straightWire(1, 0.01);
         scene.hasGround = true;
         for (suite::Point& point : scene.structure.wires[0].points) {
             point.z += 1000;
         }
-        const cad::SceneMesh mesh = cad::meshOf(scene, Thickness::Readable);
+        const SceneMesh mesh = meshOf(scene, Thickness::Readable);
         QVERIFY(mesh.outlines.empty());
         QCOMPARE(countOf(mesh, Paint::Ground), 0);
         QVERIFY(mesh.radius < 2);
@@ -343,8 +339,8 @@ private Q_SLOTS:
         QFETCH(double, most);
         QFETCH(double, round);
         QFETCH(QString, name);
-        QVERIFY(qFuzzyCompare(cad::roundLength(most), round));
-        QCOMPARE(cad::lengthText(cad::roundLength(most)), name);
+        QVERIFY(qFuzzyCompare(roundLength(most), round));
+        QCOMPARE(lengthText(roundLength(most)), name);
     }
 };
 

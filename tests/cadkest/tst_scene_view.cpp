@@ -9,10 +9,6 @@
 #include <QWheelEvent>
 #include <QtTest>
 
-using cad::Direction;
-using cad::Rendering;
-using cad::SceneView;
-
 namespace {
 
 QString text(const char* utf8)
@@ -56,7 +52,7 @@ QImage shown(const SceneView& view)
 bool showsItsFrame(const SceneView& view)
 {
     const QImage screen = shown(view);
-    cad::Frame frame = view.frame(screen.size());
+    Frame frame = view.frame(screen.size());
     frame.isSmooth = true;
     const QImage smooth = pictureOf(frame, view.overlay());
     frame.isSmooth = false;
@@ -84,7 +80,7 @@ class tst_scene_view : public QObject
     Q_OBJECT
 
 private:
-    static void show(SceneView& view, const cad::Scene& scene)
+    static void show(SceneView& view, const Scene& scene)
     {
         view.resize(480, 360);
         view.setScene(scene, text("a scene"));
@@ -108,14 +104,14 @@ private Q_SLOTS:
         SceneView view;
         show(view, sceneOfDeck(Decks::thickCross));
         const QSignalSpy changes(&view, &SceneView::cameraChanged);
-        const cad::Camera first = view.camera();
+        const Camera first = view.camera();
 
         drag(view, Qt::LeftButton, Qt::NoModifier, {100, 100}, {140, 120});
         QVERIFY(view.camera().orientation() != first.orientation());
         QCOMPARE(view.camera().middle(), first.middle());
         QCOMPARE(changes.size(), 2);
 
-        const cad::Camera second = view.camera();
+        const Camera second = view.camera();
         drag(view, Qt::RightButton, Qt::NoModifier, {100, 100}, {140, 120});
         QCOMPARE(view.camera().orientation(), second.orientation());
         QVERIFY(view.camera().middle() != second.middle());
@@ -130,7 +126,7 @@ private Q_SLOTS:
     {
         SceneView view;
         show(view, sceneOfDeck(Decks::thickCross));
-        const cad::Camera first = view.camera();
+        const Camera first = view.camera();
         QTest::keyClick(&view, Qt::Key_Left);
         QVERIFY(view.camera().orientation() != first.orientation());
         QTest::keyClick(&view, Qt::Key_7);
@@ -149,7 +145,7 @@ private Q_SLOTS:
         view.resize(200, 360); // nobody has zoomed: it still fits
         QTRY_VERIFY(view.camera().height() != fitted);
         QTest::keyClick(&view, Qt::Key_Plus);
-        const cad::Camera chosen = view.camera();
+        const Camera chosen = view.camera();
         view.setScene(sceneOfDeck(Decks::helix), text("another"));
         QCOMPARE(view.camera().height(), chosen.height());
         view.resize(480, 360);
@@ -193,9 +189,9 @@ private Q_SLOTS:
         SceneView view;
         show(view, sceneOfDeck(Decks::yagi));
         const QImage readable = view.picture();
-        view.setThickness(cad::Thickness::True);
+        view.setThickness(Thickness::True);
         QVERIFY(view.picture() != readable);
-        view.setThickness(cad::Thickness::Readable);
+        view.setThickness(Thickness::Readable);
         QCOMPARE(view.picture(), readable);
     }
 

@@ -12,8 +12,8 @@
 
 namespace {
 
-constexpr int Motion = 0;
-constexpr int ButtonPress = 1;
+constexpr int motion = 0;
+constexpr int buttonPress = 1;
 
 using Message = std::array<qint32, 8>;
 
@@ -32,7 +32,7 @@ class tst_space_mouse : public QObject
 private:
     QLocalSocket* connectView()
     {
-        m_view = std::make_unique<cad::SceneView>();
+        m_view = std::make_unique<SceneView>();
         m_view->resize(400, 300);
         m_view->setScene(sceneOfDeck(Decks::yagi), QString());
         return m_server->waitForNewConnection(5000) ? m_server->nextPendingConnection() : nullptr;
@@ -40,7 +40,7 @@ private:
 
     std::unique_ptr<QTemporaryDir> m_folder;
     std::unique_ptr<QLocalServer> m_server;
-    std::unique_ptr<cad::SceneView> m_view;
+    std::unique_ptr<SceneView> m_view;
 
 private Q_SLOTS:
     void init()
@@ -61,7 +61,7 @@ private Q_SLOTS:
     void withoutADaemonThereIsNoMouse()
     {
         m_server.reset();
-        const cad::SceneView view;
+        const SceneView view;
         QVERIFY(!view.hasSpaceMouse());
     }
 
@@ -70,12 +70,12 @@ private Q_SLOTS:
         QLocalSocket* daemon = connectView();
         QVERIFY(daemon);
         QVERIFY(m_view->hasSpaceMouse());
-        const cad::Camera first = m_view->camera();
-        daemon->write(bytesOf({Motion, 0, 0, -100, 0, 0, 0, 16}));
+        const Camera first = m_view->camera();
+        daemon->write(bytesOf({motion, 0, 0, -100, 0, 0, 0, 16}));
         daemon->flush();
         QTRY_VERIFY(m_view->camera().height() < first.height()); // pulled towards the user
         QCOMPARE(m_view->camera().orientation(), first.orientation());
-        daemon->write(bytesOf({Motion, 0, 0, 0, 0, 100, 0, 16}));
+        daemon->write(bytesOf({motion, 0, 0, 0, 0, 100, 0, 16}));
         daemon->flush();
         QTRY_VERIFY(m_view->camera().orientation() != first.orientation());
     }
@@ -88,7 +88,7 @@ private Q_SLOTS:
         for (std::size_t i = 0; i < moved.size(); ++i) {
             m_view->setSpaceMouseSensitivity(i == 0 ? 50 : 100);
             const QVector3D before = m_view->camera().middle();
-            daemon->write(bytesOf({Motion, 100, 0, 0, 0, 0, 0, 16}));
+            daemon->write(bytesOf({motion, 100, 0, 0, 0, 0, 0, 16}));
             daemon->flush();
             QTRY_VERIFY(m_view->camera().middle() != before);
             moved.at(i) = double((m_view->camera().middle() - before).length());
@@ -101,10 +101,10 @@ private Q_SLOTS:
         QLocalSocket* daemon = connectView();
         QVERIFY(daemon);
         const double fitted = m_view->camera().height();
-        daemon->write(bytesOf({Motion, 0, 0, -100, 0, 0, 0, 16}));
+        daemon->write(bytesOf({motion, 0, 0, -100, 0, 0, 0, 16}));
         daemon->flush();
         QTRY_VERIFY(m_view->camera().height() < fitted);
-        daemon->write(bytesOf({ButtonPress, 0, 0, 0, 0, 0, 0, 0}));
+        daemon->write(bytesOf({buttonPress, 0, 0, 0, 0, 0, 0, 0}));
         daemon->flush();
         QTRY_COMPARE(m_view->camera().height(), fitted);
     }

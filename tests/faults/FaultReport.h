@@ -1,5 +1,4 @@
-#ifndef FAULTREPORT_H
-#define FAULTREPORT_H
+#pragma once
 
 #include "FaultTable.h"
 #include "TestRun.h"
@@ -43,5 +42,3 @@ private:
 
     QVector<Row> m_rows;
 };
-
-#endif

@@ -1,5 +1,4 @@
-#ifndef FAULTTABLE_H
-#define FAULTTABLE_H
+#pragma once
 
 #include <QString>
 #include <QStringList>
@@ -55,5 +54,3 @@ private:
     QVector<Fault> m_faults;
     QStringList m_errors;
 };
-
-#endif

@@ -1,5 +1,4 @@
-#ifndef TESTLOG_H
-#define TESTLOG_H
+#pragma once
 
 #include <QString>
 #include <QVector>
@@ -26,5 +25,3 @@ struct TestLog
     /// Reads a log as far as the program got.
     static TestLog read(const QString& path);
 };
-
-#endif

@@ -1,5 +1,4 @@
-#ifndef TESTPROGRAMS_H
-#define TESTPROGRAMS_H
+#pragma once
 
 #include <QString>
 #include <QStringList>
@@ -34,5 +33,3 @@ private:
 
 /// The names of the test functions that an executable has; empty where it cannot be run.
 QStringList functionsOf(const TestProgram& program);
-
-#endif

@@ -1,5 +1,4 @@
-#ifndef TESTRUN_H
-#define TESTRUN_H
+#pragma once
 
 #include "FaultTable.h"
 #include "TestLog.h"
@@ -19,5 +18,3 @@ struct TestRun
 /// function did so is lost, and another process runs those behind it. Repeats what can be repeated
 /// as often as for a release, or not.
 TestRun runTests(const TestProgram& program, const QVector<FaultTest>& tests, bool isFull);
-
-#endif

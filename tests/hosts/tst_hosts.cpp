@@ -42,8 +42,8 @@ namespace {
 
 // The processes of a host that was cut off end when they have heard nothing for the limit of two
 // seconds that with-hosts sets, and ssh after five.
-constexpr int CutOffPatience = 25000; // ms
-constexpr int StopLimit = 2000;       // ms
+constexpr int cutOffPatience = 25000; // ms
+constexpr int stopLimit = 2000;       // ms
 
 QString text(const char* latin1)
 {
@@ -105,7 +105,7 @@ void tst_hosts::cleanup()
     for (const QString& host : hosts) {
         QVERIFY(Hosts::join(host));
     }
-    QVERIFY2(QTest::qWaitFor([] { return Hosts::allProcesses().isEmpty(); }, CutOffPatience),
+    QVERIFY2(QTest::qWaitFor([] { return Hosts::allProcesses().isEmpty(); }, cutOffPatience),
              qPrintable(Hosts::allProcesses().join(QLatin1Char('\n'))));
 }
 
@@ -186,7 +186,7 @@ void tst_hosts::resultIsThatOfOneHost()
         QVERIFY2(readFile(file.key()) == file.value(), qPrintable(file.key()));
         QVERIFY(output.contains("-*-file-*-" + file.key().toUtf8() + '\n'));
     }
-    QVERIFY(QTest::qWaitFor([] { return Hosts::allProcesses().isEmpty(); }, StopLimit));
+    QVERIFY(QTest::qWaitFor([] { return Hosts::allProcesses().isEmpty(); }, stopLimit));
     QCOMPARE(Hosts::temporaryFiles(), QStringList());
 }
 
@@ -211,7 +211,7 @@ void tst_hosts::hostThatIsCutOffIsNamed()
     QVERIFY2(waitForResults(run), m_output.constData());
 
     QVERIFY(Hosts::cutOff(host));
-    QVERIFY(run.waitForFinished(CutOffPatience));
+    QVERIFY(run.waitForFinished(cutOffPatience));
     m_output += run.readAllStandardOutput();
     QCOMPARE(run.exitCode(), 1);
     QCOMPARE(m_output.count("-*-error-*-"), 1);
@@ -220,7 +220,7 @@ void tst_hosts::hostThatIsCutOffIsNamed()
     QVERIFY(!m_output.contains("-*-total-percentage-*-100%"));
 
     // The host is still off: those on it must see by themselves that they are alone.
-    QVERIFY2(QTest::qWaitFor([] { return Hosts::allProcesses().isEmpty(); }, CutOffPatience),
+    QVERIFY2(QTest::qWaitFor([] { return Hosts::allProcesses().isEmpty(); }, cutOffPatience),
              qPrintable(Hosts::allProcesses().join(QLatin1Char('\n'))));
     QCOMPARE(Hosts::temporaryFiles(), QStringList());
     verifyOldResults();
@@ -258,10 +258,10 @@ void tst_hosts::signalEndsEverything()
     QElapsedTimer clock;
     clock.start();
     QCOMPARE(::kill(static_cast<pid_t>(run.processId()), signal), 0);
-    QVERIFY(run.waitForFinished(StopLimit));
-    QVERIFY2(QTest::qWaitFor([] { return Hosts::allProcesses().isEmpty(); }, StopLimit),
+    QVERIFY(run.waitForFinished(stopLimit));
+    QVERIFY2(QTest::qWaitFor([] { return Hosts::allProcesses().isEmpty(); }, stopLimit),
              qPrintable(Hosts::allProcesses().join(QLatin1Char('\n'))));
-    QVERIFY2(clock.elapsed() < StopLimit, qPrintable(QString::number(clock.elapsed())));
+    QVERIFY2(clock.elapsed() < stopLimit, qPrintable(QString::number(clock.elapsed())));
     QCOMPARE(Hosts::temporaryFiles(), QStringList());
     if (signal != SIGKILL) {
         verifyOldResults();
@@ -296,14 +296,14 @@ void tst_hosts::hostThatCannotBeReached()
     QFETCH(QString, reason);
     QProcess run;
     start(run, arguments);
-    QVERIFY(run.waitForFinished(CutOffPatience));
+    QVERIFY(run.waitForFinished(cutOffPatience));
     QCOMPARE(run.exitCode(), 1);
     const QByteArray output = run.readAllStandardOutput();
     QCOMPARE(output.count("-*-error-*-"), 1);
     const QByteArray error = output.mid(output.indexOf("-*-error-*-"));
     QVERIFY2(error.contains('\'' + host.toLatin1() + '\''), error.constData());
     QVERIFY2(error.toLower().contains(reason.toLatin1()), error.constData());
-    QVERIFY(QTest::qWaitFor([] { return Hosts::allProcesses().isEmpty(); }, StopLimit));
+    QVERIFY(QTest::qWaitFor([] { return Hosts::allProcesses().isEmpty(); }, stopLimit));
     verifyOldResults();
 }
 
@@ -316,14 +316,14 @@ void tst_hosts::failingEngineIsNamedWithItsHost()
     environment.insert(text("FAKE_ENGINE"), text("fail"));
     run.setProcessEnvironment(environment);
     run.start();
-    QVERIFY(run.waitForFinished(CutOffPatience));
+    QVERIFY(run.waitForFinished(cutOffPatience));
     QCOMPARE(run.exitCode(), 1);
     const QByteArray output = run.readAllStandardOutput();
     QCOMPARE(output.count("-*-error-*-"), 1);
     QVERIFY2(output.contains("the engine ended with code 3, GEOMETRY DATA CARD ERROR"),
              output.constData());
     QVERIFY(output.contains("on the host 'node2'") || output.contains("on the host 'node3'"));
-    QVERIFY(QTest::qWaitFor([] { return Hosts::allProcesses().isEmpty(); }, StopLimit));
+    QVERIFY(QTest::qWaitFor([] { return Hosts::allProcesses().isEmpty(); }, stopLimit));
     verifyOldResults();
 }
 

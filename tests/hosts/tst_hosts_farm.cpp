@@ -30,8 +30,8 @@ private:
 
 namespace {
 
-constexpr int Patience = 60000; // ms
-constexpr int EndLimit = 10000; // ms
+constexpr int patience = 60000; // ms
+constexpr int endLimit = 10000; // ms
 
 QString text(const char* latin1)
 {
@@ -72,7 +72,7 @@ void tst_hosts_farm::cleanup()
     for (const QString& host : hosts) {
         QVERIFY(Hosts::join(host));
     }
-    QVERIFY2(QTest::qWaitFor([] { return Hosts::allProcesses().isEmpty(); }, EndLimit),
+    QVERIFY2(QTest::qWaitFor([] { return Hosts::allProcesses().isEmpty(); }, endLimit),
              qPrintable(Hosts::allProcesses().join(QLatin1Char('\n'))));
 }
 
@@ -89,7 +89,7 @@ void tst_hosts_farm::farmFindsWhatOneMachineFinds()
                     text("machines.kest")},
                    m_folder->path());
     farm.start();
-    QVERIFY(farm.waitForFinished(Patience));
+    QVERIFY(farm.waitForFinished(patience));
     QCOMPARE(farm.exitCode(), 0);
     const double farmed = tunedLength(readFile(path(text("tune_opt.nec"))));
     QVERIFY2(qAbs(farmed / length - 1) < 5e-4, qPrintable(QString::number(farmed, 'g', 8)));
@@ -105,7 +105,7 @@ void tst_hosts_farm::lostHostEndsTheFarm()
         m_folder->path());
     QVERIFY(Hosts::cutOff(text("node3")));
     farm.start();
-    QVERIFY(farm.waitForFinished(Patience));
+    QVERIFY(farm.waitForFinished(patience));
     QCOMPARE(farm.exitCode(), 1);
     const QByteArray output = farm.readAllStandardOutput();
     QVERIFY2(output.contains("-*-error-*-"), output.constData());
@@ -137,12 +137,12 @@ void tst_hosts_farm::stopOfTheDeskEndsEverything()
         const QStringList processes = Hosts::allProcesses();
         return processes.filter(text("sweepkest")).size() >= 3;
     };
-    QVERIFY2(QTest::qWaitFor(isSolving, Patience),
+    QVERIFY2(QTest::qWaitFor(isSolving, patience),
              qPrintable(Hosts::allProcesses().join(QLatin1Char('\n')) + QString::fromUtf8(output)));
     QCOMPARE(::kill(static_cast<pid_t>(desk.processId()), signal), 0);
-    QVERIFY(desk.waitForFinished(EndLimit));
+    QVERIFY(desk.waitForFinished(endLimit));
     QCOMPARE(desk.exitCode(), 130);
-    QVERIFY2(QTest::qWaitFor([] { return Hosts::allProcesses().isEmpty(); }, EndLimit),
+    QVERIFY2(QTest::qWaitFor([] { return Hosts::allProcesses().isEmpty(); }, endLimit),
              qPrintable(Hosts::allProcesses().join(QLatin1Char('\n'))));
     QCOMPARE(QDir(m_folder->path()).entryList({text("gui_tmp_machfile_*")}), QStringList());
     QCOMPARE(Hosts::temporaryFiles(), QStringList());

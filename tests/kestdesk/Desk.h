@@ -1,5 +1,4 @@
-#ifndef DESK_H
-#define DESK_H
+#pragma once
 
 #include <QDir>
 #include <QFile>
@@ -120,5 +119,3 @@ private:
     QString m_program = text(KESTDESK);
     QProcessEnvironment m_environment = QProcessEnvironment::systemEnvironment();
 };
-
-#endif

@@ -1,5 +1,4 @@
-#ifndef RUNENDINGS_H
-#define RUNENDINGS_H
+#pragma once
 
 #include <RunOutcome.h>
 
@@ -64,5 +63,3 @@ inline void addRunEndings()
         QTest::newRow(runEndings().at(row).name) << row;
     }
 }
-
-#endif

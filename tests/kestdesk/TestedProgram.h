@@ -1,5 +1,4 @@
-#ifndef TESTEDPROGRAM_H
-#define TESTEDPROGRAM_H
+#pragma once
 
 #include <QJsonDocument>
 #include <QJsonObject>
@@ -59,5 +58,3 @@ private:
     QString m_socket;
     QLocalSocket m_connection;
 };
-
-#endif

@@ -1,5 +1,4 @@
-#ifndef WINDOWSTAGE_H
-#define WINDOWSTAGE_H
+#pragma once
 
 #include "Desk.h"
 
@@ -204,5 +203,3 @@ private:
     std::unique_ptr<Services> m_services;
     std::unique_ptr<MainWindow> m_window;
 };
-
-#endif

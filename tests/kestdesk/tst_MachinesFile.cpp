@@ -75,7 +75,7 @@ private Q_SLOTS:
     {
         QFETCH(QByteArray, content);
         QFETCH(QString, entries);
-        const MachinesFile file = MachinesFile::parsed(content);
+        const MachinesFile file = MachinesFile::parse(content);
         QCOMPARE(shownEntries(file), entries);
         QCOMPARE(shownFindings(file), QString());
         QVERIFY(file.isRight());
@@ -134,16 +134,16 @@ private Q_SLOTS:
     {
         QFETCH(QByteArray, content);
         QFETCH(QString, findings);
-        const MachinesFile file = MachinesFile::parsed(content);
+        const MachinesFile file = MachinesFile::parse(content);
         QCOMPARE(shownFindings(file), findings);
         QCOMPARE(file.isRight(), !findings.contains(text(" error [")));
     }
 
     void entriesSurviveMarksAndWindowsLineEnds()
     {
-        QCOMPARE(shownEntries(MachinesFile::parsed("\xef\xbb\xbfnode1:4\r\n\r\nnode2\r\n")),
+        QCOMPARE(shownEntries(MachinesFile::parse("\xef\xbb\xbfnode1:4\r\n\r\nnode2\r\n")),
                  text("1 node1 4, 3 node2 1"));
-        QCOMPARE(shownEntries(MachinesFile::parsed("[fe80::1]:2\n[::2]\n")),
+        QCOMPARE(shownEntries(MachinesFile::parse("[fe80::1]:2\n[::2]\n")),
                  text("1 [fe80::1] 2, 2 [::2] 1"));
     }
 
@@ -198,7 +198,7 @@ private Q_SLOTS:
         QFETCH(int, warnings);
         QElapsedTimer timer;
         timer.start();
-        const MachinesFile file = MachinesFile::parsed(content);
+        const MachinesFile file = MachinesFile::parse(content);
         QVERIFY2(timer.elapsed() < 20000, qPrintable(QString::number(timer.elapsed())));
         QCOMPARE(file.count(MachinesFile::Severity::Error), errors);
         QCOMPARE(file.count(MachinesFile::Severity::Warning), warnings);
@@ -214,7 +214,7 @@ private Q_SLOTS:
     void timeGrowsWithTheSize()
     {
         QFETCH(QByteArray, piece);
-        const auto read = [](const QByteArray& bytes) { MachinesFile::parsed(bytes); };
+        const auto read = [](const QByteArray& bytes) { MachinesFile::parse(bytes); };
         QCOMPARE(ReadingTime::problem(read, piece), QString());
     }
 };

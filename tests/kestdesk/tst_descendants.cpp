@@ -78,7 +78,7 @@ private Q_SLOTS:
     void nothingChangesWhereOrphansAreLeftAlone()
     {
         bool isCalled = false;
-        Descendants::startApart([&] {
+        Descendants::startDetached([&] {
             isCalled = true;
             m_process = startDetached();
         });
@@ -99,7 +99,7 @@ private Q_SLOTS:
     void whatIsStartedApartDoesNot()
     {
         Descendants::adoptOrphans();
-        Descendants::startApart([this] { m_process = startDetached(); });
+        Descendants::startDetached([this] { m_process = startDetached(); });
         QVERIFY(!Descendants::areAlive());
         Descendants::killAll();
         QCOMPARE(::kill(static_cast<pid_t>(m_process), 0), 0);
@@ -180,11 +180,11 @@ private Q_SLOTS:
         const QString file = folder.filePath(QStringLiteral("tidied"));
         leaveOrphan(QStringLiteral("sleep 0.2; echo > '%1'").arg(file));
         ending.start(60000);
-        QVERIFY(ending.isGoingOn());
+        QVERIFY(ending.isActive());
         QTRY_COMPARE_WITH_TIMEOUT(ended.size(), 1, 30000);
         QVERIFY(QFile::exists(file));
         QVERIFY(!Descendants::areAlive());
-        QVERIFY(!ending.isGoingOn());
+        QVERIFY(!ending.isActive());
     }
 
     void whatDoesNotEndIsKilled()
@@ -223,7 +223,7 @@ private Q_SLOTS:
     void orphansAreAdoptedWhileAMessageIsShownInstead()
     {
         Descendants::adoptOrphans();
-        Descendants::startApart([this] {
+        Descendants::startDetached([this] {
             QVERIFY(!adoptsOrphans());
             QEventLoop message;
             QTimer::singleShot(50, &message, &QEventLoop::quit);

@@ -1,5 +1,4 @@
-#ifndef ENDEDPROCESS_H
-#define ENDEDPROCESS_H
+#pragma once
 
 #include <ProcessMark.h>
 
@@ -46,5 +45,3 @@ inline QString endedMark()
     return QString::fromLatin1(
         doneByAKilledProcess([] { return ProcessMark::own().word().toLatin1(); }));
 }
-
-#endif

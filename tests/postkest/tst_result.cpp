@@ -23,7 +23,7 @@ class tst_result : public QObject
 private Q_SLOTS:
     void pointsComeByRisingFrequency()
     {
-        const Result result = Result::parsed(header + "300,70,5,1.4\n100,10,-900,77\n");
+        const Result result = Result::parse(header + "300,70,5,1.4\n100,10,-900,77\n");
         QCOMPARE(result.error, QString());
         QCOMPARE(result.points.size(), 2);
         QCOMPARE(result.points.at(0).frequency, 100.0);
@@ -33,7 +33,7 @@ private Q_SLOTS:
 
     void missingAndInfiniteCellsAreNotKnown()
     {
-        const Result result = Result::parsed(header + "100,,,\r\n200,0,5,inf\n\n");
+        const Result result = Result::parse(header + "100,,,\r\n200,0,5,inf\n\n");
         QCOMPARE(result.error, QString());
         QCOMPARE(result.points.size(), 2);
         QVERIFY(std::isnan(result.points.at(0).value(Quantity::Resistance)));
@@ -55,7 +55,7 @@ private Q_SLOTS:
     void marksOfOtherSystemsAreNoFault()
     {
         QFETCH(QByteArray, bytes);
-        const Result result = Result::parsed(bytes);
+        const Result result = Result::parse(bytes);
         QCOMPARE(result.error, QString());
         QCOMPARE(result.points.size(), 1);
         QCOMPARE(result.points.first().frequency, 100.0);
@@ -88,7 +88,7 @@ private Q_SLOTS:
     {
         QFETCH(QByteArray, bytes);
         QFETCH(QString, reason);
-        const Result result = Result::parsed(bytes);
+        const Result result = Result::parse(bytes);
         QVERIFY2(result.error.contains(reason), qPrintable(result.error));
         QVERIFY(result.points.isEmpty());
     }
@@ -125,7 +125,7 @@ private Q_SLOTS:
         QFETCH(bool, isKnown);
         QFETCH(double, value);
         const Result result =
-            Result::parsed(header + "100,10,0,1\n200,20,0,1\n300,,0,1\n400,40,0,1\n");
+            Result::parse(header + "100,10,0,1\n200,20,0,1\n300,,0,1\n400,40,0,1\n");
         const std::optional<double> found = result.valueAt(frequency, Quantity::Resistance);
         QCOMPARE(found.has_value(), isKnown);
         QCOMPARE(found.value_or(0), value);
@@ -133,9 +133,9 @@ private Q_SLOTS:
 
     void exportedTableHoldsAllResults()
     {
-        Result first = Result::parsed(header + "100,10,-5.5,inf\n");
+        Result first = Result::parse(header + "100,10,-5.5,inf\n");
         first.path = QStringLiteral("/models/a \"b\", c.csv");
-        Result second = Result::parsed(header + "200,,,\n");
+        Result second = Result::parse(header + "200,,,\n");
         second.path = QStringLiteral("/models/second.csv");
         QCOMPARE(Export::table({first, second}),
                  QByteArray("result,frequency_MHz,resistance_ohm,reactance_ohm,swr\n"
@@ -145,8 +145,7 @@ private Q_SLOTS:
 
     void exportedNumbersAreTheSameToTheLastBit()
     {
-        const Result result =
-            Result::parsed(header + "0.1,123456.789012345,1e-300,1.00000000001\n");
+        const Result result = Result::parse(header + "0.1,123456.789012345,1e-300,1.00000000001\n");
         const QByteArray line = Export::table({result}).split('\n').at(1);
         const QList<QByteArray> cells = line.split(',');
         QCOMPARE(cells.at(1).toDouble(), 0.1);
@@ -161,8 +160,8 @@ private Q_SLOTS:
     {
         QFETCH(QByteArray, piece);
         const auto read = [](const QByteArray& bytes) {
-            Result::parsed(bytes);
-            Result::parsed(header + bytes);
+            Result::parse(bytes);
+            Result::parse(header + bytes);
         };
         QCOMPARE(ReadingTime::problem(read, piece), QString());
     }

@@ -19,7 +19,7 @@ const QByteArray header = QByteArrayLiteral("frequency_MHz,resistance_ohm,reacta
 
 Result makeResult(const QString& name, const QByteArray& lines)
 {
-    Result result = Result::parsed(header + lines);
+    Result result = Result::parse(header + lines);
     result.path = QStringLiteral("/models/") + name + QStringLiteral(".csv");
     return result;
 }

@@ -12,17 +12,17 @@
 
 namespace {
 
-constexpr int Patience = 10000; // ms
-constexpr unsigned long Pause = 5;
+constexpr int patience = 10000; // ms
+constexpr unsigned long pause = 5;
 
 bool waitUntil(const std::function<bool()>& isTrue)
 {
-    const QDeadlineTimer deadline(Patience);
+    const QDeadlineTimer deadline(patience);
     while (!isTrue()) {
         if (deadline.hasExpired()) {
             return false;
         }
-        QThread::msleep(Pause);
+        QThread::msleep(pause);
     }
     return true;
 }

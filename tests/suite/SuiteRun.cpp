@@ -6,7 +6,7 @@
 
 namespace {
 
-constexpr int Patience = 60000; // ms
+constexpr int patience = 60000; // ms
 
 } // namespace
 
@@ -75,7 +75,7 @@ SuiteResult runSuite(const QString& program, const QStringList& arguments, const
     process.setProcessEnvironment(environment);
     process.start(program, arguments);
     SuiteResult result;
-    if (!process.waitForFinished(Patience)) {
+    if (!process.waitForFinished(patience)) {
         process.kill();
         process.waitForFinished();
         return result;

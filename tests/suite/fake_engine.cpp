@@ -12,7 +12,7 @@
 
 namespace {
 
-constexpr unsigned long Long = 60;
+constexpr unsigned long longTime = 60;
 
 void writeOutput(const QByteArray& bytes)
 {
@@ -75,7 +75,7 @@ int playAlone()
 
 int playHang()
 {
-    QThread::sleep(Long);
+    QThread::sleep(longTime);
     return 0;
 }
 
@@ -84,9 +84,9 @@ int playStubborn()
 {
     std::signal(SIGTERM, SIG_IGN);
     QProcess child;
-    child.start(QStringLiteral("/bin/sleep"), {QString::number(Long)});
+    child.start(QStringLiteral("/bin/sleep"), {QString::number(longTime)});
     child.waitForFinished(-1);
-    QThread::sleep(Long);
+    QThread::sleep(longTime);
     return 0;
 }
 
@@ -154,14 +154,14 @@ int main(int argc, char* argv[])
         const char* part;
         int (*play)();
     };
-    static constexpr Row Table[] = {
+    static constexpr Row table[] = {
         {"slow", playSlow},           {"together", playTogether},   {"alone", playAlone},
         {"hang", playHang},           {"stubborn", playStubborn},   {"crash", playCrash},
         {"fail", playFail},           {"garbage", playGarbage},     {"silent", playSilent},
         {"talkative", playTalkative}, {"notnumber", playNotNumber}, {"reversed", playReversed},
     };
     const QByteArray part = qgetenv("FAKE_ENGINE");
-    for (const Row& row : Table) {
+    for (const Row& row : table) {
         if (part == row.part) {
             return row.play();
         }

@@ -82,7 +82,7 @@ void tst_deck::addCardRows()
         const char* reason;
     };
     // clang-format off
-    static const Row Table[] = {
+    static const Row table[] = {
         {"unknown card",             7, "ZZ 1",                                     2101, "'ZZ'"},
         {"card of one letter",       7, "X",                                        2101, "'X'"},
         {"unknown geometry card",    3, "GQ 1 2",                                   2101, "'GQ'"},
@@ -113,7 +113,7 @@ void tst_deck::addCardRows()
         {"second structure",         8, "NX\nEN",                                   2110, "NX"},
     };
     // clang-format on
-    for (const Row& row : Table) {
+    for (const Row& row : table) {
         addRow(row.name, changed(row.line, utf8(row.card)), row.number, row.line, row.reason);
     }
     const QString blanks(130, QLatin1Char(' '));
@@ -160,7 +160,7 @@ void tst_deck::addGeometryRows()
         const char* reason;
     };
     // clang-format off
-    static const Row Table[] = {
+    static const Row table[] = {
         {"no segments",        "GW 1 0 0 0 -0.25 0 0 0.25 0.001",   2301, "at least 1 and is 0"},
         {"negative segments",  "GW 1 -3 0 0 -0.25 0 0 0.25 0.001",  2301, "is -3"},
         {"too many segments",  "GW 1 5001 0 0 -0.25 0 0 0.25 1e-9", 2302, "more than 5000"},
@@ -173,7 +173,7 @@ void tst_deck::addGeometryRows()
         {"helix of no length", "GH 1 21 0.1 0 0.2 0.2 0.2 0.2 0.001",   2307, "helix"},
         {"helix of no turns",  "GH 1 21 0 0.5 0.2 0.2 0.2 0.2 0.001",   2307, "helix"},
     };
-    static const Row AfterWire[] = {
+    static const Row afterWire[] = {
         {"scale 0",            "GS 0 0 0",                2308, "scale"},
         {"turned 0 times",     "GR 1 0",                  2308, "once"},
         {"negative copies",    "GM 1 -1 0 0 0 1 0 0",     2308, "negative"},
@@ -184,10 +184,10 @@ void tst_deck::addGeometryRows()
         {"tags grow too fast", "GM 2000000000 5 0 0 0 1 0 0", 2308, "increment"},
     };
     // clang-format on
-    for (const Row& row : Table) {
+    for (const Row& row : table) {
         addRow(row.name, changed(3, utf8(row.card)), row.number, 3, row.reason);
     }
-    for (const Row& row : AfterWire) {
+    for (const Row& row : afterWire) {
         addRow(row.name, changed(4, utf8(row.card) + utf8("\nGE 0")), row.number, 4, row.reason);
     }
     addRow("taper of radius 0", changed(4, utf8("GW 2 5 1 0 0 1 0 1 0\nGC 0 0 1 0 0.1\nGE 0")),
@@ -209,7 +209,7 @@ void tst_deck::addControlRows()
         const char* reason;
     };
     // clang-format off
-    static const Row Table[] = {
+    static const Row table[] = {
         {"frequency 0",            5, "FR 0 1 0 0 0 0",         2401, "is 0"},
         {"negative frequency",     5, "FR 0 1 0 0 -300 0",      2401, "is -300"},
         {"no frequency step",      5, "FR 0 3 0 0 300 0",       2402, "3 different"},
@@ -241,7 +241,7 @@ void tst_deck::addControlRows()
         {"too many field points",  7, "NE 0 1000 1000 1000 0 0 0 1 1 1", 2412, "1000000"},
     };
     // clang-format on
-    for (const Row& row : Table) {
+    for (const Row& row : table) {
         addRow(row.name, changed(row.line, utf8(row.card)), row.number, row.line, row.reason);
     }
 }

@@ -78,7 +78,7 @@ void tst_machines_file::goodFile_data()
 void tst_machines_file::goodFile()
 {
     QFETCH(QByteArray, content);
-    const MachinesFile file = MachinesFile::parsed(content, text("m"));
+    const MachinesFile file = MachinesFile::parse(content, text("m"));
     QCOMPARE(file.errors(), QStringList());
     QTEST(written(file), "entries");
     QTEST(file.total(), "total");
@@ -127,7 +127,7 @@ void tst_machines_file::badLine()
 {
     QFETCH(QByteArray, line);
     QFETCH(QString, reason);
-    const MachinesFile file = MachinesFile::parsed("# c\n" + line + "\nb:1\n", text("m.kest"));
+    const MachinesFile file = MachinesFile::parse("# c\n" + line + "\nb:1\n", text("m.kest"));
     QCOMPARE(file.errors().size(), 1);
     const QString error = file.errors().first();
     QVERIFY2(error.startsWith(text("the machines file 'm.kest' has in line 2 '")),
@@ -201,13 +201,13 @@ void tst_machines_file::copyIsCalledAsWhatItWasMadeOf()
 
 void tst_machines_file::errorsAreLimited()
 {
-    const MachinesFile file = MachinesFile::parsed(QByteArray("a:0\n").repeated(1000), text("m"));
+    const MachinesFile file = MachinesFile::parse(QByteArray("a:0\n").repeated(1000), text("m"));
     QCOMPARE(file.errors().size(), 10);
 }
 
 void tst_machines_file::processesAreDealtOutInTheOrderOfTheFile()
 {
-    const MachinesFile file = MachinesFile::parsed("a:2\nb:1\na:1\nc\n", text("m"));
+    const MachinesFile file = MachinesFile::parse("a:2\nb:1\na:1\nc\n", text("m"));
     QString hosts;
     for (int rank = 0; rank < 7; ++rank) {
         hosts += file.hostOf(rank);
@@ -237,7 +237,7 @@ void tst_machines_file::hugeFilesAreReadInTime()
     QFETCH(QByteArray, content);
     QFETCH(bool, isGood);
     const std::clock_t begin = std::clock();
-    const MachinesFile file = MachinesFile::parsed(content, text("m"));
+    const MachinesFile file = MachinesFile::parse(content, text("m"));
     const std::clock_t taken = std::clock() - begin; // of this process, whatever else runs
     QVERIFY2(taken < 5 * CLOCKS_PER_SEC, qPrintable(QString::number(taken)));
     QCOMPARE(file.errors().isEmpty(), isGood);
@@ -246,7 +246,7 @@ void tst_machines_file::hugeFilesAreReadInTime()
 void tst_machines_file::timeGrowsWithTheSize()
 {
     QFETCH(QByteArray, piece);
-    const auto read = [](const QByteArray& bytes) { MachinesFile::parsed(bytes, text("m")); };
+    const auto read = [](const QByteArray& bytes) { MachinesFile::parse(bytes, text("m")); };
     QCOMPARE(ReadingTime::problem(read, piece), QString());
 }
 

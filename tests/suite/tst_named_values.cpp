@@ -59,7 +59,7 @@ QByteArray deckWith(const char* definition, const char* wire,
            "\nGE 0\nFR 0 3 0 0 290 5\nEX 0 1 11 0 1 0\nXQ\nEN\n";
 }
 
-constexpr const char* Wire = "GW 1 21 0 0 -H 0 0 H 0.001";
+constexpr const char* wireLine = "GW 1 21 0 0 -H 0 0 H 0.001";
 
 QVector<QPair<int, int>> mistakes(const Preprocessor& checked)
 {
@@ -96,16 +96,16 @@ void tst_named_values::engineGetsPlainNumbers_data()
         QTest::newRow(name) << QByteArray(definition) << QByteArray(wire) << QByteArray(expected);
     };
     const char* plain = "GW 1 21 0 0 -0.25 0 0 0.25 0.001";
-    add("name and its negative", "SY H=0.25", Wire, plain);
-    add("other case", "sy h=0.25", Wire, plain);
-    add("blanks around the sign", "SY  H = 0.25 ", Wire, plain);
-    add("tab behind the letters", "SY\tH=0.25", Wire, plain);
-    add("no blank behind the letters", "SYH=0.25", Wire, plain);
-    add("several on a card", "SY A=0.2, B=0.05,H=A+B", Wire, plain);
-    add("several cards", "SY L=0.5\nSY H=L/2", Wire, plain);
-    add("remark behind", "SY H=0.25 ! metres, half=1", Wire, plain);
-    add("other remarks", "SY H=0.25 # metres\nSY R=1 ' one", Wire, plain);
-    add("remark at once", "SY H=0.25!metres", Wire, plain);
+    add("name and its negative", "SY H=0.25", wireLine, plain);
+    add("other case", "sy h=0.25", wireLine, plain);
+    add("blanks around the sign", "SY  H = 0.25 ", wireLine, plain);
+    add("tab behind the letters", "SY\tH=0.25", wireLine, plain);
+    add("no blank behind the letters", "SYH=0.25", wireLine, plain);
+    add("several on a card", "SY A=0.2, B=0.05,H=A+B", wireLine, plain);
+    add("several cards", "SY L=0.5\nSY H=L/2", wireLine, plain);
+    add("remark behind", "SY H=0.25 ! metres, half=1", wireLine, plain);
+    add("other remarks", "SY H=0.25 # metres\nSY R=1 ' one", wireLine, plain);
+    add("remark at once", "SY H=0.25!metres", wireLine, plain);
     add("quotient", "SY L=0.5", "GW 1 21 0 0 -L/2 0 0 L/2 0.001", plain);
     add("number in front", "SY L=0.5", "GW 1 21 0 0 -0.5*L 0 0 0.5*L 0.001", plain);
     add("number behind", "SY L=0.5", "GW 1 21 0 0 -L*0.5 0 0 L*0.5 0.001", plain);
@@ -119,7 +119,7 @@ void tst_named_values::engineGetsPlainNumbers_data()
     add("name with digits and underscore", "SY a_1=0.25", "GW 1 21 0 0 -A_1 0 0 a_1 0.001", plain);
     add("name of 32 letters", "SY ABCDEFGHIJKLMNOPQRSTUVWXYZabcdef=0.25",
         "GW 1 21 0 0 -0.25 0 0 ABCDEFGHIJKLMNOPQRSTUVWXYZabcdef 0.001", plain);
-    add("definition between cards", "GW 2 3 1 0 0 1 0 0.1 0.001\nSY H=0.25", Wire, plain);
+    add("definition between cards", "GW 2 3 1 0 0 1 0 0.1 0.001\nSY H=0.25", wireLine, plain);
 }
 
 void tst_named_values::engineGetsPlainNumbers()
@@ -149,7 +149,7 @@ void tst_named_values::cardsWithoutNamesStayAsTheyAre()
 
 void tst_named_values::valuesKeepAllTheirDigits()
 {
-    const Preprocessor checked(deckWith("SY L=1\nSY H=L/3", Wire));
+    const Preprocessor checked(deckWith("SY L=1\nSY H=L/3", wireLine));
     const QByteArray field = engineLine(checked, "GW").split(' ').at(8);
     QVERIFY(field.toDouble() == 1.0 / 3);
 }
@@ -188,7 +188,7 @@ void tst_named_values::addDefinitionRows()
         const char* reason;
     };
     // clang-format off
-    static const Row Table[] = {
+    static const Row table[] = {
         {"nothing defined",          "SY",                   2121, "has ''"},
         {"only a remark",            "SY ! nothing",         2121, "has ''"},
         {"no sign",                  "SY LENGTH 0.5",        2121, "'LENGTH 0.5'"},
@@ -218,13 +218,14 @@ void tst_named_values::addDefinitionRows()
         {"blank before the card",    " SY A=1",              2109, "begins with a blank"},
     };
     // clang-format on
-    for (const Row& row : Table) {
+    for (const Row& row : table) {
         QTest::newRow(row.name) << deckWith((QByteArray(row.card) + "\nSY H=0.25").constData(),
-                                            Wire)
+                                            wireLine)
                                 << row.number << 4 << latin1(row.reason);
     }
     const QByteArray blanks(1000, ' ');
-    QTest::newRow("too long") << deckWith(("SY H=" + blanks + "0.25\nSY H=0.25").constData(), Wire)
+    QTest::newRow("too long") << deckWith(("SY H=" + blanks + "0.25\nSY H=0.25").constData(),
+                                          wireLine)
                               << 2107 << 4 << latin1("at most 1000");
     QByteArray many;
     for (int i = 0; i < 1001; ++i) {
@@ -245,7 +246,7 @@ void tst_named_values::addFieldRows()
         const char* reason;
     };
     // clang-format off
-    static const Row Table[] = {
+    static const Row table[] = {
         {"unknown name in a field",   "GW 1 21 0 0 -H 0 0 HH 0.001",       2124, "field 8 of card GW uses the name 'HH'"},
         {"word for a whole number",   "GW one 21 0 0 -H 0 0 H 0.001",      2124, "field 1 of card GW uses the name 'one'"},
         {"bad expression in a field", "GW 1 21 0 0 -H 0 0 2H 0.001",       2125, "field 8 of card GW is no number, name or expression but '2H'"},
@@ -260,7 +261,7 @@ void tst_named_values::addFieldRows()
         {"radius becomes 0",          "GW 1 21 0 0 -H 0 0 H H-0.25",       2304, "radius must be greater than 0"},
     };
     // clang-format on
-    for (const Row& row : Table) {
+    for (const Row& row : table) {
         QTest::newRow(row.name) << deckWith("SY H=0.25", row.wire) << row.number << 5
                                 << latin1(row.reason);
     }
@@ -290,7 +291,7 @@ void tst_named_values::addOptimisationRows()
         const char* reason;
     };
     // clang-format off
-    static const Row Table[] = {
+    static const Row table[] = {
         {"nothing to optimise",  "CM @optimise",                              2131, 2, "is '@optimise'"},
         {"no range",             "CM @optimise H",                            2131, 2, "'@optimise H'"},
         {"no end",               "CM @optimise H FROM 0.2",                   2131, 2, "FROM LOW TO HIGH"},
@@ -311,8 +312,8 @@ void tst_named_values::addOptimisationRows()
         {"frequency negative",   "CM @optimise H FROM 0.2 TO 0.3 AT -300",    2401, 2, "-300"},
     };
     // clang-format on
-    for (const Row& row : Table) {
-        QTest::newRow(row.name) << deckWith("SY H=0.25, Q=2*H", Wire, row.comment) << row.number
+    for (const Row& row : table) {
+        QTest::newRow(row.name) << deckWith("SY H=0.25, Q=2*H", wireLine, row.comment) << row.number
                                 << row.line << latin1(row.reason);
     }
 }
@@ -354,7 +355,7 @@ void tst_named_values::oneMistakeIsToldOnce()
 // Words in a deck without SY cards are what they were: no numbers.
 void tst_named_values::deckWithoutNamesKnowsNone()
 {
-    const auto found = mistakes(Preprocessor(deckWith("GM 0 0 0 0 0 0 0 0", Wire)));
+    const auto found = mistakes(Preprocessor(deckWith("GM 0 0 0 0 0 0 0 0", wireLine)));
     QCOMPARE(found.mid(0, 2), (QVector<QPair<int, int>>{{2104, 5}, {2104, 5}}));
     for (const auto& mistake : found) {
         QVERIFY(mistake.first < 2121 || mistake.first > 2128);
@@ -376,7 +377,7 @@ void tst_named_values::optimisationIsRead()
 {
     QFETCH(QByteArray, comment);
     QFETCH(double, frequency);
-    const Preprocessor checked(deckWith("SY H=0.25", Wire, comment.constData()));
+    const Preprocessor checked(deckWith("SY H=0.25", wireLine, comment.constData()));
     QCOMPARE(mistakes(checked), (QVector<QPair<int, int>>()));
     const auto optimisation = checked.model().optimisation;
     QVERIFY(optimisation);
@@ -393,7 +394,7 @@ void tst_named_values::otherCommentsAreComments()
 {
     for (const char* comment :
          {"CM optimise H FROM 0.2 TO 0.3", "CM see @optimise", "CM @optimised", "CM @", "CM"}) {
-        const Preprocessor checked(deckWith("SY H=0.25", Wire, comment));
+        const Preprocessor checked(deckWith("SY H=0.25", wireLine, comment));
         QCOMPARE(mistakes(checked), (QVector<QPair<int, int>>()));
         QVERIFY2(!checked.model().optimisation, comment);
     }
@@ -403,7 +404,7 @@ void tst_named_values::variablesArePrinted()
 {
     const QTemporaryDir folder;
     QVERIFY(!writeFile(folder.path(), latin1("m.nec"),
-                       deckWith("SY H=0.25, Third=1/3\nSY big=2e14", Wire))
+                       deckWith("SY H=0.25, Third=1/3\nSY big=2e14", wireLine))
                  .isEmpty());
     const SuiteResult result =
         runSuite(prekestProgram(), {latin1("m"), latin1("--print-variables")}, folder.path());
@@ -436,7 +437,8 @@ void tst_named_values::manyNamesTakeLittleTime()
 {
     QElapsedTimer clock;
     clock.start();
-    const Preprocessor doubled(deckWith(QByteArray("SY A=1\n").repeated(500000).constData(), Wire));
+    const Preprocessor doubled(
+        deckWith(QByteArray("SY A=1\n").repeated(500000).constData(), wireLine));
     QVERIFY(doubled.findings().contains(suite::FindingKind::SecondDefinition));
     QVERIFY2(clock.elapsed() < 30000, qPrintable(QString::number(clock.elapsed())));
 }

@@ -69,7 +69,7 @@ QStringList words(const char* line)
 }
 
 // Where a search without any rounding would end, by the engine itself.
-constexpr double Resonance = 0.47412;
+constexpr double resonantValue = 0.47412;
 
 int evaluationsOf(const SuiteResult& result)
 {
@@ -231,7 +231,7 @@ void tst_optkest::dipoleIsTuned()
     const SuiteResult result = model.run(options);
     QCOMPARE(result.exitCode, 0);
     QCOMPARE(result.bodies(text("error")) + result.bodies(text("warning")), QStringList());
-    QVERIFY2(std::abs(tunedValue(result) - Resonance) < 1e-4 * Resonance,
+    QVERIFY2(std::abs(tunedValue(result) - resonantValue) < 1e-4 * resonantValue,
              qPrintable(QString::number(tunedValue(result), 'g', 9)));
     const double reactance =
         noticeOf(result, 212).section(text(" ohm"), 1, 1).section(text(", "), 1).toDouble();
@@ -286,7 +286,7 @@ void tst_optkest::onlyTheValueChanges()
     }
     const SuiteResult result = model.run(text("-np 4"));
     QCOMPARE(result.exitCode, 0);
-    QVERIFY(std::abs(tunedValue(result) - Resonance) < 1e-4);
+    QVERIFY(std::abs(tunedValue(result) - resonantValue) < 1e-4);
     QCOMPARE(readFile(model.path("tune.nec")), deck);
     const QByteArray value =
         result.bodies(text("variable")).constFirst().section(text(" = "), 1).toLatin1();
@@ -405,7 +405,7 @@ void tst_optkest::restartWithMoreAtOnceLearnsFromEarlierRuns()
     const SuiteResult fresh = OptkestRun().run(text("-np 4"));
     const SuiteResult again = model.run(text("--restart 9 -np 4"));
     QCOMPARE(again.exitCode, 0);
-    QVERIFY(std::abs(tunedValue(again) - Resonance) < 1e-4 * Resonance);
+    QVERIFY(std::abs(tunedValue(again) - resonantValue) < 1e-4 * resonantValue);
     QVERIFY(noticeOf(again, 213).contains(text("9 of them taken over")));
     QCOMPARE(model.takeEngineStarts(), evaluationsOf(again) - 9 + 21);
     QVERIFY(roundsOf(again) < roundsOf(fresh));

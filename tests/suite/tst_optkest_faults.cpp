@@ -46,7 +46,7 @@ private:
 namespace {
 
 // In ms: with the slowed-down engine an optimisation takes longer.
-constexpr int LatestMoment = 1700;
+constexpr int latestMoment = 1700;
 
 QString text(const char* latin1)
 {
@@ -58,14 +58,14 @@ int repetitions()
     return qEnvironmentVariableIsSet("KEST_FULL_TESTS") ? 60 : 10;
 }
 
-const char* const Results[] = {"tune_opt.nec", "tune_opt.out", "tune_opt.csv", "tune.opt.csv"};
+const char* const resultNames[] = {"tune_opt.nec", "tune_opt.out", "tune_opt.csv", "tune.opt.csv"};
 
 } // namespace
 
 void tst_optkest_faults::init()
 {
     m_model = std::make_unique<OptkestRun>();
-    for (const char* name : Results) {
+    for (const char* name : resultNames) {
         QVERIFY(!writeFile(m_model->folder().path(), text(name), "old").isEmpty());
     }
 }
@@ -81,7 +81,7 @@ void tst_optkest_faults::start(QProcess& process, const QString& enginePart, con
 // The old ones, and nothing else but the model and the folder of the runs.
 void tst_optkest_faults::verifyOldResults()
 {
-    for (const char* name : Results) {
+    for (const char* name : resultNames) {
         QCOMPARE(readFile(m_model->path(name)), QByteArray("old"));
     }
     QCOMPARE(m_model->folder().entryList(QDir::Files | QDir::Hidden).size(), 5);
@@ -163,7 +163,7 @@ void tst_optkest_faults::stoppedAtAnyMoment()
         QProcess process;
         start(process, QString(), options);
         // The moment is what is tried.
-        QTest::qWait(random.bounded(LatestMoment));
+        QTest::qWait(random.bounded(latestMoment));
         process.terminate();
         QVERIFY(process.waitForFinished(10000));
         QCOMPARE(m_model->processCount(), 0);
@@ -202,7 +202,7 @@ void tst_optkest_faults::killedAtAnyMoment()
         const QString options = i % 2 == 0 ? text("-np 1") : text("-np 3");
         QProcess process;
         start(process, QString(), options);
-        QTest::qWait(random.bounded(LatestMoment));
+        QTest::qWait(random.bounded(latestMoment));
         process.kill();
         QVERIFY(process.waitForFinished());
         QVERIFY(QTest::qWaitFor([this] { return m_model->processCount() == 0; }, 5000));

@@ -48,7 +48,7 @@ private:
 
 namespace {
 
-constexpr int Patience = 20000; // ms
+constexpr int patience = 20000; // ms
 
 QString text(const char* latin1)
 {
@@ -310,7 +310,7 @@ void tst_runkest_parallel::haltedProcessIsLost()
             output += process.readAllStandardOutput();
             return output.contains("-*-percentage-*-3%");
         },
-        Patience));
+        patience));
     QStringList ranks;
     const QStringList processes = processesWith("PARALLEL_TEST=" + m_mark.toLatin1());
     for (const QString& id : processes) {
@@ -321,7 +321,7 @@ void tst_runkest_parallel::haltedProcessIsLost()
     QCOMPARE(ranks.size(), 2);
     const auto halted = static_cast<pid_t>(ranks.last().toInt());
     QCOMPARE(::kill(halted, SIGSTOP), 0);
-    QVERIFY(process.waitForFinished(Patience));
+    QVERIFY(process.waitForFinished(patience));
     // By then it was killed, so it could not remove its folder.
     const QStringList folders = QDir(m_temporary->path()).entryList({text("kest-sweep-*")});
     QVERIFY(folders.size() <= 1);

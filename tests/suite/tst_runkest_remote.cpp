@@ -47,7 +47,7 @@ private:
 
 namespace {
 
-constexpr int Patience = 20000; // ms
+constexpr int patience = 20000; // ms
 
 QString text(const char* latin1)
 {
@@ -313,13 +313,13 @@ void tst_runkest_remote::lostConnectionEndsTheRun()
             output += process.readAllStandardOutput();
             return output.contains("-*-percentage-*-3%");
         },
-        Patience));
+        patience));
     const QList<QByteArray> relays = readFile(path(text("ssh.log.ids"))).trimmed().split('\n');
     QCOMPARE(relays.size(), 2);
     for (const QByteArray& id : relays) {
         QCOMPARE(::kill(static_cast<pid_t>(id.toInt()), signal), 0);
     }
-    QVERIFY(process.waitForFinished(Patience));
+    QVERIFY(process.waitForFinished(patience));
     output += process.readAllStandardOutput();
     QCOMPARE(process.exitCode(), 1);
     QCOMPARE(output.count("-*-error-*-"), 1);

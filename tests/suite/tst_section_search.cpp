@@ -50,12 +50,12 @@ std::unique_ptr<SectionSearch> search(double low, double high, int atOnce)
     return std::make_unique<ParallelSection>(low, high, atOnce);
 }
 
-constexpr int MostRounds = 200;
+constexpr int mostRounds = 200;
 
 // Searches to the end; the number of rounds, or -1 when something is wrong with a round.
 int run(SectionSearch& search, const Function& function, int atOnce)
 {
-    for (int round = 0; round < MostRounds; ++round) {
+    for (int round = 0; round < mostRounds; ++round) {
         const QVector<double> points = search.next();
         if (points.isEmpty()) {
             return round;
@@ -94,7 +94,7 @@ void tst_section_search::minimumIsFound_data()
         double high;
         double minimum;
     };
-    static constexpr Row Table[] = {
+    static constexpr Row table[] = {
         {"middle", 0.4, 0.6, 0.5},
         {"off the middle", 0.4, 0.6, 0.474},
         {"near the low end", 1, 2, 1.001},
@@ -106,7 +106,7 @@ void tst_section_search::minimumIsFound_data()
         {"small", 1e-9, 9e-9, 3.3e-9},
         {"from 0 on", 0, 1, 0.01},
     };
-    for (const Row& row : Table) {
+    for (const Row& row : table) {
         for (int shape = 0; shape < 3; ++shape) {
             for (const int atOnce : {1, 2, 3, 4, 7, 64}) {
                 QTest::addRow("%s, shape %d, %d at once", row.name, shape, atOnce)
@@ -232,7 +232,7 @@ void tst_section_search::parallelSectionIsTheNarrowest()
 
 void tst_section_search::moreAtOnceTakeFewerRounds()
 {
-    int before = MostRounds;
+    int before = mostRounds;
     for (const int atOnce : {1, 2, 4, 8, 16}) {
         const auto searched = search(0.4, 0.6, atOnce);
         const int rounds = run(

@@ -1,5 +1,4 @@
-#ifndef BOXANSWERER_H
-#define BOXANSWERER_H
+#pragma once
 
 #include <QAbstractButton>
 #include <QApplication>
@@ -51,5 +50,3 @@ private:
     Answer m_answer;
     QTimer m_timer;
 };
-
-#endif

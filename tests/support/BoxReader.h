@@ -1,5 +1,4 @@
-#ifndef BOXREADER_H
-#define BOXREADER_H
+#pragma once
 
 #include <QApplication>
 #include <QMessageBox>
@@ -82,5 +81,3 @@ private:
     QByteArray m_old;
     bool m_wasSet;
 };
-
-#endif

@@ -1,5 +1,4 @@
-#ifndef CHILDRUN_H
-#define CHILDRUN_H
+#pragma once
 
 #include <QCoreApplication>
 #include <QProcess>
@@ -42,5 +41,3 @@ private:
     QString m_output;
     QString m_error;
 };
-
-#endif

@@ -1,5 +1,4 @@
-#ifndef DIALOGSERVICES_H
-#define DIALOGSERVICES_H
+#pragma once
 
 #include <FakeServices.h>
 
@@ -56,5 +55,3 @@ public:
     QString missing;
     QStringList asked;
 };
-
-#endif

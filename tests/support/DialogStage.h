@@ -1,5 +1,4 @@
-#ifndef DIALOGSTAGE_H
-#define DIALOGSTAGE_H
+#pragma once
 
 #include <DialogServices.h>
 #include <SettingsFolders.h>
@@ -98,5 +97,3 @@ private:
         return dialog->findChild<QPushButton*>(QLatin1String(name));
     }
 };
-
-#endif

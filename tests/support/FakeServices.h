@@ -1,5 +1,4 @@
-#ifndef FAKESERVICES_H
-#define FAKESERVICES_H
+#pragma once
 
 #include <common_DomainEntity.h>
 #include <common_IApplication.h>
@@ -118,5 +117,3 @@ public:
 
     QVector<Recorded> recorded;
 };
-
-#endif

@@ -1,5 +1,4 @@
-#ifndef FILESIZELIMIT_H
-#define FILESIZELIMIT_H
+#pragma once
 
 #include <QtGlobal>
 
@@ -36,5 +35,3 @@ private:
     void (*m_signal)(int);
     rlimit m_before = {};
 };
-
-#endif

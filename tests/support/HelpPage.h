@@ -1,5 +1,4 @@
-#ifndef HELPPAGE_H
-#define HELPPAGE_H
+#pragma once
 
 #include <QApplication>
 #include <QTextBrowser>
@@ -15,5 +14,3 @@ inline QString shownHelpPage()
     }
     return QString();
 }
-
-#endif

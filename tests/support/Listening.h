@@ -1,5 +1,4 @@
-#ifndef LISTENING_H
-#define LISTENING_H
+#pragma once
 
 #include <common_ObservableVia.h>
 #include <common_ObserverOf.h>
@@ -56,5 +55,3 @@ private:
     QString m_name;
     QStringList* m_calls;
 };
-
-#endif

@@ -1,5 +1,4 @@
-#ifndef MARKERPATTERN_H
-#define MARKERPATTERN_H
+#pragma once
 
 #include <common_IProcessMessage.h>
 
@@ -115,5 +114,3 @@ inline QVector<Message> parse(QString text)
 }
 
 } // namespace MarkerPattern
-
-#endif

@@ -1,5 +1,4 @@
-#ifndef NATIVERUN_H
-#define NATIVERUN_H
+#pragma once
 
 #include <QByteArray>
 #include <QList>
@@ -41,5 +40,3 @@ struct NativeRun
         return result;
     }
 };
-
-#endif

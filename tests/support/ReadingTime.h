@@ -1,5 +1,4 @@
-#ifndef READINGTIME_H
-#define READINGTIME_H
+#pragma once
 
 #include <QByteArray>
 #include <QString>
@@ -121,5 +120,3 @@ inline QString problem(const std::function<void(const QByteArray&)>& read, const
 }
 
 } // namespace ReadingTime
-
-#endif

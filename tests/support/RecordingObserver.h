@@ -1,5 +1,4 @@
-#ifndef RECORDINGOBSERVER_H
-#define RECORDINGOBSERVER_H
+#pragma once
 
 #include <common_IProcessMessage.h>
 #include <common_IProcessRunnerObserver.h>
@@ -72,5 +71,3 @@ private:
         callback(event);
     }
 };
-
-#endif

@@ -1,5 +1,4 @@
-#ifndef SETTINGSFOLDERS_H
-#define SETTINGSFOLDERS_H
+#pragma once
 
 #include <FakeServices.h>
 
@@ -95,5 +94,3 @@ inline QString lastWords(const QString& deed, const QString& folder)
 }
 
 } // namespace Child
-
-#endif

@@ -1,5 +1,4 @@
-#ifndef SETTINGSOBJECTS_H
-#define SETTINGSOBJECTS_H
+#pragma once
 
 #include <common_settings.h>
 
@@ -49,5 +48,3 @@ protected:
         settings.setValue(QStringLiteral("text"), text);
     }
 };
-
-#endif

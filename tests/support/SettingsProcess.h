@@ -1,5 +1,4 @@
-#ifndef SETTINGSPROCESS_H
-#define SETTINGSPROCESS_H
+#pragma once
 
 #include <QProcess>
 #include <QStringList>
@@ -55,5 +54,3 @@ public:
 private:
     static constexpr int patience = 120000; // milliseconds
 };
-
-#endif

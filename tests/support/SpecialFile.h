@@ -1,5 +1,4 @@
-#ifndef SPECIALFILE_H
-#define SPECIALFILE_H
+#pragma once
 
 #include <QByteArray>
 #include <QFile>
@@ -40,5 +39,3 @@ inline int kindOf(const QString& path)
 }
 
 } // namespace SpecialFile
-
-#endif

@@ -1,5 +1,4 @@
-#ifndef TERMINALRUN_H
-#define TERMINALRUN_H
+#pragma once
 
 #include <QByteArray>
 #include <QProcessEnvironment>
@@ -89,5 +88,3 @@ private:
         QVector<char*> pointers;
     };
 };
-
-#endif

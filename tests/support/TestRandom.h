@@ -1,5 +1,4 @@
-#ifndef TESTRANDOM_H
-#define TESTRANDOM_H
+#pragma once
 
 #include <QRandomGenerator>
 #include <QString>
@@ -29,5 +28,3 @@ inline QRandomGenerator anew()
 }
 
 } // namespace TestRandom
-
-#endif

@@ -1,5 +1,4 @@
-#ifndef UNPRIVILEGED_H
-#define UNPRIVILEGED_H
+#pragma once
 
 #include <QFile>
 #include <QString>
@@ -40,5 +39,3 @@ private:
 
     bool m_isRoot = ::geteuid() == 0;
 };
-
-#endif

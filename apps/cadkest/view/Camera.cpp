@@ -7,25 +7,23 @@
 #include <algorithm>
 #include <cmath>
 
-namespace cad {
-
 namespace {
 
-constexpr float PoleTolerance = 1e-3F;
-constexpr double LeastHeight = 1e-4; // below it the numbers of the mesh are too coarse
-constexpr double GreatestHeight = 100;
-constexpr float FitMargin = 1.12F;
+constexpr float poleTolerance = 1e-3F;
+constexpr double leastHeight = 1e-4; // below it the numbers of the mesh are too coarse
+constexpr double greatestHeight = 100;
+constexpr float fitMargin = 1.12F;
 // What lies on the border of two pixels would go either way: so little aside, in pixels, that is
 // rare.
-constexpr float Aside = 0.13F;
-constexpr float DepthMargin = 1.1F; // so that nothing pushed back leaves the depth range
+constexpr float offCentre = 0.13F;
+constexpr float depthMargin = 1.1F; // so that nothing pushed back leaves the depth range
 
 // Not the same angle to all axes: what is upright would hide what lies along the diagonal.
-constexpr double CornerElevation = 0.45;
-constexpr double CornerAzimuth = 0.55;
+constexpr double cornerElevation = 0.45;
+constexpr double cornerAzimuth = 0.55;
 
-const QVector3D right(1, 0, 0);
-const QVector3D up(0, 1, 0);
+const QVector3D rightAxis(1, 0, 0);
+const QVector3D upAxis(0, 1, 0);
 const QVector3D vertical(0, 0, 1);
 
 QQuaternion about(const QVector3D& axis, double radians)
@@ -43,10 +41,10 @@ float uprightness(const QQuaternion& orientation)
 
 void Camera::lookFrom(Direction direction)
 {
-    const QQuaternion front = about(right, -M_PI / 2); // x right, z up
+    const QQuaternion front = about(rightAxis, -M_PI / 2); // x right, z up
     switch (direction) {
     case Direction::Isometric:
-        m_orientation = about(right, CornerElevation) * front * about(vertical, -CornerAzimuth);
+        m_orientation = about(rightAxis, cornerElevation) * front * about(vertical, -cornerAzimuth);
         break;
     case Direction::X:
         m_orientation = front * about(vertical, -M_PI / 2);
@@ -74,23 +72,23 @@ void Camera::fit(const SceneMesh& mesh, const QSize& size)
         isFirst = false;
     }
     m_middle = m_orientation.conjugated().rotatedVector((low + high) / 2);
-    const QVector3D extent = (high - low) * FitMargin;
+    const QVector3D extent = (high - low) * fitMargin;
     const double ratio = double(std::max(size.height(), 1)) / std::max(size.width(), 1);
     m_height =
-        qBound(LeastHeight, std::max(double(extent.y()), extent.x() * ratio), GreatestHeight);
+        qBound(leastHeight, std::max(double(extent.y()), extent.x() * ratio), greatestHeight);
 }
 
 void Camera::turn(const QPointF& angles)
 {
     const QQuaternion before = m_orientation;
     const QQuaternion around = m_orientation * about(vertical, angles.x());
-    m_orientation = (about(right, angles.y()) * around).normalized();
-    if (uprightness(m_orientation) < 0 && uprightness(before) > -PoleTolerance) {
+    m_orientation = (about(rightAxis, angles.y()) * around).normalized();
+    if (uprightness(m_orientation) < 0 && uprightness(before) > -poleTolerance) {
         // As far as the pole: the vertical axis then points along the line of sight.
         const QVector3D axis = around.rotatedVector(vertical);
         const double rest =
             angles.y() > 0 ? std::atan2(axis.y(), axis.z()) : -std::atan2(axis.y(), -axis.z());
-        m_orientation = (about(right, rest) * around).normalized();
+        m_orientation = (about(rightAxis, rest) * around).normalized();
     }
 }
 
@@ -109,8 +107,8 @@ void Camera::pan(const QPointF& pixels, const QSize& size)
     m_middle -= m_orientation.conjugated().rotatedVector(moved);
     // Nobody finds a scene again that is many times its size away.
     const float distance = m_middle.length();
-    if (distance > float(GreatestHeight)) {
-        m_middle *= float(GreatestHeight) / distance;
+    if (distance > float(greatestHeight)) {
+        m_middle *= float(greatestHeight) / distance;
     }
 }
 
@@ -124,16 +122,16 @@ void Camera::zoom(double factor, const QPointF& place, const QSize& size)
 
 void Camera::zoom(double factor)
 {
-    m_height = qBound(LeastHeight, m_height / factor, GreatestHeight);
+    m_height = qBound(leastHeight, m_height / factor, greatestHeight);
 }
 
 QMatrix4x4 Camera::projection(const QSize& size, float meshRadius) const
 {
     const auto scale = float(2 / m_height);
-    const float depth = meshRadius * DepthMargin;
+    const float depth = meshRadius * depthMargin;
     QMatrix4x4 result;
-    result.translate(Aside * 2 / float(std::max(size.width(), 1)),
-                     Aside / 2 * 2 / float(std::max(size.height(), 1)));
+    result.translate(offCentre * 2 / float(std::max(size.width(), 1)),
+                     offCentre / 2 * 2 / float(std::max(size.height(), 1)));
     result.scale(scale * float(size.height()) / float(std::max(size.width(), 1)), scale,
                  -1 / depth);
     // Depths are measured from the mesh's origin, wherever the camera has been panned to.
@@ -142,5 +140,3 @@ QMatrix4x4 Camera::projection(const QSize& size, float meshRadius) const
     result.rotate(m_orientation);
     return result;
 }
-
-} // namespace cad

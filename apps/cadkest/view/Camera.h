@@ -1,13 +1,10 @@
-#ifndef CAMERA_H
-#define CAMERA_H
+#pragma once
 
 #include <QMatrix4x4>
 #include <QPointF>
 #include <QQuaternion>
 #include <QSize>
 #include <QVector3D>
-
-namespace cad {
 
 struct SceneMesh;
 
@@ -66,7 +63,3 @@ private:
     QVector3D m_middle;
     double m_height = 2.5;
 };
-
-} // namespace cad
-
-#endif

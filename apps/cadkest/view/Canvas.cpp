@@ -5,11 +5,9 @@
 #include <QOpenGLContext>
 #include <QPainter>
 
-namespace cad {
-
 namespace {
 
-constexpr int SmoothSamples = 4;
+constexpr int smoothSamples = 4;
 
 QSize pixelsOf(const QWidget& widget)
 {
@@ -38,7 +36,7 @@ HardwareCanvas::HardwareCanvas(SceneView* view) : QOpenGLWidget(view), m_view(vi
 {
     setAttribute(Qt::WA_TransparentForMouseEvents);
     QSurfaceFormat format = HardwareDrawing::surfaceFormat();
-    format.setSamples(SmoothSamples);
+    format.setSamples(smoothSamples);
     setFormat(format);
 }
 
@@ -81,5 +79,3 @@ void HardwareCanvas::releaseDrawing()
         doneCurrent();
     }
 }
-
-} // namespace cad

@@ -1,12 +1,9 @@
-#ifndef CANVAS_H
-#define CANVAS_H
+#pragma once
 
 #include "HardwareDrawing.h"
 #include "SoftwareRenderer.h"
 
 #include <QOpenGLWidget>
-
-namespace cad {
 
 class SceneView;
 
@@ -48,7 +45,3 @@ private:
     SceneView* m_view;
     std::unique_ptr<HardwareDrawing> m_drawing;
 };
-
-} // namespace cad
-
-#endif

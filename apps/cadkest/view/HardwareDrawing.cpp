@@ -5,8 +5,6 @@
 
 #include <algorithm>
 
-namespace cad {
-
 namespace {
 
 // One corner of a face or end of a line. Lines have no normal and take their colour unshaded.
@@ -25,17 +23,17 @@ struct Attribute
     int size;
 };
 
-constexpr std::array<Attribute, 3> Attributes = {{
+constexpr std::array<Attribute, 3> attributes = {{
     {"position", 0, 3},
     {"normal", sizeof(QVector3D), 3},
     {"paint", 2 * sizeof(QVector3D), 1},
 }};
 
-constexpr int FaceVertices = 6; // two triangles
-constexpr int LineVertices = 2;
-constexpr int DepthBits = 24;
+constexpr int faceVertices = 6; // two triangles
+constexpr int lineVertices = 2;
+constexpr int depthBits = 24;
 
-constexpr const char* VertexShader = R"(
+constexpr const char* vertexShader = R"(
 attribute highp vec3 position;
 attribute highp vec3 normal;
 attribute highp float paint;
@@ -53,9 +51,9 @@ void main()
     colour = colours[int(paint + 0.5)] * (dot(normal, normal) > 0.0 ? brightness : 1.0);
 }
 )";
-static_assert(PaintCount == 9, "the shader has as many colours");
+static_assert(paintCount == 9, "the shader has as many colours");
 
-constexpr const char* FragmentShader = R"(
+constexpr const char* fragmentShader = R"(
 varying highp vec3 colour;
 void main()
 {
@@ -106,8 +104,8 @@ private:
 HardwareDrawing::HardwareDrawing()
 {
     const bool isLinked =
-        m_program.addShaderFromSourceCode(QOpenGLShader::Vertex, VertexShader) &&
-        m_program.addShaderFromSourceCode(QOpenGLShader::Fragment, FragmentShader) &&
+        m_program.addShaderFromSourceCode(QOpenGLShader::Vertex, vertexShader) &&
+        m_program.addShaderFromSourceCode(QOpenGLShader::Fragment, fragmentShader) &&
         m_program.link();
     if (!isLinked) {
         m_error = QStringLiteral("OpenGL refuses the shaders: %1").arg(m_program.log().trimmed());
@@ -119,7 +117,7 @@ HardwareDrawing::HardwareDrawing()
 QSurfaceFormat HardwareDrawing::surfaceFormat()
 {
     QSurfaceFormat format = QSurfaceFormat::defaultFormat();
-    format.setDepthBufferSize(DepthBits);
+    format.setDepthBufferSize(depthBits);
     format.setStencilBufferSize(8);
     return format;
 }
@@ -148,7 +146,7 @@ void HardwareDrawing::draw(const Frame& frame)
     setUniforms(frame);
     drawFaces(frame);
     drawLines(frame);
-    for (const Attribute& attribute : Attributes) {
+    for (const Attribute& attribute : attributes) {
         m_program.disableAttributeArray(attribute.name);
     }
     m_buffer.release();
@@ -171,20 +169,20 @@ void HardwareDrawing::upload(const SceneMesh& mesh)
 
 void HardwareDrawing::setUniforms(const Frame& frame)
 {
-    for (const Attribute& attribute : Attributes) {
+    for (const Attribute& attribute : attributes) {
         m_program.enableAttributeArray(attribute.name);
         m_program.setAttributeBuffer(attribute.name, GL_FLOAT, attribute.offset, attribute.size,
                                      sizeof(Vertex));
     }
-    std::array<QVector3D, PaintCount> colours;
+    std::array<QVector3D, paintCount> colours;
     std::transform(frame.colours.paints.begin(), frame.colours.paints.end(), colours.begin(),
                    vectorOf);
-    m_program.setUniformValueArray("colours", colours.data(), PaintCount);
+    m_program.setUniformValueArray("colours", colours.data(), paintCount);
     m_program.setUniformValue("projection",
                               frame.camera.projection(frame.size, frame.mesh->radius));
     m_program.setUniformValue("orientation", frame.camera.orientation().toRotationMatrix());
     m_program.setUniformValue("light", lightDirection());
-    m_program.setUniformValue("ambient", AmbientLight);
+    m_program.setUniformValue("ambient", ambientLight);
 }
 
 void HardwareDrawing::drawFaces(const Frame& frame) const
@@ -194,8 +192,8 @@ void HardwareDrawing::drawFaces(const Frame& frame) const
     gl->glDepthFunc(GL_LESS);
     gl->glEnable(GL_POLYGON_OFFSET_FILL);
     gl->glPolygonOffset(float(frame.faceDisplacement), float(frame.faceDisplacement));
-    gl->glDrawArrays(GL_TRIANGLES, m_firstTube, int(detail.tubes) * FaceVertices);
-    gl->glDrawArrays(GL_TRIANGLES, m_firstSolid, int(frame.mesh->solids.size()) * FaceVertices);
+    gl->glDrawArrays(GL_TRIANGLES, m_firstTube, int(detail.tubes) * faceVertices);
+    gl->glDrawArrays(GL_TRIANGLES, m_firstSolid, int(frame.mesh->solids.size()) * faceVertices);
     gl->glDisable(GL_POLYGON_OFFSET_FILL);
 }
 
@@ -206,11 +204,9 @@ void HardwareDrawing::drawLines(const Frame& frame) const
     const MeshDetail detail(mesh, frame.camera.pixelsPerUnit(frame.size));
     gl->glDepthFunc(GL_LEQUAL);
     gl->glLineWidth(1);
-    gl->glDrawArrays(GL_LINES, m_firstCore + int(detail.firstCore) * LineVertices,
-                     int(mesh.cores.size() - detail.firstCore) * LineVertices);
-    gl->glDrawArrays(GL_LINES, m_firstRib, int(detail.ribs) * LineVertices);
-    gl->glDrawArrays(GL_LINES, m_firstRing, int(detail.rings) * LineVertices);
-    gl->glDrawArrays(GL_LINES, m_firstOutline, int(mesh.outlines.size()) * LineVertices);
+    gl->glDrawArrays(GL_LINES, m_firstCore + int(detail.firstCore) * lineVertices,
+                     int(mesh.cores.size() - detail.firstCore) * lineVertices);
+    gl->glDrawArrays(GL_LINES, m_firstRib, int(detail.ribs) * lineVertices);
+    gl->glDrawArrays(GL_LINES, m_firstRing, int(detail.rings) * lineVertices);
+    gl->glDrawArrays(GL_LINES, m_firstOutline, int(mesh.outlines.size()) * lineVertices);
 }
-
-} // namespace cad

@@ -1,5 +1,4 @@
-#ifndef HARDWAREDRAWING_H
-#define HARDWAREDRAWING_H
+#pragma once
 
 #include "Renderer.h"
 
@@ -7,8 +6,6 @@
 #include <QOpenGLShaderProgram>
 #include <QString>
 #include <QSurfaceFormat>
-
-namespace cad {
 
 /// Draws frames into whatever the current OpenGL context draws into. Made, used and destroyed with
 /// one context current.
@@ -34,7 +31,7 @@ private:
     QOpenGLShaderProgram m_program;
     QOpenGLBuffer m_buffer;
     std::shared_ptr<const SceneMesh> m_mesh; ///< the one in the buffer
-    // Where the mesh's lists begin in the buffer, in vertices.
+    /// Where the mesh's lists begin in the buffer, in vertices.
     int m_firstTube = 0;
     int m_firstSolid = 0;
     int m_firstCore = 0;
@@ -43,7 +40,3 @@ private:
     int m_firstOutline = 0;
     QString m_error;
 };
-
-} // namespace cad
-
-#endif

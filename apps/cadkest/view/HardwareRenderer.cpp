@@ -7,11 +7,9 @@
 #include <QOpenGLFramebufferObject>
 #include <QOpenGLFunctions>
 
-namespace cad {
-
 namespace {
 
-constexpr int SmoothSamples = 4;
+constexpr int smoothSamples = 4;
 
 } // namespace
 
@@ -62,7 +60,7 @@ QImage HardwareRenderer::render(const Frame& frame)
     }
     QOpenGLFramebufferObjectFormat format;
     format.setAttachment(QOpenGLFramebufferObject::CombinedDepthStencil);
-    format.setSamples(frame.isSmooth ? SmoothSamples : 0);
+    format.setSamples(frame.isSmooth ? smoothSamples : 0);
     QOpenGLFramebufferObject buffer(frame.size, format);
     if (!buffer.isValid() || !buffer.bind()) {
         return QImage();
@@ -75,5 +73,3 @@ bool HardwareRenderer::makeCurrent()
 {
     return m_context->makeCurrent(m_surface.get());
 }
-
-} // namespace cad

@@ -1,5 +1,4 @@
-#ifndef HARDWARERENDERER_H
-#define HARDWARERENDERER_H
+#pragma once
 
 #include "Renderer.h"
 
@@ -8,8 +7,6 @@
 class QOffscreenSurface;
 class QOpenGLContext;
 class QOpenGLFramebufferObject;
-
-namespace cad {
 
 class HardwareDrawing;
 
@@ -36,7 +33,3 @@ private:
     std::unique_ptr<HardwareDrawing> m_drawing;
     QString m_error;
 };
-
-} // namespace cad
-
-#endif

@@ -6,14 +6,12 @@
 #include <algorithm>
 #include <cmath>
 
-namespace cad {
-
 namespace {
 
-constexpr int Sides = 6;
-constexpr int BallStacks = 6;
-constexpr int BallSlices = 10;
-constexpr float SharpestMitre = 0.3F; // cosine; beyond it a mitre would stick out too far
+constexpr int sideCount = 6;
+constexpr int ballStacks = 6;
+constexpr int ballSlices = 10;
+constexpr float sharpestMitre = 0.3F; // cosine; beyond it a mitre would stick out too far
 
 QVector3D perpendicular(const QVector3D& direction)
 {
@@ -31,7 +29,7 @@ struct Section
     // The unit vector at so many sides around the tube.
     [[nodiscard]] QVector3D spoke(double side) const
     {
-        const double angle = 2 * M_PI * side / Sides;
+        const double angle = 2 * M_PI * side / sideCount;
         const QVector3D up = QVector3D::crossProduct(direction, across);
         return across * float(std::cos(angle)) + up * float(std::sin(angle));
     }
@@ -58,7 +56,7 @@ QVector3D mitred(const QVector3D& offset, const QVector3D& direction, const QVec
 {
     const QVector3D middle = (direction + next).normalized();
     const float cosine = QVector3D::dotProduct(direction, middle);
-    if (cosine < SharpestMitre) {
+    if (cosine < sharpestMitre) {
         return offset;
     }
     return offset - direction * (QVector3D::dotProduct(offset, middle) / cosine);
@@ -77,8 +75,8 @@ QVector<QVector3D> withoutRepeats(const QVector<QVector3D>& points)
 
 QVector3D ballPoint(int stack, int slice)
 {
-    const double polar = M_PI * stack / BallStacks;
-    const double around = 2 * M_PI * slice / BallSlices;
+    const double polar = M_PI * stack / ballStacks;
+    const double around = 2 * M_PI * slice / ballSlices;
     return {float(std::sin(polar) * std::cos(around)), float(std::sin(polar) * std::sin(around)),
             float(std::cos(polar))};
 }
@@ -111,7 +109,7 @@ void MeshBuilder::addTube(const QVector<QVector3D>& chain, const QVector<Paint>&
     for (int i = 0; i < points.size(); ++i) {
         const Section& before = sections[std::max(i - 1, 0)];
         const Section& behind = sections[std::min(i, sections.size() - 1)];
-        for (int side = 0; side < Sides; ++side) {
+        for (int side = 0; side < sideCount; ++side) {
             addPoint(points[i] +
                      mitred(before.spoke(side) * radius, before.direction, behind.direction));
         }
@@ -123,22 +121,22 @@ void MeshBuilder::addTube(const QVector<QVector3D>& chain, const QVector<Paint>&
     float length = 0;
     for (int i = 0; i < sections.size(); ++i) {
         const Paint paint = paints.value(i, Paint::Wire);
-        const quint32 ring = firstRing + quint32(i) * Sides;
+        const quint32 ring = firstRing + quint32(i) * sideCount;
         const float before = length;
         length = points[i].distanceToPoint(points[i + 1]);
         addRing(ring, i == 0 ? length : std::min(before, length));
         m_mesh.cores.push_back({firstCore + quint32(i), firstCore + quint32(i) + 1, paint, radius});
-        for (quint32 side = 0; side < Sides; ++side) {
-            const quint32 next = (side + 1) % Sides;
+        for (quint32 side = 0; side < sideCount; ++side) {
+            const quint32 next = (side + 1) % sideCount;
             m_mesh.tubes.push_back(
-                {{ring + side, ring + next, ring + Sides + next, ring + Sides + side},
+                {{ring + side, ring + next, ring + sideCount + next, ring + sideCount + side},
                  sections[i].spoke(side + 0.5),
                  paint,
                  radius});
-            m_mesh.ribs.push_back({ring + side, ring + Sides + side, Paint::Edge, radius});
+            m_mesh.ribs.push_back({ring + side, ring + sideCount + side, Paint::Edge, radius});
         }
     }
-    const quint32 lastRing = firstCore - Sides;
+    const quint32 lastRing = firstCore - sideCount;
     addRing(lastRing, length);
     addCap(firstRing, -sections.first().direction, true, paints.value(0, Paint::Wire), radius);
     addCap(lastRing, sections.last().direction, false,
@@ -147,8 +145,8 @@ void MeshBuilder::addTube(const QVector<QVector3D>& chain, const QVector<Paint>&
 
 void MeshBuilder::addRing(quint32 first, float size)
 {
-    for (quint32 side = 0; side < Sides; ++side) {
-        m_mesh.rings.push_back({first + side, first + (side + 1) % Sides, Paint::Edge, size});
+    for (quint32 side = 0; side < sideCount; ++side) {
+        m_mesh.rings.push_back({first + side, first + (side + 1) % sideCount, Paint::Edge, size});
     }
 }
 
@@ -157,7 +155,7 @@ void MeshBuilder::addCap(quint32 first, const QVector3D& normal, bool isBack, Pa
 {
     for (const quint32 half : {0U, 3U}) {
         std::array<quint32, 4> corners = {first + half, first + half + 1, first + half + 2,
-                                          first + (half + 3) % Sides};
+                                          first + (half + 3) % sideCount};
         if (isBack) {
             std::reverse(corners.begin(), corners.end());
         }
@@ -168,16 +166,16 @@ void MeshBuilder::addCap(quint32 first, const QVector3D& normal, bool isBack, Pa
 void MeshBuilder::addBall(const QVector3D& centre, float radius, Paint paint)
 {
     const auto first = quint32(m_mesh.points.size());
-    for (int stack = 0; stack <= BallStacks; ++stack) {
-        for (int slice = 0; slice < BallSlices; ++slice) {
+    for (int stack = 0; stack <= ballStacks; ++stack) {
+        for (int slice = 0; slice < ballSlices; ++slice) {
             addPoint(centre + ballPoint(stack, slice) * radius);
         }
     }
     const auto at = [first](int stack, int slice) {
-        return first + quint32(stack * BallSlices + slice % BallSlices);
+        return first + quint32(stack * ballSlices + slice % ballSlices);
     };
-    for (int stack = 0; stack < BallStacks; ++stack) {
-        for (int slice = 0; slice < BallSlices; ++slice) {
+    for (int stack = 0; stack < ballStacks; ++stack) {
+        for (int slice = 0; slice < ballSlices; ++slice) {
             const QVector3D middle = ballPoint(stack, slice) + ballPoint(stack + 1, slice) +
                                      ballPoint(stack + 1, slice + 1) + ballPoint(stack, slice + 1);
             m_mesh.solids.push_back({{at(stack, slice), at(stack + 1, slice),
@@ -258,5 +256,3 @@ void MeshBuilder::finish()
         m_mesh.radius = std::max(m_mesh.radius, point.length());
     }
 }
-
-} // namespace cad

@@ -1,11 +1,8 @@
-#ifndef MESHBUILDER_H
-#define MESHBUILDER_H
+#pragma once
 
 #include "SceneMesh.h"
 
 #include <QVector>
-
-namespace cad {
 
 /// Makes the bodies that a mesh consists of. All lengths are in the mesh's units.
 class MeshBuilder
@@ -38,7 +35,3 @@ private:
 
     SceneMesh& m_mesh;
 };
-
-} // namespace cad
-
-#endif

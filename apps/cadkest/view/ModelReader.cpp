@@ -3,8 +3,6 @@
 #include <ModelFile.h>
 #include <Preprocessor.h>
 
-namespace cad {
-
 namespace {
 
 QString textOf(const suite::Finding& finding)
@@ -33,5 +31,3 @@ ReadModel readModel(const QString& name)
     }
     return result;
 }
-
-} // namespace cad

@@ -1,12 +1,9 @@
-#ifndef MODELREADER_H
-#define MODELREADER_H
+#pragma once
 
 #include "Scene.h"
 
 #include <QString>
 #include <QStringList>
-
-namespace cad {
 
 /// A model's file as far as it could be read.
 struct ReadModel
@@ -18,7 +15,3 @@ struct ReadModel
 
 /// Reads the model that a user names; the suffix ".nec" may be left out.
 ReadModel readModel(const QString& name);
-
-} // namespace cad
-
-#endif

@@ -8,21 +8,19 @@
 #include <algorithm>
 #include <array>
 
-namespace cad {
-
 namespace {
 
-constexpr int Margin = 12;
-constexpr int TextPixels = 13;
-constexpr int TriadLength = 34;
-constexpr double LongestBar = 0.22; // of the picture's width
+constexpr int margin = 12;
+constexpr int textPixels = 13;
+constexpr int triadLength = 34;
+constexpr double longestBar = 0.22; // of the picture's width
 
 void paintScaleBar(QPainter& painter, const Frame& frame, const QSize& size)
 {
     const double pixelsPerMetre = frame.camera.pixelsPerUnit(size) / frame.mesh->metres;
-    const double length = roundLength(LongestBar * size.width() / pixelsPerMetre);
+    const double length = roundLength(longestBar * size.width() / pixelsPerMetre);
     const int width = int(length * pixelsPerMetre);
-    const QPoint right(size.width() - Margin, size.height() - Margin);
+    const QPoint right(size.width() - margin, size.height() - margin);
     const QPoint left = right - QPoint(width, 0);
     const QPoint tick(0, 5);
     painter.drawLine(left, right);
@@ -31,7 +29,7 @@ void paintScaleBar(QPainter& painter, const Frame& frame, const QSize& size)
     const QRect place(left - QPoint(200, 26), QSize(width + 400, 20));
     const QString text = lengthText(length);
     const int half = painter.fontMetrics().horizontalAdvance(text) / 2;
-    const int middle = std::min(left.x() + width / 2, size.width() - Margin - half);
+    const int middle = std::min(left.x() + width / 2, size.width() - margin - half);
     painter.drawText(QPoint(middle - half, place.bottom() - 2), text);
 }
 
@@ -54,12 +52,12 @@ void paintTriad(QPainter& painter, const Frame& frame, const QSize& size)
     std::sort(axes.begin(), axes.end(), [](const Axis& left, const Axis& right) {
         return left.direction.z() < right.direction.z();
     });
-    const QPointF origin(Margin + TriadLength + 12, size.height() - Margin - TriadLength - 12);
+    const QPointF origin(margin + triadLength + 12, size.height() - margin - triadLength - 12);
     for (const Axis& axis : axes) {
         const QPointF tip(axis.direction.x(), -axis.direction.y());
         painter.setPen(QPen(QColor(frame.colours[axis.paint]), 2));
-        painter.drawLine(origin, origin + tip * TriadLength);
-        const QRectF place(origin + tip * (TriadLength + 9) - QPointF(10, 10), QSizeF(20, 20));
+        painter.drawLine(origin, origin + tip * triadLength);
+        const QRectF place(origin + tip * (triadLength + 9) - QPointF(10, 10), QSizeF(20, 20));
         painter.drawText(place, Qt::AlignCenter, QString(axis.name));
     }
 }
@@ -68,7 +66,7 @@ void paintTriad(QPainter& painter, const Frame& frame, const QSize& size)
 int paintLine(QPainter& painter, int top, const QString& text, const QColor& patch = QColor())
 {
     const int height = painter.fontMetrics().height();
-    int left = Margin;
+    int left = margin;
     if (patch.isValid()) {
         painter.fillRect(QRect(left, top + 3, height - 6, height - 6), patch);
         left += height;
@@ -88,10 +86,10 @@ void Overlay::paint(QPainter& painter, const Frame& frame, const QSize& size) co
 {
     // In pixels, so that it is as large in pictures as on the screen.
     QFont font = painter.font();
-    font.setPixelSize(TextPixels);
+    font.setPixelSize(textPixels);
     painter.setFont(font);
     painter.setPen(QColor(frame.colours.text));
-    int top = Margin;
+    int top = margin;
     for (const QString& line : lines) {
         top = paintLine(painter, top, line);
     }
@@ -129,5 +127,3 @@ Overlay overlayOf(const Scene& scene, const QString& title)
     }
     return overlay;
 }
-
-} // namespace cad

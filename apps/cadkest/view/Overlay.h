@@ -1,13 +1,10 @@
-#ifndef OVERLAY_H
-#define OVERLAY_H
+#pragma once
 
 #include "Renderer.h"
 
 #include <QStringList>
 
 class QPainter;
-
-namespace cad {
 
 /// What stands over the scene: how long things are, where the axes point, what the colours mean.
 struct Overlay
@@ -22,7 +19,3 @@ struct Overlay
 
 /// The overlay for a scene.
 Overlay overlayOf(const Scene& scene, const QString& title);
-
-} // namespace cad
-
-#endif

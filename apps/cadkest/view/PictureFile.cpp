@@ -5,9 +5,7 @@
 #include <QImage>
 #include <QSaveFile>
 
-namespace cad {
-
-QString savePicture(const QImage& image, const QString& path)
+QString writePicture(const QImage& image, const QString& path)
 {
     const QString name = suite::visiblePath(path);
     if (image.isNull()) {
@@ -19,5 +17,3 @@ QString savePicture(const QImage& image, const QString& path)
     }
     return QString();
 }
-
-} // namespace cad

@@ -4,12 +4,10 @@
 #include <cmath>
 #include <limits>
 
-namespace cad {
-
 namespace {
 
-constexpr float SmallestStep = 1.0F / (1 << 24); // of a depth buffer of 24 bits
-constexpr float LeastArea = 1e-6F;
+constexpr float smallestStep = 1.0F / (1 << 24); // of a depth buffer of 24 bits
+constexpr float leastArea = 1e-6F;
 
 // The first pixel whose middle is not before a coordinate, kept to a range.
 int firstPixel(double coordinate, int low, int high)
@@ -38,12 +36,12 @@ void Raster::paint(const RasterFace& face, float displacement)
     const RasterPoint u = {c.x - a.x, c.y - a.y, c.z - a.z};
     const RasterPoint v = {d.x - b.x, d.y - b.y, d.z - b.z};
     const float area = u.x * v.y - u.y * v.x;
-    if (!(std::abs(area) > LeastArea)) {
+    if (!(std::abs(area) > leastArea)) {
         return;
     }
     const float slopeX = -(u.y * v.z - u.z * v.y) / area;
     const float slopeY = -(u.z * v.x - u.x * v.z) / area;
-    const float bias = displacement * (std::max(std::abs(slopeX), std::abs(slopeY)) + SmallestStep);
+    const float bias = displacement * (std::max(std::abs(slopeX), std::abs(slopeY)) + smallestStep);
 
     const float top = std::min({a.y, b.y, c.y, d.y});
     const float bottom = std::max({a.y, b.y, c.y, d.y});
@@ -154,5 +152,3 @@ void Raster::paintAlong(const RasterLine& line, int width)
         }
     }
 }
-
-} // namespace cad

@@ -1,12 +1,9 @@
-#ifndef RASTER_H
-#define RASTER_H
+#pragma once
 
 #include <QtGui/qrgb.h>
 
 #include <array>
 #include <vector>
-
-namespace cad {
 
 /// A corner in the picture: pixels to the right and down, and depth away from the viewer, of which
 /// the whole scene takes from 0 to 1.
@@ -65,9 +62,5 @@ private:
     int m_firstRow = 0;
     int m_endRow = 0;
     std::vector<float> m_depths;
-    std::vector<Span> m_spans; // of the face being painted
+    std::vector<Span> m_spans; ///< of the face being painted
 };
-
-} // namespace cad
-
-#endif

@@ -1,5 +1,4 @@
-#ifndef RENDERER_H
-#define RENDERER_H
+#pragma once
 
 #include "Camera.h"
 #include "SceneColours.h"
@@ -9,8 +8,6 @@
 #include <QSize>
 
 #include <memory>
-
-namespace cad {
 
 /// Everything that decides what a picture looks like.
 struct Frame
@@ -35,7 +32,3 @@ public:
     /// A picture of the frame's size; null when it could not be drawn.
     virtual QImage render(const Frame& frame) = 0;
 };
-
-} // namespace cad
-
-#endif

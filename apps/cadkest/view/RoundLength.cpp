@@ -2,8 +2,6 @@
 
 #include <cmath>
 
-namespace cad {
-
 namespace {
 
 struct Unit
@@ -13,7 +11,7 @@ struct Unit
 };
 
 // clang-format off
-constexpr Unit Units[] = {
+constexpr Unit units[] = {
     {"km", 1e3},
     {"m",  1},
     {"cm", 1e-2},
@@ -22,15 +20,15 @@ constexpr Unit Units[] = {
 };
 // clang-format on
 
-constexpr double Tolerance = 1e-9; // 5 is not more than 5, whatever the last digits say
+constexpr double tolerance = 1e-9; // 5 is not more than 5, whatever the last digits say
 
 } // namespace
 
 double roundLength(double most)
 {
-    const double power = std::pow(10.0, std::floor(std::log10(most) + Tolerance));
+    const double power = std::pow(10.0, std::floor(std::log10(most) + tolerance));
     for (const double digit : {5.0, 2.0}) {
-        if (digit * power <= most * (1 + Tolerance)) {
+        if (digit * power <= most * (1 + tolerance)) {
             return digit * power;
         }
     }
@@ -39,9 +37,9 @@ double roundLength(double most)
 
 QString lengthText(double metres)
 {
-    const Unit* best = std::end(Units) - 1;
-    for (const Unit& unit : Units) {
-        if (metres >= unit.metres * (1 - Tolerance)) {
+    const Unit* best = std::end(units) - 1;
+    for (const Unit& unit : units) {
+        if (metres >= unit.metres * (1 - tolerance)) {
             best = &unit;
             break;
         }
@@ -49,5 +47,3 @@ QString lengthText(double metres)
     return QStringLiteral("%1 %2").arg(QString::number(metres / best->metres, 'g', 3),
                                        QString::fromUtf8(best->name));
 }
-
-} // namespace cad

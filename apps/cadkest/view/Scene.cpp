@@ -6,18 +6,16 @@
 
 #include <algorithm>
 
-namespace cad {
-
 namespace {
 
 // EX cards of these types sit at a segment; the others are waves that come from afar.
-constexpr int AppliedVoltage = 0;
-constexpr int CurrentSlope = 5;
+constexpr int appliedVoltage = 0;
+constexpr int currentSlope = 5;
 
 // LD cards of the other types are components at one place.
-constexpr int SeriesPerMetre = 2;
-constexpr int ParallelPerMetre = 3;
-constexpr int Conductivity = 5;
+constexpr int seriesPerMetre = 2;
+constexpr int parallelPerMetre = 3;
+constexpr int conductivity = 5;
 
 struct Place
 {
@@ -60,7 +58,7 @@ private:
 QVector<Place> feedPlaces(const suite::Card& card, const SegmentIndex& index)
 {
     const int type = card.integer(1);
-    if (type != AppliedVoltage && type != CurrentSlope) {
+    if (type != appliedVoltage && type != currentSlope) {
         return {};
     }
     return index.range(card.integer(2), card.integer(3), card.integer(3));
@@ -88,7 +86,7 @@ MarkKind kindOfLoad(const suite::Card& card)
 {
     const int type = card.integer(1);
     const bool isDistributed =
-        type == SeriesPerMetre || type == ParallelPerMetre || type == Conductivity;
+        type == seriesPerMetre || type == parallelPerMetre || type == conductivity;
     return isDistributed ? MarkKind::DistributedLoad : MarkKind::Load;
 }
 
@@ -160,5 +158,3 @@ Scene sceneOf(const suite::Model& model)
     removeRepeated(scene.marks);
     return scene;
 }
-
-} // namespace cad

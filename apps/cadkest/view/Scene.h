@@ -1,5 +1,4 @@
-#ifndef SCENE_H
-#define SCENE_H
+#pragma once
 
 #include <Structure.h>
 
@@ -8,8 +7,6 @@
 namespace suite {
 struct Model;
 }
-
-namespace cad {
 
 /// What happens at a segment besides conducting.
 enum class MarkKind {
@@ -41,7 +38,3 @@ struct Scene
 /// The scene of a model, or of what could be read of it: cards that name segments which are not
 /// there mark nothing.
 Scene sceneOf(const suite::Model& model);
-
-} // namespace cad
-
-#endif

@@ -4,8 +4,6 @@
 
 #include <algorithm>
 
-namespace cad {
-
 // clang-format off
 SceneColours SceneColours::light()
 {
@@ -46,7 +44,5 @@ QVector3D lightDirection()
 float brightness(const QVector3D& normal)
 {
     const float direct = std::max(0.0F, QVector3D::dotProduct(normal, lightDirection()));
-    return AmbientLight + (1 - AmbientLight) * direct;
+    return ambientLight + (1 - ambientLight) * direct;
 }
-
-} // namespace cad

@@ -1,5 +1,4 @@
-#ifndef SCENECOLOURS_H
-#define SCENECOLOURS_H
+#pragma once
 
 #include "SceneMesh.h"
 
@@ -9,14 +8,12 @@
 
 class QPalette;
 
-namespace cad {
-
 /// The colours of a picture.
 struct SceneColours
 {
     QRgb background;
     QRgb text;
-    std::array<QRgb, PaintCount> paints; ///< by Paint
+    std::array<QRgb, paintCount> paints; ///< by Paint
 
     [[nodiscard]] QRgb operator[](Paint paint) const { return paints.at(std::size_t(paint)); }
 
@@ -34,8 +31,4 @@ float brightness(const QVector3D& normal);
 /// Where the light comes from: right, up, towards the viewer; of length 1.
 QVector3D lightDirection();
 
-constexpr float AmbientLight = 0.42F;
-
-} // namespace cad
-
-#endif
+constexpr float ambientLight = 0.42F;

@@ -10,24 +10,22 @@
 #include <cmath>
 #include <limits>
 
-namespace cad {
-
 namespace {
 
 // In pixels, below which something is not worth drawing.
-constexpr float LeastTubeRadius = 0.6F;
-constexpr float LeastRibRadius = 3;
-constexpr float LeastRingDistance = 8;
+constexpr float leastTubeRadius = 0.6F;
+constexpr float leastRibRadius = 3;
+constexpr float leastRingDistance = 8;
 
 // In units of the mesh.
-constexpr float ReadableRadius = 0.006F;
-constexpr float ReadableToSegment = 0.1F; // so that dense structures do not grow together
-constexpr float FeedRadius = 0.022F;
-constexpr float LoadHalfEdge = 0.016F;
-constexpr float AxisLength = 0.3F;
-constexpr float FarthestOrigin = 2; // farther away, axes and ground would dwarf the structure
-constexpr float GroundMargin = 0.25F;
-constexpr float AboveGround = 0.002F; // keeps the axes apart from the lines on the ground
+constexpr float readableRadius = 0.006F;
+constexpr float readableToSegment = 0.1F; // so that dense structures do not grow together
+constexpr float feedRadius = 0.022F;
+constexpr float loadHalfEdge = 0.016F;
+constexpr float axisLength = 0.3F;
+constexpr float farthestOrigin = 2; // farther away, axes and ground would dwarf the structure
+constexpr float groundMargin = 0.25F;
+constexpr float aboveGround = 0.002F; // keeps the axes apart from the lines on the ground
 
 // The cube around the structure: where its middle is, and how large it is.
 class Box
@@ -135,7 +133,7 @@ private:
         const auto segment = float(wire.shortestSegment() / m_box.half());
         return m_thickness == Thickness::True
                    ? radius
-                   : std::max(radius, std::min(ReadableRadius, segment * ReadableToSegment));
+                   : std::max(radius, std::min(readableRadius, segment * readableToSegment));
     }
 
     void addMarks()
@@ -147,9 +145,9 @@ private:
                                      2;
             const float thickness = drawnRadius(wire);
             if (mark.kind == MarkKind::Feed) {
-                m_builder.addBall(middle, std::max(FeedRadius, thickness * 1.6F), Paint::Feed);
+                m_builder.addBall(middle, std::max(feedRadius, thickness * 1.6F), Paint::Feed);
             } else if (mark.kind == MarkKind::Load) {
-                m_builder.addCube(middle, std::max(LoadHalfEdge, thickness * 1.3F), Paint::Load);
+                m_builder.addCube(middle, std::max(loadHalfEdge, thickness * 1.3F), Paint::Load);
             }
         }
     }
@@ -157,9 +155,9 @@ private:
     void addSurroundings()
     {
         const QVector3D origin = m_box.scaled({0, 0, 0});
-        const bool hasGround = m_scene.hasGround && std::abs(origin.z()) < FarthestOrigin;
-        if (origin.length() < FarthestOrigin) {
-            addAxes(hasGround ? origin + QVector3D(0, 0, AboveGround) : origin);
+        const bool hasGround = m_scene.hasGround && std::abs(origin.z()) < farthestOrigin;
+        if (origin.length() < farthestOrigin) {
+            addAxes(hasGround ? origin + QVector3D(0, 0, aboveGround) : origin);
         }
         if (hasGround) {
             addGround(origin);
@@ -168,18 +166,18 @@ private:
 
     void addAxes(const QVector3D& origin)
     {
-        m_builder.addLine(origin, origin + QVector3D(AxisLength, 0, 0), Paint::AxisX);
-        m_builder.addLine(origin, origin + QVector3D(0, AxisLength, 0), Paint::AxisY);
-        m_builder.addLine(origin, origin + QVector3D(0, 0, AxisLength), Paint::AxisZ);
+        m_builder.addLine(origin, origin + QVector3D(axisLength, 0, 0), Paint::AxisX);
+        m_builder.addLine(origin, origin + QVector3D(0, axisLength, 0), Paint::AxisY);
+        m_builder.addLine(origin, origin + QVector3D(0, 0, axisLength), Paint::AxisZ);
     }
 
     void addGround(const QVector3D& origin)
     {
         // The lines lie at round distances from the origin, if that is near.
-        const QVector3D margin(GroundMargin, GroundMargin, 0);
+        const QVector3D margin(groundMargin, groundMargin, 0);
         const auto step = float(roundLength(m_box.half() / 4) / m_box.half());
         const QVector3D start =
-            origin.length() < FarthestOrigin ? origin : QVector3D(0, 0, origin.z());
+            origin.length() < farthestOrigin ? origin : QVector3D(0, 0, origin.z());
         m_builder.addGround(m_box.corner(-1) - margin, m_box.corner(1) + margin, step, start);
     }
 
@@ -199,10 +197,8 @@ SceneMesh meshOf(const Scene& scene, Thickness thickness)
 }
 
 MeshDetail::MeshDetail(const SceneMesh& mesh, double pixelsPerUnit)
-    : tubes(countAtLeast(mesh.tubes, LeastTubeRadius / float(pixelsPerUnit)))
-    , firstCore(countAtLeast(mesh.cores, LeastTubeRadius / float(pixelsPerUnit)))
-    , ribs(countAtLeast(mesh.ribs, LeastRibRadius / float(pixelsPerUnit)))
-    , rings(countAtLeast(mesh.rings, LeastRingDistance / float(pixelsPerUnit)))
+    : tubes(countAtLeast(mesh.tubes, leastTubeRadius / float(pixelsPerUnit)))
+    , firstCore(countAtLeast(mesh.cores, leastTubeRadius / float(pixelsPerUnit)))
+    , ribs(countAtLeast(mesh.ribs, leastRibRadius / float(pixelsPerUnit)))
+    , rings(countAtLeast(mesh.rings, leastRingDistance / float(pixelsPerUnit)))
 {}
-
-} // namespace cad

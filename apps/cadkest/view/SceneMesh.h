@@ -1,18 +1,15 @@
-#ifndef SCENEMESH_H
-#define SCENEMESH_H
+#pragma once
 
 #include <QVector3D>
 
 #include <array>
 #include <vector>
 
-namespace cad {
-
 struct Scene;
 
 /// What a face or a line is painted as; the colours are SceneColours' business.
 enum class Paint : quint8 { Wire, Feed, Load, Ground, Edge, Grid, AxisX, AxisY, AxisZ };
-constexpr int PaintCount = 9;
+constexpr int paintCount = 9;
 
 /// A flat face with four corners, anticlockwise seen from its front; the last two are equal in a
 /// triangle. Only its front is painted.
@@ -85,7 +82,3 @@ struct MeshDetail
     std::size_t ribs;
     std::size_t rings;
 };
-
-} // namespace cad
-
-#endif

@@ -11,12 +11,10 @@
 #include <QPainter>
 #include <QWheelEvent>
 
-namespace cad {
-
 namespace {
 
-constexpr int RestMilliseconds = 150;
-constexpr int GreatestDisplacement = 32;
+constexpr int restMilliseconds = 150;
+constexpr int greatestDisplacement = 32;
 
 } // namespace
 
@@ -30,7 +28,7 @@ SceneView::SceneView(QWidget* parent) : QWidget(parent), m_spaceMouse(SpaceMouse
     rebuildMesh();
     makeCanvas();
     m_rest.setSingleShot(true);
-    m_rest.setInterval(RestMilliseconds);
+    m_rest.setInterval(restMilliseconds);
     connect(&m_rest, &QTimer::timeout, this, [this] {
         m_frame.isSmooth = true;
         m_canvas->update();
@@ -87,7 +85,7 @@ QString SceneView::setRendering(Rendering rendering)
 
 void SceneView::setFaceDisplacement(int displacement)
 {
-    m_frame.faceDisplacement = qBound(0, displacement, GreatestDisplacement);
+    m_frame.faceDisplacement = qBound(0, displacement, greatestDisplacement);
     redraw();
 }
 
@@ -223,5 +221,3 @@ QImage pictureOf(const Frame& frame, const Overlay& overlay)
     }
     return image;
 }
-
-} // namespace cad

@@ -1,5 +1,4 @@
-#ifndef SCENEVIEW_H
-#define SCENEVIEW_H
+#pragma once
 
 #include "Overlay.h"
 #include "Renderer.h"
@@ -11,8 +10,6 @@
 #include <QWidget>
 
 #include <memory>
-
-namespace cad {
 
 class SpaceMouse;
 
@@ -102,7 +99,3 @@ private:
 
 /// Draws a frame by software, with everything over it.
 QImage pictureOf(const Frame& frame, const Overlay& overlay);
-
-} // namespace cad
-
-#endif

@@ -7,12 +7,10 @@
 #include <functional>
 #include <numeric>
 
-namespace cad {
-
 namespace {
 
-constexpr int Parts = 8;  // of the elements, sorted into bands at the same time
-constexpr int Bands = 16; // of the picture, painted at the same time
+constexpr int partCount = 8;  // of the elements, sorted into bands at the same time
+constexpr int bandCount = 16; // of the picture, painted at the same time
 
 // Calls a function with 0 to below count, on all cores; returns when all calls have.
 void forEachAtOnce(int count, const std::function<void(int)>& function)
@@ -25,7 +23,7 @@ void forEachAtOnce(int count, const std::function<void(int)>& function)
 // The begin and end of one of the parts of so many things.
 std::pair<std::size_t, std::size_t> partOf(std::size_t count, int part)
 {
-    return {count * std::size_t(part) / Parts, count * std::size_t(part + 1) / Parts};
+    return {count * std::size_t(part) / partCount, count * std::size_t(part + 1) / partCount};
 }
 
 QRgb shaded(QRgb colour, float light)
@@ -43,12 +41,12 @@ QImage SoftwarePicture::draw(const Frame& frame, int enlargement)
     if (image.isNull()) {
         return image;
     }
-    m_bandHeight = (m_size.height() + Bands - 1) / Bands;
-    m_bins.resize(std::size_t(Parts) * Bands);
-    m_rasters.resize(Bands);
+    m_bandHeight = (m_size.height() + bandCount - 1) / bandCount;
+    m_bins.resize(std::size_t(partCount) * bandCount);
+    m_rasters.resize(bandCount);
     project(frame, m_size);
-    forEachAtOnce(Parts, [&](int part) {
-        for (int band = 0; band < Bands; ++band) {
+    forEachAtOnce(partCount, [&](int part) {
+        for (int band = 0; band < bandCount; ++band) {
             bin(part, band).faces.clear();
             bin(part, band).lines.clear();
         }
@@ -56,7 +54,7 @@ QImage SoftwarePicture::draw(const Frame& frame, int enlargement)
         sortLines(frame, part);
     });
     auto* pixels = reinterpret_cast<QRgb*>(image.bits());
-    forEachAtOnce(Bands, [&](int band) { paintBand(pixels, frame, band, enlargement); });
+    forEachAtOnce(bandCount, [&](int band) { paintBand(pixels, frame, band, enlargement); });
     return image;
 }
 
@@ -68,7 +66,7 @@ void SoftwarePicture::project(const Frame& frame, const QSize& size)
     window.translate(1, -1, 1);
     const QMatrix4x4 matrix = window * frame.camera.projection(frame.size, mesh.radius);
     m_points.resize(mesh.points.size());
-    forEachAtOnce(Parts, [&](int part) {
+    forEachAtOnce(partCount, [&](int part) {
         const float* m = matrix.constData(); // by columns
         const auto [begin, end] = partOf(mesh.points.size(), part);
         for (std::size_t i = begin; i < end; ++i) {
@@ -162,12 +160,12 @@ void SoftwarePicture::paintBand(QRgb* pixels, const Frame& frame, int band, int 
     Raster& raster = m_rasters[std::size_t(band)];
     raster.begin(pixels + std::size_t(first) * std::size_t(m_size.width()), m_size.width(), first,
                  end, frame.colours.background);
-    for (int part = 0; part < Parts; ++part) {
+    for (int part = 0; part < partCount; ++part) {
         for (const RasterFace& face : bin(part, band).faces) {
             raster.paint(face, float(frame.faceDisplacement));
         }
     }
-    for (int part = 0; part < Parts; ++part) {
+    for (int part = 0; part < partCount; ++part) {
         for (const RasterLine& line : bin(part, band).lines) {
             raster.paint(line, lineWidth);
         }
@@ -176,12 +174,10 @@ void SoftwarePicture::paintBand(QRgb* pixels, const Frame& frame, int band, int 
 
 int SoftwarePicture::bandOf(float y) const
 {
-    return int(std::clamp(y / float(m_bandHeight), 0.0F, float(Bands - 1)));
+    return int(std::clamp(y / float(m_bandHeight), 0.0F, float(bandCount - 1)));
 }
 
 SoftwarePicture::Bin& SoftwarePicture::bin(int part, int band)
 {
-    return m_bins[std::size_t(part) * Bands + std::size_t(band)];
+    return m_bins[std::size_t(part) * bandCount + std::size_t(band)];
 }
-
-} // namespace cad

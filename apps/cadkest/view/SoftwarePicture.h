@@ -1,12 +1,9 @@
-#ifndef SOFTWAREPICTURE_H
-#define SOFTWAREPICTURE_H
+#pragma once
 
 #include "Raster.h"
 #include "Renderer.h"
 
 #include <vector>
-
-namespace cad {
 
 /// One picture in the making: the mesh is projected, its elements are sorted into horizontal bands,
 /// and the bands are painted, each step on all cores.
@@ -37,10 +34,6 @@ private:
     QSize m_size;
     int m_bandHeight = 1;
     std::vector<RasterPoint> m_points;
-    std::vector<Bin> m_bins; // those of a part together
+    std::vector<Bin> m_bins; ///< those of a part together
     std::vector<Raster> m_rasters;
 };
-
-} // namespace cad
-
-#endif

@@ -2,8 +2,6 @@
 
 #include "SoftwarePicture.h"
 
-namespace cad {
-
 SoftwareRenderer::SoftwareRenderer() : m_picture(std::make_unique<SoftwarePicture>())
 {}
 
@@ -17,5 +15,3 @@ QImage SoftwareRenderer::render(const Frame& frame)
     return m_picture->draw(frame, 2).scaled(frame.size, Qt::IgnoreAspectRatio,
                                             Qt::SmoothTransformation);
 }
-
-} // namespace cad

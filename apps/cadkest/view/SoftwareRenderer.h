@@ -1,9 +1,6 @@
-#ifndef SOFTWARERENDERER_H
-#define SOFTWARERENDERER_H
+#pragma once
 
 #include "Renderer.h"
-
-namespace cad {
 
 class SoftwarePicture;
 
@@ -17,9 +14,5 @@ public:
     QImage render(const Frame& frame) override;
 
 private:
-    std::unique_ptr<SoftwarePicture> m_picture; // keeps its memory from frame to frame
+    std::unique_ptr<SoftwarePicture> m_picture; ///< keeps its memory from frame to frame
 };
-
-} // namespace cad
-
-#endif

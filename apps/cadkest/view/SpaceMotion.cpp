@@ -8,17 +8,15 @@
 
 #include <cmath>
 
-namespace cad {
-
 namespace {
 
-constexpr double FullDeflection = 350;
-constexpr double UsualSensitivity = 50;
-constexpr double GreatestSensitivity = 1000;
-constexpr double TurnsPerSecond = 0.3;
-constexpr double ViewsPerSecond = 0.7; // of the picture's height
-constexpr double DoublingsPerSecond = 1.2;
-constexpr int LongestStep = 100; // milliseconds: the first message after a rest counts the rest
+constexpr double fullDeflection = 350;
+constexpr double usualSensitivity = 50;
+constexpr double greatestSensitivity = 1000;
+constexpr double turnsPerSecond = 0.3;
+constexpr double viewsPerSecond = 0.7; // of the picture's height
+constexpr double doublingsPerSecond = 1.2;
+constexpr int longestStep = 100; // milliseconds: the first message after a rest counts the rest
 
 } // namespace
 
@@ -27,13 +25,11 @@ void apply(const SpaceMotion& motion, double sensitivity, Camera& camera, const 
     if (!std::isfinite(sensitivity)) {
         return;
     }
-    const double seconds = qBound(0, motion.milliseconds, LongestStep) / 1000.0;
+    const double seconds = qBound(0, motion.milliseconds, longestStep) / 1000.0;
     const double step =
-        seconds * qBound(0.0, sensitivity, GreatestSensitivity) / UsualSensitivity / FullDeflection;
-    const double pixels = step * ViewsPerSecond * size.height();
+        seconds * qBound(0.0, sensitivity, greatestSensitivity) / usualSensitivity / fullDeflection;
+    const double pixels = step * viewsPerSecond * size.height();
     camera.pan({motion.move.x() * pixels, -motion.move.y() * pixels}, size);
-    camera.zoom(std::exp2(motion.move.z() * step * DoublingsPerSecond));
-    camera.rotate(motion.turn * float(step * TurnsPerSecond * 2 * M_PI));
+    camera.zoom(std::exp2(motion.move.z() * step * doublingsPerSecond));
+    camera.rotate(motion.turn * float(step * turnsPerSecond * 2 * M_PI));
 }
-
-} // namespace cad

@@ -1,12 +1,9 @@
-#ifndef SPACEMOTION_H
-#define SPACEMOTION_H
+#pragma once
 
 #include <QMetaType>
 #include <QVector3D>
 
 class QSize;
-
-namespace cad {
 
 class Camera;
 
@@ -23,8 +20,4 @@ struct SpaceMotion
 /// sensitivity is that of common_3DMouseOptions: 50 is usual, 100 twice as fast.
 void apply(const SpaceMotion& motion, double sensitivity, Camera& camera, const QSize& size);
 
-} // namespace cad
-
-Q_DECLARE_METATYPE(cad::SpaceMotion)
-
-#endif
+Q_DECLARE_METATYPE(SpaceMotion)

@@ -1,13 +1,10 @@
-#ifndef SPACEMOUSE_H
-#define SPACEMOUSE_H
+#pragma once
 
 #include "SpaceMotion.h"
 
 #include <QObject>
 
 #include <memory>
-
-namespace cad {
 
 /// A 3D mouse.
 class SpaceMouse : public QObject
@@ -19,10 +16,6 @@ public:
     static std::unique_ptr<SpaceMouse> create();
 
 Q_SIGNALS:
-    void moved(const cad::SpaceMotion& motion);
+    void moved(const SpaceMotion& motion);
     void fitRequested(); ///< a button was pressed
 };
-
-} // namespace cad
-
-#endif

@@ -1,10 +1,6 @@
 #include "SpaceMouse.h"
 
-namespace cad {
-
 std::unique_ptr<SpaceMouse> SpaceMouse::create()
 {
     return nullptr;
 }
-
-} // namespace cad

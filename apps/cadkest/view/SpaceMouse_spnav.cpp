@@ -4,8 +4,6 @@
 
 #include <spnav.h>
 
-namespace cad {
-
 namespace {
 
 // The connection to the daemon, of which a process has one.
@@ -63,5 +61,3 @@ std::unique_ptr<SpaceMouse> SpaceMouse::create()
     }
     return std::make_unique<SpnavMouse>(spnav_fd());
 }
-
-} // namespace cad

@@ -10,15 +10,15 @@
 #include <cmath>
 #include <optional>
 
-namespace cad::ViewControls {
+namespace ViewControls {
 
 namespace {
 
-constexpr double DegreesPerPixel = 0.5;
-constexpr double KeyDegrees = 10;
-constexpr double KeyMove = 0.1; // of the view's height
-constexpr double KeyZoom = 1.25;
-constexpr double WheelStep = 120;
+constexpr double degreesPerPixel = 0.5;
+constexpr double keyDegrees = 10;
+constexpr double keyMove = 0.1; // of the view's height
+constexpr double keyZoom = 1.25;
+constexpr double wheelStep = 120;
 
 struct DirectionKey
 {
@@ -26,7 +26,7 @@ struct DirectionKey
     Direction direction;
 };
 
-constexpr DirectionKey DirectionKeys[] = {
+constexpr DirectionKey directionKeys[] = {
     {Qt::Key_0, Direction::Isometric},
     {Qt::Key_1, Direction::Y},
     {Qt::Key_3, Direction::X},
@@ -56,9 +56,9 @@ std::optional<double> zoomFactor(int key)
     switch (key) {
     case Qt::Key_Plus:
     case Qt::Key_Equal: // the same key without Shift, on many keyboards
-        return KeyZoom;
+        return keyZoom;
     case Qt::Key_Minus:
-        return 1 / KeyZoom;
+        return 1 / keyZoom;
     default:
         return std::nullopt;
     }
@@ -66,9 +66,9 @@ std::optional<double> zoomFactor(int key)
 
 bool lookFrom(Camera& camera, int key, const SceneMesh& mesh, const QSize& size)
 {
-    const auto* found = std::find_if(std::begin(DirectionKeys), std::end(DirectionKeys),
+    const auto* found = std::find_if(std::begin(directionKeys), std::end(directionKeys),
                                      [key](const DirectionKey& each) { return each.key == key; });
-    if (found == std::end(DirectionKeys)) {
+    if (found == std::end(directionKeys)) {
         return false;
     }
     camera.lookFrom(found->direction);
@@ -86,13 +86,13 @@ void drag(Camera& camera, const QPointF& pixels, Qt::MouseButtons buttons,
     if (isMove) {
         camera.pan(pixels, size);
     } else {
-        camera.turn(pixels * qDegreesToRadians(DegreesPerPixel));
+        camera.turn(pixels * qDegreesToRadians(degreesPerPixel));
     }
 }
 
 void wheel(Camera& camera, int angle, const QPointF& place, const QSize& size)
 {
-    camera.zoom(std::pow(KeyZoom, angle / WheelStep), place, size);
+    camera.zoom(std::pow(keyZoom, angle / wheelStep), place, size);
 }
 
 bool key(Camera& camera, int key, Qt::KeyboardModifiers modifiers, const SceneMesh& mesh,
@@ -103,9 +103,9 @@ bool key(Camera& camera, int key, Qt::KeyboardModifiers modifiers, const SceneMe
     }
     if (const auto direction = arrow(key)) {
         if (modifiers.testFlag(Qt::ShiftModifier)) {
-            camera.pan(*direction * KeyMove * size.height(), size);
+            camera.pan(*direction * keyMove * size.height(), size);
         } else {
-            camera.turn(*direction * qDegreesToRadians(KeyDegrees));
+            camera.turn(*direction * qDegreesToRadians(keyDegrees));
         }
         return true;
     }
@@ -120,4 +120,4 @@ bool key(Camera& camera, int key, Qt::KeyboardModifiers modifiers, const SceneMe
     return lookFrom(camera, key, mesh, size);
 }
 
-} // namespace cad::ViewControls
+} // namespace ViewControls

@@ -1,12 +1,9 @@
-#ifndef VIEWCONTROLS_H
-#define VIEWCONTROLS_H
+#pragma once
 
 #include <qnamespace.h>
 
 class QPointF;
 class QSize;
-
-namespace cad {
 
 class Camera;
 struct SceneMesh;
@@ -29,7 +26,3 @@ bool key(Camera& camera, int key, Qt::KeyboardModifiers modifiers, const SceneMe
          const QSize& size);
 
 } // namespace ViewControls
-
-} // namespace cad
-
-#endif

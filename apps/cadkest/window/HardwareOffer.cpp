@@ -6,13 +6,11 @@
 
 #include <common_InitialRenderingSettingsDialog.h>
 
-namespace cad {
-
 namespace {
 
 // The results of the box, by its buttons.
-constexpr int Kept = 0;
-constexpr int Refused = 1;
+constexpr int kept = 0;
+constexpr int refused = 1;
 
 } // namespace
 
@@ -50,9 +48,9 @@ void HardwareOffer::confirm()
         return;
     }
     connect(m_dialog.get(), &QDialog::finished, this,
-            [this](int result) { finish(result == Kept); });
+            [this](int result) { finish(result == kept); });
     connect(m_window->view(), &SceneView::hardwareFailed, m_dialog.get(),
-            [this] { m_dialog->done(Refused); });
+            [this] { m_dialog->done(refused); });
     m_dialog->Keep();
 }
 
@@ -66,5 +64,3 @@ void HardwareOffer::finish(bool isKept)
     }
     Q_EMIT answered();
 }
-
-} // namespace cad

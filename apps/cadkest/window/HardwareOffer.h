@@ -1,13 +1,10 @@
-#ifndef HARDWAREOFFER_H
-#define HARDWAREOFFER_H
+#pragma once
 
 #include <QObject>
 
 #include <memory>
 
 class common_InitialRenderingSettingsDialog;
-
-namespace cad {
 
 class MainWindow;
 class RenderingSettings;
@@ -42,7 +39,3 @@ private:
     RenderingSwitch* m_switch;
     std::unique_ptr<common_InitialRenderingSettingsDialog> m_dialog;
 };
-
-} // namespace cad
-
-#endif

@@ -6,19 +6,17 @@
 
 #include <utility>
 
-namespace cad {
-
 namespace {
 
-constexpr int UsualPatience = 20000;
-constexpr int KillPatience = 1000; // the system may hold a process that waits for a device
-constexpr int LongestReason = 300; // drivers have been seen to print pages
+constexpr int usualPatience = 20000;
+constexpr int killPatience = 1000; // the system may hold a process that waits for a device
+constexpr int longestReason = 300; // drivers have been seen to print pages
 
 // The program prints its reason last.
 QString reasonOf(const QByteArray& output)
 {
     const QString text = QString::fromLocal8Bit(output).trimmed();
-    const QString last = text.section(QLatin1Char('\n'), -1).left(LongestReason);
+    const QString last = text.section(QLatin1Char('\n'), -1).left(longestReason);
     return last.isEmpty() ? QStringLiteral("OpenGL does not work") : suite::visibleText(last);
 }
 
@@ -35,7 +33,7 @@ QString errorOf(QProcess& process)
 HardwareProbe::HardwareProbe(QString program) : m_program(std::move(program))
 {
     m_patience.setSingleShot(true);
-    m_patience.setInterval(UsualPatience);
+    m_patience.setInterval(usualPatience);
     connect(&m_patience, &QTimer::timeout, this,
             [this] { finish(QStringLiteral("OpenGL gave no answer when it was tried")); });
 }
@@ -77,7 +75,7 @@ void HardwareProbe::end()
     QProcess* const process = m_process.release();
     process->disconnect(this);
     process->kill();
-    process->waitForFinished(KillPatience);
+    process->waitForFinished(killPatience);
     if (process->state() == QProcess::NotRunning) {
         process->deleteLater(); // its signal may be the one that is being followed
     } else {
@@ -92,5 +90,3 @@ void HardwareProbe::finish(const QString& error)
     end();
     Q_EMIT answered(error);
 }
-
-} // namespace cad

@@ -1,5 +1,4 @@
-#ifndef HARDWAREPROBE_H
-#define HARDWAREPROBE_H
+#pragma once
 
 #include <QObject>
 #include <QString>
@@ -8,8 +7,6 @@
 #include <memory>
 
 class QProcess;
-
-namespace cad {
 
 /// Tries hardware rendering in a process of its own: a driver that crashes or never answers does so
 /// there, and the window goes on.
@@ -45,7 +42,3 @@ private:
     QTimer m_patience;
     std::unique_ptr<QProcess> m_process;
 };
-
-} // namespace cad
-
-#endif

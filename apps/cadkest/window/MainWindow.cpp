@@ -17,12 +17,10 @@
 
 #include <array>
 
-namespace cad {
-
 namespace {
 
-constexpr int MostErrorsShown = 5;
-constexpr int StatusMargin = 6; // a maximised window has no grip that keeps the text from its edge
+constexpr int mostErrorsShown = 5;
+constexpr int statusMargin = 6; // a maximised window has no grip that keeps the text from its edge
 
 QLabel* makeMessage(const QString& name, QWidget* parent)
 {
@@ -72,7 +70,7 @@ MainWindow::MainWindow(QWidget* parent)
     layout->addWidget(m_view, 1);
     setCentralWidget(centre);
     m_renderingName->setObjectName(QStringLiteral("renderingName"));
-    m_renderingName->setContentsMargins(0, 0, StatusMargin, 0);
+    m_renderingName->setContentsMargins(0, 0, statusMargin, 0);
     statusBar()->addPermanentWidget(m_renderingName);
     makeMenus();
     tellRendering(QString());
@@ -196,7 +194,7 @@ void MainWindow::tellErrors(const QString& name, const QStringList& errors, bool
         setMessage(m_modelMessage, QString());
         return;
     }
-    QStringList lines = errors.mid(0, MostErrorsShown);
+    QStringList lines = errors.mid(0, mostErrorsShown);
     if (errors.size() > lines.size()) {
         lines.append(QStringLiteral("and %1 more").arg(errors.size() - lines.size()));
     }
@@ -235,10 +233,8 @@ void MainWindow::savePicture()
     if (name.isEmpty()) {
         return;
     }
-    const QString error = cad::savePicture(m_view->picture(), name);
+    const QString error = writePicture(m_view->picture(), name);
     statusBar()->showMessage(error.isEmpty()
                                  ? QStringLiteral("%1 is saved").arg(suite::visiblePath(name))
                                  : QStringLiteral("The picture is not saved: %1").arg(error));
 }
-
-} // namespace cad

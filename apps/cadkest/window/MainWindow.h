@@ -1,5 +1,4 @@
-#ifndef MAINWINDOW_H
-#define MAINWINDOW_H
+#pragma once
 
 #include "SceneView.h"
 
@@ -7,8 +6,6 @@
 
 class QLabel;
 class QMenu;
-
-namespace cad {
 
 class ModelWatcher;
 
@@ -67,7 +64,3 @@ private:
     ModelWatcher* m_watcher;
     QString m_path;
 };
-
-} // namespace cad
-
-#endif

@@ -2,18 +2,16 @@
 
 #include <QFileInfo>
 
-namespace cad {
-
 namespace {
 
-constexpr int PauseMilliseconds = 150;
+constexpr int pauseMilliseconds = 150;
 
 } // namespace
 
 ModelWatcher::ModelWatcher(QObject* parent) : QObject(parent)
 {
     m_pause.setSingleShot(true);
-    m_pause.setInterval(PauseMilliseconds);
+    m_pause.setInterval(pauseMilliseconds);
     connect(&m_pause, &QTimer::timeout, this, &ModelWatcher::check);
     connect(&m_watcher, &QFileSystemWatcher::fileChanged, this, [this] {
         m_isWritten = true;
@@ -62,5 +60,3 @@ void ModelWatcher::addPaths()
         m_watcher.addPath(folder);
     }
 }
-
-} // namespace cad

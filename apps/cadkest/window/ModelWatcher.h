@@ -1,11 +1,8 @@
-#ifndef MODELWATCHER_H
-#define MODELWATCHER_H
+#pragma once
 
 #include <QDateTime>
 #include <QFileSystemWatcher>
 #include <QTimer>
-
-namespace cad {
 
 /// Tells when a file has been written, replaced, removed or made again.
 class ModelWatcher : public QObject
@@ -33,7 +30,3 @@ private:
     QDateTime m_time;
     qint64 m_size = 0;
 };
-
-} // namespace cad
-
-#endif

@@ -6,8 +6,6 @@
 
 #include <common_recent_file_settings.h>
 
-namespace cad {
-
 RecentMenu::RecentMenu(MainWindow* window, common_recent_file_settings* settings)
     : QMenu(QStringLiteral("Open &recent"), window), m_window(window), m_settings(settings)
 {
@@ -32,5 +30,3 @@ void RecentMenu::list()
         addAction(QStringLiteral("No recent files"))->setEnabled(false);
     }
 }
-
-} // namespace cad

@@ -1,11 +1,8 @@
-#ifndef RECENTMENU_H
-#define RECENTMENU_H
+#pragma once
 
 #include <QMenu>
 
 class common_recent_file_settings;
-
-namespace cad {
 
 class MainWindow;
 
@@ -24,7 +21,3 @@ private:
     MainWindow* m_window;
     common_recent_file_settings* m_settings;
 };
-
-} // namespace cad
-
-#endif

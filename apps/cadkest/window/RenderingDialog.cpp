@@ -10,11 +10,9 @@
 #include <QSlider>
 #include <QVBoxLayout>
 
-namespace cad {
-
 namespace {
 
-constexpr int OneSlider = 1; // the mode of the widget
+constexpr int oneSlider = 1; // the mode of the widget
 
 } // namespace
 
@@ -22,7 +20,7 @@ RenderingDialog::RenderingDialog(SceneView* view, RenderingSettings* settings, Q
     : QDialog(parent)
     , m_view(view)
     , m_settings(settings)
-    , m_widget(new common_RenderingSettingsWidget(this, nullptr, {}, OneSlider))
+    , m_widget(new common_RenderingSettingsWidget(this, nullptr, {}, oneSlider))
 {
     setObjectName(QStringLiteral("renderingDialog"));
     setWindowTitle(QStringLiteral("Rendering"));
@@ -77,5 +75,3 @@ void RenderingDialog::apply()
     m_settings->writeSettings();
     Q_EMIT applied();
 }
-
-} // namespace cad

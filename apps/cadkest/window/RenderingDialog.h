@@ -1,13 +1,10 @@
-#ifndef RENDERINGDIALOG_H
-#define RENDERINGDIALOG_H
+#pragma once
 
 #include "SceneView.h"
 
 #include <QDialog>
 
 class common_RenderingSettingsWidget;
-
-namespace cad {
 
 class RenderingSettings;
 
@@ -36,7 +33,3 @@ private:
     RenderingSettings* m_settings;
     common_RenderingSettingsWidget* m_widget;
 };
-
-} // namespace cad
-
-#endif

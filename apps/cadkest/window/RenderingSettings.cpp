@@ -1,10 +1,8 @@
 #include "RenderingSettings.h"
 
-namespace cad {
-
 namespace {
 
-constexpr int GreatestDisplacement = 32;
+constexpr int greatestDisplacement = 32;
 
 const QString hardwareKey = QStringLiteral("HardwareRendering");
 const QString displacementKey = QStringLiteral("FaceDisplacement");
@@ -31,7 +29,7 @@ void RenderingSettings::doReadSettings(QSettings& settings)
     rendering =
         settings.value(hardwareKey, false).toBool() ? Rendering::Hardware : Rendering::Software;
     faceDisplacement =
-        qBound(0, settings.value(displacementKey, faceDisplacement).toInt(), GreatestDisplacement);
+        qBound(0, settings.value(displacementKey, faceDisplacement).toInt(), greatestDisplacement);
     wasAsked = settings.value(askedKey, false).toBool();
     isUnproven = settings.value(unprovenKey, false).toBool();
 }
@@ -43,5 +41,3 @@ void RenderingSettings::doWriteSettings(QSettings& settings)
     settings.setValue(askedKey, wasAsked);
     settings.setValue(unprovenKey, isUnproven);
 }
-
-} // namespace cad

@@ -1,11 +1,8 @@
-#ifndef RENDERINGSETTINGS_H
-#define RENDERINGSETTINGS_H
+#pragma once
 
 #include "SceneView.h"
 
 #include <common_settings.h>
-
-namespace cad {
 
 /// How the user wants models drawn: the group "rendering" of the application's settings file.
 class RenderingSettings : public common_settings
@@ -27,7 +24,3 @@ protected:
     void doReadSettings(QSettings& settings) override;
     void doWriteSettings(QSettings& settings) override;
 };
-
-} // namespace cad
-
-#endif

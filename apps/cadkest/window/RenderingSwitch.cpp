@@ -5,8 +5,6 @@
 
 #include <QStatusBar>
 
-namespace cad {
-
 RenderingSwitch::RenderingSwitch(MainWindow* window, RenderingSettings* settings,
                                  const QString& program)
     : m_window(window), m_settings(settings), m_probe(program)
@@ -71,5 +69,3 @@ void RenderingSwitch::setUnproven(bool isUnproven)
         m_settings->writeSettings();
     }
 }
-
-} // namespace cad

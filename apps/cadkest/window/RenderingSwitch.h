@@ -1,10 +1,7 @@
-#ifndef RENDERINGSWITCH_H
-#define RENDERINGSWITCH_H
+#pragma once
 
 #include "HardwareProbe.h"
 #include "SceneView.h"
-
-namespace cad {
 
 class MainWindow;
 class RenderingSettings;
@@ -45,7 +42,3 @@ private:
     RenderingSettings* m_settings;
     HardwareProbe m_probe;
 };
-
-} // namespace cad
-
-#endif

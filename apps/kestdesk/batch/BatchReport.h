@@ -1,5 +1,4 @@
-#ifndef BATCHREPORT_H
-#define BATCHREPORT_H
+#pragma once
 
 #include "RunOutcome.h"
 #include "Terminal.h"
@@ -47,7 +46,5 @@ private:
     QStringList m_files;
     int m_percentage = 0;
     int m_totalPercentage = 0;
-    int m_counts[common_IProcessMessage::Variable + 1] = {}; // by message type
+    int m_counts[common_IProcessMessage::Variable + 1] = {}; ///< by message type
 };
-
-#endif

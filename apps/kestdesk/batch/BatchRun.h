@@ -1,5 +1,4 @@
-#ifndef BATCHRUN_H
-#define BATCHRUN_H
+#pragma once
 
 #include "BatchReport.h"
 #include "BatchRunner.h"
@@ -54,5 +53,3 @@ private:
     common_ActivePtr<BatchRunner> m_runner;
     QString m_component;
 };
-
-#endif

@@ -88,7 +88,7 @@ void BatchSession::stop()
 void BatchSession::kill()
 {
     m_killed = true;
-    if (m_ending.isGoingOn()) {
+    if (m_ending.isActive()) {
         m_ending.hurry();
     } else if (m_run) {
         m_run->kill();

@@ -1,5 +1,4 @@
-#ifndef BATCHSESSION_H
-#define BATCHSESSION_H
+#pragma once
 
 #include "BatchReport.h"
 #include "DescendantsEnding.h"
@@ -51,5 +50,3 @@ private:
     bool m_stopRequested = false;
     bool m_killed = false;
 };
-
-#endif

@@ -1,5 +1,4 @@
-#ifndef TERMINAL_H
-#define TERMINAL_H
+#pragma once
 
 #include <QString>
 
@@ -39,5 +38,3 @@ private:
     bool m_coloured;
     bool m_statusShown = false;
 };
-
-#endif

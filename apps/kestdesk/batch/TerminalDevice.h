@@ -1,5 +1,4 @@
-#ifndef TERMINALDEVICE_H
-#define TERMINALDEVICE_H
+#pragma once
 
 #include <cstdio>
 
@@ -16,5 +15,3 @@ bool isPerson(std::FILE* stream);
 int columns(std::FILE* stream);
 
 } // namespace TerminalDevice
-
-#endif

@@ -1,5 +1,4 @@
-#ifndef GROUPEDPROCESS_H
-#define GROUPEDPROCESS_H
+#pragma once
 
 #include <QProcess>
 
@@ -17,5 +16,3 @@ public:
 protected:
     void setupChildProcess() override;
 };
-
-#endif

@@ -1,5 +1,4 @@
-#ifndef HOSTCHECK_H
-#define HOSTCHECK_H
+#pragma once
 
 #include "GroupedProcess.h"
 
@@ -57,7 +56,7 @@ private:
 
     QString m_host;
     int m_processes;
-    int m_limit; // seconds
+    int m_limit; ///< seconds
     QTimer m_timer;
     GroupedProcess m_process;
     QByteArray m_answer;
@@ -67,5 +66,3 @@ private:
     Outcome m_outcome = Outcome::Error;
     QString m_text;
 };
-
-#endif

@@ -31,7 +31,7 @@ QByteArray asComment(const QByteArray& line)
 
 } // namespace
 
-LocalMachines::LocalMachines() : m_file(MachinesFile::parsed(m_store.content()))
+LocalMachines::LocalMachines() : m_file(MachinesFile::parse(m_store.content()))
 {}
 
 QString LocalMachines::line()

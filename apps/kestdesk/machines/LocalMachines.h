@@ -1,5 +1,4 @@
-#ifndef LOCALMACHINES_H
-#define LOCALMACHINES_H
+#pragma once
 
 #include "MachinesFile.h"
 #include "MachinesFileStore.h"
@@ -46,5 +45,3 @@ private:
     MachinesFileStore m_store;
     MachinesFile m_file;
 };
-
-#endif

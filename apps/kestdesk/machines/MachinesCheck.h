@@ -1,5 +1,4 @@
-#ifndef MACHINESCHECK_H
-#define MACHINESCHECK_H
+#pragma once
 
 #include "HostCheck.h"
 #include "Terminal.h"
@@ -40,12 +39,10 @@ private:
     int leave(int exitCode);
 
     QVector<Host> m_hosts;
-    int m_limit; // seconds
+    int m_limit; ///< seconds
     Terminal m_output;
-    std::deque<std::unique_ptr<HostCheck>> m_checks; // those that are not shown yet
+    std::deque<std::unique_ptr<HostCheck>> m_checks; ///< those that are not shown yet
     int m_shown = 0;
     bool m_failed = false;
     bool m_lookupLeft = false;
 };
-
-#endif

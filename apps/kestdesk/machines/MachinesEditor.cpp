@@ -207,7 +207,7 @@ int MachinesEditor::conclude()
 // What to do with it: what is right is saved, and of what is wrong the user decides.
 MachinesEditor::Answer MachinesEditor::judge(const QByteArray& edited) const
 {
-    const MachinesFile file = MachinesFile::parsed(edited);
+    const MachinesFile file = MachinesFile::parse(edited);
     Terminal terminal(stderr);
     MachinesReport::writeFindings(file, terminal);
     terminal.flush();

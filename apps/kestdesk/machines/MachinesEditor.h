@@ -1,5 +1,4 @@
-#ifndef MACHINESEDITOR_H
-#define MACHINESEDITOR_H
+#pragma once
 
 #include <QByteArray>
 #include <QString>
@@ -34,5 +33,3 @@ private:
     std::optional<QByteArray> m_original; ///< nothing where the user has no file
     QByteArray m_begun;                   ///< what the editor was given first
 };
-
-#endif

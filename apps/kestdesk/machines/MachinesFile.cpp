@@ -63,7 +63,7 @@ MachinesFile MachinesFile::read(const QString& fileName)
                        : error);
         return result;
     }
-    result = parsed(file.readAll());
+    result = parse(file.readAll());
     if (file.error() != QFile::NoError) {
         result.add(0, Severity::Error, {},
                    QStringLiteral("it cannot be read whole: %1").arg(file.errorString()));
@@ -71,7 +71,7 @@ MachinesFile MachinesFile::read(const QString& fileName)
     return result;
 }
 
-MachinesFile MachinesFile::parsed(const QByteArray& content)
+MachinesFile MachinesFile::parse(const QByteArray& content)
 {
     MachinesFile result;
     if (!result.checkEncoding(content)) {
@@ -124,7 +124,7 @@ void MachinesFile::addLine(int number, const QByteArray& line)
         add(number, Severity::Note, {},
             QStringLiteral("lines end as on Windows, with a carriage return"));
     }
-    const MachinesLine parsed = MachinesLine::parsed(line);
+    const MachinesLine parsed = MachinesLine::parse(line);
     if (!parsed.error.isEmpty()) {
         add(number, Severity::Error, line.trimmed(), parsed.error);
     } else if (!parsed.host.isEmpty()) {

@@ -1,5 +1,4 @@
-#ifndef MACHINESFILE_H
-#define MACHINESFILE_H
+#pragma once
 
 #include <QByteArray>
 #include <QHash>
@@ -36,7 +35,7 @@ public:
 
     /// A file that cannot be read has a finding that says so.
     static MachinesFile read(const QString& fileName);
-    static MachinesFile parsed(const QByteArray& content);
+    static MachinesFile parse(const QByteArray& content);
 
     /// The lines that are right.
     const QVector<Entry>& entries() const { return m_entries; }
@@ -63,10 +62,8 @@ private:
 
     QVector<Entry> m_entries;
     QVector<Finding> m_findings;
-    QHash<QByteArray, int> m_firstLines; // by host, in lower case
+    QHash<QByteArray, int> m_firstLines; ///< by host, in lower case
     int m_counts[3] = {};                // by severity
     bool m_carriageReturnsTold = false;
     bool m_namesNoHost = false;
 };
-
-#endif

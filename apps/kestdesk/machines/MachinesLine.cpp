@@ -91,7 +91,7 @@ QString MachinesLine::hostError(const QByteArray& host)
     return QString();
 }
 
-MachinesLine MachinesLine::parsed(const QByteArray& line)
+MachinesLine MachinesLine::parse(const QByteArray& line)
 {
     const int comment = line.indexOf('#');
     const QByteArray entry = (comment < 0 ? line : line.left(comment)).trimmed();

@@ -1,5 +1,4 @@
-#ifndef MACHINESLINE_H
-#define MACHINESLINE_H
+#pragma once
 
 #include <QByteArray>
 #include <QString>
@@ -12,11 +11,9 @@ struct MachinesLine
     QString error; ///< empty when the line is right
 
     /// The line without its end.
-    static MachinesLine parsed(const QByteArray& line);
+    static MachinesLine parse(const QByteArray& line);
 
     /// What is wrong with the name of a host, or with an address of IPv6 in brackets; empty when
     /// nothing is.
     static QString hostError(const QByteArray& host);
 };
-
-#endif

@@ -1,5 +1,4 @@
-#ifndef MACHINESREPORT_H
-#define MACHINESREPORT_H
+#pragma once
 
 #include "MachinesFile.h"
 #include "Terminal.h"
@@ -34,5 +33,3 @@ private:
     common_MachineFileFinder m_finder;
     MachinesFile m_file;
 };
-
-#endif

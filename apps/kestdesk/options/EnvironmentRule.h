@@ -1,5 +1,4 @@
-#ifndef ENVIRONMENTRULE_H
-#define ENVIRONMENTRULE_H
+#pragma once
 
 #include <QString>
 
@@ -11,5 +10,3 @@ namespace EnvironmentRule {
 QString complaint(const QString& text);
 
 } // namespace EnvironmentRule
-
-#endif

@@ -1,5 +1,4 @@
-#ifndef HOSTRULE_H
-#define HOSTRULE_H
+#pragma once
 
 #include <QString>
 
@@ -10,5 +9,3 @@ namespace HostRule {
 QString complaint(const QString& text);
 
 } // namespace HostRule
-
-#endif

@@ -1,5 +1,4 @@
-#ifndef LAUNCHOPTIONTABLE_H
-#define LAUNCHOPTIONTABLE_H
+#pragma once
 
 #include <QStringList>
 #include <QVector>
@@ -42,5 +41,3 @@ QStringList groups(const QString& tab);
 bool hasMachines(const QString& group);
 
 } // namespace LaunchOptionTable
-
-#endif

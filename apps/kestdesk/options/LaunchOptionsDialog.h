@@ -1,5 +1,4 @@
-#ifndef LAUNCHOPTIONSDIALOG_H
-#define LAUNCHOPTIONSDIALOG_H
+#pragma once
 
 #include "LaunchOptionsFile.h"
 
@@ -76,5 +75,3 @@ private:
     QPushButton* m_ok = nullptr;
     QPushButton* m_apply = nullptr;
 };
-
-#endif

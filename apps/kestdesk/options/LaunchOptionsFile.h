@@ -1,5 +1,4 @@
-#ifndef LAUNCHOPTIONSFILE_H
-#define LAUNCHOPTIONSFILE_H
+#pragma once
 
 #include <common_ComponentsLaunchOptions.h>
 
@@ -44,5 +43,3 @@ bool isOwned();
 QString owner();
 
 } // namespace LaunchOptionsFile
-
-#endif

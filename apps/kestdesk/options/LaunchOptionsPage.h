@@ -1,5 +1,4 @@
-#ifndef LAUNCHOPTIONSPAGE_H
-#define LAUNCHOPTIONSPAGE_H
+#pragma once
 
 #include <QScrollArea>
 #include <QStringList>
@@ -67,5 +66,3 @@ private:
     int m_columns = 0;
     bool m_readOnly = false;
 };
-
-#endif

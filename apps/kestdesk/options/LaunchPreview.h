@@ -1,5 +1,4 @@
-#ifndef LAUNCHPREVIEW_H
-#define LAUNCHPREVIEW_H
+#pragma once
 
 #include <QString>
 
@@ -12,5 +11,3 @@ namespace LaunchPreview {
 QString line(const QString& tab, const common_ComponentsLaunchOptions& options);
 
 } // namespace LaunchPreview
-
-#endif

@@ -159,7 +159,7 @@ bool MachinesDialog::isChanged() const
 
 void MachinesDialog::check()
 {
-    const MachinesFile file = MachinesFile::parsed(typed());
+    const MachinesFile file = MachinesFile::parse(typed());
     int processes = 0;
     for (const MachinesFile::Entry& entry : file.entries()) {
         processes += entry.processes;
@@ -213,7 +213,7 @@ bool MachinesDialog::mayOverwrite()
 
 void MachinesDialog::accept()
 {
-    const bool isRight = MachinesFile::parsed(typed()).isRight();
+    const bool isRight = MachinesFile::parse(typed()).isRight();
     if ((!isRight && !wants("The machines file has errors. Parallel runs with it may fail.",
                             "&Save it anyway", this)) ||
         !mayOverwrite()) {

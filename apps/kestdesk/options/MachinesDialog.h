@@ -1,5 +1,4 @@
-#ifndef MACHINESDIALOG_H
-#define MACHINESDIALOG_H
+#pragma once
 
 #include "MachinesFileStore.h"
 
@@ -48,5 +47,3 @@ private:
     QLabel* m_summary;
     QPushButton* m_save = nullptr;
 };
-
-#endif

@@ -1,5 +1,4 @@
-#ifndef MACHINESFILESTORE_H
-#define MACHINESFILESTORE_H
+#pragma once
 
 #include <QByteArray>
 #include <QString>
@@ -38,5 +37,3 @@ private:
     QString m_readError;
     std::optional<QByteArray> m_original; ///< nothing where there was no file
 };
-
-#endif

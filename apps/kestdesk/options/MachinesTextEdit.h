@@ -1,5 +1,4 @@
-#ifndef MACHINESTEXTEDIT_H
-#define MACHINESTEXTEDIT_H
+#pragma once
 
 #include <QPlainTextEdit>
 
@@ -29,5 +28,3 @@ private:
 
     QWidget* m_numbers;
 };
-
-#endif

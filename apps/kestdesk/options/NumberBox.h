@@ -1,5 +1,4 @@
-#ifndef NUMBERBOX_H
-#define NUMBERBOX_H
+#pragma once
 
 #include <QSpinBox>
 
@@ -29,5 +28,3 @@ private:
     int m_smallest;
     int m_largest;
 };
-
-#endif

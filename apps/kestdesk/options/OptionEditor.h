@@ -1,5 +1,4 @@
-#ifndef OPTIONEDITOR_H
-#define OPTIONEDITOR_H
+#pragma once
 
 #include <QObject>
 #include <QString>
@@ -26,5 +25,3 @@ public:
 Q_SIGNALS:
     void edited();
 };
-
-#endif

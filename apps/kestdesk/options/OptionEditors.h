@@ -1,5 +1,4 @@
-#ifndef OPTIONEDITORS_H
-#define OPTIONEDITORS_H
+#pragma once
 
 class OptionEditor;
 class QWidget;
@@ -13,5 +12,3 @@ namespace OptionEditors {
 OptionEditor* make(const LaunchOptionRow& row, QWidget* parent);
 
 } // namespace OptionEditors
-
-#endif

@@ -1,5 +1,4 @@
-#ifndef OPTIONRULES_H
-#define OPTIONRULES_H
+#pragma once
 
 #include <QString>
 
@@ -30,5 +29,3 @@ QString emptyComplaint(const common_PropertyMetaData& metaData);
 QString accepted(const common_PropertyMetaData& metaData);
 
 } // namespace OptionRules
-
-#endif

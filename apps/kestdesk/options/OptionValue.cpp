@@ -61,8 +61,8 @@ QStringList OptionValue::words(const common_PropertyMetaData& metaData)
     return keys;
 }
 
-std::optional<QString> OptionValue::parsed(const common_PropertyMetaData& metaData,
-                                           const QString& typed)
+std::optional<QString> OptionValue::parse(const common_PropertyMetaData& metaData,
+                                          const QString& typed)
 {
     if (metaData.type() == common_PropertyMetaData::Boolean) {
         return parsedBoolean(typed);

@@ -1,5 +1,4 @@
-#ifndef OPTIONVALUE_H
-#define OPTIONVALUE_H
+#pragma once
 
 #include <QStringList>
 
@@ -18,8 +17,6 @@ QString accepted(const common_PropertyMetaData& metaData);
 QStringList words(const common_PropertyMetaData& metaData);
 
 /// The typed value as the option stores it; nothing when it is not accepted.
-std::optional<QString> parsed(const common_PropertyMetaData& metaData, const QString& typed);
+std::optional<QString> parse(const common_PropertyMetaData& metaData, const QString& typed);
 
 } // namespace OptionValue
-
-#endif

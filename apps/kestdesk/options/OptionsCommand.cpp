@@ -153,7 +153,7 @@ QString shown(const QString& typed)
 bool parseValue(const QString& name, const QString& typed, Values& values)
 {
     const common_PropertyMetaData& metaData = common_PropertyFactory::getMetaData(name);
-    const std::optional<QString> stored = OptionValue::parsed(metaData, typed);
+    const std::optional<QString> stored = OptionValue::parse(metaData, typed);
     if (stored) {
         values.insert(name, *stored);
         return true;

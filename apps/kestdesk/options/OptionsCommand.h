@@ -1,5 +1,4 @@
-#ifndef OPTIONSCOMMAND_H
-#define OPTIONSCOMMAND_H
+#pragma once
 
 #include <QString>
 #include <QStringList>
@@ -15,5 +14,3 @@ public:
     /// How to use it, for the program's help.
     static QString usage();
 };
-
-#endif

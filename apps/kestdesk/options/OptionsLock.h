@@ -1,5 +1,4 @@
-#ifndef OPTIONSLOCK_H
-#define OPTIONSLOCK_H
+#pragma once
 
 #include <common_ComponentsLaunchOptions.h>
 
@@ -17,5 +16,3 @@ common_ComponentsLaunchOptions::Pointer wait(int seconds,
                                              const std::function<void(const QString&)>& tell);
 
 } // namespace OptionsLock
-
-#endif

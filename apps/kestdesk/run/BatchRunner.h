@@ -1,5 +1,4 @@
-#ifndef BATCHRUNNER_H
-#define BATCHRUNNER_H
+#pragma once
 
 #include <common_ProcessRunner.h>
 
@@ -19,5 +18,3 @@ public:
     /// files go.
     void abandon();
 };
-
-#endif

@@ -1,5 +1,4 @@
-#ifndef COMPONENT_H
-#define COMPONENT_H
+#pragma once
 
 #include <common_RunWrapper.h>
 
@@ -22,5 +21,3 @@ struct Component
     /// The names of those that know the options, or of all, as "a, b, c".
     static QString names(common_RunWrapper::RunOptions options = {});
 };
-
-#endif

@@ -1,5 +1,4 @@
-#ifndef DESCENDANTS_H
-#define DESCENDANTS_H
+#pragma once
 
 #include <QSet>
 
@@ -13,7 +12,7 @@ namespace Descendants {
 void adoptOrphans();
 
 /// Calls what starts programs that are to outlive this one: they do not count among the processes.
-void startApart(const std::function<void()>& start);
+void startDetached(const std::function<void()>& start);
 
 /// Whether one of them is alive.
 bool areAlive();
@@ -29,5 +28,3 @@ void killAll();
 QSet<qint64> endedChildren();
 
 } // namespace Descendants
-
-#endif

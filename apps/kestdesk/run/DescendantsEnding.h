@@ -1,5 +1,4 @@
-#ifndef DESCENDANTSENDING_H
-#define DESCENDANTSENDING_H
+#pragma once
 
 #include <QDeadlineTimer>
 #include <QObject>
@@ -19,7 +18,7 @@ public:
     /// Kills what is left at once.
     void hurry();
 
-    bool isGoingOn() const { return m_timer.isActive(); }
+    bool isActive() const { return m_timer.isActive(); }
 
 Q_SIGNALS:
     /// Once after start(), from the event loop: none is left, or what is left cannot be killed.
@@ -30,7 +29,5 @@ private:
 
     QTimer m_timer;
     QDeadlineTimer m_grace;
-    QDeadlineTimer m_end; // from when on nothing more can be done
+    QDeadlineTimer m_end; ///< from when on nothing more can be done
 };
-
-#endif

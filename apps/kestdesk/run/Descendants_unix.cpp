@@ -66,7 +66,7 @@ void Descendants::adoptOrphans()
 
 // They lose their parent as soon as they are started, and must not be adopted then. A message that
 // is shown instead lets the others be adopted again.
-void Descendants::startApart(const std::function<void()>& start)
+void Descendants::startDetached(const std::function<void()>& start)
 {
     int adopts = 0;
     prctl(PR_GET_CHILD_SUBREAPER, &adopts);

@@ -57,7 +57,7 @@ QVector<DWORD> descendants()
 void Descendants::adoptOrphans()
 {}
 
-void Descendants::startApart(const std::function<void()>& start)
+void Descendants::startDetached(const std::function<void()>& start)
 {
     const QList<DWORD> before = allChildren().values(GetCurrentProcessId());
     start();

@@ -1,5 +1,4 @@
-#ifndef ENDREASONS_H
-#define ENDREASONS_H
+#pragma once
 
 #include <QString>
 
@@ -22,5 +21,3 @@ const Reason* find(bool isCrash, int code);
 QString crashNumber(int code);
 
 } // namespace EndReasons
-
-#endif

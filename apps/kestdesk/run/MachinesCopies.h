@@ -1,5 +1,4 @@
-#ifndef MACHINESCOPIES_H
-#define MACHINESCOPIES_H
+#pragma once
 
 #include <QHash>
 #include <QString>
@@ -51,5 +50,3 @@ private:
 
     QString m_folder;
 };
-
-#endif

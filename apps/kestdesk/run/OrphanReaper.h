@@ -1,5 +1,4 @@
-#ifndef ORPHANREAPER_H
-#define ORPHANREAPER_H
+#pragma once
 
 #include <QSet>
 #include <QTimer>
@@ -20,7 +19,5 @@ public:
 
 private:
     QTimer m_timer;
-    QSet<qint64> m_seen; // had ended at the last look
+    QSet<qint64> m_seen; ///< had ended at the last look
 };
-
-#endif

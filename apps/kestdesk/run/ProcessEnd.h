@@ -1,5 +1,4 @@
-#ifndef PROCESSEND_H
-#define PROCESSEND_H
+#pragma once
 
 #include <QString>
 
@@ -31,5 +30,3 @@ private:
     bool m_isCrash;
     int m_code;
 };
-
-#endif

@@ -1,5 +1,4 @@
-#ifndef RUNOUTCOME_H
-#define RUNOUTCOME_H
+#pragma once
 
 #include <QString>
 
@@ -46,5 +45,3 @@ private:
     QString m_cause;
     QString m_reason;
 };
-
-#endif

@@ -1,5 +1,4 @@
-#ifndef RUNSETUP_H
-#define RUNSETUP_H
+#pragma once
 
 #include "Component.h"
 
@@ -38,5 +37,3 @@ Readiness apply(BatchRunner& runner, const Component& component,
                 common_CommonSettingsSet& settings);
 
 } // namespace RunSetup
-
-#endif

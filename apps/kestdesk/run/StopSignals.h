@@ -1,5 +1,4 @@
-#ifndef STOPSIGNALS_H
-#define STOPSIGNALS_H
+#pragma once
 
 #include <QVector>
 
@@ -16,5 +15,3 @@ QVector<int> all();
 void watch(QObject* receiver, const std::function<void()>& onStop);
 
 } // namespace StopSignals
-
-#endif

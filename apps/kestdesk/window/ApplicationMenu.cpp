@@ -71,7 +71,7 @@ template <typename Launch>
 bool isStarted(Launch launch)
 {
     bool result = false;
-    Descendants::startApart([&] { result = launch(); });
+    Descendants::startDetached([&] { result = launch(); });
     return result;
 }
 

@@ -1,5 +1,4 @@
-#ifndef APPLICATIONMENU_H
-#define APPLICATIONMENU_H
+#pragma once
 
 #include <common_KestGuiLauncher.h>
 
@@ -56,5 +55,3 @@ private:
     QAction* m_showAllResults;
     QAction* m_console;
 };
-
-#endif

@@ -1,5 +1,4 @@
-#ifndef CONSOLE_H
-#define CONSOLE_H
+#pragma once
 
 #include <QStringList>
 
@@ -15,5 +14,3 @@ struct Console
     /// Whether there is something to show a console in.
     static bool exists();
 };
-
-#endif

@@ -1,5 +1,4 @@
-#ifndef MACHINESOFFER_H
-#define MACHINESOFFER_H
+#pragma once
 
 class QString;
 class QWidget;
@@ -12,5 +11,3 @@ namespace MachinesOffer {
 bool isTaken(const QString& complaint, QWidget* window);
 
 } // namespace MachinesOffer
-
-#endif

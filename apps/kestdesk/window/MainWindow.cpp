@@ -315,7 +315,7 @@ void MainWindow::stopRun()
 {
     WindowRun* run = selectedRun();
     if (run == nullptr || !run->isRunning()) {
-        const QVector<WindowRun*> going = goingRuns();
+        const QVector<WindowRun*> going = runningRuns();
         run = going.isEmpty() ? nullptr : going.last();
     }
     if (run != nullptr && isAgreedToStop(*run, this)) {
@@ -434,7 +434,7 @@ WindowRun* MainWindow::selectedRun() const
     return m_runs->run(m_list->selectionModel()->currentIndex().row());
 }
 
-QVector<WindowRun*> MainWindow::goingRuns() const
+QVector<WindowRun*> MainWindow::runningRuns() const
 {
     QVector<WindowRun*> result;
     for (WindowRun* run : m_runs->runs()) {
@@ -447,7 +447,7 @@ QVector<WindowRun*> MainWindow::goingRuns() const
 
 void MainWindow::updateControls()
 {
-    const bool isGoing = !goingRuns().isEmpty();
+    const bool isGoing = !runningRuns().isEmpty();
     m_panel->setStopEnabled(isGoing);
     m_stopAction->setEnabled(isGoing);
     m_runAction->setEnabled(!m_panel->model().isEmpty());
@@ -465,7 +465,7 @@ void MainWindow::onRunEnded(WindowRun& run)
         QApplication::alert(this);
         Notifier::show(QStringLiteral("Run ended"), text);
     }
-    if (m_closing && goingRuns().isEmpty()) {
+    if (m_closing && runningRuns().isEmpty()) {
         QMetaObject::invokeMethod(this, &QWidget::close, Qt::QueuedConnection);
     }
 }
@@ -483,7 +483,7 @@ void MainWindow::closeEvent(QCloseEvent* event)
 // the window stays, and a second wish to close does not wait for it.
 bool MainWindow::leave()
 {
-    if (m_ending.isGoingOn()) {
+    if (m_ending.isActive()) {
         m_ending.hurry();
         return false;
     }
@@ -508,7 +508,7 @@ void MainWindow::finish()
 // by force.
 bool MainWindow::mayClose()
 {
-    const QVector<WindowRun*> going = goingRuns();
+    const QVector<WindowRun*> going = runningRuns();
     if (going.isEmpty()) {
         return true;
     }
@@ -521,7 +521,7 @@ bool MainWindow::mayClose()
     } else {
         stopForClose(going);
     }
-    return goingRuns().isEmpty();
+    return runningRuns().isEmpty();
 }
 
 bool MainWindow::isAgreedToClose(const QVector<WindowRun*>& going)
@@ -554,7 +554,7 @@ void MainWindow::endByForce() const
 // A process that waits for a device does not end.
 void MainWindow::giveUp() const
 {
-    const QVector<WindowRun*> going = goingRuns();
+    const QVector<WindowRun*> going = runningRuns();
     for (WindowRun* run : going) {
         run->giveUp();
     }
@@ -568,7 +568,7 @@ void MainWindow::tellOutcome(const QString& text)
 
 void MainWindow::quit()
 {
-    const QVector<WindowRun*> going = goingRuns();
+    const QVector<WindowRun*> going = runningRuns();
     if (going.isEmpty()) {
         if (leave()) {
             finish();

@@ -1,5 +1,4 @@
-#ifndef MAINWINDOW_H
-#define MAINWINDOW_H
+#pragma once
 
 #include "DescendantsEnding.h"
 #include "OrphanReaper.h"
@@ -76,7 +75,7 @@ private:
     void saveChoice();
     [[nodiscard]] common_RunWrapper::RunOptions choice() const;
     [[nodiscard]] WindowRun* selectedRun() const;
-    [[nodiscard]] QVector<WindowRun*> goingRuns() const;
+    [[nodiscard]] QVector<WindowRun*> runningRuns() const;
     void updateControls();
     void onRunEnded(WindowRun& run);
     bool mayClose();
@@ -101,7 +100,5 @@ private:
     DescendantsEnding m_ending;
     OrphanReaper m_reaper;
     bool m_closing = false;
-    bool m_isDone = false; // nothing is left that would have to be ended
+    bool m_isDone = false; ///< nothing is left that would have to be ended
 };
-
-#endif

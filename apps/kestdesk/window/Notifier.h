@@ -1,5 +1,4 @@
-#ifndef NOTIFIER_H
-#define NOTIFIER_H
+#pragma once
 
 #include <QString>
 
@@ -11,5 +10,3 @@ namespace Notifier {
 void show(const QString& title, const QString& text);
 
 } // namespace Notifier
-
-#endif

@@ -24,7 +24,7 @@ QString plain(const QString& text)
 void Notifier::show(const QString& title, const QString& text)
 {
     // A bus that is started for this call is the whole session's.
-    Descendants::startApart([] { QDBusConnection::sessionBus(); });
+    Descendants::startDetached([] { QDBusConnection::sessionBus(); });
     QDBusConnection bus = QDBusConnection::sessionBus();
     if (!bus.isConnected()) {
         return;

@@ -1,5 +1,4 @@
-#ifndef RUNCHOICE_H
-#define RUNCHOICE_H
+#pragma once
 
 #include <common_RunWrapper.h>
 
@@ -15,5 +14,3 @@ bool isLocked();
 bool save(common_RunWrapper::RunOptions options);
 
 } // namespace RunChoice
-
-#endif

@@ -1,5 +1,4 @@
-#ifndef RUNPANEL_H
-#define RUNPANEL_H
+#pragma once
 
 #include <common_RunWrapper.h>
 
@@ -62,5 +61,3 @@ private:
     QPushButton* m_run = nullptr;
     QPushButton* m_stop = nullptr;
 };
-
-#endif

@@ -1,5 +1,4 @@
-#ifndef RUNRESULTS_H
-#define RUNRESULTS_H
+#pragma once
 
 #include <QStringList>
 
@@ -11,5 +10,3 @@ namespace RunResults {
 QStringList tables(const QStringList& files, const QString& folder);
 
 } // namespace RunResults
-
-#endif

@@ -1,5 +1,4 @@
-#ifndef RUNTABLEMODEL_H
-#define RUNTABLEMODEL_H
+#pragma once
 
 #include <QAbstractTableModel>
 #include <QTimer>
@@ -47,5 +46,3 @@ private:
     QVector<WindowRun*> m_runs;
     QTimer m_timesTimer;
 };
-
-#endif

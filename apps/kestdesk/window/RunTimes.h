@@ -1,5 +1,4 @@
-#ifndef RUNTIMES_H
-#define RUNTIMES_H
+#pragma once
 
 #include <QString>
 
@@ -16,5 +15,3 @@ std::optional<qint64> remaining(qint64 elapsed, int percentage);
 QString text(qint64 milliseconds);
 
 } // namespace RunTimes
-
-#endif

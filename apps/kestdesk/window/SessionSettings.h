@@ -1,5 +1,4 @@
-#ifndef SESSIONSETTINGS_H
-#define SESSIONSETTINGS_H
+#pragma once
 
 #include <common_settings.h>
 
@@ -27,5 +26,3 @@ private:
     QString m_model;
     QString m_component;
 };
-
-#endif

@@ -1,5 +1,4 @@
-#ifndef UNREADABLEMODEL_H
-#define UNREADABLEMODEL_H
+#pragma once
 
 #include <QString>
 
@@ -9,5 +8,3 @@ namespace UnreadableModel {
 QString text(const QString& path);
 
 } // namespace UnreadableModel
-
-#endif

@@ -1,5 +1,4 @@
-#ifndef WINDOWRUN_H
-#define WINDOWRUN_H
+#pragma once
 
 #include "Component.h"
 #include "RunOutcome.h"
@@ -84,13 +83,11 @@ private:
     QString m_model;
     common_ActivePtr<WindowRunner> m_runner;
     QPointer<common_KestProcessDialog> m_dialog;
-    State m_state = State::NotStarted; // never Stopping, which is asked of the runner
+    State m_state = State::NotStarted; ///< never Stopping, which is asked of the runner
     RunOutcome m_outcome = RunOutcome::notStarted();
     int m_totalPercentage = 0;
-    QStringList m_files; // that the component has told of
+    QStringList m_files; ///< that the component has told of
     QStringList m_results;
     QElapsedTimer m_clock;
     qint64 m_duration = 0;
 };
-
-#endif

@@ -1,5 +1,4 @@
-#ifndef WINDOWRUNNER_H
-#define WINDOWRUNNER_H
+#pragma once
 
 #include "BatchRunner.h"
 
@@ -14,5 +13,3 @@ protected:
 private:
     void notify(const QVector<common_KestProcessMessage>& messages);
 };
-
-#endif

@@ -1,5 +1,4 @@
-#ifndef KEST_BINFILES_H
-#define KEST_BINFILES_H
+#pragma once
 
 #include <kest_binfiles_export.h>
 
@@ -55,6 +54,4 @@ KEST_BINFILES_EXPORT int64_t KEST_binfiles_lock_owner_program(const wchar_t* pat
 
 #ifdef __cplusplus
 }
-#endif
-
 #endif

@@ -1,5 +1,4 @@
-#ifndef KEST_BINFILES_PATHS_H
-#define KEST_BINFILES_PATHS_H
+#pragma once
 
 #include <kest_binfiles_export.h>
 
@@ -8,5 +7,3 @@
 /// The absolute path of the file that a path leads to, with all links followed; the file need not
 /// exist. Two paths of one file give the same, so what is kept by path is kept once.
 KEST_BINFILES_EXPORT QString KEST_binfiles_real_path(const QString& path);
-
-#endif

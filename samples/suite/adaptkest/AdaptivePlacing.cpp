@@ -11,15 +11,15 @@ namespace suite {
 namespace {
 
 // A grid of so many times fewer points than the range's own: nothing wider is overlooked.
-constexpr int CoarseSteps = 5;
-constexpr int LeastCoarsePoints = 5;
+constexpr int coarseSteps = 5;
+constexpr int leastCoarsePoints = 5;
 
 // Halving an interval makes its error four times smaller. What is that close to the worst interval
 // now would be the worst after it.
-constexpr double HalvingGain = 4;
+constexpr double halvingGain = 4;
 
-constexpr double Rounding = 1e-6;
-constexpr double SmallestImpedance = 1e-6; // ohm
+constexpr double rounding = 1e-6;
+constexpr double smallestImpedance = 1e-6; // ohm
 
 struct Sample
 {
@@ -58,7 +58,7 @@ double distanceFromCurve(const QVector<Sample>& samples, int left)
     const double width = to.place - from.place;
     const double strongest = std::max(bend(samples, left), bend(samples, left + 1));
     const double size = std::min(std::abs(from.impedance), std::abs(to.impedance));
-    return strongest * width * width / 8 / std::max(size, SmallestImpedance);
+    return strongest * width * width / 8 / std::max(size, smallestImpedance);
 }
 
 bool holdsResonance(const Sample& from, const Sample& to)
@@ -91,7 +91,7 @@ QVector<double> AdaptivePlacing::next() const
     QVector<Interval> wanted = intervals();
     std::stable_sort(wanted.begin(), wanted.end(),
                      [](const Interval& a, const Interval& b) { return a.need > b.need; });
-    const double least = wanted.isEmpty() ? 1 : std::max(1.0, wanted.first().need / HalvingGain);
+    const double least = wanted.isEmpty() ? 1 : std::max(1.0, wanted.first().need / halvingGain);
     QVector<double> result;
     for (const Interval& interval : qAsConst(wanted)) {
         if (interval.need > least && count() + result.size() < most()) {
@@ -117,13 +117,13 @@ bool AdaptivePlacing::isFine() const
 QVector<double> AdaptivePlacing::firstFrequencies() const
 {
     QVector<double> result;
-    if (most() <= LeastCoarsePoints) {
+    if (most() <= leastCoarsePoints) {
         result = m_range.values();
         std::transform(result.begin(), result.end(), result.begin(), rounded);
         std::sort(result.begin(), result.end());
     } else {
         const int intervalCount =
-            std::max(LeastCoarsePoints - 1, (most() - 1 + CoarseSteps - 1) / CoarseSteps);
+            std::max(leastCoarsePoints - 1, (most() - 1 + coarseSteps - 1) / coarseSteps);
         const double first = place(m_range.lowest());
         const double width = place(m_range.highest()) - first;
         for (int i = 0; i <= intervalCount; ++i) {
@@ -156,7 +156,7 @@ QVector<AdaptivePlacing::Interval> AdaptivePlacing::intervals() const
         const bool isImportant = holdsResonance(samples.at(left), samples.at(left + 1)) ||
                                  left == best || left + 1 == best;
         const double width = samples.at(left + 1).place - samples.at(left).place;
-        if (isImportant && width > step() * (1 + Rounding)) {
+        if (isImportant && width > step() * (1 + rounding)) {
             interval.need = std::max(interval.need, width / step());
         }
         if (interval.middle > interval.from && interval.middle < interval.to) {

@@ -11,12 +11,12 @@ using namespace suite;
 
 namespace {
 
-constexpr int OutputFile = 0;
-constexpr int TableFile = 1;
+constexpr int outputFile = 0;
+constexpr int tableFile = 1;
 
 // The shares of the whole run: pre-processing up to the first, solving up to the second.
-constexpr int PreparedPercentage = 5;
-constexpr int SolvedPercentage = 95;
+constexpr int preparedPercentage = 5;
+constexpr int solvedPercentage = 95;
 
 SweepPoint sweepPoint(const AnalysisPoint& point)
 {
@@ -205,10 +205,10 @@ void Adaptkest::take(const QVector<AnalysisPoint>& points)
 void Adaptkest::printProgress()
 {
     const int done = m_placing->count() + m_round.size();
-    const int share = SolvedPercentage - PreparedPercentage;
+    const int share = solvedPercentage - preparedPercentage;
     printer().printPercentage(Marker::Percentage, 100 * done / m_placing->most());
     printer().printPercentage(Marker::TotalPercentage,
-                              PreparedPercentage + share * done / m_placing->most());
+                              preparedPercentage + share * done / m_placing->most());
 }
 
 void Adaptkest::writeResults()
@@ -235,13 +235,13 @@ bool Adaptkest::writePoints()
     for (const auto& entry : m_points) {
         const EngineOutput output = entry.second.output();
         const QByteArray bytes = isFirst ? output.stableBytes() : output.stableBytesFromFrequency();
-        if (!m_results.write(OutputFile, bytes)) {
+        if (!m_results.write(outputFile, bytes)) {
             return false;
         }
         isFirst = false;
         report.add(sweepPoint(entry.second));
     }
-    return m_results.write(TableFile, report.csv());
+    return m_results.write(tableFile, report.csv());
 }
 
 void Adaptkest::printFacts()

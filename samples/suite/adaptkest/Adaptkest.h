@@ -11,7 +11,7 @@
 #include <map>
 #include <memory>
 
-// Solves a model in rounds ("analyses"), each at the frequencies that the results so far ask for.
+/// Solves a model in rounds ("analyses"), each at the frequencies that the results so far ask for.
 class Adaptkest : public suite::ComponentProgram
 {
     Q_OBJECT
@@ -52,7 +52,7 @@ private:
     std::unique_ptr<suite::AdaptivePlacing> m_placing;
     std::unique_ptr<suite::SweepRunner> m_sweep;
     QVector<double> m_frequencies;         // of the analysis that runs
-    QVector<suite::AnalysisPoint> m_round; // its results so far
+    QVector<suite::AnalysisPoint> m_round; ///< its results so far
     std::map<double, suite::AnalysisPoint> m_points;
-    int m_analysis = 0; // the last whole one
+    int m_analysis = 0; ///< the last whole one
 };

@@ -16,21 +16,21 @@ using namespace suite;
 
 namespace {
 
-constexpr int UsualIterations = 5;
+constexpr int usualIterations = 5;
 
 // Of runkest, which may have another component to end first.
-constexpr StopTimes RunStopTimes = {1500, 1700};
+constexpr StopTimes runStopTimes = {1500, 1700};
 
 // The shares of the whole run: pre-processing, the iterations, the final solution.
-constexpr int PreparedPercentage = 5;
-constexpr int RefinedPercentage = 55;
-constexpr int SolvedPercentage = 95;
+constexpr int preparedPercentage = 5;
+constexpr int refinedPercentage = 55;
+constexpr int solvedPercentage = 95;
 
-constexpr int DeckFile = 0;
-constexpr int TableFile = 1;
-constexpr int FirstSolvedFile = 2;
+constexpr int deckFile = 0;
+constexpr int tableFile = 1;
+constexpr int firstSolvedFile = 2;
 
-constexpr qint64 CopyStep = 1 << 20;
+constexpr qint64 copyStep = 1 << 20;
 
 QString finalFolder()
 {
@@ -87,7 +87,7 @@ void Amrkest::work()
                                        "than %2 %, at most %3 iterations")
                             .arg(QString::number(m_frequency, 'g', 10), percent(threshold()))
                             .arg(mostIterations()));
-    printTotal(PreparedPercentage);
+    printTotal(preparedPercentage);
     startIteration();
 }
 
@@ -184,7 +184,7 @@ void Amrkest::startRunkest(const QString& model, void (Amrkest::*ended)())
     if (m_stage) {
         m_stage.release()->deleteLater();
     }
-    m_stage = std::make_unique<ComponentStage>(RunStopTimes);
+    m_stage = std::make_unique<ComponentStage>(runStopTimes);
     connect(m_stage.get(), &ComponentStage::ended, this, ended);
     if (ended == &Amrkest::endFinalSolve) {
         connect(m_stage.get(), &ComponentStage::printed, this, &Amrkest::passOn);
@@ -199,8 +199,8 @@ void Amrkest::endIteration()
         return;
     }
     printIteration();
-    const int share = RefinedPercentage - PreparedPercentage;
-    printTotal(PreparedPercentage + share * m_iterations.size() / mostIterations());
+    const int share = refinedPercentage - preparedPercentage;
+    printTotal(preparedPercentage + share * m_iterations.size() / mostIterations());
     judge();
 }
 
@@ -269,7 +269,7 @@ void Amrkest::judge()
 
 void Amrkest::endRefinement()
 {
-    printTotal(RefinedPercentage);
+    printTotal(refinedPercentage);
     if (has("--skip-final-solve")) {
         writeResults();
         finish();
@@ -294,8 +294,8 @@ void Amrkest::startFinalSolve()
 void Amrkest::passOn(const MarkerLine& line)
 {
     if (line.marker == Marker::TotalPercentage) {
-        const int share = SolvedPercentage - RefinedPercentage;
-        printTotal(RefinedPercentage + share * qBound(0, line.percentage(), 100) / 100);
+        const int share = solvedPercentage - refinedPercentage;
+        printTotal(refinedPercentage + share * qBound(0, line.percentage(), 100) / 100);
     } else if (!line.marker) {
         printer().printText(line.body);
     } else if (*line.marker != Marker::File && *line.marker != Marker::Error) {
@@ -317,9 +317,9 @@ void Amrkest::endFinalSolve()
 
 void Amrkest::writeResults()
 {
-    bool isWritten = m_results.write(DeckFile, m_refinement->deck(m_iterations.last().factor)) &&
-                     m_results.write(TableFile, table());
-    for (int index = FirstSolvedFile; isWritten && index < m_resultPaths.size(); ++index) {
+    bool isWritten = m_results.write(deckFile, m_refinement->deck(m_iterations.last().factor)) &&
+                     m_results.write(tableFile, table());
+    for (int index = firstSolvedFile; isWritten && index < m_resultPaths.size(); ++index) {
         const QString name = QFileInfo(m_resultPaths.at(index)).fileName();
         isWritten = copyToResult(index, m_folder->path(finalFolder() + QLatin1Char('/') + name));
     }
@@ -347,7 +347,7 @@ bool Amrkest::copyToResult(int index, const QString& path)
         return false;
     }
     while (!file.atEnd()) {
-        if (!m_results.write(index, file.read(CopyStep))) {
+        if (!m_results.write(index, file.read(copyStep))) {
             return false;
         }
     }
@@ -403,7 +403,7 @@ int Amrkest::mostIterations() const
 {
     const QString name = QStringLiteral("--max-iterations");
     return has("--max-iterations") ? commandLine().value(OptionGroup::Amrkest, name).toInt()
-                                   : UsualIterations;
+                                   : usualIterations;
 }
 
 // A change of the impedance, as a part of it.
@@ -411,10 +411,12 @@ double Amrkest::threshold() const
 {
     const QString word =
         commandLine().value(OptionGroup::Amrkest, QStringLiteral("--error-threshold"));
-    constexpr double High = 0.05;
-    constexpr double Normal = 0.02;
-    constexpr double Low = 0.005;
-    return word == QLatin1String("high") ? High : word == QLatin1String("low") ? Low : Normal;
+    constexpr double highTolerance = 0.05;
+    constexpr double normalTolerance = 0.02;
+    constexpr double lowTolerance = 0.005;
+    return word == QLatin1String("high")  ? highTolerance
+           : word == QLatin1String("low") ? lowTolerance
+                                          : normalTolerance;
 }
 
 bool Amrkest::has(const char* option) const

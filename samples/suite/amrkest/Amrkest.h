@@ -10,7 +10,7 @@
 #include <memory>
 #include <optional>
 
-// Refines a model's segments step by step; each step is a run of runkest at one frequency.
+/// Refines a model's segments step by step; each step is a run of runkest at one frequency.
 class Amrkest : public suite::ComponentProgram
 {
     Q_OBJECT
@@ -24,7 +24,7 @@ protected:
     bool stopWork() override;
 
 private:
-    // One step; the change is the impedance's since the step before, as a part of it.
+    /// One step; the change is the impedance's since the step before, as a part of it.
     struct Iteration
     {
         int factor = 1;
@@ -65,7 +65,7 @@ private:
     QStringList m_resultPaths;
     suite::FindingList m_conclusion;
     QVector<Iteration> m_iterations;
-    QString m_stemPath; // the model's, without its suffix
+    QString m_stemPath; ///< the model's, without its suffix
     double m_frequency = 0;
     int m_total = 0;
 };

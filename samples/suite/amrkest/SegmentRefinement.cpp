@@ -9,10 +9,10 @@ namespace suite {
 namespace {
 
 // Thin wires only: the engine takes the current to flow on the wire's axis.
-constexpr double LeastRadii = 8;
-constexpr double Tolerance = 1e-6;
+constexpr double leastRadii = 8;
+constexpr double tolerance = 1e-6;
 
-constexpr int CurrentSlopeSource = 5;
+constexpr int currentSlopeSource = 5;
 
 using Refine = Card (*)(const Card& card, int factor);
 
@@ -27,7 +27,7 @@ void setField(Card& card, int place, int value)
 // With errors ignored a card may name a segment that no structure has; the engine refuses it.
 bool isSegment(int number)
 {
-    return number >= 1 && number <= MostSegments;
+    return number >= 1 && number <= mostSegments;
 }
 
 void moveToMiddle(Card& card, int place, int factor)
@@ -50,7 +50,7 @@ Card withSource(const Card& card, int factor)
     Card result = card;
     if (card.integer(1) == 0) {
         moveToMiddle(result, 3, factor);
-    } else if (card.integer(1) == CurrentSlopeSource && isSegment(card.integer(3))) {
+    } else if (card.integer(1) == currentSlopeSource && isSegment(card.integer(3))) {
         setField(result, 3, SegmentRefinement::first(card.integer(3), factor));
     }
     return result;
@@ -87,12 +87,12 @@ Refine operationOf(const QString& mnemonic)
         const char* mnemonic;
         Refine operation;
     };
-    static constexpr Row Table[] = {
+    static constexpr Row table[] = {
         {"GW", withSegmentCount}, {"GA", withSegmentCount},    {"GH", withSegmentCount},
         {"EX", withSource},       {"NT", withTwoSegments},     {"TL", withTwoSegments},
         {"CP", withTwoSegments},  {"PT", withPrintedSegments}, {"PQ", withPrintedSegments},
     };
-    for (const Row& row : Table) {
+    for (const Row& row : table) {
         if (mnemonic == QLatin1String(row.mnemonic)) {
             return row.operation;
         }
@@ -151,13 +151,13 @@ int SegmentRefinement::segmentCount(int factor) const
 QString SegmentRefinement::obstacle(int factor) const
 {
     const qint64 count = static_cast<qint64>(m_model.structure.segmentCount()) * factor;
-    if (count > MostSegments) {
+    if (count > mostSegments) {
         return QStringLiteral("the next one would have %1 segments and the limit is %2")
             .arg(count)
-            .arg(MostSegments);
+            .arg(mostSegments);
     }
     for (const Wire& wire : m_model.structure.wires) {
-        if (wire.shortestSegment() / factor < LeastRadii * wire.radius * (1 - Tolerance)) {
+        if (wire.shortestSegment() / factor < leastRadii * wire.radius * (1 - tolerance)) {
             return QStringLiteral("segments of the wire in line %1 would be shorter than eight "
                                   "radii")
                 .arg(wire.line);

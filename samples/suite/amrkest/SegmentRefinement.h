@@ -7,26 +7,26 @@
 
 namespace suite {
 
-// Divides every segment of a model into an odd number of segments. The middle of a segment is then
-// the middle of one of the new ones, and its ends are ends of new ones, so that sources, loads and
-// lines stay where they are.
+/// Divides every segment of a model into an odd number of segments. The middle of a segment is then
+/// the middle of one of the new ones, and its ends are ends of new ones, so that sources, loads and
+/// lines stay where they are.
 class SegmentRefinement
 {
 public:
     explicit SegmentRefinement(const Model& model);
 
-    // The cards that cannot be refined, and a missing source.
+    /// The cards that cannot be refined, and a missing source.
     [[nodiscard]] FindingList problems() const;
 
     [[nodiscard]] int segmentCount(int factor) const;
 
-    // Why the model is not to be divided by a factor; empty when it may be.
+    /// Why the model is not to be divided by a factor; empty when it may be.
     [[nodiscard]] QString obstacle(int factor) const;
 
-    // The refined deck, over the model's own frequencies or at one, in MHz.
+    /// The refined deck, over the model's own frequencies or at one, in MHz.
     [[nodiscard]] QByteArray deck(int factor, std::optional<double> frequency = std::nullopt) const;
 
-    // The segment in the middle of those that a segment is divided into, the first and the last.
+    /// The segment in the middle of those that a segment is divided into, the first and the last.
     static int middle(int segment, int factor) { return (segment - 1) * factor + (factor + 1) / 2; }
     static int first(int segment, int factor) { return (segment - 1) * factor + 1; }
     static int last(int segment, int factor) { return segment * factor; }

@@ -7,13 +7,13 @@ namespace suite {
 
 namespace {
 
-constexpr int WatchInterval = 20; // ms
+constexpr int watchInterval = 20; // ms
 
 } // namespace
 
 ChildProcesses::ChildProcesses(StopTimes times, QObject* parent) : QObject(parent), m_times(times)
 {
-    m_endWatch.setInterval(WatchInterval);
+    m_endWatch.setInterval(watchInterval);
     connect(&m_endWatch, &QTimer::timeout, this, &ChildProcesses::watchEnd);
 }
 

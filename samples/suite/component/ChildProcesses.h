@@ -11,14 +11,14 @@
 
 namespace suite {
 
-// How long the end of child processes may take, in ms from the request on.
+/// How long the end of child processes may take, in ms from the request on.
 struct StopTimes
 {
     int asking;   // until those that stay are killed
-    int givingUp; // until the end is told in any case
+    int givingUp; ///< until the end is told in any case
 };
 
-// The child processes that a component runs at the moment, by number, and their end.
+/// The child processes that a component runs at the moment, by number, and their end.
 class ChildProcesses : public QObject
 {
     Q_OBJECT
@@ -26,24 +26,24 @@ class ChildProcesses : public QObject
 public:
     explicit ChildProcesses(StopTimes times, QObject* parent = nullptr);
 
-    // Kills what still runs.
+    /// Kills what still runs.
     ~ChildProcesses() override;
 
-    // Takes a process over, before or after its start.
+    /// Takes a process over, before or after its start.
     void add(int number, std::unique_ptr<ChildProcess> process);
 
-    // Forgets a process that has ended. It is deleted when control is back in the event loop, so a
-    // slot of its own signals may call this. Null when there is no such process.
+    /// Forgets a process that has ended. It is deleted when control is back in the event loop, so a
+    /// slot of its own signals may call this. Null when there is no such process.
     ChildProcess* release(int number);
 
     [[nodiscard]] int count() const { return static_cast<int>(m_processes.size()); }
 
-    // Asks all processes to end, and kills after a moment those that stay. Tells allEnded() from
-    // the event loop, also when there is none.
+    /// Asks all processes to end, and kills after a moment those that stay. Tells allEnded() from
+    /// the event loop, also when there is none.
     void stop();
 
 Q_SIGNALS:
-    // No process runs any more after stop(). Told once.
+    /// No process runs any more after stop(). Told once.
     void allEnded();
 
 private:

@@ -12,7 +12,7 @@ namespace suite {
 namespace {
 
 // Infinity is no number to compute with.
-constexpr double LargestValue = 1e15;
+constexpr double largestValue = 1e15;
 
 bool isInRange(const OptionRow& row, const QString& value)
 {
@@ -25,7 +25,7 @@ bool isPositive(const QString& value)
 {
     bool isNumber = false;
     const double number = value.toDouble(&isNumber);
-    return isNumber && number > 0 && number <= LargestValue;
+    return isNumber && number > 0 && number <= largestValue;
 }
 
 bool areHosts(const QString& value)

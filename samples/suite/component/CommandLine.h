@@ -7,26 +7,26 @@
 
 namespace suite {
 
-// A component's command line: the model and the options, each known to the table.
+/// A component's command line: the model and the options, each known to the table.
 class CommandLine
 {
 public:
-    // Reads the words behind the program's name. The group is the component's own.
+    /// Reads the words behind the program's name. The group is the component's own.
     CommandLine(OptionGroup group, QStringList arguments);
 
-    // What is wrong, one text each; empty when everything can be used.
+    /// What is wrong, one text each; empty when everything can be used.
     [[nodiscard]] const QStringList& errors() const { return m_errors; }
 
     [[nodiscard]] QString model() const { return m_model; }
 
-    // Whether an option was given in its group, and the last value given with it.
+    /// Whether an option was given in its group, and the last value given with it.
     [[nodiscard]] bool has(OptionGroup group, const QString& name) const;
     [[nodiscard]] QString value(OptionGroup group, const QString& name) const;
 
-    // All words behind a switch, for the program that they are meant for.
+    /// All words behind a switch, for the program that they are meant for.
     [[nodiscard]] QStringList wordsBehind(OptionGroup group, const QString& name) const;
 
-    // The help text of a component.
+    /// The help text of a component.
     static QString help(const QString& program, OptionGroup group);
 
 private:
@@ -42,7 +42,7 @@ private:
     void complain(const QString& problem, const QString& word);
 
     OptionGroup m_group;
-    QVector<OptionGroup> m_groups; // those that a switch has led away from
+    QVector<OptionGroup> m_groups; ///< those that a switch has led away from
     QStringList m_words;
     QString m_model;
     QMap<Key, QString> m_options;

@@ -28,18 +28,18 @@ std::optional<int> Component::readCommandLine(const QStringList& arguments)
         for (const QString& error : m_commandLine->errors()) {
             findings.print(FindingKind::BadCommandLine, {error});
         }
-        return ExitFailure;
+        return exitFailure;
     }
     if (m_commandLine->has(OptionGroup::Common, QStringLiteral("--help"))) {
         const QStringList lines = CommandLine::help(m_name, m_group).split(QLatin1Char('\n'));
         for (const QString& line : lines) {
             m_printer.printText(line);
         }
-        return ExitSuccess;
+        return exitSuccess;
     }
     if (m_commandLine->has(OptionGroup::Common, QStringLiteral("--version"))) {
         m_printer.printText(m_name + QLatin1Char(' ') + version());
-        return ExitSuccess;
+        return exitSuccess;
     }
     m_modelFile.emplace(m_commandLine->model());
     return std::nullopt;

@@ -10,22 +10,22 @@
 
 namespace suite {
 
-constexpr int ExitSuccess = 0;
-constexpr int ExitFailure = 1;
+constexpr int exitSuccess = 0;
+constexpr int exitFailure = 1;
 
-// What all components do alike: they read their command line, answer questions for help, and check
-// the model before anything else.
+/// What all components do alike: they read their command line, answer questions for help, and check
+/// the model before anything else.
 class Component
 {
 public:
-    // The name is the program's, the group the one its own options stand in.
+    /// The name is the program's, the group the one its own options stand in.
     Component(QString name, OptionGroup group);
 
-    // Reads the command line. An exit code when the component is done already.
+    /// Reads the command line. An exit code when the component is done already.
     std::optional<int> readCommandLine(const QStringList& arguments);
 
-    // Pre-processing: checks the model, prints what was found, its variables and their file where
-    // asked for. False when the component must end.
+    /// Pre-processing: checks the model, prints what was found, its variables and their file where
+    /// asked for. False when the component must end.
     bool preprocess();
 
     [[nodiscard]] const CommandLine& commandLine() const { return *m_commandLine; }
@@ -33,7 +33,7 @@ public:
     [[nodiscard]] const Preprocessor& preprocessor() const { return *m_preprocessor; }
     MarkerPrinter& printer() { return m_printer; }
 
-    // A printer of findings about the model.
+    /// A printer of findings about the model.
     FindingPrinter findingPrinter();
 
 private:

@@ -10,15 +10,15 @@ namespace suite {
 
 namespace {
 
-constexpr int SignalBase = 128;
-constexpr int ReaderWatchInterval = 250; // ms
+constexpr int signalBase = 128;
+constexpr int readerWatchInterval = 250; // ms
 
 } // namespace
 
 ComponentProgram::ComponentProgram(const QString& name, OptionGroup group)
     : m_component(name, group)
 {
-    m_readerWatch.setInterval(ReaderWatchInterval);
+    m_readerWatch.setInterval(readerWatchInterval);
     connect(&m_readerWatch, &QTimer::timeout, this, &ComponentProgram::checkReader);
 }
 
@@ -49,7 +49,7 @@ void ComponentProgram::stop(int signal)
         return;
     }
     fail(FindingKind::Stopped, QString());
-    m_exitCode = SignalBase + signal;
+    m_exitCode = signalBase + signal;
     end();
 }
 
@@ -64,7 +64,7 @@ void ComponentProgram::checkReader()
 void ComponentProgram::fail(FindingKind kind, const QString& reason)
 {
     m_component.findingPrinter().print(kind, {reason});
-    m_exitCode = ExitFailure;
+    m_exitCode = exitFailure;
 }
 
 void ComponentProgram::finish()

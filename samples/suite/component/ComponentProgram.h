@@ -7,8 +7,8 @@
 
 namespace suite {
 
-// A component that works in the event loop, so that it can be stopped at any moment: it reads its
-// command line, checks the model, works, and ends once.
+/// A component that works in the event loop, so that it can be stopped at any moment: it reads its
+/// command line, checks the model, works, and ends once.
 class ComponentProgram : public QObject
 {
     Q_OBJECT
@@ -16,30 +16,30 @@ class ComponentProgram : public QObject
 public:
     ~ComponentProgram() override;
 
-    // Reads the command line; an exit code when there is nothing to run.
+    /// Reads the command line; an exit code when there is nothing to run.
     std::optional<int> readCommandLine(const QStringList& arguments);
 
-    // Runs to the end and tells finished().
+    /// Runs to the end and tells finished().
     void run();
 
-    // Stops the run because of a signal: the exit code becomes 128 plus its number.
+    /// Stops the run because of a signal: the exit code becomes 128 plus its number.
     void stop(int signal);
 
 Q_SIGNALS:
     void finished(int exitCode);
 
 protected:
-    // The name is the program's, the group the one its own options stand in.
+    /// The name is the program's, the group the one its own options stand in.
     ComponentProgram(const QString& name, OptionGroup group);
 
-    // Checks the model; false when the run ends there, as was told.
+    /// Checks the model; false when the run ends there, as was told.
     virtual bool preprocess() { return m_component.preprocess(); }
 
-    // The work behind the check of the model. It may return while processes run; whoever sees the
-    // last of them end calls finish().
+    /// The work behind the check of the model. It may return while processes run; whoever sees the
+    /// last of them end calls finish().
     virtual void work() = 0;
 
-    // Begins to end what runs; false when nothing does.
+    /// Begins to end what runs; false when nothing does.
     virtual bool stopWork() = 0;
 
     Component& component() { return m_component; }
@@ -47,19 +47,19 @@ protected:
     [[nodiscard]] const CommandLine& commandLine() const { return m_component.commandLine(); }
     MarkerPrinter& printer() { return m_component.printer(); }
 
-    // Tells an error; the run will end with a failure.
+    /// Tells an error; the run will end with a failure.
     void fail(FindingKind kind, const QString& reason);
 
-    // The run will end with a failure whose reason has been told already.
-    void failAsTold() { m_exitCode = ExitFailure; }
+    /// The run will end with a failure whose reason has been told already.
+    void failAsTold() { m_exitCode = exitFailure; }
 
-    // False once an error was told or a stop was asked for.
-    [[nodiscard]] bool isGood() const { return m_exitCode == ExitSuccess; }
+    /// False once an error was told or a stop was asked for.
+    [[nodiscard]] bool isGood() const { return m_exitCode == exitSuccess; }
 
-    // Ends the run, with a failure if there was an error.
+    /// Ends the run, with a failure if there was an error.
     void finish();
 
-    // Without a reader nobody wants the results: the run ends, quietly.
+    /// Without a reader nobody wants the results: the run ends, quietly.
     void checkReader();
 
 private:
@@ -67,12 +67,12 @@ private:
 
     Component m_component;
     QTimer m_readerWatch;
-    int m_exitCode = ExitSuccess;
+    int m_exitCode = exitSuccess;
     bool m_isFinished = false;
 };
 
-// The main function of a component: reads the words behind the program's name, runs, and minds the
-// signals that stop it. Returns the exit code.
+/// The main function of a component: reads the words behind the program's name, runs, and minds the
+/// signals that stop it. Returns the exit code.
 int runComponent(ComponentProgram& program, const QStringList& words);
 
 } // namespace suite

@@ -6,7 +6,7 @@ namespace suite {
 
 namespace {
 
-constexpr int MostErrorOutput = 4096; // bytes
+constexpr int mostErrorOutput = 4096; // bytes
 
 } // namespace
 
@@ -15,7 +15,7 @@ ComponentRun::ComponentRun(QObject* parent) : ChildProcess(parent)
     setStandardInputFile(QProcess::nullDevice());
     connect(this, &QProcess::readyReadStandardOutput, this, &ComponentRun::readLines);
     connect(this, &QProcess::readyReadStandardError, this, [this] {
-        m_errorOutput += readAllStandardError().left(MostErrorOutput - m_errorOutput.size());
+        m_errorOutput += readAllStandardError().left(mostErrorOutput - m_errorOutput.size());
     });
     connect(this, qOverload<int, QProcess::ExitStatus>(&QProcess::finished), this,
             &ComponentRun::endRun);
@@ -66,7 +66,7 @@ void ComponentRun::readLines()
     while (canReadLine()) {
         QByteArray bytes = readLine();
         bytes.chop(1);
-        const MarkerLine line = MarkerLine::parsed(bytes);
+        const MarkerLine line = MarkerLine::parse(bytes);
         if (line.marker == Marker::Error && m_firstError.isEmpty()) {
             m_firstError = line.body;
         }

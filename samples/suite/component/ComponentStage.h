@@ -5,37 +5,38 @@
 
 namespace suite {
 
-// A part of a component's work that another component does.
+/// A part of a component's work that another component does.
 class ComponentStage : public QObject
 {
     Q_OBJECT
 
 public:
-    // How long its end may take: more than the other component needs to end its own processes.
+    /// How long its end may take: more than the other component needs to end its own processes.
     explicit ComponentStage(StopTimes times);
 
-    // Starts a component of this installation.
+    /// Starts a component of this installation.
     void start(const QString& name, const QStringList& arguments);
 
-    // Ends it and all its processes; tells ended(). May be called more than once.
+    /// Ends it and all its processes; tells ended(). May be called more than once.
     void stop();
 
-    // What became of it.
+    /// What became of it.
     [[nodiscard]] bool isSuccess() const { return m_isSuccess; }
     [[nodiscard]] QString error() const { return m_error; }
 
 Q_SIGNALS:
-    // A line was printed. Not told any more after stop(): what has to be said then is the caller's.
+    /// A line was printed. Not told any more after stop(): what has to be said then is the
+    /// caller's.
     void printed(const suite::MarkerLine& line);
 
-    // Nothing runs any more. Told once.
+    /// Nothing runs any more. Told once.
     void ended();
 
 private:
     void finish();
 
     ChildProcesses m_processes;
-    ComponentRun* m_run = nullptr; // owned by m_processes
+    ComponentRun* m_run = nullptr; ///< owned by m_processes
     QString m_error;
     bool m_isSuccess = false;
     bool m_isStopping = false;

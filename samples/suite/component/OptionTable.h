@@ -5,8 +5,9 @@
 
 namespace suite {
 
-// The words of a command line belong to groups: a component starts in its own, and a switch such as
-// "--prekest-options" makes the next words belong to another component.
+/// The words of a command line belong to groups: a component starts in its own, and a switch such
+/// as
+/// "--prekest-options" makes the next words belong to another component.
 enum class OptionGroup {
     Common,
     Prekest,
@@ -21,11 +22,11 @@ enum class ValueKind {
     None,
     Integer,      // within the row's limits
     Positive,     // a number greater than 0
-    ProcessCount, // a number from 1, or "all"
+    ProcessCount, ///< a number from 1, or "all"
     Word,         // one of the row's words
     Text,         // anything that is no option
     Hosts,        // words, none of which looks like an option
-    OptionalGpus, // "2", ":0,1", "2:0,1", or nothing
+    OptionalGpus, ///< "2", ":0,1", "2:0,1", or nothing
     Switch,       // none; the words behind it belong to the row's target group
 };
 
@@ -36,15 +37,15 @@ struct OptionRow
     const char* name;
     int least;
     int most;
-    const char* words; // separated by blanks
+    const char* words; ///< separated by blanks
     OptionGroup target;
     const char* help;
 };
 
-// The row of an option in a group; options of the common group are known in every group.
+/// The row of an option in a group; options of the common group are known in every group.
 const OptionRow* optionRow(OptionGroup group, const QString& name);
 
-// All rows, for the help text.
+/// All rows, for the help text.
 QVector<OptionRow> optionRows();
 
 } // namespace suite

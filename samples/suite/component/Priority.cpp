@@ -9,11 +9,11 @@ namespace suite {
 namespace {
 
 // What the system calls nice values; the normal priority leaves the process as it is.
-constexpr int NiceValues[] = {19, 10, 0, -5, -10};
+constexpr int niceValues[] = {19, 10, 0, -5, -10};
 
 bool setNiceValue(int level)
 {
-    return ::setpriority(PRIO_PROCESS, 0, NiceValues[level]) == 0;
+    return ::setpriority(PRIO_PROCESS, 0, niceValues[level]) == 0;
 }
 
 } // namespace
@@ -21,7 +21,7 @@ bool setNiceValue(int level)
 // On Linux the nice value belongs to the thread, so a thread can try for the process.
 bool Priority::isAllowed() const
 {
-    if (m_level <= Normal) {
+    if (m_level <= normalLevel) {
         return true;
     }
     bool result = false;
@@ -31,7 +31,7 @@ bool Priority::isAllowed() const
 
 void Priority::apply() const
 {
-    if (m_level != Normal) {
+    if (m_level != normalLevel) {
         setNiceValue(m_level);
     }
 }

@@ -2,20 +2,21 @@
 
 namespace suite {
 
-// The priority that the user chose for the engines, from 0 (lowest) over 2 (normal) to 4 (highest).
+/// The priority that the user chose for the engines, from 0 (lowest) over 2 (normal) to 4
+/// (highest).
 class Priority
 {
 public:
-    static constexpr int Normal = 2;
+    static constexpr int normalLevel = 2;
 
-    explicit Priority(int level = Normal) : m_level(level) {}
+    explicit Priority(int level = normalLevel) : m_level(level) {}
 
     [[nodiscard]] int level() const { return m_level; }
 
-    // True when this process may give its children the priority; raising it takes a permission.
+    /// True when this process may give its children the priority; raising it takes a permission.
     [[nodiscard]] bool isAllowed() const;
 
-    // Gives the calling process the priority, as far as it may. Safe between fork and exec.
+    /// Gives the calling process the priority, as far as it may. Safe between fork and exec.
     void apply() const;
 
 private:

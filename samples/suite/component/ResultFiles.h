@@ -8,22 +8,22 @@
 
 namespace suite {
 
-// The files that a run leaves beside the model. Each is written under another name first; the old
-// ones are replaced at the end, and only when all new ones are whole. Without commit() nothing
-// changes.
+/// The files that a run leaves beside the model. Each is written under another name first; the old
+/// ones are replaced at the end, and only when all new ones are whole. Without commit() nothing
+/// changes.
 class ResultFiles
 {
 public:
-    // Opens the files; false when one cannot be written.
+    /// Opens the files; false when one cannot be written.
     bool open(const QStringList& paths);
 
-    // Appends to a file, by its index.
+    /// Appends to a file, by its index.
     bool write(int index, const QByteArray& bytes);
 
-    // Puts the new files in place of the old ones.
+    /// Puts the new files in place of the old ones.
     bool commit();
 
-    // What went wrong, with the file's name.
+    /// What went wrong, with the file's name.
     [[nodiscard]] QString error() const { return m_error; }
 
 private:

@@ -18,7 +18,7 @@ namespace suite {
 namespace {
 
 // Another run may remove the folder between two of our steps.
-constexpr int MostAttempts = 10;
+constexpr int mostAttempts = 10;
 
 QString systemError()
 {
@@ -72,7 +72,7 @@ WorkFolder::~WorkFolder()
 
 bool WorkFolder::open()
 {
-    for (int attempt = 0; attempt < MostAttempts; ++attempt) {
+    for (int attempt = 0; attempt < mostAttempts; ++attempt) {
         switch (tryOpen()) {
         case Attempt::Done:
             return takeOver();

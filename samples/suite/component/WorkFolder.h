@@ -5,36 +5,36 @@
 
 namespace suite {
 
-// A folder beside the model for what a component keeps while it works. One run at a time has it; it
-// is free again when that run has ended, however it ended. Only what components make is ever
-// removed from it, and no symbolic link is followed.
+/// A folder beside the model for what a component keeps while it works. One run at a time has it;
+/// it is free again when that run has ended, however it ended. Only what components make is ever
+/// removed from it, and no symbolic link is followed.
 class WorkFolder
 {
 public:
-    // The program is the component's name: a folder that another program made is not used.
+    /// The program is the component's name: a folder that another program made is not used.
     WorkFolder(QString path, QString program);
 
-    // Gives the folder back, and removes it if nothing was put in.
+    /// Gives the folder back, and removes it if nothing was put in.
     ~WorkFolder();
 
     WorkFolder(const WorkFolder&) = delete;
     WorkFolder& operator=(const WorkFolder&) = delete;
 
-    // Makes the folder, or takes the one of an earlier run; false when it cannot be had.
+    /// Makes the folder, or takes the one of an earlier run; false when it cannot be had.
     bool open();
     [[nodiscard]] bool isOpen() const { return m_descriptor >= 0; }
 
-    // What went wrong, with the folder's name.
+    /// What went wrong, with the folder's name.
     [[nodiscard]] QString error() const { return m_error; }
 
-    // The absolute path of an entry of the folder.
+    /// The absolute path of an entry of the folder.
     [[nodiscard]] QString path(const QString& name) const;
 
-    // Makes a folder in it; one that is there already will do.
+    /// Makes a folder in it; one that is there already will do.
     bool makeFolder(const QString& name);
 
-    // Removes the plain files with such names from the folder, or from a folder in it, which goes
-    // too if nothing else is in it.
+    /// Removes the plain files with such names from the folder, or from a folder in it, which goes
+    /// too if nothing else is in it.
     void removeFiles(const QRegularExpression& names) const;
     void removeFolder(const QString& name, const QRegularExpression& names) const;
 

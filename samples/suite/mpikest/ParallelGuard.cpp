@@ -11,8 +11,8 @@ using namespace suite;
 
 namespace {
 
-constexpr int ReadSize = 1 << 16;
-constexpr int WatchInterval = 10; // ms
+constexpr int readSize = 1 << 16;
+constexpr int watchInterval = 10; // ms
 
 // What is done to processes that do not end, in ms after the request. Those that have not found
 // each other yet cannot hear the request.
@@ -22,8 +22,8 @@ struct StopStep
     int timeBeforeStart;
     int signal;
 };
-constexpr StopStep StopSteps[] = {{600, 0, SIGTERM}, {1100, 300, SIGKILL}};
-constexpr int GivingUp = 1500; // ms
+constexpr StopStep stopSteps[] = {{600, 0, SIGTERM}, {1100, 300, SIGKILL}};
+constexpr int givingUp = 1500; // ms
 
 bool writeAll(const QByteArray& bytes)
 {
@@ -44,7 +44,7 @@ bool writeAll(const QByteArray& bytes)
 ParallelGuard::ParallelGuard() : m_input(STDIN_FILENO, QSocketNotifier::Read)
 {
     m_process.setProcessChannelMode(QProcess::ForwardedErrorChannel);
-    m_endWatch.setInterval(WatchInterval);
+    m_endWatch.setInterval(watchInterval);
     connect(&m_endWatch, &QTimer::timeout, this, &ParallelGuard::watchEnd);
     connect(&m_input, &QSocketNotifier::activated, this, &ParallelGuard::passOnInput);
     connect(&m_process, &QProcess::readyReadStandardOutput, this, &ParallelGuard::passOnOutput);
@@ -79,7 +79,7 @@ void ParallelGuard::stop()
 
 void ParallelGuard::passOnInput()
 {
-    std::array<char, ReadSize> bytes;
+    std::array<char, readSize> bytes;
     const ssize_t size = ::read(STDIN_FILENO, bytes.data(), bytes.size());
     if (size > 0) {
         m_process.write(bytes.data(), size);
@@ -101,10 +101,10 @@ void ParallelGuard::passOnOutput()
 void ParallelGuard::watchEnd()
 {
     const qint64 elapsed = m_clock.elapsed();
-    if (elapsed >= GivingUp) {
+    if (elapsed >= givingUp) {
         finish(EXIT_FAILURE);
-    } else if (m_step < std::size(StopSteps)) {
-        const StopStep& step = StopSteps[m_step];
+    } else if (m_step < std::size(stopSteps)) {
+        const StopStep& step = stopSteps[m_step];
         if (elapsed >= (m_hasPrinted ? step.time : step.timeBeforeStart)) {
             ++m_step;
             m_process.signalGroup(step.signal);

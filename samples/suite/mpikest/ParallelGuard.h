@@ -6,9 +6,9 @@
 #include <QSocketNotifier>
 #include <QTimer>
 
-// Stands between a component and mpiexec, so that the processes of the parallel runtime end in good
-// order even when the component is killed: passes both ways what they say to each other, and ends
-// mpiexec when the component is gone.
+/// Stands between a component and mpiexec, so that the processes of the parallel runtime end in
+/// good order even when the component is killed: passes both ways what they say to each other, and
+/// ends mpiexec when the component is gone.
 class ParallelGuard : public QObject
 {
     Q_OBJECT
@@ -18,8 +18,8 @@ public:
 
     void start(const QString& program, const QStringList& arguments);
 
-    // Ends mpiexec: closes its input, which its first process takes as the request to stop
-    // everything, and uses force when that does not help.
+    /// Ends mpiexec: closes its input, which its first process takes as the request to stop
+    /// everything, and uses force when that does not help.
     void stop();
 
 Q_SIGNALS:

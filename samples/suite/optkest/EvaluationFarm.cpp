@@ -12,7 +12,7 @@ using suite::MarkerLine;
 namespace {
 
 // Runkest needs less to end its engines.
-constexpr suite::StopTimes RunStopTimes = {1400, 1800};
+constexpr suite::StopTimes runStopTimes = {1400, 1800};
 
 // Runs on this machine need no way to a host.
 bool isThisMachine(const QString& host)
@@ -26,7 +26,7 @@ bool isThisMachine(const QString& host)
 } // namespace
 
 EvaluationFarm::EvaluationFarm(QStringList hosts, QStringList options)
-    : m_hosts(std::move(hosts)), m_options(std::move(options)), m_processes(RunStopTimes)
+    : m_hosts(std::move(hosts)), m_options(std::move(options)), m_processes(runStopTimes)
 {
     connect(&m_processes, &suite::ChildProcesses::allEnded, this, &EvaluationFarm::ended);
 }

@@ -6,35 +6,35 @@
 #include <QObject>
 #include <QStringList>
 
-// Runs evaluations with runkest, several at once. Each of its places belongs to a host.
+/// Runs evaluations with runkest, several at once. Each of its places belongs to a host.
 class EvaluationFarm : public QObject
 {
     Q_OBJECT
 
 public:
-    // A host's name for each place; the options are runkest's.
+    /// A host's name for each place; the options are runkest's.
     EvaluationFarm(QStringList hosts, QStringList options);
 
     [[nodiscard]] int placeCount() const { return m_hosts.size(); }
     [[nodiscard]] QString host(int place) const { return m_hosts.at(place); }
 
-    // Starts a run of a model's file on a place that is free.
+    /// Starts a run of a model's file on a place that is free.
     void start(int place, int run, const QString& model);
 
-    // Ends all runs; nothing but ended() is told any more. May be called more than once.
+    /// Ends all runs; nothing but ended() is told any more. May be called more than once.
     void stop();
 
 Q_SIGNALS:
-    // A run has come so far.
+    /// A run has come so far.
     void progressed(int run, int percentage);
 
-    // A run has ended well on its host; its results are beside its model.
+    /// A run has ended well on its host; its results are beside its model.
     void succeeded(int run, const QString& host);
 
-    // A run has failed on its host for this reason.
+    /// A run has failed on its host for this reason.
     void failed(int run, const QString& host, const QString& reason);
 
-    // No run is left after stop().
+    /// No run is left after stop().
     void ended();
 
 private:

@@ -4,7 +4,8 @@
 
 namespace suite {
 
-// The golden section search: one evaluation at a time, each makes the interval 0.618 times as wide.
+/// The golden section search: one evaluation at a time, each makes the interval 0.618 times as
+/// wide.
 class GoldenSection : public SectionSearch
 {
 public:

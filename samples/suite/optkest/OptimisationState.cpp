@@ -15,9 +15,9 @@
 
 namespace {
 
-constexpr qint64 LargestState = 4 << 20;
-constexpr int MostRuns = 1000000;
-constexpr int TableDigits = 6;
+constexpr qint64 largestState = 4 << 20;
+constexpr int mostRuns = 1000000;
+constexpr int tableDigits = 6;
 
 QJsonObject objectOf(const Evaluation& evaluation)
 {
@@ -41,7 +41,7 @@ bool readEvaluation(const QJsonObject& object, Evaluation& evaluation)
     evaluation.value = object.value(keys.at(1)).toDouble();
     evaluation.impedance.resistance = object.value(keys.at(2)).toDouble();
     evaluation.impedance.reactance = object.value(keys.at(3)).toDouble();
-    return isWhole && evaluation.run >= 1 && evaluation.run <= MostRuns;
+    return isWhole && evaluation.run >= 1 && evaluation.run <= mostRuns;
 }
 
 bool precedes(const Evaluation& left, const Evaluation& right)
@@ -103,7 +103,7 @@ QString OptimisationState::write(const QString& path) const
 QString OptimisationState::read(const QString& path)
 {
     suite::InputFile file(path);
-    const std::optional<QByteArray> content = file.read(LargestState);
+    const std::optional<QByteArray> content = file.read(largestState);
     if (file.problem() == suite::InputFile::Problem::Missing) {
         return QStringLiteral("there are no earlier runs");
     }
@@ -138,7 +138,7 @@ QByteArray OptimisationState::csv() const
                 suite::plainNumber(evaluation.value).toLatin1();
         for (const double number : {evaluation.impedance.resistance, evaluation.impedance.reactance,
                                     evaluation.objective()}) {
-            text += ',' + QByteArray::number(number, 'g', TableDigits);
+            text += ',' + QByteArray::number(number, 'g', tableDigits);
         }
         text += '\n';
     }

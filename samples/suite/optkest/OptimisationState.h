@@ -5,46 +5,46 @@
 #include <QString>
 #include <QVector>
 
-// One evaluation: the run's number, the value tried, and what came out.
+/// One evaluation: the run's number, the value tried, and what came out.
 struct Evaluation
 {
     int run = 0;
     double value = 0;
     suite::Impedance impedance;
 
-    // What is to be made as small as possible, in ohm.
+    /// What is to be made as small as possible, in ohm.
     [[nodiscard]] double objective() const;
 };
 
-// What an optimisation knows after each evaluation: enough to go on from there.
+/// What an optimisation knows after each evaluation: enough to go on from there.
 struct OptimisationState
 {
-    // At once when runs with different numbers have found the points: no search repeats them.
-    static constexpr int Mixed = 0;
+    /// At once when runs with different numbers have found the points: no search repeats them.
+    static constexpr int mixed = 0;
 
-    QString fingerprint; // of the model
+    QString fingerprint; ///< of the model
     QString name;        // of the value
     double low = 0;
     double high = 0;
     double frequency = 0;
     int atOnce = 1;
-    QVector<Evaluation> evaluations; // in the order of their runs
+    QVector<Evaluation> evaluations; ///< in the order of their runs
 
-    // Whether both are about the same question.
+    /// Whether both are about the same question.
     [[nodiscard]] bool isSameQuestion(const OptimisationState& other) const;
 
-    // The highest number of a run, 0 without any.
+    /// The highest number of a run, 0 without any.
     [[nodiscard]] int lastRun() const;
 
-    // Adds an evaluation at its place.
+    /// Adds an evaluation at its place.
     void add(const Evaluation& evaluation);
 
-    // Writes the state to a file in one step; an error text on failure.
+    /// Writes the state to a file in one step; an error text on failure.
     [[nodiscard]] QString write(const QString& path) const;
 
-    // Reads a file that write() made; an error text on failure.
+    /// Reads a file that write() made; an error text on failure.
     [[nodiscard]] QString read(const QString& path);
 
-    // The evaluations as a table.
+    /// The evaluations as a table.
     [[nodiscard]] QByteArray csv() const;
 };

@@ -18,17 +18,17 @@ using namespace suite;
 
 namespace {
 
-constexpr int MostEvaluations = 500;
+constexpr int mostEvaluations = 500;
 
 // The shares of the whole run: pre-processing, the search, the tuned model's run.
-constexpr int PreparedPercentage = 5;
-constexpr int SearchedPercentage = 85;
-constexpr int SolvedPercentage = 99;
+constexpr int preparedPercentage = 5;
+constexpr int searchedPercentage = 85;
+constexpr int solvedPercentage = 99;
 
 // Below this, in ohm, a reactance counts as none.
-constexpr double NoReactance = 1;
+constexpr double noReactance = 1;
 
-constexpr qint64 CopiedPiece = 1 << 20;
+constexpr qint64 copiedPiece = 1 << 20;
 
 QString exampleOfOptimisation()
 {
@@ -131,7 +131,7 @@ QStringList Optkest::hostsOfMachinesFile()
     }
     bool isNumber = false;
     const int wanted = wantedAtOnce().toInt(&isNumber);
-    const int most = isNumber ? qMin(wanted, MostEvaluations) : MostEvaluations;
+    const int most = isNumber ? qMin(wanted, mostEvaluations) : mostEvaluations;
     QStringList hosts;
     for (const MachinesFile::Entry& entry : file.entries()) {
         for (int i = 0; i < entry.count && hosts.size() < most; ++i) {
@@ -150,7 +150,7 @@ QStringList Optkest::placesOfThisMachine() const
     const bool wantsAll = wantedAtOnce() == QLatin1String("all");
     const int wanted = wantsAll ? QThread::idealThreadCount() : wantedAtOnce().toInt();
     QStringList hosts;
-    for (int i = 0; i < qBound(1, wanted, MostEvaluations); ++i) {
+    for (int i = 0; i < qBound(1, wanted, mostEvaluations); ++i) {
         hosts.append(QStringLiteral("localhost"));
     }
     return hosts;
@@ -217,7 +217,7 @@ bool Optkest::takeOverRuns()
         }
         m_nextRun = last + 1;
         m_earlier.clear();
-        m_state.atOnce = OptimisationState::Mixed;
+        m_state.atOnce = OptimisationState::mixed;
     }
     return true;
 }
@@ -241,7 +241,7 @@ void Optkest::advance()
                    QStringLiteral("the range to optimise in is too narrow"));
             return;
         }
-        const int left = MostEvaluations - m_state.evaluations.size();
+        const int left = mostEvaluations - m_state.evaluations.size();
         m_isConverged = points.isEmpty();
         if (points.isEmpty() || left <= 0) {
             startFinalRun();
@@ -292,7 +292,7 @@ bool Optkest::startRound()
 
 void Optkest::takeRun(int run, const QString& host)
 {
-    if (run == RunFolder::FinalRun) {
+    if (run == RunFolder::finalRun) {
         finishFinalRun();
         return;
     }
@@ -345,26 +345,26 @@ void Optkest::takeRound()
 
 void Optkest::printProgress(double part)
 {
-    const int share = SearchedPercentage - PreparedPercentage;
+    const int share = searchedPercentage - preparedPercentage;
     printer().printPercentage(Marker::Percentage, static_cast<int>(100 * part));
     printer().printPercentage(Marker::TotalPercentage,
-                              PreparedPercentage + static_cast<int>(share * part));
+                              preparedPercentage + static_cast<int>(share * part));
 }
 
 void Optkest::printFinalProgress(int run, int percentage)
 {
-    if (run == RunFolder::FinalRun) {
-        const int share = SolvedPercentage - SearchedPercentage;
+    if (run == RunFolder::finalRun) {
+        const int share = solvedPercentage - searchedPercentage;
         printer().printPercentage(Marker::Percentage, percentage);
         printer().printPercentage(Marker::TotalPercentage,
-                                  SearchedPercentage + share * percentage / 100);
+                                  searchedPercentage + share * percentage / 100);
     }
 }
 
 void Optkest::failRun(int run, const QString& host, const QString& reason)
 {
     m_failedRun = run;
-    const QString name = run == RunFolder::FinalRun ? QStringLiteral("the run of the tuned model")
+    const QString name = run == RunFolder::finalRun ? QStringLiteral("the run of the tuned model")
                                                     : QStringLiteral("run %1").arg(run);
     const QString place = host.isEmpty() ? QString() : QStringLiteral(" on ") + host;
     giveUp(FindingKind::EvaluationFailed, name + place + QStringLiteral(" failed, ") + reason);
@@ -374,15 +374,15 @@ void Optkest::startFinalRun()
 {
     printer().printText(QStringLiteral("Solving the tuned model"));
     printer().printPercentage(Marker::Percentage, 0);
-    printer().printPercentage(Marker::TotalPercentage, SearchedPercentage);
+    printer().printPercentage(Marker::TotalPercentage, searchedPercentage);
     const QString error =
-        m_folder->prepareRun(RunFolder::FinalRun, m_model->withValue(m_search->best()));
+        m_folder->prepareRun(RunFolder::finalRun, m_model->withValue(m_search->best()));
     if (!error.isEmpty()) {
         giveUp(FindingKind::RunFolderUnusable, error);
         return;
     }
-    m_farm->start(0, RunFolder::FinalRun,
-                  m_folder->filePath(RunFolder::FinalRun, QStringLiteral("nec")));
+    m_farm->start(0, RunFolder::finalRun,
+                  m_folder->filePath(RunFolder::finalRun, QStringLiteral("nec")));
 }
 
 void Optkest::finishFinalRun()
@@ -408,10 +408,10 @@ QString Optkest::writeResults()
     ResultFiles results;
     bool isWritten = results.open(m_resultPaths);
     for (int index = 0; isWritten && index < suffixes.size(); ++index) {
-        QFile file(m_folder->filePath(RunFolder::FinalRun, suffixes.at(index)));
+        QFile file(m_folder->filePath(RunFolder::finalRun, suffixes.at(index)));
         bool isRead = file.open(QIODevice::ReadOnly);
         while (isWritten && isRead && !file.atEnd()) {
-            const QByteArray piece = file.read(CopiedPiece);
+            const QByteArray piece = file.read(copiedPiece);
             isRead = !piece.isEmpty();
             isWritten = results.write(index, piece);
         }
@@ -470,7 +470,7 @@ bool Optkest::isResonance() const
             isPositive = isPositive || evaluation.impedance.reactance >= 0;
         }
     }
-    return best().objective() <= NoReactance || (isNegative && isPositive);
+    return best().objective() <= noReactance || (isNegative && isPositive);
 }
 
 void Optkest::giveUp(FindingKind kind, const QString& reason)
@@ -497,7 +497,7 @@ void Optkest::endWork()
         }
     }
     if (m_folder) {
-        m_folder->removeRun(RunFolder::FinalRun);
+        m_folder->removeRun(RunFolder::finalRun);
     }
     finish();
 }

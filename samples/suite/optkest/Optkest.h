@@ -11,8 +11,8 @@
 
 #include <memory>
 
-// The optimiser: tunes a named value of the model until the reactance is least. Each evaluation is
-// a run of the solver in a folder of its own.
+/// The optimiser: tunes a named value of the model until the reactance is least. Each evaluation is
+/// a run of the solver in a folder of its own.
 class Optkest : public suite::ComponentProgram
 {
     Q_OBJECT
@@ -62,7 +62,7 @@ private:
 
     QStringList m_resultPaths;
     OptimisationState m_state;
-    QMap<int, Evaluation> m_earlier; // that this search would do again
+    QMap<int, Evaluation> m_earlier; ///< that this search would do again
     QMap<int, double> m_round;       // the values of the runs that are not done yet
     std::unique_ptr<TunedModel> m_model;
     std::unique_ptr<RunFolder> m_folder;
@@ -70,7 +70,7 @@ private:
     std::unique_ptr<suite::SectionSearch> m_search;
     int m_failedRun = -1;
     int m_nextRun = 1;
-    int m_roundStart = 0; // the first run of the round
+    int m_roundStart = 0; ///< the first run of the round
     int m_roundCount = 0;
     int m_takenOver = 0;
     bool m_isConverged = true;

@@ -7,10 +7,10 @@
 
 namespace {
 
-constexpr int NumberWidth = 4;
+constexpr int numberWidth = 4;
 
 // A lock whose writing was cut off says nothing of its owner and is taken over after this time, ms.
-constexpr int CutLockAge = 2000;
+constexpr int cutLockAge = 2000;
 
 QString runPrefix()
 {
@@ -93,7 +93,7 @@ QString RunFolder::takeLock()
         return QStringLiteral("another %1, process %2 on %3, is working on this model")
             .arg(program, QString::number(process), host);
     }
-    m_lock.setStaleLockTime(CutLockAge);
+    m_lock.setStaleLockTime(cutLockAge);
     return m_lock.tryLock(0)
                ? QString()
                : QStringLiteral("the folder '%1' is locked by another optkest").arg(name);
@@ -112,9 +112,9 @@ QString RunFolder::filePath(int run, const QString& suffix) const
 QString RunFolder::folderOf(int run) const
 {
     const QString name =
-        run == FinalRun
+        run == finalRun
             ? QStringLiteral("final")
-            : runPrefix() + QStringLiteral("%1").arg(run, NumberWidth, 10, QLatin1Char('0'));
+            : runPrefix() + QStringLiteral("%1").arg(run, numberWidth, 10, QLatin1Char('0'));
     return QDir(m_path).filePath(name);
 }
 
@@ -154,7 +154,7 @@ void RunFolder::removeRunsBehind(int run)
             removeRun(match.captured(1).toInt());
         }
     }
-    removeRun(FinalRun);
+    removeRun(finalRun);
     if (run == 0) {
         QFile::remove(statePath());
     }

@@ -3,17 +3,17 @@
 #include <QLockFile>
 #include <QString>
 
-// The folder that holds the runs of an optimisation, a folder each, and its state. One optimisation
-// at a time has it. Files that are not the optimisation's are left alone.
+/// The folder that holds the runs of an optimisation, a folder each, and its state. One
+/// optimisation at a time has it. Files that are not the optimisation's are left alone.
 class RunFolder
 {
 public:
-    // The number that stands for the last run, of the tuned model.
-    static constexpr int FinalRun = 0;
+    /// The number that stands for the last run, of the tuned model.
+    static constexpr int finalRun = 0;
 
     explicit RunFolder(const QString& path);
 
-    // Lets others have the folder, and removes it when it is empty.
+    /// Lets others have the folder, and removes it when it is empty.
     ~RunFolder();
 
     RunFolder(const RunFolder&) = delete;
@@ -21,20 +21,20 @@ public:
     RunFolder(RunFolder&&) = delete;
     RunFolder& operator=(RunFolder&&) = delete;
 
-    // Makes the folder and takes it; an error text on failure.
+    /// Makes the folder and takes it; an error text on failure.
     [[nodiscard]] QString open();
 
     [[nodiscard]] QString statePath() const;
 
-    // A file of a run by its suffix: "nec", "out" or "csv".
+    /// A file of a run by its suffix: "nec", "out" or "csv".
     [[nodiscard]] QString filePath(int run, const QString& suffix) const;
 
-    // Makes a run's folder, with nothing but this deck in it; an error text on failure.
+    /// Makes a run's folder, with nothing but this deck in it; an error text on failure.
     [[nodiscard]] QString prepareRun(int run, const QByteArray& deck);
 
     void removeRun(int run);
 
-    // Removes all runs behind this one, and the state too if none is left.
+    /// Removes all runs behind this one, and the state too if none is left.
     void removeRunsBehind(int run);
 
 private:

@@ -11,14 +11,14 @@ namespace {
 
 // How exact the best point must be, relative to itself; a best point near 0 is measured by the
 // interval's ends.
-constexpr double Exactness = 1e-4;
+constexpr double exactness = 1e-4;
 
 // More digits than these say nothing and are hard to read.
-constexpr int Digits = 9;
+constexpr int digitCount = 9;
 
 double shortened(double value)
 {
-    return QString::number(value, 'g', Digits).toDouble();
+    return QString::number(value, 'g', digitCount).toDouble();
 }
 
 } // namespace
@@ -84,7 +84,7 @@ double SectionSearch::progress() const
 double SectionSearch::tolerance() const
 {
     const double scale = std::max(std::abs(m_lowEnd), std::abs(m_highEnd));
-    return Exactness * std::max(std::abs(m_best), Exactness * scale);
+    return exactness * std::max(std::abs(m_best), exactness * scale);
 }
 
 // Numbers have an end: points that coincide with each other or with known ones fall away.

@@ -5,39 +5,39 @@
 
 namespace suite {
 
-// Looks for the least value of a function with one minimum, in an interval that shrinks around the
-// best value seen. It says where to evaluate next and is told the results; in which order these
-// come, and whether somebody has evaluated elsewhere before, makes no difference.
+/// Looks for the least value of a function with one minimum, in an interval that shrinks around the
+/// best value seen. It says where to evaluate next and is told the results; in which order these
+/// come, and whether somebody has evaluated elsewhere before, makes no difference.
 class SectionSearch
 {
 public:
     virtual ~SectionSearch();
 
-    // Where to evaluate next, in rising order, all at once. Empty when the minimum is known to a
-    // ten-thousandth of its value.
+    /// Where to evaluate next, in rising order, all at once. Empty when the minimum is known to a
+    /// ten-thousandth of its value.
     [[nodiscard]] QVector<double> next() const;
 
-    // Tells the function's value at a point of the interval.
+    /// Tells the function's value at a point of the interval.
     void add(double point, double value);
 
-    // The best point so far; there must be one.
+    /// The best point so far; there must be one.
     [[nodiscard]] double best() const { return m_best; }
 
-    // The points that enclose the best one, or the interval's ends.
+    /// The points that enclose the best one, or the interval's ends.
     [[nodiscard]] double low() const;
     [[nodiscard]] double high() const;
 
-    // Whether no point between the best one and an end of the interval was worse.
+    /// Whether no point between the best one and an end of the interval was worse.
     [[nodiscard]] bool isAtEdge() const;
 
-    // The part of the work that is done, from 0 to 1.
+    /// The part of the work that is done, from 0 to 1.
     [[nodiscard]] double progress() const;
 
 protected:
     SectionSearch(double low, double high);
 
-    // Where to evaluate first in an interval, and where in the gaps on both sides of the best
-    // point.
+    /// Where to evaluate first in an interval, and where in the gaps on both sides of the best
+    /// point.
     [[nodiscard]] virtual QVector<double> firstPoints(double low, double high) const = 0;
     [[nodiscard]] virtual QVector<double> pointsAround(double low, double best,
                                                        double high) const = 0;

@@ -2,20 +2,20 @@
 
 #include "Model.h"
 
-// The bytes of a model whose optimised value has been replaced.
+/// The bytes of a model whose optimised value has been replaced.
 class TunedModel
 {
 public:
-    // The model must say what to optimise.
+    /// The model must say what to optimise.
     explicit TunedModel(const suite::Model& model);
 
-    // The model with this value; nothing else changes.
+    /// The model with this value; nothing else changes.
     [[nodiscard]] QByteArray withValue(double value) const;
 
-    // The same, at one frequency in MHz.
+    /// The same, at one frequency in MHz.
     [[nodiscard]] QByteArray withValueAndFrequency(double value, double frequency) const;
 
-    // Tells models apart.
+    /// Tells models apart.
     [[nodiscard]] QByteArray fingerprint() const;
 
 private:

@@ -7,18 +7,18 @@
 
 namespace suite {
 
-// One message between processes of a run that are joined by a stream of bytes.
+/// One message between processes of a run that are joined by a stream of bytes.
 struct Frame
 {
-    // The numbers are part of the protocol.
+    /// The numbers are part of the protocol.
     enum class Type : quint8 {
         Alive = 1,   // says that the sender is there
         Hello = 2,   // the protocol's number; the first of all
         Setup = 3,   // what is to be done
         Stop = 4,    // end everything
         Result = 5,  // one frequency of a sweep
-        Warning = 6, // a text for the user
-        Failure = 7, // a text for the user; the sender ends
+        Warning = 6, ///< a text for the user
+        Failure = 7, ///< a text for the user; the sender ends
         Line = 8,    // one line that the remote run printed
         File = 9,    // one file that the remote run wrote
         Exit = 10,   // the last of all: the remote run's exit code
@@ -30,11 +30,11 @@ struct Frame
     Type type = Type::Alive;
     QByteArray payload;
 
-    // The frame as it goes over the stream.
+    /// The frame as it goes over the stream.
     [[nodiscard]] QByteArray bytes() const;
 
-    // A frame whose payload holds the values, one after another; and the way back, which is false
-    // when the payload is shorter.
+    /// A frame whose payload holds the values, one after another; and the way back, which is false
+    /// when the payload is shorter.
     template <typename... Values>
     static Frame of(Type type, const Values&... values)
     {
@@ -58,23 +58,23 @@ private:
     static void prepare(QDataStream& stream) { stream.setVersion(QDataStream::Qt_5_15); }
 };
 
-// The number of the protocol that both ends must speak.
-constexpr qint32 FrameProtocol = 1;
+/// The number of the protocol that both ends must speak.
+constexpr qint32 frameProtocol = 1;
 
-// Takes a stream of bytes apart again.
+/// Takes a stream of bytes apart again.
 class FrameReader
 {
 public:
-    // Adds bytes as they come.
+    /// Adds bytes as they come.
     void add(const QByteArray& bytes) { m_bytes += bytes; }
 
-    // The next whole frame.
+    /// The next whole frame.
     std::optional<Frame> next();
 
-    // True when what came is no frame: another program prints on the stream.
+    /// True when what came is no frame: another program prints on the stream.
     [[nodiscard]] bool isBroken() const { return m_isBroken; }
 
-    // The bytes that have not been taken as a frame.
+    /// The bytes that have not been taken as a frame.
     [[nodiscard]] QByteArray rest() const { return m_bytes.mid(m_start); }
 
 private:

@@ -10,8 +10,8 @@ namespace suite {
 
 namespace {
 
-constexpr int ReadSize = 1 << 16;
-constexpr int CompactFrom = 1 << 20;
+constexpr int readSize = 1 << 16;
+constexpr int compactFrom = 1 << 20;
 
 void setNonBlocking(int descriptor)
 {
@@ -48,7 +48,7 @@ void FrameChannel::send(const Frame& frame)
 
 void FrameChannel::read()
 {
-    std::array<char, ReadSize> bytes;
+    std::array<char, readSize> bytes;
     const ssize_t size = ::read(m_inputDescriptor, bytes.data(), bytes.size());
     if (size < 0 && isForLater()) {
         return;
@@ -77,7 +77,7 @@ void FrameChannel::write()
         return;
     }
     m_start += static_cast<int>(size);
-    if (m_start > CompactFrom || unsent() == 0) {
+    if (m_start > compactFrom || unsent() == 0) {
         m_unsent.remove(0, m_start);
         m_start = 0;
     }

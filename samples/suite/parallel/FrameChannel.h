@@ -7,8 +7,8 @@
 
 namespace suite {
 
-// Frames over two descriptors of this process, usually its standard channels. Neither reading nor
-// writing ever waits.
+/// Frames over two descriptors of this process, usually its standard channels. Neither reading nor
+/// writing ever waits.
 class FrameChannel : public QObject
 {
     Q_OBJECT
@@ -18,16 +18,16 @@ public:
 
     void send(const Frame& frame);
 
-    // How many bytes the other end has not taken yet.
+    /// How many bytes the other end has not taken yet.
     [[nodiscard]] qint64 unsent() const { return m_unsent.size() - m_start; }
 
 Q_SIGNALS:
     void received(const suite::Frame& frame);
 
-    // All bytes have gone out.
+    /// All bytes have gone out.
     void sent();
 
-    // The other end is gone, or does not speak in frames.
+    /// The other end is gone, or does not speak in frames.
     void closed();
 
 private:

@@ -6,8 +6,8 @@ namespace suite {
 
 namespace {
 
-constexpr int MostLastLines = 3;
-constexpr int LongestLine = 4096;
+constexpr int mostLastLines = 3;
+constexpr int longestLine = 4096;
 
 } // namespace
 
@@ -69,7 +69,7 @@ void FramedProcess::readFrames()
         Q_EMIT received(*frame);
     }
     if (m_reader.isBroken()) {
-        Q_EMIT broken(excerpt(QString::fromUtf8(m_reader.rest().left(LongestLine)).simplified()));
+        Q_EMIT broken(excerpt(QString::fromUtf8(m_reader.rest().left(longestLine)).simplified()));
     }
 }
 
@@ -77,15 +77,15 @@ void FramedProcess::readComplaints()
 {
     m_line += readAllStandardError();
     for (int end = m_line.indexOf('\n'); end >= 0; end = m_line.indexOf('\n')) {
-        const QString text = QString::fromUtf8(m_line.left(qMin(end, LongestLine))).simplified();
+        const QString text = QString::fromUtf8(m_line.left(qMin(end, longestLine))).simplified();
         m_line.remove(0, end + 1);
         if (!text.isEmpty()) {
             m_lastLines.append(text);
-            m_lastLines = m_lastLines.mid(qMax(0, m_lastLines.size() - MostLastLines));
+            m_lastLines = m_lastLines.mid(qMax(0, m_lastLines.size() - mostLastLines));
             Q_EMIT complained(text);
         }
     }
-    m_line = m_line.left(LongestLine);
+    m_line = m_line.left(longestLine);
 }
 
 void FramedProcess::end()

@@ -6,7 +6,7 @@
 
 namespace suite {
 
-// A program that frames are exchanged with over its standard channels, and whether it is there.
+/// A program that frames are exchanged with over its standard channels, and whether it is there.
 class FramedProcess : public ChildProcess
 {
     Q_OBJECT
@@ -14,34 +14,34 @@ class FramedProcess : public ChildProcess
 public:
     explicit FramedProcess(QObject* parent = nullptr);
 
-    // Starts the program and the watch over it; use it in place of the other starts. The first
-    // frame may take longer than the silence limit allows later: "startLimit", in ms.
+    /// Starts the program and the watch over it; use it in place of the other starts. The first
+    /// frame may take longer than the silence limit allows later: "startLimit", in ms.
     void startFramed(const QString& program, const QStringList& arguments, int startLimit);
 
     void send(const Frame& frame);
 
-    // From now on silence means nothing.
+    /// From now on silence means nothing.
     void stopWatching();
 
-    // The last lines of what the program wrote on its error channel, for messages.
+    /// The last lines of what the program wrote on its error channel, for messages.
     [[nodiscard]] QString lastWords() const;
 
-    // Whether any frame has come.
+    /// Whether any frame has come.
     [[nodiscard]] bool hasAnswered() const { return m_hasAnswered; }
 
 Q_SIGNALS:
     void received(const suite::Frame& frame);
 
-    // A line came on the error channel.
+    /// A line came on the error channel.
     void complained(const QString& line);
 
-    // The program says something that is no frame, for this reason.
+    /// The program says something that is no frame, for this reason.
     void broken(const QString& reason);
 
-    // The program has said nothing for too long.
+    /// The program has said nothing for too long.
     void silent();
 
-    // The program has ended, or could not be started; all its frames have been told. Told once.
+    /// The program has ended, or could not be started; all its frames have been told. Told once.
     void done();
 
 private:

@@ -4,16 +4,16 @@ namespace suite {
 
 namespace {
 
-constexpr int DefaultSilenceLimit = 5000; // ms
-constexpr int LeastSilenceLimit = 500;    // ms
-constexpr int BeatsInLimit = 10;
+constexpr int defaultSilenceLimit = 5000; // ms
+constexpr int leastSilenceLimit = 500;    // ms
+constexpr int beatsInLimit = 10;
 
 } // namespace
 
 Heartbeat::Heartbeat(int partners, QObject* parent)
     : QObject(parent), m_heard(static_cast<std::size_t>(partners), 0)
 {
-    m_timer.setInterval(silenceLimit() / BeatsInLimit);
+    m_timer.setInterval(silenceLimit() / beatsInLimit);
     connect(&m_timer, &QTimer::timeout, this, &Heartbeat::check);
 }
 
@@ -39,7 +39,7 @@ int Heartbeat::silenceLimit()
 {
     bool isNumber = false;
     const int chosen = qEnvironmentVariableIntValue("KEST_SILENCE_LIMIT", &isNumber);
-    return isNumber ? qMax(chosen, LeastSilenceLimit) : DefaultSilenceLimit;
+    return isNumber ? qMax(chosen, leastSilenceLimit) : defaultSilenceLimit;
 }
 
 // Time in which this process itself was halted is no silence of the others.

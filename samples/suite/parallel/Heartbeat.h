@@ -8,8 +8,8 @@
 
 namespace suite {
 
-// Minds whether the other ends of a connection are there: each says so at short intervals, and one
-// that says nothing for some time is lost.
+/// Minds whether the other ends of a connection are there: each says so at short intervals, and one
+/// that says nothing for some time is lost.
 class Heartbeat : public QObject
 {
     Q_OBJECT
@@ -20,17 +20,17 @@ public:
     void start();
     void stop();
 
-    // A partner has been heard.
+    /// A partner has been heard.
     void hear(int partner = 0);
 
-    // How long a partner may be silent, in ms: from the variable KEST_SILENCE_LIMIT, or 5 seconds.
+    /// How long a partner may be silent, in ms: from the variable KEST_SILENCE_LIMIT, or 5 seconds.
     static int silenceLimit();
 
 Q_SIGNALS:
-    // It is time to tell the partners that this end is there.
+    /// It is time to tell the partners that this end is there.
     void beat();
 
-    // The partner has been silent for too long.
+    /// The partner has been silent for too long.
     void lost(int partner);
 
 private:
@@ -39,7 +39,7 @@ private:
     QTimer m_timer;
     QElapsedTimer m_clock;
     qint64 m_lastCheck = 0;
-    std::vector<qint64> m_heard; // when, by partner, in ms
+    std::vector<qint64> m_heard; ///< when, by partner, in ms
 };
 
 } // namespace suite

@@ -15,12 +15,12 @@ namespace suite {
 
 namespace {
 
-constexpr int MostErrors = 10;
-const QByteArray ByteOrderMark = QByteArrayLiteral("\xef\xbb\xbf");
-constexpr int LongestHost = 255;
-constexpr int LongestList = 100000; // bytes; a word of a command line holds 128 KB
-constexpr int MaxShown = 200;       // bytes
-constexpr qint64 LargestFile = 64 << 20;
+constexpr int mostErrors = 10;
+const QByteArray byteOrderMark = QByteArrayLiteral("\xef\xbb\xbf");
+constexpr int longestHost = 255;
+constexpr int longestList = 100000; // bytes; a word of a command line holds 128 KB
+constexpr int maxShown = 200;       // bytes
+constexpr qint64 largestFile = 64 << 20;
 
 bool isNameCharacter(QChar character)
 {
@@ -74,7 +74,7 @@ int countOf(const QString& text)
     });
     bool isNumber = false;
     const int count = hasDigitsOnly ? text.toInt(&isNumber) : 0;
-    return isNumber && count <= MachinesFile::MostProcesses ? count : 0;
+    return isNumber && count <= MachinesFile::mostProcesses ? count : 0;
 }
 
 // What to call a file in messages. A front end hands over a copy, whose name says nothing to the
@@ -98,7 +98,7 @@ QString nameOf(const QString& path)
 MachinesFile::MachinesFile(const QString& path) : m_name(nameOf(path))
 {
     InputFile file(path);
-    const std::optional<QByteArray> content = file.read(LargestFile);
+    const std::optional<QByteArray> content = file.read(largestFile);
     if (content) {
         readContent(*content);
         return;
@@ -109,7 +109,7 @@ MachinesFile::MachinesFile(const QString& path) : m_name(nameOf(path))
     m_errors.append(QStringLiteral("the machines file '%1' %2").arg(path, problem));
 }
 
-MachinesFile MachinesFile::parsed(const QByteArray& content, const QString& name)
+MachinesFile MachinesFile::parse(const QByteArray& content, const QString& name)
 {
     MachinesFile result;
     result.m_name = name;
@@ -120,8 +120,8 @@ MachinesFile MachinesFile::parsed(const QByteArray& content, const QString& name
 void MachinesFile::readContent(const QByteArray& content)
 {
     int number = 0;
-    int start = content.startsWith(ByteOrderMark) ? ByteOrderMark.size() : 0;
-    while (start < content.size() && m_errors.size() < MostErrors) {
+    int start = content.startsWith(byteOrderMark) ? byteOrderMark.size() : 0;
+    while (start < content.size() && m_errors.size() < mostErrors) {
         const int found = content.indexOf('\n', start);
         const int end = found < 0 ? content.size() : found;
         readLine(content.mid(start, end - start), ++number);
@@ -130,16 +130,16 @@ void MachinesFile::readContent(const QByteArray& content)
     if (!m_errors.isEmpty()) {
         return;
     }
-    if (m_total > MostProcesses) {
+    if (m_total > mostProcesses) {
         m_errors.append(
             QStringLiteral("the machines file '%1' counts %2 processes and the limit is %3")
                 .arg(m_name)
                 .arg(m_total)
-                .arg(MostProcesses));
-    } else if (plainContent().size() > LongestList) {
+                .arg(mostProcesses));
+    } else if (plainContent().size() > longestList) {
         m_errors.append(QStringLiteral("the machines file '%1' has names of more than %2 bytes")
                             .arg(m_name)
-                            .arg(LongestList));
+                            .arg(longestList));
     } else if (m_entries.isEmpty()) {
         m_errors.append(QStringLiteral("the machines file '%1' names no host, add a line such as "
                                        "'localhost:2' for this machine")
@@ -171,7 +171,7 @@ void MachinesFile::readLine(const QByteArray& line, int number)
         complain(number, bytes, QStringLiteral("this is no host's name or address"));
     } else if (count == 0) {
         complain(number, bytes,
-                 QStringLiteral("the number of processes must be 1 to %1").arg(MostProcesses));
+                 QStringLiteral("the number of processes must be 1 to %1").arg(mostProcesses));
     } else {
         add({halves.host, count});
     }
@@ -184,7 +184,7 @@ void MachinesFile::add(const Entry& entry)
         m_places.insert(entry.host, m_entries.size());
         m_entries.append(entry);
     } else {
-        m_entries[*place].count = qMin(m_entries.at(*place).count + entry.count, MostProcesses + 1);
+        m_entries[*place].count = qMin(m_entries.at(*place).count + entry.count, mostProcesses + 1);
     }
     m_total = qMin(m_total, INT_MAX - entry.count) + entry.count;
 }
@@ -194,7 +194,7 @@ void MachinesFile::complain(int line, const QByteArray& text, const QString& rea
     m_errors.append(QStringLiteral("the machines file '%1' has in line %2 '%3', %4")
                         .arg(m_name)
                         .arg(line)
-                        .arg(excerpt(QString::fromUtf8(text.left(MaxShown))), reason));
+                        .arg(excerpt(QString::fromUtf8(text.left(maxShown))), reason));
 }
 
 QString MachinesFile::hostOf(int rank) const
@@ -228,7 +228,7 @@ QString MachinesFile::hostList() const
 bool MachinesFile::isHost(const QString& text)
 {
     const bool isAddress = text.contains(QLatin1Char(':'));
-    return !text.isEmpty() && text.size() <= LongestHost && !text.startsWith(QLatin1Char('-')) &&
+    return !text.isEmpty() && text.size() <= longestHost && !text.startsWith(QLatin1Char('-')) &&
            std::all_of(text.begin(), text.end(), isAddress ? isAddressCharacter : isNameCharacter);
 }
 

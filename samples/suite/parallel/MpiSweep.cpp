@@ -11,18 +11,18 @@ namespace suite {
 
 namespace {
 
-constexpr int WatchInterval = 20; // ms
-constexpr int LargestPart = 32 << 10;
+constexpr int watchInterval = 20; // ms
+constexpr int largestPart = 32 << 10;
 
 // Start-up may take this many times the silence limit: each host is logged in to first.
-constexpr int StartFactor = 4;
+constexpr int startFactor = 4;
 
 // After the request to stop, in ms: until the guard is killed, and until the end is told in any
 // case. The guard itself needs less.
-constexpr StopTimes GuardStopTimes = {1700, 1900};
+constexpr StopTimes guardStopTimes = {1700, 1900};
 
 // When all results are there the processes have nothing to do but end.
-constexpr int PatienceAtEnd = 3000; // ms
+constexpr int patienceAtEnd = 3000; // ms
 
 QString besideThisProgram(const QString& name)
 {
@@ -42,7 +42,7 @@ MpiSweep::MpiSweep(SweepDeck deck, ParallelSetup setup, bool needsImpedance)
 {
     // The guard sees by itself when this component is gone, and ends the others in good order.
     m_process.setDeathSignal(0);
-    m_endWatch.setInterval(WatchInterval);
+    m_endWatch.setInterval(watchInterval);
     connect(&m_endWatch, &QTimer::timeout, this, &MpiSweep::watchEnd);
     connect(&m_process, &FramedProcess::received, this, &MpiSweep::take);
     connect(&m_process, &FramedProcess::complained, this, &MpiSweep::takeComplaint);
@@ -60,8 +60,8 @@ MpiSweep::~MpiSweep()
 void MpiSweep::start()
 {
     m_process.startFramed(besideThisProgram(QStringLiteral("mpikest")), arguments(),
-                          StartFactor * Heartbeat::silenceLimit());
-    m_setupBytes = Frame::of(Frame::Type::Setup, FrameProtocol, m_deck,
+                          startFactor * Heartbeat::silenceLimit());
+    m_setupBytes = Frame::of(Frame::Type::Setup, frameProtocol, m_deck,
                              static_cast<qint32>(m_setup.priority.level()))
                        .payload;
 }
@@ -70,7 +70,7 @@ void MpiSweep::start()
 // gets no more than it asks for.
 void MpiSweep::sendPart()
 {
-    const QByteArray part = m_setupBytes.left(LargestPart);
+    const QByteArray part = m_setupBytes.left(largestPart);
     m_setupBytes.remove(0, part.size());
     m_process.send(Frame::of(Frame::Type::Part, m_setupBytes.isEmpty(), part));
 }
@@ -161,7 +161,7 @@ void MpiSweep::tellResults()
     }
     if (!m_isStopping && m_nextResult == m_deck.count()) {
         m_process.stopWatching();
-        QTimer::singleShot(PatienceAtEnd, this, &MpiSweep::stop);
+        QTimer::singleShot(patienceAtEnd, this, &MpiSweep::stop);
     }
 }
 
@@ -224,10 +224,10 @@ void MpiSweep::watchEnd()
 {
     const qint64 elapsed = m_stopClock.elapsed();
     const bool isAlive = m_process.state() != QProcess::NotRunning || m_process.isGroupAlive();
-    if (elapsed >= GuardStopTimes.asking) {
+    if (elapsed >= guardStopTimes.asking) {
         m_process.signalGroup(SIGKILL);
     }
-    if (!isAlive || elapsed >= GuardStopTimes.givingUp) {
+    if (!isAlive || elapsed >= guardStopTimes.givingUp) {
         end();
     }
 }

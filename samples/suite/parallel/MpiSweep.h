@@ -10,17 +10,17 @@
 
 namespace suite {
 
-// Where and how a parallel sweep runs.
+/// Where and how a parallel sweep runs.
 struct ParallelSetup
 {
-    std::optional<MachinesFile> machines; // none: processes on this machine only
+    std::optional<MachinesFile> machines; ///< none: processes on this machine only
     int processes = 1;
     Priority priority;
 };
 
-// Solves a model at its frequencies by processes of the parallel runtime, on this machine or on
-// several: "mpiexec" starts the program "sweepkest" on each, and the first of them deals the
-// frequencies out.
+/// Solves a model at its frequencies by processes of the parallel runtime, on this machine or on
+/// several: "mpiexec" starts the program "sweepkest" on each, and the first of them deals the
+/// frequencies out.
 class MpiSweep : public SweepRunner
 {
     Q_OBJECT
@@ -28,7 +28,7 @@ class MpiSweep : public SweepRunner
 public:
     MpiSweep(SweepDeck deck, ParallelSetup setup, bool needsImpedance);
 
-    // Kills what still runs.
+    /// Kills what still runs.
     ~MpiSweep() override;
 
     void start() override;
@@ -54,7 +54,7 @@ private:
     ParallelSetup m_setup;
     bool m_needsImpedance;
     FramedProcess m_process;
-    QByteArray m_setupBytes; // not sent yet
+    QByteArray m_setupBytes; ///< not sent yet
     std::map<int, EngineOutput> m_waiting;
     int m_nextResult = 0;
     QTimer m_endWatch;

@@ -17,8 +17,8 @@ int main(int argc, char* argv[])
         return *done;
     }
     if (!component.preprocess()) {
-        return suite::ExitFailure;
+        return suite::exitFailure;
     }
     component.printer().printPercentage(suite::Marker::TotalPercentage, 100);
-    return suite::ExitSuccess;
+    return suite::exitSuccess;
 }

@@ -9,7 +9,7 @@ namespace suite {
 
 namespace {
 
-constexpr int LargestPort = 65535;
+constexpr int largestPort = 65535;
 
 bool isUser(const QString& text)
 {
@@ -20,7 +20,7 @@ bool isPort(const QString& text)
 {
     bool isNumber = false;
     const int port = text.toInt(&isNumber);
-    return isNumber && port > 0 && port <= LargestPort && text.at(0).isDigit();
+    return isNumber && port > 0 && port <= largestPort && text.at(0).isDigit();
 }
 
 bool isFolder(const QString& text)
@@ -38,7 +38,7 @@ struct WordRow
 };
 
 // clang-format off
-constexpr WordRow WordTable[] = {
+constexpr WordRow wordTable[] = {
     {"user", isUser,   "a user's name"},
     {"port", isPort,   "a number from 1 to 65535"},
     {"home", isFolder, "an absolute path"},
@@ -74,9 +74,9 @@ void RemoteHost::readWord(const QString& word)
     const QString name = word.left(split);
     const QString value = word.mid(split + 1);
     const auto* row =
-        std::find_if(std::begin(WordTable), std::end(WordTable),
+        std::find_if(std::begin(wordTable), std::end(wordTable),
                      [&name](const WordRow& each) { return name == QLatin1String(each.name); });
-    if (split < 0 || row == std::end(WordTable)) {
+    if (split < 0 || row == std::end(wordTable)) {
         complain(QStringLiteral("is none of user=NAME, port=NUMBER and home=FOLDER"), word);
     } else if (value.isEmpty() || !row->isGood(value)) {
         complain(QStringLiteral("does not hold ") + QLatin1String(row->expectation), word);

@@ -17,11 +17,11 @@ using namespace suite;
 namespace {
 
 // The login takes its time; the host may be silent for so long.
-constexpr int StartLimit = 15000; // ms
+constexpr int startLimit = 15000; // ms
 
 // After the request to stop: until ssh is ended, and until the end is told in any case.
-constexpr StopTimes ConnectionStopTimes = {1200, 1900};
-constexpr int EndWatchInterval = 20; // ms
+constexpr StopTimes connectionStopTimes = {1200, 1900};
+constexpr int endWatchInterval = 20; // ms
 
 QStringList resultSuffixes()
 {
@@ -65,7 +65,7 @@ QStringList wordsOf(const CommandLine& line, OptionGroup group)
 
 RemoteRun::RemoteRun() : ComponentProgram(QStringLiteral("runkest"), OptionGroup::Runkest)
 {
-    m_endWatch.setInterval(EndWatchInterval);
+    m_endWatch.setInterval(endWatchInterval);
     connect(&m_endWatch, &QTimer::timeout, this, &RemoteRun::watchEnd);
     connect(&m_process, &FramedProcess::received, this, &RemoteRun::take);
     connect(&m_process, &FramedProcess::silent, this,
@@ -129,7 +129,7 @@ bool RemoteRun::readFiles()
 
 void RemoteRun::work()
 {
-    m_process.startFramed(RemoteShell::program(), sshArguments(), StartLimit);
+    m_process.startFramed(RemoteShell::program(), sshArguments(), startLimit);
 }
 
 // ssh hands the command to a shell there: it is fixed text but for the quoted path.
@@ -168,7 +168,7 @@ void RemoteRun::sendRequest()
 void RemoteRun::take(const Frame& frame)
 {
     QString text;
-    qint32 code = ExitFailure;
+    qint32 code = exitFailure;
     switch (frame.type) {
     case Frame::Type::Hello:
         takeHello(frame);
@@ -187,7 +187,7 @@ void RemoteRun::take(const Frame& frame)
         break;
     case Frame::Type::Exit:
         m_hasExitCode = true;
-        if (isGood() && (!writeFiles() || !frame.read(code) || code != ExitSuccess)) {
+        if (isGood() && (!writeFiles() || !frame.read(code) || code != exitSuccess)) {
             failAsTold();
         }
         beginEnd();
@@ -200,11 +200,11 @@ void RemoteRun::take(const Frame& frame)
 void RemoteRun::takeHello(const Frame& frame)
 {
     qint32 protocol = 0;
-    if (!frame.read(protocol) || protocol != FrameProtocol) {
+    if (!frame.read(protocol) || protocol != frameProtocol) {
         failConnection(QStringLiteral("has another version of the installation (protocol %1, "
                                       "here %2)")
                            .arg(protocol)
-                           .arg(FrameProtocol));
+                           .arg(frameProtocol));
     } else if (isGood()) {
         sendRequest();
     }
@@ -303,10 +303,10 @@ void RemoteRun::beginEnd()
 void RemoteRun::watchEnd()
 {
     const qint64 elapsed = m_endClock.elapsed();
-    if (elapsed >= ConnectionStopTimes.asking) {
+    if (elapsed >= connectionStopTimes.asking) {
         m_process.signalGroup(SIGKILL);
     }
-    if (elapsed >= ConnectionStopTimes.givingUp) {
+    if (elapsed >= connectionStopTimes.givingUp) {
         m_endWatch.stop();
         finish();
     }

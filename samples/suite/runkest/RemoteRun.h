@@ -8,8 +8,8 @@
 
 #include <memory>
 
-// A run of the solver on another host: the model goes there over ssh, what is printed there is
-// printed here as it comes, and the results come back beside the model.
+/// A run of the solver on another host: the model goes there over ssh, what is printed there is
+/// printed here as it comes, and the results come back beside the model.
 class RemoteRun : public suite::ComponentProgram
 {
     Q_OBJECT
@@ -18,7 +18,7 @@ public:
     RemoteRun();
     ~RemoteRun() override;
 
-    // True when the command line asks for a run on another host.
+    /// True when the command line asks for a run on another host.
     static bool isAskedFor(const QStringList& arguments);
 
 protected:
@@ -52,7 +52,7 @@ private:
     QByteArray m_machines;
     bool m_hasMachines = false;
     suite::FramedProcess m_process;
-    QVector<ResultFile> m_files; // not written yet
+    QVector<ResultFile> m_files; ///< not written yet
     QTimer m_endWatch;
     QElapsedTimer m_endClock;
     bool m_hasExitCode = false;

@@ -14,8 +14,8 @@ using namespace suite;
 namespace {
 
 // The run itself ends its engines by force after less than half of this.
-constexpr StopTimes RunStopTimes = {1500, 1800};
-constexpr int RunNumber = 0;
+constexpr StopTimes runStopTimes = {1500, 1800};
+constexpr int runNumber = 0;
 
 QString machinesName()
 {
@@ -40,7 +40,7 @@ bool isFileName(const QString& name)
 
 } // namespace
 
-RemoteSession::RemoteSession() : m_channel(STDIN_FILENO, STDOUT_FILENO), m_processes(RunStopTimes)
+RemoteSession::RemoteSession() : m_channel(STDIN_FILENO, STDOUT_FILENO), m_processes(runStopTimes)
 {
     connect(&m_channel, &FrameChannel::received, this, &RemoteSession::take);
     connect(&m_channel, &FrameChannel::closed, this, &RemoteSession::stop);
@@ -49,7 +49,7 @@ RemoteSession::RemoteSession() : m_channel(STDIN_FILENO, STDOUT_FILENO), m_proce
     connect(&m_heartbeat, &Heartbeat::lost, this, &RemoteSession::stop);
     connect(&m_processes, &ChildProcesses::allEnded, this, [this] { leave(EXIT_FAILURE); });
     m_heartbeat.start();
-    m_channel.send(Frame::of(Frame::Type::Hello, FrameProtocol));
+    m_channel.send(Frame::of(Frame::Type::Hello, frameProtocol));
 }
 
 void RemoteSession::stop()
@@ -118,7 +118,7 @@ void RemoteSession::run(const QString& name, QStringList arguments, bool hasMach
             QStringList{QStringLiteral("--machines-file"), m_folder->filePath(machinesName())} +
             arguments;
     }
-    m_processes.add(RunNumber, std::move(process));
+    m_processes.add(runNumber, std::move(process));
     m_run->startComponent(QStringLiteral("runkest"),
                           QStringList(m_folder->filePath(QStringLiteral("model/") + name)) +
                               arguments);

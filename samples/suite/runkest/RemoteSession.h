@@ -9,9 +9,9 @@
 
 #include <optional>
 
-// The other end of a remote run, on the host where it happens: takes the model from standard input
-// into a folder of its own, runs the solver there and sends back what it prints and writes. When
-// the connection ends everything here ends.
+/// The other end of a remote run, on the host where it happens: takes the model from standard input
+/// into a folder of its own, runs the solver there and sends back what it prints and writes. When
+/// the connection ends everything here ends.
 class RemoteSession : public QObject
 {
     Q_OBJECT
@@ -19,7 +19,7 @@ class RemoteSession : public QObject
 public:
     RemoteSession();
 
-    // Ends the run and then the session.
+    /// Ends the run and then the session.
     void stop();
 
 Q_SIGNALS:
@@ -41,7 +41,7 @@ private:
     suite::Heartbeat m_heartbeat;
     std::optional<suite::TemporaryFolder> m_folder;
     suite::ChildProcesses m_processes;
-    suite::ComponentRun* m_run = nullptr; // owned by m_processes
+    suite::ComponentRun* m_run = nullptr; ///< owned by m_processes
     bool m_isStopping = false;
     bool m_isDone = false;
 };

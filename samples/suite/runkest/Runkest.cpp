@@ -8,18 +8,18 @@ using namespace suite;
 
 namespace {
 
-constexpr int OutputFile = 0;
-constexpr int TableFile = 1;
+constexpr int outputFile = 0;
+constexpr int tableFile = 1;
 
 // The shares of the whole run: pre-processing up to the first, solving up to the second.
-constexpr int PreparedPercentage = 5;
-constexpr int SolvedPercentage = 95;
+constexpr int preparedPercentage = 5;
+constexpr int solvedPercentage = 95;
 
 // Of the adaptive sampling, which needs 700 ms to end its engines.
-constexpr StopTimes AdaptiveStopTimes = {1100, 1300};
+constexpr StopTimes adaptiveStopTimes = {1100, 1300};
 
 // So few frequencies are the coarse grid already.
-constexpr int LeastAdaptiveFrequencies = 6;
+constexpr int leastAdaptiveFrequencies = 6;
 
 } // namespace
 
@@ -36,7 +36,7 @@ void Runkest::work()
         return;
     }
     const Model& model = component().preprocessor().model();
-    if (model.adaptive.isWanted && model.frequencies.count >= LeastAdaptiveFrequencies) {
+    if (model.adaptive.isWanted && model.frequencies.count >= leastAdaptiveFrequencies) {
         startAdaptive();
         return;
     }
@@ -63,7 +63,7 @@ void Runkest::startAdaptive()
     if (line.has(OptionGroup::Prekest, QStringLiteral("--ignore-errors"))) {
         arguments += {QStringLiteral("--prekest-options"), QStringLiteral("--ignore-errors")};
     }
-    m_adaptive = std::make_unique<ComponentStage>(AdaptiveStopTimes);
+    m_adaptive = std::make_unique<ComponentStage>(adaptiveStopTimes);
     connect(m_adaptive.get(), &ComponentStage::printed, this, &Runkest::passOn);
     connect(m_adaptive.get(), &ComponentStage::ended, this, &Runkest::endAdaptive);
     m_adaptive->start(QStringLiteral("adaptkest"), arguments);
@@ -113,7 +113,7 @@ void Runkest::startSweep()
 {
     printer().printText(m_plan->description(m_deck->count()));
     printer().printPercentage(Marker::Percentage, 0);
-    printer().printPercentage(Marker::TotalPercentage, PreparedPercentage);
+    printer().printPercentage(Marker::TotalPercentage, preparedPercentage);
     printer().printText(SweepReport::tableHeader());
     m_sweep = m_plan->makeRunner(*m_deck, component().preprocessor().model().hasVoltageSource);
     connect(m_sweep.get(), &SweepRunner::solved, this, &Runkest::takeResult);
@@ -135,7 +135,7 @@ void Runkest::takeResult(int index, const EngineOutput& output)
     }
     m_report.add(point);
     const QByteArray bytes = index == 0 ? output.stableBytes() : output.stableBytesFromFrequency();
-    if (!m_results.write(OutputFile, bytes)) {
+    if (!m_results.write(outputFile, bytes)) {
         fail(FindingKind::ResultNotWritten, m_results.error());
         m_sweep->stop();
         return;
@@ -147,11 +147,11 @@ void Runkest::takeResult(int index, const EngineOutput& output)
 
 void Runkest::printProgress(int index)
 {
-    const int share = SolvedPercentage - PreparedPercentage;
+    const int share = solvedPercentage - preparedPercentage;
     const int done = index + 1;
     printer().printPercentage(Marker::Percentage, 100 * done / m_deck->count());
     printer().printPercentage(Marker::TotalPercentage,
-                              PreparedPercentage + share * done / m_deck->count());
+                              preparedPercentage + share * done / m_deck->count());
 }
 
 void Runkest::endSweep(bool isComplete)
@@ -164,7 +164,7 @@ void Runkest::endSweep(bool isComplete)
 
 void Runkest::writeResults()
 {
-    if (!m_results.write(TableFile, m_report.csv()) || !m_results.commit()) {
+    if (!m_results.write(tableFile, m_report.csv()) || !m_results.commit()) {
         fail(FindingKind::ResultNotWritten, m_results.error());
         return;
     }

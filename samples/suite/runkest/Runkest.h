@@ -10,7 +10,7 @@
 
 #include <memory>
 
-// The solver component: pre-processing, the sweep with the engine, the results.
+/// The solver component: pre-processing, the sweep with the engine, the results.
 class Runkest : public suite::ComponentProgram
 {
     Q_OBJECT

@@ -20,10 +20,10 @@ namespace suite {
 namespace {
 
 // Counts up when other points would be chosen, or the files look different.
-constexpr int Format = 1;
+constexpr int formatNumber = 1;
 
 // The largest that is read; larger files were not written here.
-constexpr qint64 LargestFile = 1 << 30;
+constexpr qint64 largestFile = 1 << 30;
 
 QString fileName(int number)
 {
@@ -78,7 +78,7 @@ QByteArray AnalysisFiles::keyOf(const Model& model, double tolerance)
     QCryptographicHash hash(QCryptographicHash::Sha256);
     hash.addData(SweepDeck(model).deck(0));
     for (const double number :
-         {static_cast<double>(Format), tolerance, range.start, range.step,
+         {static_cast<double>(formatNumber), tolerance, range.start, range.step,
           static_cast<double>(range.count), range.isMultiplying ? 1.0 : 0.0}) {
         hash.addData(QByteArray::number(number, 'g', 17) + ' ');
     }
@@ -96,7 +96,7 @@ bool AnalysisFiles::save(int number, const QVector<AnalysisPoint>& points)
     for (const AnalysisPoint& point : points) {
         array.append(jsonOf(point));
     }
-    const QJsonObject object = {{QStringLiteral("format"), Format},
+    const QJsonObject object = {{QStringLiteral("format"), formatNumber},
                                 {QStringLiteral("analysis"), number},
                                 {QStringLiteral("model"), QString::fromLatin1(m_key)},
                                 {QStringLiteral("points"), array}};
@@ -119,7 +119,7 @@ std::optional<QVector<AnalysisPoint>> AnalysisFiles::load(int number)
     }
     InputFile file(path(number));
     const std::optional<QByteArray> content =
-        info.isSymLink() ? std::nullopt : file.read(LargestFile);
+        info.isSymLink() ? std::nullopt : file.read(largestFile);
     if (!content) {
         refuse(number, QStringLiteral("it cannot be read"));
         return std::nullopt;
@@ -145,7 +145,7 @@ std::optional<QVector<AnalysisPoint>> AnalysisFiles::load(int number)
 
 QString AnalysisFiles::problemOf(const QJsonObject& object, int number) const
 {
-    if (object.value(QLatin1String("format")).toInt() != Format ||
+    if (object.value(QLatin1String("format")).toInt() != formatNumber ||
         object.value(QLatin1String("analysis")).toInt() != number) {
         return QStringLiteral("it is damaged");
     }

@@ -12,7 +12,7 @@ class QJsonObject;
 
 namespace suite {
 
-// One solved frequency of an adaptive run, in MHz, with what the engine wrote.
+/// One solved frequency of an adaptive run, in MHz, with what the engine wrote.
 struct AnalysisPoint
 {
     AnalysisPoint() = default;
@@ -25,27 +25,27 @@ struct AnalysisPoint
     QByteArray packedOutput;
 };
 
-// The files in which an adaptive run keeps what it has solved, one for each of its rounds
-// ("analyses"), counted from 1.
+/// The files in which an adaptive run keeps what it has solved, one for each of its rounds
+/// ("analyses"), counted from 1.
 class AnalysisFiles
 {
 public:
-    // The key says what the results depend on: files with another key are not read.
+    /// The key says what the results depend on: files with another key are not read.
     AnalysisFiles(QString folder, QByteArray key);
 
-    // What the results of a model depend on, with the tolerance in use.
+    /// What the results of a model depend on, with the tolerance in use.
     static QByteArray keyOf(const Model& model, double tolerance);
 
-    // The names of such files, those that a killed run left half written among them.
+    /// The names of such files, those that a killed run left half written among them.
     static QRegularExpression names();
 
-    // Writes an analysis, in one step. Later ones, which an earlier run may have left, go.
+    /// Writes an analysis, in one step. Later ones, which an earlier run may have left, go.
     bool save(int number, const QVector<AnalysisPoint>& points);
 
-    // Reads an analysis; nothing when it cannot be used.
+    /// Reads an analysis; nothing when it cannot be used.
     std::optional<QVector<AnalysisPoint>> load(int number);
 
-    // What went wrong.
+    /// What went wrong.
     [[nodiscard]] QString error() const { return m_error; }
 
 private:

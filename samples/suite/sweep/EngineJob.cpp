@@ -14,7 +14,7 @@ namespace suite {
 
 namespace {
 
-constexpr qint64 LargestOutput = 256 << 20;
+constexpr qint64 largestOutput = 256 << 20;
 
 } // namespace
 
@@ -67,8 +67,8 @@ void EngineJob::readOutput()
     if (!file.open(QIODevice::ReadOnly)) {
         m_error = QStringLiteral("the engine wrote no output");
     } else {
-        m_output = file.read(LargestOutput + 1);
-        if (m_output.size() > LargestOutput) {
+        m_output = file.read(largestOutput + 1);
+        if (m_output.size() > largestOutput) {
             m_error = QStringLiteral("the engine's output is too large");
         }
     }

@@ -4,24 +4,24 @@
 
 namespace suite {
 
-// One deck, solved by one run of the engine in a folder that several jobs may share.
+/// One deck, solved by one run of the engine in a folder that several jobs may share.
 class EngineJob : public EngineProcess
 {
     Q_OBJECT
 
 public:
-    // The number tells the job's files from those of others in the folder.
+    /// The number tells the job's files from those of others in the folder.
     EngineJob(QString engine, const QString& folder, int number);
 
-    // Writes the deck and starts the engine.
+    /// Writes the deck and starts the engine.
     void solve(const QByteArray& deck);
 
-    // What went wrong; empty when the output can be used.
+    /// What went wrong; empty when the output can be used.
     [[nodiscard]] QString error() const { return m_error; }
     [[nodiscard]] QByteArray output() const { return m_output; }
 
 Q_SIGNALS:
-    // The engine has ended, or could not be started. Told once, from the event loop.
+    /// The engine has ended, or could not be started. Told once, from the event loop.
     void done();
 
 private:

@@ -8,13 +8,13 @@ namespace suite {
 
 namespace {
 
-constexpr double LineImpedance = 50;
-constexpr int MostComplaints = 5;
+constexpr double lineImpedance = 50;
+constexpr int mostComplaints = 5;
 
 // The impedance's place in a line of the section of input parameters: TAG SEG VOLTAGE(2)
 // CURRENT(2).
-constexpr int ResistanceColumn = 6;
-constexpr int ColumnCount = 11;
+constexpr int resistanceColumn = 6;
+constexpr int columnCount = 11;
 
 // Times differ from run to run.
 bool isTimeLine(const QByteArray& line)
@@ -46,8 +46,8 @@ QByteArray joined(const QList<QByteArray>& lines)
 
 double Impedance::standingWaveRatio() const
 {
-    const double reflection = std::hypot(resistance - LineImpedance, reactance) /
-                              std::hypot(resistance + LineImpedance, reactance);
+    const double reflection = std::hypot(resistance - lineImpedance, reactance) /
+                              std::hypot(resistance + lineImpedance, reactance);
     return reflection < 1 ? (1 + reflection) / (1 - reflection)
                           : std::numeric_limits<double>::infinity();
 }
@@ -70,13 +70,13 @@ void EngineOutput::findImpedance()
         const QList<QByteArray> fields = line->simplified().split(' ');
         bool isTag = false;
         fields.at(0).toInt(&isTag);
-        if (!isTag || fields.size() != ColumnCount) {
+        if (!isTag || fields.size() != columnCount) {
             continue;
         }
         bool isResistance = false;
         bool isReactance = false;
-        m_impedance.resistance = fields.at(ResistanceColumn).toDouble(&isResistance);
-        m_impedance.reactance = fields.at(ResistanceColumn + 1).toDouble(&isReactance);
+        m_impedance.resistance = fields.at(resistanceColumn).toDouble(&isResistance);
+        m_impedance.reactance = fields.at(resistanceColumn + 1).toDouble(&isReactance);
         m_hasImpedance = isResistance && isReactance && std::isfinite(m_impedance.resistance) &&
                          std::isfinite(m_impedance.reactance);
         return;
@@ -87,7 +87,7 @@ QStringList EngineOutput::complaints() const
 {
     QStringList result;
     for (const QByteArray& line : m_lines) {
-        if (isComplaint(line) && result.size() < MostComplaints) {
+        if (isComplaint(line) && result.size() < mostComplaints) {
             result.append(QString::fromUtf8(line.simplified()));
         }
     }

@@ -5,33 +5,33 @@
 
 namespace suite {
 
-// The feed point's impedance at one frequency, in ohm.
+/// The feed point's impedance at one frequency, in ohm.
 struct Impedance
 {
     double resistance = 0;
     double reactance = 0;
 
-    // Standing wave ratio on a 50 ohm line; infinite when no power can be taken.
+    /// Standing wave ratio on a 50 ohm line; infinite when no power can be taken.
     [[nodiscard]] double standingWaveRatio() const;
 };
 
-// Reads what the engine wrote for one frequency.
+/// Reads what the engine wrote for one frequency.
 class EngineOutput
 {
 public:
     explicit EngineOutput(const QByteArray& bytes);
 
-    // True when an input impedance was found that is a number.
+    /// True when an input impedance was found that is a number.
     [[nodiscard]] bool hasImpedance() const { return m_hasImpedance; }
     [[nodiscard]] Impedance impedance() const { return m_impedance; }
 
-    // Lines in which the engine complains.
+    /// Lines in which the engine complains.
     [[nodiscard]] QStringList complaints() const;
 
-    // The output without the lines that change from run to run.
+    /// The output without the lines that change from run to run.
     [[nodiscard]] QByteArray stableBytes() const;
 
-    // The same from the first frequency on: what a further frequency adds to the first output.
+    /// The same from the first frequency on: what a further frequency adds to the first output.
     [[nodiscard]] QByteArray stableBytesFromFrequency() const;
 
 private:

@@ -4,7 +4,7 @@ namespace suite {
 
 namespace {
 
-constexpr int MostPrintedBytes = 4096;
+constexpr int mostPrintedBytes = 4096;
 
 } // namespace
 
@@ -36,7 +36,7 @@ void EngineProcess::setupChildProcess()
 void EngineProcess::drain()
 {
     const QByteArray bytes = readAllStandardOutput();
-    m_printed += bytes.left(MostPrintedBytes - m_printed.size());
+    m_printed += bytes.left(mostPrintedBytes - m_printed.size());
 }
 
 } // namespace suite

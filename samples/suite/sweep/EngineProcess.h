@@ -5,7 +5,7 @@
 
 namespace suite {
 
-// One run of the engine.
+/// One run of the engine.
 class EngineProcess : public ChildProcess
 {
     Q_OBJECT
@@ -13,13 +13,13 @@ class EngineProcess : public ChildProcess
 public:
     explicit EngineProcess(QObject* parent = nullptr);
 
-    // Starts the program on two files of its working folder.
+    /// Starts the program on two files of its working folder.
     void startEngine(const QString& program, const QString& deckFile, const QString& outputFile);
 
-    // The engine's priority; before its start.
+    /// The engine's priority; before its start.
     void setPriority(Priority priority) { m_priority = priority; }
 
-    // What the engine printed on its channels, up to a limit.
+    /// What the engine printed on its channels, up to a limit.
     [[nodiscard]] QString printedText() const;
 
 protected:

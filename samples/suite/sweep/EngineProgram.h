@@ -4,16 +4,16 @@
 
 namespace suite {
 
-// Finds the program that solves a deck.
+/// Finds the program that solves a deck.
 class EngineProgram
 {
 public:
     EngineProgram();
 
-    // Absolute path of the program; empty when it is missing.
+    /// Absolute path of the program; empty when it is missing.
     [[nodiscard]] QString path() const { return m_path; }
 
-    // What is wrong when the path is empty, and how to mend it.
+    /// What is wrong when the path is empty, and how to mend it.
     [[nodiscard]] QString error() const { return m_error; }
 
 private:

@@ -8,29 +8,29 @@ namespace suite {
 
 namespace {
 
-constexpr int FrequencyCell = 0;
-constexpr int ResistanceCell = 1;
-constexpr int ReactanceCell = 2;
-constexpr int CellCount = 4;
-constexpr qint64 LargestTable = 64 << 20;
+constexpr int frequencyCell = 0;
+constexpr int resistanceCell = 1;
+constexpr int reactanceCell = 2;
+constexpr int cellCount = 4;
+constexpr qint64 largestTable = 64 << 20;
 
 // False when the line is no line of the table.
 bool readPoint(const QByteArray& line, SweepPoint& point)
 {
     const QList<QByteArray> cells = line.split(',');
     bool isFrequency = false;
-    point.frequency = cells.at(FrequencyCell).toDouble(&isFrequency);
-    if (cells.size() != CellCount || !isFrequency) {
+    point.frequency = cells.at(frequencyCell).toDouble(&isFrequency);
+    if (cells.size() != cellCount || !isFrequency) {
         return false;
     }
-    if (cells.at(ResistanceCell).isEmpty()) {
+    if (cells.at(resistanceCell).isEmpty()) {
         return true;
     }
     bool isResistance = false;
     bool isReactance = false;
     Impedance impedance;
-    impedance.resistance = cells.at(ResistanceCell).toDouble(&isResistance);
-    impedance.reactance = cells.at(ReactanceCell).toDouble(&isReactance);
+    impedance.resistance = cells.at(resistanceCell).toDouble(&isResistance);
+    impedance.reactance = cells.at(reactanceCell).toDouble(&isReactance);
     point.impedance = impedance;
     return isResistance && isReactance;
 }
@@ -42,7 +42,7 @@ ResultTable ResultTable::read(const QString& path)
     ResultTable result;
     const QString name = QFileInfo(path).fileName();
     InputFile file(path);
-    const std::optional<QByteArray> content = file.read(LargestTable);
+    const std::optional<QByteArray> content = file.read(largestTable);
     if (!content) {
         result.error =
             QStringLiteral("the result file '%1' cannot be read, %2").arg(name, file.reason());

@@ -10,10 +10,10 @@ namespace suite {
 
 namespace {
 
-constexpr StopTimes EngineStopTimes = {300, 700};
+constexpr StopTimes engineStopTimes = {300, 700};
 
 // Results that wait for an earlier frequency take memory: no more of them than this many a process.
-constexpr int MostWaitingPerProcess = 16;
+constexpr int mostWaitingPerProcess = 16;
 
 } // namespace
 
@@ -23,7 +23,7 @@ Sweep::Sweep(SweepDeck deck, QString engine, int atOnce, bool needsImpedance)
     , m_atOnce(atOnce)
     , m_needsImpedance(needsImpedance)
     , m_folder(MarkedFolders::marked(QStringLiteral("kest-sweep")))
-    , m_processes(EngineStopTimes)
+    , m_processes(engineStopTimes)
 {
     connect(&m_processes, &ChildProcesses::allEnded, this, &Sweep::endStopped);
 }
@@ -50,7 +50,7 @@ void Sweep::stop()
 
 void Sweep::startJobs()
 {
-    const int horizon = m_nextResult + m_atOnce * MostWaitingPerProcess;
+    const int horizon = m_nextResult + m_atOnce * mostWaitingPerProcess;
     while (!m_stopping && m_nextStart < qMin(m_deck.count(), horizon) &&
            m_processes.count() < m_atOnce) {
         startJob(m_nextStart++);

@@ -11,20 +11,20 @@
 
 namespace suite {
 
-// Solves a model at its frequencies on this machine, several at once, each by an engine process of
-// its own.
+/// Solves a model at its frequencies on this machine, several at once, each by an engine process of
+/// its own.
 class Sweep : public SweepRunner
 {
     Q_OBJECT
 
 public:
-    // "atOnce" is the number of processes at a time.
+    /// "atOnce" is the number of processes at a time.
     Sweep(SweepDeck deck, QString engine, int atOnce, bool needsImpedance);
 
     void start() override;
     void stop() override;
 
-    // The priority of the engines; before start().
+    /// The priority of the engines; before start().
     void setPriority(Priority priority) { m_priority = priority; }
 
 private:

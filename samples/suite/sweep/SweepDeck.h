@@ -6,23 +6,23 @@
 
 namespace suite {
 
-// Makes the decks that the engine gets: the model's cards in plain form, at one frequency each.
+/// Makes the decks that the engine gets: the model's cards in plain form, at one frequency each.
 class SweepDeck
 {
 public:
     SweepDeck() = default;
 
-    // The model at its own frequencies, or at others.
+    /// The model at its own frequencies, or at others.
     explicit SweepDeck(const Model& model);
     SweepDeck(const Model& model, QVector<double> frequencies);
 
     [[nodiscard]] int count() const { return m_frequencies.size(); }
     [[nodiscard]] double frequency(int index) const { return m_frequencies.at(index); }
 
-    // The deck of one frequency.
+    /// The deck of one frequency.
     [[nodiscard]] QByteArray deck(int index) const;
 
-    // For the way to another process.
+    /// For the way to another process.
     friend QDataStream& operator<<(QDataStream& stream, const SweepDeck& deck);
     friend QDataStream& operator>>(QDataStream& stream, SweepDeck& deck);
 

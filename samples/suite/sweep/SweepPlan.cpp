@@ -24,7 +24,8 @@ QString valueOf(const CommandLine& line, const char* name)
 } // namespace
 
 SweepPlan::SweepPlan(const CommandLine& line)
-    : m_priority(has(line, "--priority") ? valueOf(line, "--priority").toInt() : Priority::Normal)
+    : m_priority(has(line, "--priority") ? valueOf(line, "--priority").toInt()
+                                         : Priority::normalLevel)
 {
     if (has(line, "--remote-use-mpi") && has(line, "--remote-host")) {
         readRemoteHost(line);

@@ -12,24 +12,24 @@
 
 namespace suite {
 
-// Where a sweep runs, as the options of runkest say: by engine processes of this component, or by
-// processes of the parallel runtime.
+/// Where a sweep runs, as the options of runkest say: by engine processes of this component, or by
+/// processes of the parallel runtime.
 class SweepPlan
 {
 public:
-    // Reads the options, and the machines file they name.
+    /// Reads the options, and the machines file they name.
     explicit SweepPlan(const CommandLine& line);
 
-    // Errors and warnings for the user; after an error there is nothing to be made.
+    /// Errors and warnings for the user; after an error there is nothing to be made.
     [[nodiscard]] const FindingList& findings() const { return m_findings; }
 
-    // How many frequencies are solved at once when there are this many.
+    /// How many frequencies are solved at once when there are this many.
     [[nodiscard]] int processes(int frequencies) const;
 
-    // The hosts and processes, or how many at once: for a line of text.
+    /// The hosts and processes, or how many at once: for a line of text.
     [[nodiscard]] QString description(int frequencies) const;
 
-    // Makes what solves the decks.
+    /// Makes what solves the decks.
     [[nodiscard]] std::unique_ptr<SweepRunner> makeRunner(const SweepDeck& deck,
                                                           bool needsImpedance) const;
 

@@ -7,15 +7,15 @@ using namespace suite;
 namespace {
 
 // One to solve and one that waits, so that a process need not wait for the next.
-constexpr int MostAtProcess = 2;
+constexpr int mostAtProcess = 2;
 
 // Results that wait for an earlier one take memory at the receiver: this many a process.
-constexpr int MostAhead = 16;
+constexpr int mostAhead = 16;
 
 // Nor are there more dealt out while the receiver does not take what there is.
-constexpr qint64 MostUnsent = 64 << 20; // bytes
+constexpr qint64 mostUnsent = 64 << 20; // bytes
 
-constexpr int SentInterval = 5; // ms
+constexpr int sentInterval = 5; // ms
 
 } // namespace
 
@@ -42,7 +42,7 @@ Dealer::Dealer(MpiLink& link, int output)
                                  bytes));
             });
     m_userHeartbeat.start();
-    m_user.send(Frame::of(Frame::Type::Hello, FrameProtocol));
+    m_user.send(Frame::of(Frame::Type::Hello, frameProtocol));
 }
 
 void Dealer::stop()
@@ -95,10 +95,10 @@ void Dealer::begin(const Frame& frame)
 // Everybody gets a first frequency before anybody gets a second.
 void Dealer::deal()
 {
-    for (int round = 1; round <= MostAtProcess; ++round) {
+    for (int round = 1; round <= mostAtProcess; ++round) {
         for (int rank = 0; rank < link().count(); ++rank) {
-            const bool isAhead = m_nextDeal >= m_nextResult + link().count() * MostAhead;
-            if (isStopping() || isAhead || m_nextDeal >= m_count || m_user.unsent() > MostUnsent) {
+            const bool isAhead = m_nextDeal >= m_nextResult + link().count() * mostAhead;
+            if (isStopping() || isAhead || m_nextDeal >= m_count || m_user.unsent() > mostUnsent) {
                 return;
             }
             if (m_dealt.at(static_cast<std::size_t>(rank)) < round) {
@@ -163,6 +163,6 @@ void Dealer::finishWhenSent()
     if (m_user.unsent() == 0 && link().isIdle()) {
         finish();
     } else {
-        QTimer::singleShot(SentInterval, this, &Dealer::finishWhenSent);
+        QTimer::singleShot(sentInterval, this, &Dealer::finishWhenSent);
     }
 }

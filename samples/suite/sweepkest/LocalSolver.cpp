@@ -9,11 +9,11 @@ using namespace suite;
 
 namespace {
 
-constexpr StopTimes EngineStopTimes = {200, 500};
+constexpr StopTimes engineStopTimes = {200, 500};
 
 } // namespace
 
-LocalSolver::LocalSolver() : m_processes(EngineStopTimes)
+LocalSolver::LocalSolver() : m_processes(engineStopTimes)
 {
     connect(&m_processes, &ChildProcesses::allEnded, this, [this] {
         m_folder.reset();

@@ -9,7 +9,7 @@
 #include <deque>
 #include <optional>
 
-// Solves frequencies on this host, one after another.
+/// Solves frequencies on this host, one after another.
 class LocalSolver : public QObject
 {
     Q_OBJECT
@@ -17,23 +17,23 @@ class LocalSolver : public QObject
 public:
     LocalSolver();
 
-    // Tells what is to be solved; nothing can be queued before.
+    /// Tells what is to be solved; nothing can be queued before.
     void setUp(const suite::SweepDeck& deck, suite::Priority priority);
 
-    // How many frequencies there are.
+    /// How many frequencies there are.
     [[nodiscard]] int count() const { return m_deck.count(); }
 
-    // Frequencies that come while one is solved wait.
+    /// Frequencies that come while one is solved wait.
     void queue(int index);
 
-    // Removes the folder, when nothing is solved any more.
+    /// Removes the folder, when nothing is solved any more.
     void clear() { m_folder.reset(); }
 
-    // Ends the engine and removes the folder; tells stopped().
+    /// Ends the engine and removes the folder; tells stopped().
     void stop();
 
 Q_SIGNALS:
-    // The error is empty when the output can be used.
+    /// The error is empty when the output can be used.
     void solved(int index, const QString& error, const QByteArray& output);
     void stopped();
 
@@ -49,6 +49,6 @@ private:
     std::optional<suite::TemporaryFolder> m_folder;
     suite::ChildProcesses m_processes;
     std::deque<int> m_queue;
-    int m_index = -1; // what is solved at the moment
+    int m_index = -1; ///< what is solved at the moment
     bool m_isStopping = false;
 };

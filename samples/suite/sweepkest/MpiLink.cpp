@@ -22,9 +22,9 @@ struct MpiTransfer
 namespace {
 
 // The link is looked at often while messages come, and now and then in a long computation.
-constexpr int BusyInterval = 1;   // ms
-constexpr int QuietInterval = 10; // ms
-constexpr int QuietAfter = 100;   // ms
+constexpr int busyInterval = 1;   // ms
+constexpr int quietInterval = 10; // ms
+constexpr int quietAfter = 100;   // ms
 
 } // namespace
 
@@ -35,7 +35,7 @@ MpiLink::MpiLink()
     MPI_Comm_size(MPI_COMM_WORLD, &m_count);
     m_timer.setTimerType(Qt::PreciseTimer);
     connect(&m_timer, &QTimer::timeout, this, &MpiLink::poll);
-    m_timer.start(BusyInterval);
+    m_timer.start(busyInterval);
     m_quiet.start();
 }
 
@@ -71,7 +71,7 @@ void MpiLink::poll()
     if (isBusy) {
         m_quiet.restart();
     }
-    const int interval = m_quiet.elapsed() < QuietAfter ? BusyInterval : QuietInterval;
+    const int interval = m_quiet.elapsed() < quietAfter ? busyInterval : quietInterval;
     if (m_timer.isActive() && m_timer.interval() != interval) {
         m_timer.setInterval(interval);
     }

@@ -11,8 +11,8 @@
 
 struct MpiTransfer;
 
-// Frames between the processes of a parallel run. Nothing here ever waits: sending and receiving go
-// on from the event loop.
+/// Frames between the processes of a parallel run. Nothing here ever waits: sending and receiving
+/// go on from the event loop.
 class MpiLink : public QObject
 {
     Q_OBJECT
@@ -26,10 +26,10 @@ public:
 
     void send(int rank, const suite::Frame& frame);
 
-    // Sends to all but this process.
+    /// Sends to all but this process.
     void sendToOthers(const suite::Frame& frame);
 
-    // True when nothing is on its way from here any more.
+    /// True when nothing is on its way from here any more.
     [[nodiscard]] bool isIdle() const { return m_sending.empty(); }
 
     void stop() { m_timer.stop(); }

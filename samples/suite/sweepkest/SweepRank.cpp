@@ -37,7 +37,7 @@ QString SweepRank::setUp(const Frame& frame)
     qint32 protocol = 0;
     qint32 level = 0;
     SweepDeck deck;
-    if (!frame.read(protocol, deck, level) || protocol != FrameProtocol) {
+    if (!frame.read(protocol, deck, level) || protocol != frameProtocol) {
         return QStringLiteral("has another version of the installation");
     }
     const Priority priority(qBound(0, static_cast<int>(level), 4));

@@ -4,7 +4,7 @@
 #include "LocalSolver.h"
 #include "MpiLink.h"
 
-// One process of a parallel sweep.
+/// One process of a parallel sweep.
 class SweepRank : public QObject
 {
     Q_OBJECT
@@ -12,19 +12,19 @@ class SweepRank : public QObject
 public:
     ~SweepRank() override;
 
-    // Ends all that runs here, without the others.
+    /// Ends all that runs here, without the others.
     virtual void stop();
 
-    // True when it was stopped because the one who gives the work is not heard any more.
+    /// True when it was stopped because the one who gives the work is not heard any more.
     [[nodiscard]] bool isAlone() const { return m_isAlone; }
 
 Q_SIGNALS:
-    // Everything is done, or has been stopped, and this process can leave; its folder is removed.
+    /// Everything is done, or has been stopped, and this process can leave; its folder is removed.
     void finished();
     void stopped();
 
 protected:
-    // "partners" is how many others must be heard from.
+    /// "partners" is how many others must be heard from.
     SweepRank(MpiLink& link, int partners);
 
     MpiLink& link() { return m_link; }
@@ -32,13 +32,13 @@ protected:
     suite::Heartbeat& heartbeat() { return m_heartbeat; }
     [[nodiscard]] bool isStopping() const { return m_isStopping; }
 
-    // Stops because the one who gives the work is not heard any more.
+    /// Stops because the one who gives the work is not heard any more.
     void stopAlone();
 
-    // Removes what is left of the work and tells finished().
+    /// Removes what is left of the work and tells finished().
     void finish();
 
-    // Prepares the work; a text when the user should know something.
+    /// Prepares the work; a text when the user should know something.
     QString setUp(const suite::Frame& frame);
 
 private:

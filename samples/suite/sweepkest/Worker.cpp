@@ -4,7 +4,7 @@ using namespace suite;
 
 namespace {
 
-constexpr int Dealer = 0;
+constexpr int dealerRank = 0;
 
 } // namespace
 
@@ -12,7 +12,8 @@ constexpr int Dealer = 0;
 Worker::Worker(MpiLink& link) : SweepRank(link, 1)
 {
     connect(&link, &MpiLink::received, this, [this](int, const Frame& frame) { take(frame); });
-    connect(&heartbeat(), &Heartbeat::beat, this, [this] { this->link().send(Dealer, Frame()); });
+    connect(&heartbeat(), &Heartbeat::beat, this,
+            [this] { this->link().send(dealerRank, Frame()); });
     connect(&heartbeat(), &Heartbeat::lost, this, [this] { stopAlone(); });
     connect(&solver(), &LocalSolver::solved, this, &Worker::report);
 }
@@ -25,7 +26,7 @@ void Worker::take(const Frame& frame)
     case Frame::Type::Setup: {
         const QString warning = setUp(frame);
         if (!warning.isEmpty()) {
-            link().send(Dealer, Frame::of(Frame::Type::Warning, warning));
+            link().send(dealerRank, Frame::of(Frame::Type::Warning, warning));
         }
         break;
     }
@@ -47,6 +48,6 @@ void Worker::take(const Frame& frame)
 
 void Worker::report(int index, const QString& error, const QByteArray& output)
 {
-    link().send(Dealer, Frame::of(Frame::Type::Result, static_cast<qint32>(index),
-                                  static_cast<qint32>(link().rank()), error, output));
+    link().send(dealerRank, Frame::of(Frame::Type::Result, static_cast<qint32>(index),
+                                      static_cast<qint32>(link().rank()), error, output));
 }

@@ -1,6 +1,6 @@
-#include <WriteFailures.h>
 #include "Dealer.h"
 #include "Worker.h"
+#include <WriteFailures.h>
 
 #include <KSignalHandler>
 
@@ -14,7 +14,7 @@
 
 namespace {
 
-constexpr int LastMessageTime = 50; // ms
+constexpr int lastMessageTime = 50; // ms
 
 // Standard output is for frames only: what libraries print goes to standard error.
 int takeStandardOutput()
@@ -34,8 +34,8 @@ void chooseTransport()
         const char* variable;
         const char* value;
     };
-    static constexpr Row Table[] = {{"UCX_TLS", "tcp,self"}, {"MPIR_CVAR_NOLOCAL", "1"}};
-    for (const Row& row : Table) {
+    static constexpr Row table[] = {{"UCX_TLS", "tcp,self"}, {"MPIR_CVAR_NOLOCAL", "1"}};
+    for (const Row& row : table) {
         if (qEnvironmentVariableIsEmpty(row.variable)) {
             qputenv(row.variable, row.value);
         }
@@ -46,7 +46,7 @@ void chooseTransport()
 // included, and over a network, with the last messages on their way, even when none is.
 void leave(int exitCode)
 {
-    QTimer::singleShot(LastMessageTime, QCoreApplication::instance(),
+    QTimer::singleShot(lastMessageTime, QCoreApplication::instance(),
                        [exitCode] { std::_Exit(exitCode); });
 }
 

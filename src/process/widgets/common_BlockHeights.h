@@ -1,5 +1,4 @@
-#ifndef COMMON_BLOCKHEIGHTS_H
-#define COMMON_BLOCKHEIGHTS_H
+#pragma once
 
 #include <QtGlobal>
 
@@ -61,8 +60,6 @@ private:
 
     Line m_line;
     std::deque<Block> m_blocks;   // never moves what it holds, so it never takes long to append
-    std::vector<qint64> m_groups; // the heights of so many blocks each
+    std::vector<qint64> m_groups; ///< the heights of so many blocks each
     qint64 m_total = 0;
 };
-
-#endif

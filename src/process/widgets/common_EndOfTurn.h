@@ -1,5 +1,4 @@
-#ifndef COMMON_ENDOFTURN_H
-#define COMMON_ENDOFTURN_H
+#pragma once
 
 #include <QObject>
 
@@ -21,5 +20,3 @@ private:
     std::function<void()> m_deed;
     bool m_isAsked = false;
 };
-
-#endif

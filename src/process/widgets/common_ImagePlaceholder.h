@@ -1,5 +1,4 @@
-#ifndef COMMON_IMAGEPLACEHOLDER_H
-#define COMMON_IMAGEPLACEHOLDER_H
+#pragma once
 
 #include <QObject>
 #include <QTextObjectInterface>
@@ -24,5 +23,3 @@ public:
 private:
     using QObject::QObject;
 };
-
-#endif

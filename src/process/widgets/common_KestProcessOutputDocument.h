@@ -1,5 +1,4 @@
-#ifndef COMMON_KESTPROCESSOUTPUTDOCUMENT_H
-#define COMMON_KESTPROCESSOUTPUTDOCUMENT_H
+#pragma once
 
 #include <QTextDocument>
 
@@ -15,5 +14,3 @@ public:
 protected:
     QVariant loadResource(int type, const QUrl& name) override;
 };
-
-#endif

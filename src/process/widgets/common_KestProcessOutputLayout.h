@@ -1,5 +1,4 @@
-#ifndef COMMON_KESTPROCESSOUTPUTLAYOUT_H
-#define COMMON_KESTPROCESSOUTPUTLAYOUT_H
+#pragma once
 
 #include "common_BlockHeights.h"
 
@@ -57,13 +56,11 @@ private:
                    qreal top) const;
     int blockAt(qreal place) const;
 
-    // Known of the text, and found out when somebody asks.
+    /// Known of the text, and found out when somebody asks.
     mutable common_BlockHeights m_heights;
-    mutable std::vector<int> m_laidOut; // numbers of blocks that have their lines
+    mutable std::vector<int> m_laidOut; ///< numbers of blocks that have their lines
     mutable qreal m_widest = 0;
 
-    int m_length = 0; // of the text, as far as it is known here
+    int m_length = 0; ///< of the text, as far as it is known here
     QSizeF m_announcedSize;
 };
-
-#endif

@@ -1,5 +1,4 @@
-#ifndef COMMON_KESTPROCESSOUTPUTTABWIDGET_H
-#define COMMON_KESTPROCESSOUTPUTTABWIDGET_H
+#pragma once
 
 #include <QTabWidget>
 
@@ -52,5 +51,3 @@ private:
     int m_warningCount = 0;
     int m_noticeCount = 0;
 };
-
-#endif

@@ -1,5 +1,4 @@
-#ifndef COMMON_KESTPROCESSOUTPUTTABLEWIDGET_H
-#define COMMON_KESTPROCESSOUTPUTTABLEWIDGET_H
+#pragma once
 
 #include "common_EndOfTurn.h"
 #include "common_MessageOccurrences.h"
@@ -48,9 +47,7 @@ private:
     common_MessageOccurrences m_occurrences;
     common_EndOfTurn m_endOfTurn;
     int m_fittedRows = 0;
-    QVector<int> m_fittedWidths; // of the columns, when the rows were fitted
+    QVector<int> m_fittedWidths; ///< of the columns, when the rows were fitted
     QFont m_fittedFont;
-    QHash<QPair<QString, QString>, int> m_heights; // of rows by identifier and description
+    QHash<QPair<QString, QString>, int> m_heights; ///< of rows by identifier and description
 };
-
-#endif

@@ -1,5 +1,4 @@
-#ifndef COMMON_KESTPROCESSOUTPUTTEXTEDIT_H
-#define COMMON_KESTPROCESSOUTPUTTEXTEDIT_H
+#pragma once
 
 #include "common_EndOfTurn.h"
 #include "common_MarkupReader.h"
@@ -76,11 +75,9 @@ private:
     QTextCursor m_writer;
     common_EndOfTurn m_endOfTurn;
     bool m_isInTurn = false;
-    bool m_isEditing = false; // an edit block is open
+    bool m_isEditing = false; ///< an edit block is open
     bool m_isLayingOut = false;
     bool m_wasAtBottom = false;
     bool m_isScrolledAway = false;     // by the user, from what would be followed
-    bool m_isScrolledSideways = false; // by the user
+    bool m_isScrolledSideways = false; ///< by the user
 };
-
-#endif

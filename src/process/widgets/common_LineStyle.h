@@ -1,5 +1,4 @@
-#ifndef COMMON_LINESTYLE_H
-#define COMMON_LINESTYLE_H
+#pragma once
 
 #include <QColor>
 
@@ -10,5 +9,3 @@ struct common_LineStyle
     QColor colour;
     bool isBold = false;
 };
-
-#endif

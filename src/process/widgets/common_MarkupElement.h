@@ -1,5 +1,4 @@
-#ifndef COMMON_MARKUPELEMENT_H
-#define COMMON_MARKUPELEMENT_H
+#pragma once
 
 class QString;
 
@@ -34,5 +33,3 @@ struct common_MarkupElement
     bool isInline() const { return kind <= Kind::Void; }
     bool hasContents() const;
 };
-
-#endif

@@ -1,5 +1,4 @@
-#ifndef COMMON_MARKUPENTITY_H
-#define COMMON_MARKUPENTITY_H
+#pragma once
 
 class QString;
 class QStringView;
@@ -7,5 +6,3 @@ class QStringView;
 /// The character of an entity, given as what stands between "&" and ";": its name, or "#" and its
 /// number, decimal or, behind an "x", hexadecimal. Null when there is no such entity.
 QString common_markupEntity(QStringView entity);
-
-#endif

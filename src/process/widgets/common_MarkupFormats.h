@@ -1,5 +1,4 @@
-#ifndef COMMON_MARKUPFORMATS_H
-#define COMMON_MARKUPFORMATS_H
+#pragma once
 
 #include <QHash>
 #include <QPair>
@@ -33,7 +32,5 @@ public:
     TagFormat of(const QString& tag, const Attributes& attributes);
 
 private:
-    QHash<QString, TagFormat> m_known; // by the tag as it is asked for
+    QHash<QString, TagFormat> m_known; ///< by the tag as it is asked for
 };
-
-#endif

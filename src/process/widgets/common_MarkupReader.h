@@ -1,5 +1,4 @@
-#ifndef COMMON_MARKUPREADER_H
-#define COMMON_MARKUPREADER_H
+#pragma once
 
 #include "common_MarkupFormats.h"
 
@@ -32,5 +31,3 @@ public:
 private:
     common_MarkupFormats m_formats;
 };
-
-#endif

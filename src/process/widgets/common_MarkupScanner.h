@@ -1,5 +1,4 @@
-#ifndef COMMON_MARKUPSCANNER_H
-#define COMMON_MARKUPSCANNER_H
+#pragma once
 
 #include <QPair>
 #include <QString>
@@ -50,5 +49,3 @@ private:
     End m_end;
     qsizetype m_position = 0;
 };
-
-#endif

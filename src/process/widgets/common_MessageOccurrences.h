@@ -1,5 +1,4 @@
-#ifndef COMMON_MESSAGEOCCURRENCES_H
-#define COMMON_MESSAGEOCCURRENCES_H
+#pragma once
 
 #include <QHash>
 #include <QPair>
@@ -27,7 +26,7 @@ public:
     int count(int row) const;
 
 private:
-    // A text, all of whose spellings are equal.
+    /// A text, all of whose spellings are equal.
     struct Text
     {
         QString spelling;
@@ -40,14 +39,14 @@ private:
         uint hash(uint seed) const;
     };
 
-    // Neighbouring rows of a family with the same count.
+    /// Neighbouring rows of a family with the same count.
     struct Run
     {
         int firstMember;
-        int base; // the count without what all the family's rows were raised by
+        int base; ///< the count without what all the family's rows were raised by
     };
 
-    // The rows with the same two texts, in order: earlier ones have the higher counts.
+    /// The rows with the same two texts, in order: earlier ones have the higher counts.
     struct Family
     {
         int identifier;
@@ -69,12 +68,10 @@ private:
     void raiseRowsWithCount(int count);
 
     QHash<Text, int> m_textNumbers;
-    std::vector<int> m_raises; // of each text: how many messages have had it as description
+    std::vector<int> m_raises; ///< of each text: how many messages have had it as description
     QHash<QPair<int, int>, int> m_familyNumbers;
     std::vector<Family> m_families;
-    std::vector<Member> m_members; // of each row
+    std::vector<Member> m_members; ///< of each row
     int m_highestRaise = 0;
-    int m_raisesByCount = 0; // how many messages raised rows by their count
+    int m_raisesByCount = 0; ///< how many messages raised rows by their count
 };
-
-#endif

@@ -1,5 +1,4 @@
-#ifndef COMMON_LAUNCHOPTIONTABLE_H
-#define COMMON_LAUNCHOPTIONTABLE_H
+#pragma once
 
 #include <common_PropertyMetaData.h>
 
@@ -37,5 +36,3 @@ const QStringList& readOrder();
 void registerOptions();
 
 } // namespace common_LaunchOptionTable
-
-#endif

@@ -1,5 +1,4 @@
-#ifndef COMMON_USERSETTINGSFILE_H
-#define COMMON_USERSETTINGSFILE_H
+#pragma once
 
 #include <AccessMode.h>
 #include <common_ActivePtr.h>
@@ -10,5 +9,3 @@
 /// which the file and the line of the caller are named.
 common_ActivePtr<common_LockFile> common_lockedUserSettings(AccessMode mode, const char* file,
                                                             int line);
-
-#endif
