@@ -188,6 +188,7 @@ void leaveGrandchild(const std::string& text, const std::string& file)
         std::_Exit(EXIT_FAILURE);
     }
     if (child == 0) {
+        std::signal(SIGPIPE, SIG_IGN); // nobody may read any more
         waitForFile(file);
         write(stdout, decoded(text));
         std::filesystem::remove(file);
