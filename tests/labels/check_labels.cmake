@@ -1,5 +1,6 @@
 # Fails when a test of the build directory has none of the labels or an unknown one, or when the source
 # of a unit test starts a process or opens a window.
+cmake_minimum_required(VERSION 3.21)
 set(errors "")
 
 execute_process(
