@@ -7,11 +7,43 @@ if(KEST_SANITIZERS OR KEST_COVERAGE)
     set(KEST_TEST_SLOWNESS 5)
 endif()
 
-# kest_add_test(name COMMAND ... [ENVIRONMENT NAME=value...] [TIMEOUT seconds]
-#               [FUNCTION_TIMEOUT seconds]): the limits are for the whole program and for one of its
-# test functions; who needs a longer one says why. With KEST_FULL_TESTS a function has ten minutes.
+# What a test needs, to choose tests by (ctest -L unit):
+#   unit     nothing: it is quick, and starts no processes and opens no windows
+#   process  starts other processes
+#   window   opens windows, or needs a display for something else
+#   hosts    needs network namespaces to play other hosts
+#   slow     takes more than about ten seconds
+set(KEST_LABELS unit process window hosts slow)
+
+# kest_label_test(name label...): sets the labels of a test. Each test has one at least.
+function(kest_label_test name)
+    if(NOT ARGN)
+        message(FATAL_ERROR "${name} has no label: one or more of ${KEST_LABELS}")
+    endif()
+    foreach(label IN LISTS ARGN)
+        if(NOT label IN_LIST KEST_LABELS)
+            message(FATAL_ERROR "${name}: \"${label}\" is none of the labels ${KEST_LABELS}")
+        endif()
+    endforeach()
+    if("unit" IN_LIST ARGN AND NOT "${ARGN}" STREQUAL unit)
+        message(FATAL_ERROR "${name}: a unit test has no other label")
+    endif()
+    set_tests_properties(${name} PROPERTIES LABELS "${ARGN}")
+endfunction()
+
+# kest_add_test(name COMMAND ... [LABELS label...] [ENVIRONMENT NAME=value...] [TIMEOUT seconds]
+#               [FUNCTION_TIMEOUT seconds]): without labels, those in KEST_TEST_LABELS of the folder
+# apply. The limits are for the whole program and for one of its test functions; who needs a longer
+# one says why. With KEST_FULL_TESTS a function has ten minutes.
 function(kest_add_test name)
-    cmake_parse_arguments(PARSE_ARGV 1 ARG "" "TIMEOUT;FUNCTION_TIMEOUT" "COMMAND;ENVIRONMENT")
+    cmake_parse_arguments(PARSE_ARGV 1 ARG "" "TIMEOUT;FUNCTION_TIMEOUT"
+        "COMMAND;ENVIRONMENT;LABELS")
+    if(NOT ARG_LABELS)
+        set(ARG_LABELS ${KEST_TEST_LABELS})
+    endif()
+    if("unit" IN_LIST ARG_LABELS)
+        list(PREPEND ARG_ENVIRONMENT QT_QPA_PLATFORM=none) # ends whatever opens a window
+    endif()
     if(NOT ARG_TIMEOUT)
         set(ARG_TIMEOUT 180)
     endif()
@@ -34,31 +66,51 @@ function(kest_add_test name)
             ENVIRONMENT "QT_QPA_PLATFORM=offscreen;${environment}")
     endif()
     set_tests_properties(${name} PROPERTIES TIMEOUT ${timeout})
+    kest_label_test(${name} ${ARG_LABELS})
 endfunction()
 
 # kest_test(tst_X [SOURCES ...] [LIBRARIES ...] and what kest_add_test() takes): one QtTest
 # executable tst_X.cpp.
 function(kest_test name)
     cmake_parse_arguments(PARSE_ARGV 1 ARG "" "TIMEOUT;FUNCTION_TIMEOUT"
-        "SOURCES;LIBRARIES;ENVIRONMENT")
+        "SOURCES;LIBRARIES;ENVIRONMENT;LABELS")
     add_executable(${name} ${name}.cpp ${ARG_SOURCES})
     target_link_libraries(${name} PRIVATE ${ARG_LIBRARIES} Qt5::Test)
     kest_strict(${name})
+    if(NOT ARG_LABELS)
+        set(ARG_LABELS ${KEST_TEST_LABELS})
+    endif()
+    if("unit" IN_LIST ARG_LABELS) # tests/labels looks at these
+        set_property(GLOBAL APPEND PROPERTY KEST_UNIT_SOURCES
+            ${CMAKE_CURRENT_SOURCE_DIR}/${name}.cpp)
+    endif()
     kest_add_test(${name}
         COMMAND $<TARGET_FILE:${name}>
+        LABELS ${ARG_LABELS}
         ENVIRONMENT ${ARG_ENVIRONMENT}
         TIMEOUT "${ARG_TIMEOUT}"
         FUNCTION_TIMEOUT "${ARG_FUNCTION_TIMEOUT}")
 endfunction()
 
+# kest_trace_allocations(test...): what Qt's offscreen platform never gives back can only be told by
+# where it was asked for, and to trace that takes the sanitizer long.
+function(kest_trace_allocations)
+    set_property(TEST ${ARGN} APPEND PROPERTY ENVIRONMENT "ASAN_OPTIONS=fast_unwind_on_malloc=0")
+endfunction()
+
 # kest_test_on_display(name tst_X [and what kest_add_test() takes]): the executable once more, on a
-# display, where there is a program to make one.
+# display, where there is a program to make one. It is labelled as a window and a process, that of the
+# display, unless labels are given.
 find_program(KEST_XVFB_RUN xvfb-run)
 function(kest_test_on_display name test)
-    cmake_parse_arguments(PARSE_ARGV 2 ARG "" "TIMEOUT;FUNCTION_TIMEOUT" "ENVIRONMENT")
+    cmake_parse_arguments(PARSE_ARGV 2 ARG "" "TIMEOUT;FUNCTION_TIMEOUT" "ENVIRONMENT;LABELS")
+    if(NOT ARG_LABELS)
+        set(ARG_LABELS process window)
+    endif()
     if(KEST_XVFB_RUN)
         kest_add_test(${name}
             COMMAND ${KEST_XVFB_RUN} -a -s "-screen 0 1400x1000x24" $<TARGET_FILE:${test}>
+            LABELS ${ARG_LABELS}
             ENVIRONMENT QT_QPA_PLATFORM=xcb ${ARG_ENVIRONMENT}
             TIMEOUT "${ARG_TIMEOUT}"
             FUNCTION_TIMEOUT "${ARG_FUNCTION_TIMEOUT}")

@@ -1,9 +1,9 @@
-#include "BoxAnswerer.h"
-
 #include <ApplicationIdentity.h>
+#include <BoxAnswerer.h>
 #include <HelpMenu.h>
 #include <HelpPage.h>
 #include <Services.h>
+#include <Text.h>
 
 #include <common_HelpClient.h>
 #include <common_ServiceOf.h>
@@ -15,15 +15,6 @@
 #include <QtTest>
 
 #include <memory>
-
-namespace {
-
-QString text(const char* latin1)
-{
-    return QString::fromLatin1(latin1);
-}
-
-} // namespace
 
 class tst_help_menu : public QObject
 {

@@ -1,6 +1,6 @@
-#include "BoxAnswerer.h"
-
+#include <BoxAnswerer.h>
 #include <SettingsFolders.h>
+#include <Text.h>
 
 #include <MachinesDialog.h>
 
@@ -15,15 +15,6 @@
 #include <sys/stat.h>
 
 #include <memory>
-
-namespace {
-
-QString text(const char* literal)
-{
-    return QString::fromUtf8(literal);
-}
-
-} // namespace
 
 class tst_machines_dialog : public QObject
 {

@@ -1,4 +1,5 @@
 #include <NativeRun.h>
+#include <Text.h>
 
 #include <QDir>
 #include <QImage>
@@ -7,11 +8,6 @@
 #include <QtTest>
 
 namespace {
-
-QString text(const char* utf8)
-{
-    return QString::fromUtf8(utf8);
-}
 
 struct Result
 {

@@ -1,5 +1,7 @@
 #include "OpenGlDisplay.h"
 
+#include <Text.h>
+
 #include <QDir>
 #include <QImage>
 #include <QLocalServer>
@@ -15,11 +17,6 @@
 namespace {
 
 constexpr int longTime = 120000;
-
-QString text(const char* utf8)
-{
-    return QString::fromUtf8(utf8);
-}
 
 const char* const testHardware = "click Test hardware rendering";
 const char* const keepHardware = "click Keep hardware rendering";

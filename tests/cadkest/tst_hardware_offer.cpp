@@ -1,6 +1,8 @@
 #include "OpenGlDisplay.h"
 #include "RenderingStage.h"
 
+#include <Text.h>
+
 #include <HardwareOffer.h>
 #include <RenderingSwitch.h>
 
@@ -20,11 +22,6 @@ constexpr int longTime = 60000;
 const char* const testHardware = "Test hardware rendering";
 const char* const keepHardware = "Keep hardware rendering";
 const char* const useSoftware = "Use software rendering";
-
-QString text(const char* utf8)
-{
-    return QString::fromUtf8(utf8);
-}
 
 QMessageBox* shownBox()
 {

@@ -1,4 +1,5 @@
 #include <FakeServices.h>
+#include <Text.h>
 
 #include <FileName.h>
 #include <MainWindow.h>
@@ -16,11 +17,6 @@
 #include <QtTest>
 
 namespace {
-
-QString text(const char* utf8)
-{
-    return QString::fromUtf8(utf8);
-}
 
 QByteArray deck(int wires)
 {

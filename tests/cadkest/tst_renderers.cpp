@@ -1,6 +1,8 @@
 #include "Scenes.h"
 #include "StructuralSimilarity.h"
 
+#include <Text.h>
+
 #include <HardwareRenderer.h>
 #include <SoftwareRenderer.h>
 
@@ -15,11 +17,6 @@ namespace {
 constexpr double leastSimilarity = 0.95;
 
 const QSize pictureSize(480, 360);
-
-QString text(const char* utf8)
-{
-    return QString::fromUtf8(utf8);
-}
 
 // With KEST_PICTURES set to a folder, what was compared is there to be looked at.
 void keep(const QImage& image, const QString& name)

@@ -1,5 +1,7 @@
 #include "RenderingStage.h"
 
+#include <Text.h>
+
 #include <RenderingDialog.h>
 
 #include <common_CommonSettingsSet.h>
@@ -16,15 +18,6 @@
 #include <QtTest>
 
 #include <memory>
-
-namespace {
-
-QString text(const char* utf8)
-{
-    return QString::fromUtf8(utf8);
-}
-
-} // namespace
 
 /// The settings about rendering, and the dialog in which they are made.
 class tst_rendering_dialog : public QObject

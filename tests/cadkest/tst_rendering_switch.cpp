@@ -1,6 +1,8 @@
 #include "OpenGlDisplay.h"
 #include "RenderingStage.h"
 
+#include <Text.h>
+
 #include <RenderingSwitch.h>
 
 #include <QApplication>
@@ -13,11 +15,6 @@
 namespace {
 
 constexpr int longTime = 60000;
-
-QString text(const char* utf8)
-{
-    return QString::fromUtf8(utf8);
-}
 
 } // namespace
 
@@ -102,7 +99,7 @@ private Q_SLOTS:
         QVERIFY(m_stage->isUsable());
         QVERIFY(!change.probe().isRunning());
         QVERIFY(m_stage->saved("HardwareRenderingUnproven") != text("true"));
-        QTest::qWait(20);
+        QTest::qWait(20); // for one signal too many
         QCOMPARE(changed.size(), 1);
     }
 
@@ -178,7 +175,7 @@ private Q_SLOTS:
         const QSignalSpy changed(&change, &RenderingSwitch::changed);
         change.change(Rendering::Hardware);
         change.change(Rendering::Software);
-        QTest::qWait(300);
+        QTest::qWait(300); // three times the patience, in which nothing may happen
         QCOMPARE(changed.size(), 1);
         QCOMPARE(changed.first().first().toBool(), true);
         QVERIFY(m_stage->label("renderingMessage").isHidden());

@@ -1,5 +1,7 @@
 #include "Scenes.h"
 
+#include <Text.h>
+
 #include <ModelReader.h>
 #include <RoundLength.h>
 #include <SceneMesh.h>
@@ -11,11 +13,6 @@
 #include <set>
 
 namespace {
-
-QString text(const char* utf8)
-{
-    return QString::fromUtf8(utf8);
-}
 
 // A deck of one wire of ten segments, tag 7, and one of five, tag 8, with more control cards.
 QByteArray deckWith(const QByteArray& cards, const QByteArray& end = "GE 0")

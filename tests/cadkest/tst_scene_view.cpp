@@ -1,6 +1,8 @@
 #include "Scenes.h"
 #include "StructuralSimilarity.h"
 
+#include <Text.h>
+
 #include <SceneView.h>
 
 #include <QApplication>
@@ -10,11 +12,6 @@
 #include <QtTest>
 
 namespace {
-
-QString text(const char* utf8)
-{
-    return QString::fromUtf8(utf8);
-}
 
 int colourCount(const QImage& image)
 {

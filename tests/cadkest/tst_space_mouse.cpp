@@ -119,7 +119,8 @@ private Q_SLOTS:
         int turns = 0;
         connect(QAbstractEventDispatcher::instance(), &QAbstractEventDispatcher::awake, this,
                 [&turns] { ++turns; });
-        QTest::qWait(300);
+        QTest::qWait(
+            300); // in which little may happen: a loop that spins makes many thousand turns
         QVERIFY2(turns < 200, qPrintable(QString::number(turns)));
     }
 };

@@ -2,6 +2,7 @@
 #include "DeckEditor.h"
 #include "DeckHighlighter.h"
 #include "FindingMargin.h"
+#include "GoodDeck.h"
 
 #include <ApplicationIdentity.h>
 #include <Services.h>
@@ -9,15 +10,12 @@
 #include <QSignalSpy>
 #include <QTextBlock>
 #include <QTextLayout>
+#include <QThreadPool>
 #include <QtTest>
 
 Q_DECLARE_METATYPE(suite::Finding)
 
 namespace {
-
-const QByteArray goodDeck =
-    QByteArrayLiteral("CM a dipole\nCE\nGW 1 21 0 0 -0.25 0 0 0.25 0.001\nGE 0\n"
-                      "FR 0 1 0 0 300 0\nEX 0 1 11 0 1 0\nXQ\nEN\n");
 
 // The formats of a line: start, length and whether it is bold.
 QVector<QTextLayout::FormatRange> formatsOf(const QPlainTextEdit& editor, int line)
@@ -139,7 +137,7 @@ private Q_SLOTS:
         DeckCheck check(nullptr);
         QSignalSpy spy(&check, &DeckCheck::checked);
         check.request(QByteArray(goodDeck).replace("0.001", "zero"));
-        QVERIFY(spy.wait());
+        QVERIFY(spy.wait(30000));
         const auto findings = spy.takeFirst().constFirst().value<QVector<suite::Finding>>();
         QVERIFY(!findings.isEmpty());
         QCOMPARE(findings.first().line, 3);
@@ -154,8 +152,8 @@ private Q_SLOTS:
             check.request("nonsense\n");
         }
         check.request(goodDeck);
-        QVERIFY(spy.wait());
-        QVERIFY(!spy.wait(500));
+        QVERIFY(spy.wait(30000));
+        QVERIFY(!spy.wait(500)); // in which nothing may come
         QCOMPARE(spy.size(), 1);
         const auto findings = spy.first().first().value<QVector<suite::Finding>>();
         for (const suite::Finding& finding : findings) {
@@ -172,7 +170,9 @@ private Q_SLOTS:
         DeckCheck check(nullptr);
         QSignalSpy spy(&check, &DeckCheck::checked);
         check.request(large);
-        QTest::qWait(170); // the check has begun
+        const auto hasBegun = [] { return QThreadPool::globalInstance()->activeThreadCount() > 0; };
+        QVERIFY(QTest::qWaitFor(hasBegun, 30000));
+        QVERIFY(spy.isEmpty());
         check.request(goodDeck);
         QTRY_VERIFY_WITH_TIMEOUT(!spy.isEmpty(), 30000);
         const auto findings = spy.last().first().value<QVector<suite::Finding>>();

@@ -1,6 +1,8 @@
 #include "Hosts.h"
 #include "SuiteRun.h"
 
+#include <Text.h>
+
 #include <QRegularExpression>
 #include <QTemporaryDir>
 #include <QtTest>
@@ -32,11 +34,6 @@ namespace {
 
 constexpr int patience = 60000; // ms
 constexpr int endLimit = 10000; // ms
-
-QString text(const char* latin1)
-{
-    return QString::fromLatin1(latin1);
-}
 
 // The value that a tuned model has got: "SY LENGTH=0.474".
 double tunedLength(const QByteArray& deck)

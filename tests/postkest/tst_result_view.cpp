@@ -1,52 +1,23 @@
 #include "Export.h"
 #include "ResultView.h"
+#include "ResultViewStage.h"
 
 #include <QGraphicsLineItem>
 #include <QImage>
 #include <QLabel>
-#include <QLegendMarker>
 #include <QLineSeries>
 #include <QScrollArea>
-#include <QSignalSpy>
 #include <QSvgRenderer>
 #include <QTemporaryDir>
-#include <QValueAxis>
 #include <QtTest>
 
-namespace {
-
-const QByteArray header = QByteArrayLiteral("frequency_MHz,resistance_ohm,reactance_ohm,swr\n");
-
-Result makeResult(const QString& name, const QByteArray& lines)
-{
-    Result result = Result::parse(header + lines);
-    result.path = QStringLiteral("/models/") + name + QStringLiteral(".csv");
-    return result;
-}
-
-QVector<Result> twoResults()
-{
-    return {makeResult(QStringLiteral("first"), "100,10,-50,5\n200,70,0,1.4\n300,90,60,2\n"),
-            makeResult(QStringLiteral("second"), "150,20,-20,30\n250,80,20,1.5\n")};
-}
-
-} // namespace
-
 // The charts show the results, the pointer reads them, files keep them.
-class tst_result_view : public QObject
+class tst_result_view : public QObject, protected ResultViewStage
 {
     Q_OBJECT
 
 private Q_SLOTS:
-    void init()
-    {
-        m_view = std::make_unique<ResultView>();
-        m_view->resize(800, 700);
-        m_view->show();
-        QVERIFY(QTest::qWaitForWindowExposed(m_view.get()));
-        m_charts = m_view->findChildren<QuantityChart*>();
-        QCOMPARE(m_charts.size(), quantityCount);
-    }
+    void init() { setUp(); }
 
     void cleanup() { m_view.reset(); }
 
@@ -63,26 +34,6 @@ private Q_SLOTS:
         const auto* reactance =
             qobject_cast<QtCharts::QLineSeries*>(m_charts.at(1)->chart()->series().first());
         QCOMPARE(reactance->pointsVector(), (QVector<QPointF>{{100, -50}, {200, 0}, {300, 60}}));
-    }
-
-    void allChartsHaveTheFrequenciesOfAllResults()
-    {
-        m_view->setResults(twoResults());
-        for (const QuantityChart* chart : qAsConst(m_charts)) {
-            const auto* axis =
-                qobject_cast<QtCharts::QValueAxis*>(chart->chart()->axes(Qt::Horizontal).first());
-            QCOMPARE(axis->min(), 100.0);
-            QCOMPARE(axis->max(), 300.0);
-        }
-    }
-
-    void standingWaveRatiosAboveTenAreOutOfTheChart()
-    {
-        m_view->setResults(twoResults());
-        const auto* axis = qobject_cast<QtCharts::QValueAxis*>(
-            m_charts.at(2)->chart()->axes(Qt::Vertical).first());
-        QVERIFY2(axis->min() >= 0 && axis->min() <= 1, qPrintable(QString::number(axis->min())));
-        QVERIFY2(axis->max() >= 10 && axis->max() < 15, qPrintable(QString::number(axis->max())));
     }
 
     void markStandsAtThePointedFrequencyWhateverTheSize()
@@ -177,66 +128,6 @@ private Q_SLOTS:
         QCoreApplication::processEvents();
         QVERIFY(m_view->charts().height() > 400);
         QVERIFY(m_view->findChild<QScrollArea*>()->height() < 300);
-    }
-
-    void axesHaveRoundNumbersInTheRange_data()
-    {
-        QTest::addColumn<QByteArray>("lines");
-        QTest::addColumn<double>("step");
-        QTest::newRow("100 MHz") << QByteArray("250,1,1,1\n350,1,1,1\n") << 20.0;
-        QTest::newRow("12 MHz") << QByteArray("138,1,1,1\n150,1,1,1\n") << 2.0;
-        QTest::newRow("30 kHz") << QByteArray("7,1,1,1\n7.03,1,1,1\n") << 0.005;
-        QTest::newRow("1 GHz") << QByteArray("400,1,1,1\n1400,1,1,1\n") << 200.0;
-        QTest::newRow("one frequency") << QByteArray("300,1,1,1\n") << 1.0;
-        QTest::newRow("hardly two") << QByteArray("300,1,1,1\n300.00000000000006,1,1,1\n") << 1.0;
-    }
-
-    void axesHaveRoundNumbersInTheRange()
-    {
-        QFETCH(QByteArray, lines);
-        QFETCH(double, step);
-        m_view->setResults({makeResult(QStringLiteral("wide"), "1,1,1,1\n1e12,2,2,2\n")});
-        m_view->setResults({makeResult(QStringLiteral("one"), lines)});
-        const auto* axis = axisOf(0, Qt::Horizontal);
-        QCOMPARE(axis->tickInterval(), step);
-        QCOMPARE(axis->tickAnchor(), 0.0);
-        QVERIFY(axis->max() > axis->min());
-    }
-
-    void ratiosHaveAnAxisThatFits_data()
-    {
-        QTest::addColumn<QByteArray>("ratio");
-        QTest::addColumn<double>("highest");
-        QTest::newRow("good") << QByteArray("1.4") << 2.0;
-        QTest::newRow("just two") << QByteArray("2") << 2.0;
-        QTest::newRow("fair") << QByteArray("2.01") << 3.0;
-        QTest::newRow("poor") << QByteArray("5") << 6.0;
-        QTest::newRow("bad") << QByteArray("9") << 10.0;
-        QTest::newRow("endless") << QByteArray("1e300") << 10.0;
-        QTest::newRow("unknown") << QByteArray("inf") << 2.0;
-    }
-
-    void ratiosHaveAnAxisThatFits()
-    {
-        QFETCH(QByteArray, ratio);
-        QFETCH(double, highest);
-        m_view->setResults(
-            {makeResult(QStringLiteral("one"), "100,1,1,1.1\n200,1,1," + ratio + '\n')});
-        const auto* axis = axisOf(2, Qt::Vertical);
-        QCOMPARE(axis->min(), 1.0);
-        QCOMPARE(axis->max(), ratio == "inf" ? 2.0 : highest);
-        QCOMPARE(axis->tickAnchor(), 1.0);
-    }
-
-    void largestNumbersThereAreLeaveTheChartButNotTheProgram()
-    {
-        m_view->setResults(
-            {makeResult(QStringLiteral("huge"), "100,1e308,-1e308,1\n200,-1e308,1e308,1\n")});
-        const auto* axis = axisOf(0, Qt::Vertical);
-        QVERIFY(axis->max() >= 1e15 && axis->max() < 1e17);
-        QVERIFY(axis->min() <= -1e15);
-        QVERIFY(m_view->readout(100).size() < 500);
-        QVERIFY(m_view->readout(100).contains(QStringLiteral("1e+308")));
     }
 
     void longCurveKeepsItsEndsAndPeaks()
@@ -397,12 +288,6 @@ private Q_SLOTS:
     }
 
 private:
-    QtCharts::QValueAxis* axisOf(int place, Qt::Orientation orientation) const
-    {
-        return qobject_cast<QtCharts::QValueAxis*>(
-            m_charts.at(place)->chart()->axes(orientation).first());
-    }
-
     QString legendText() const
     {
         return m_view->findChild<QLabel*>(QStringLiteral("legend"))->text();
@@ -419,9 +304,6 @@ private:
     {
         return m_view->findChild<QLabel*>(QStringLiteral("readout"))->text();
     }
-
-    std::unique_ptr<ResultView> m_view;
-    QList<QuantityChart*> m_charts;
 };
 
 QTEST_MAIN(tst_result_view)

@@ -45,7 +45,7 @@ private Q_SLOTS:
         QSignalSpy spy(&watch, &ResultWatch::changed);
         for (int i = 0; i < 3; ++i) {
             replace(m_path, QByteArray::number(i));
-            QVERIFY(spy.wait());
+            QVERIFY(spy.wait(30000));
             QCOMPARE(spy.last().first().toString(), m_path);
         }
     }
@@ -57,7 +57,7 @@ private Q_SLOTS:
         watch.add(m_path);
         QSignalSpy spy(&watch, &ResultWatch::changed);
         write(m_path, "new and longer");
-        QVERIFY(spy.wait());
+        QVERIFY(spy.wait(30000));
     }
 
     void fileThatComesLaterIsNoticed()
@@ -66,7 +66,7 @@ private Q_SLOTS:
         watch.add(m_path);
         QSignalSpy spy(&watch, &ResultWatch::changed);
         write(m_path, "first");
-        QVERIFY(spy.wait());
+        QVERIFY(spy.wait(30000));
         QCOMPARE(spy.last().first().toString(), m_path);
     }
 
@@ -80,7 +80,7 @@ private Q_SLOTS:
         QTRY_VERIFY(!spy.isEmpty());
         spy.clear();
         write(m_path, "again");
-        QVERIFY(spy.wait());
+        QVERIFY(spy.wait(30000));
     }
 
     // The system may tell of the folder before it tells that the old file has gone.
@@ -102,14 +102,14 @@ private Q_SLOTS:
         QSignalSpy spy(&watch, &ResultWatch::changed);
         for (int i = 0; i < 3; ++i) {
             replace(m_path, "new");
-            QVERIFY(spy.wait());
+            QVERIFY(spy.wait(30000));
             reader.close(); // only now the old file is gone
             while (spy.wait(500)) {
             }
             spy.clear();
             // Into the same file: the folder has nothing to tell.
             write(m_path, "newer");
-            QVERIFY(spy.wait());
+            QVERIFY(spy.wait(30000));
             while (spy.wait(500)) {
             }
             spy.clear();
@@ -123,7 +123,7 @@ private Q_SLOTS:
         watch.add(m_path);
         QSignalSpy spy(&watch, &ResultWatch::changed);
         write(m_folder->filePath(QStringLiteral("other.csv")), "x");
-        QVERIFY(!spy.wait(600));
+        QVERIFY(!spy.wait(600)); // in which nothing may come
     }
 
 private:

@@ -1,62 +1,20 @@
 #include "QuantityChart.h"
 #include "ResultView.h"
+#include "ViewerStage.h"
 #include "ViewerWindow.h"
 
-#include <ApplicationIdentity.h>
-#include <BoxAnswerer.h>
 #include <HelpPage.h>
-#include <Services.h>
 
 #include <QAction>
 #include <QDropEvent>
-#include <QFileDialog>
 #include <QLabel>
-#include <QLineEdit>
-#include <QLineSeries>
-#include <QListWidget>
 #include <QMenu>
 #include <QMenuBar>
 #include <QMimeData>
-#include <QSaveFile>
 #include <QStatusBar>
-#include <QTemporaryDir>
 #include <QtTest>
 
-#include <unistd.h>
-
 namespace {
-
-const QByteArray header = QByteArrayLiteral("frequency_MHz,resistance_ohm,reactance_ohm,swr\n");
-
-QByteArray contentOf(const QString& path)
-{
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-}
-
-// Types a file into the next file dialog.
-class FileChooser
-{
-public:
-    explicit FileChooser(const QString& path)
-    {
-        QObject::connect(&m_timer, &QTimer::timeout, &m_timer, [this, path] {
-            auto* const dialog = qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
-            if (dialog != nullptr) {
-                m_timer.stop();
-                folder = dialog->directory().absolutePath();
-                dialog->findChild<QLineEdit*>(QStringLiteral("fileNameEdit"))->setText(path);
-                QMetaObject::invokeMethod(dialog, path.isEmpty() ? "reject" : "accept");
-            }
-        });
-        m_timer.start(5);
-    }
-
-    QString folder; ///< that the dialog began in
-
-private:
-    QTimer m_timer;
-};
 
 void dropOn(QWidget& window, const QList<QUrl>& urls)
 {
@@ -73,28 +31,14 @@ void dropOn(QWidget& window, const QList<QUrl>& urls)
 } // namespace
 
 // The window as a person uses it.
-class tst_viewer_window : public QObject
+class tst_viewer_window : public QObject, protected ViewerStage
 {
     Q_OBJECT
 
 private Q_SLOTS:
-    void init()
-    {
-        m_folder = std::make_unique<QTemporaryDir>();
-        qputenv("KEST_USER_HOME", path("user").toLocal8Bit());
-        qputenv("KEST_HOME", POSTKEST_SUITE);
-        QVERIFY(QDir().mkpath(path("user")));
-        m_services = std::make_unique<Services>(
-            ApplicationIdentity{QStringLiteral("postkest"), QString()}, false);
-        write("first run.csv", header + "100,10,-50,5\n200,70,0,1.4\n300,90,60,2\n");
-        write("second.csv", header + "150,20,-20,8\n250,80,20,1.5\n");
-    }
+    void init() { setUp(); }
 
-    void cleanup()
-    {
-        m_window.reset();
-        m_services.reset();
-    }
+    void cleanup() { tearDown(); }
 
     void givenResultsAreListedAndDrawn()
     {
@@ -175,63 +119,6 @@ private Q_SLOTS:
         QVERIFY(!list()->item(0)->toolTip().contains(reason));
     }
 
-    void newResultsOfARunAreShown_data()
-    {
-        QTest::addColumn<bool>("isReplaced");
-        QTest::newRow("replaced by a new file") << true;
-        QTest::newRow("written over") << false;
-    }
-
-    void newResultsOfARunAreShown()
-    {
-        QFETCH(bool, isReplaced);
-        open({path("second.csv")});
-        for (int end = 400; end < 403; ++end) {
-            const QByteArray table = header + "100,1,2,3\n" + QByteArray::number(end) + ",2,3,4\n";
-            if (isReplaced) {
-                replace("second.csv", table);
-            } else {
-                write("second.csv", table);
-            }
-            QTRY_COMPARE(lastPoint(), QPointF(end, 2));
-        }
-        QVERIFY(m_window->statusBar()->currentMessage().contains(QStringLiteral("second")));
-    }
-
-    // The curves are those of the last whole table, or none with the reason: never half of one.
-    void fileThatIsBeingWrittenIsShownOnceItIsWhole()
-    {
-        open({path("second.csv")});
-        QFile file(path("second.csv"));
-        QVERIFY(file.open(QIODevice::WriteOnly));
-        file.write(header + "100,1,2,3\n200,5");
-        QVERIFY(file.flush());
-        QTRY_VERIFY(list()->item(0)->toolTip().contains(QStringLiteral("line 3 is no result")));
-        QCOMPARE(curveCount(), 0);
-        file.write("5,6,7\n");
-        file.close();
-        QTRY_COMPARE(lastPoint(), QPointF(200, 55));
-        QVERIFY(!list()->item(0)->toolTip().contains(QStringLiteral("line 3")));
-    }
-
-    void deletedResultComesBackWithTheNextRun()
-    {
-        open({path("first run.csv"), path("second.csv")});
-        QVERIFY(QFile::remove(path("second.csv")));
-        QTRY_VERIFY(list()->item(1)->toolTip().contains(QStringLiteral("No such file")));
-        QCOMPARE(curveCount(), 1);
-        write("second.csv", header + "100,1,2,3\n500,5,6,7\n");
-        QTRY_COMPARE(curveCount(), 2);
-    }
-
-    void reloadReadsAllAnew()
-    {
-        open({path("first run.csv"), path("second.csv")});
-        replace("second.csv", header + "100,1,2,3\n777,2,3,4\n");
-        QTest::keyClick(m_window.get(), Qt::Key_F5);
-        QCOMPARE(lastPoint(), QPointF(777, 2));
-    }
-
     void pointerAndKeysReadValues()
     {
         open({path("first run.csv"), path("second.csv")});
@@ -260,79 +147,6 @@ private Q_SLOTS:
         FileChooser nobody{QString()};
         action("openAction")->trigger();
         QCOMPARE(list()->count(), 2);
-    }
-
-    void exportWritesWhatIsDrawn()
-    {
-        open({path("first run.csv"), path("second.csv")});
-        list()->item(0)->setCheckState(Qt::Unchecked);
-        const FileChooser chooser(path("table.csv"));
-        action("exportAction")->trigger();
-        QCOMPARE(chooser.folder, QDir(m_folder->path()).absolutePath());
-        const QByteArray table = contentOf(path("table.csv"));
-        QVERIFY(table.contains("\"second\",250"));
-        QVERIFY(!table.contains("first"));
-        QVERIFY(m_window->statusBar()->currentMessage().contains(QStringLiteral("table.csv")));
-        const FileChooser picture(path("charts.png"));
-        action("exportAction")->trigger();
-        QVERIFY(QImage(path("charts.png")).width() > 300);
-    }
-
-    void exportThatFailsIsTold()
-    {
-        open({path("second.csv")});
-        const QByteArray before = contentOf(path("second.csv"));
-        BoxAnswerer box(BoxAnswerer::clicking(QStringLiteral("OK")));
-        const FileChooser format(path("table.pdf"));
-        action("exportAction")->trigger();
-        QVERIFY2(box.texts.join(QLatin1Char('|')).contains(QStringLiteral("neither .png")),
-                 qPrintable(box.texts.join(QLatin1Char('|'))));
-        QCOMPARE(contentOf(path("second.csv")), before);
-        QVERIFY(!QFile::exists(path("table.pdf")));
-    }
-
-    void exportNeverReplacesAResult_data()
-    {
-        QTest::addColumn<QString>("target");
-        QTest::newRow("ticked") << QStringLiteral("second.csv");
-        QTest::newRow("not ticked") << QStringLiteral("first run.csv");
-        QTest::newRow("other spelling") << QStringLiteral("./inner/../first run.csv");
-        QTest::newRow("link") << QStringLiteral("link.csv");
-        QTest::newRow("hard link") << QStringLiteral("hard.csv");
-        QTest::newRow("folder's link") << QStringLiteral("inner/up/first run.csv");
-        QTest::newRow("not readable as a result") << QStringLiteral("bad.csv");
-        QTest::newRow("not there now") << QStringLiteral("gone.csv");
-        QTest::newRow("not opened") << QStringLiteral("third.csv");
-    }
-
-    void exportNeverReplacesAResult()
-    {
-        QFETCH(QString, target);
-        write("bad.csv", "frequency_MHz\nnothing");
-        write("third.csv", header + "1,1,1,1\n");
-        write("gone.csv", header + "1,1,1,1\n");
-        QVERIFY(QDir(m_folder->path()).mkdir(QStringLiteral("inner")));
-        QVERIFY(QFile::link(path("first run.csv"), path("link.csv")));
-        QVERIFY(QFile::link(m_folder->path(), path("inner/up")));
-        QCOMPARE(::link(path("first run.csv").toLocal8Bit().constData(),
-                        path("hard.csv").toLocal8Bit().constData()),
-                 0);
-        open({path("first run.csv"), path("second.csv"), path("bad.csv"), path("gone.csv")});
-        list()->item(0)->setCheckState(Qt::Unchecked);
-        QVERIFY(QFile::remove(path("gone.csv")));
-        const QString file = m_folder->filePath(target);
-        const QByteArray before = contentOf(file);
-        BoxAnswerer box([](QMessageBox& question) {
-            // The dialog's own question, whether to replace the file, comes first.
-            QAbstractButton* const yes = question.button(QMessageBox::Yes);
-            (yes != nullptr ? yes : question.button(QMessageBox::Ok))->click();
-        });
-        const FileChooser chooser(file);
-        action("exportAction")->trigger();
-        QCOMPARE(contentOf(file), before);
-        QVERIFY2(box.texts.join(QLatin1Char('|')).contains(QStringLiteral("is not overwritten")),
-                 qPrintable(box.texts.join(QLatin1Char('|'))));
-        QCOMPARE(QFileInfo(path("link.csv")).isSymLink(), true);
     }
 
     void namesCannotTurnTheWindowsTexts()
@@ -470,41 +284,6 @@ private Q_SLOTS:
     }
 
 private:
-    QString path(const char* name) const { return m_folder->filePath(QString::fromUtf8(name)); }
-
-    void write(const char* name, const QByteArray& content)
-    {
-        QFile file(path(name));
-        QVERIFY(file.open(QIODevice::WriteOnly));
-        QCOMPARE(file.write(content), content.size());
-    }
-
-    void replace(const char* name, const QByteArray& content)
-    {
-        QSaveFile file(path(name));
-        QVERIFY(file.open(QIODevice::WriteOnly));
-        file.write(content);
-        QVERIFY(file.commit());
-    }
-
-    void open(const QStringList& paths)
-    {
-        m_window = std::make_unique<ViewerWindow>(paths);
-        m_window->show();
-        QVERIFY(QTest::qWaitForWindowExposed(m_window.get()));
-        QApplication::setActiveWindow(m_window.get());
-    }
-
-    QListWidget* list() const
-    {
-        return m_window->findChild<QListWidget*>(QStringLiteral("resultList"));
-    }
-
-    QAction* action(const char* name) const
-    {
-        return m_window->findChild<QAction*>(QLatin1String(name));
-    }
-
     QMenu* recentMenu() const
     {
         const QList<QMenu*> menus = m_window->menuBar()->findChildren<QMenu*>();
@@ -514,29 +293,10 @@ private:
         return found == menus.end() ? nullptr : *found;
     }
 
-    int curveCount() const
-    {
-        return m_window->findChild<QuantityChart*>()->chart()->series().size();
-    }
-
-    // Of the last curve of resistance.
-    QPointF lastPoint() const
-    {
-        const auto curves =
-            m_window->findChild<QuantityChart*>(QStringLiteral("chart0"))->chart()->series();
-        return curves.isEmpty()
-                   ? QPointF()
-                   : qobject_cast<QtCharts::QLineSeries*>(curves.last())->pointsVector().last();
-    }
-
     QString readout() const
     {
         return m_window->findChild<QLabel*>(QStringLiteral("readout"))->text();
     }
-
-    std::unique_ptr<QTemporaryDir> m_folder;
-    std::unique_ptr<Services> m_services;
-    std::unique_ptr<ViewerWindow> m_window;
 };
 
 QTEST_MAIN(tst_viewer_window)

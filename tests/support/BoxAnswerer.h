@@ -20,6 +20,12 @@ public:
         m_timer.start(2);
     }
 
+    /// Answers by the buttons with these texts, one box after the other, and by Escape when there
+    /// are none left, or when the box has no such button.
+    explicit BoxAnswerer(const QStringList& buttons = QStringList())
+        : BoxAnswerer(pressingEach(buttons))
+    {}
+
     /// Clicks the button with that text.
     static Answer clicking(const QString& text)
     {
@@ -33,16 +39,32 @@ public:
         };
     }
 
-    /// The texts of the boxes that came up.
-    QStringList texts;
+    QStringList texts;   ///< of the boxes that came up
+    QStringList details; ///< of the boxes that came up
 
 private:
+    static Answer pressingEach(QStringList texts)
+    {
+        return [texts](QMessageBox& box) mutable {
+            const QString text = texts.isEmpty() ? QString() : texts.takeFirst();
+            const QList<QAbstractButton*> buttons = box.buttons();
+            for (QAbstractButton* const button : buttons) {
+                if (!text.isEmpty() && button->text() == text) {
+                    button->click();
+                    return;
+                }
+            }
+            box.reject();
+        };
+    }
+
     void look()
     {
         auto* const box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
         if (box && !box->property("answered").toBool()) {
             box->setProperty("answered", true);
             texts.append(box->text());
+            details.append(box->detailedText());
             m_answer(*box);
         }
     }

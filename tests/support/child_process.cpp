@@ -19,7 +19,9 @@
 //   wait-for-file NAME        until there is such a file
 //   read-input                standard input to its end, and writes how many bytes there were
 //   touch NAME                makes an empty file
-//   leave-grandchild TEXT MS  a process of its own that writes TEXT after MS on the same channels
+//   leave-grandchild TEXT NAME
+//                             a process of its own that waits for the file NAME, writes TEXT on the
+//                             same channels, and removes the file
 //   crash                     dies by a signal
 //   signal NUMBER             dies by that signal
 //   exit CODE                 the end of the commands means exit 0
@@ -177,7 +179,7 @@ void readInput()
     write(stdout, "input: " + std::to_string(bytes) + '\n');
 }
 
-void leaveGrandchild(const std::string& text, const std::string& milliseconds)
+void leaveGrandchild(const std::string& text, const std::string& file)
 {
 #ifndef _WIN32
     const pid_t child = fork();
@@ -186,13 +188,15 @@ void leaveGrandchild(const std::string& text, const std::string& milliseconds)
         std::_Exit(EXIT_FAILURE);
     }
     if (child == 0) {
-        sleepFor(milliseconds);
+        std::signal(SIGPIPE, SIG_IGN); // nobody may read any more
+        waitForFile(file);
         write(stdout, decoded(text));
+        std::filesystem::remove(file);
         std::_Exit(0);
     }
 #else
     (void)text;
-    (void)milliseconds;
+    (void)file;
 #endif
 }
 

@@ -1,0 +1,274 @@
+#include "LaunchOptionsStage.h"
+
+#include <SettingsFolders.h>
+
+#include <LaunchOptionTable.h>
+#include <LaunchOptionsDialog.h>
+#include <LaunchOptionsFile.h>
+#include <NumberBox.h>
+
+#include <common_PropertyFactory.h>
+
+#include <QLabel>
+#include <QSettings>
+#include <QtTest>
+
+#include <memory>
+
+class tst_launch_options_dialog_checks : public QObject, protected LaunchOptionsStage
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init() { m_folders = std::make_unique<SettingsFolders>(); }
+
+    void cleanup() { tearDown(); }
+
+    void aSwitchEnablesWhatDependsOnIt_data()
+    {
+        QTest::addColumn<QString>("key");
+        QTest::addColumn<QString>("switchKey");
+        // clang-format off
+        QTest::newRow("processes")  << "Kest.NumberOfParallelProcesses" << "Kest.SpecifyParallelProcesses";
+        QTest::newRow("GPUs")       << "Kest.NumberOfGPUs"              << "Kest.UseGPUforNVIDIA";
+        QTest::newRow("GPU list")   << "Kest.GPUsList"                  << "Kest.UseGPUforNVIDIA";
+        QTest::newRow("analysis")   << "Adaptkest.AnalysisNumber"       << "Adaptkest.RestartAnalysisNumber";
+        QTest::newRow("solver run") << "Optkest.SolverRun"              << "Optkest.RestartFromSolverRun";
+        QTest::newRow("iterations") << "Amrkest.MaximumIterations"      << "Amrkest.SpecifyMaximumIterations";
+        QTest::newRow("frequency")  << "Amrkest.Frequency"              << "Amrkest.SpecifyFrequency";
+        // clang-format on
+    }
+
+    void aSwitchEnablesWhatDependsOnIt()
+    {
+        QFETCH(QString, key);
+        QFETCH(QString, switchKey);
+        open();
+        QVERIFY(!editor(key)->isEnabled());
+        type(editor(switchKey), text("true"));
+        QVERIFY(editor(key)->isEnabled());
+        type(editor(switchKey), text("false"));
+        QVERIFY(!editor(key)->isEnabled());
+    }
+
+    void whatIsTypedIsChecked_data()
+    {
+        QTest::addColumn<QString>("key");
+        QTest::addColumn<QString>("value");
+        QTest::addColumn<bool>("right");
+        const auto add = [](const char* key, const char* value, bool right) {
+            QTest::newRow(qPrintable(text("%1=%2").arg(text(key), text(value))))
+                << text(key) << text(value) << right;
+        };
+        for (const char* const value : {"", "1", "16"}) {
+            add("Kest.NumberOfGPUs", value, true);
+        }
+        for (const char* const value :
+             {"0", "-1", "two", "1.5", " 1", "1 ", "+1", "01", "1000000", "99999999999"}) {
+            add("Kest.NumberOfGPUs", value, false);
+        }
+        for (const char* const value : {"", "0", "0,1", "3,1,12"}) {
+            add("Kest.GPUsList", value, true);
+        }
+        for (const char* const value :
+             {",", "0,", ",0", "0,,1", "0 ,1", "0-3", "a", "-1", "1,1", "1,01", "0;1"}) {
+            add("Kest.GPUsList", value, false);
+        }
+        for (const char* const value : {"14.2", "1e3", "300", "0.001", "+5", ".5", "1e15"}) {
+            add("Amrkest.Frequency", value, true);
+        }
+        for (const char* const value : {"", "0", "-1", "14,2", "1,000", "14.2 MHz", "fast", "inf",
+                                        "nan", "1e999", "1e16", "0x10", "1e", " 1"}) {
+            add("Amrkest.Frequency", value, false);
+        }
+        for (const char* const value : {"", "node1", "user@host", "a-b", "a_b.c", "fe80::1",
+                                        "node1 port=22", "node1 user=me home=/opt/kest"}) {
+            add("Kest.RemoteHost", value, true);
+        }
+        for (const char* const value : {"-oProxyCommand=x",
+                                        "node1 -x",
+                                        "  -x",
+                                        "-",
+                                        "a\x1b[0m",
+                                        "node1 node2",
+                                        " node1",
+                                        "node1 ",
+                                        "a  port=1",
+                                        "a;b",
+                                        "$(a)",
+                                        "a`b`",
+                                        "a|b",
+                                        "a>b",
+                                        "a'b",
+                                        "a\\b",
+                                        "@a",
+                                        "a@",
+                                        "-l@a",
+                                        "a@b@c",
+                                        "h\xc3\xb6st",
+                                        "[fe80::1]",
+                                        "a port=0",
+                                        "a port=+1",
+                                        "a home=x",
+                                        "a x=1"}) {
+            add("Kest.RemoteHost", value, false);
+        }
+        for (const char* const value : {"", "A=1", "A=", "_b2=x y", "A=1\nB=2\n", "\nA=1"}) {
+            add("EnvironmentVariables", value, true);
+        }
+        for (const char* const value :
+             {"A", "=1", "1A=2", "A B=1", "A=1\nB", " A=1", "A-B=1", "A==", "A=b=c", "A=1  2",
+              "A= 1", "A=1\t", "A=1\nA=2", "A=\x1b"}) {
+            add("EnvironmentVariables", value, false);
+        }
+        for (const char* const value : {"", "--a  \"b\"", "-x", "--a\t-b"}) {
+            add("Kest.AdvancedOptions", value, true);
+        }
+        for (const char* const value : {"a\x1b[0m", "a\x7f", "a\xef\xbf\xbd"}) {
+            add("Kest.AdvancedOptions", value, false);
+        }
+        const auto addRange = [&add](const char* key, qint64 smallest, qint64 largest) {
+            for (const qint64 number : {smallest, largest}) {
+                add(key, qPrintable(QString::number(number)), true);
+            }
+            for (const qint64 number : {smallest - 1, largest + 1, qint64(INT_MIN)}) {
+                if (number <= INT_MAX) {
+                    add(key, qPrintable(QString::number(number)), false);
+                }
+            }
+        };
+        addRange("Kest.NumberOfParallelProcesses", 1, 4096);
+        addRange("Kest.ParallelEnvOptions", 0, INT_MAX);
+        addRange("Adaptkest.AnalysisNumber", 1, 1000000);
+        addRange("Optkest.SolverRun", 1, 1000000);
+        addRange("Optkest.NumberOfFarmProcesses", 2, 4096);
+        addRange("Amrkest.MaximumIterations", 1, 1000000);
+    }
+
+    void whatIsTypedIsChecked()
+    {
+        QFETCH(QString, key);
+        QFETCH(QString, value);
+        QFETCH(bool, right);
+        open();
+        m_dialog->show();
+        switchAllOn();
+        type(editor(text("Amrkest.Frequency")), text("1"));
+        tabs()->setCurrentWidget(pageOf(key));
+        QVERIFY(button("ok")->isEnabled());
+        type(editor(key), value);
+        auto* const message = m_dialog->findChild<QLabel*>(key + text(".message"));
+        auto* const reason = m_dialog->findChild<QLabel*>(text("reason"));
+        QCOMPARE(button("ok")->isEnabled(), right);
+        QCOMPARE(message->isVisible(), !right);
+        QCOMPARE(reason->isVisible(), !right);
+        QCOMPARE(message->text().isEmpty(), right);
+        QCOMPARE(editor(key)->accessibleDescription(), message->text());
+        if (!right) {
+            QVERIFY(!button("apply")->isEnabled());
+            QVERIFY(reason->text().contains(message->text()));
+            QVERIFY(reason->text().startsWith(tabs()->tabText(tabs()->currentIndex())));
+            QVERIFY(editor(key)->palette().color(QPalette::Base) !=
+                    m_dialog->palette().color(QPalette::Base));
+            m_dialog->accept();
+            QVERIFY(m_dialog->isVisible());
+            QVERIFY(!QFile::exists(m_folders->userFile()));
+        } else {
+            QCOMPARE(editor(key)->palette().color(QPalette::Base),
+                     m_dialog->palette().color(QPalette::Base));
+        }
+    }
+
+    void aMistakeThatIsPutRightIsForgotten()
+    {
+        open();
+        m_dialog->show();
+        type(editor(text("Kest.RemoteHost")), text("-x"));
+        type(editor(text("EnvironmentVariables")), text("x"));
+        auto* const reason = m_dialog->findChild<QLabel*>(text("reason"));
+        QVERIFY(reason->text().startsWith(text("Kest Solver: Remote host: ")));
+        type(editor(text("Kest.RemoteHost")), text("x"));
+        QCOMPARE(reason->text(), text("Environment: Environment variables: Line 1 is not "
+                                      "NAME=VALUE."));
+        type(editor(text("EnvironmentVariables")), text("x=1"));
+        QVERIFY(!reason->isVisible());
+        QVERIFY(button("ok")->isEnabled());
+    }
+
+    void whatIsSwitchedOffIsNotChecked()
+    {
+        open();
+        type(editor(text("Kest.UseGPUforNVIDIA")), text("true"));
+        type(editor(text("Kest.NumberOfGPUs")), text("two"));
+        QVERIFY(!button("ok")->isEnabled());
+        type(editor(text("Kest.UseGPUforNVIDIA")), text("false"));
+        QVERIFY(button("ok")->isEnabled());
+    }
+
+    void arrowsStopAtTheSmallestAndTheLargestNumber()
+    {
+        NumberBox box(2, 5, nullptr);
+        box.setValue(3);
+        box.stepDown();
+        QCOMPARE(box.value(), 2);
+        box.stepDown();
+        QCOMPARE(box.value(), 2);
+        box.setValue(-7);
+        QCOMPARE(box.value(), -7);
+        box.stepUp();
+        QCOMPARE(box.value(), 2);
+        box.stepBy(10);
+        QCOMPARE(box.value(), 5);
+        box.stepUp();
+        QCOMPARE(box.value(), 5);
+        box.setValue(7);
+        QCOMPARE(box.value(), 7);
+        box.stepUp();
+        QCOMPARE(box.value(), 5);
+    }
+
+    void anEmptyNumberIsNone()
+    {
+        open();
+        type(editor(text("Kest.SpecifyParallelProcesses")), text("true"));
+        qobject_cast<QSpinBox*>(editor(text("Kest.NumberOfParallelProcesses")))->selectAll();
+        QTest::keyClick(editor(text("Kest.NumberOfParallelProcesses")), Qt::Key_Delete);
+        QVERIFY(!button("ok")->isEnabled());
+    }
+
+    void valuesThatTheEditorsCannotShowAreKept()
+    {
+        {
+            QSettings file(m_folders->userFile(), QSettings::IniFormat);
+            file.setValue(text("options/Kest.ProcessPriority"), 7);
+            file.setValue(text("options/Kest.ParallelAuthenticMethod"), 0);
+            file.setValue(text("options/Prekest.AdvancedOptions"), text("a\tb\nc"));
+            file.setValue(text("options/EnvironmentVariables"), text("A=1\r\nB=\tx"));
+        }
+        open();
+        QCOMPARE(shown(editor(text("Kest.ProcessPriority"))), text("7"));
+        QVERIFY(!button("apply")->isEnabled());
+        type(editor(text("RunParallel")), text("true"));
+        QVERIFY(m_dialog->save());
+        QSettings file(m_folders->userFile(), QSettings::IniFormat);
+        QCOMPARE(file.value(text("options/Kest.ProcessPriority")).toInt(), 7);
+        QCOMPARE(file.value(text("options/Kest.ParallelAuthenticMethod")).toInt(), 0);
+        QCOMPARE(file.value(text("options/Prekest.AdvancedOptions")).toString(), text("a\tb\nc"));
+        QCOMPARE(file.value(text("options/EnvironmentVariables")).toString(), text("A=1\r\nB=\tx"));
+        QCOMPARE(file.value(text("options/RunParallel")).toBool(), true);
+    }
+
+private:
+    QWidget* pageOf(const QString& key) const
+    {
+        for (int i = 0; i < tabs()->count(); ++i) {
+            if (tabs()->widget(i)->isAncestorOf(editor(key))) {
+                return tabs()->widget(i);
+            }
+        }
+        return nullptr;
+    }
+};
+
+QTEST_MAIN(tst_launch_options_dialog_checks)
+#include "tst_launch_options_dialog_checks.moc"
