@@ -7,6 +7,7 @@
 #include <BoxAnswerer.h>
 #include <HelpPage.h>
 #include <NativeRun.h>
+
 #include <QAction>
 #include <QDropEvent>
 #include <QFile>
