@@ -1,12 +1,20 @@
 #!/usr/bin/env python3
 """Breaks each rule of the house in a small tree, and sees scripts/house name it."""
+import contextlib
+import importlib.machinery
+import importlib.util
+import io
 import os
-import subprocess
 import sys
 import tempfile
 import unittest
+from unittest import mock
 
 script = os.path.join(os.path.dirname(os.path.abspath(__file__)), "..", "..", "scripts", "house")
+sys.dont_write_bytecode = True
+loader = importlib.machinery.SourceFileLoader("house", script)
+house = importlib.util.module_from_spec(importlib.util.spec_from_loader("house", loader))
+loader.exec_module(house)
 
 page = """# For developers
 
@@ -52,18 +60,21 @@ class House(unittest.TestCase):
             file.write(text)
 
     def call(self, *options):
-        return subprocess.run([sys.executable, script, "--tree", self.folder.name, *options],
-                              stdout=subprocess.PIPE, stderr=subprocess.PIPE, text=True, check=False)
+        """Exit code, output and errors of the script."""
+        output, errors = io.StringIO(), io.StringIO()
+        with contextlib.redirect_stdout(output), contextlib.redirect_stderr(errors):
+            code = house.main(["--tree", self.folder.name, *options])
+        return code, output.getvalue(), errors.getvalue()
 
     def draw(self):
-        self.assertEqual(self.call().returncode, 0)
+        self.assertEqual(self.call(), (0, "", ""))
 
     def errors(self):
         """What is wrong, once the picture is as the sources are."""
         self.draw()
-        result = self.call("--check")
-        self.assertEqual(result.returncode, 1 if result.stderr else 0)
-        return result.stderr
+        code, _, errors = self.call("--check")
+        self.assertEqual(code, 1 if errors else 0)
+        return errors
 
     def test_a_tree_that_keeps_the_rules_passes(self):
         self.assertEqual(self.errors(), "")
@@ -76,6 +87,13 @@ class House(unittest.TestCase):
     def test_suite_may_not_use_the_platform(self):
         self.write("suite/text/PlainText.h", "#pragma once\n\n#include <Processes.h>\n")
         self.assertIn("suite may not use platform", self.errors())
+
+    def test_suite_includes_the_system_in_a_file_a_platform(self):
+        self.write("suite/text/PlainText_unix.cpp", '#include "PlainText.h"\n\n#include <unistd.h>\n')
+        self.assertEqual(self.errors(), "")
+        self.write("suite/text/PlainText.cpp", '#include "PlainText.h"\n\n#include <unistd.h>\n')
+        self.assertEqual(self.errors(), "suite/text/PlainText.cpp:3: includes unistd.h: "
+                                        "that belongs into a file of its platform\n")
 
     def test_the_library_may_not_use_the_suite(self):
         self.write("src/process/common_Buffer.h", "#pragma once\n\n#include <PlainText.h>\n")
@@ -143,9 +161,26 @@ class House(unittest.TestCase):
                                         "suite/text/PlainText.h: 401 lines, more than 400\n")
 
     def test_exceptions_are_listed(self):
-        self.write("tests/tst_long.cpp", 500 * "\n")
-        self.assertEqual(self.errors(), "")
-        self.assertIn("beyond the limits: tests/", self.call("--check").stdout)
+        self.write("tests/text/tst_long.cpp", 500 * "\n")
+        with mock.patch.object(house, "exceptions", {"tests/text/*": "one table"}):
+            self.assertEqual(self.errors(), "")
+            self.assertIn("beyond the limits: tests/text/*: one table\n", self.call("--check")[1])
+
+    def test_what_is_being_split_is_reported_until_it_is(self):
+        self.write("suite/text/PlainText.h", "#pragma once\n" + 400 * "\n")
+        with mock.patch.object(house, "being_split", ["suite/text/PlainText.h"]):
+            self.assertEqual(self.errors(), "")
+            self.assertIn("401 lines, more than 400; is being split\n", self.call("--check")[1])
+            self.write("suite/text/PlainText.h", "#pragma once\n")
+            self.assertIn("PlainText.h: is within the limits now", self.call("--check")[1])
+
+    def test_a_circle_that_is_being_opened_is_reported(self):
+        self.write("suite/text/PlainText.h", "#pragma once\n\n#include <Model.h>\n")
+        with mock.patch.object(house, "being_opened", [{"suite/model", "suite/text"}]):
+            self.assertEqual(self.errors(), "")
+            self.assertIn("include each other, which is being mended", self.call("--check")[1])
+        with mock.patch.object(house, "being_opened", [{"suite/model", "suite/hosts"}]):
+            self.assertIn("these folders include each other", self.errors())
 
     def test_includes_stand_in_order(self):
         self.write("samples/suite/prekest/Check.h",
@@ -161,20 +196,20 @@ class House(unittest.TestCase):
     def test_an_old_picture_is_an_error(self):
         self.draw()
         self.write("apps/kestdesk/window/Window.h", "#pragma once\n")
-        self.assertEqual(self.call("--check").stderr,
+        self.assertEqual(self.call("--check")[2],
                          "docs/house.svg is not what the sources say: call scripts/house\n")
 
     def test_a_missing_picture_is_an_error(self):
         self.draw()
         os.remove(os.path.join(self.folder.name, "docs", "house.svg"))
-        self.assertIn("docs/house.svg is not what the sources say", self.call("--check").stderr)
+        self.assertIn("docs/house.svg is not what the sources say", self.call("--check")[2])
 
     def test_a_changed_table_is_an_error(self):
         self.draw()
         with open(os.path.join(self.folder.name, "DEVELOPERS.md"), encoding="utf-8") as file:
             text = file.read()
         self.write("DEVELOPERS.md", text.replace("three dimensions", "two dimensions"))
-        self.assertEqual(self.call("--check").stderr,
+        self.assertEqual(self.call("--check")[2],
                          "DEVELOPERS.md has another table of floors: call scripts/house\n")
 
     def test_the_check_changes_nothing(self):
