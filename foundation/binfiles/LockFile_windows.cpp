@@ -1,4 +1,5 @@
 #include "LockFile.h"
+
 #include "PortableLockFile.h"
 
 #include <QFileInfo>

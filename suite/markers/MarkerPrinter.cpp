@@ -4,8 +4,6 @@
 
 #include <TerminalStream.h>
 
-#include <poll.h>
-
 namespace suite {
 
 namespace {
@@ -87,10 +85,7 @@ void MarkerPrinter::printLineFeed()
 
 bool MarkerPrinter::isReaderGone()
 {
-    pollfd descriptor = {fileno(m_stream), 0, 0};
-    if (::poll(&descriptor, 1, 0) > 0 && (descriptor.revents & (POLLERR | POLLNVAL)) != 0) {
-        m_failed = true;
-    }
+    m_failed = m_failed || hasLostReader(m_stream);
     return m_failed;
 }
 

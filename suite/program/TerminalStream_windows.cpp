@@ -6,3 +6,8 @@ bool suite::isTerminal(std::FILE* stream)
 {
     return _isatty(_fileno(stream)) != 0;
 }
+
+bool suite::hasLostReader(std::FILE* /*stream*/)
+{
+    return false;
+}

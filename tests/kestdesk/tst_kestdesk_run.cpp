@@ -5,16 +5,16 @@
 
 #include <SpecialFile.h>
 
-#include <QElapsedTimer>
-#include <QRegularExpression>
-#include <QSet>
-#include <QSettings>
-
 #include <common_ActivePtr.h>
 #include <common_CommonSettingsSet.h>
 #include <common_IApplicationInfo.h>
 #include <common_RunWrapper.h>
 #include <common_ServiceOf.h>
+
+#include <QElapsedTimer>
+#include <QRegularExpression>
+#include <QSet>
+#include <QSettings>
 
 #include <csignal>
 #include <vector>

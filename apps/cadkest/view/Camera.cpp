@@ -23,7 +23,6 @@ constexpr double cornerElevation = 0.45;
 constexpr double cornerAzimuth = 0.55;
 
 const QVector3D rightAxis(1, 0, 0);
-const QVector3D upAxis(0, 1, 0);
 const QVector3D vertical(0, 0, 1);
 
 QQuaternion about(const QVector3D& axis, double radians)

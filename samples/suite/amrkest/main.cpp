@@ -1,7 +1,7 @@
 #include "Amrkest.h"
-#include <WriteFailures.h>
 
 #include <ProgramArguments.h>
+#include <WriteFailures.h>
 
 #include <QCoreApplication>
 

@@ -1,5 +1,6 @@
-#include <WriteFailures.h>
 #include "ParallelGuard.h"
+
+#include <WriteFailures.h>
 
 #include <KSignalHandler>
 

@@ -1,7 +1,7 @@
-#include <WriteFailures.h>
 #include "Optkest.h"
 
 #include <ProgramArguments.h>
+#include <WriteFailures.h>
 
 #include <QCoreApplication>
 

@@ -1,7 +1,7 @@
 #include "Component.h"
-#include <WriteFailures.h>
 
 #include <ProgramArguments.h>
+#include <WriteFailures.h>
 
 #include <QCoreApplication>
 

@@ -1,9 +1,9 @@
-#include <WriteFailures.h>
 #include "RemoteRun.h"
 #include "RemoteSession.h"
 #include "Runkest.h"
 
 #include <ProgramArguments.h>
+#include <WriteFailures.h>
 
 #include <KSignalHandler>
 

@@ -1,5 +1,6 @@
 #include "Dealer.h"
 #include "Worker.h"
+
 #include <WriteFailures.h>
 
 #include <KSignalHandler>
