@@ -1,9 +1,9 @@
-#include "common_SpecialFile.h"
+#include "SpecialFile.h"
 
 #include <QFileInfo>
 #include <QString>
 
-QString common_specialFileKind(const QString& path)
+QString SpecialFile::kind(const QString& path)
 {
     const QFileInfo file(path);
     if (!file.exists() || file.isFile()) {
