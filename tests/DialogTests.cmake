@@ -34,6 +34,7 @@ kest_test(tst_common_MarkupReader
         ${widgets}/common_MarkupElement.cpp
         ${widgets}/common_MarkupEntity.cpp
         ${widgets}/common_MarkupFormats.cpp
+        ${widgets}/common_MarkupLines.cpp
         ${widgets}/common_MarkupReader.cpp
         ${widgets}/common_MarkupScanner.cpp
     LIBRARIES Qt5::Gui)
