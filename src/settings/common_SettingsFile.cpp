@@ -6,7 +6,7 @@
 
 #include <KEST_binfiles_paths.h>
 #include <MarkedFolders.h>
-#include <SpecialFile.h>
+#include <SpecialPath.h>
 #include <common_settings.h>
 
 #include <QDir>
@@ -131,7 +131,7 @@ common_SettingsFile::common_SettingsFile(const QString& fileName, QSettings::For
 
 QString common_SettingsFile::problem() const
 {
-    const QString kind = SpecialFile::kind(m_fileName);
+    const QString kind = SpecialPath::kind(m_fileName);
     if (!kind.isEmpty()) {
         return QStringLiteral("it is ") + kind;
     }

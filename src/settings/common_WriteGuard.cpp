@@ -1,7 +1,7 @@
 #include "common_WriteGuard.h"
 
 #include <KEST_binfiles.h>
-#include <SpecialFile.h>
+#include <SpecialPath.h>
 
 #include <QElapsedTimer>
 #include <QFileInfo>
@@ -31,7 +31,7 @@ QString guardedName(const QString& file)
 // The lock file may not be one.
 QString obstacle(const QString& lockFile)
 {
-    return QFileInfo(lockFile).isSymLink() ? QStringLiteral("a link") : SpecialFile::kind(lockFile);
+    return QFileInfo(lockFile).isSymLink() ? QStringLiteral("a link") : SpecialPath::kind(lockFile);
 }
 
 } // namespace

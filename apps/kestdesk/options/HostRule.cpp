@@ -82,7 +82,7 @@ QString firstWordError(const QString& text)
 
 } // namespace
 
-QString HostRule::problem(const QString& text)
+QString HostRule::complaint(const QString& text)
 {
     if (text.isEmpty()) {
         return QString();

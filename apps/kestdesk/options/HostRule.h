@@ -6,6 +6,6 @@
 namespace HostRule {
 
 /// What is wrong with the text, as a sentence; empty when it is right, or empty itself.
-QString problem(const QString& text);
+QString complaint(const QString& text);
 
 } // namespace HostRule

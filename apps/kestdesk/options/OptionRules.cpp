@@ -103,7 +103,7 @@ constexpr RangeRow rangeRows[] = {
 constexpr TextRow textRows[] = {
     {"Kest.NumberOfGPUs",    gpuCountProblem,          "a whole number from 1, or nothing for all", false, ""},
     {"Kest.GPUsList",        gpuListProblem,           "numbers with commas between them, such as 0,1, or nothing for any", false, ""},
-    {"Kest.RemoteHost",      HostRule::problem,        "a host as [user@]HOST [user=NAME] [port=NUMBER] [home=FOLDER], or nothing", false, ""},
+    {"Kest.RemoteHost",      HostRule::complaint,      "a host as [user@]HOST [user=NAME] [port=NUMBER] [home=FOLDER], or nothing", false, ""},
     {"Amrkest.Frequency",    frequencyProblem,         "a positive number in MHz, such as 14.2, or nothing", false, "Give a frequency, or do not specify one."},
     {"EnvironmentVariables", EnvironmentRule::problem, "NAME=VALUE, one a line, with no further \"=\"", true, ""},
 };

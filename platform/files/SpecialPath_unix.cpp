@@ -1,11 +1,11 @@
-#include "SpecialFile.h"
+#include "SpecialPath.h"
 
 #include <QFile>
 #include <QString>
 
 #include <sys/stat.h>
 
-QString SpecialFile::kind(const QString& path)
+QString SpecialPath::kind(const QString& path)
 {
     struct stat status = {};
     if (::stat(QFile::encodeName(path).constData(), &status) != 0) {
