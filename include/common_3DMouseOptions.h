@@ -9,8 +9,8 @@
 #include <common_settings.h>
 #include <kest_common_export.h>
 
-/// How sensitive the 3D mouse is in the applications' 3D views: the property "3DMouseSensitivity",
-/// kept in the group "3dmouse" of the user's kest.ini.
+/// The sensitivity of the 3D mouse in the applications' 3D views: the property
+/// "3DMouseSensitivity", kept in the group "3dmouse" of the user's kest.ini.
 ///
 /// A writable object holds the lock of kest.ini for its whole life.
 class KEST_COMMON_EXPORT common_3DMouseOptions : public common_PropertyContainer,
@@ -20,8 +20,8 @@ public:
     using Pointer = common_ActivePtr<common_3DMouseOptions, IntrusivePtrActor>;
     using LockPointer = common_ActivePtr<common_LockFile, IntrusivePtrActor>;
 
-    /// The options as they are in the file. Null when they are to be written and the file is
-    /// locked, of which the user has been told. Needs the services common_IApplicationInfo and, for
+    /// Reads the options from the file. Returns null when the mode is ReadWriteAccess and the file
+    /// is locked, after a message to the user. Needs the services common_IApplicationInfo and, for
     /// that message, common_ISession.
     static Pointer create(AccessMode mode);
 
@@ -30,7 +30,7 @@ public:
     common_3DMouseOptions& operator=(const common_3DMouseOptions& other);
     ~common_3DMouseOptions() override;
 
-    /// A copy, for the caller to take the first reference on.
+    /// A new copy with a reference count of 0. The caller owns it by taking the first reference.
     common_3DMouseOptions* clone() const;
 
     void reference() override { m_refCount.increment(); }
@@ -44,7 +44,7 @@ public:
 
     double getMouseSensitivity() const;
 
-    /// Takes the value of the installation's default.ini, or 50. Nothing is written.
+    /// Sets the value of the installation's default.ini, or 50. Nothing is written.
     void restoreDefaults() override;
 
 protected:

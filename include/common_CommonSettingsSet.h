@@ -11,17 +11,17 @@ class common_ComponentsLaunchOptions;
 class common_geometry_settings;
 class common_recent_file_settings;
 
-/// What every application of the suite keeps about itself in a settings file of its own.
+/// The settings that every application of the suite keeps in a settings file of its own.
 class KEST_COMMON_EXPORT common_CommonSettingsSet
 {
 public:
     /// The file is directory/name.ini, the name in lower case. Nothing is read or written yet. When
-    /// neither that file nor the installation's default.ini exists, the user is told. Needs the
-    /// service common_IApplicationInfo; a common_ISplashScreen is hidden for that while.
+    /// neither that file nor the installation's default.ini exists, shows a message to the user,
+    /// for which a common_ISplashScreen is hidden. Needs the service common_IApplicationInfo.
     common_CommonSettingsSet(const QString& directory, const QString& name);
     common_CommonSettingsSet(const common_CommonSettingsSet&) = delete;
 
-    /// Takes over the other's geometry and recent files, which it then has no more.
+    /// Takes the geometry and recent files from the other set, whose pointers become null.
     // NOLINTNEXTLINE(misc-unconventional-assign-operator): the exported signature is kept
     common_CommonSettingsSet& operator=(common_CommonSettingsSet& other);
 
@@ -34,13 +34,13 @@ public:
     void restore_geometry_settings();
     void restore_recent_file_settings();
 
-    /// Not the caller's; null after another set has taken it over.
+    /// Owned by this set; null after another set has taken it.
     common_geometry_settings* geometry() const;
 
-    /// Not the caller's; null after another set has taken it over.
+    /// Owned by this set; null after another set has taken it.
     common_recent_file_settings* recentFiles() const;
 
-    /// The launch options as they are in the user's file now; read-only, and new on each call.
+    /// A new read-only object with the launch options that are in the user's file now.
     common_ActivePtr<common_ComponentsLaunchOptions> getComponentsLaunchOptions() const;
 
     QString getFullFilename() const;

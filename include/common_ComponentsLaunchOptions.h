@@ -14,11 +14,13 @@
 
 #include <QStringList>
 
+#include <initializer_list>
+
 /// The user's options for launching the solver components: properties by name, kept in the group
-/// "options" of the user's kest.ini, and made into the components' command lines.
+/// "options" of the user's kest.ini, from which the components' command lines are made.
 ///
-/// A writable object holds the lock of kest.ini for its whole life. Values that are changed are
-/// saved by writeSettings() and by nothing else.
+/// A writable object holds the lock of kest.ini as long as it exists. Changed values are saved only
+/// by writeSettings().
 class KEST_COMMON_EXPORT common_ComponentsLaunchOptions : public common_PropertyContainer,
                                                           public common_IValidatable,
                                                           public common_settings,
@@ -31,12 +33,12 @@ public:
 
     static const char* s_classIdString;
 
-    /// The options as they are in the file. Null when they are to be written and the file is
-    /// locked, of which the user has been told. Needs the services common_IApplicationInfo and, for
+    /// Reads the options from the file. Returns null when the mode is ReadWriteAccess and the file
+    /// is locked, after a message to the user. Needs the services common_IApplicationInfo and, for
     /// that message, common_ISession.
     static Pointer create(AccessMode mode);
 
-    /// A read-only object with what was last written; unsaved values of the source are not in it.
+    /// A new read-only object with the values in the file, without unsaved values of the source.
     static Pointer createClone(Pointer source);
 
     /// For clone(): the same values and the same lock.
@@ -56,8 +58,8 @@ public:
     QString getClassID() const;
     common_Label getLabel() const override;
 
-    /// Takes the values of the installation's default.ini, and the built-in defaults for what that
-    /// lacks. Nothing is written; a script recorder hears of it.
+    /// Sets the values of the installation's default.ini, and the built-in defaults of options that
+    /// it lacks. Nothing is written. A script recorder records it.
     void restoreDefaults() override;
 
     /// Any combination of values is accepted: these return true and do nothing.
@@ -65,16 +67,15 @@ public:
     bool validateDomainRules() override;
     void setIgnoreValues() override;
 
-    // The command lines: an element for each process argument, read afresh from the properties on
-    // each call, without any check of the values. Free text is split at white space; quotes have no
-    // meaning.
+    // The command lines: one element for each process argument, made from the present values, which
+    // are not checked. Free text is split at white space; quotes have no meaning.
 
     QStringList getPrekestOptions() const;
 
-    /// Of a sequential runkest.
+    /// For a sequential runkest.
     QStringList getKestSequentialOptions(bool remoteRun) const;
 
-    /// Of a parallel runkest.
+    /// For a parallel runkest.
     QStringList getKestParallelOptions(bool remoteRun) const;
 
     /// The words of the remote host; empty ones are kept, so there is always at least one.
@@ -84,14 +85,14 @@ public:
     QStringList getOptkestOptions() const;
     QStringList getAmrkestOptions() const;
 
-    /// NAME=value assignments for the environment of the solver's process, and what else the user
-    /// typed there, line by line.
+    /// Assignments NAME=value for the environment of the solver's process. The user's lines are
+    /// included as they were typed.
     QStringList getEnvironmentOptions() const;
 
-    /// Whether parallel runs stay on this machine, so that nobody needs to authenticate.
+    /// Whether parallel runs stay on this machine, so that no authentication is needed.
     bool isLocalOnlySpecified() const;
 
-    /// Whether the remote host is more than blanks.
+    /// Whether a remote host is given; text that consists of blanks does not count.
     bool isRemoteHostArgumentSpecified() const;
 
 protected:
@@ -109,8 +110,9 @@ private:
     void doConnect();
     void doDispose();
 
-    void readProperty(QSettings& settings, const QString& key);
+    struct Argument;
 
+    QStringList argumentsOf(std::initializer_list<Argument> arguments) const;
     bool boolean(const char* key) const;
     int integer(const char* key) const;
     QString text(const char* key) const;

@@ -9,8 +9,7 @@
 /// A line of a program that prints no markers: output from standard output, an error from standard
 /// error.
 ///
-/// A value. Made for common_ProcessRunner, whose messages need the static parseOutput() and
-/// parseError().
+/// A value class. Has the static parseOutput() and parseError() that common_ProcessRunner needs.
 class KEST_COMMON_EXPORT common_GenericProcessMessage : public common_IProcessMessage
 {
 public:
@@ -21,9 +20,9 @@ public:
     QString getText() const override;
     Type getType() const override;
 
-    /// Exactly one message of the type, also for an empty text. Carriage returns and line feeds
-    /// are removed and white space is trimmed at both ends; what is not ASCII does not survive: it
-    /// becomes "?" or the Unicode replacement character.
+    /// Exactly one message of the type, also for an empty text. Carriage returns and line feeds are
+    /// removed, and white space is trimmed at both ends. Characters that are not ASCII are lost:
+    /// they become "?" or the Unicode replacement character.
     static QVector<common_GenericProcessMessage> parse(Type type, const QString& text);
 
     /// parse() as Output.

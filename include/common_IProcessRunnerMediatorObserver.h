@@ -2,16 +2,16 @@
 
 #include <kest_common_export.h>
 
-/// What common_ProcessRunnerMediator passes on of a QProcess's signals.
+/// Receives from common_ProcessRunnerMediator what a QProcess signals.
 class KEST_COMMON_EXPORT common_IProcessRunnerMediatorObserver
 {
 public:
     virtual ~common_IProcessRunnerMediatorObserver();
 
-    /// There is something to read on standard output.
+    /// There is new output on standard output.
     virtual void onReadPipe() = 0;
 
-    /// There is something to read on standard error.
+    /// There is new output on standard error.
     virtual void onReadErrorPipe() = 0;
 
     /// The child has ended.

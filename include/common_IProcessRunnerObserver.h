@@ -10,26 +10,27 @@ class common_IProcessMessage;
 class QString;
 class QStringList;
 
-/// What a process runner tells its observers. Derive observers from
+/// Receives the notifications of a process runner. Derive observers from
 /// common_ObserverOf<common_IProcessRunnerObserver>.
 class KEST_COMMON_EXPORT common_IProcessRunnerObserver
 {
 public:
-    /// The child runs.
+    /// The child has started.
     virtual void onProcessStarted(const QString& executable, const QStringList& arguments) = 0;
 
-    /// The child could not be started; errorString says why. The exit code was told before.
+    /// The child could not be started; errorString says why. Called after onExitCodeChanged().
     virtual void onFailedProcessStarted(const QString& executable, const QStringList& arguments,
                                         const QString& errorString) = 0;
 
-    /// The child printed something. The message lives for this call only.
+    /// The child printed something. The message is valid during this call only.
     virtual void onProcessMessageReceived(const common_IProcessMessage& message) = 0;
 
-    /// The child has ended and every line that it completed was told. The exit code was told
-    /// before; the run's temporary files are still there.
+    /// The child has ended, and all its complete lines were delivered. Called after
+    /// onExitCodeChanged(); the run's temporary files still exist.
     virtual void onProcessDone() = 0;
 
-    /// The exit code, just before onProcessDone() or onFailedProcessStarted().
+    /// The exit code, just before onProcessDone() or onFailedProcessStarted(). The observer must
+    /// not be destroyed in this call, because the other one follows.
     virtual void onExitCodeChanged(int exitCode) = 0;
 
     virtual ~common_IProcessRunnerObserver();
@@ -40,7 +41,7 @@ protected:
     common_IProcessRunnerObserver& operator=(const common_IProcessRunnerObserver&) = default;
 };
 
-/// Here, so that nobody instantiates them before they are declared to be in the library.
+// Declared here, so that every user of the interface takes the library's instantiations.
 extern template class KEST_COMMON_EXPORT common_ObserverConnection<common_IProcessRunnerObserver>;
 extern template class KEST_COMMON_EXPORT common_ObservableVia<common_IProcessRunnerObserver>;
 extern template class KEST_COMMON_EXPORT common_ObserverOf<common_IProcessRunnerObserver>;

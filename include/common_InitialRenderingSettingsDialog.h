@@ -8,10 +8,10 @@
 class QPushButton;
 
 /// The box in which an application that renders 3D views by software offers hardware rendering:
-/// first Test(), and when that is true the application switches and calls Keep().
+/// call Test(); when it returns true, switch the renderer and call Keep().
 ///
-/// Switching the renderer and storing the choice are the caller's. Needs the services
-/// common_IApplication, common_IApplicationInfo and common_HelpClient.
+/// The caller switches the renderer and stores the choice. Needs the services common_IApplication,
+/// common_IApplicationInfo and common_HelpClient.
 class KEST_COMMON_EXPORT common_InitialRenderingSettingsDialog : public QMessageBox
 {
     Q_OBJECT
@@ -22,15 +22,15 @@ public:
     /// the 3D view usable while it asks for confirmation.
     common_InitialRenderingSettingsDialog(QWidget* parent, QString settingsLocation, bool nonModal);
 
-    /// Asks, and waits for the answer: whether to test hardware rendering. A non-interactive
-    /// application is not asked; it is told so on standard output, and the answer is false.
+    /// Asks whether to test hardware rendering, and waits for the answer. A non-interactive
+    /// application gets false, and a line on standard output.
     ///
-    /// Only the result of exec() counts, which is also 0 when the box goes without an answer,
-    /// because its parent does for example: an application that ends should not switch then.
+    /// Only the result of exec() counts. It is also 0 when the box closes without an answer, for
+    /// example because its parent is destroyed: an application that ends should not switch then.
     bool Test();
 
-    /// Turns into the confirmation and shows itself without waiting. The answer comes through the
-    /// signals and the result of QMessageBox: button and result 0 are to keep hardware rendering.
+    /// Becomes the confirmation and shows itself without waiting. The answer comes through the
+    /// signals and the result of QMessageBox: button 0 and result 0 keep hardware rendering.
     void Keep();
 
 private:

@@ -6,10 +6,10 @@ class QString;
 class QStringList;
 class QWidget;
 
-/// Starts the suite's other applications as processes that outlive this one and are not watched.
+/// Starts the suite's other applications as detached processes, which may outlive this one.
 ///
-/// Each launch returns whether it succeeded; when it did not, the user has been told in a box over
-/// the parent, which may be null. Needs the service common_IApplication.
+/// Each launch returns whether the program was started; if not, a message box over the parent,
+/// which may be null, has said so. Needs the service common_IApplication.
 class KEST_COMMON_EXPORT common_KestGuiLauncher
 {
 public:
@@ -22,7 +22,7 @@ public:
     /// The application's program in the installation that KEST_HOME names.
     static QString getExecutableString(AppType type);
 
-    /// The arguments, and "--non-interactive" behind them in a run without a person.
+    /// The arguments, followed by "--non-interactive" when this application is non-interactive.
     static QStringList getModifiedArguments(const QStringList& arguments);
 
     /// Starts one of the applications. The working directory must not be a null string; an empty
@@ -30,7 +30,7 @@ public:
     static bool launch(QWidget* parent, AppType type, const QStringList& arguments,
                        const QString& workingDir);
 
-    /// Starts a console program in a console of its own, where the platform has one to offer.
+    /// Starts a console program in a console of its own, if one is available.
     static bool launchKestConsole(QWidget* parent, const QString& program,
                                   const QStringList& arguments, const QString& workingDir);
 

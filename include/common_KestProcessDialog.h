@@ -10,9 +10,7 @@
 
 class common_KestProcessOutputTabWidget;
 class common_UserQuery;
-class QGridLayout;
 class QGroupBox;
-class QIcon;
 class QLabel;
 class QLayout;
 class QProgressBar;
@@ -21,16 +19,16 @@ class QPushButton;
 /// The window that shows a running solver component: its progress, its command line, how many
 /// numbered notices and warnings it has printed, and on demand its output.
 ///
-/// Make it with new, then start the runner: the dialog shows itself when the process has started,
+/// Create it with new, then start the runner: the dialog shows itself when the process has started,
 /// unless the application is non-interactive, and deletes itself when it is closed. Closing it
-/// while the process runs asks, and stops the process. A process that cannot be started is told of
-/// in a box, and the dialog stays hidden.
+/// while the process runs asks the user, and stops the process after a "Yes". When a process cannot
+/// be started, a message box says so, and the dialog stays hidden.
 ///
 /// When the process has ended the button "buttonOk" has the property "squishValue": "valid" when
 /// the last total percentage was 100, else "fault".
 ///
-/// What a process prints is shown as rich text, but nothing that it names is read. A message of the
-/// type Variable ends the application: components must not be asked to export variables here.
+/// The output is shown as rich text, but no file that it names is read. A message of the type
+/// Variable is a fatal assertion: do not ask components to print variables here.
 ///
 /// Needs the services common_IIconUtility, common_IPixmapUtility (the pictures "show_details_arrow"
 /// and "hide_arrow" of ":/rc/images"), common_IApplicationInfo and common_IApplication, and
@@ -46,23 +44,22 @@ public:
         common_ActivePtr<common_ProcessRunner<common_KestProcessMessage>, IntrusivePtrActor>;
 
     /// Observes the runner, which must not be null, and holds it for as long as the dialog lives.
-    /// The parent may be null; it also becomes the parent of the box that tells of a failed start.
+    /// The parent may be null; it is also the parent of the message box after a failed start.
     common_KestProcessDialog(Runner runner, QWidget* parent);
     ~common_KestProcessDialog() override;
 
-    /// The window's title. An empty one makes room for "Executing ..." at the next start.
+    /// Sets the window's title. With an empty one, the next start sets "Executing ...".
     void setTitle(const QString& title);
 
-    /// The text above the output. An empty one makes room for the command line at the next start.
-    /// "Copy command" leaves out the first two characters, which are "> " in a command line.
+    /// Sets the text above the output. With an empty one, the next start sets the command line. The
+    /// action "Copy command" leaves out the first two characters, which are "> " in a command line.
     void setInfoLabel(const QString& text);
 
-    /// Shows or hides the text above the output until the details are next opened or closed.
+    /// Shows or hides the text above the output, until the details are next opened or closed.
     void setInfoLabelVisible(bool visible);
 
-    /// False, for a component that reports no progress: opens the details for good, and the
-    /// process, however it ends, counts as valid. True: shows all of the progress, and closes the
-    /// details.
+    /// False is for a component that reports no progress: the details stay open, and the run counts
+    /// as valid, however it ends. True shows the progress and closes the details.
     void setProgressBarVisible(bool visible);
 
 protected:
@@ -88,14 +85,9 @@ private:
     QString colourise(const QString& text, const QColor& colour);
 
     QLayout* createProgressLayout();
-    QGroupBox* createCountBox(const char* iconName, QLabel*& count, const QString& text);
-    void createInfoLabel();
-    void createButtons();
-    QIcon detailsIcon() const;
     QLayout* createButtonLayout();
     void setOutputFont();
     void connectWidgets();
-    void setInfoText(const QString& text);
     void showCount(QGroupBox* box, QLabel* label, int count);
 
     common_KestProcessOutputTabWidget* m_pOutput = nullptr;

@@ -23,8 +23,7 @@
 ///
 /// Without a "%" the whole body is the number of a percentage; what is not a number is 0.
 ///
-/// A value. Made for common_ProcessRunner, whose messages need the static parseOutput() and
-/// parseError().
+/// A value class. Has the static parseOutput() and parseError() that common_ProcessRunner needs.
 class KEST_COMMON_EXPORT common_KestProcessMessage : public common_IProcessMessage
 {
 public:
@@ -35,14 +34,14 @@ public:
     QString getText() const override;
     Type getType() const override;
 
-    /// The messages in one chunk, that is one line or one piece of a long line; never fails.
+    /// The messages in one chunk, which is one line or one piece of a long line. Never fails.
     ///
     /// Line ends are removed first. A blank chunk holds no message; one without a marker is one
     /// Output message, not trimmed. Text in front of the first marker is dropped. A marker without
-    /// a body repeats the nearest body before it in the chunk. Nothing is remembered from one
-    /// chunk to the next, so a marker that is cut between two is not recognised. Six texts that
-    /// the parallel runtime prints when it closes its sockets are removed; what stands around them
-    /// stays, and a chunk that held nothing else is one empty Output message.
+    /// a body repeats the nearest body before it in the chunk. Each chunk is parsed by itself, so a
+    /// marker that is cut between two chunks is not recognised. Six texts that the parallel runtime
+    /// prints when it closes its sockets are removed; the text around them stays, and a chunk that
+    /// contained nothing else is one empty Output message.
     static QVector<common_KestProcessMessage> parseOutput(const QString& text);
 
     /// The same as parseOutput(): components mark their errors themselves, on either channel.

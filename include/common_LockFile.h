@@ -8,26 +8,26 @@
 
 #include <cstdint>
 
-/// The right to write a settings file, which only one object of all processes has at a time.
+/// The right to write a settings file, which at most one object in all processes has at a time.
 ///
-/// Hold it by common_ActivePtr; the lock goes with the last reference, and with the process. The
-/// file itself is not touched.
+/// Hold it by common_ActivePtr. The lock is released with the last reference, or when the process
+/// ends in whatever way. The file itself is not changed.
 class KEST_COMMON_EXPORT common_LockFile
 {
 public:
-    /// Locks nothing yet.
+    /// Does not lock yet; see lock().
     explicit common_LockFile(const QFileInfo& file);
 
-    /// A copy shares the lock: each of both removes it when it goes.
+    /// A copy shares the lock: whichever of the two is destroyed first removes it.
     common_LockFile(const common_LockFile& other) = default;
     common_LockFile& operator=(const common_LockFile& other) = default;
 
     /// Removes the lock if it is held.
     virtual ~common_LockFile();
 
-    /// Takes the lock. When somebody else has it, the user is told, and the answer is false at
-    /// once; keepHandle then leaves the handle as the lock functions made it. An owner that was
-    /// killed and is just ending is waited for, half a second at most.
+    /// Takes the lock. When another object has it, shows a message to the user and returns false;
+    /// keepHandle then leaves the handle as the lock functions set it. Waits at most half a second,
+    /// and only for an owner that was killed and has not ended yet.
     bool lock(bool keepHandle);
 
     /// The file that is locked.

@@ -13,7 +13,7 @@ class QFileInfo;
 ///
 /// A line is a host, or host:count with the number of its processes; "#" begins a comment. The file
 /// of the user, in KEST_USER_HOME, comes before that of the installation, in KEST_HOME/shared/mpi.
-/// Everything is found out in the constructor; make a new finder to see a changed file.
+/// The constructor searches; make a new finder to see a changed file.
 class KEST_COMMON_EXPORT common_MachineFileFinder : public QObject
 {
     Q_OBJECT
@@ -28,20 +28,20 @@ public:
     /// Whether it is the user's own.
     bool isLocalFile() const;
 
-    /// How many processes the file asks for in all; -1 when it names no host.
+    /// The total number of processes that the file asks for; -1 when it names no host.
     int getProcesses() const;
 
-    /// The file found, or the last one looked for. The finder's.
+    /// The file found, or the last one looked for. Owned by the finder.
     QFileInfo* getMachineFileInfo() const;
 
-    /// The file's entries, "host" or "host:count", untrimmed; empty without a file. A file that
-    /// cannot be opened is empty too, and the user is told.
+    /// The file's entries, "host" or "host:count", untrimmed; empty without a file. Also empty when
+    /// the file cannot be opened, after a message to the user.
     QStringList parseMachinesFile();
 
     /// Counts the processes again from the file as it is now.
     void determineProcesses();
 
-    /// Whether the environment variable is set and not empty; otherwise the user is told.
+    /// Whether the environment variable is set and not empty. If not, shows a message to the user.
     bool checkEnv(QString variableName);
 
 private:

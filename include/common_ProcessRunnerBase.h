@@ -21,30 +21,30 @@ class common_ProcessRunnerMediator;
 class QFile;
 class QProcess;
 
-/// Runs one program as a child process and tells its observers what becomes of it.
+/// Runs one program as a child process and notifies its observers of the start, of each message and
+/// of the end.
 ///
-/// What the child prints is read line by line on either channel; common_ProcessRunner turns the
-/// lines into messages. Only whole lines are told: what stands behind the last line end when the
-/// child ends is not. Lines are taken for UTF-8; a line of more than 1023 bytes comes in pieces of
-/// that size, each decoded by itself. Bytes that are not UTF-8 become Unicode's replacement
-/// character, and so do those of a character that is cut between two pieces; a byte order mark at
-/// the beginning of a piece is dropped. A run goes: set up, run(), started or failed to start,
-/// messages, exit code and end. After that the runner may be set up and run again. Everything
-/// happens on the thread that made the runner, through its event loop; the setters assert that no
-/// child is running.
+/// A run is: set up, run(), started or failed to start, messages, exit code, end. Then the runner
+/// may be set up and run again. Everything happens on the thread that made the runner, through its
+/// event loop. The setters assert that no child is running.
 ///
-/// Hold a runner by common_ActivePtr: then a callback may let go of it. An observer may stop
-/// observing in a callback, but must not make another one stop whose turn is still to come.
+/// Standard output and standard error are read line by line; common_ProcessRunner turns the lines
+/// into messages. Text behind the last line end is not delivered. Lines are decoded as UTF-8; a
+/// line of more than 1023 bytes is delivered in pieces of that size, each decoded by itself. Bytes
+/// that are not UTF-8, and a character that is cut between two pieces, become Unicode replacement
+/// characters; a byte order mark at the beginning of a piece is dropped.
 ///
-/// A child has no standard input: what it reads there is at its end from the start.
+/// Hold a runner by common_ActivePtr: then a callback may release it. In a callback, observers may
+/// start and stop observing, and an observer may destroy itself, but not one whose turn is to come.
 ///
-/// Only the child itself is followed. Processes that it starts survive stopProcess() unless the
-/// child ends them, and what they print after the child has ended is lost.
+/// A child's standard input is empty.
 ///
-/// With the environment variable DUMP_KERNEL_STDOUT_STDERR naming a directory, every line that is
-/// told is also appended to a log file there, as it was decoded, named after the first argument, or
-/// after the executable where there is none, with ".log" added. A log that cannot be written is not
-/// reported.
+/// Only the child itself is monitored. Processes that it starts survive stopProcess() unless the
+/// child ends them, and their output after the child's end is lost.
+///
+/// When the environment variable DUMP_KERNEL_STDOUT_STDERR names a directory, every delivered line
+/// is also appended to a log file there. Its name is the first argument, or the executable when
+/// there is none, and ".log". A log that cannot be written is not reported.
 class KEST_COMMON_EXPORT common_ProcessRunnerBase
     : public common_ObservableVia<common_IProcessRunnerObserver>,
       public common_IProcessRunnerMediatorObserver
@@ -58,8 +58,8 @@ public:
     /// Runners are not copied: asserts, always; throws std::exception should that return.
     common_ProcessRunnerBase& operator=(const common_ProcessRunnerBase& other);
 
-    /// Asks a running child to terminate and waits as QProcess does on its own destruction. Deletes
-    /// no temporary files and tells nobody.
+    /// Asks a running child to terminate, and waits for it as QProcess's destructor does. Notifies
+    /// no observers and deletes no temporary files.
     ~common_ProcessRunnerBase() override;
 
     /// The child's environment is the application's with these "NAME=value" entries on top.
@@ -81,48 +81,47 @@ public:
 
     void setWorkingDirectory(const QString& directory);
 
-    /// Files to delete when the child has ended and the observers know. The list stays for later
-    /// runs. A link is deleted, not what it points to; failures are ignored.
+    /// Files to delete at the end of a run, after the observers were notified. The list is kept for
+    /// later runs. Of a link, the link itself is deleted; failures are ignored.
     void setTemporaryFilenames(const QStringList& filenames);
 
     QStringList getArguments() const;
     QFileInfo getExecutable() const;
     QString getWorkingDirectory() const;
 
-    /// Whether there is a child; one that is still starting counts.
+    /// Whether a child is running or starting.
     bool isRunning() const;
 
-    /// Names of the files to delete, as they were set.
+    /// The names of the files to delete, as they were set.
     QStringList getTemporaryFilenames() const;
 
-    /// The exit code of the last child that ended; on Unix the number of the signal that ended it,
-    /// where crashExit() says so.
+    /// The exit code of the last child that ended. After crashExit() on Unix, the number of the
+    /// signal that ended it.
     int exitCode() const;
 
     /// Whether the last child ended by itself with exit code 0.
     bool normalExit() const;
 
-    /// Whether the last child that ended did not end by itself: a signal ended it, or on Windows an
-    /// exception.
+    /// Whether the last child that ended was ended by a signal, or on Windows by an exception.
     bool crashExit() const;
 
-    /// Whether stopProcess() was called during the run, or the last run when none is going on.
+    /// Whether stopProcess() was called during the current run, or else during the last one.
     bool isStopRequested() const;
 
-    /// Starts the child and waits until it has started, which the observers are told. False when
-    /// it cannot be started, which they are told too, and when a child is running already, of
-    /// which only Qt's log hears.
+    /// Starts the child, waits until it has started, and notifies the observers. Returns false when
+    /// it cannot be started, after notifying the observers, and when a child is running already,
+    /// which is only logged as a warning.
     bool run();
 
     /// As run(), then waits without limit until the child has ended. False also when that wait
     /// fails.
     bool runAndWaitForFinish();
 
-    /// Asks the child to terminate; neither waits nor insists. A child may ignore it: its end is
-    /// only certain when onProcessDone() tells it.
+    /// Asks the child to terminate, and returns at once. A child may ignore the request; it has
+    /// ended when onProcessDone() is called.
     void stopProcess();
 
-    /// How many runners there are, running or not.
+    /// The number of runners that exist, running or not.
     static int getProcessCount();
 
     void reference() { m_refCount.increment(); }
@@ -135,18 +134,18 @@ public:
     int getRefCount() const { return m_refCount.value(); }
 
 protected:
-    /// A line of standard output, line end included, or a piece of 1023 bytes of a longer one, or
-    /// the rest of that.
+    /// Called with each line of standard output, including its line end, or with each piece of a
+    /// line of more than 1023 bytes.
     virtual void onOutputRecieved(const QString& line) = 0;
 
-    /// The same of standard error.
+    /// The same for standard error.
     virtual void onErrorRecieved(const QString& line) = 0;
 
     void onReadPipe() override;
     void onReadErrorPipe() override;
     void onProcessDone() override;
 
-    /// Lets go of the application's console where the platform has such a thing.
+    /// Detaches the application from its console; does nothing on Unix.
     void hideConsole();
 
     /// Opens the log, once per runner, if logging is on.
@@ -188,6 +187,6 @@ private:
     std::unique_ptr<common_LineBuffer> m_outputLines;
     std::unique_ptr<common_LineBuffer> m_errorLines;
     bool m_stopRequested = false;
-    int m_deliveries = 0;         // calls in progress that may call observers
+    int m_deliveries = 0;         ///< calls in progress that may call observers
     int m_deliveryReferences = 0; ///< references that those calls hold on this object
 };

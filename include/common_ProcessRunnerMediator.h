@@ -7,7 +7,7 @@
 
 class common_IProcessRunnerMediatorObserver;
 
-/// Receives a QProcess's signals in place of the process runner, which is no QObject.
+/// Receives a QProcess's signals for the process runner, which is not a QObject.
 class KEST_COMMON_EXPORT common_ProcessRunnerMediator : public QObject
 {
     Q_OBJECT
@@ -16,7 +16,7 @@ public:
     /// The observer is not owned and must outlive the mediator.
     explicit common_ProcessRunnerMediator(common_IProcessRunnerMediatorObserver* pObserver);
 
-    /// Passes on the end of the process and what there is to read from now on.
+    /// Connects to the process: from now on its output and its end are passed on to the observer.
     void setProcess(QProcess* pProcess);
 
 private Q_SLOTS:

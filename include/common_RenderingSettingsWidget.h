@@ -16,25 +16,25 @@ class QVBoxLayout;
 /// The panel on which the user chooses between hardware and software 3D rendering and tunes the
 /// face displacement: how far faces are pushed back so that edges drawn on them stay visible.
 ///
-/// It keeps no settings. The dialog that embeds it sets the controls, reads them, and listens to
-/// the signals; what a slider's value of 0 to 32 means to the renderer is the dialog's business.
+/// It keeps no settings. The dialog that embeds it sets the controls, reads them, connects to the
+/// signals, and decides what a slider's value of 0 to 32 means for the renderer.
 class KEST_COMMON_EXPORT common_RenderingSettingsWidget : public QWidget
 {
     Q_OBJECT
 
 public:
-    /// In mode 1 there is one slider, for everything; in any other, one for geometry and one for
-    /// meshes. The name, in Latin-1, becomes the object name; null stands for
+    /// In mode 1 there is one slider for everything, in any other mode one for geometry and one for
+    /// meshes. The name, in Latin-1, becomes the object name; null means
     /// "common_Rendering_Settings_Widget".
     explicit common_RenderingSettingsWidget(QWidget* parent = nullptr, const char* name = nullptr,
                                             Qt::WindowFlags flags = {}, int mode = 2);
 
 Q_SIGNALS:
-    /// A slider was moved. The radio buttons do not signal: read them when the choice is applied,
-    /// or connect to them.
+    /// A slider was moved. The radio buttons emit nothing here: read them when the choice is
+    /// applied, or connect to them.
     void renderingSettingsChanged();
 
-    /// The user asks for the defaults; the controls stay as they are until they are set.
+    /// The user asked for the defaults. The controls are unchanged; the dialog sets them.
     void useDefaults();
 
 public Q_SLOTS:

@@ -30,7 +30,7 @@ public:
 
     enum MachinesFileOption {
         CopyMachinesFile = 0, ///< the count of processes and a copy of the machines file
-        ProcessCountOnly = 1  ///< the count alone: the file was given already
+        ProcessCountOnly = 1  ///< the count only: the file is passed already
     };
 
     using Runner = common_ProcessRunner<common_KestProcessMessage>;
@@ -39,14 +39,14 @@ public:
     explicit common_RunWrapper(common_CommonSettingsSet* settings);
     ~common_RunWrapper() override;
 
-    // Each returns whether the run may start. Where it may not, the user has been told why, and the
-    // runner holds a part of the set-up.
+    // Each returns whether the run may start. If not, the user has been shown the reason, and the
+    // runner is only partly set up.
 
     /// Always true; the options have no influence.
     bool setupPrekestProcess(Runner& runner, const QFileInfo& modelFile, QFlags<RunOption> options);
     bool setupKestProcess(Runner& runner, const QFileInfo& modelFile, QFlags<RunOption> options);
 
-    /// A farmed run without a machines file goes on unfarmed, of which the user is told.
+    /// A farmed run without a machines file is set up without farming, after a message to the user.
     bool setupOptkestProcess(Runner& runner, const QFileInfo& modelFile, QFlags<RunOption> options);
 
     /// Always true.

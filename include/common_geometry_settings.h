@@ -3,11 +3,12 @@
 #include <common_settings.h>
 #include <kest_common_export.h>
 
-/// Where an application's main window was, in pixels: the group "geometry" of its settings file.
+/// The position and size of an application's main window, in pixels: the group "geometry" of its
+/// settings file.
 class KEST_COMMON_EXPORT common_geometry_settings : public common_settings
 {
 public:
-    /// The values come with readSettings() or restoreDefaults().
+    /// Has the defaults until readSettings().
     explicit common_geometry_settings(const QString& fileName);
     common_geometry_settings(const common_geometry_settings& other);
     common_geometry_settings& operator=(const common_geometry_settings& other) = default;
@@ -25,10 +26,10 @@ public:
     void set_height(int height) { m_values.height = height; }
     void set_isMaximised(bool maximised) { m_values.maximised = maximised; }
 
-    /// Takes the values of the other, and not its file.
+    /// Copies the values of the other object, and not its file name.
     void copy(const common_geometry_settings& other);
 
-    /// Maximised, and 1020 by 720 at the screen's corner otherwise.
+    /// Maximised; the window's normal size is 1020 by 720 at the screen's top left corner.
     void restoreDefaults() override;
 
 protected:

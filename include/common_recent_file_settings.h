@@ -13,37 +13,38 @@ public:
     /// At most 8 files; none yet.
     explicit common_recent_file_settings(const QString& fileName);
 
-    /// Takes the file name and the list, but not the maximum, which is 8 again, nor the session
-    /// flag. Assignment takes everything.
+    /// Copies the file name and the list, but neither the maximum, which becomes 8, nor the session
+    /// flag. Assignment copies everything.
     common_recent_file_settings(const common_recent_file_settings& other);
     common_recent_file_settings& operator=(const common_recent_file_settings& other) = default;
     ~common_recent_file_settings() override;
 
     QStringList recentFiles() const { return m_recentFiles; }
 
-    /// Puts the path first, in place of the first entry that contains it; drops the oldest entry
-    /// when the list is full. Where the very path still stands in the list then, it stays there.
+    /// Removes the first entry that contains the path, and puts the path first, in place of the
+    /// oldest entry when the list is full. If the path is still in the list, nothing is inserted.
     void addRecentFile(const QString& path);
 
-    /// Asserts that there is one.
+    /// Removes the first entry; asserts that there is one.
     void removeNewestFile();
 
     int getMaxRecentFiles() const { return m_maxRecentFiles; }
     void setMaxRecentFiles(int count) { m_maxRecentFiles = count; }
 
-    /// Whether the last session is to be offered again.
+    /// Whether the application offers to restore the last session.
     bool getRecentSession() const { return m_recentSession; }
     void setRecentSession(bool offered) { m_recentSession = offered; }
 
-    /// Takes the list of the other, and nothing else.
+    /// Copies the list of the other object, and nothing else.
     void copy(const common_recent_file_settings& other);
 
     /// No files, no session.
     void restoreDefaults() override;
 
 protected:
-    /// Adds the readable files of the settings file to those in the list, and the application's
-    /// initial file when there is none. Needs the service common_IApplicationInfo for that.
+    /// Appends the files of the settings file that are not unreadable. When the list is empty then,
+    /// appends the application's initial file, for which the service common_IApplicationInfo is
+    /// needed.
     void doReadSettings(QSettings& settings) override;
     void doWriteSettings(QSettings& settings) override;
 

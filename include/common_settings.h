@@ -5,8 +5,8 @@
 #include <QSettings>
 #include <QString>
 
-/// An object that keeps its values in one group of a settings file, which other objects and other
-/// processes share.
+/// Base of objects that keep their values in one group of a settings file, which they share with
+/// other objects and processes.
 class KEST_COMMON_EXPORT common_settings
 {
 public:
@@ -15,40 +15,39 @@ public:
     common_settings& operator=(const common_settings& other) = default;
     virtual ~common_settings();
 
-    /// No settings file may be larger, in bytes: reading and writing would take so long that
-    /// windows stand still. It is more than a thousand times of what settings need.
+    /// The largest size of a settings file, in bytes. Larger ones would take so long to read and
+    /// write that windows freeze. Settings need less than a thousandth of it.
     static constexpr qint64 largestFile = 4 << 20;
 
     /// The settings file, with its path.
     QString getFileName() const;
 
-    /// Why a settings file can be neither read nor written, as part of a sentence: "it is a pipe",
-    /// or a device, a socket, a directory, or too large, or may not be read. Empty when nothing is
-    /// the matter, or when there is no file yet.
+    /// Why a settings file can be neither read nor written, as part of a sentence such as "it is a
+    /// pipe": it is not a regular file, is too large, or may not be read. Empty when there is no
+    /// problem, or no file yet.
     static QString getFileProblem(const QString& fileName);
 
     /// Reads the values from the settings file, or from the installation's default.ini while there
     /// is no settings file. What neither holds takes its default.
     ///
-    /// A file that is damaged is read as far as possible, and copied once beside itself with
-    /// ".damaged" added to its name, of which Qt's log tells. A file with a problem, as
-    /// getFileProblem() knows them, is not even opened: all values take their defaults, and Qt's
-    /// log says why. Within a doWriteSettings() for the same file, what has been written so far is
-    /// read.
+    /// A damaged file is read as far as possible. A copy of it is kept once, with ".damaged" added
+    /// to the name, which is logged as a warning. A file for which getFileProblem() gives a reason
+    /// is not opened: all values take their defaults, and the reason is logged. Within a
+    /// doWriteSettings() for the same file, the values written so far are read.
     void readSettings();
 
     /// Writes the values into their group of the settings file and leaves the rest of it as it is.
     ///
-    /// Either all of it is written or the file stays as it was, byte for byte, and Qt's log says
-    /// why; that is all a failure does. Other processes that write at the same time wait for each
-    /// other, for a second at most.
+    /// Either everything is written, or the file stays as it was, byte for byte, and the reason is
+    /// logged as a warning. Processes that write at the same time wait for each other, at most for
+    /// a second.
     ///
-    /// doWriteSettings() may write other objects, of this file too, and even this one: each of them
-    /// is written when its writeSettings() returns, whatever becomes of those around it. What
-    /// doWriteSettings() throws is passed on; nothing of the object is written then.
+    /// doWriteSettings() may call writeSettings() of other objects, also of this file, and even of
+    /// this object: each is written when its writeSettings() returns, even if an outer one fails.
+    /// An exception of doWriteSettings() is passed on; then nothing of this object is written.
     void writeSettings();
 
-    /// The same; gives the reason for a failure, as part of a sentence, and nothing on success.
+    /// The same. Returns an empty text on success, or else the reason as part of a sentence.
     QString tryWriteSettings();
 
 protected:

@@ -14,7 +14,7 @@
 
 namespace {
 
-// Not ".lock": QSettings takes that one itself whenever it writes, and would wait for ever.
+// Not ".lock": QSettings takes a lock of that name whenever it writes, and would wait for ever.
 const char* const lockSuffix = ".kestlock";
 
 struct Lock
@@ -65,7 +65,7 @@ void copyTo(char* buffer, size_t size, const QString& text)
 int KEST_binfiles_set_lock_hard(const wchar_t* path, int /*option*/, uint64_t* handle)
 {
     QDir().mkpath(QFileInfo(realPath(path)).absolutePath());
-    const QString file = realPath(path); // folders that are missing have no real path yet
+    const QString file = realPath(path); // again, because missing folders had no real path
     if (isHeldHere(file)) {
         return KEST_BINFILES_LOCKED_BY_THIS_PROCESS;
     }

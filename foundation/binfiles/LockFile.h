@@ -21,15 +21,14 @@ public:
     LockFile& operator=(const LockFile&) = delete;
     virtual ~LockFile() = default;
 
-    /// Takes the lock file of that path, or what an ended process has left of it. Waits for nobody
-    /// but an owner that is just about to name itself or to end, and for that half a second at
-    /// most.
+    /// Takes the lock file of that path, also one that an ended process has left. Waits only for an
+    /// owner that is just writing its name or just ending, and at most half a second.
     static Result take(const QString& path);
 
-    /// Removes a lock file that is older than that and that no living process of this machine
-    /// holds.
+    /// Removes a lock file that is older than that many milliseconds and that no running process of
+    /// this machine holds.
     static void removeLeft(const QString& path, qint64 milliseconds);
 
-    /// Whether there is something else than a file in the place of the lock file.
+    /// Whether the path leads to something that is not a regular file.
     static bool isBlocked(const QString& path);
 };

@@ -22,7 +22,7 @@ namespace {
 constexpr qint64 longestWait = 500;        // milliseconds
 constexpr unsigned long retryPause = 1000; // microseconds
 
-/// An open lock file. Its path may lead to another one by now.
+/// An open lock file. Its path may lead to another file meanwhile.
 class OpenFile
 {
 public:
@@ -39,7 +39,7 @@ public:
     OpenFile& operator=(const OpenFile&) = delete;
     OpenFile& operator=(OpenFile&&) = delete;
 
-    // The lock would otherwise live on in a child process that has not started its program yet.
+    // Otherwise a child process that has not started its program yet would keep the lock.
     ~OpenFile()
     {
         if (m_file >= 0) {
@@ -56,7 +56,8 @@ public:
         return m_made;
     }
 
-    // Regular files only: to open a device may do something, and a pipe waits for its other end.
+    // Regular files only: opening a device may have effects, and opening a pipe waits for its other
+    // end.
     bool open()
     {
         struct stat status = {};
@@ -110,7 +111,7 @@ public:
                    content.size();
     }
 
-    // For its lock's holder: nobody else puts another file in its place.
+    // Call it only with the lock: then no other process replaces the file meanwhile.
     bool remove() const { return isCurrent() && ::unlink(m_path.constData()) == 0; }
 
     void clear() const
@@ -132,7 +133,7 @@ private:
     bool m_writable = false;
 };
 
-/// A lock file under the system's lock, which ends with the process.
+/// A lock file with the system's lock, which ends with the process.
 class SystemLockFile : public LockFile
 {
 public:
@@ -158,7 +159,7 @@ bool isLeaving(const OpenFile& file)
     return !file.isCurrent() || !owner.isKnown() || owner.hasEnded() || owner.isEnding();
 }
 
-// The file that an ended process left is used again, or replaced where it is another user's.
+// The file of an ended process is used again, or replaced if it belongs to another user.
 Attempt takeLocked(const OpenFile& file)
 {
     if (!file.isCurrent()) {
@@ -174,7 +175,7 @@ Attempt takeLocked(const OpenFile& file)
     return isRemoved && !file.isWritable() ? Attempt::Changing : Attempt::NotMade;
 }
 
-// Of a file that nobody may look at it cannot be told that its owner has ended.
+// When the file may not be opened, it is not known whether its owner has ended.
 Attempt failedAttempt(int error, bool wasThere)
 {
     if (wasThere && error == ENOENT) {

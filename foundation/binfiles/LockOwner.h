@@ -3,17 +3,17 @@
 #include <QByteArray>
 #include <QString>
 
-/// Who a lock file says that it belongs to.
+/// The owner that a lock file names.
 struct LockOwner
 {
-    qint64 process = 0; ///< 0: cannot be told
+    qint64 process = 0; ///< 0: not known
     QString program;
     QString host;
 
     /// This process.
     static LockOwner self();
 
-    /// Reads a few lines of the lock file, however large it is, and of a regular file only.
+    /// Reads a few lines of the lock file, of any size. Only regular files are read.
     static LockOwner of(const QString& path);
 
     static LockOwner parse(const QByteArray& content);
@@ -21,7 +21,7 @@ struct LockOwner
 
     bool isKnown() const { return process != 0; }
 
-    /// Whether its process belongs to another machine, which cannot be asked about it.
+    /// Whether its process belongs to another machine, so that its state is not known.
     bool isElsewhere() const;
 
     /// Whether it belongs to this machine and has ended. False in doubt.
@@ -30,6 +30,6 @@ struct LockOwner
     /// Whether it belongs to this machine and was killed, but may not have ended yet.
     bool isEnding() const;
 
-    /// No lock file of a process is larger.
+    /// The largest size of a lock file that this library writes.
     static constexpr qint64 mostBytes = 4096;
 };

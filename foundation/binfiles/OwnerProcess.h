@@ -5,7 +5,7 @@
 /// Processes of this machine, which may hold locks.
 namespace OwnerProcess {
 
-/// The file name of the program that the process runs; empty when it cannot be told.
+/// The file name of the program that the process runs; empty when it is not known.
 QString program(qint64 process);
 
 /// Whether the process has ended, or its number belongs to another program by now. False in doubt.

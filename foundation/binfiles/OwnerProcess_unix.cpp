@@ -19,7 +19,8 @@ QByteArray contentOf(const QString& name)
     return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
 }
 
-// The fields behind the name, which may hold blanks and brackets itself; the first is the state.
+// The fields behind the program's name, which may contain blanks and brackets. The first one is the
+// state.
 QList<QByteArray> statusFields(qint64 process)
 {
     const QByteArray line = contentOf(procFile(process, "stat"));
@@ -56,7 +57,7 @@ bool isKillPending(qint64 process)
 
 QString OwnerProcess::program(qint64 process)
 {
-    // What the system adds when the program has been replaced by a newer one meanwhile.
+    // The system adds this when the program's file was replaced meanwhile.
     const QString replaced = QStringLiteral(" (deleted)");
     QString name = QFileInfo(QFile::symLinkTarget(procFile(process, "exe"))).fileName();
     if (name.endsWith(replaced)) {

@@ -6,7 +6,7 @@
 
 namespace {
 
-/// A process that can be asked about; invalid when there is none of that number.
+/// An open handle of a process; invalid when there is no process with that id.
 class ProcessHandle
 {
 public:
@@ -58,5 +58,5 @@ bool OwnerProcess::hasEnded(qint64 process, const QString& program)
 
 bool OwnerProcess::isEnding(qint64 /*process*/)
 {
-    return false; // it has ended as soon as it is killed
+    return false; // a killed process has ended at once
 }

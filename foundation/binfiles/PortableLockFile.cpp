@@ -14,10 +14,10 @@
 
 namespace {
 
-// Beside a lock file that is being taken over.
+// The suffix of the lock that protects the takeover of a lock file.
 const char* const takeoverSuffix = ".takeover";
 
-// A living process fills its lock file right after making it.
+// A running process fills its lock file at once after making it.
 constexpr qint64 youngLock = 500; // milliseconds
 
 // A takeover that takes longer was killed.
@@ -32,7 +32,7 @@ bool isOlder(const QString& path, qint64 milliseconds)
            lockFile.lastModified().msecsTo(QDateTime::currentDateTime()) > milliseconds;
 }
 
-// What a crash or a full disk has left: what a process is just making is small.
+// Left by a crash or a full disk. A file that is just being made is young and small.
 bool isUnreadable(const QString& path)
 {
     return !LockOwner::of(path).isKnown() &&
@@ -61,8 +61,8 @@ bool isOfLivingProcess(const LockOwner& owner)
     return owner.isKnown() && !owner.isElsewhere() && !owner.hasEnded();
 }
 
-// Lock files that were deleted under their owner and are perhaps somebody else's by now. QLockFile
-// would remove them all the same, so it is kept from it to the end of the process.
+// For lock files that were deleted while they were held and may belong to another owner now. The
+// destructor of QLockFile would remove them, so it is not called before the process ends.
 void abandon(std::unique_ptr<QLockFile> lock)
 {
     static auto* const abandoned = new std::vector<std::unique_ptr<QLockFile>>;
@@ -74,7 +74,8 @@ void abandon(std::unique_ptr<QLockFile> lock)
 PortableLockFile::PortableLockFile(const QString& path)
     : m_path(path), m_file(std::make_unique<QLockFile>(path))
 {
-    m_file->setStaleLockTime(0); // held as long as a dialog: only the end of its process ends it
+    m_file->setStaleLockTime(
+        0); // a dialog may hold it for long; only the end of its process makes it stale
 }
 
 PortableLockFile::~PortableLockFile()

@@ -4,8 +4,8 @@
 
 #include <QLockFile>
 
-/// A lock file as QLockFile makes them: for systems and file systems without locks that end with
-/// their process. There a lock is its owner's as long as a process of that number and name runs.
+/// A lock file made by QLockFile, for systems and file systems whose locks do not end with their
+/// process. The owner has the lock as long as a process with its number and name runs.
 class PortableLockFile : public LockFile
 {
 public:

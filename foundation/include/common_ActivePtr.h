@@ -26,10 +26,10 @@ struct IntrusivePtrActor
 
 /// A pointer that shares the ownership of a reference-counted object.
 ///
-/// Every non-null pointer holds one reference and gives it back when it is destroyed, reset or
-/// pointed elsewhere. The pointer already shows its new value when the old object goes, so that
-/// the old object's destructor may look at it. T may be incomplete where pointers are only passed
-/// on by reference.
+/// Every non-null pointer holds one reference and releases it when it is destroyed, reset or
+/// assigned. The pointer already has its new value when the old object is destroyed, so that the
+/// old object's destructor may look at it. T may be incomplete where pointers are only passed on by
+/// reference.
 template <typename T, typename Actor = IntrusivePtrActor>
 class common_ActivePtr
 {
@@ -38,7 +38,7 @@ public:
 
     common_ActivePtr(std::nullptr_t) {}
 
-    /// Takes a reference of its own on the object; null makes a null pointer.
+    /// Takes a reference to the object; null makes a null pointer.
     common_ActivePtr(T* object) : m_object(object) { acquire(); }
 
     common_ActivePtr(const common_ActivePtr& other) : m_object(other.m_object) { acquire(); }
@@ -62,14 +62,14 @@ public:
         }
     }
 
-    /// By value: serves copies, moves, raw pointers, null and pointers to derived classes alike.
+    /// Accepts copies, moves, raw pointers, null and pointers to derived classes.
     common_ActivePtr& operator=(common_ActivePtr other) noexcept
     {
         swap(other);
         return *this;
     }
 
-    /// Lets go of the object, or takes another one.
+    /// Releases the object and takes a reference to the given one, if any.
     void reset(T* object = nullptr) { common_ActivePtr(object).swap(*this); }
 
     void swap(common_ActivePtr& other) noexcept { std::swap(m_object, other.m_object); }
@@ -103,7 +103,7 @@ bool operator!=(const common_ActivePtr<T, Actor>& left, const common_ActivePtr<U
     return left.get() != right.get();
 }
 
-/// T stands in a non-deduced place so that nullptr and pointers to derived classes compare as well.
+/// T is not deduced from the raw pointer, so that nullptr and derived classes compare as well.
 template <typename T, typename Actor>
 bool operator==(const common_ActivePtr<T, Actor>& left, const std::enable_if_t<true, T>* right)
 {

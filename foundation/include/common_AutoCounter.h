@@ -2,9 +2,9 @@
 
 #include <atomic>
 
-/// An integer that starts at 0 and is counted up and down atomically.
+/// An integer that starts at 0 and is incremented and decremented atomically.
 ///
-/// Copying copies the value of that moment; the copies count on independently.
+/// A copy starts with the current value and is independent afterwards.
 class common_AutoCounter
 {
 public:

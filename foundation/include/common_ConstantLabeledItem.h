@@ -3,7 +3,7 @@
 #include <common_Label.h>
 #include <kest_foundation_export.h>
 
-/// A counted object whose label never changes.
+/// A reference-counted object whose label never changes.
 class KEST_FOUNDATION_EXPORT common_ConstantLabeledItem
 {
 public:

@@ -2,7 +2,7 @@
 
 #include <kest_foundation_export.h>
 
-/// A counted object of the applications' domain that scripts can refer to.
+/// A reference-counted object of the applications' domain that scripts can refer to.
 class KEST_FOUNDATION_EXPORT common_DomainEntity
 {
 public:
@@ -11,7 +11,7 @@ public:
     virtual int getRefCount() const = 0;
     virtual ~common_DomainEntity();
 
-    /// A copy with a count of its own, for the caller to take the first reference on.
+    /// A new copy with a reference count of 0. The caller owns it by taking the first reference.
     virtual common_DomainEntity* clone() const = 0;
 
 protected:

@@ -13,6 +13,6 @@ public:
     ///
     /// A NAME is a letter or "_" followed by letters, digits and "_". A reference to an unset
     /// variable expands to nothing, and so does one to a variable that is being expanded already,
-    /// directly or in a circle. A "$" or "%" that begins no reference stays as it is.
+    /// directly or through others. A "$" or "%" that begins no reference stays as it is.
     static QString getVariableExpanded(const char* name);
 };

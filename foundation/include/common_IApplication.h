@@ -8,7 +8,7 @@ class KEST_FOUNDATION_EXPORT common_IApplication
 public:
     virtual ~common_IApplication();
 
-    /// Whether nobody is there to answer a question: then nothing may wait for an answer.
+    /// Whether the application runs without a user, so that nothing may wait for an answer.
     virtual bool isNonInteractive() const = 0;
 
 protected:

@@ -16,13 +16,13 @@ public:
     /// The suite's installation folder.
     virtual QString installationDirectory() const = 0;
 
-    /// Where the user's settings files are.
+    /// The folder of the user's settings files.
     virtual QString userSettingsDirectory() const = 0;
 
-    /// Where the installation's default.ini is.
+    /// The folder of the installation's default.ini.
     virtual QString defaultSettingsDirectory() const = 0;
 
-    /// The file to offer while there are no recent files; empty when there is none.
+    /// The file to offer while there are no recent files; empty for none.
     virtual QString initialRecentFile() const = 0;
 
 protected:

@@ -5,7 +5,7 @@
 class QIcon;
 class QString;
 
-/// The service that finds the suite's icons.
+/// The service that provides the suite's icons.
 class KEST_FOUNDATION_EXPORT common_IIconUtility
 {
 public:

@@ -5,14 +5,14 @@
 class QPixmap;
 class QString;
 
-/// The service that finds the suite's pictures.
+/// The service that provides the suite's pictures.
 class KEST_FOUNDATION_EXPORT common_IPixmapUtility
 {
 public:
     virtual ~common_IPixmapUtility();
 
-    /// Loads the picture of that name in the directory; false when there is none, and out is then
-    /// as before.
+    /// Loads the picture of that name in the directory. When there is none, returns false and
+    /// leaves out unchanged.
     virtual bool getPixmap(QPixmap& out, const QString& directory, const QString& name) = 0;
 
 protected:

@@ -6,7 +6,7 @@
 
 class QStringList;
 
-/// A counted object that holds properties by name.
+/// A reference-counted object that holds properties by name.
 class KEST_FOUNDATION_EXPORT common_IPropertyContainer
 {
 public:
@@ -23,11 +23,11 @@ public:
     /// The property's value; asserts that a property of that name is registered.
     virtual common_Property operator[](const QString& name) const = 0;
 
-    /// The property itself, to be assigned to; made from its registered metadata when the container
-    /// does not hold it yet.
+    /// A reference to assign to. A property that the container does not hold yet is created from
+    /// its registered metadata; asserts that there is some.
     virtual common_PropertyReference operator[](const QString& name) = 0;
 
-    /// Tells the observers that the property has this value.
+    /// Notifies the observers that the property has this value.
     virtual void propertyValueChanged(const common_Property& property) = 0;
 
 protected:

@@ -2,12 +2,12 @@
 
 class common_Property;
 
-/// What a property container tells its observers.
+/// Receives the notifications of a property container.
 template <typename TContainer>
 class common_IPropertyContainerObserverFor
 {
 public:
-    /// The property has been given this value, perhaps the same as before.
+    /// The property has been assigned this value, which may be the same as before.
     virtual void propertyValueChanged(const common_Property& property) = 0;
 
     virtual ~common_IPropertyContainerObserverFor() = default;

@@ -6,7 +6,7 @@
 class QString;
 class common_DomainEntity;
 
-/// The service that records what the user does as a script.
+/// The service that records the user's actions as a script.
 class KEST_FOUNDATION_EXPORT common_IScriptRecorder
 {
 public:

@@ -6,13 +6,13 @@
 class QWidget;
 class common_UserMessage;
 
-/// The service that talks to the user.
+/// The service that shows messages to the user.
 class KEST_FOUNDATION_EXPORT common_ISession
 {
 public:
     virtual ~common_ISession();
 
-    /// Shows the message; over the parent when there is one.
+    /// Shows the message, over the parent if that is not null.
     virtual void showUserMessage(common_ActivePtr<common_UserMessage> message, QWidget* parent) = 0;
 
 protected:

@@ -2,13 +2,13 @@
 
 #include <kest_foundation_export.h>
 
-/// The service of the window that shows while the application starts.
+/// The service that controls the window shown while the application starts.
 class KEST_FOUNDATION_EXPORT common_ISplashScreen
 {
 public:
     virtual ~common_ISplashScreen();
 
-    /// Takes the splash screen out of the way.
+    /// Hides the splash screen, for example while a message is shown.
     virtual void hide() = 0;
 
     /// Shows it again.

@@ -2,7 +2,7 @@
 
 #include <kest_foundation_export.h>
 
-/// Something whose values can be checked before they are used.
+/// An object whose values can be checked before they are used.
 class KEST_FOUNDATION_EXPORT common_IValidatable
 {
 public:
@@ -11,7 +11,7 @@ public:
     /// Whether each value is acceptable by itself.
     virtual bool validateMembers() = 0;
 
-    /// Whether the values go together.
+    /// Whether the values are consistent with each other.
     virtual bool validateDomainRules() = 0;
 
     /// Accepts the values as they are.

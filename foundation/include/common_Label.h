@@ -4,7 +4,7 @@
 
 #include <utility>
 
-/// What an item is called towards the user. A value.
+/// The name of an item as the user sees it. A value class.
 class common_Label
 {
 public:

@@ -11,7 +11,7 @@ class common_ObservableVia;
 
 /// An observer of several observables at once: derive from this and implement T's operations.
 ///
-/// Stops observing each observable when told, when that observable dies, or when it dies itself.
+/// Observes each observable until stopObserving(), or until one of the two is destroyed.
 template <typename T>
 class common_MultiObserverOf : public T
 {
@@ -20,7 +20,8 @@ public:
     common_MultiObserverOf(const common_MultiObserverOf&) = default;
     common_MultiObserverOf& operator=(const common_MultiObserverOf&) = default;
 
-    /// Also observes this observable, which must not be null; once however often it is told.
+    /// Also observes this observable, which must not be null. Does nothing when it is observed
+    /// already.
     void startObserving(common_ObservableVia<T>* pObservable)
     {
         if (!isObserving(pObservable)) {
@@ -29,7 +30,7 @@ public:
         }
     }
 
-    /// Observes this observable no longer; asserts that it did.
+    /// Stops observing this observable; asserts that it is observed.
     void stopObserving(common_ObservableVia<T>* pObservable)
     {
         COMMON_ASSERT_AT(isObserving(pObservable), "m_observerConnectionMap.contains(pObservable)",

@@ -6,15 +6,18 @@
 
 #include <QVector>
 
-/// Something that can be observed through the observer interface T.
+#include <cstddef>
+#include <vector>
+
+/// Base of a class that can be observed through the observer interface T.
 ///
-/// Keeps its observers' connections in the order of attachment, without owning them. The class
-/// that is really observed derives from this and notifies with notifyObserversOn() or with a loop
-/// of its own over getObservers(). Everything happens on the one thread that owns both sides.
+/// Keeps its observers' connections in the order of attachment, without owning them. The derived
+/// class notifies with notifyObserversOn(), or with notifyObservers() when an operation has
+/// arguments. All calls happen on the one thread that owns both sides.
 ///
-/// A copy lists the source's connections too, and they still name the source: observers of the
-/// source hear from both objects, and the copy does not learn when a connection ends. So a copy
-/// must be gone before an observer of its source is.
+/// A copy lists the source's connections, and these still name the source: observers of the source
+/// are notified by both objects, and the copy is not informed when a connection ends. So a copy
+/// must be destroyed before any observer of its source.
 template <typename T>
 class common_ObservableVia
 {
@@ -26,8 +29,8 @@ public:
     /// Detaches every connection; a multi-observer also drops its connection to this object.
     virtual ~common_ObservableVia()
     {
-        const QVector<common_ObserverConnection<T>*> connections = m_observers;
-        for (common_ObserverConnection<T>* connection : connections) {
+        const Connections connections = m_observers;
+        for (Connection* connection : connections) {
             if (connection->getObservable()) {
                 detachObserverVia(connection);
                 connection->forgetObservable();
@@ -55,29 +58,52 @@ public:
     }
 
 protected:
+    /// How a notification treats connections that are not as observers make them.
+    enum class Strictness {
+        Lenient, ///< one without an observer is skipped, one without an owner is destroyed
+        Strict   ///< asserts that each has an observer, leaves one without an owner as it is
+    };
+
     QVector<common_ObserverConnection<T>*>& getObservers() { return m_observers; }
     const QVector<common_ObserverConnection<T>*>& getObservers() const { return m_observers; }
 
-    /// Calls the operation on every observer, in the order of attachment.
-    ///
-    /// Runs over a snapshot that keeps the connections alive: an observer that stops observing
-    /// during a call is still called in this round if its turn was to come, one that starts is
-    /// first called in the next. A callback may destroy this object or its own observer, but not
-    /// an observer whose turn is still to come.
+    /// Calls an operation without arguments on every observer; see notifyObservers().
     void notifyObserversOn(void (T::*operation)())
     {
-        QVector<common_ActivePtr<common_ObserverConnection<T>>> snapshot;
-        snapshot.reserve(m_observers.size());
-        for (common_ObserverConnection<T>* connection : qAsConst(m_observers)) {
-            snapshot.append(common_ActivePtr<common_ObserverConnection<T>>(connection));
+        notifyObservers([operation](T& observer) { (observer.*operation)(); });
+    }
+
+    /// Calls call(observer) for every observer, in the order of attachment.
+    ///
+    /// Iterates over a snapshot that keeps the connections alive: an observer that stops observing
+    /// during a call is still called in this round if its turn is to come, one that starts is first
+    /// called in the next round. A callback may destroy this object or its own observer, but not an
+    /// observer whose turn is to come. What a callback throws is passed on, and the remaining
+    /// observers are not called.
+    ///
+    /// As this object may be destroyed meanwhile, call must use copies of what it passes on.
+    template <typename Call>
+    void notifyObservers(Call call, Strictness strictness = Strictness::Lenient)
+    {
+        const bool isStrict = strictness == Strictness::Strict;
+        const Connections snapshot = m_observers;
+        std::vector<common_ActivePtr<Connection>> references; // keep the connections alive
+        references.reserve(static_cast<std::size_t>(snapshot.size()));
+        for (Connection* connection : snapshot) {
+            if (!isStrict || connection->getRefCount() > 0) {
+                references.emplace_back(connection);
+            }
         }
-        for (const auto& connection : qAsConst(snapshot)) {
-            if (connection->hasObserver()) {
-                (connection->getObserver()->*operation)();
+        for (const Connection* connection : snapshot) {
+            if (isStrict || connection->hasObserver()) {
+                call(*connection->getObserver());
             }
         }
     }
 
 private:
-    QVector<common_ObserverConnection<T>*> m_observers;
+    using Connection = common_ObserverConnection<T>;
+    using Connections = QVector<Connection*>;
+
+    Connections m_observers;
 };

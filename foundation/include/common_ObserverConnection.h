@@ -6,12 +6,12 @@
 template <typename T>
 class common_ObservableVia;
 
-/// The tie between one observer and one observable, so that either may die first.
+/// Connects one observer with one observable, so that either may be destroyed first.
 ///
 /// Observers own their connection through common_ActivePtr; observables list connections without
-/// owning them. A connection is attached to its observable from its construction until it dies or
-/// the observable does, whichever comes first, and is never attached again. It never leaves its
-/// observer: while it lives, and is attached, the observer must live too.
+/// owning them. A connection is attached to its observable from its construction until one of the
+/// two is destroyed, and is never attached again. It always names the same observer, which must
+/// exist as long as the connection is attached.
 template <typename T>
 class common_ObserverConnection
 {
@@ -28,7 +28,7 @@ public:
     common_ObserverConnection(const common_ObserverConnection&) = delete;
     common_ObserverConnection& operator=(const common_ObserverConnection&) = delete;
 
-    /// Detaches the connection if its observable still lives.
+    /// Detaches the connection if its observable still exists.
     virtual ~common_ObserverConnection()
     {
         if (m_pObservable) {
@@ -50,7 +50,7 @@ public:
     /// The observable, or null once detached.
     common_ObservableVia<T>* getObservable() const { return m_pObservable; }
 
-    /// For the observable's destructor: the observable is gone.
+    /// Called by the observable's destructor.
     void forgetObservable() { m_pObservable = nullptr; }
 
     void reference() { m_refCount.increment(); }

@@ -7,9 +7,9 @@
 
 /// An observer of one observable: derive from this and implement T's operations.
 ///
-/// Observes until it stops, starts to observe something else, or dies. A copy shares the source's
-/// connection, which goes on calling the source and not the copy; so do not copy an observer while
-/// it observes, unless the source outlives the copy.
+/// Observes until stopObserving(), until it starts to observe something else, or until it is
+/// destroyed. A copy shares the source's connection, which still calls the source and not the copy;
+/// so do not copy an observer while it observes, unless the source outlives the copy.
 template <typename T>
 class common_ObserverOf : public T
 {
@@ -29,14 +29,14 @@ protected:
 
     ~common_ObserverOf() override = default;
 
-    /// Observes this observable, which must not be null, in place of the one before.
+    /// Starts to observe this observable, which must not be null, instead of the previous one.
     void startObserving(common_ObservableVia<T>* pObservable)
     {
         COMMON_ASSERT_AT(pObservable, "pObservable", "include/common_ObserverOf.h", 83);
         m_pConnection = new common_ObserverConnection<T>(this, pObservable);
     }
 
-    /// Observes nothing any more. Not observing before is fine.
+    /// Stops observing. Does nothing when there is nothing to stop.
     void stopObserving()
     {
         const common_ActivePtr<common_ObserverConnection<T>> released = std::move(m_pConnection);

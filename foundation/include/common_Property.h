@@ -6,10 +6,10 @@
 #include <QString>
 #include <QVariant>
 
-/// A property's value, of the type that its metadata names. A value: copies are independent.
+/// A property's value, of the type that its metadata names. A value class: copies are independent.
 ///
-/// Assigning and casting convert as QVariant does: a text that is no number is 0, a number is true
-/// unless it is 0, a boolean as text is "true" or "false".
+/// Assigning and casting convert as QVariant does: text that is not a number becomes 0, a number is
+/// true unless it is 0, and a boolean becomes the text "true" or "false".
 class KEST_FOUNDATION_EXPORT common_Property
 {
 public:

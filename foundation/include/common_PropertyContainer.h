@@ -14,17 +14,17 @@
 
 class common_PropertyContainer;
 
-/// Marks the observer that a container is of itself.
+/// Tag of the observer interface through which a container observes itself.
 struct SelfObserving
 {};
 
 using common_PropertyContainerObserver =
     common_IPropertyContainerObserverFor<common_PropertyContainer>;
 
-/// Holds properties by name and tells its observers of new values.
+/// Holds properties by name and notifies its observers of new values.
 ///
 /// Observers derive from common_ObserverOf<common_PropertyContainerObserver>. A copy holds the same
-/// values and has no observers: those of the source observe the source.
+/// values and has no observers: those of the source still observe the source only.
 class KEST_FOUNDATION_EXPORT common_PropertyContainer
     : public common_IPropertyContainer,
       public common_ObservableVia<common_PropertyContainerObserver>,
@@ -38,7 +38,7 @@ public:
     common_Property operator[](const QString& name) const override;
     common_PropertyReference operator[](const QString& name) override;
 
-    /// Tells the observers, in the order in which they began to observe.
+    /// Notifies the observers, in the order in which they started to observe.
     void propertyValueChanged(const common_Property& property) override;
 
 protected:
@@ -47,5 +47,5 @@ protected:
     common_PropertyContainer& operator=(const common_PropertyContainer& other);
 
 private:
-    std::map<QString, common_Property> m_properties; ///< whose references stay good
+    std::map<QString, common_Property> m_properties; ///< references to its elements stay valid
 };

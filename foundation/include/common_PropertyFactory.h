@@ -15,7 +15,7 @@ public:
     static void addMetaData(const QString& name, const common_PropertyMetaData& metaData);
 
     /// The registered metadata, for reading and for adding members; asserts that there is some. The
-    /// reference stays good for the life of the process.
+    /// reference stays valid until the process ends.
     static common_PropertyMetaData& getMetaData(const QString& name);
 
     static bool hasMetaData(const QString& name);

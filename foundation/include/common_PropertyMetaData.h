@@ -6,7 +6,7 @@
 #include <QString>
 #include <QVector>
 
-/// What a property is, whatever its value in one container or another. A value.
+/// The name, label and type of a property, whatever its value in a container. A value class.
 class KEST_FOUNDATION_EXPORT common_PropertyMetaData
 {
 public:
@@ -24,13 +24,15 @@ public:
     };
 
     enum Flag {
-        Transient = 64 ///< no settings file keeps the value
+        Persistent = 1, ///< a settings file keeps the value
+        Assigned = 2,   ///< the container gives the property a value by itself
+        Transient = 64  ///< no settings file keeps the value
     };
 
     /// A boolean property without a name.
     common_PropertyMetaData() = default;
 
-    /// Of the flags only those of Flag mean something here; others are kept for the applications.
+    /// The flags are a combination of Flag; other bits are stored for the applications.
     common_PropertyMetaData(const QString& name, const QString& label, Type type,
                             Cardinality cardinality, int flags);
 

@@ -18,13 +18,13 @@ public:
     double castToDouble() const;
     QString castToQString() const;
 
-    /// These change the value and tell nobody; see notify().
+    /// These change the value without notifying the container's observers; see notify().
     void assignFromBool(bool value);
     void assignFromInt(int value);
     void assignFromDouble(double value);
     void assignFromQString(const QString& value);
 
-    /// Tells the container's observers the value.
+    /// Notifies the container's observers of the value.
     void notify();
 
 private:

@@ -5,7 +5,7 @@
 
 #include <typeinfo>
 
-/// The one table of services, by the name of their interface. Use common_ServiceOf.
+/// The process's table of services, by the name of their interface. Use common_ServiceOf instead.
 class KEST_FOUNDATION_EXPORT common_ServiceTable
 {
 public:
@@ -16,10 +16,10 @@ public:
     static void set(const char* interfaceName, void* service);
 };
 
-/// The service that the application offers through the interface T, if it does.
+/// Access to the service that the application offers through the interface T, if it offers one.
 ///
-/// The table behind it is one for the whole process: a static member of this template would exist
-/// once in every library, and a library would miss what the application has set.
+/// There is one table of services for the whole process. A static member of this template would
+/// exist once in every library, and a library would not see the application's services.
 template <typename T>
 class common_ServiceOf
 {
@@ -34,12 +34,12 @@ public:
         return find();
     }
 
-    /// Sets the service, which is not owned and must be removed, by null, before it dies.
+    /// Sets the service; null removes it. It is not owned: remove it before it is destroyed.
     static void setService(T* service) { common_ServiceTable::set(typeid(T).name(), service); }
 
 private:
     static T* find() { return static_cast<T*>(common_ServiceTable::find(typeid(T).name())); }
 };
 
-/// The service of the interface T, which there must be.
+/// The service of the interface T; asserts that there is one.
 #define GET_SERVICE(T) common_ServiceOf<T>::getService(#T, __FILE__, __LINE__)

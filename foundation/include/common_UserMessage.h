@@ -7,14 +7,14 @@
 
 #include <QString>
 
-/// Something to tell the user, for the common_ISession service to show. Does not change.
+/// A message to the user, which the common_ISession service shows. It cannot be changed.
 class KEST_FOUNDATION_EXPORT common_UserMessage
 {
 public:
     enum MessageType { Information = 0, Warning = 1, Error = 2 };
     enum MessageFormat { PlainText = 0, RichText = 1 };
 
-    /// The code is what support staff look up.
+    /// The code identifies the message for support staff.
     static common_ActivePtr<common_UserMessage> create(const QString& text, const QString& code,
                                                        MessageType type, MessageFormat format);
 

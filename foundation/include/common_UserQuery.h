@@ -9,11 +9,11 @@
 
 class QWidget;
 
-/// A question to the user in a box of its own, with buttons to answer by.
+/// A modal box that asks the user a question, with a button for each answer.
 ///
-/// Nobody is asked when the common_IApplication service says non-interactive, or when the
-/// application has no windows at all: then title, text and details go to standard error, and the
-/// answer is that of the Escape key. A run without a person must never wait for one.
+/// When the common_IApplication service says non-interactive, or the application has no
+/// QApplication, no box is shown: title, text and details go to standard error, and the answer is
+/// that of the Escape key. So a run without a user never waits for an answer.
 class KEST_FOUNDATION_EXPORT common_UserQuery
 {
 public:
@@ -24,15 +24,16 @@ public:
         EscapeDefault = 2 ///< the Escape key, or closing the box, chooses it
     };
 
-    /// The parent may be null. Details are folded away at first.
+    /// The parent may be null. The details are hidden until the user asks for them.
     common_UserQuery(const QString& title, const QString& text, MessageType type, QWidget* parent,
                      const QString& details);
 
-    /// Adds a button. Without any there is one to agree.
+    /// Adds a button. Without any, the box has an OK button.
     void addOption(const QString& label, QMessageBox::ButtonRole role,
                    OptionDefaultType defaultType = NoDefault, const QString& tooltip = QString());
 
-    /// Asks and waits for the answer: the role (QMessageBox::ButtonRole) of the chosen button.
+    /// Shows the box and waits for the answer. Returns the role (QMessageBox::ButtonRole) of the
+    /// chosen button.
     int display();
 
 private:

@@ -17,7 +17,7 @@ QString variableExpanded(const QString& name, const QStringList& enclosing)
                                                                               << name);
 }
 
-// The names of the variables that are being expanded around this value are in enclosing.
+// enclosing has the names of the variables that are being expanded around this value.
 QString expanded(const QString& value, const QStringList& enclosing)
 {
     static const QRegularExpression reference(

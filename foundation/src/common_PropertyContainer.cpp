@@ -1,11 +1,8 @@
 #include <common_PropertyContainer.h>
 
-#include <common_ActivePtr.h>
 #include <common_PropertyFactory.h>
 
 #include <QStringList>
-
-#include <vector>
 
 common_IPropertyContainer::~common_IPropertyContainer() = default;
 
@@ -66,14 +63,10 @@ common_PropertyReference common_PropertyContainer::operator[](const QString& nam
 
 void common_PropertyContainer::propertyValueChanged(const common_Property& property)
 {
-    // An observer may assign again. NOLINTNEXTLINE(performance-unnecessary-copy-initialization)
-    const common_Property told = property;
-    const auto& observers = getObservers();
-    const std::vector<common_ActivePtr<common_ObserverConnection<common_PropertyContainerObserver>>>
-        connections(observers.cbegin(), observers.cend()); // kept while observers come and go
-    for (const auto& connection : connections) {
-        if (connection->hasObserver()) {
-            connection->getObserver()->propertyValueChanged(told);
-        }
-    }
+    // An observer may assign again or destroy the container.
+    // NOLINTNEXTLINE(performance-unnecessary-copy-initialization)
+    const common_Property value = property;
+    notifyObservers([&value](common_PropertyContainerObserver& observer) {
+        observer.propertyValueChanged(value);
+    });
 }

@@ -11,11 +11,11 @@ namespace {
 
 struct Registry
 {
-    std::map<QString, common_PropertyMetaData> metaData; // whose references stay good
+    std::map<QString, common_PropertyMetaData> metaData; ///< references to its elements stay valid
     QStringList names;
 };
 
-// Registration at load time comes before any static object of another file can be counted on.
+// Created on first use: registration at load time may precede the static objects of this file.
 Registry& registry()
 {
     static Registry instance;

@@ -41,7 +41,7 @@ int common_UserQuery::display()
         print();
         return escapeAnswer();
     }
-    // Not on the stack: the parent may be destroyed while it is asked, and takes the box with it.
+    // Not on the stack: the parent may be destroyed during the question, and the box with it.
     const QPointer<QMessageBox> box =
         new QMessageBox(icons[m_type], m_title, m_text, QMessageBox::NoButton, m_parent);
     box->setDetailedText(m_details);
@@ -70,8 +70,8 @@ void common_UserQuery::print() const
     }
 }
 
-// As QMessageBox has it: the button of the Escape key, which is the last one set, else the only
-// one, else the only one that rejects, else the only one that declines.
+// The same choice as in QMessageBox: the last button set for the Escape key, else the only button,
+// else the only one with the reject role, else the only one with the no role.
 int common_UserQuery::escapeAnswer() const
 {
     if (m_options.isEmpty()) {

@@ -16,8 +16,8 @@ common_LockFile::~common_LockFile()
     }
 }
 
-// Only a lock that somebody else holds is a reason to refuse: where no lock can be made, on a
-// read-only folder for example, the user must still be able to work.
+// Only the lock of another owner is a reason to refuse. Where no lock can be made, as in a
+// read-only folder, the user must still be able to work.
 bool common_LockFile::lock(bool keepHandle)
 {
     const int status =

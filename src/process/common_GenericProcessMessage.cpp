@@ -12,7 +12,8 @@ bool isAscii(const QString& text)
                        [](QChar character) { return character.unicode() < 0x80; });
 }
 
-// What the applications have always shown for these programs: decoded twice. ASCII is unharmed.
+// Decoded twice, as the applications have always shown the output of these programs. ASCII
+// survives.
 QString decodedTwice(const QString& text)
 {
     if (isAscii(text)) {

@@ -1,7 +1,7 @@
 #include <common_KestGuiLauncher.h>
 
-#include "common_ConsoleLaunch.h"
-
+#include <ConsoleWindow.h>
+#include <ProgramName.h>
 #include <common_Assert.h>
 #include <common_EnvironmentVariablesExt.h>
 #include <common_IApplication.h>
@@ -22,19 +22,20 @@ constexpr const char* sourceFile = "src/process/common_KestGuiLauncher.cpp";
 // Indexed by common_KestGuiLauncher::AppType.
 constexpr std::array<const char*, 3> executables = {"cadkest", "postkest", "editkest"};
 
-void tell(QWidget* parent, const QString& text)
+void showMessage(QWidget* parent, const QString& text)
 {
     common_UserQuery(QStringLiteral("Information"), text, common_UserQuery::Information, parent,
                      QString())
         .display();
 }
 
-void tellOfFailedStart(QWidget* parent, const QString& what)
+void showFailedStart(QWidget* parent, const QString& what)
 {
-    tell(parent, QStringLiteral("Process could not be started with the following arguments:\n%1\n"
-                                "Please ensure that Morlan Kest is fully installed, and that\n"
-                                "the KEST_HOME environment variable is set correctly.")
-                     .arg(what));
+    showMessage(parent,
+                QStringLiteral("Process could not be started with the following arguments:\n%1\n"
+                               "Please ensure that Morlan Kest is fully installed, and that\n"
+                               "the KEST_HOME environment variable is set correctly.")
+                    .arg(what));
 }
 
 } // namespace
@@ -48,7 +49,7 @@ QString common_KestGuiLauncher::getExecutableString(AppType type)
     }
     return QStringLiteral("%1/bin/%2%3")
         .arg(common_EnvironmentVariablesExt::getVariableExpanded("KEST_HOME"),
-             QLatin1String(executables.at(index)), QLatin1String(common_executableSuffix()));
+             QLatin1String(executables.at(index)), QLatin1String(ProgramName::suffix()));
 }
 
 QStringList common_KestGuiLauncher::getModifiedArguments(const QStringList& arguments)
@@ -69,7 +70,7 @@ bool common_KestGuiLauncher::launch(QWidget* parent, AppType type, const QString
     if (QFile::exists(program) && QProcess::startDetached(program, modifiedArguments, workingDir)) {
         return true;
     }
-    tellOfFailedStart(parent, QDir::toNativeSeparators(program) + QLatin1Char('.'));
+    showFailedStart(parent, QDir::toNativeSeparators(program) + QLatin1Char('.'));
     return false;
 }
 
@@ -82,11 +83,11 @@ bool common_KestGuiLauncher::launchKestConsole(QWidget* parent, const QString& p
     process.setArguments(arguments);
     process.setWorkingDirectory(workingDir);
     process.setProcessEnvironment(QProcessEnvironment::systemEnvironment());
-    common_openInConsole(process);
+    ConsoleWindow::openFor(process);
     const bool started = process.startDetached();
     if (!started) {
-        tellOfFailedStart(parent, QStringLiteral("%1 %2").arg(QDir::toNativeSeparators(program),
-                                                              arguments.join(QLatin1Char(' '))));
+        showFailedStart(parent, QStringLiteral("%1 %2").arg(QDir::toNativeSeparators(program),
+                                                            arguments.join(QLatin1Char(' '))));
     }
     return started;
 }
@@ -98,7 +99,7 @@ bool common_KestGuiLauncher::launchQuill(QWidget* parent, const QString& directo
     if (QFile::exists(program) && QProcess::startDetached(program, {}, workingDir)) {
         return true;
     }
-    tell(parent, QStringLiteral("Process could not be started. Please ensure\n"
-                                "that Quill is fully installed."));
+    showMessage(parent, QStringLiteral("Process could not be started. Please ensure\n"
+                                       "that Quill is fully installed."));
     return false;
 }

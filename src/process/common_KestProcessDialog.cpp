@@ -1,16 +1,15 @@
 #include <common_KestProcessDialog.h>
 
 #include "widgets/common_Colourise.h"
-#include "widgets/common_ImagePlaceholder.h"
+#include "widgets/common_CommandLabel.h"
 #include "widgets/common_KestProcessOutputTabWidget.h"
+#include "widgets/common_ProcessDialogServices.h"
+#include "widgets/common_ProcessDialogWidgets.h"
+
+#include "common_LaunchOptionKeys.h"
 
 #include <common_ComponentsLaunchOptions.h>
-#include <common_IApplication.h>
-#include <common_IApplicationInfo.h>
-#include <common_IIconUtility.h>
-#include <common_IPixmapUtility.h>
 #include <common_IProcessMessage.h>
-#include <common_ServiceOf.h>
 #include <common_UserQuery.h>
 
 #include <QAction>
@@ -20,24 +19,20 @@
 #include <QGridLayout>
 #include <QGroupBox>
 #include <QGuiApplication>
-#include <QIcon>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QMovie>
 #include <QPointer>
 #include <QProgressBar>
 #include <QPushButton>
-#include <QTextDocument>
-#include <QUrl>
 
 #include <utility>
+
+namespace widgets = common_ProcessDialogWidgets;
 
 namespace {
 
 constexpr const char* sourceFile = "src/process/common_KestProcessDialog.cpp";
-constexpr int iconSize = 16;
-constexpr int outputColumns = 82;
-constexpr int lastPercent = 100;
 
 QString promptText()
 {
@@ -46,50 +41,7 @@ QString promptText()
 
 QString detailsShownKey()
 {
-    return QStringLiteral("RunDetailsShown");
-}
-
-QIcon icon(const char* name)
-{
-    return common_ServiceOf<common_IIconUtility>::getService("common_IIconUtility", sourceFile,
-                                                             __LINE__)
-        ->getIcon(QLatin1String(name));
-}
-
-bool getPixmap(QPixmap& pixmap, const char* name)
-{
-    return common_ServiceOf<common_IPixmapUtility>::getService("common_IPixmapUtility", sourceFile,
-                                                               __LINE__)
-        ->getPixmap(pixmap, QStringLiteral(":/rc/images"), QLatin1String(name));
-}
-
-QString installationDirectory()
-{
-    return common_ServiceOf<common_IApplicationInfo>::getService("common_IApplicationInfo",
-                                                                 sourceFile, __LINE__)
-        ->installationDirectory();
-}
-
-bool isNonInteractive()
-{
-    return common_ServiceOf<common_IApplication>::getService("common_IApplication", sourceFile,
-                                                             __LINE__)
-        ->isNonInteractive();
-}
-
-QProgressBar* createProgressBar(const char* name)
-{
-    auto* const bar = new QProgressBar;
-    bar->setObjectName(QLatin1String(name));
-    bar->setRange(0, lastPercent);
-    return bar;
-}
-
-QPushButton* createButton(const char* name, const char* text)
-{
-    auto* const button = new QPushButton(QLatin1String(text));
-    button->setObjectName(QLatin1String(name));
-    return button;
+    return QLatin1String(common_LaunchOptionKeys::runDetailsShown);
 }
 
 // A bar that is not visible keeps its value.
@@ -103,27 +55,8 @@ void showPercentage(QProgressBar* bar, const QString& text)
 
 void setOutcome(QPushButton* button, const char* outcome)
 {
-    button->setIcon(icon(outcome));
+    button->setIcon(common_ProcessDialogServices::icon(outcome));
     button->setProperty("squishValue", QLatin1String(outcome));
-}
-
-// A label reads the images and style sheets that a rich text names, relative ones too. Its document
-// is its own; there is one as soon as there is a text.
-void refuseResources(const QLabel* label)
-{
-    auto* const document = label->findChild<QTextDocument*>();
-    if (document) {
-        document->setBaseUrl(QUrl(QStringLiteral("nowhere:/")));
-        common_ImagePlaceholder::install(*document);
-    }
-}
-
-// The time that a label needs for tables in tables doubles with each of them.
-Qt::TextFormat labelFormat(const QString& text)
-{
-    constexpr int mostTables = 4;
-    return text.count(QStringLiteral("<table"), Qt::CaseInsensitive) > mostTables ? Qt::PlainText
-                                                                                  : Qt::AutoText;
 }
 
 } // namespace
@@ -138,13 +71,15 @@ common_KestProcessDialog::common_KestProcessDialog(Runner runner, QWidget* paren
 
     auto* const layout = new QVBoxLayout(this);
     layout->addLayout(createProgressLayout());
-    m_pNoticesBox =
-        createCountBox("info", m_pNoticesCount, QStringLiteral("distinct notice(s) occurred"));
+    m_pNoticesCount = new QLabel(QString::number(0));
+    m_pNoticesBox = widgets::createCountBox("info", m_pNoticesCount,
+                                            QStringLiteral("distinct notice(s) occurred"));
     layout->addWidget(m_pNoticesBox);
-    m_pWarningsBox =
-        createCountBox("warning", m_pWarningsCount, QStringLiteral("distinct warning(s) occurred"));
+    m_pWarningsCount = new QLabel(QString::number(0));
+    m_pWarningsBox = widgets::createCountBox("warning", m_pWarningsCount,
+                                             QStringLiteral("distinct warning(s) occurred"));
     layout->addWidget(m_pWarningsBox);
-    createInfoLabel();
+    m_pInfoLabel = common_CommandLabel::create();
     layout->addWidget(m_pInfoLabel);
     m_pOutput = new common_KestProcessOutputTabWidget(this);
     m_pOutput->hide();
@@ -168,7 +103,7 @@ void common_KestProcessDialog::setTitle(const QString& title)
 
 void common_KestProcessDialog::setInfoLabel(const QString& text)
 {
-    setInfoText(text);
+    common_CommandLabel::setText(*m_pInfoLabel, text);
     m_isInfoSet = !text.isEmpty();
 }
 
@@ -180,9 +115,9 @@ void common_KestProcessDialog::setInfoLabelVisible(bool visible)
 void common_KestProcessDialog::setProgressBarVisible(bool visible)
 {
     m_pDetailsButton->setChecked(!visible);
-    QWidget* const widgets[] = {m_pDetailsButton, m_pProgressBar, m_pPhaseLabel,
-                                m_pTotalProgressBar, m_pTotalLabel};
-    for (QWidget* const widget : widgets) {
+    QWidget* const parts[] = {m_pDetailsButton, m_pProgressBar, m_pPhaseLabel, m_pTotalProgressBar,
+                              m_pTotalLabel};
+    for (QWidget* const widget : parts) {
         widget->setVisible(visible);
     }
     m_pTotalProgressBar->setValue(m_pTotalProgressBar->maximum());
@@ -192,7 +127,7 @@ void common_KestProcessDialog::setProgressBarVisible(bool visible)
 void common_KestProcessDialog::onProcessStarted(const QString& executable,
                                                 const QStringList& arguments)
 {
-    if (!isNonInteractive()) {
+    if (!common_ProcessDialogServices::isNonInteractive()) {
         show();
     }
     const QFileInfo file(executable);
@@ -200,8 +135,9 @@ void common_KestProcessDialog::onProcessStarted(const QString& executable,
         setWindowTitle(QStringLiteral("Executing ") + file.baseName());
     }
     if (!m_isInfoSet) {
-        setInfoText(promptText() + file.fileName() + QLatin1Char(' ') +
-                    arguments.join(QLatin1Char(' ')));
+        common_CommandLabel::setText(*m_pInfoLabel, promptText() + file.fileName() +
+                                                        QLatin1Char(' ') +
+                                                        arguments.join(QLatin1Char(' ')));
     }
     m_pStopButton->setEnabled(true);
     m_pOkButton->setEnabled(false);
@@ -274,7 +210,7 @@ void common_KestProcessDialog::onProcessDone()
 void common_KestProcessDialog::onExitCodeChanged(int /*exitCode*/)
 {}
 
-// A question runs an event loop, in which the parent may take the dialog with it.
+// The question runs an event loop, in which the parent may be destroyed, and the dialog with it.
 void common_KestProcessDialog::closeEvent(QCloseEvent* event)
 {
     if (m_pRunner->isRunning()) {
@@ -362,14 +298,14 @@ QString common_KestProcessDialog::colourise(const QString& text, const QColor& c
     return common_colourise(text, colour);
 }
 
-// The first cell is for two: the busy label while the details are hidden, else the label.
+// The busy label and the total-progress label share a cell, and are never visible together.
 QLayout* common_KestProcessDialog::createProgressLayout()
 {
     m_pTotalLabel = new QLabel(QStringLiteral("Total progress:"));
-    m_pBusyLabel = new QLabel;
-    m_pTotalProgressBar = createProgressBar("totalProgressBar");
+    m_pBusyLabel = widgets::createBusyLabel();
+    m_pTotalProgressBar = widgets::createProgressBar("totalProgressBar");
     m_pPhaseLabel = new QLabel(QStringLiteral("Current phase:"));
-    m_pProgressBar = createProgressBar("progressBar");
+    m_pProgressBar = widgets::createProgressBar("progressBar");
 
     auto* const layout = new QGridLayout;
     layout->addWidget(m_pTotalLabel, 0, 0);
@@ -382,84 +318,14 @@ QLayout* common_KestProcessDialog::createProgressLayout()
           static_cast<QWidget*>(m_pProgressBar)}) {
         widget->hide();
     }
-    const QString animation =
-        installationDirectory() + QStringLiteral("/images/shared/busyindicator.gif");
-    m_pBusyLabel->setMovie(new QMovie(animation, QByteArray(), m_pBusyLabel));
     return layout;
-}
-
-QGroupBox* common_KestProcessDialog::createCountBox(const char* iconName, QLabel*& count,
-                                                    const QString& text)
-{
-    auto* const box = new QGroupBox;
-    box->setFlat(true);
-    box->hide();
-    auto* const picture = new QLabel;
-    picture->setPixmap(icon(iconName).pixmap(iconSize, iconSize));
-    count = new QLabel(QString::number(0));
-    auto* const layout = new QHBoxLayout(box);
-    layout->addWidget(picture);
-    layout->addWidget(count);
-    layout->addWidget(new QLabel(text), 1);
-    return box;
-}
-
-void common_KestProcessDialog::createInfoLabel()
-{
-    m_pInfoLabel = new QLabel;
-    m_pInfoLabel->setObjectName(QStringLiteral("infoLabel"));
-    m_pInfoLabel->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::LinksAccessibleByMouse |
-                                          Qt::LinksAccessibleByKeyboard);
-    m_pInfoLabel->setFrameShape(QFrame::Panel);
-    m_pInfoLabel->setFrameShadow(QFrame::Sunken);
-    m_pInfoLabel->setScaledContents(false);
-    m_pInfoLabel->setWordWrap(true);
-    m_pInfoLabel->setAlignment(Qt::AlignVCenter);
-    m_pInfoLabel->hide();
-    m_pInfoLabel->setContextMenuPolicy(Qt::ActionsContextMenu);
-    m_pInfoLabel->addAction(new QAction(QStringLiteral("Copy command"), m_pInfoLabel));
-}
-
-void common_KestProcessDialog::createButtons()
-{
-    m_pDetailsButton = createButton("buttonDetails", "&Details");
-    m_pDetailsButton->setFlat(true);
-    m_pDetailsButton->setCheckable(true);
-    m_pDetailsButton->setFocusPolicy(Qt::NoFocus);
-    m_pDetailsButton->setIcon(detailsIcon());
-
-    m_pOkButton = createButton("buttonOk", "OK");
-    m_pOkButton->setAutoDefault(true);
-    m_pOkButton->setDefault(true);
-    m_pOkButton->setIcon(icon("play"));
-
-    m_pStopButton = createButton("buttonStop", "Stop");
-    m_pStopButton->setAutoDefault(true);
-    m_pStopButton->setEnabled(false);
-    m_pStopButton->setIcon(icon("exclude"));
-}
-
-QIcon common_KestProcessDialog::detailsIcon() const
-{
-    QPixmap detailsShownArrow;
-    COMMON_ASSERT_AT(getPixmap(detailsShownArrow, "show_details_arrow"),
-                     "GET_SERVICE(common_IPixmapUtility)->getPixmap(detailsShownArrow, "
-                     "\"show_details_arrow\")",
-                     sourceFile, __LINE__);
-    QPixmap detailsHiddenArrow;
-    COMMON_ASSERT_AT(getPixmap(detailsHiddenArrow, "hide_arrow"),
-                     "GET_SERVICE(common_IPixmapUtility)->getPixmap(detailsHiddenArrow, "
-                     "\"hide_arrow\")",
-                     sourceFile, __LINE__);
-    QIcon arrows;
-    arrows.addPixmap(detailsShownArrow, QIcon::Normal, QIcon::On);
-    arrows.addPixmap(detailsHiddenArrow, QIcon::Normal, QIcon::Off);
-    return arrows;
 }
 
 QLayout* common_KestProcessDialog::createButtonLayout()
 {
-    createButtons();
+    m_pDetailsButton = widgets::createDetailsButton();
+    m_pOkButton = widgets::createOkButton();
+    m_pStopButton = widgets::createStopButton();
     auto* const layout = new QHBoxLayout;
     layout->addWidget(m_pDetailsButton, 1, Qt::AlignLeft);
     layout->addWidget(m_pOkButton, 0, Qt::AlignRight);
@@ -469,15 +335,14 @@ QLayout* common_KestProcessDialog::createButtonLayout()
 
 void common_KestProcessDialog::setOutputFont()
 {
-    QFont font(QStringLiteral("Courier"), 9, QFont::Normal);
-    font.setStyleHint(QFont::TypeWriter);
+    const QFont font = widgets::outputFont();
+    const int width = widgets::outputWidth(font);
     m_pOutput->setFont(font);
-    const int width = outputColumns * QFontMetrics(font).horizontalAdvance(QLatin1Char('X'));
     m_pOutput->setMinimumWidth(width);
     m_pInfoLabel->setMinimumWidth(width);
 }
 
-// By name, as test tools list them.
+// By name, because test tools list these names.
 void common_KestProcessDialog::connectWidgets()
 {
     connect(m_pOkButton, SIGNAL(clicked(bool)), this, SLOT(closeDialog()));
@@ -486,13 +351,6 @@ void common_KestProcessDialog::connectWidgets()
     connect(m_pDetailsButton, SIGNAL(toggled(bool)), this, SLOT(onDetailsToggled(bool)));
     connect(m_pInfoLabel->actions().constFirst(), SIGNAL(triggered(bool)), this,
             SLOT(onCommandCopied()));
-}
-
-void common_KestProcessDialog::setInfoText(const QString& text)
-{
-    m_pInfoLabel->setTextFormat(labelFormat(text));
-    m_pInfoLabel->setText(text);
-    refuseResources(m_pInfoLabel);
 }
 
 void common_KestProcessDialog::showCount(QGroupBox* box, QLabel* label, int count)

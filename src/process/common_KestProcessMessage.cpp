@@ -33,7 +33,7 @@ const std::array<MarkerMeaning, 8> markerMeanings = {{
 const MarkerMeaning otherMarker =
     {QLatin1String(),                         common_IProcessMessage::Output,          BodyUse::Unchanged};
 
-// What the parallel runtime prints when it closes its sockets at the end of a good run.
+// The parallel runtime prints these when it closes its sockets at the end of a successful run.
 const std::array<QLatin1String, 6> bogusParallelRunErrors = {
     QLatin1String("Error posting writev, A request to send or receive data was disallowed because the socket had already been shut down in that direction with a previous shutdown call.(10058)"),
     QLatin1String("unable to post a write for the next command,"),
@@ -66,8 +66,8 @@ struct Marker
     qsizetype end = -1;      // behind the marker
 };
 
-// The marker that begins with the fence at the position. There is at most one: the letters and the
-// hyphen in the middle can be told from the closing fence by one character.
+// The marker that begins with the fence at the position. There is at most one: one character
+// distinguishes the hyphen in the middle from the closing fence.
 Marker markerAt(QStringView text, qsizetype position)
 {
     qsizetype end = behindLetters(text, position + 3);
@@ -108,8 +108,8 @@ bool isDigit(QChar character)
     return character >= QLatin1Char('0') && character <= QLatin1Char('9');
 }
 
-// The number in front of the first percent sign, of three digits at most; without a percent sign
-// the whole body counts. What is no number is 0.
+// The number in front of the first percent sign, of at most three digits; without a percent sign,
+// the whole body. Text that is not a number gives 0.
 QString percentageIn(QStringView body)
 {
     const qsizetype sign = body.indexOf(QLatin1Char('%'));
@@ -138,7 +138,7 @@ QString messageText(BodyUse bodyUse, QStringView body)
     return QString();
 }
 
-// A marker without a body shows the body before it once more: the components count on it.
+// A marker without a body repeats the body before it: the components rely on that.
 QVector<common_KestProcessMessage> markedMessages(QStringView text, Marker marker)
 {
     QVector<common_KestProcessMessage> messages;
@@ -158,8 +158,8 @@ QVector<common_KestProcessMessage> markedMessages(QStringView text, Marker marke
     return messages;
 }
 
-// By matchers that skip by the length of what they look for: most lines are shorter than most of
-// the texts, or not much longer.
+// The matchers skip by the length of their text: most lines are shorter than most of the texts, or
+// not much longer.
 bool holdsBogusError(const QString& line)
 {
     static const QVector<QStringMatcher> matchers = [] {
@@ -209,7 +209,8 @@ QVector<common_KestProcessMessage> common_KestProcessMessage::parseError(const Q
     return parseOutput(text);
 }
 
-// Removing one of the texts can bring a later one together, but not where the line holds none.
+// Removing one of the texts can join the parts of a later one, but only in a line that contains
+// one.
 QString common_KestProcessMessage::removeBogusParallelRunErrors(QString text)
 {
     if (holdsBogusError(text)) {

@@ -54,8 +54,8 @@ void common_LineBuffer::clear()
     *this = common_LineBuffer();
 }
 
-// Moves what is left to the front only when that is less than what goes: a long line that is being
-// taken in pieces while more arrives is not moved again and again.
+// Moves the rest to the front only when it is shorter than the part that is removed, so that a long
+// line that is taken in pieces while more arrives is not moved for each piece.
 void common_LineBuffer::dropTaken()
 {
     const std::size_t left = m_bytes.size() - m_taken;

@@ -8,16 +8,16 @@ class QIODevice;
 
 /// Cuts a stream of bytes into lines, and long lines into pieces.
 ///
-/// Takes the place of QIODevice::canReadLine() and readLine(), which search a long line from its
-/// beginning for every piece: a line of 100 MB would keep the application busy for hours. Here
-/// each byte is looked at once.
+/// Replaces QIODevice::canReadLine() and readLine(), which search a long line from its beginning
+/// for every piece: a line of 100 MB would keep the application busy for hours. Here each byte is
+/// looked at once.
 class common_LineBuffer
 {
 public:
-    /// Appends all that the device has on its current read channel.
+    /// Appends everything that the device has on its current read channel.
     void readFrom(QIODevice& device);
 
-    /// Whether there is a whole line, or the rest of one that was begun.
+    /// Whether there is a whole line, or the rest of a line of which pieces were taken.
     bool hasLine();
 
     /// The next line with its line end, or the next piece of 1023 bytes of a longer line, decoded
@@ -30,7 +30,7 @@ private:
     void dropTaken();
 
     std::string m_bytes;
-    std::size_t m_taken = 0;    // bytes before this were taken
+    std::size_t m_taken = 0;    ///< bytes before this were taken
     std::size_t m_searched = 0; ///< no line end between m_lineEnd and this
-    std::size_t m_lineEnd = 0;  // behind the line end of the current line; 0 when not known
+    std::size_t m_lineEnd = 0;  ///< behind the line end of the current line; 0 when not known
 };

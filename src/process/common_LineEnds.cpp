@@ -13,7 +13,7 @@ bool isLineEnd(QChar character)
 
 } // namespace
 
-// Nearly every text ends with its only line end, and indexOf() is the fastest way there.
+// Nearly every text has its only line end at its end, which indexOf() finds fastest.
 QString common_withoutLineEnds(const QString& text)
 {
     const int lineFeed = text.indexOf(QLatin1Char('\n'));

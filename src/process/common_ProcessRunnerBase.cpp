@@ -1,9 +1,9 @@
 #include <common_ProcessRunnerBase.h>
 
-#include "common_Console.h"
 #include "common_LineBuffer.h"
+#include "common_ProcessRunnerDelivery.h"
 
-#include <common_ActivePtr.h>
+#include <ConsoleWindow.h>
 #include <common_EnvironmentVariablesExt.h>
 #include <common_IProcessMessage.h>
 #include <common_ProcessRunnerMediator.h>
@@ -11,11 +11,10 @@
 #include <QDateTime>
 #include <QDir>
 #include <QFile>
-#include <QLoggingCategory>
 #include <QProcess>
 
-#include <algorithm>
 #include <exception>
+#include <utility>
 
 namespace {
 
@@ -26,37 +25,6 @@ constexpr int channelError = QProcess::StandardError;
 } // namespace
 
 int common_ProcessRunnerBase::s_processCount = 0;
-
-/// A call in progress that may call observers: keeps a counted runner alive for its duration.
-///
-/// When an observer lets go of the runner meanwhile, the runner dies at the end of this call, and
-/// its QProcess, which is perhaps just emitting a signal, is left to the event loop to delete.
-class common_ProcessRunnerBase::Delivery
-{
-public:
-    explicit Delivery(common_ProcessRunnerBase* runner)
-        : m_runner(runner), m_reference(runner->getRefCount() > 0 ? runner : nullptr)
-    {
-        ++m_runner->m_deliveries;
-        m_runner->m_deliveryReferences += m_reference ? 1 : 0;
-    }
-
-    Delivery(const Delivery&) = delete;
-    Delivery& operator=(const Delivery&) = delete;
-
-    ~Delivery()
-    {
-        const bool last = m_reference && m_runner->getRefCount() == 1;
-        if (!last) {
-            --m_runner->m_deliveries;
-            m_runner->m_deliveryReferences -= m_reference ? 1 : 0;
-        }
-    }
-
-private:
-    common_ProcessRunnerBase* m_runner;
-    common_ActivePtr<common_ProcessRunnerBase> m_reference;
-};
 
 common_ProcessRunnerBase::common_ProcessRunnerBase()
     : m_pProcess(std::make_unique<QProcess>())
@@ -73,7 +41,7 @@ common_ProcessRunnerBase::common_ProcessRunnerBase()
     ++s_processCount;
 }
 
-// The bases stay empty, which gcc wants said. NOLINTBEGIN(*-init)
+// NOLINTBEGIN(*-init): gcc wants the bases named, and they stay empty
 common_ProcessRunnerBase::common_ProcessRunnerBase(const common_ProcessRunnerBase& /*other*/)
     : common_ObservableVia<common_IProcessRunnerObserver>(), common_IProcessRunnerMediatorObserver()
 {
@@ -91,7 +59,7 @@ common_ProcessRunnerBase::operator=(const common_ProcessRunnerBase& /*other*/)
 common_ProcessRunnerBase::~common_ProcessRunnerBase()
 {
     if (!m_pProcess) {
-        return; // the copy that must not be: it was never counted
+        return; // an incomplete copy, which was not counted
     }
     if (isRunning()) {
         m_pProcess->terminate();
@@ -269,7 +237,7 @@ void common_ProcessRunnerBase::onProcessDone()
 
 void common_ProcessRunnerBase::hideConsole()
 {
-    common_detachFromConsole();
+    ConsoleWindow::detach();
 }
 
 void common_ProcessRunnerBase::logProcessOutput()
@@ -286,7 +254,7 @@ void common_ProcessRunnerBase::logProcessOutput()
     logToFile(QStringLiteral("\n%1\n").arg(QDateTime::currentDateTime().toString(Qt::TextDate)));
 }
 
-// Text that cannot be written would pile up in the stream for the rest of the run.
+// Text that cannot be written would accumulate in the stream for the rest of the run.
 void common_ProcessRunnerBase::logToFile(const QString& text)
 {
     if (m_logEnabled && m_pLogFile && m_pLogFile->isOpen() &&
@@ -295,23 +263,20 @@ void common_ProcessRunnerBase::logToFile(const QString& text)
     }
 }
 
-// What is told is taken before the first call: an observer may start the next run.
+// Observers get values that were copied before the first call: one of them may start the next run.
 void common_ProcessRunnerBase::notifyProcessStarted()
 {
-    const QString executable = m_executable;
-    const QStringList arguments = m_arguments;
-    callObservers([&](common_IProcessRunnerObserver& observer) {
+    callObservers([executable = m_executable,
+                   arguments = m_arguments](common_IProcessRunnerObserver& observer) {
         observer.onProcessStarted(executable, arguments);
     });
 }
 
 void common_ProcessRunnerBase::notifyFailedProcessStarted()
 {
-    const QString executable = m_executable;
-    const QStringList arguments = m_arguments;
-    const QString errorString = m_pProcess->errorString();
-    const int code = exitCode();
-    callObservers([&](common_IProcessRunnerObserver& observer) {
+    callObservers([executable = m_executable, arguments = m_arguments,
+                   errorString = m_pProcess->errorString(),
+                   code = exitCode()](common_IProcessRunnerObserver& observer) {
         observer.onExitCodeChanged(code);
         observer.onFailedProcessStarted(executable, arguments, errorString);
     });
@@ -320,7 +285,7 @@ void common_ProcessRunnerBase::notifyFailedProcessStarted()
 void common_ProcessRunnerBase::notifyProcessMessageReceived(const common_IProcessMessage& message)
 {
     if (!isReleased()) {
-        callObservers([&](common_IProcessRunnerObserver& observer) {
+        callObservers([&message](common_IProcessRunnerObserver& observer) {
             observer.onProcessMessageReceived(message);
         });
     }
@@ -328,8 +293,7 @@ void common_ProcessRunnerBase::notifyProcessMessageReceived(const common_IProces
 
 void common_ProcessRunnerBase::notifyProcessDone()
 {
-    const int code = exitCode();
-    callObservers([&](common_IProcessRunnerObserver& observer) {
+    callObservers([code = exitCode()](common_IProcessRunnerObserver& observer) {
         observer.onExitCodeChanged(code);
         observer.onProcessDone();
     });
@@ -357,14 +321,14 @@ bool common_ProcessRunnerBase::startProcess()
         notifyFailedProcessStarted();
         return false;
     }
-    m_pProcess->closeWriteChannel(); // nobody writes: a child that reads would wait for ever
+    m_pProcess->closeWriteChannel(); // so that a child that reads its standard input gets its end
     hideConsole();
     notifyProcessStarted();
     return true;
 }
 
-// All whole lines, however many arrived with one signal. An observer may run an event loop of its
-// own, in which more arrives and is read, or the run ends and another begins.
+// Reads all whole lines, however many arrived with one signal. An observer may run a nested event
+// loop, in which more lines are read, or in which the run ends and another one begins.
 void common_ProcessRunnerBase::readLines(common_LineBuffer& lines, int channel)
 {
     m_pProcess->setReadChannel(static_cast<QProcess::ProcessChannel>(channel));
@@ -380,7 +344,7 @@ void common_ProcessRunnerBase::readLines(common_LineBuffer& lines, int channel)
     }
 }
 
-// Where an observer has started the next run already, that run's files are not touched.
+// When an observer has already started the next run, the files of that run are not deleted.
 void common_ProcessRunnerBase::removeTemporaryFiles(const QVector<QFileInfo>& filesOfRun) const
 {
     const bool nextRuns = isRunning();
@@ -392,18 +356,15 @@ void common_ProcessRunnerBase::removeTemporaryFiles(const QVector<QFileInfo>& fi
     }
 }
 
-// Whether only calls in progress still hold this object.
+// Whether only the deliveries in progress still hold this object.
 bool common_ProcessRunnerBase::isReleased() const
 {
     return m_deliveryReferences > 0 && getRefCount() == m_deliveryReferences;
 }
 
+// A connection without an observer is an error of the caller here.
 template <typename Call>
 void common_ProcessRunnerBase::callObservers(Call call)
 {
-    const QVector<common_ObserverConnection<common_IProcessRunnerObserver>*> connections =
-        getObservers();
-    for (const auto* connection : connections) {
-        call(*connection->getObserver());
-    }
+    notifyObservers(std::move(call), Strictness::Strict);
 }

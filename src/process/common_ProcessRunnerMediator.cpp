@@ -7,7 +7,7 @@ common_ProcessRunnerMediator::common_ProcessRunnerMediator(
     : m_pObserver(pObserver)
 {}
 
-// Connected by signature: these are the names that signal tracers and test tools list.
+// Connected by signature, because signal tracers and test tools list these names.
 void common_ProcessRunnerMediator::setProcess(QProcess* pProcess)
 {
     connect(pProcess, SIGNAL(finished(int, QProcess::ExitStatus)), this,

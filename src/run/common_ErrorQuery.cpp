@@ -2,7 +2,7 @@
 
 #include <common_UserQuery.h>
 
-void common_tellError(const QString& title, const QString& text)
+void common_showError(const QString& title, const QString& text)
 {
     common_UserQuery(title, text, common_UserQuery::Error, nullptr, QString()).display();
 }

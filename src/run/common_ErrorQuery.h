@@ -2,6 +2,6 @@
 
 class QString;
 
-/// Tells the user of an error in a box without a parent and without details, and waits until the
-/// user has read it.
-void common_tellError(const QString& title, const QString& text);
+/// Shows an error to the user in a box without a parent and without details, and waits until the
+/// user closes it.
+void common_showError(const QString& title, const QString& text);

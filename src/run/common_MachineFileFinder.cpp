@@ -23,8 +23,8 @@ QString joined(const QStringList& parts)
     return parts.join(QDir::separator());
 }
 
-// Opens the file to read it; what is wrong when that fails. Whoever opens a pipe waits for its
-// other end, and a device may never end.
+// Opens the file for reading. Returns an empty text on success, or else the reason. Only regular
+// files are opened: opening a pipe waits for its other end, and a device may never end.
 QString openingError(QFile& file)
 {
     const QFileInfo info(file.fileName());
@@ -34,7 +34,7 @@ QString openingError(QFile& file)
     return file.open(QIODevice::ReadOnly) ? QString() : file.errorString();
 }
 
-// An entry without a count is one process; a count that is no number is none.
+// An entry without a count means one process; a count that is not a number means none.
 int processesOf(const QString& entry)
 {
     const QStringList parts = entry.split(QLatin1Char(':'), Qt::SkipEmptyParts);
@@ -97,13 +97,13 @@ QStringList common_MachineFileFinder::parseMachinesFile()
     QFile file(m_pFile->absoluteFilePath());
     const QString reason = openingError(file);
     if (!reason.isEmpty()) {
-        common_tellError(QStringLiteral("Open failed"),
+        common_showError(QStringLiteral("Open failed"),
                          QStringLiteral("Could not open the following file :\n%1.\nReason: %2")
                              .arg(QDir::toNativeSeparators(m_pFile->absoluteFilePath()), reason));
         return entries;
     }
     const QByteArray bytes = file.readAll();
-    const QString text = QString::fromUtf8(bytes.constData(), bytes.size()); // zeros included
+    const QString text = QString::fromUtf8(bytes.constData(), bytes.size()); // including NUL
     const QVector<QStringRef> lines = text.splitRef(QLatin1Char('\n'), Qt::SkipEmptyParts);
     for (const QStringRef& line : lines) {
         const QStringRef entry = line.left(line.indexOf(QLatin1Char('#')));
@@ -121,7 +121,7 @@ void common_MachineFileFinder::determineProcesses()
     for (const QString& entry : entries) {
         processes += processesOf(entry);
     }
-    // Counts are the user's to type: their sum may be more than any machine runs.
+    // Users type the counts: their sum may not fit into an integer.
     m_processes = int(qBound(qint64(std::numeric_limits<int>::min()), processes,
                              qint64(std::numeric_limits<int>::max())));
 }
@@ -131,7 +131,7 @@ bool common_MachineFileFinder::checkEnv(QString variableName)
 {
     const bool isSet = !expandedVariable(variableName.toLatin1().constData()).isEmpty();
     if (!isSet) {
-        common_tellError(QStringLiteral("No such environment variable"),
+        common_showError(QStringLiteral("No such environment variable"),
                          QStringLiteral("Please set the environment variable %1 before proceeding.")
                              .arg(variableName));
     }

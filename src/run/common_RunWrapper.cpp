@@ -14,7 +14,7 @@
 
 namespace {
 
-// Removes the option and what follows it, which is returned; only the first of its kind.
+// Removes the first option of that name and the value behind it. Returns the value.
 QString takeOptionWithValue(QStringList& options, const QString& option)
 {
     QString value;
@@ -114,7 +114,7 @@ bool common_RunWrapper::setupAmrkestProcess(Runner& runner, const QFileInfo& mod
     return true;
 }
 
-// The working directory makes the model's bare name resolve.
+// The model is passed by its bare name, which is resolved in the working directory.
 void common_RunWrapper::applyComponent(Runner& runner, const QFileInfo& modelFile,
                                        const QString& program) const
 {
@@ -163,7 +163,7 @@ bool common_RunWrapper::applyRemoteRunArguments(Runner& runner, QFlags<RunOption
     }
     const auto launchOptions = m_pSettings->getComponentsLaunchOptions();
     if (!launchOptions->isRemoteHostArgumentSpecified()) {
-        common_tellError(
+        common_showError(
             QStringLiteral("No remote host argument specified"),
             QStringLiteral("Unable to do remote launching since the remote host has not been "
                            "provided."));
@@ -174,8 +174,8 @@ bool common_RunWrapper::applyRemoteRunArguments(Runner& runner, QFlags<RunOption
     return true;
 }
 
-// The run gets a copy of the machines file, so that the user may change the file meanwhile; the
-// runner deletes the copy when the run ends.
+// The run gets a copy of the machines file, so that the user may change the file during the run.
+// The runner deletes the copy when the run ends.
 void common_RunWrapper::applyMachinesFileArguments(Runner& runner, const QStringList& options,
                                                    MachinesFileOption machinesFileOption)
 {
@@ -197,7 +197,7 @@ void common_RunWrapper::applyMachinesFileArguments(Runner& runner, const QString
         m_temporaryMachinesFile =
             common_EnvironmentVariablesExt::getVariableExpanded("KEST_USER_HOME") + suffix;
     }
-    if (finder.getMachineFileInfo()->isFile()) { // whoever opens a pipe waits for its other end
+    if (finder.getMachineFileInfo()->isFile()) { // opening a pipe would wait for its other end
         QFile::copy(finder.getMachineFileInfo()->absoluteFilePath(), m_temporaryMachinesFile);
     }
     runner.setTemporaryFilenames({m_temporaryMachinesFile});
@@ -233,7 +233,7 @@ bool common_RunWrapper::validateMachinesFileForParallelRun(QFlags<RunOption> opt
     if (!(options & Parallel) || common_MachineFileFinder().isValid()) {
         return true;
     }
-    common_tellError(
+    common_showError(
         QStringLiteral("No machines file"),
         QStringLiteral("No machines file could be found. Please configure one using\n"
                        "\"Component launch options\" (select the \"Kest Solver\" tab and\n"
@@ -242,7 +242,7 @@ bool common_RunWrapper::validateMachinesFileForParallelRun(QFlags<RunOption> opt
     return false;
 }
 
-// Unlike the check of a parallel run, this answers whether to farm the run out now.
+// Unlike the check of a parallel run, returns whether to farm the run out.
 bool common_RunWrapper::validateMachinesFileForFarmingRun(QFlags<RunOption> options) const
 {
     if (!(options & FarmOut)) {
@@ -251,7 +251,7 @@ bool common_RunWrapper::validateMachinesFileForFarmingRun(QFlags<RunOption> opti
     if (common_MachineFileFinder().isValid()) {
         return true;
     }
-    common_tellError(
+    common_showError(
         QStringLiteral("No machines file"),
         QStringLiteral("No machines file could be found. Please configure one using\n"
                        "\"Component launch options\" (select the \"Utilities\" tab and\n"

@@ -14,7 +14,7 @@
 
 namespace {
 
-/// Takes the splash screen out of the way as long as this lives.
+/// Hides the splash screen as long as this object exists.
 class SplashScreenHidden
 {
 public:
@@ -36,7 +36,7 @@ public:
     }
 };
 
-void tellOfMissingDefaults(const QString& defaults, const QString& name)
+void showMissingDefaults(const QString& defaults, const QString& name)
 {
     const SplashScreenHidden splashScreenHidden;
     common_UserQuery(
@@ -55,7 +55,7 @@ common_CommonSettingsSet::common_CommonSettingsSet(const QString& directory, con
         const QString defaults =
             common_defaultSettingsFile("src/settings/common_CommonSettingsSet.cpp", __LINE__);
         if (!QFile::exists(defaults)) {
-            tellOfMissingDefaults(defaults, name.toLower());
+            showMissingDefaults(defaults, name.toLower());
         }
     }
     m_geometry = std::make_unique<common_geometry_settings>(m_fullFileName);

@@ -2,6 +2,6 @@
 
 class QString;
 
-/// The installation's default.ini; asserts that the common_IApplicationInfo service is there, for
-/// which the file and the line of the caller are named.
+/// The path of the installation's default.ini. Asserts that the common_IApplicationInfo service
+/// exists, with the file and the line of the caller.
 QString common_defaultSettingsFile(const char* file, int line);

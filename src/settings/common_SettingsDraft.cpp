@@ -32,9 +32,9 @@ void common_SettingsDraft::change(QSettings::Format format,
     m_values = common_SettingsValues(settings);
 }
 
-// Out of some damaged files QSettings makes others than it has read: it writes keys that nobody can
-// ask for under the names of others, and keeps the encoding of a byte order mark without the mark.
-// From nothing it writes all values well.
+// From some damaged files QSettings writes other values than it has read: it writes keys that it
+// cannot look up under the names of others, and keeps the encoding of a byte order mark without the
+// mark. Into an empty file it writes all values correctly.
 QString common_SettingsDraft::finish(QSettings::Format format)
 {
     if (readBack(format)) {

@@ -9,13 +9,13 @@
 
 #include <functional>
 
-/// A copy of a settings file in a temporary folder, that a change is made to. What has become of it
-/// is read back under another name, because QSettings does not notice a short write and remembers
-/// what it meant to write under the first.
+/// A copy of a settings file, in a temporary folder, to which a change is made. The result is read
+/// back under another name, because QSettings does not notice a short write, and caches the values
+/// that it meant to write under the first name.
 class common_SettingsDraft
 {
 public:
-    /// The folder is made with a name that begins so.
+    /// Makes a folder whose name begins with this path.
     explicit common_SettingsDraft(const QString& folder);
 
     QString fileName() const;
@@ -23,13 +23,13 @@ public:
     /// Fills the copy. Empty on success, else the reason for the failure.
     QString begin(const QByteArray& content);
 
-    /// Changes the copy. What change throws is not caught.
+    /// Changes the copy. Exceptions of change are passed on.
     void change(QSettings::Format format, const std::function<void(QSettings&)>& change);
 
     /// Reads the copy back. Empty on success, else the reason for the failure.
     QString finish(QSettings::Format format);
 
-    /// What the change has led to, also where there was no room to write it.
+    /// The values after the change, also when there was no room to write them.
     const common_SettingsValues& values() const { return m_values; }
 
     /// The copy's bytes, after finish().

@@ -2,11 +2,11 @@
 
 #include "common_IniRepair.h"
 #include "common_SettingsDraft.h"
-#include "common_SpecialFile.h"
 #include "common_WriteGuard.h"
 
 #include <KEST_binfiles_paths.h>
 #include <MarkedFolders.h>
+#include <SpecialPath.h>
 #include <common_settings.h>
 
 #include <QDir>
@@ -28,14 +28,14 @@ struct OpenChange
     QString copy; ///< what the change is made to
 };
 
-// The innermost comes last. Settings are used in one thread.
+// The innermost change is the last one. Settings are used in one thread.
 QVector<OpenChange>& openChanges()
 {
     static QVector<OpenChange> changes;
     return changes;
 }
 
-/// The copy that a change of the file is being made to; empty when there is none.
+/// The copy to which a change of the file is being made; empty when there is no change.
 QString copyInChange(const QString& file)
 {
     const QVector<OpenChange>& changes = openChanges();
@@ -45,7 +45,7 @@ QString copyInChange(const QString& file)
     return found == changes.cend() ? QString() : found->copy;
 }
 
-/// Notes a change for as long as it lives.
+/// Registers a change as long as this object exists.
 class ChangeNote
 {
 public:
@@ -55,7 +55,7 @@ public:
     ~ChangeNote() { openChanges().removeLast(); }
 };
 
-/// Has a group open for as long as it lives.
+/// Keeps a group open as long as this object exists.
 class OpenGroup
 {
 public:
@@ -66,7 +66,7 @@ public:
     OpenGroup(const OpenGroup&) = delete;
     OpenGroup& operator=(const OpenGroup&) = delete;
 
-    // What a subclass has left open must not hide the other groups.
+    // Also closes groups that a subclass has left open: they would hide the other groups.
     ~OpenGroup()
     {
         do {
@@ -84,7 +84,7 @@ private:
     QSettings& m_settings;
 };
 
-// Calls access with the group open; the group's prefix of keys.
+// Calls access with the group open. Returns the prefix of the group's keys.
 QString accessGroup(QSettings& settings, const QString& group,
                     const common_SettingsFile::Access& access)
 {
@@ -94,8 +94,8 @@ QString accessGroup(QSettings& settings, const QString& group,
     return prefix;
 }
 
-// QSettings tells of lines that it cannot read as soon as it had to look at them all, but not of
-// values: of those that it cannot read nothing comes, as of those that are meant to be nothing.
+// QSettings reports lines that it cannot read once it had to look at all of them, but not values:
+// those that it cannot read are invalid, like those that were stored as invalid.
 bool isDamaged(const QSettings& settings, const QByteArray& content)
 {
     const QStringList keys = settings.allKeys();
@@ -105,7 +105,7 @@ bool isDamaged(const QSettings& settings, const QByteArray& content)
             common_SettingsValues(settings).countNothing() > content.count("@Invalid()"));
 }
 
-// As QSettings reads it in a reasonable time.
+// The content in a form that QSettings reads in a reasonable time.
 QByteArray readable(const QByteArray& content)
 {
     return common_IniRepair::isNeeded(content) ? common_IniRepair::repaired(content) : content;
@@ -116,7 +116,7 @@ QString limitText()
     return QStringLiteral("larger than %1 MB").arg(common_settings::largestFile / megabyte);
 }
 
-// Where a copy of the file can be changed: where temporary files belong, or else beside it.
+// Where a copy of the file can be changed: in the folder for temporary files, or else beside it.
 QStringList draftPlaces(const QFileInfo& file)
 {
     return {QDir::temp().filePath(MarkedFolders::marked(QStringLiteral("kest-settings"))),
@@ -131,7 +131,7 @@ common_SettingsFile::common_SettingsFile(const QString& fileName, QSettings::For
 
 QString common_SettingsFile::problem() const
 {
-    const QString kind = common_specialFileKind(m_fileName);
+    const QString kind = SpecialPath::kind(m_fileName);
     if (!kind.isEmpty()) {
         return QStringLiteral("it is ") + kind;
     }

@@ -8,32 +8,33 @@
 
 class common_SettingsDraft;
 
-/// Reads and changes a settings file as a whole: QSettings itself leaves an empty or a cut file
-/// behind when the disk is full, without a word, and waits long or for ever for other writers and
-/// for whatever is no file.
+/// Reads and changes a settings file as a whole. QSettings alone leaves an empty or a cut file when
+/// the disk is full, without reporting it, and waits long for other writers, and for ever for pipes
+/// and devices.
 class common_SettingsFile
 {
 public:
     using Access = std::function<void(QSettings&)>;
 
-    /// What becomes of a file of which not all can be read.
+    /// What to do with a file that is damaged.
     enum class Damage { KeepCopy, Ignore };
 
     common_SettingsFile(const QString& fileName, QSettings::Format format);
 
-    /// Why the file cannot be used, as "it is a pipe"; empty when it can, or is not there yet.
+    /// Why the file cannot be used, such as "it is a pipe"; empty when it can, or does not exist
+    /// yet.
     QString problem() const;
 
-    /// Calls read with the group open. A file that cannot be used has no values; Qt's log says why.
-    /// A change of the file that is going on in this process can be seen.
+    /// Calls read with the group open. A file that cannot be used has no values; the reason is
+    /// logged. During a change of the file in this process, the changed values are read.
     void read(const QString& group, const Access& read, Damage damage) const;
 
-    /// Calls write with the group open and the file's present content, and saves the outcome. Empty
-    /// on success, else the reason why the file is as it was. When write throws, the file is as it
-    /// was, too.
+    /// Calls write with the group open and the file's present content, and saves the result.
+    /// Returns an empty text on success, or else the reason; then the file is unchanged. It is also
+    /// unchanged when write throws.
     ///
-    /// Within another change of the file in this process, what write sees and leaves is also part
-    /// of that; the group is saved at once all the same, and nothing else of the change around it.
+    /// Within another change of the file in this process, write sees the values of that change,
+    /// which also gets its values. Only the group of the inner change is saved at once.
     QString change(const QString& group, const Access& write) const;
 
 private:

@@ -8,30 +8,30 @@
 
 class QSettings;
 
-/// All values of a settings file by their whole keys, groups included.
+/// All values of a settings file by their full keys, which include the groups.
 ///
-/// A file can also hold keys that nobody can ask for; these are not among them. QSettings takes
-/// them for one another, in a time that grows with the square of their length.
+/// Keys that QSettings cannot look up are left out. A damaged file can contain them; QSettings
+/// confuses them with each other, in a time that grows with the square of their length.
 class common_SettingsValues
 {
 public:
-    /// Whether one can ask for a value of that key.
+    /// Whether QSettings can look the key up.
     static bool isProper(const QString& key);
 
     common_SettingsValues() = default;
     explicit common_SettingsValues(const QSettings& settings);
 
-    /// Whether the same values came back from a file: types change on the way through it.
+    /// Whether the values that were read back from a file are the same, apart from their types.
     bool areSame(const common_SettingsValues& read) const;
 
-    /// How many values there are of which nothing could be read, or that are meant to be nothing.
+    /// The number of invalid values: those that could not be read, and those stored as invalid.
     int countNothing() const;
 
-    /// Makes the settings, in no group, hold these values and no others.
+    /// Replaces all values of the settings by these. No group may be open.
     void applyTo(QSettings& settings) const;
 
-    /// Makes the settings, in no group, hold what these values have under keys of that prefix, and
-    /// what they have under others that is not as it was before.
+    /// Copies to the settings the values with that prefix, and those of all others that differ from
+    /// before. No group may be open.
     void applyChangesTo(QSettings& settings, const common_SettingsValues& before,
                         const QString& prefix) const;
 

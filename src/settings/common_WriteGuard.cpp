@@ -1,8 +1,7 @@
 #include "common_WriteGuard.h"
 
-#include "common_SpecialFile.h"
-
 #include <KEST_binfiles.h>
+#include <SpecialPath.h>
 
 #include <QElapsedTimer>
 #include <QFileInfo>
@@ -32,8 +31,7 @@ QString guardedName(const QString& file)
 // The lock file may not be one.
 QString obstacle(const QString& lockFile)
 {
-    return QFileInfo(lockFile).isSymLink() ? QStringLiteral("a link")
-                                           : common_specialFileKind(lockFile);
+    return QFileInfo(lockFile).isSymLink() ? QStringLiteral("a link") : SpecialPath::kind(lockFile);
 }
 
 } // namespace

@@ -5,8 +5,8 @@
 #include <cstdint>
 #include <string>
 
-/// Keeps other writers of a settings file away for as long as it lives. Waits for them first, for
-/// less than a second.
+/// Excludes other writers of a settings file as long as it exists. First waits for them, for less
+/// than a second.
 class common_WriteGuard
 {
 public:
@@ -16,7 +16,7 @@ public:
     common_WriteGuard& operator=(const common_WriteGuard&) = delete;
     ~common_WriteGuard();
 
-    /// Why it keeps nobody away; empty when it does.
+    /// Why other writers could not be excluded; empty on success.
     QString failure() const;
 
 private:

@@ -118,7 +118,7 @@ private Q_SLOTS:
         QStringList keys;
         for (const LaunchOptionRow& row : LaunchOptionTable::rows()) {
             keys.append(QString::fromLatin1(row.key));
-            QVERIFY2(*row.label != '\0' && *row.accessibleName != '\0' && *row.hint != '\0',
+            QVERIFY2(*row.label != '\0' && !row.spokenName().isEmpty() && *row.hint != '\0',
                      row.key);
         }
         QStringList names = allNames();
@@ -126,6 +126,79 @@ private Q_SLOTS:
         std::sort(names.begin(), names.end());
         QCOMPARE(keys, names);
         QCOMPARE(keys.size(), 41);
+    }
+
+    void registeredLabelsAreShownAndNotRepeated()
+    {
+        QStringList registered;
+        for (const LaunchOptionRow& row : LaunchOptionTable::rows()) {
+            const QString label = row.metaData().label();
+            if (label.isEmpty()) {
+                QCOMPARE(row.text(), text(row.label));
+                continue;
+            }
+            registered.append(row.metaData().name());
+            QCOMPARE(row.spokenName(), label);
+            QVERIFY2(text(row.label).remove(QLatin1Char('&')) != label, row.key);
+            // Its group is called "Parallel runs".
+            QCOMPARE(row.plainText(), label == text("Parallel authentication method")
+                                          ? text("Authentication method")
+                                          : label);
+            QCOMPARE(mnemonics(row.text()).size(), 1);
+        }
+        registered.sort();
+        QCOMPARE(registered, QStringList({text("FarmOut"), text("Kest.ParallelAuthenticMethod"),
+                                          text("Kest.ProcessPriority"), text("RunDetailsShown"),
+                                          text("RunParallel"), text("RunRemote")}));
+    }
+
+    void labelsCarryTheirMnemonicInTheRightPlace_data()
+    {
+        QTest::addColumn<QString>("key");
+        QTest::addColumn<QString>("label");
+        QTest::addColumn<QString>("spoken");
+        // clang-format off
+        QTest::newRow("registered")      << "RunRemote"              << "Run the Kest Solver on a &remote machine"           << "Run the Kest Solver on a remote machine";
+        QTest::newRow("inside a word")   << "RunDetailsShown"        << "Show the details on the Kest Solver run d&ialog"    << "Show the details on the Kest Solver run dialog";
+        QTest::newRow("own")             << "Kest.CheckGeometryOnly" << "Check the &geometry only"                           << "Check the geometry only";
+        QTest::newRow("spoken in full")  << "Kest.AdvancedOptions"   << "Ad&vanced options"                                  << "Advanced options of the solver";
+        // clang-format on
+    }
+
+    void labelsCarryTheirMnemonicInTheRightPlace()
+    {
+        QFETCH(QString, key);
+        QFETCH(QString, label);
+        open();
+        QString caption;
+        if (const auto* const box = qobject_cast<QCheckBox*>(editor(key))) {
+            caption = box->text();
+        }
+        const QList<QLabel*> labels = m_dialog->findChildren<QLabel*>();
+        for (const QLabel* const each : labels) {
+            caption += each->buddy() == editor(key) ? each->text() : QString();
+        }
+        QCOMPARE(caption, label);
+        QTEST(editor(key)->accessibleName(), "spoken");
+    }
+
+    void editorsSuitTheTypesOfTheOptions()
+    {
+        open();
+        for (const QString& name : allNames()) {
+            const common_PropertyMetaData& metaData = common_PropertyFactory::getMetaData(name);
+            const QWidget* const widget = editor(name);
+            const bool isNumber = metaData.type() == common_PropertyMetaData::Integer;
+            const bool hasMembers = !metaData.getEnumList().isEmpty();
+            const bool hasLines = name == text("EnvironmentVariables");
+            QCOMPARE(qobject_cast<const QCheckBox*>(widget) != nullptr,
+                     metaData.type() == common_PropertyMetaData::Boolean);
+            QCOMPARE(qobject_cast<const QComboBox*>(widget) != nullptr, isNumber && hasMembers);
+            QCOMPARE(qobject_cast<const NumberBox*>(widget) != nullptr, isNumber && !hasMembers);
+            QCOMPARE(qobject_cast<const QPlainTextEdit*>(widget) != nullptr, hasLines);
+            QCOMPARE(qobject_cast<const QLineEdit*>(widget) != nullptr,
+                     metaData.type() == common_PropertyMetaData::String && !hasLines);
+        }
     }
 
     void tabsAndButtonsAreCalledAsMessagesCallThem()

@@ -28,15 +28,19 @@ private Q_SLOTS:
     void startsConsoleProgramsThemselvesWithoutATerminal_data()
     {
         QTest::addColumn<QByteArray>("display");
+        QTest::addColumn<QByteArray>("value");
         QTest::addColumn<bool>("hasTerminal");
-        QTest::newRow("no display") << QByteArray() << true;
-        QTest::newRow("no display, no terminal") << QByteArray() << false;
-        QTest::newRow("no terminal") << QByteArray("DISPLAY") << false;
+        QTest::newRow("no display") << QByteArray() << QByteArray() << true;
+        QTest::newRow("no display, no terminal") << QByteArray() << QByteArray() << false;
+        QTest::newRow("no terminal") << QByteArray("DISPLAY") << QByteArray(":7") << false;
+        QTest::newRow("empty display") << QByteArray("DISPLAY") << QByteArray("") << true;
+        QTest::newRow("empty Wayland") << QByteArray("WAYLAND_DISPLAY") << QByteArray("") << true;
     }
 
     void startsConsoleProgramsThemselvesWithoutATerminal()
     {
         QFETCH(QByteArray, display);
+        QFETCH(QByteArray, value);
         QFETCH(bool, hasTerminal);
         const FakeApplication service(true);
         const Installation installation;
@@ -45,7 +49,7 @@ private Q_SLOTS:
         QVERIFY(writeProgram(program));
         QVERIFY(!hasTerminal || writeProgram(installation.terminal()));
         if (!display.isEmpty()) {
-            qputenv(display.constData(), ":7"); // unset again by the installation
+            qputenv(display.constData(), value); // unset again by the installation
         }
         QVERIFY(Launcher::launchKestConsole(nullptr, program, twoArguments(),
                                             installation.workingDirectory()));

@@ -37,7 +37,7 @@ QString lineError(const QString& line, QSet<QString>& names)
 
 } // namespace
 
-QString EnvironmentRule::complaint(const QString& text)
+QString EnvironmentRule::problem(const QString& text)
 {
     QSet<QString> names;
     const QStringList lines = text.split(QLatin1Char('\n'));

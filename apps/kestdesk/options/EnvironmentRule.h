@@ -7,6 +7,6 @@
 namespace EnvironmentRule {
 
 /// What is wrong with the text, as a sentence; empty when it is right.
-QString complaint(const QString& text);
+QString problem(const QString& text);
 
 } // namespace EnvironmentRule

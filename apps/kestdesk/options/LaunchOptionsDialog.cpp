@@ -50,7 +50,7 @@ bool wantsToLook(QWidget* parent)
     return query.display() == QMessageBox::AcceptRole;
 }
 
-void tellProblem(const QString& problem, QWidget* parent)
+void showProblem(const QString& problem, QWidget* parent)
 {
     common_UserQuery(dialogTitle,
                      QStringLiteral("The launch options cannot be read.\n\n%1.").arg(problem),
@@ -116,7 +116,7 @@ bool LaunchOptionsDialog::edit(QWidget* parent)
 {
     const QString problem = LaunchOptionsFile::problem();
     if (!problem.isEmpty()) {
-        tellProblem(problem, parent);
+        showProblem(problem, parent);
         return false;
     }
     AccessMode mode = ReadWriteAccess;
@@ -271,13 +271,13 @@ bool LaunchOptionsDialog::save()
     if (saving.lost.isEmpty()) {
         rememberSaved();
     } else {
-        tellNotSaved(saving);
+        reportNotSaved(saving);
     }
     check();
     return saving.lost.isEmpty();
 }
 
-void LaunchOptionsDialog::tellNotSaved(const LaunchOptionsFile::Saving& saving)
+void LaunchOptionsDialog::reportNotSaved(const LaunchOptionsFile::Saving& saving)
 {
     const QString reason =
         saving.reason.isEmpty() ? QString() : QStringLiteral(": ") + saving.reason;
@@ -296,7 +296,7 @@ void LaunchOptionsDialog::restoreDefaults()
 {
     const QString problem = LaunchOptionsFile::defaultsProblem();
     if (!problem.isEmpty()) {
-        tellProblem(problem, this);
+        showProblem(problem, this);
     } else if (wantsDefaults(this)) {
         m_options->restoreDefaults();
         loadEditors();
@@ -329,10 +329,10 @@ void LaunchOptionsDialog::check()
     QString first;
     for (LaunchOptionsPage* const page : qAsConst(m_pages)) {
         const int index = m_tabs->indexOf(page);
-        const QString complaint = page->check();
-        m_tabs->setTabIcon(index, complaint.isEmpty() ? QIcon() : icon("fault"));
-        if (first.isEmpty() && !complaint.isEmpty()) {
-            first = m_tabs->tabText(index) + QStringLiteral(": ") + complaint;
+        const QString problem = page->check();
+        m_tabs->setTabIcon(index, problem.isEmpty() ? QIcon() : icon("fault"));
+        if (first.isEmpty() && !problem.isEmpty()) {
+            first = m_tabs->tabText(index) + QStringLiteral(": ") + problem;
         }
     }
     m_reason->setText(first);

@@ -52,7 +52,7 @@ private:
     void loadEditors();
     void takeFromEditors();
     void rememberSaved();
-    void tellNotSaved(const LaunchOptionsFile::Saving& saving);
+    void reportNotSaved(const LaunchOptionsFile::Saving& saving);
     bool isChanged() const;
     void onEdited(LaunchOptionsPage* page, const QString& key);
     void onMachinesRequested();

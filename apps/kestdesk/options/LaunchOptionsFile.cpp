@@ -16,12 +16,6 @@
 
 namespace {
 
-bool isKept(const QString& name)
-{
-    return (common_PropertyFactory::getMetaData(name).flags() &
-            common_PropertyMetaData::Transient) == 0;
-}
-
 struct LockOwner
 {
     qint64 process; ///< 0 when nobody holds the file, or it cannot be told
@@ -95,11 +89,18 @@ QString LaunchOptionsFile::lockProblem()
     }
 }
 
+bool LaunchOptionsFile::isKept(const common_PropertyMetaData& metaData)
+{
+    return (metaData.flags() & common_PropertyMetaData::Transient) == 0;
+}
+
 QStringList LaunchOptionsFile::keptNames(const common_ComponentsLaunchOptions& options)
 {
     const QStringList all = options.getProperties();
     QStringList result;
-    std::copy_if(all.cbegin(), all.cend(), std::back_inserter(result), isKept);
+    std::copy_if(all.cbegin(), all.cend(), std::back_inserter(result), [](const QString& name) {
+        return isKept(common_PropertyFactory::getMetaData(name));
+    });
     return result;
 }
 

@@ -4,6 +4,8 @@
 
 #include <QStringList>
 
+class common_PropertyMetaData;
+
 /// The launch options as the settings file keeps them.
 namespace LaunchOptionsFile {
 
@@ -27,7 +29,10 @@ QString defaultsProblem();
 /// scripts at once would undo each other's changes.
 QString lockProblem();
 
-/// The options that the file keeps: others would be forgotten at once.
+/// Whether the file keeps the option: any other would be forgotten at once.
+bool isKept(const common_PropertyMetaData& metaData);
+
+/// The options that the file keeps.
 QStringList keptNames(const common_ComponentsLaunchOptions& options);
 
 /// The value as text.

@@ -1,12 +1,10 @@
 #include "LaunchOptionsPage.h"
 
 #include "LaunchOptionTable.h"
+#include "LaunchOptionsFile.h"
 #include "OptionEditor.h"
 #include "OptionEditors.h"
 #include "OptionRules.h"
-
-#include <common_PropertyFactory.h>
-#include <common_PropertyMetaData.h>
 
 #include <QGridLayout>
 #include <QGroupBox>
@@ -22,11 +20,6 @@ namespace {
 constexpr int mostColumns = 2;
 
 enum Column { LabelColumn, EditorColumn, UnitColumn, ColumnCount };
-
-QString plain(const char* label)
-{
-    return QString::fromLatin1(label).remove(QLatin1Char('&'));
-}
 
 // The background of what is wrong: a shade of red that suits a light and a dark palette.
 QColor reddened(const QColor& base)
@@ -81,7 +74,7 @@ void LaunchOptionsPage::addField(const LaunchOptionRow& row, QGroupBox* group, Q
     const int line = grid->rowCount();
     Field field{&row, OptionEditors::make(row, group), nullptr, nullptr, nullptr};
     if (field.editor->needsLabel()) {
-        field.label = new QLabel(QString::fromLatin1(row.label), group);
+        field.label = new QLabel(row.text(), group);
         field.label->setBuddy(field.editor->widget());
         grid->addWidget(field.label, line, LabelColumn);
         grid->addWidget(field.editor->widget(), line, EditorColumn, 1, *row.unit == '\0' ? 2 : 1);
@@ -167,18 +160,17 @@ void LaunchOptionsPage::setReadOnly()
 bool LaunchOptionsPage::isAllowed(const Field& field) const
 {
     const LaunchOptionRow& row = *field.row;
-    return !m_readOnly && row.editor != LaunchOptionRow::Fixed &&
+    return !m_readOnly && LaunchOptionsFile::isKept(row.metaData()) &&
            (*row.switchKey == '\0' ||
             text(QString::fromLatin1(row.switchKey)) == QLatin1String("true"));
 }
 
-QString LaunchOptionsPage::complaintOf(const Field& field)
+QString LaunchOptionsPage::problemOf(const Field& field)
 {
-    const common_PropertyMetaData& metaData =
-        common_PropertyFactory::getMetaData(QString::fromLatin1(field.row->key));
+    const common_PropertyMetaData& metaData = field.row->metaData();
     const QString value = field.editor->text();
-    const QString missing = value.isEmpty() ? OptionRules::emptyComplaint(metaData) : QString();
-    return missing.isEmpty() ? OptionRules::complaint(metaData, value) : missing;
+    const QString missing = value.isEmpty() ? OptionRules::emptyProblem(metaData) : QString();
+    return missing.isEmpty() ? OptionRules::problem(metaData, value) : missing;
 }
 
 QString LaunchOptionsPage::check()
@@ -192,29 +184,29 @@ QString LaunchOptionsPage::check()
                 label->setEnabled(allowed);
             }
         }
-        const QString complaint = allowed ? complaintOf(field) : QString();
-        mark(field, complaint);
-        if (first.isEmpty() && !complaint.isEmpty()) {
-            first = plain(field.row->label) + QStringLiteral(": ") + complaint;
+        const QString problem = allowed ? problemOf(field) : QString();
+        mark(field, problem);
+        if (first.isEmpty() && !problem.isEmpty()) {
+            first = field.row->plainText() + QStringLiteral(": ") + problem;
         }
     }
     return first;
 }
 
-void LaunchOptionsPage::mark(const Field& field, const QString& complaint)
+void LaunchOptionsPage::mark(const Field& field, const QString& problem)
 {
-    if (field.message->text() == complaint) {
+    if (field.message->text() == problem) {
         return;
     }
     QWidget* const widget = field.editor->widget();
     QPalette colours; // what the widget has not of its own comes from its parent
-    if (!complaint.isEmpty()) {
+    if (!problem.isEmpty()) {
         colours.setColor(QPalette::Base, reddened(palette().color(QPalette::Base)));
     }
     widget->setPalette(colours);
-    widget->setAccessibleDescription(complaint);
-    field.message->setText(complaint);
-    field.message->setVisible(!complaint.isEmpty());
+    widget->setAccessibleDescription(problem);
+    field.message->setText(problem);
+    field.message->setVisible(!problem.isEmpty());
 }
 
 void LaunchOptionsPage::resizeEvent(QResizeEvent* event)

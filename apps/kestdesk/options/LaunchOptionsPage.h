@@ -56,8 +56,8 @@ private:
     void addMachines(QGroupBox* group, QGridLayout* grid) const;
     const Field& field(const QString& key) const;
     bool isAllowed(const Field& field) const;
-    static QString complaintOf(const Field& field);
-    void mark(const Field& field, const QString& complaint);
+    static QString problemOf(const Field& field);
+    void mark(const Field& field, const QString& problem);
     void arrange(int columns);
 
     QVector<Field> m_fields;

@@ -1,11 +1,11 @@
 #include "OptionEditors.h"
 
 #include "LaunchOptionTable.h"
+#include "LaunchOptionsFile.h"
 #include "NumberBox.h"
 #include "OptionEditor.h"
 #include "OptionRules.h"
 
-#include <common_PropertyFactory.h>
 #include <common_PropertyMetaData.h>
 
 #include <QAbstractItemView>
@@ -25,7 +25,7 @@ class CheckEditor : public OptionEditor
 {
 public:
     CheckEditor(const LaunchOptionRow& row, QWidget* parent)
-        : CheckEditor(row, new QCheckBox(QString::fromLatin1(row.label), parent))
+        : CheckEditor(row, new QCheckBox(row.text(), parent))
     {}
 
     QWidget* widget() const override { return m_box; }
@@ -39,7 +39,7 @@ public:
 private:
     CheckEditor(const LaunchOptionRow& row, QCheckBox* box) : OptionEditor(box), m_box(box)
     {
-        m_box->setEnabled(row.editor != LaunchOptionRow::Fixed);
+        m_box->setEnabled(LaunchOptionsFile::isKept(row.metaData()));
         connect(m_box, &QCheckBox::toggled, this, &OptionEditor::edited);
     }
 
@@ -172,22 +172,20 @@ private:
 
 OptionEditor* madeFor(const LaunchOptionRow& row, QWidget* parent)
 {
-    const common_PropertyMetaData& metaData =
-        common_PropertyFactory::getMetaData(QString::fromLatin1(row.key));
-    switch (row.editor) {
-    case LaunchOptionRow::CheckBox:
-    case LaunchOptionRow::Fixed:
+    const common_PropertyMetaData& metaData = row.metaData();
+    if (metaData.type() == common_PropertyMetaData::Boolean) {
         return new CheckEditor(row, parent);
-    case LaunchOptionRow::ComboBox:
-        return new ComboEditor(metaData, parent);
-    case LaunchOptionRow::NumberBox:
-        return new NumberEditor(metaData, parent);
-    case LaunchOptionRow::LineEdit:
-        return new LineEditor(parent);
-    case LaunchOptionRow::TextEdit:
-        break;
     }
-    return new TextEditor(parent);
+    if (!metaData.getEnumList().isEmpty()) {
+        return new ComboEditor(metaData, parent);
+    }
+    if (metaData.type() == common_PropertyMetaData::Integer) {
+        return new NumberEditor(metaData, parent);
+    }
+    if (OptionRules::mayHaveLines(metaData)) {
+        return new TextEditor(parent);
+    }
+    return new LineEditor(parent);
 }
 
 } // namespace
@@ -197,7 +195,7 @@ OptionEditor* OptionEditors::make(const LaunchOptionRow& row, QWidget* parent)
     OptionEditor* const editor = madeFor(row, parent);
     QWidget* const widget = editor->widget();
     widget->setObjectName(QString::fromLatin1(row.key));
-    widget->setAccessibleName(QString::fromLatin1(row.accessibleName));
+    widget->setAccessibleName(row.spokenName());
     widget->setToolTip(QString::fromLatin1(row.hint));
     return editor;
 }

@@ -32,12 +32,12 @@ bool isWholeNumber(const QString& text)
            });
 }
 
-QString anyTextComplaint(const QString& /*text*/)
+QString anyTextProblem(const QString& /*text*/)
 {
     return QString();
 }
 
-QString gpuCountComplaint(const QString& text)
+QString gpuCountProblem(const QString& text)
 {
     return text.isEmpty() || (isWholeNumber(text) && text.toInt() > 0 && text.toInt() <= mostGpus &&
                               !text.startsWith(QLatin1Char('0')))
@@ -46,7 +46,7 @@ QString gpuCountComplaint(const QString& text)
                      .arg(mostGpus);
 }
 
-QString gpuListComplaint(const QString& text)
+QString gpuListProblem(const QString& text)
 {
     if (text.isEmpty()) {
         return QString();
@@ -63,7 +63,7 @@ QString gpuListComplaint(const QString& text)
                                              : QString();
 }
 
-QString frequencyComplaint(const QString& text)
+QString frequencyProblem(const QString& text)
 {
     static const QRegularExpression number(
         QStringLiteral("\\A\\+?([0-9]+\\.?[0-9]*|\\.[0-9]+)([eE][+-]?[0-9]+)?\\z"));
@@ -84,10 +84,10 @@ struct RangeRow
 struct TextRow
 {
     const char* key;
-    QString (*complaint)(const QString& text);
+    QString (*problem)(const QString& text);
     const char* accepted;
     bool mayHaveLines;
-    const char* emptyComplaint;
+    const char* emptyProblem;
 };
 
 // clang-format off
@@ -101,15 +101,15 @@ constexpr RangeRow rangeRows[] = {
 };
 
 constexpr TextRow textRows[] = {
-    {"Kest.NumberOfGPUs",    gpuCountComplaint,          "a whole number from 1, or nothing for all", false, ""},
-    {"Kest.GPUsList",        gpuListComplaint,           "numbers with commas between them, such as 0,1, or nothing for any", false, ""},
-    {"Kest.RemoteHost",      HostRule::complaint,        "a host as [user@]HOST [user=NAME] [port=NUMBER] [home=FOLDER], or nothing", false, ""},
-    {"Amrkest.Frequency",    frequencyComplaint,         "a positive number in MHz, such as 14.2, or nothing", false, "Give a frequency, or do not specify one."},
-    {"EnvironmentVariables", EnvironmentRule::complaint, "NAME=VALUE, one a line, with no further \"=\"", true, ""},
+    {"Kest.NumberOfGPUs",    gpuCountProblem,          "a whole number from 1, or nothing for all", false, ""},
+    {"Kest.GPUsList",        gpuListProblem,           "numbers with commas between them, such as 0,1, or nothing for any", false, ""},
+    {"Kest.RemoteHost",      HostRule::complaint,      "a host as [user@]HOST [user=NAME] [port=NUMBER] [home=FOLDER], or nothing", false, ""},
+    {"Amrkest.Frequency",    frequencyProblem,         "a positive number in MHz, such as 14.2, or nothing", false, "Give a frequency, or do not specify one."},
+    {"EnvironmentVariables", EnvironmentRule::problem, "NAME=VALUE, one a line, with no further \"=\"", true, ""},
 };
 // clang-format on
 
-constexpr TextRow anyText = {"", anyTextComplaint, "any text in one line", false, ""};
+constexpr TextRow anyText = {"", anyTextProblem, "any text in one line", false, ""};
 
 const TextRow& textRow(const common_PropertyMetaData& metaData)
 {
@@ -126,7 +126,7 @@ bool isText(const common_PropertyMetaData& metaData)
 }
 
 // What no text can be that goes into a command line.
-QString characterComplaint(const QString& text, bool mayHaveLines)
+QString characterProblem(const QString& text, bool mayHaveLines)
 {
     const bool hasControls = std::any_of(text.cbegin(), text.cend(), [mayHaveLines](QChar each) {
         return each.category() == QChar::Other_Control && each != QLatin1Char('\t') &&
@@ -145,13 +145,13 @@ QString characterComplaint(const QString& text, bool mayHaveLines)
                : QString();
 }
 
-QString textComplaint(const TextRow& row, const QString& text)
+QString textProblem(const TextRow& row, const QString& text)
 {
-    const QString complaint = characterComplaint(text, row.mayHaveLines);
-    return complaint.isEmpty() ? row.complaint(text) : complaint;
+    const QString problem = characterProblem(text, row.mayHaveLines);
+    return problem.isEmpty() ? row.problem(text) : problem;
 }
 
-QString numberComplaint(const OptionRules::Range& range, const QString& text)
+QString numberProblem(const OptionRules::Range& range, const QString& text)
 {
     bool isNumber = false;
     const int number = text.toInt(&isNumber);
@@ -180,19 +180,24 @@ OptionRules::Range OptionRules::range(const common_PropertyMetaData& metaData)
     return {std::numeric_limits<int>::min(), anyNumber};
 }
 
-QString OptionRules::complaint(const common_PropertyMetaData& metaData, const QString& text)
+QString OptionRules::problem(const common_PropertyMetaData& metaData, const QString& text)
 {
     if (isText(metaData)) {
-        return textComplaint(textRow(metaData), text);
+        return textProblem(textRow(metaData), text);
     }
     const bool isNumber =
         metaData.type() == common_PropertyMetaData::Integer && metaData.getEnumList().isEmpty();
-    return isNumber ? numberComplaint(range(metaData), text) : QString();
+    return isNumber ? numberProblem(range(metaData), text) : QString();
 }
 
-QString OptionRules::emptyComplaint(const common_PropertyMetaData& metaData)
+QString OptionRules::emptyProblem(const common_PropertyMetaData& metaData)
 {
-    return isText(metaData) ? QString::fromLatin1(textRow(metaData).emptyComplaint) : QString();
+    return isText(metaData) ? QString::fromLatin1(textRow(metaData).emptyProblem) : QString();
+}
+
+bool OptionRules::mayHaveLines(const common_PropertyMetaData& metaData)
+{
+    return isText(metaData) && textRow(metaData).mayHaveLines;
 }
 
 QString OptionRules::accepted(const common_PropertyMetaData& metaData)

@@ -20,10 +20,13 @@ struct Range
 Range range(const common_PropertyMetaData& metaData);
 
 /// What is wrong with the text, as a sentence; empty when it is right.
-QString complaint(const common_PropertyMetaData& metaData, const QString& text);
+QString problem(const common_PropertyMetaData& metaData, const QString& text);
 
 /// Why the option must not be empty while it is switched on, as a sentence; empty when it may.
-QString emptyComplaint(const common_PropertyMetaData& metaData);
+QString emptyProblem(const common_PropertyMetaData& metaData);
+
+/// Whether an option of texts may have several lines.
+bool mayHaveLines(const common_PropertyMetaData& metaData);
 
 /// What an option of texts or of plain numbers accepts, in words.
 QString accepted(const common_PropertyMetaData& metaData);

@@ -71,7 +71,7 @@ std::optional<QString> OptionValue::parse(const common_PropertyMetaData& metaDat
     if (!members.isEmpty()) {
         return parsedMember(members, typed);
     }
-    if (!OptionRules::complaint(metaData, typed).isEmpty()) {
+    if (!OptionRules::problem(metaData, typed).isEmpty()) {
         return std::nullopt;
     }
     return metaData.type() == common_PropertyMetaData::Integer ? QString::number(typed.toInt())

@@ -30,7 +30,7 @@ void say(const QString& line)
     std::fprintf(stdout, "%s\n", qUtf8Printable(line));
 }
 
-void complain(const QString& line)
+void reportError(const QString& line)
 {
     std::fprintf(stderr, "kestdesk: %s\n", qUtf8Printable(line));
 }
@@ -49,8 +49,8 @@ bool knows(const Options& options, const QString& name)
 {
     const bool known = names(options).contains(name);
     if (!known) {
-        complain(QStringLiteral("there is no option \"%1\"; \"kestdesk options list\" shows all")
-                     .arg(name));
+        reportError(QStringLiteral("there is no option \"%1\"; \"kestdesk options list\" shows all")
+                        .arg(name));
     }
     return known;
 }
@@ -60,7 +60,7 @@ Options readableOptions()
 {
     const QString problem = LaunchOptionsFile::problem();
     if (!problem.isEmpty()) {
-        complain(problem);
+        reportError(problem);
         return Options();
     }
     return common_ComponentsLaunchOptions::create(ReadOnlyAccess);
@@ -108,13 +108,13 @@ Options writableOptions(int wait)
     for (const QString& problem :
          {LaunchOptionsFile::problem(), LaunchOptionsFile::lockProblem()}) {
         if (!problem.isEmpty()) {
-            complain(problem + QStringLiteral("; nothing was changed"));
+            reportError(problem + QStringLiteral("; nothing was changed"));
             return Options();
         }
     }
-    Options options = OptionsLock::wait(wait, complain);
+    Options options = OptionsLock::wait(wait, reportError);
     if (!options) {
-        complain(
+        reportError(
             QStringLiteral("%1 holds it; nothing was changed").arg(LaunchOptionsFile::owner()));
     }
     return options;
@@ -134,8 +134,8 @@ int save(const Options& options, const QStringList& changed = QStringList())
     if (!saving.reason.isEmpty()) {
         text += QStringLiteral(", because ") + saving.reason;
     }
-    complain(text + QStringLiteral(": ") +
-             (named.isEmpty() ? saving.lost : named).join(QStringLiteral(", ")));
+    reportError(text + QStringLiteral(": ") +
+                (named.isEmpty() ? saving.lost : named).join(QStringLiteral(", ")));
     return exitFailed;
 }
 
@@ -158,10 +158,10 @@ bool parseValue(const QString& name, const QString& typed, Values& values)
         values.insert(name, *stored);
         return true;
     }
-    const QString reason = OptionRules::complaint(metaData, typed);
-    complain(QStringLiteral("%1 accepts %2, and not \"%3\"")
-                 .arg(name, OptionValue::accepted(metaData), shown(typed)) +
-             (reason.isEmpty() ? reason : QStringLiteral(". ") + reason));
+    const QString reason = OptionRules::problem(metaData, typed);
+    reportError(QStringLiteral("%1 accepts %2, and not \"%3\"")
+                    .arg(name, OptionValue::accepted(metaData), shown(typed)) +
+                (reason.isEmpty() ? reason : QStringLiteral(". ") + reason));
     return false;
 }
 
@@ -172,7 +172,7 @@ bool parse(const Options& options, const QStringList& words, Values& values)
     for (const QString& word : words) {
         const QString name = word.section(QLatin1Char('='), 0, 0);
         if (!word.contains(QLatin1Char('='))) {
-            complain(QStringLiteral("\"%1\" is not NAME=VALUE").arg(shown(word)));
+            reportError(QStringLiteral("\"%1\" is not NAME=VALUE").arg(shown(word)));
             good = false;
         } else {
             good = knows(options, name) &&
@@ -189,12 +189,11 @@ void warnOfEmptyValues(const Options& options, const Values& changed)
         const QString name = QString::fromLatin1(row.key);
         const QString switchName = QString::fromLatin1(row.switchKey);
         const bool concerns = changed.contains(name) || changed.contains(switchName);
-        const QString warning =
-            OptionRules::emptyComplaint(common_PropertyFactory::getMetaData(name));
+        const QString warning = OptionRules::emptyProblem(row.metaData());
         if (concerns && !warning.isEmpty() && value(options, name).isEmpty() &&
             value(options, switchName) == QLatin1String("true")) {
-            complain(QStringLiteral("%1 is empty, so %2 is without effect. %3")
-                         .arg(name, switchName, warning));
+            reportError(QStringLiteral("%1 is empty, so %2 is without effect. %3")
+                            .arg(name, switchName, warning));
         }
     }
 }
@@ -220,7 +219,7 @@ int restore(const QStringList& /*words*/, int wait)
 {
     const QString problem = LaunchOptionsFile::defaultsProblem();
     if (!problem.isEmpty()) {
-        complain(problem + QStringLiteral("; nothing was changed"));
+        reportError(problem + QStringLiteral("; nothing was changed"));
         return exitFailed;
     }
     const Options options = writableOptions(wait);
@@ -278,10 +277,10 @@ std::optional<int> takeWait(QStringList& words)
     if (isNumber && seconds >= 0 && seconds <= longestWait && !isTwice) {
         return seconds;
     }
-    complain(isTwice ? QStringLiteral("--wait is given twice")
-                     : QStringLiteral("--wait takes whole seconds from 0 to %1, and not \"%2\"")
-                           .arg(longestWait)
-                           .arg(shown(typed)));
+    reportError(isTwice ? QStringLiteral("--wait is given twice")
+                        : QStringLiteral("--wait takes whole seconds from 0 to %1, and not \"%2\"")
+                              .arg(longestWait)
+                              .arg(shown(typed)));
     return std::nullopt;
 }
 

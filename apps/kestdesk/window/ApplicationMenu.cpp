@@ -6,6 +6,7 @@
 #include "UnreadableModel.h"
 #include "WindowRun.h"
 
+#include <ConsoleWindow.h>
 #include <VisibleText.h>
 
 #include <common_IIconUtility.h>
@@ -138,7 +139,7 @@ void ApplicationMenu::setTargets(const QString& model, const WindowRun* selected
     m_editModel->setEnabled(!m_model.isEmpty());
     m_showResults->setEnabled(!m_results.isEmpty());
     m_showAllResults->setEnabled(!m_allResults.isEmpty());
-    m_console->setEnabled(Console::exists());
+    m_console->setEnabled(ConsoleWindow::isAvailable());
 }
 
 void ApplicationMenu::viewModel()

@@ -10,7 +10,4 @@ struct Console
 
     /// A shell that finds the programs of a folder by their names.
     static Console finding(const QString& folder);
-
-    /// Whether there is something to show a console in.
-    static bool exists();
 };

@@ -2,7 +2,6 @@
 
 #include <QDir>
 #include <QFileInfo>
-#include <QStandardPaths>
 
 namespace {
 
@@ -24,13 +23,4 @@ Console Console::finding(const QString& folder)
     }
     return {QStringLiteral("/usr/bin/env"),
             {QStringLiteral("PATH=") + folders.join(QDir::listSeparator()), usersShell()}};
-}
-
-// As Debian names whichever terminal emulator the user has.
-bool Console::exists()
-{
-    const bool hasDisplay =
-        !qEnvironmentVariableIsEmpty("DISPLAY") || !qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY");
-    return hasDisplay &&
-           !QStandardPaths::findExecutable(QStringLiteral("x-terminal-emulator")).isEmpty();
 }

@@ -8,8 +8,3 @@ Console Console::finding(const QString& folder)
             {QStringLiteral("/K"),
              QStringLiteral("set PATH=%1;%PATH%").arg(QDir::toNativeSeparators(folder))}};
 }
-
-bool Console::exists()
-{
-    return true;
-}

@@ -5,16 +5,16 @@
 #include <deque>
 #include <vector>
 
-/// The heights of the blocks of a text, in whole pixels from the top: measured where somebody
-/// looks, estimated from the number of characters elsewhere.
+/// The heights of the blocks of a text, in whole pixels: measured for blocks that came into view,
+/// estimated from the number of characters for all others.
 ///
-/// Appending and measuring take constant time. To find a place takes a step for every thousand
+/// Appending and measuring take constant time. Finding a position takes one step for every thousand
 /// blocks, a new estimate a few nanoseconds for each block.
 class common_BlockHeights
 {
 public:
-    /// What the estimates are made from: the height of a line of text, and how many characters fit
-    /// into it. Both are at least 1.
+    /// The base of the estimates: the height of a line of text, and the number of characters that
+    /// fit into it. Both are at least 1.
     struct Line
     {
         int height = 1;
@@ -24,11 +24,11 @@ public:
     int count() const { return static_cast<int>(m_blocks.size()); }
     qint64 total() const { return m_total; }
 
-    /// Where the block begins. The block after the last one begins at total().
+    /// The position of the block's top. The block after the last one begins at total().
     qint64 top(int block) const;
     int height(int block) const;
 
-    /// The block that covers the place: the first or the last one for a place outside.
+    /// The block at the position; the first or the last one for a position outside.
     /// -1 when there is no block.
     int blockAt(qint64 place) const;
 
@@ -37,7 +37,7 @@ public:
     /// Returns by how much the block is higher now.
     int setMeasured(int block, int height);
 
-    /// Keeps only so many blocks.
+    /// Keeps only the first blocks, of that number.
     void truncate(int count);
 
     void append(int characters);
@@ -59,7 +59,7 @@ private:
     void add(int block, int difference);
 
     Line m_line;
-    std::deque<Block> m_blocks;   // never moves what it holds, so it never takes long to append
+    std::deque<Block> m_blocks;   ///< never moves its elements, so appending never takes long
     std::vector<qint64> m_groups; ///< the heights of so many blocks each
     qint64 m_total = 0;
 };

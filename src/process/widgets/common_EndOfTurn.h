@@ -4,8 +4,8 @@
 
 #include <functional>
 
-/// Does something once when control returns to the event loop, however often it was asked to
-/// before: what is too slow to be done for every line of a flood is done for all lines of a turn.
+/// Runs an action once when control returns to the event loop, however often it was requested
+/// before: what is too slow to be done for each line is done once for all lines of a turn.
 class common_EndOfTurn : public QObject
 {
     Q_OBJECT
@@ -13,7 +13,8 @@ class common_EndOfTurn : public QObject
 public:
     explicit common_EndOfTurn(std::function<void()> deed);
 
-    /// To be done at the end of this turn. Nothing is done when this object is gone by then.
+    /// Requests the action for the end of this turn. It is not run if this object is destroyed
+    /// before.
     void ask();
 
 private:

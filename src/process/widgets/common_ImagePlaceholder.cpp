@@ -19,7 +19,7 @@ void common_ImagePlaceholder::install(QTextDocument& document)
     }
 }
 
-// The text may ask for any size, however large; it is not listened to.
+// The size that the text asks for is ignored: it may be of any size.
 QSizeF common_ImagePlaceholder::intrinsicSize(QTextDocument* /*document*/, int /*position*/,
                                               const QTextFormat& /*format*/)
 {

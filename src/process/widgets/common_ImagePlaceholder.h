@@ -5,7 +5,7 @@
 
 class QTextDocument;
 
-/// Draws an empty frame for every image of a rich text, whose own handler would read the file that
+/// Draws an empty frame for every image of a rich text. Qt's own handler would read the file that
 /// the text names.
 class common_ImagePlaceholder : public QObject, public QTextObjectInterface
 {
@@ -13,7 +13,7 @@ class common_ImagePlaceholder : public QObject, public QTextObjectInterface
     Q_INTERFACES(QTextObjectInterface)
 
 public:
-    /// Makes the document show frames for its images from now on. Its own layout must be in use.
+    /// Makes the document show frames for its images. The document must have Qt's own layout.
     static void install(QTextDocument& document);
 
     QSizeF intrinsicSize(QTextDocument* document, int position, const QTextFormat& format) override;

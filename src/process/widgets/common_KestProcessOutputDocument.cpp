@@ -5,7 +5,7 @@
 #include <QUrl>
 #include <QVariant>
 
-// Read only, so nobody can undo; what could be undone would take as much memory again.
+// The text is read-only. Its undo history would take as much memory again.
 common_KestProcessOutputDocument::common_KestProcessOutputDocument(QObject* parent)
     : QTextDocument(parent)
 {

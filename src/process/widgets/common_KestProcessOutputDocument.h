@@ -2,7 +2,7 @@
 
 #include <QTextDocument>
 
-/// A text that a child process has printed, markup included. Nothing that the text names is ever
+/// Text that a child process has printed, which may contain markup. No resource that it names is
 /// read: no image, no style sheet, no file, no address.
 class common_KestProcessOutputDocument : public QTextDocument
 {

@@ -75,7 +75,7 @@ common_KestProcessOutputLayout::common_KestProcessOutputLayout(QTextDocument* do
     : QAbstractTextDocumentLayout(document)
 {}
 
-// Places are told to the painter and not to the text layout, whose numbers end at 33 million
+// Positions are given to the painter and not to the text layout, which is limited to 33 million
 // pixels.
 void common_KestProcessOutputLayout::draw(QPainter* painter, const PaintContext& context)
 {
@@ -135,7 +135,7 @@ QRectF common_KestProcessOutputLayout::blockBoundingRect(const QTextBlock& block
     const qreal margin = document()->documentMargin();
     const qreal width = std::max(documentSize().width() - 2 * margin, 0.0);
     const int number = block.blockNumber();
-    if (number >= m_heights.count()) { // in the middle of a change that is not told yet
+    if (number >= m_heights.count()) { // during a change that was not reported yet
         const QPointF below(margin, margin + static_cast<qreal>(m_heights.total()));
         return {below, QSizeF(width, layOutBlock(block))};
     }
@@ -176,8 +176,8 @@ qreal common_KestProcessOutputLayout::top(int block) const
     return document()->documentMargin() + static_cast<qreal>(m_heights.top(block));
 }
 
-// The same text in another width, another font or with other options is told as a change of all of
-// it in which nothing was removed and nothing came.
+// A new width, font or option of the same text is reported as a change of the whole text in which
+// nothing was removed and nothing was added.
 void common_KestProcessOutputLayout::documentChanged(int from, int charsRemoved, int charsAdded)
 {
     const int length = document()->characterCount();
@@ -224,8 +224,8 @@ void common_KestProcessOutputLayout::estimateAll()
     m_heights.estimate(measureLine());
 }
 
-// Text is nearly always appended, to the last block or behind it. After another change nothing is
-// taken as known.
+// Text is nearly always appended, to the last block or behind it. After any other change all
+// heights are unknown.
 void common_KestProcessOutputLayout::takeChange(int from)
 {
     const QTextBlock touched = document()->findBlock(from);

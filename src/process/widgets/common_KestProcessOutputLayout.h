@@ -10,9 +10,9 @@ class QTextLayout;
 
 /// The layout of a very long text in paragraphs without tables, lists, frames and images.
 ///
-/// It costs what is looked at: only blocks in view, or asked for, are laid out. The height of the
-/// others is estimated, so the size of the document is an estimate, too, until somebody has been
-/// everywhere. When a height turns out to be another one, what is below moves: see layOut().
+/// Only blocks that are in view, or asked for, are laid out. The heights of the others are
+/// estimated, and so is the size of the document, until every block has been in view. When a height
+/// differs from its estimate, the blocks below move: see layOut().
 class common_KestProcessOutputLayout : public QAbstractTextDocumentLayout
 {
     Q_OBJECT
@@ -26,18 +26,18 @@ public:
     QSizeF documentSize() const override;
     QRectF frameBoundingRect(QTextFrame* frame) const override;
 
-    /// Lays the block out. The height may differ from its estimate, which documentSize() knows at
-    /// once, and documentSizeChanged() tells with the next layOut().
+    /// Lays the block out. When its height differs from the estimate, documentSize() changes at
+    /// once, and documentSizeChanged() is emitted by the next layOut().
     QRectF blockBoundingRect(const QTextBlock& block) const override;
 
-    /// Lays out what is between the two places. Returns whether anything was not laid out before.
+    /// Lays out the blocks between the two positions. Returns whether any was not laid out before.
     bool layOut(qreal top, qreal bottom);
 
-    /// The number of the first block between the two places whose height is known; -1 when there
+    /// The number of the first block between the two positions whose height is known; -1 when there
     /// is none.
     int firstLaidOut(qreal top, qreal bottom) const;
 
-    /// Where the block of that number begins.
+    /// The position of the top of the block of that number.
     qreal top(int block) const;
 
 protected:
@@ -56,7 +56,7 @@ private:
                    qreal top) const;
     int blockAt(qreal place) const;
 
-    /// Known of the text, and found out when somebody asks.
+    /// Depend on the text, and are determined when needed.
     mutable common_BlockHeights m_heights;
     mutable std::vector<int> m_laidOut; ///< numbers of blocks that have their lines
     mutable qreal m_widest = 0;

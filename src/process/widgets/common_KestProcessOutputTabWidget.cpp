@@ -146,7 +146,7 @@ Table* common_KestProcessOutputTabWidget::addTable(const QString& name, const QS
     return table;
 }
 
-// Lists the message when it holds the keyword. Returns the number of messages that are listed.
+// Lists the message if it contains the keyword. Returns the number of listed messages.
 int common_KestProcessOutputTabWidget::list(Table* table, const QString& message,
                                             const QString& keyword, const QString& tabText,
                                             int count)

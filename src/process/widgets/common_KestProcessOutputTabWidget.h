@@ -5,8 +5,8 @@
 class common_KestProcessOutputTableWidget;
 class common_KestProcessOutputTextEdit;
 
-/// Everything that a solver component has printed, in tabs: all of it in colours, the numbered
-/// notices, the numbered warnings, and the errors. Needs the service common_IIconUtility.
+/// The output of a solver component in tabs: all of it in colours, the numbered notices, the
+/// numbered warnings, and the errors. Needs the service common_IIconUtility.
 class common_KestProcessOutputTabWidget : public QTabWidget
 {
     Q_OBJECT
@@ -15,10 +15,10 @@ public:
     explicit common_KestProcessOutputTabWidget(QWidget* parent);
     ~common_KestProcessOutputTabWidget() override;
 
-    /// Plain output, a paragraph for each call.
+    /// Appends ordinary output as a paragraph.
     void append(const QString& text);
 
-    /// Shows the error in the output and among the errors, which come to the front.
+    /// Shows the error in the output and among the errors, whose tab becomes the current one.
     void addError(const QString& text);
 
     /// Shows the warning in the output, and lists it when it is numbered. Returns the number of

@@ -18,7 +18,7 @@ constexpr int countWidth = 45;
 constexpr int lightWeight = 2;
 constexpr qint64 fittingTime = 10; // milliseconds a turn
 
-/// A count that is worked out when it is read.
+/// A count that is calculated when it is read.
 class CountItem : public QTableWidgetItem
 {
 public:
@@ -43,7 +43,7 @@ public:
 
 private:
     const common_MessageOccurrences& m_occurrences;
-    int m_row; // in the order of the messages
+    int m_row; ///< in the order of the messages
 };
 
 } // namespace
@@ -128,8 +128,8 @@ void common_KestProcessOutputTableWidget::addRow(const QString& identifier,
     m_endOfTurn.ask();
 }
 
-// Rows before the new ones are only fitted again where they might come out otherwise. That may take
-// long, and then goes on later.
+// Rows before the new ones are fitted again only if their heights may change. When that takes long,
+// it is continued later.
 void common_KestProcessOutputTableWidget::onTurnEnded()
 {
     const QVector<int> widths = columnWidths();
@@ -149,7 +149,7 @@ void common_KestProcessOutputTableWidget::onTurnEnded()
     }
 }
 
-// The header would otherwise look for the place of every row that it resizes, among all rows.
+// Otherwise the header would search all rows for the position of every row that it resizes.
 void common_KestProcessOutputTableWidget::fitRows()
 {
     QElapsedTimer timer;
@@ -161,7 +161,7 @@ void common_KestProcessOutputTableWidget::fitRows()
     verticalHeader()->setUpdatesEnabled(true);
 }
 
-// Equal messages have equal heights, and to measure texts takes long.
+// Equal messages have equal heights, and measuring text is slow.
 void common_KestProcessOutputTableWidget::fitRow(int row)
 {
     const QPair<QString, QString> texts(item(row, IdentifierColumn)->text(),

@@ -12,23 +12,23 @@
 
 /// The numbered notices, or warnings, of a child process, with their counts.
 ///
-/// Every message is a row of its own. What the cells hold is right at any moment; the heights of
-/// new rows and the drawing of counts wait for the end of the event loop's turn.
+/// Every message is a row. The texts of the cells are always up to date; the heights of new rows
+/// and the drawing of counts are updated at the end of the event loop's turn.
 class common_KestProcessOutputTableWidget : public QTableWidget
 {
     Q_OBJECT
 
 public:
-    /// The name is the kind of message that is listed: "Notice" or "Warning".
+    /// The name is the kind of the listed messages: "Notice" or "Warning".
     common_KestProcessOutputTableWidget(const QString& name, QWidget* parent);
     ~common_KestProcessOutputTableWidget() override;
 
-    /// Adds "IDENTIFIER ...: DESCRIPTION" and counts it for the equal messages before it. A message
-    /// that has no colon, or begins with one, is not added. Returns the number of rows.
+    /// Adds "IDENTIFIER ...: DESCRIPTION" and raises the counts of equal messages before it. A
+    /// message that has no colon, or begins with one, is not added. Returns the number of rows.
     int add(const QString& message);
 
 public Q_SLOTS:
-    /// Puts the selected rows on the clipboard, a line each.
+    /// Copies the selected rows to the clipboard, one line each.
     void copy();
 
     /// Emits cellDoubleClicked() for the current cell.

@@ -15,8 +15,8 @@ namespace {
 
 constexpr int mostStyledCharacters = 200000;
 
-// On a dark base the colours of messages, blue above all, could not be read. All else of the view,
-// its scroll bars for instance, keeps the colours around it.
+// On a dark base the colours of messages, above all blue, could not be read. The rest of the view,
+// such as its scroll bars, keeps the colours of its parent.
 void ensureLightBase(QWidget* view)
 {
     constexpr int middle = 128;
@@ -29,7 +29,7 @@ void ensureLightBase(QWidget* view)
     view->setPalette(readable);
 }
 
-// As QTextDocument::toPlainText() makes it of the characters that a document is kept in.
+// Converts a document's own characters to plain text, as QTextDocument::toPlainText() does.
 QString plainText(QString text)
 {
     for (QChar& character : text) {
@@ -92,8 +92,8 @@ void common_KestProcessOutputTextEdit::finishLayout()
     }
 }
 
-// Before painting the layout must be that of the text; before the user's input is looked at, the
-// place in the text must be right too.
+// Before painting, the layout must be up to date; before the user's input is handled, the position
+// in the text must be up to date, too.
 bool common_KestProcessOutputTextEdit::viewportEvent(QEvent* event)
 {
     endEditing();
@@ -109,7 +109,7 @@ void common_KestProcessOutputTextEdit::keyPressEvent(QKeyEvent* event)
     QTextEdit::keyPressEvent(event);
 }
 
-// What is followed shall still be in view; else what stands at the top.
+// The followed position stays in view, or else the line at the top.
 void common_KestProcessOutputTextEdit::resizeEvent(QResizeEvent* event)
 {
     beginTurn();
@@ -143,9 +143,9 @@ void common_KestProcessOutputTextEdit::scrollContentsBy(int dx, int dy)
     layOutView();
 }
 
-// The ODF that QTextEdit would offer as well contains the images, read from their files. A
-// selection of millions of characters goes without its colours: to make HTML of it takes as long as
-// to read it all from the child.
+// QTextEdit would also offer ODF, for which it would read images from their files. A selection of
+// millions of characters is copied without colours: making HTML from it takes as long as reading
+// all of it from the child.
 QMimeData* common_KestProcessOutputTextEdit::createMimeDataFromSelection() const
 {
     const QTextCursor selection = textCursor();
@@ -194,7 +194,7 @@ void common_KestProcessOutputTextEdit::endEditing()
     }
 }
 
-// The layout may show or hide a scroll bar, and so resize the view: that is part of the turn.
+// The layout may show or hide a scroll bar and thereby resize the view, which is part of the turn.
 void common_KestProcessOutputTextEdit::follow()
 {
     endEditing();
@@ -216,8 +216,7 @@ void common_KestProcessOutputTextEdit::scrollToBottom()
     layOutView();
 }
 
-// After a line that is too wide for the view the next ones shall be seen from their beginning
-// again.
+// After a line that is too wide for the view, the next lines are shown from their beginning again.
 void common_KestProcessOutputTextEdit::scrollToTextCursor()
 {
     if (textCursor().atEnd() && !m_isScrolledSideways) {
@@ -226,7 +225,7 @@ void common_KestProcessOutputTextEdit::scrollToTextCursor()
     showTextCursor();
 }
 
-// To lay out what comes into view may move the text cursor out of it again.
+// Laying out what comes into view may move the text cursor out of view again.
 void common_KestProcessOutputTextEdit::showTextCursor()
 {
     constexpr int mostRounds = 5;
@@ -238,8 +237,8 @@ void common_KestProcessOutputTextEdit::showTextCursor()
     }
 }
 
-// What is laid out for the first time is perhaps higher or lower than was thought. The view stays
-// at its end when it is there; else what was laid out before stays where the user sees it.
+// A block that is laid out for the first time may be higher or lower than its estimate. A view at
+// its end stays there; otherwise blocks that were laid out before stay where the user sees them.
 void common_KestProcessOutputTextEdit::layOutView()
 {
     common_KestProcessOutputLayout* const layout = textLayout();
@@ -297,7 +296,7 @@ void common_KestProcessOutputTextEdit::insertMarkup(const QString& line,
     }
 }
 
-// Null when somebody has given the view another document.
+// Null when the view was given another document.
 common_KestProcessOutputLayout* common_KestProcessOutputTextEdit::textLayout() const
 {
     return qobject_cast<common_KestProcessOutputLayout*>(document()->documentLayout());

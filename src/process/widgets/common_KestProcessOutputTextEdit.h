@@ -11,12 +11,12 @@ struct common_LineStyle;
 
 /// A read-only view of lines that a child process prints, perhaps very many and very fast.
 ///
-/// A line is in the document as soon as it was appended. The scrolling waits for the end of the
-/// event loop's turn and is done for all its lines together. Only what is in view is ever laid out,
-/// so a view that nobody sees costs no more than its text.
+/// A line is in the document as soon as it was appended. Scrolling is done once at the end of the
+/// event loop's turn. Only what is in view is laid out, so a hidden view costs no more than its
+/// text.
 ///
-/// Where the palette's base is dark the view has a light one with dark text, now and later: the
-/// colours of the lines are made for that.
+/// When the palette's base is dark, the view uses a light one with dark text, also after a change
+/// of the palette: the colours of the lines are chosen for that.
 class common_KestProcessOutputTextEdit : public QTextEdit
 {
     Q_OBJECT
@@ -24,23 +24,23 @@ class common_KestProcessOutputTextEdit : public QTextEdit
 public:
     /// How the view scrolls when lines are appended to it.
     enum class Following {
-        Bottom,    ///< stays at the bottom where it is there
+        Bottom,    ///< stays at the bottom if it is there
         TextCursor ///< also scrolls to the text cursor, which stays at the end if it is there
     };
 
     common_KestProcessOutputTextEdit(Following following, QWidget* parent);
     ~common_KestProcessOutputTextEdit() override;
 
-    /// Appends a paragraph as QTextEdit::append() does: rich text where it looks so. But what
-    /// markup the line leaves open ends with it, it begins plain, wherever the text cursor is, and
-    /// blocks in it are lines of text.
+    /// Appends a paragraph as QTextEdit::append() does, as rich text where it looks like that.
+    /// Unlike there, markup that the line leaves open ends with it, the line does not begin in the
+    /// format of the text cursor, and blocks in it become lines of text.
     void appendLine(const QString& line);
 
     /// Appends a line of rich text in that style.
     void appendLine(const QString& line, const common_LineStyle& style);
 
-    /// Scrolls for what was appended in this turn now: to be called before anything that asks where
-    /// something stands in the view, or goes there.
+    /// Scrolls now for the lines that were appended in this turn. Call it before anything that uses
+    /// positions in the view.
     void finishLayout();
 
     /// Scrolls to the text cursor.
@@ -78,6 +78,6 @@ private:
     bool m_isEditing = false; ///< an edit block is open
     bool m_isLayingOut = false;
     bool m_wasAtBottom = false;
-    bool m_isScrolledAway = false;     // by the user, from what would be followed
+    bool m_isScrolledAway = false;     ///< by the user, from the position that is followed
     bool m_isScrolledSideways = false; ///< by the user
 };

@@ -2,8 +2,8 @@
 
 #include <QColor>
 
-/// How a line of output is shown, as if a font tag in that colour, and a b tag in it where the line
-/// is bold, stood around it: markup in the line may end them early.
+/// How a line of output is shown: as if it was enclosed in a font tag with that colour and, if it
+/// is bold, a b tag inside. Markup in the line may end these tags early.
 struct common_LineStyle
 {
     QColor colour;

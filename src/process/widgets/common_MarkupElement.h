@@ -2,7 +2,7 @@
 
 class QString;
 
-/// What the reader of rich text knows of one kind of tag.
+/// What the reader of rich text knows about one kind of tag.
 struct common_MarkupElement
 {
     enum class Kind {
@@ -23,11 +23,11 @@ struct common_MarkupElement
     const char* name;
     Kind kind;
 
-    /// The name of the tag that formats characters as this one does; empty when attributes alone
-    /// do.
+    /// The name of the tag that formats characters as this one does; empty when only attributes do.
     const char* formattedAs;
 
-    /// Of the name in lower case; an inline element of no format for a name that is not known.
+    /// The element of that name, in lower case; an inline element without a format for an unknown
+    /// one.
     static const common_MarkupElement& named(const QString& name);
 
     bool isInline() const { return kind <= Kind::Void; }

@@ -14,7 +14,7 @@ struct Entity
     char16_t character;
 };
 
-// Those of HTML 4 and a few spellings more. In the order of their names.
+// The entities of HTML 4 and a few more spellings, in the order of their names.
 // clang-format off
 constexpr Entity entities[] = {
     {"AElig", 0x00c6},
@@ -278,7 +278,7 @@ constexpr Entity entities[] = {
 };
 // clang-format on
 
-// What stands for the numbers from 0x80 on in the code page that pages are often made in.
+// The characters of the numbers from 0x80 on in the code page that many pages use.
 constexpr char16_t windowsCharacters[] = {
     0x20ac, 0x0081, 0x201a, 0x0192, 0x201e, 0x2026, 0x2020, 0x2021, 0x02c6, 0x2030, 0x0160,
     0x2039, 0x0152, 0x008d, 0x017d, 0x008f, 0x0090, 0x2018, 0x2019, 0x201c, 0x201d, 0x2022,

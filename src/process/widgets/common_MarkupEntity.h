@@ -3,6 +3,6 @@
 class QString;
 class QStringView;
 
-/// The character of an entity, given as what stands between "&" and ";": its name, or "#" and its
-/// number, decimal or, behind an "x", hexadecimal. Null when there is no such entity.
+/// The character of an entity, given by the text between "&" and ";": its name, or "#" and its
+/// number in decimal, or in hexadecimal behind an "x". Null when there is no such entity.
 QString common_markupEntity(QStringView entity);

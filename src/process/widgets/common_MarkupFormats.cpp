@@ -9,7 +9,7 @@
 
 namespace {
 
-// What is kept of the answers: enough for any log that uses colours, and little.
+// The number of cached formats: enough for any log that uses colours, and little memory.
 constexpr int mostKnown = 1000;
 constexpr int longestKnown = 200;
 
@@ -18,8 +18,8 @@ constexpr int greatestPixelSize = 96;
 
 constexpr const char* const usedAttributes[] = {"style", "color", "face", "size", "href", "title"};
 
-// Properties of characters that are taken over. What the text could make the view unusable with,
-// such as the room between characters, is left out.
+// The properties of characters that are copied. Those that could make the view unusable, such as
+// the space between characters, are left out.
 constexpr QTextFormat::Property usedProperties[] = {QTextFormat::ForegroundBrush,
                                                     QTextFormat::BackgroundBrush,
                                                     QTextFormat::FontFamily,
@@ -88,7 +88,7 @@ common_MarkupFormats::Blanks blanksIn(const QString& text)
                                       : common_MarkupFormats::Blanks::Inherited;
 }
 
-// As a fragment, which has nobody to read files for it.
+// As a fragment, which cannot read files.
 common_MarkupFormats::TagFormat askQt(const QString& tag)
 {
     QTextDocument document;

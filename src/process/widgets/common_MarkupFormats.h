@@ -7,12 +7,12 @@
 
 class QString;
 
-/// What the tags of rich text make of the characters in them. QTextDocument is asked, with the tag
-/// alone, so that the tag means the same as in any other text of Qt; answers are kept.
+/// The formats that the tags of rich text give to characters. They are taken from QTextDocument, to
+/// which the tag alone is given, so that tags mean the same as elsewhere in Qt. Results are cached.
 class common_MarkupFormats
 {
 public:
-    /// What becomes of blanks.
+    /// How blanks are treated.
     enum class Blanks {
         Inherited, ///< the same as outside the tag; outside of all tags there is one for several
         Unbroken,  ///< one for several, and lines do not break there
@@ -27,10 +27,10 @@ public:
 
     using Attributes = QVector<QPair<QString, QString>>;
 
-    /// Of a tag by its name. Sizes are limited; attributes that do not concern characters and
-    /// anything that names a file are ignored.
+    /// The format of a tag with attributes. Sizes are limited; attributes that do not concern
+    /// characters, and anything that names a file, are ignored.
     TagFormat of(const QString& tag, const Attributes& attributes);
 
 private:
-    QHash<QString, TagFormat> m_known; ///< by the tag as it is asked for
+    QHash<QString, TagFormat> m_known; ///< by the tag with its attributes
 };

@@ -2,6 +2,7 @@
 
 #include "common_LineStyle.h"
 #include "common_MarkupElement.h"
+#include "common_MarkupLines.h"
 #include "common_MarkupScanner.h"
 
 #include <QBrush>
@@ -22,118 +23,7 @@ using Line = common_MarkupReader::Line;
 
 constexpr int ruleLength = 40;
 
-/// The lines as they grow, and what becomes of blanks in them.
-class Lines
-{
-public:
-    void setFormat(const QTextCharFormat& format)
-    {
-        m_format = format;
-        m_isNewFormat = true;
-    }
-
-    void addText(const QString& text, Blanks blanks)
-    {
-        if (blanks == Blanks::Kept) {
-            m_nextBlank = NextBlank::Kept;
-        }
-        for (const QChar character : text) {
-            addCharacter(character, blanks);
-        }
-    }
-
-    /// Also for what is made up here: it takes the place of no blanks.
-    void addVerbatim(const QString& text)
-    {
-        beginPendingLine();
-        put(text);
-        m_nextBlank = NextBlank::Kept;
-    }
-
-    /// Before a block. It may be the first one in a cell or an item of a list.
-    void breakLineBefore() { m_isBreakPending = m_isBreakPending || !m_isFresh; }
-
-    void breakLineBehind() { m_isBreakPending = !m_lines.back().isEmpty(); }
-
-    /// Goes on in the same line after all.
-    void continueLine() { m_isBreakPending = false; }
-
-    /// After what is made up at the beginning of a cell or an item.
-    void beginContents()
-    {
-        m_isFresh = true;
-        dropBlanks();
-    }
-
-    void dropBlanks() { m_nextBlank = NextBlank::Dropped; }
-
-    QVector<Line> take() { return std::move(m_lines); }
-
-private:
-    enum class NextBlank { Kept, Dropped };
-
-    void addCharacter(QChar character, Blanks blanks)
-    {
-        const bool isBlank = character.isSpace() && character != QChar::Nbsp &&
-                             character != QChar::ParagraphSeparator;
-        if (!isBlank) {
-            beginPendingLine();
-            m_nextBlank = NextBlank::Kept;
-        } else if (blanks == Blanks::Kept) {
-            if (character == QLatin1Char('\r')) {
-                return;
-            }
-        } else {
-            if (m_nextBlank == NextBlank::Dropped || m_isBreakPending) {
-                return;
-            }
-            m_nextBlank = NextBlank::Dropped;
-            character = blanks == Blanks::Unbroken ? QChar(QChar::Nbsp) : QLatin1Char(' ');
-        }
-        beginPendingLine();
-        if (character == QLatin1Char('\n') || character == QChar::ParagraphSeparator) {
-            beginLine();
-        } else {
-            put(character);
-        }
-    }
-
-    void beginPendingLine()
-    {
-        if (m_isBreakPending) {
-            beginLine();
-        }
-    }
-
-    void beginLine()
-    {
-        m_lines.append(Line());
-        m_isNewFormat = true;
-        m_isBreakPending = false;
-        beginContents();
-    }
-
-    template <typename Text>
-    void put(const Text& text)
-    {
-        Line& line = m_lines.back();
-        if (std::exchange(m_isNewFormat, false) &&
-            (line.isEmpty() || line.back().format != m_format)) {
-            line.append({QString(), m_format});
-        }
-        line.back().text += text;
-        m_isFresh = false;
-    }
-
-    QVector<Line> m_lines = {Line()};
-    QTextCharFormat m_format;
-    bool m_isNewFormat = true;
-    bool m_isBreakPending = false;
-    bool m_isFresh = true; // at the beginning of a line, a cell or an item
-    NextBlank m_nextBlank = NextBlank::Dropped;
-};
-
-/// The tags that are open, and the lines that come of what is between them.
+/// Reads one text: keeps the open tags and collects the lines.
 class Reading
 {
 public:
@@ -186,8 +76,8 @@ private:
         QTextCharFormat format;
         Blanks blanks = Blanks::Inherited;
         bool isHidden = false;
-        int items = 0;  // of a list, or cells of a row
-        int block = -1; // the nearest one around, as an index; itself for a block
+        int items = 0;  ///< of a list, or cells of a row
+        int block = -1; ///< index of the innermost open block, which may be this tag
         int list = -1;
         int row = -1;
         int listDepth = 0;
@@ -248,7 +138,7 @@ private:
         return result;
     }
 
-    // Some tags end others that nobody has closed, as they cannot stand in them.
+    // Some tags close others that were left open, because they cannot be inside of them.
     void closeWhatEndsBefore(const QString& name, const common_MarkupElement& element)
     {
         if (name == QLatin1String("p")) {
@@ -276,7 +166,7 @@ private:
         }
     }
 
-    // Where a cell is a paragraph, the next one stands in the same line nevertheless.
+    // After a cell that contains a paragraph, the next cell is in the same line nevertheless.
     void beginCell()
     {
         const int row = current().row;
@@ -339,7 +229,7 @@ private:
         return QStringLiteral("[%1]").arg(text);
     }
 
-    // The closing of one that is not open is nothing.
+    // Ignores the closing of a tag that is not open.
     void closeTag(const QString& name)
     {
         if (m_openNames.value(name) == 0) {
@@ -411,8 +301,8 @@ private:
     }
 
     common_MarkupFormats& m_formats;
-    Lines m_lines;
-    std::vector<OpenTag> m_open; // the first one is no tag
+    common_MarkupLines m_lines;
+    std::vector<OpenTag> m_open; ///< the first element is not a tag
     QHash<QString, int> m_openNames;
     int m_openTables = 0;
 };

@@ -8,7 +8,7 @@
 class QString;
 struct common_LineStyle;
 
-/// Some text in one format.
+/// Text in one format.
 struct common_FormattedText
 {
     QString text;
@@ -17,9 +17,9 @@ struct common_FormattedText
 
 /// Reads rich text, in time linear in its length, as lines of formatted text.
 ///
-/// Inline formatting is that of QTextDocument. What stands in blocks there is text in lines here:
-/// the cells of a table's row with tabs between them, items of a list with their bullet or number,
-/// the name of an image in brackets, a rule as a line of hyphens.
+/// Inline formatting is that of QTextDocument. Blocks become lines of text: the cells of a table's
+/// row with tabs between them, items of a list with their bullet or number, the name of an image in
+/// brackets, a rule as a line of hyphens.
 class common_MarkupReader
 {
 public:

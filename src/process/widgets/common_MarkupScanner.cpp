@@ -70,7 +70,7 @@ common_MarkupScanner::Token common_MarkupScanner::readTag()
 
 void common_MarkupScanner::skipComment()
 {
-    constexpr int beginLength = 4; // an exclamation mark and, as QTextDocument has it, three more
+    constexpr int beginLength = 4; // an exclamation mark and three more, as in QTextDocument
     const bool isComment =
         hasNext(QLatin1Char('-'), 1) && m_position + beginLength - 1 < m_text.size();
     const QLatin1String end(isComment ? "-->" : ">");
@@ -89,7 +89,7 @@ common_MarkupScanner::Token common_MarkupScanner::readClosingTag()
     return tag;
 }
 
-// One without a value has the value "1"; one with an empty value is none.
+// An attribute without a value has the value "1"; one with an empty value is ignored.
 QVector<QPair<QString, QString>> common_MarkupScanner::readAttributes()
 {
     QVector<QPair<QString, QString>> attributes;
@@ -116,7 +116,7 @@ QVector<QPair<QString, QString>> common_MarkupScanner::readAttributes()
     return attributes;
 }
 
-// Returns whether a slash was among what was skipped.
+// Returns whether the skipped text contained a slash.
 bool common_MarkupScanner::skipToTagEnd()
 {
     bool hasSlash = false;
@@ -150,7 +150,7 @@ QString common_MarkupScanner::readWord()
     return word;
 }
 
-// Between single quotes there are no entities, and a backslash in front of a quote keeps it.
+// In single quotes, entities are not resolved, and a backslash escapes a quote.
 QString common_MarkupScanner::readQuoted(QChar quote)
 {
     const bool isDouble = quote == QLatin1Char('"');
@@ -171,7 +171,7 @@ QString common_MarkupScanner::readQuoted(QChar quote)
     return word;
 }
 
-// Behind the "&". What is no entity is the character itself.
+// Called behind the "&". Text that is not an entity is kept as it is.
 QString common_MarkupScanner::readEntity()
 {
     const QStringView rest = m_text.mid(m_position, longestEntity);

@@ -5,8 +5,7 @@
 #include <QStringView>
 #include <QVector>
 
-/// Takes rich text apart into texts and tags, in the way that QTextDocument reads it, in one pass.
-/// Any text is accepted.
+/// Splits rich text into texts and tags in one pass, as QTextDocument does. Any text is accepted.
 class common_MarkupScanner
 {
 public:
@@ -20,15 +19,15 @@ public:
         bool isClosed = false;                       ///< an opening tag that also closes itself
     };
 
-    /// Whether markup goes on behind the text. An entity may end where all ends.
+    /// Whether other markup follows the text. An entity may end at the end of everything.
     enum class End { OfPart, OfAll };
 
-    /// The text must stay until the scanner is gone.
+    /// The text must outlive the scanner.
     common_MarkupScanner(QStringView text, End end);
 
     bool atEnd() const { return m_position >= m_text.size(); }
 
-    /// The next token. Only to be asked for before the end.
+    /// The next token. Call it only before the end.
     Token next();
 
     void skipBlanks();

@@ -6,7 +6,7 @@
 
 namespace {
 
-// The count that is written as the text is; 0 when there is none.
+// The number that is written exactly like the text; 0 when there is none.
 int asCount(const QString& text)
 {
     const int number = text.toInt();
@@ -27,7 +27,7 @@ const T& at(const std::vector<T>& values, int index)
 
 } // namespace
 
-// The counts are looked at as they are before this message raises any.
+// Uses the counts before this message raises any.
 void common_MessageOccurrences::add(const QString& identifier, const QString& description)
 {
     const int raisedText = textNumber(description);
@@ -54,8 +54,8 @@ int common_MessageOccurrences::count(int row) const
     return std::prev(behind)->base + raiseOf(family);
 }
 
-// Of the same texts, that is: letter by letter without regard to case, as QString::compare() has
-// it. QString::toCaseFolded() would make one letter into several.
+// Texts are the same when they are equal letter by letter without regard to case, as
+// QString::compare() does it. QString::toCaseFolded() would turn some letters into several.
 uint common_MessageOccurrences::Text::hash(uint seed) const
 {
     QString folded = spelling;
@@ -92,13 +92,13 @@ int common_MessageOccurrences::raiseOf(const Family& family) const
     return at(m_raises, family.identifier) + at(m_raises, family.description);
 }
 
-// No count is above this, for a message raises a row by its count only where it raises any so.
+// No count is above this: a message raises a row by its count only if it raises any row that way.
 int common_MessageOccurrences::highestCount() const
 {
     return 1 + 2 * m_highestRaise + m_raisesByCount;
 }
 
-// A run that reaches the count of the one before it becomes part of that.
+// A run that reaches the count of the previous run is merged with it.
 void common_MessageOccurrences::raiseRowsWithCount(int count)
 {
     bool raised = false;

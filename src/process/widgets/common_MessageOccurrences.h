@@ -6,16 +6,16 @@
 
 #include <vector>
 
-/// Counts, for every message of a table, how often it has occurred since.
+/// Counts, for every message of a table, how often an equal one has occurred since.
 ///
 /// Each message is a row with an identifier, a count that begins at 1 and a description. A new
 /// message raises the count of every row before it by one for each of the row's three texts that
 /// equals the new description, the case of letters aside. So a description that is a number also
 /// raises the rows that have just that count.
 ///
-/// Adding and reading cost about the same for any number of rows: rows with the same texts share
-/// what they are raised by. Only a description that is a number is held against every pair of
-/// texts that there is.
+/// Adding and reading take about the same time for any number of rows: rows with the same texts
+/// share one number by which they are raised. Only a description that is a number is compared with
+/// every pair of texts.
 class common_MessageOccurrences
 {
 public:
@@ -43,7 +43,7 @@ private:
     struct Run
     {
         int firstMember;
-        int base; ///< the count without what all the family's rows were raised by
+        int base; ///< the count minus the number by which all rows of the family were raised
     };
 
     /// The rows with the same two texts, in order: earlier ones have the higher counts.

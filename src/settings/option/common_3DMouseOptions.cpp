@@ -28,7 +28,9 @@ bool registerSensitivity()
     common_PropertyFactory::addMetaData(
         sensitivityKey(),
         common_PropertyMetaData(sensitivityKey(), QString(), common_PropertyMetaData::Double,
-                                common_PropertyMetaData::Single, 3));
+                                common_PropertyMetaData::Single,
+                                common_PropertyMetaData::Persistent |
+                                    common_PropertyMetaData::Assigned));
     return true;
 }
 

@@ -1,12 +1,16 @@
-// The part of the launch options that makes command lines of them.
+// The part of the launch options that makes the components' command lines from them.
 
 #include <common_ComponentsLaunchOptions.h>
+
+#include "common_LaunchOptionKeys.h"
 
 #include <QRegExp>
 
 #include <utility>
 
 namespace {
+
+namespace keys = common_LaunchOptionKeys;
 
 constexpr int normalPriority = 2;
 constexpr int mpiExecution = 1;
@@ -17,7 +21,7 @@ QRegExp whiteSpace()
     return QRegExp(QStringLiteral("\\s"));
 }
 
-// 0 is no member of the enumeration; old files hold it, and it has always meant a local run.
+// 0 is not a member of the enumeration; old files contain it, and it means a local run.
 QString authenticationWord(int method)
 {
     switch (method) {
@@ -45,17 +49,25 @@ QString thresholdWord(int threshold)
 
 } // namespace
 
+struct common_ComponentsLaunchOptions::Argument
+{
+    const char* text;      ///< "%1" stands for the value
+    const char* valueKey;  ///< null when the text has no value
+    const char* switchKey; ///< the boolean option that decides; null when nothing does
+    bool expected;         ///< the switch's value with which the argument is passed
+};
+
 QStringList common_ComponentsLaunchOptions::getPrekestOptions() const
 {
-    QStringList list;
-    addConditionalCommandOption(list, QStringLiteral("--ignore-errors"),
-                                QStringLiteral("Prekest.ContinueWithErrors"), true);
-    addCommandOption(list, text("Prekest.AdvancedOptions"));
-    addConditionalCommandOption(list, QStringLiteral("--print-variables"),
-                                QStringLiteral("Prekest.ExportVariablesToStdOut"), true);
-    addConditionalCommandOption(list, QStringLiteral("--print-variables-to-out"),
-                                QStringLiteral("Prekest.ExportVariablesToOutFile"), true);
-    return list;
+    // clang-format off
+    return argumentsOf({
+        // text, key of "%1", key of its switch, value of the switch
+        {"--ignore-errors",          nullptr,                      keys::prekestContinueWithErrors,       true},
+        {"%1",                       keys::prekestAdvancedOptions, nullptr,                               true},
+        {"--print-variables",        nullptr,                      keys::prekestExportVariablesToStdOut,  true},
+        {"--print-variables-to-out", nullptr,                      keys::prekestExportVariablesToOutFile, true},
+    });
+    // clang-format on
 }
 
 QStringList common_ComponentsLaunchOptions::getKestSequentialOptions(bool remoteRun) const
@@ -64,7 +76,7 @@ QStringList common_ComponentsLaunchOptions::getKestSequentialOptions(bool remote
     addPriorityOption(list);
     addGPUCommandOptions(list);
     addRemoteMethodOption(list, remoteRun);
-    addCommandOption(list, text("Kest.AdvancedOptions"));
+    addCommandOption(list, text(keys::kestAdvancedOptions));
     addKestOptions(list);
     return list;
 }
@@ -74,84 +86,86 @@ QStringList common_ComponentsLaunchOptions::getKestParallelOptions(bool remoteRu
     QStringList list;
     addPriorityOption(list);
     addConditionalCommandOption(
-        list, QStringLiteral("-NP %1").arg(text("Kest.NumberOfParallelProcesses")),
-        QStringLiteral("Kest.SpecifyParallelProcesses"), true);
-    addCommandOption(list, QStringLiteral("--parallel-authenticate %1")
-                               .arg(authenticationWord(integer("Kest.ParallelAuthenticMethod"))));
+        list, QStringLiteral("-NP %1").arg(text(keys::kestNumberOfParallelProcesses)),
+        QLatin1String(keys::kestSpecifyParallelProcesses), true);
+    addCommandOption(list,
+                     QStringLiteral("--parallel-authenticate %1")
+                         .arg(authenticationWord(integer(keys::kestParallelAuthenticMethod))));
     addGPUCommandOptions(list);
     addRemoteMethodOption(list, remoteRun);
-    // Simplified first: here blanks only are no element, unlike in a sequential run.
-    addCommandOption(list, text("Kest.AdvancedOptions").simplified());
+    // Simplified first: unlike in a sequential run, text that consists of blanks adds no element.
+    addCommandOption(list, text(keys::kestAdvancedOptions).simplified());
     addKestOptions(list);
     return list;
 }
 
 QStringList common_ComponentsLaunchOptions::getKestRemoteOptions() const
 {
-    return text("Kest.RemoteHost").split(whiteSpace());
+    return text(keys::kestRemoteHost).split(whiteSpace());
 }
 
 QStringList common_ComponentsLaunchOptions::getAdaptkestOptions() const
 {
-    QStringList list;
-    addConditionalCommandOption(
-        list, QStringLiteral("--restart %1").arg(integer("Adaptkest.AnalysisNumber")),
-        QStringLiteral("Adaptkest.RestartAnalysisNumber"), true);
-    addConditionalCommandOption(list, QStringLiteral("--keep-files"),
-                                QStringLiteral("Adaptkest.DeleteTempFiles"), false);
-    return list;
+    // clang-format off
+    return argumentsOf({
+        // text, key of "%1", key of its switch, value of the switch
+        {"--restart %1", keys::adaptkestAnalysisNumber, keys::adaptkestRestartAnalysisNumber, true},
+        {"--keep-files", nullptr,                       keys::adaptkestDeleteTempFiles,       false},
+    });
+    // clang-format on
 }
 
 QStringList common_ComponentsLaunchOptions::getOptkestOptions() const
 {
-    QStringList list;
-    addCommandOption(list, QStringLiteral("-NP %1").arg(integer("Optkest.NumberOfFarmProcesses")));
-    addConditionalCommandOption(list,
-                                QStringLiteral("--restart %1").arg(integer("Optkest.SolverRun")),
-                                QStringLiteral("Optkest.RestartFromSolverRun"), true);
-    addConditionalCommandOption(list, QStringLiteral("-r"),
-                                QStringLiteral("Optkest.DeleteAllFiles"), true);
-    return list;
+    // clang-format off
+    return argumentsOf({
+        // text, key of "%1", key of its switch, value of the switch
+        {"-NP %1",       keys::optkestNumberOfFarmProcesses, nullptr,                           true},
+        {"--restart %1", keys::optkestSolverRun,             keys::optkestRestartFromSolverRun, true},
+        {"-r",           nullptr,                            keys::optkestDeleteAllFiles,       true},
+    });
+    // clang-format on
 }
 
 QStringList common_ComponentsLaunchOptions::getAmrkestOptions() const
 {
     QStringList list;
-    const int iterations = integer("Amrkest.MaximumIterations");
-    if (boolean("Amrkest.SpecifyMaximumIterations") && iterations > 0) {
+    const int iterations = integer(keys::amrkestMaximumIterations);
+    if (boolean(keys::amrkestSpecifyMaximumIterations) && iterations > 0) {
         addCommandOption(list, QStringLiteral("--max-iterations %1").arg(iterations));
     }
-    const QString frequency = text("Amrkest.Frequency");
-    if (boolean("Amrkest.SpecifyFrequency") && !frequency.isEmpty()) {
+    const QString frequency = text(keys::amrkestFrequency);
+    if (boolean(keys::amrkestSpecifyFrequency) && !frequency.isEmpty()) {
         addCommandOption(list, QStringLiteral("--frequency %1").arg(frequency));
     }
-    const QString threshold = thresholdWord(integer("Amrkest.ErrorThreshold"));
+    const QString threshold = thresholdWord(integer(keys::amrkestErrorThreshold));
     if (!threshold.isEmpty()) {
         addCommandOption(list, QStringLiteral("--error-threshold %1").arg(threshold));
     }
-    addConditionalCommandOption(list, QStringLiteral("--keep-files"),
-                                QStringLiteral("Amrkest.DeleteTempFiles"), false);
-    addConditionalCommandOption(list, QStringLiteral("--skip-final-solve"),
-                                QStringLiteral("Amrkest.SkipFinalSolve"), true);
-    addCommandOption(list, text("Amrkest.AdvancedOptions"));
-    return list;
+    // clang-format off
+    return list << argumentsOf({
+        {"--keep-files",       nullptr,                      keys::amrkestDeleteTempFiles, false},
+        {"--skip-final-solve", nullptr,                      keys::amrkestSkipFinalSolve,  true},
+        {"%1",                 keys::amrkestAdvancedOptions, nullptr,                      true},
+    });
+    // clang-format on
 }
 
 QStringList common_ComponentsLaunchOptions::getEnvironmentOptions() const
 {
     return QStringList(
-               QStringLiteral("KEST_MPISTATISTICS=%1").arg(integer("Kest.ParallelEnvOptions")))
-           << text("EnvironmentVariables").split(QLatin1Char('\n'));
+               QStringLiteral("KEST_MPISTATISTICS=%1").arg(integer(keys::kestParallelEnvOptions)))
+           << text(keys::environmentVariables).split(QLatin1Char('\n'));
 }
 
 bool common_ComponentsLaunchOptions::isLocalOnlySpecified() const
 {
-    return integer("Kest.ParallelAuthenticMethod") == localRunOnly;
+    return integer(keys::kestParallelAuthenticMethod) == localRunOnly;
 }
 
 bool common_ComponentsLaunchOptions::isRemoteHostArgumentSpecified() const
 {
-    return !text("Kest.RemoteHost").trimmed().isEmpty();
+    return !text(keys::kestRemoteHost).trimmed().isEmpty();
 }
 
 bool common_ComponentsLaunchOptions::boolean(const char* key) const
@@ -169,7 +183,26 @@ QString common_ComponentsLaunchOptions::text(const char* key) const
     return (*this)[QString::fromLatin1(key)].castToQString();
 }
 
-// Text of blanks only is not empty, and gives one empty element.
+QStringList
+common_ComponentsLaunchOptions::argumentsOf(std::initializer_list<Argument> arguments) const
+{
+    QStringList list;
+    for (const Argument& argument : arguments) {
+        QString option = QLatin1String(argument.text);
+        if (argument.valueKey) {
+            option = option.arg(text(argument.valueKey));
+        }
+        if (argument.switchKey) {
+            addConditionalCommandOption(list, option, QLatin1String(argument.switchKey),
+                                        argument.expected);
+        } else {
+            addCommandOption(list, option);
+        }
+    }
+    return list;
+}
+
+// Text that consists of blanks is not empty, and becomes one empty element.
 // NOLINTNEXTLINE(*-unnecessary-value-param, *-member-functions-to-static): declared so
 void common_ComponentsLaunchOptions::addCommandOption(QStringList& list, QString text) const
 {
@@ -192,10 +225,10 @@ void common_ComponentsLaunchOptions::addKestOptions(QStringList& list) const
 {
     const QString switchText = QStringLiteral("--kest-options");
     QString option = switchText;
-    if (boolean("Kest.CheckGeometryOnly")) {
+    if (boolean(keys::kestCheckGeometryOnly)) {
         option += QStringLiteral(" --check-only");
     }
-    if (boolean("Kest.ExportSPICEMTLCircuitFiles")) {
+    if (boolean(keys::kestExportSPICEMTLCircuitFiles)) {
         option += QStringLiteral(" --mtl-circuit-export");
     }
     if (option != switchText) {
@@ -203,16 +236,16 @@ void common_ComponentsLaunchOptions::addKestOptions(QStringList& list) const
     }
 }
 
-// With the GPUs switched off the solver is told so, unless the user has dismissed the note about
-// them; then it hears nothing.
+// With GPUs switched off the solver gets the count 0, unless the user has dismissed the note about
+// GPUs; then it gets no GPU option at all.
 void common_ComponentsLaunchOptions::addGPUCommandOptions(QStringList& list) const
 {
-    const bool use = boolean("Kest.UseGPUforNVIDIA");
-    const QString count = text("Kest.NumberOfGPUs");
-    const QString gpus = text("Kest.GPUsList");
+    const bool use = boolean(keys::kestUseGPUforNVIDIA);
+    const QString count = text(keys::kestNumberOfGPUs);
+    const QString gpus = text(keys::kestGPUsList);
     QString option;
     if (!use) {
-        if (!boolean("Kest.DisableGPUNote")) {
+        if (!boolean(keys::kestDisableGPUNote)) {
             option = QStringLiteral("--use-gpu %1").arg(0);
         }
     } else if (count.isEmpty() && gpus.isEmpty()) {
@@ -229,7 +262,7 @@ void common_ComponentsLaunchOptions::addGPUCommandOptions(QStringList& list) con
 
 void common_ComponentsLaunchOptions::addPriorityOption(QStringList& list) const
 {
-    const int priority = integer("Kest.ProcessPriority");
+    const int priority = integer(keys::kestProcessPriority);
     if (priority != normalPriority) {
         addCommandOption(list, QStringLiteral("--priority %1").arg(priority));
     }
@@ -237,7 +270,7 @@ void common_ComponentsLaunchOptions::addPriorityOption(QStringList& list) const
 
 void common_ComponentsLaunchOptions::addRemoteMethodOption(QStringList& list, bool remoteRun) const
 {
-    if (integer("Kest.RemoteExecutionMethod") == mpiExecution && remoteRun &&
+    if (integer(keys::kestRemoteExecutionMethod) == mpiExecution && remoteRun &&
         isRemoteHostArgumentSpecified()) {
         addCommandOption(list, QStringLiteral("--remote-use-mpi"));
     }

@@ -13,7 +13,6 @@
 namespace {
 
 constexpr const char* sourceFile = "src/settings/option/common_ComponentsLaunchOptions.cpp";
-constexpr int fewestFarmProcesses = 2;
 
 // Before main(): metadata is there before any object is.
 const bool optionsAreRegistered = (common_LaunchOptionTable::registerOptions(), true);
@@ -23,11 +22,47 @@ QString groupName()
     return QStringLiteral("options");
 }
 
-// A farm of one is none.
-int valueWithFloor(const QString& key, int value)
+// The property's value in the type that the settings file keeps it in.
+QVariant valueOf(const common_Property& property, common_PropertyMetaData::Type type)
 {
-    return key == QLatin1String("Optkest.NumberOfFarmProcesses") ? qMax(value, fewestFarmProcesses)
-                                                                 : value;
+    switch (type) {
+    case common_PropertyMetaData::Boolean:
+        return property.castToBool();
+    case common_PropertyMetaData::Integer:
+        return property.castToInt();
+    default:
+        return property.castToQString();
+    }
+}
+
+QVariant defaultOf(const common_LaunchOption& option)
+{
+    switch (option.type) {
+    case common_PropertyMetaData::Boolean:
+        return option.defaultValue != 0;
+    case common_PropertyMetaData::Integer:
+        return option.defaultValue;
+    default:
+        return QString();
+    }
+}
+
+// A value of the wrong form becomes what QVariant makes of it.
+void assign(common_PropertyReference property, const common_LaunchOption& option,
+            const QVariant& value)
+{
+    switch (option.type) {
+    case common_PropertyMetaData::Boolean:
+        property.assignFromBool(value.toBool());
+        break;
+    case common_PropertyMetaData::Integer:
+        property.assignFromInt(qMax(value.toInt(), option.smallest));
+        break;
+    default:
+        property.assignFromQString(value.toString());
+        break;
+    }
+    property.notify();
 }
 
 } // namespace
@@ -120,48 +155,18 @@ void common_ComponentsLaunchOptions::setIgnoreValues()
 
 void common_ComponentsLaunchOptions::doReadSettings(QSettings& settings)
 {
-    for (const QString& key : common_LaunchOptionTable::readOrder()) {
-        readProperty(settings, key);
+    for (const common_LaunchOption* option : common_LaunchOptionTable::readOrder()) {
+        const QString key = QLatin1String(option->key);
+        assign((*this)[key], *option, settings.value(key, defaultOf(*option)));
     }
-}
-
-// A value of the wrong form is what QVariant makes of it, and no range is checked: consistency is
-// the business of those who use the values.
-void common_ComponentsLaunchOptions::readProperty(QSettings& settings, const QString& key)
-{
-    const common_LaunchOption& option = common_LaunchOptionTable::option(key);
-    common_PropertyReference property = (*this)[key];
-    switch (option.type) {
-    case common_PropertyMetaData::Boolean:
-        property.assignFromBool(settings.value(key, option.defaultValue != 0).toBool());
-        break;
-    case common_PropertyMetaData::Integer:
-        property.assignFromInt(
-            valueWithFloor(key, settings.value(key, option.defaultValue).toInt()));
-        break;
-    default:
-        property.assignFromQString(settings.value(key, QString()).toString());
-        break;
-    }
-    property.notify();
 }
 
 void common_ComponentsLaunchOptions::doWriteSettings(QSettings& settings)
 {
     const common_ComponentsLaunchOptions& self = *this;
-    for (const QString& key : common_LaunchOptionTable::writeOrder()) {
-        const common_Property property = self[key];
-        switch (common_LaunchOptionTable::option(key).type) {
-        case common_PropertyMetaData::Boolean:
-            settings.setValue(key, property.castToBool());
-            break;
-        case common_PropertyMetaData::Integer:
-            settings.setValue(key, property.castToInt());
-            break;
-        default:
-            settings.setValue(key, property.castToQString());
-            break;
-        }
+    for (const common_LaunchOption* option : common_LaunchOptionTable::writeOrder()) {
+        const QString key = QLatin1String(option->key);
+        settings.setValue(key, valueOf(self[key], option->type));
     }
 }
 
@@ -170,13 +175,15 @@ void common_ComponentsLaunchOptions::doMemberwiseCopy(const common_ComponentsLau
     m_pLockFile = other.m_pLockFile;
 }
 
-// Not in the file, and true whatever an old file says.
+// Options that no file keeps have their default in every new object, whatever an old file says.
 void common_ComponentsLaunchOptions::doMemberwiseInitialisation()
 {
-    common_PropertyReference property =
-        (*this)[QStringLiteral("Optkest.SpecifyNumberOfFarmProcesses")];
-    property.assignFromBool(true);
-    property.notify();
+    constexpr int fixed = common_PropertyMetaData::Transient | common_PropertyMetaData::Assigned;
+    for (const common_LaunchOption& option : common_LaunchOptionTable::options()) {
+        if (option.flags == fixed) {
+            assign((*this)[QLatin1String(option.key)], option, defaultOf(option));
+        }
+    }
 }
 
 void common_ComponentsLaunchOptions::doConnect()

@@ -1,5 +1,7 @@
 #include "common_LaunchOptionTable.h"
 
+#include "common_LaunchOptionKeys.h"
+
 #include <common_PropertyFactory.h>
 
 #include <algorithm>
@@ -46,110 +48,73 @@ QVector<EnumType> errorThresholds()
 
 QVector<common_LaunchOption> optionTable()
 {
+    namespace keys = common_LaunchOptionKeys;
     constexpr auto Boolean = common_PropertyMetaData::Boolean;
     constexpr auto String = common_PropertyMetaData::String;
     constexpr auto Integer = common_PropertyMetaData::Integer;
+    constexpr int kept = common_PropertyMetaData::Persistent | common_PropertyMetaData::Assigned;
+    constexpr int fixed = common_PropertyMetaData::Transient | common_PropertyMetaData::Assigned;
+    constexpr int unused = common_PropertyMetaData::Transient;
     return {
-        // key, type, label, default, flags, persisted, members
-        {"Prekest.AdvancedOptions",              String,  "",                                               0,     3,  true,  {}},
-        {"Kest.CheckGeometryOnly",               Boolean, "",                                               false, 3,  true,  {}},
-        {"Kest.ProcessPriority",                 Integer, "Process priority",                               2,     3,  true,  processPriorities()},
-        {"Kest.UseGPUforNVIDIA",                 Boolean, "",                                               false, 3,  true,  {}},
-        {"Kest.RemoteHost",                      String,  "",                                               0,     3,  true,  {}},
-        {"Kest.RemoteExecutionMethod",           Integer, "",                                               1,     3,  true,  remoteExecutionMethods()},
-        {"Kest.SpecifyParallelProcesses",        Boolean, "",                                               false, 3,  true,  {}},
-        {"Prekest.ContinueWithErrors",           Boolean, "",                                               false, 3,  true,  {}},
-        {"Kest.NumberOfParallelProcesses",       Integer, "",                                               1,     3,  true,  {}},
-        {"Kest.UseSharedMemory",                 Boolean, "",                                               false, 3,  true,  {}},
-        {"Kest.ParallelEnvOptions",              Integer, "",                                               0,     3,  true,  {}},
-        {"Kest.ParallelAuthenticMethod",         Integer, "Parallel authentication method",                 1,     3,  true,  parallelAuthenticMethods()},
-        {"Kest.AdvancedOptions",                 String,  "",                                               0,     3,  true,  {}},
-        {"Adaptkest.RestartAnalysisNumber",      Boolean, "",                                               false, 3,  true,  {}},
-        {"Adaptkest.AnalysisNumber",             Integer, "",                                               1,     3,  true,  {}},
-        {"Adaptkest.DeleteTempFiles",            Boolean, "",                                               true,  3,  true,  {}},
-        {"Prekest.ExportVariablesToStdOut",      Boolean, "",                                               false, 3,  true,  {}},
-        {"Optkest.RestartFromSolverRun",         Boolean, "",                                               false, 3,  true,  {}},
-        {"Optkest.SolverRun",                    Integer, "",                                               1,     3,  true,  {}},
-        {"Optkest.DeleteAllFiles",               Boolean, "",                                               false, 3,  true,  {}},
-        {"Optkest.SpecifyNumberOfFarmProcesses", Boolean, "",                                               true,  66, false, {}},
-        {"Optkest.NumberOfFarmProcesses",        Integer, "",                                               2,     3,  true,  {}},
-        {"EnvironmentVariables",                 String,  "",                                               0,     3,  true,  {}},
-        {"Kest.DisableGPUNote",                  Boolean, "",                                               false, 3,  true,  {}},
-        {"Kest.NumberOfGPUs",                    String,  "",                                               0,     3,  true,  {}},
-        {"Kest.GPUsList",                        String,  "",                                               0,     3,  true,  {}},
-        {"Prekest.ExportVariablesToOutFile",     Boolean, "",                                               false, 3,  true,  {}},
-        {"RunDetailsShown",                      Boolean, "Show the details on the Kest Solver run dialog", false, 3,  true,  {}},
-        {"Kest.ExportSPICEMTLCircuitFiles",      Boolean, "",                                               false, 3,  true,  {}},
-        {"Amrkest.ErrorThreshold",               Integer, "",                                               1,     3,  true,  errorThresholds()},
-        {"Amrkest.Frequency",                    String,  "",                                               0,     3,  true,  {}},
-        {"Amrkest.MaximumIterations",            Integer, "",                                               1,     3,  true,  {}},
-        {"Amrkest.AdvancedOptions",              String,  "",                                               0,     3,  true,  {}},
-        {"Amrkest.SpecifyFrequency",             Boolean, "",                                               false, 3,  true,  {}},
-        {"Amrkest.SpecifyMaximumIterations",     Boolean, "",                                               false, 3,  true,  {}},
-        {"Amrkest.DeleteTempFiles",              Boolean, "",                                               true,  3,  true,  {}},
-        {"Amrkest.SkipFinalSolve",               Boolean, "",                                               false, 3,  true,  {}},
-        {"RunParallel",                          Boolean, "Run the parallel Kest Solver",                   false, 3,  true,  {}},
-        {"FarmOut",                              Boolean, "Run the farming out Kest Solver",                false, 3,  true,  {}},
-        {"RunRemote",                            Boolean, "Run the Kest Solver on a remote machine",        false, 3,  true,  {}},
-        {"Timekest.DeleteTempFiles",             Boolean, "",                                               false, 64, false, {}},
-    };
-}
-
-QStringList writtenKeys()
-{
-    return {
-        QStringLiteral("Prekest.ContinueWithErrors"),
-        QStringLiteral("Prekest.ExportVariablesToStdOut"),
-        QStringLiteral("Prekest.ExportVariablesToOutFile"),
-        QStringLiteral("Prekest.AdvancedOptions"),
-        QStringLiteral("Kest.CheckGeometryOnly"),
-        QStringLiteral("Kest.ExportSPICEMTLCircuitFiles"),
-        QStringLiteral("Kest.ProcessPriority"),
-        QStringLiteral("Kest.UseGPUforNVIDIA"),
-        QStringLiteral("Kest.DisableGPUNote"),
-        QStringLiteral("Kest.NumberOfGPUs"),
-        QStringLiteral("Kest.GPUsList"),
-        QStringLiteral("Kest.RemoteHost"),
-        QStringLiteral("Kest.RemoteExecutionMethod"),
-        QStringLiteral("Kest.SpecifyParallelProcesses"),
-        QStringLiteral("Kest.NumberOfParallelProcesses"),
-        QStringLiteral("Kest.UseSharedMemory"),
-        QStringLiteral("Kest.ParallelEnvOptions"),
-        QStringLiteral("Kest.ParallelAuthenticMethod"),
-        QStringLiteral("Kest.AdvancedOptions"),
-        QStringLiteral("Adaptkest.RestartAnalysisNumber"),
-        QStringLiteral("Adaptkest.AnalysisNumber"),
-        QStringLiteral("Adaptkest.DeleteTempFiles"),
-        QStringLiteral("Optkest.RestartFromSolverRun"),
-        QStringLiteral("Optkest.SolverRun"),
-        QStringLiteral("Optkest.DeleteAllFiles"),
-        QStringLiteral("Optkest.NumberOfFarmProcesses"),
-        QStringLiteral("Amrkest.ErrorThreshold"),
-        QStringLiteral("Amrkest.SpecifyFrequency"),
-        QStringLiteral("Amrkest.DeleteTempFiles"),
-        QStringLiteral("Amrkest.SkipFinalSolve"),
-        QStringLiteral("Amrkest.Frequency"),
-        QStringLiteral("Amrkest.SpecifyMaximumIterations"),
-        QStringLiteral("Amrkest.MaximumIterations"),
-        QStringLiteral("Amrkest.AdvancedOptions"),
-        QStringLiteral("EnvironmentVariables"),
-        QStringLiteral("RunRemote"),
-        QStringLiteral("RunParallel"),
-        QStringLiteral("FarmOut"),
-        QStringLiteral("RunDetailsShown"),
+        // key, type, label, default, flags, position in writing, in reading, members[, smallest]
+        {keys::prekestAdvancedOptions,              String,  "",                                               0,     kept,    4,  4, {}},
+        {keys::kestCheckGeometryOnly,               Boolean, "",                                               false, kept,    5,  5, {}},
+        {keys::kestProcessPriority,                 Integer, "Process priority",                               2,     kept,    7,  7, processPriorities()},
+        {keys::kestUseGPUforNVIDIA,                 Boolean, "",                                               false, kept,    8,  8, {}},
+        {keys::kestRemoteHost,                      String,  "",                                               0,     kept,   12, 12, {}},
+        {keys::kestRemoteExecutionMethod,           Integer, "",                                               1,     kept,   13, 13, remoteExecutionMethods()},
+        {keys::kestSpecifyParallelProcesses,        Boolean, "",                                               false, kept,   14, 14, {}},
+        {keys::prekestContinueWithErrors,           Boolean, "",                                               false, kept,    1,  1, {}},
+        {keys::kestNumberOfParallelProcesses,       Integer, "",                                               1,     kept,   15, 15, {}},
+        {keys::kestUseSharedMemory,                 Boolean, "",                                               false, kept,   16, 16, {}},
+        {keys::kestParallelEnvOptions,              Integer, "",                                               0,     kept,   17, 17, {}},
+        {keys::kestParallelAuthenticMethod,         Integer, "Parallel authentication method",                 1,     kept,   18, 18, parallelAuthenticMethods()},
+        {keys::kestAdvancedOptions,                 String,  "",                                               0,     kept,   19, 19, {}},
+        {keys::adaptkestRestartAnalysisNumber,      Boolean, "",                                               false, kept,   20, 20, {}},
+        {keys::adaptkestAnalysisNumber,             Integer, "",                                               1,     kept,   21, 21, {}},
+        {keys::adaptkestDeleteTempFiles,            Boolean, "",                                               true,  kept,   22, 22, {}},
+        {keys::prekestExportVariablesToStdOut,      Boolean, "",                                               false, kept,    2,  2, {}},
+        {keys::optkestRestartFromSolverRun,         Boolean, "",                                               false, kept,   23, 23, {}},
+        {keys::optkestSolverRun,                    Integer, "",                                               1,     kept,   24, 24, {}},
+        {keys::optkestDeleteAllFiles,               Boolean, "",                                               false, kept,   25, 25, {}},
+        {keys::optkestSpecifyNumberOfFarmProcesses, Boolean, "",                                               true,  fixed,   0,  0, {}},
+        {keys::optkestNumberOfFarmProcesses,        Integer, "",                                               2,     kept,   26, 34, {}, 2},
+        {keys::environmentVariables,                String,  "",                                               0,     kept,   35, 35, {}},
+        {keys::kestDisableGPUNote,                  Boolean, "",                                               false, kept,    9,  9, {}},
+        {keys::kestNumberOfGPUs,                    String,  "",                                               0,     kept,   10, 10, {}},
+        {keys::kestGPUsList,                        String,  "",                                               0,     kept,   11, 11, {}},
+        {keys::prekestExportVariablesToOutFile,     Boolean, "",                                               false, kept,    3,  3, {}},
+        {keys::runDetailsShown,                     Boolean, "Show the details on the Kest Solver run dialog", false, kept,   39, 39, {}},
+        {keys::kestExportSPICEMTLCircuitFiles,      Boolean, "",                                               false, kept,    6,  6, {}},
+        {keys::amrkestErrorThreshold,               Integer, "",                                               1,     kept,   27, 26, errorThresholds()},
+        {keys::amrkestFrequency,                    String,  "",                                               0,     kept,   31, 30, {}},
+        {keys::amrkestMaximumIterations,            Integer, "",                                               1,     kept,   33, 32, {}},
+        {keys::amrkestAdvancedOptions,              String,  "",                                               0,     kept,   34, 33, {}},
+        {keys::amrkestSpecifyFrequency,             Boolean, "",                                               false, kept,   28, 27, {}},
+        {keys::amrkestSpecifyMaximumIterations,     Boolean, "",                                               false, kept,   32, 31, {}},
+        {keys::amrkestDeleteTempFiles,              Boolean, "",                                               true,  kept,   29, 28, {}},
+        {keys::amrkestSkipFinalSolve,               Boolean, "",                                               false, kept,   30, 29, {}},
+        {keys::runParallel,                         Boolean, "Run the parallel Kest Solver",                   false, kept,   37, 37, {}},
+        {keys::farmOut,                             Boolean, "Run the farming out Kest Solver",                false, kept,   38, 38, {}},
+        {keys::runRemote,                           Boolean, "Run the Kest Solver on a remote machine",        false, kept,   36, 36, {}},
+        {keys::timekestDeleteTempFiles,             Boolean, "",                                               false, unused,  0,  0, {}},
     };
 }
 // clang-format on
 
-// Read later than it is written, and everything else in the same order.
-QStringList readKeys()
+QVector<const common_LaunchOption*> inOrderOf(int common_LaunchOption::*position)
 {
-    const QString readLater = QStringLiteral("Optkest.NumberOfFarmProcesses");
-    const QString readBehind = QStringLiteral("Amrkest.AdvancedOptions");
-    QStringList keys = writtenKeys();
-    keys.removeOne(readLater);
-    keys.insert(keys.indexOf(readBehind) + 1, readLater);
-    return keys;
+    QVector<const common_LaunchOption*> sorted;
+    for (const common_LaunchOption& option : common_LaunchOptionTable::options()) {
+        if (option.*position > 0) {
+            sorted.append(&option);
+        }
+    }
+    std::sort(sorted.begin(), sorted.end(),
+              [position](const common_LaunchOption* left, const common_LaunchOption* right) {
+                  return left->*position < right->*position;
+              });
+    return sorted;
 }
 
 void registerOption(const common_LaunchOption& option)
@@ -172,23 +137,18 @@ const QVector<common_LaunchOption>& common_LaunchOptionTable::options()
     return table;
 }
 
-const common_LaunchOption& common_LaunchOptionTable::option(const QString& key)
+const QVector<const common_LaunchOption*>& common_LaunchOptionTable::writeOrder()
 {
-    return *std::find_if(
-        options().cbegin(), options().cend(),
-        [&key](const common_LaunchOption& row) { return QLatin1String(row.key) == key; });
+    static const QVector<const common_LaunchOption*> order =
+        inOrderOf(&common_LaunchOption::writePosition);
+    return order;
 }
 
-const QStringList& common_LaunchOptionTable::writeOrder()
+const QVector<const common_LaunchOption*>& common_LaunchOptionTable::readOrder()
 {
-    static const QStringList keys = writtenKeys();
-    return keys;
-}
-
-const QStringList& common_LaunchOptionTable::readOrder()
-{
-    static const QStringList keys = readKeys();
-    return keys;
+    static const QVector<const common_LaunchOption*> order =
+        inOrderOf(&common_LaunchOption::readPosition);
+    return order;
 }
 
 void common_LaunchOptionTable::registerOptions()

@@ -1,18 +1,23 @@
-#include "common_ConsoleLaunch.h"
+#include "ConsoleWindow.h"
 
 #include <QProcess>
 
 #include <windows.h>
 
-const char* common_executableSuffix()
+bool ConsoleWindow::isAvailable()
 {
-    return ".exe";
+    return true;
 }
 
-void common_openInConsole(QProcess& process)
+void ConsoleWindow::openFor(QProcess& process)
 {
     process.setCreateProcessArgumentsModifier([](QProcess::CreateProcessArguments* arguments) {
         arguments->inheritHandles = false;
         arguments->flags |= CREATE_NEW_CONSOLE | CREATE_UNICODE_ENVIRONMENT;
     });
+}
+
+void ConsoleWindow::detach()
+{
+    FreeConsole();
 }

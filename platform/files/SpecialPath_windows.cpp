@@ -1,9 +1,9 @@
-#include "common_SpecialFile.h"
+#include "SpecialPath.h"
 
 #include <QFileInfo>
 #include <QString>
 
-QString common_specialFileKind(const QString& path)
+QString SpecialPath::kind(const QString& path)
 {
     const QFileInfo file(path);
     if (!file.exists() || file.isFile()) {

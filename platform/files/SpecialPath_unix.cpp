@@ -1,11 +1,11 @@
-#include "common_SpecialFile.h"
+#include "SpecialPath.h"
 
 #include <QFile>
 #include <QString>
 
 #include <sys/stat.h>
 
-QString common_specialFileKind(const QString& path)
+QString SpecialPath::kind(const QString& path)
 {
     struct stat status = {};
     if (::stat(QFile::encodeName(path).constData(), &status) != 0) {

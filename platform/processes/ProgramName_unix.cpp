@@ -1,0 +1,6 @@
+#include "ProgramName.h"
+
+const char* ProgramName::suffix()
+{
+    return "";
+}

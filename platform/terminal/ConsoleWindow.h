@@ -1,0 +1,20 @@
+#pragma once
+
+class QProcess;
+
+/// The consoles of this process and of programs that it starts.
+namespace ConsoleWindow {
+
+/// Whether a program can be shown in a console of its own: on Unix, whether there is a display and
+/// a terminal emulator.
+bool isAvailable();
+
+/// Makes the process, which is set up and not started yet, open in a console of its own. Where
+/// there is none, or the program does not exist, the process stays as it is.
+void openFor(QProcess& process);
+
+/// Detaches this process from the console that it was started from. Does nothing on Unix, where a
+/// user expects an application to keep its terminal.
+void detach();
+
+} // namespace ConsoleWindow

@@ -1,8 +1,0 @@
-#include "common_Console.h"
-
-#include <windows.h>
-
-void common_detachFromConsole()
-{
-    FreeConsole();
-}
