@@ -141,6 +141,10 @@ protected:
     /// The same for standard error.
     virtual void onErrorRecieved(const QString& line) = 0;
 
+    /// The running child is being asked to terminate, for the first time in its run. Does nothing
+    /// here.
+    virtual void onStopRequested();
+
     void onReadPipe() override;
     void onReadErrorPipe() override;
     void onProcessDone() override;

@@ -3,12 +3,12 @@
 #include "CommandLine.h"
 #include "HardwareOffer.h"
 #include "MainWindow.h"
-#include "RecentMenu.h"
 #include "RenderingDialog.h"
 #include "RenderingSettings.h"
 #include "RenderingSwitch.h"
 
 #include <HelpMenu.h>
+#include <RecentMenu.h>
 #include <WindowGeometry.h>
 
 #include <common_3DMouseOptions.h>

@@ -204,14 +204,21 @@ bool common_ProcessRunnerBase::runAndWaitForFinish()
 
 void common_ProcessRunnerBase::stopProcess()
 {
+    const bool isFirst = isRunning() && !m_stopRequested;
     m_stopRequested = m_stopRequested || isRunning();
     m_pProcess->terminate();
+    if (isFirst) {
+        onStopRequested();
+    }
 }
 
 int common_ProcessRunnerBase::getProcessCount()
 {
     return s_processCount;
 }
+
+void common_ProcessRunnerBase::onStopRequested()
+{}
 
 void common_ProcessRunnerBase::onReadPipe()
 {

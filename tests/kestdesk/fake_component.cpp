@@ -7,6 +7,7 @@
 //   crash      dies by a signal
 //   broken     reports that all is done and dies by a signal
 //   silent     ends well and reports nothing
+//   files      reports some files, one of them twice, and that all is done
 //   wait       waits to be terminated
 //   halfway    reports that half is done, and waits to be terminated
 //   beyond     reports half, then more than all, and waits to be terminated
@@ -185,6 +186,14 @@ void beValid()
     say("-*-total-percentage-*-100%");
 }
 
+void reportFiles()
+{
+    for (const char* const line : {"-*-file-*-b.csv", "-*-file-*-a.csv", "-*-file-*-b.csv"}) {
+        say(line);
+    }
+    beValid();
+}
+
 } // namespace
 
 int main(int argc, char* argv[])
@@ -195,6 +204,7 @@ int main(int argc, char* argv[])
         {"crash", [] { say("up"), std::raise(SIGKILL); }},
         {"broken", [] { beValid(), std::raise(SIGKILL); }},
         {"silent", [] { say("up"); }},
+        {"files", reportFiles},
         {"wait", [] { wait(false, false); }},
         {"halfway", [] { say("-*-total-percentage-*-50%"), wait(false, false); }},
         {"beyond", [] { report(50), report(250), wait(false, false); }},

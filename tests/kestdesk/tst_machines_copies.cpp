@@ -2,7 +2,7 @@
 
 #include "../platform/EndedProcess.h"
 
-#include <BatchRunner.h>
+#include <ComponentRunner.h>
 #include <MachinesCopies.h>
 #include <RunningProcesses.h>
 
@@ -17,7 +17,7 @@ class tst_machines_copies : public QObject
 
 private:
     std::unique_ptr<QTemporaryDir> m_folder;
-    common_ActivePtr<BatchRunner> m_runner;
+    common_ActivePtr<ComponentRunner> m_runner;
 
     QString path(const QString& name) const { return m_folder->filePath(name); }
     QString copyPath(int number) const
@@ -64,7 +64,7 @@ private Q_SLOTS:
         qputenv("KEST_USER_HOME", m_folder->path().toUtf8());
         qputenv("KEST_HOME", m_folder->path().toUtf8());
         writeFile(path(text("machines.kest")), "host:2\n");
-        m_runner = common_ActivePtr<BatchRunner>(new BatchRunner);
+        m_runner = common_ActivePtr<ComponentRunner>(new ComponentRunner);
     }
 
     void newCopyIsTheRunnersOwn()
@@ -92,7 +92,7 @@ private Q_SLOTS:
     void ofTwoRunsOneOwnsTheCopy()
     {
         const auto before = copies().times();
-        const common_ActivePtr<BatchRunner> other(new BatchRunner);
+        const common_ActivePtr<ComponentRunner> other(new ComponentRunner);
         makeCopy(7);
         other->setTemporaryFilenames({copyPath(7)});
         compare(copies().claim(*m_runner, before), MachinesCopies::Claim::Own);

@@ -5,6 +5,7 @@
 #include "PictureFile.h"
 
 #include <OpenDialog.h>
+#include <RecentMenu.h>
 #include <VisibleText.h>
 
 #include <QAction>
@@ -92,8 +93,10 @@ void MainWindow::reload()
     }
 }
 
-void MainWindow::addRecentMenu(QMenu* menu)
+void MainWindow::addRecentMenu(RecentMenu* menu)
 {
+    connect(menu, &RecentMenu::fileChosen, this, &MainWindow::openModel);
+    connect(this, &MainWindow::modelOpened, menu, &RecentMenu::addFile);
     m_fileMenu->insertMenu(findChild<QAction*>(QStringLiteral("actionReload")), menu);
 }
 

@@ -6,6 +6,7 @@
 
 class QLabel;
 class QMenu;
+class RecentMenu;
 
 class ModelWatcher;
 
@@ -29,8 +30,9 @@ public:
 
     [[nodiscard]] SceneView* view() const { return m_view; }
 
-    /// Comes after the entry that opens a model.
-    void addRecentMenu(QMenu* menu);
+    /// Comes after the entry that opens a model, and opens models of before again. It stays the
+    /// caller's.
+    void addRecentMenu(RecentMenu* menu);
 
     /// The menu that further settings go into.
     [[nodiscard]] QMenu* settingsMenu() const { return m_settingsMenu; }

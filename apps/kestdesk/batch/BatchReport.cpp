@@ -1,5 +1,7 @@
 #include "BatchReport.h"
 
+#include "Run.h"
+
 #include <QFileInfo>
 
 #include <algorithm>
@@ -71,14 +73,12 @@ BatchReport::BatchReport() : m_output(stdout)
     connect(&m_flushTimer, &QTimer::timeout, this, [this] { m_output.flush(); });
 }
 
-void BatchReport::begin(const QString& model)
+void BatchReport::follow(const Run& run)
 {
-    m_model = QFileInfo(model).fileName();
-    m_files.clear();
-    m_percentage = 0;
-    m_totalPercentage = 0;
+    m_run = &run;
     std::fill(std::begin(m_counts), std::end(m_counts), 0);
-    m_elapsed.start();
+    connect(&run, &Run::messageReceived, this, &BatchReport::add);
+    connect(&run, &Run::ended, this, &BatchReport::end);
     m_statusTimer.start();
     showStatus();
 }
@@ -87,42 +87,58 @@ void BatchReport::add(const common_IProcessMessage& message)
 {
     const common_IProcessMessage::Type type = message.getType();
     ++m_counts[type];
-    if (type == common_IProcessMessage::Percentage) {
-        m_percentage = RunOutcome::percentage(message.getText(), m_percentage);
-    } else if (type == common_IProcessMessage::TotalPercentage) {
-        m_totalPercentage = RunOutcome::percentage(message.getText(), m_totalPercentage);
-    } else if (type == common_IProcessMessage::File && !m_files.contains(message.getText())) {
-        m_files.append(message.getText());
-    }
     if (messageLooks[type].isLine) {
         showLine(message.getText(), messageLooks[type].colour);
     }
 }
 
-void BatchReport::complain(const QString& text)
+void BatchReport::reportError(const QString& text)
 {
     m_output.clearStatusLine();
     m_output.flush();
     Terminal(stderr).writeLine(QStringLiteral("kestdesk: ") + text, Terminal::Colour::Red);
 }
 
-void BatchReport::end(const RunOutcome& outcome, const QString& subject)
+void BatchReport::end()
 {
     m_statusTimer.stop();
-    for (const QString& file : qAsConst(m_files)) {
+    if (!m_run->problem().isEmpty()) {
+        reportError(m_run->problem());
+    }
+    showSummary();
+    showOutcome();
+    m_output.flush();
+    m_run = nullptr;
+}
+
+void BatchReport::showSummary()
+{
+    for (const QString& file : m_run->files()) {
         m_output.writeLine(QStringLiteral("wrote %1").arg(file));
     }
     m_output.writeLine(QStringLiteral("%1, %2, %3, %4 in %5")
-                           .arg(counted(m_counts[common_IProcessMessage::Error], "error"),
-                                counted(m_counts[common_IProcessMessage::Warning], "warning"),
-                                counted(m_counts[common_IProcessMessage::Notice], "notice"),
-                                counted(m_files.size(), "file"), duration(m_elapsed.elapsed())));
+                           .arg(counted(count(common_IProcessMessage::Error), "error"),
+                                counted(count(common_IProcessMessage::Warning), "warning"),
+                                counted(count(common_IProcessMessage::Notice), "notice"),
+                                counted(m_run->files().size(), "file"),
+                                duration(m_run->elapsed())));
+}
+
+// The component is what the reason speaks of.
+void BatchReport::showOutcome()
+{
+    const RunOutcome& outcome = m_run->outcome();
     const Terminal::Colour colour = outcomeColours[static_cast<int>(outcome.kind())];
     if (!outcome.reason().isEmpty()) {
-        m_output.writeLine(QStringLiteral("%1 %2").arg(subject, outcome.reason()), colour);
+        m_output.writeLine(QStringLiteral("%1 %2").arg(m_run->componentName(), outcome.reason()),
+                           colour);
     }
-    m_output.writeLine(QStringLiteral("%1: %2").arg(m_model, outcome.word()), colour);
-    m_output.flush();
+    m_output.writeLine(QStringLiteral("%1: %2").arg(modelName(), outcome.word()), colour);
+}
+
+QString BatchReport::modelName() const
+{
+    return QFileInfo(m_run->model()).fileName();
 }
 
 void BatchReport::summarise(const QVector<RunOutcome::Kind>& outcomes)
@@ -149,10 +165,10 @@ void BatchReport::showLine(const QString& text, Terminal::Colour colour)
 void BatchReport::showStatus()
 {
     m_output.setStatusLine(QStringLiteral("[%1] %2% in all, phase %3%, %4  %5")
-                               .arg(progressBar(m_totalPercentage))
-                               .arg(m_totalPercentage, 3)
-                               .arg(m_percentage, 3)
-                               .arg(clockTime(m_elapsed.elapsed()), m_model));
+                               .arg(progressBar(m_run->totalPercentage()))
+                               .arg(m_run->totalPercentage(), 3)
+                               .arg(m_run->percentage(), 3)
+                               .arg(clockTime(m_run->elapsed()), modelName()));
 }
 
 // Once for all the lines that arrive together.

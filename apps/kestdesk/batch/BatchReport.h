@@ -5,13 +5,14 @@
 
 #include <common_IProcessMessage.h>
 
-#include <QElapsedTimer>
 #include <QObject>
-#include <QStringList>
 #include <QTimer>
+#include <QVector>
 
-/// Shows a run on the terminal: what the component prints as it comes, how far it is, and a summary
-/// at the end.
+class Run;
+
+/// Shows runs on the terminal, one after the other: what the component prints as it comes, how far
+/// it is, and a summary at the end.
 class BatchReport : public QObject
 {
     Q_OBJECT
@@ -19,21 +20,23 @@ class BatchReport : public QObject
 public:
     BatchReport();
 
-    void begin(const QString& model);
-    void add(const common_IProcessMessage& message);
+    /// Shows a waiting run until it has ended, which it must before it is deleted and before the
+    /// next one.
+    void follow(const Run& run);
 
-    /// Why there is nothing more to expect; on standard error.
-    void complain(const QString& text);
-
-    /// The subject is what the reason of the outcome speaks of.
-    void end(const RunOutcome& outcome, const QString& subject);
+    /// On standard error.
+    void reportError(const QString& text);
 
     /// After several models: how many ended how.
     void summarise(const QVector<RunOutcome::Kind>& outcomes);
 
-    int totalPercentage() const { return m_totalPercentage; }
-
 private:
+    void add(const common_IProcessMessage& message);
+    void end();
+    void showSummary();
+    void showOutcome();
+    QString modelName() const;
+    int count(common_IProcessMessage::Type type) const { return m_counts[type]; }
     void showLine(const QString& text, Terminal::Colour colour);
     void showStatus();
     void flushSoon();
@@ -41,10 +44,6 @@ private:
     Terminal m_output;
     QTimer m_statusTimer;
     QTimer m_flushTimer;
-    QElapsedTimer m_elapsed;
-    QString m_model;
-    QStringList m_files;
-    int m_percentage = 0;
-    int m_totalPercentage = 0;
+    const Run* m_run = nullptr;                              ///< the one that is shown
     int m_counts[common_IProcessMessage::Variable + 1] = {}; ///< by message type
 };

@@ -1,14 +1,11 @@
 #include "BatchSession.h"
 
-#include "BatchRun.h"
-#include "Descendants.h"
 #include "StopSignals.h"
 
 #include <common_IApplicationInfo.h>
 #include <common_ServiceOf.h>
 
 #include <QCoreApplication>
-#include <QTimer>
 
 #include <utility>
 
@@ -19,8 +16,26 @@ constexpr int exitFault = 1;
 constexpr int exitNotStarted = 2;
 constexpr int exitStopped = 130; // what shells give for a program that Ctrl+C ended
 
-constexpr int graceTime = 2000; // milliseconds that processes may take to end
-constexpr int killTime = 2000;  // milliseconds after which a killed one is given up
+const QString useLocal = QStringLiteral("\"kestdesk machines use-local\"");
+
+// Why a component is not started, and what the user can do about it in a terminal.
+QString problemText(const RunSetup::Readiness& readiness, const QString& component)
+{
+    switch (readiness.obstacle) {
+    case RunSetup::Obstacle::Shown:
+        return QStringLiteral("%1 was not started").arg(component);
+    case RunSetup::Obstacle::NoFile:
+        return QStringLiteral(
+                   "%1 was not started; %2 makes a machines file that names this machine")
+            .arg(component, useLocal);
+    case RunSetup::Obstacle::NoHost:
+        return QStringLiteral(
+                   "%1; %2 lets it name this machine, \"kestdesk machines edit\" changes it")
+            .arg(readiness.problem, useLocal);
+    default:
+        return readiness.problem;
+    }
+}
 
 } // namespace
 
@@ -32,7 +47,7 @@ BatchSession::BatchSession(const Component& component, common_RunWrapper::RunOpt
     , m_settings(GET_SERVICE(common_IApplicationInfo)->userSettingsDirectory(),
                  GET_SERVICE(common_IApplicationInfo)->applicationName())
 {
-    connect(&m_ending, &DescendantsEnding::ended, this, &BatchSession::leave);
+    connect(&m_shutdown, &Shutdown::done, this, &BatchSession::leave);
     StopSignals::watch(this, [this] { onStopRequested(); });
 }
 
@@ -44,61 +59,47 @@ int BatchSession::exec()
     return QCoreApplication::exec();
 }
 
+// Once the user has asked to stop, the shutdown decides when to leave.
 void BatchSession::runNext()
 {
-    if (m_stopRequested) {
-        m_ending.start(m_killed ? 0 : graceTime); // what the component has left behind
+    if (m_shutdown.phase() != Shutdown::Phase::None) {
         return;
     }
     if (m_outcomes.size() == m_models.size()) {
         leave();
         return;
     }
-    m_run = std::make_unique<BatchRun>(
-        m_report, [this](RunOutcome::Kind outcome) { onRunFinished(outcome); });
-    m_run->start(m_component, m_options, m_models[m_outcomes.size()], m_settings);
+    startRun();
+}
+
+void BatchSession::startRun()
+{
+    const common_ActivePtr<ComponentRunner> runner(new ComponentRunner);
+    m_run = std::make_unique<Run>(m_component, m_models[m_outcomes.size()], runner);
+    m_report.follow(*m_run);
+    m_shutdown.add(*m_run);
+    connect(m_run.get(), &Run::ended, this, &BatchSession::onRunEnded);
+    const RunSetup::Readiness readiness = m_run->setUp(m_options, m_settings);
+    if (readiness.isReady()) {
+        m_run->start();
+    } else {
+        m_run->refuse(problemText(readiness, m_run->componentName()));
+    }
 }
 
 // The run is still in its last callback: the next one begins when that has returned.
-void BatchSession::onRunFinished(RunOutcome::Kind outcome)
+void BatchSession::onRunEnded()
 {
-    m_outcomes.append(outcome);
+    m_outcomes.append(m_run->outcome().kind());
     QMetaObject::invokeMethod(this, &BatchSession::runNext, Qt::QueuedConnection);
 }
 
 void BatchSession::onStopRequested()
 {
-    if (!m_stopRequested) {
-        stop();
-    } else if (!m_killed) {
-        kill();
+    if (m_shutdown.phase() == Shutdown::Phase::None) {
+        m_report.reportError(QStringLiteral("stopping; once more ends at once"));
     }
-}
-
-void BatchSession::stop()
-{
-    m_stopRequested = true;
-    m_report.complain(QStringLiteral("stopping; once more ends at once"));
-    Descendants::adoptOrphans();
-    if (m_run) {
-        m_run->stop();
-    }
-}
-
-void BatchSession::kill()
-{
-    m_killed = true;
-    if (m_ending.isActive()) {
-        m_ending.hurry();
-    } else if (m_run) {
-        m_run->kill();
-        QTimer::singleShot(killTime, this, &BatchSession::giveUp);
-    }
-}
-
-void BatchSession::giveUp()
-{
-    m_run->giveUp();
+    m_shutdown.request();
 }
 
 void BatchSession::leave()

@@ -1,7 +1,8 @@
 #pragma once
 
 #include "BatchReport.h"
-#include "DescendantsEnding.h"
+#include "Run.h"
+#include "Shutdown.h"
 
 #include <common_CommonSettingsSet.h>
 #include <common_RunWrapper.h>
@@ -12,7 +13,6 @@
 
 #include <memory>
 
-class BatchRun;
 struct Component;
 
 /// Runs a component on one model after the other, until all are done or the user stops it.
@@ -31,11 +31,9 @@ public:
 
 private:
     void runNext();
-    void onRunFinished(RunOutcome::Kind outcome);
+    void startRun();
+    void onRunEnded();
     void onStopRequested();
-    void stop();
-    void kill();
-    void giveUp();
     void leave();
     int exitCode() const;
 
@@ -45,8 +43,6 @@ private:
     common_CommonSettingsSet m_settings;
     QVector<RunOutcome::Kind> m_outcomes;
     BatchReport m_report;
-    std::unique_ptr<BatchRun> m_run;
-    DescendantsEnding m_ending;
-    bool m_stopRequested = false;
-    bool m_killed = false;
+    std::unique_ptr<Run> m_run;
+    Shutdown m_shutdown;
 };

@@ -1,6 +1,6 @@
 #include "MachinesCopies.h"
 
-#include "BatchRunner.h"
+#include "ComponentRunner.h"
 
 #include <KEST_binfiles.h>
 #include <ProcessMark.h>
@@ -188,7 +188,7 @@ MachinesCopies::Times MachinesCopies::times() const
     return result;
 }
 
-MachinesCopies::Claim MachinesCopies::claim(BatchRunner& runner, const Times& before) const
+MachinesCopies::Claim MachinesCopies::claim(ComponentRunner& runner, const Times& before) const
 {
     const QString copy = runner.getTemporaryFilenames().value(0);
     runner.setTemporaryFilenames({});
@@ -209,7 +209,7 @@ MachinesCopies::Claim MachinesCopies::claim(BatchRunner& runner, const Times& be
     return Claim::Own;
 }
 
-int MachinesCopies::number(const BatchRunner& runner)
+int MachinesCopies::number(const ComponentRunner& runner)
 {
     const QString copy = runner.getTemporaryFilenames().value(0);
     return copy.isEmpty() ? -1 : copy.midRef(copy.lastIndexOf(QLatin1Char('_')) + 1).toInt();

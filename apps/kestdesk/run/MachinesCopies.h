@@ -5,7 +5,7 @@
 
 #include <vector>
 
-class BatchRunner;
+class ComponentRunner;
 
 /// The copies of the machines file that runs are given, in the user's folder.
 ///
@@ -34,10 +34,10 @@ public:
 
     /// After the set-up of a runner: is its copy its own? The times are those before the set-up;
     /// the copy must be as the machines file is now.
-    Claim claim(BatchRunner& runner, const Times& before) const;
+    Claim claim(ComponentRunner& runner, const Times& before) const;
 
     /// The millisecond that the runner's copy is named after; -1 when it has none.
-    static int number(const BatchRunner& runner);
+    static int number(const ComponentRunner& runner);
 
     /// Waits for a moment from which it takes that many milliseconds to one whose name is free,
     /// for three seconds at most. False when all names are taken.

@@ -13,7 +13,7 @@ public:
     /// Of a run that could not be started.
     static RunOutcome notStarted();
 
-    /// Of a run that the user stopped and whose end nobody waits for any longer.
+    /// Of a run that was asked to stop and whose component cannot be ended.
     static RunOutcome stopped();
 
     /// Of a run that has ended. Valid is what reported all of the work as done and ended well, even

@@ -1,6 +1,6 @@
 #include "RunSetup.h"
 
-#include "BatchRunner.h"
+#include "ComponentRunner.h"
 #include "Installation.h"
 #include "LaunchOptionsFile.h"
 #include "MachinesCopies.h"
@@ -55,12 +55,10 @@ QString missingPart(const Component& component, const QFileInfo& model)
                : QString();
 }
 
-// How long it is tried, in ms, to get a copy of the machines file that is the run's own. There is a
-// name for each ms of a second.
-constexpr int longestSearch = 5000;
-constexpr int second = 1000;
+constexpr int longestSearch = 5000; // milliseconds to get a copy that is the run's own
+constexpr int second = 1000;        // milliseconds: there is a name of a copy for each
 
-// It takes the copy.
+// The folder of the copy.
 QString userFolder()
 {
     return qEnvironmentVariable("KEST_USER_HOME");
@@ -75,13 +73,13 @@ struct Target
 };
 
 // What set-ups before this one have added.
-void clear(BatchRunner& runner)
+void clear(ComponentRunner& runner)
 {
     runner.clearArguments();
     runner.setTemporaryFilenames({});
 }
 
-bool setUpOnce(BatchRunner& runner, const Target& target)
+bool setUpOnce(ComponentRunner& runner, const Target& target)
 {
     clear(runner);
     common_RunWrapper wrapper(&target.settings);
@@ -117,7 +115,7 @@ RunSetup::Readiness readiness(const common_ProcessRunnerBase& runner)
 {
     const QString missing = missingMachinesFile(runner);
     if (!missing.isEmpty()) {
-        return {RunSetup::Obstacle::Complaint,
+        return {RunSetup::Obstacle::Problem,
                 QStringLiteral("the machines file cannot be copied to %1").arg(missing)};
     }
     const QString empty = machinesFileWithoutHosts(runner);
@@ -129,7 +127,8 @@ RunSetup::Readiness readiness(const common_ProcessRunnerBase& runner)
 }
 
 // Until the copy of the machines file, if there is one, is the run's own.
-RunSetup::Readiness setUp(BatchRunner& runner, const Target& target, const MachinesCopies& copies)
+RunSetup::Readiness setUp(ComponentRunner& runner, const Target& target,
+                          const MachinesCopies& copies)
 {
     const QDeadlineTimer deadline(longestSearch);
     for (;;) {
@@ -140,7 +139,7 @@ RunSetup::Readiness setUp(BatchRunner& runner, const Target& target, const Machi
         const bool isOwn = copies.claim(runner, before) == MachinesCopies::Claim::Own;
         if (!isSetUp) {
             const bool lacksFile = lacksMachinesFile(target.options);
-            return {lacksFile ? RunSetup::Obstacle::NoFile : RunSetup::Obstacle::Told, QString()};
+            return {lacksFile ? RunSetup::Obstacle::NoFile : RunSetup::Obstacle::Shown, QString()};
         }
         if (isOwn) {
             return readiness(runner);
@@ -148,25 +147,25 @@ RunSetup::Readiness setUp(BatchRunner& runner, const Target& target, const Machi
         // From the beginning to the making of the copy.
         const int lead = (made - begun.msec() + second) % second;
         if (deadline.hasExpired() || !copies.waitForFreeName(copies.times(), lead)) {
-            return {RunSetup::Obstacle::Complaint, noOwnCopy()};
+            return {RunSetup::Obstacle::Problem, noOwnCopy()};
         }
     }
 }
 
 } // namespace
 
-RunSetup::Readiness RunSetup::apply(BatchRunner& runner, const Component& component,
+RunSetup::Readiness RunSetup::apply(ComponentRunner& runner, const Component& component,
                                     common_RunWrapper::RunOptions options, const QFileInfo& model,
                                     common_CommonSettingsSet& settings)
 {
     clear(runner);
     const QString missing = missingPart(component, model);
     if (!missing.isEmpty()) {
-        return {Obstacle::Complaint, missing};
+        return {Obstacle::Problem, missing};
     }
     const QString problem = LaunchOptionsFile::problem();
     if (!problem.isEmpty()) {
-        return {Obstacle::Complaint, problem};
+        return {Obstacle::Problem, problem};
     }
     QDir().mkpath(userFolder());
     const MachinesCopies copies(userFolder());

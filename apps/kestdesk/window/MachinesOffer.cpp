@@ -24,9 +24,9 @@ bool useThisMachine(QWidget* window)
 
 } // namespace
 
-bool MachinesOffer::isTaken(const QString& complaint, QWidget* window)
+bool MachinesOffer::isTaken(const QString& problem, QWidget* window)
 {
-    QString sentence = complaint + QLatin1Char('.');
+    QString sentence = problem + QLatin1Char('.');
     sentence[0] = sentence.at(0).toUpper();
     common_UserQuery query(title,
                            sentence + QStringLiteral("\n\nUse this machine, with the line \"%1\", "

@@ -6,8 +6,8 @@ class QWidget;
 /// What a user can do at once about a machines file that names no host.
 namespace MachinesOffer {
 
-/// Tells the user of the complaint and offers to use this machine, or to change the file. True when
+/// Shows the problem, a clause, and offers to use this machine, or to change the file. True when
 /// the file was changed and the run is worth another try.
-bool isTaken(const QString& complaint, QWidget* window);
+bool isTaken(const QString& problem, QWidget* window);
 
 } // namespace MachinesOffer

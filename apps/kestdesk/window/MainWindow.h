@@ -1,19 +1,16 @@
 #pragma once
 
-#include "DescendantsEnding.h"
 #include "OrphanReaper.h"
-#include "SessionSettings.h"
-
-#include <common_CommonSettingsSet.h>
-#include <common_RunWrapper.h>
+#include "Shutdown.h"
+#include "WindowSession.h"
 
 #include <QMainWindow>
 
 class ApplicationMenu;
-class QAction;
+class LaunchChoice;
+class MainMenu;
 class QLabel;
-class QMenu;
-class QTableView;
+class RunListView;
 class RunPanel;
 class RunTableModel;
 class WindowRun;
@@ -29,7 +26,7 @@ public:
     MainWindow();
     ~MainWindow() override;
 
-    /// Opens a model: it becomes the one to run, and the newest of the recent files. Tells the user
+    /// Opens a model: it becomes the one to run, and the newest of the recent files. Shows an error
     /// when there is no such file.
     void openModel(const QString& path);
 
@@ -45,60 +42,45 @@ protected:
 
 private:
     void makeContent();
-    QWidget* makeRunList();
-    void makeFileMenu();
-    void makeRunMenu();
-    void makeOptionsMenu();
-    void makeApplicationMenu();
-    QAction* addAction(QMenu& menu, const QString& text, const QString& name,
-                       const QKeySequence& shortcut, void (MainWindow::*slot)()) const;
+    void makePanel(QWidget* content);
     QWidget* makeRunListPart();
     QWidget* makeRunListHead();
+    void makeOutcomeLabel();
+    void makeMenus();
+    void addApplicationMenu();
+    void makeChoice();
+    void connectShutdown();
 
     void chooseModel();
-    void listRecentFiles();
     void run();
+    WindowRun* addRun(const QString& model);
     void stopRun();
-    void stop(const QVector<WindowRun*>& runs);
     void showRun();
     void removeEndedRuns();
     void editLaunchOptions();
     void editMachinesFile();
 
     void restoreSession();
-    void restoreModel();
     void saveSession();
-    bool leave();
-    void finish();
     void showModel(const QString& path);
-    void showChoice(common_RunWrapper::RunOptions options);
-    void saveChoice();
-    [[nodiscard]] common_RunWrapper::RunOptions choice() const;
-    [[nodiscard]] WindowRun* selectedRun() const;
-    [[nodiscard]] QVector<WindowRun*> runningRuns() const;
     void updateControls();
-    void onRunEnded(WindowRun& run);
-    bool mayClose();
-    bool isAgreedToClose(const QVector<WindowRun*>& going);
-    void stopForClose(const QVector<WindowRun*>& going);
-    void endByForce() const;
-    void giveUp() const;
-    void tellOutcome(const QString& text);
+    void onChoiceSaved(bool isKept);
+    void onRunEnded(const WindowRun& run);
+    void showOutcome(const QString& text);
 
-    common_CommonSettingsSet m_settings;
-    SessionSettings m_session;
+    [[nodiscard]] bool agreesToClose();
+    void onRunsStopping();
+    void onClearing();
+    void onShutdownDone();
+
+    WindowSession m_session;
     RunPanel* m_panel = nullptr;
-    QTableView* m_list = nullptr;
+    RunListView* m_list = nullptr;
     QLabel* m_outcome = nullptr;
     RunTableModel* m_runs;
-    QMenu* m_recentMenu = nullptr;
-    QAction* m_runAction = nullptr;
-    QAction* m_stopAction = nullptr;
-    QAction* m_farmOut = nullptr;
+    MainMenu* m_menu = nullptr;
+    LaunchChoice* m_choice = nullptr;
     ApplicationMenu* m_applications;
-    bool m_isToldOfLock = false;
-    DescendantsEnding m_ending;
+    Shutdown m_shutdown;
     OrphanReaper m_reaper;
-    bool m_closing = false;
-    bool m_isDone = false; ///< nothing is left that would have to be ended
 };

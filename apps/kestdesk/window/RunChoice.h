@@ -7,7 +7,7 @@ namespace RunChoice {
 
 common_RunWrapper::RunOptions load();
 
-/// Whether another program holds the launch options. To save meanwhile tells the user so.
+/// Whether another program holds the launch options. Saving then shows that to the user.
 bool isLocked();
 
 /// False when the choice could not be kept.

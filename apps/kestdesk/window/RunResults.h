@@ -5,7 +5,7 @@
 /// What runs leave for the results viewer.
 namespace RunResults {
 
-/// The tables over frequency (CSV) among the files that a component has told of, each once, as
+/// The tables over frequency (CSV) among the files that a component has reported, each once, as
 /// absolute paths. Relative ones are those of the folder.
 QStringList tables(const QStringList& files, const QString& folder);
 

@@ -13,6 +13,7 @@
 #include <QIcon>
 
 #include <algorithm>
+#include <iterator>
 
 namespace {
 
@@ -22,11 +23,12 @@ struct ColumnRow
 {
     const char* header;
     bool isNumber;
-    QString (*text)(const WindowRun& run);
+    QString (*text)(const WindowRun& shown);
 };
 
-QString remainingText(const WindowRun& run)
+QString remainingText(const WindowRun& shown)
 {
+    const Run& run = shown.run();
     const auto time =
         run.isRunning() ? RunTimes::remaining(run.elapsed(), run.totalPercentage()) : std::nullopt;
     return time ? RunTimes::text(*time) : QString();
@@ -34,25 +36,26 @@ QString remainingText(const WindowRun& run)
 
 // clang-format off
 const ColumnRow columns[RunTableModel::ColumnCount] = {
-    {"Model",     false, [](const WindowRun& run) { return suite::visibleFileName(run.model()); }},
-    {"Component", false, [](const WindowRun& run) { return run.componentName(); }},
-    {"State",     false, [](const WindowRun& run) { return run.stateText(); }},
-    {"Progress",  true,  [](const WindowRun& run) { return QStringLiteral("%1 %").arg(run.totalPercentage()); }},
-    {"Elapsed",   true,  [](const WindowRun& run) { return RunTimes::text(run.elapsed()); }},
+    {"Model",     false, [](const WindowRun& shown) { return suite::visibleFileName(shown.run().model()); }},
+    {"Component", false, [](const WindowRun& shown) { return shown.run().componentName(); }},
+    {"State",     false, [](const WindowRun& shown) { return shown.stateText(); }},
+    {"Progress",  true,  [](const WindowRun& shown) { return QStringLiteral("%1 %").arg(shown.run().totalPercentage()); }},
+    {"Elapsed",   true,  [](const WindowRun& shown) { return RunTimes::text(shown.run().elapsed()); }},
     {"Remaining", true,  remainingText},
 };
 
-const struct { WindowRun::State state; const char* icon; } stateIcons[] = {
-    {WindowRun::State::NotStarted, "fault"},
-    {WindowRun::State::Running,    "play"},
-    {WindowRun::State::Stopping,   "exclude"},
-    {WindowRun::State::Valid,      "valid"},
-    {WindowRun::State::Fault,      "fault"},
-    {WindowRun::State::Stopped,    "exclude"},
+const struct { Run::State state; const char* icon; } stateIcons[] = {
+    {Run::State::Waiting,    "fault"},
+    {Run::State::Running,    "play"},
+    {Run::State::Stopping,   "exclude"},
+    {Run::State::Valid,      "valid"},
+    {Run::State::Fault,      "fault"},
+    {Run::State::NotStarted, "fault"},
+    {Run::State::Stopped,    "exclude"},
 };
 // clang-format on
 
-QIcon stateIcon(WindowRun::State state)
+QIcon stateIcon(Run::State state)
 {
     const auto* row =
         std::find_if(std::begin(stateIcons), std::end(stateIcons),
@@ -65,7 +68,7 @@ QIcon stateIcon(WindowRun::State state)
 RunTableModel::RunTableModel(QObject* parent) : QAbstractTableModel(parent)
 {
     m_timesTimer.setInterval(timesInterval);
-    connect(&m_timesTimer, &QTimer::timeout, this, &RunTableModel::tellTimes);
+    connect(&m_timesTimer, &QTimer::timeout, this, &RunTableModel::reportTimes);
     m_timesTimer.start();
 }
 
@@ -74,7 +77,7 @@ void RunTableModel::add(WindowRun* run)
     beginInsertRows(QModelIndex(), m_runs.size(), m_runs.size());
     m_runs.append(run);
     endInsertRows();
-    connect(run, &WindowRun::changed, this, [this, run] { tellChange(run); });
+    connect(run, &WindowRun::changed, this, [this, run] { reportChange(run); });
 }
 
 void RunTableModel::remove(WindowRun* run)
@@ -91,6 +94,14 @@ void RunTableModel::remove(WindowRun* run)
 WindowRun* RunTableModel::run(int row) const
 {
     return m_runs.value(row);
+}
+
+QVector<WindowRun*> RunTableModel::runningRuns() const
+{
+    QVector<WindowRun*> result;
+    std::copy_if(m_runs.begin(), m_runs.end(), std::back_inserter(result),
+                 [](const WindowRun* run) { return run->run().isRunning(); });
+    return result;
 }
 
 int RunTableModel::rowCount(const QModelIndex& parent) const
@@ -118,11 +129,12 @@ QVariant RunTableModel::data(const QModelIndex& index, int role) const
     case Qt::ToolTipRole:
         return ToolTip::of(index.column() == StateColumn
                                ? shown->explanation()
-                               : QDir::toNativeSeparators(shown->model()));
+                               : QDir::toNativeSeparators(shown->run().model()));
     case Qt::TextAlignmentRole:
         return int(Qt::AlignVCenter | (column.isNumber ? Qt::AlignRight : Qt::AlignLeft));
     case Qt::DecorationRole:
-        return index.column() == StateColumn ? QVariant(stateIcon(shown->state())) : QVariant();
+        return index.column() == StateColumn ? QVariant(stateIcon(shown->run().state()))
+                                             : QVariant();
     default:
         return QVariant();
     }
@@ -136,17 +148,17 @@ QVariant RunTableModel::headerData(int section, Qt::Orientation orientation, int
     return QLatin1String(columns[section].header);
 }
 
-void RunTableModel::tellChange(WindowRun* run)
+void RunTableModel::reportChange(WindowRun* run)
 {
     const int row = m_runs.indexOf(run);
     Q_EMIT dataChanged(index(row, 0), index(row, ColumnCount - 1));
 }
 
-void RunTableModel::tellTimes()
+void RunTableModel::reportTimes()
 {
     for (WindowRun* run : qAsConst(m_runs)) {
-        if (run->isRunning()) {
-            tellChange(run);
+        if (run->run().isRunning()) {
+            reportChange(run);
         }
     }
 }

@@ -33,6 +33,7 @@ public:
     WindowRun* run(int row) const;
 
     const QVector<WindowRun*>& runs() const { return m_runs; }
+    QVector<WindowRun*> runningRuns() const;
 
     int rowCount(const QModelIndex& parent = QModelIndex()) const override;
     int columnCount(const QModelIndex& parent = QModelIndex()) const override;
@@ -40,8 +41,8 @@ public:
     QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
 
 private:
-    void tellChange(WindowRun* run);
-    void tellTimes();
+    void reportChange(WindowRun* run);
+    void reportTimes();
 
     QVector<WindowRun*> m_runs;
     QTimer m_timesTimer;

@@ -1,8 +1,8 @@
 #include "WindowRun.h"
 
 #include "MachinesOffer.h"
-#include "ProcessEnd.h"
 #include "RunResults.h"
+#include "WindowRunner.h"
 
 #include <VisibleText.h>
 
@@ -15,43 +15,37 @@
 #include <QFileInfo>
 
 #include <algorithm>
-#include <utility>
 
 namespace {
 
+// Of the other states the outcome says more.
 // clang-format off
-const struct { WindowRun::State state; const char* text; } stateTexts[] = {
-    {WindowRun::State::NotStarted, "not started"},
-    {WindowRun::State::Running,    "running"},
-    {WindowRun::State::Stopping,   "stopping, still running"},
-};
-
-const struct { RunOutcome::Kind kind; WindowRun::State state; } outcomeStates[] = {
-    {RunOutcome::Kind::Valid,   WindowRun::State::Valid},
-    {RunOutcome::Kind::Fault,   WindowRun::State::Fault},
-    {RunOutcome::Kind::Stopped, WindowRun::State::Stopped},
+const struct { Run::State state; const char* text; } stateTexts[] = {
+    {Run::State::Waiting,    "not started"},
+    {Run::State::Running,    "running"},
+    {Run::State::Stopping,   "stopping, still running"},
+    {Run::State::NotStarted, "not started"},
 };
 // clang-format on
 
 // As a sentence.
-void tellNotStarted(QString complaint, QWidget* window)
+void showNotStarted(QString problem, QWidget* window)
 {
-    complaint = suite::visibleText(complaint);
-    complaint[0] = complaint.at(0).toUpper();
-    common_UserQuery(QStringLiteral("Run not started"), complaint + QLatin1Char('.'),
+    problem = suite::visibleText(problem);
+    problem[0] = problem.at(0).toUpper();
+    common_UserQuery(QStringLiteral("Run not started"), problem + QLatin1Char('.'),
                      common_UserQuery::Error, window, QString())
         .display();
 }
 
 } // namespace
 
-WindowRun::WindowRun(const Component& component, QString model, QObject* parent)
-    : QObject(parent), m_component(component), m_model(std::move(model)), m_runner(new WindowRunner)
-{}
-
-WindowRun::~WindowRun()
+WindowRun::WindowRun(const Component& component, const QString& model, QObject* parent)
+    : QObject(parent), m_run(component, model, common_ActivePtr<ComponentRunner>(new WindowRunner))
 {
-    stopObserving();
+    connect(&m_run, &Run::stateChanged, this, &WindowRun::onStateChanged);
+    connect(&m_run, &Run::progressed, this, &WindowRun::changed);
+    connect(&m_run, &Run::ended, this, &WindowRun::ended);
 }
 
 bool WindowRun::start(common_RunWrapper::RunOptions options, common_CommonSettingsSet& settings,
@@ -59,17 +53,14 @@ bool WindowRun::start(common_RunWrapper::RunOptions options, common_CommonSettin
 {
     const RunSetup::Readiness readiness = setUp(options, settings, window);
     if (!readiness.isReady()) {
-        if (readiness.obstacle == RunSetup::Obstacle::Complaint) {
-            tellNotStarted(readiness.complaint, window);
+        if (readiness.obstacle == RunSetup::Obstacle::Problem) {
+            showNotStarted(readiness.problem, window);
         }
+        m_run.refuse(readiness.problem);
         return false;
     }
-    m_dialog = new common_KestProcessDialog(m_runner, window);
-    GET_SERVICE(common_HelpClient)->registerPage(m_dialog, QStringLiteral("run-window"));
-    startObserving(m_runner.get());
-    if (!m_runner->run()) {
-        stopObserving();
-        m_runner->discardTemporaryFiles();
+    makeDialog(window);
+    if (!m_run.start()) { // which the dialog has shown
         delete m_dialog;
         return false;
     }
@@ -81,34 +72,18 @@ RunSetup::Readiness WindowRun::setUp(common_RunWrapper::RunOptions options,
                                      common_CommonSettingsSet& settings, QWidget* window)
 {
     for (;;) {
-        RunSetup::Readiness readiness =
-            RunSetup::apply(*m_runner, m_component, options, QFileInfo(m_model), settings);
-        if (readiness.isReady()) {
-            return readiness;
-        }
-        m_runner->discardTemporaryFiles();
+        RunSetup::Readiness readiness = m_run.setUp(options, settings);
         if (readiness.obstacle != RunSetup::Obstacle::NoHost ||
-            !MachinesOffer::isTaken(readiness.complaint, window)) {
+            !MachinesOffer::isTaken(readiness.problem, window)) {
             return readiness;
         }
     }
 }
 
-void WindowRun::stop()
+void WindowRun::makeDialog(QWidget* window)
 {
-    if (isRunning()) {
-        m_runner->stopProcess();
-        Q_EMIT changed();
-    }
-}
-
-void WindowRun::giveUp()
-{
-    if (isRunning()) {
-        stopObserving();
-        m_runner->abandon();
-        end(RunOutcome::stopped());
-    }
+    m_dialog = new common_KestProcessDialog(m_run.runner(), window);
+    GET_SERVICE(common_HelpClient)->registerPage(m_dialog, QStringLiteral("run-window"));
 }
 
 bool WindowRun::showDialog()
@@ -122,82 +97,26 @@ bool WindowRun::showDialog()
     return true;
 }
 
-qint64 WindowRun::elapsed() const
-{
-    return isRunning() ? m_clock.elapsed() : m_duration;
-}
-
-// The dialog may have stopped it.
-WindowRun::State WindowRun::state() const
-{
-    return isRunning() && m_runner->isStopRequested() ? State::Stopping : m_state;
-}
-
 QString WindowRun::stateText() const
 {
-    const State shown = state();
-    const auto* row = std::find_if(std::begin(stateTexts), std::end(stateTexts),
-                                   [shown](const auto& each) { return each.state == shown; });
-    return row == std::end(stateTexts) ? m_outcome.title() : QLatin1String(row->text);
+    const auto* row =
+        std::find_if(std::begin(stateTexts), std::end(stateTexts),
+                     [this](const auto& each) { return each.state == m_run.state(); });
+    return row == std::end(stateTexts) ? m_run.outcome().title() : QLatin1String(row->text);
 }
 
 QString WindowRun::explanation() const
 {
-    return m_outcome.reason().isEmpty()
+    const RunOutcome& outcome = m_run.outcome();
+    return outcome.reason().isEmpty()
                ? stateText()
-               : QStringLiteral("%1. It %2.").arg(m_outcome.word(), m_outcome.reason());
+               : QStringLiteral("%1. It %2.").arg(outcome.word(), outcome.reason());
 }
 
-void WindowRun::onProcessStarted(const QString& /*executable*/, const QStringList& /*arguments*/)
+void WindowRun::onStateChanged()
 {
-    m_clock.start();
-    setState(State::Running);
-}
-
-void WindowRun::onFailedProcessStarted(const QString& /*executable*/,
-                                       const QStringList& /*arguments*/,
-                                       const QString& /*errorString*/)
-{
-    // The dialog tells the user.
-}
-
-void WindowRun::onProcessMessageReceived(const common_IProcessMessage& message)
-{
-    if (message.getType() == common_IProcessMessage::File) {
-        m_files.append(message.getText());
+    if (!m_run.isRunning()) {
+        m_results = RunResults::tables(m_run.files(), QFileInfo(m_run.model()).absolutePath());
     }
-    if (message.getType() != common_IProcessMessage::TotalPercentage) {
-        return;
-    }
-    const int percentage = RunOutcome::percentage(message.getText(), m_totalPercentage);
-    if (percentage != m_totalPercentage) {
-        m_totalPercentage = percentage;
-        Q_EMIT changed();
-    }
-}
-
-void WindowRun::onProcessDone()
-{
-    end(RunOutcome::of(ProcessEnd::of(*m_runner), m_totalPercentage, m_runner->isStopRequested()));
-}
-
-void WindowRun::onExitCodeChanged(int /*exitCode*/)
-{}
-
-void WindowRun::setState(State state)
-{
-    m_state = state;
     Q_EMIT changed();
-}
-
-void WindowRun::end(const RunOutcome& outcome)
-{
-    m_duration = m_clock.elapsed();
-    m_results = RunResults::tables(m_files, QFileInfo(m_model).absolutePath());
-    m_outcome = outcome;
-    const auto* row =
-        std::find_if(std::begin(outcomeStates), std::end(outcomeStates),
-                     [&outcome](const auto& each) { return each.kind == outcome.kind(); });
-    setState(row->state);
-    Q_EMIT ended();
 }

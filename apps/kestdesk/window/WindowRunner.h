@@ -1,10 +1,10 @@
 #pragma once
 
-#include "BatchRunner.h"
+#include "ComponentRunner.h"
 
 /// A runner whose messages the process dialog can take: it has no place for variables, which the
 /// user may ask components to print, so these come as plain output.
-class WindowRunner : public BatchRunner
+class WindowRunner : public ComponentRunner
 {
 protected:
     void onOutputRecieved(const QString& line) override;

@@ -1,18 +1,19 @@
 #include "RecentMenu.h"
 
-#include "MainWindow.h"
-
 #include <VisibleText.h>
 
 #include <common_recent_file_settings.h>
 
-RecentMenu::RecentMenu(MainWindow* window, common_recent_file_settings* settings)
-    : QMenu(QStringLiteral("Open &recent"), window), m_window(window), m_settings(settings)
+RecentMenu::RecentMenu(QWidget* parent, common_recent_file_settings* settings)
+    : QMenu(QStringLiteral("Open &recent"), parent), m_settings(settings)
 {
     setObjectName(QStringLiteral("recentMenu"));
     connect(this, &QMenu::aboutToShow, this, &RecentMenu::list);
-    connect(window, &MainWindow::modelOpened, this,
-            [this](const QString& path) { m_settings->addRecentFile(path); });
+}
+
+void RecentMenu::addFile(const QString& path)
+{
+    m_settings->addRecentFile(path);
 }
 
 void RecentMenu::list()
@@ -23,8 +24,8 @@ void RecentMenu::list()
     for (const QString& file : files) {
         QString shown = suite::visiblePath(file);
         shown.replace(QLatin1Char('&'), QStringLiteral("&&"));
-        addAction(QStringLiteral("&%1 %2").arg(QString::number(++number), shown), m_window,
-                  [this, file] { m_window->openModel(file); });
+        addAction(QStringLiteral("&%1 %2").arg(QString::number(++number), shown), this,
+                  [this, file] { Q_EMIT fileChosen(file); });
     }
     if (files.isEmpty()) {
         addAction(QStringLiteral("No recent files"))->setEnabled(false);

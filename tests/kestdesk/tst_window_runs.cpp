@@ -1,0 +1,363 @@
+#include "RunObstacles.h"
+#include "WindowTest.h"
+
+#include <WindowRun.h>
+
+#include <common_IIconUtility.h>
+#include <common_ServiceOf.h>
+
+#include <csignal>
+
+// What the window shows of runs, and how they are stopped in it.
+class tst_window_runs : public WindowTest
+{
+    Q_OBJECT
+
+private:
+    // Runs the model of the ending, and stops it as the user does.
+    void endRun(const RunEnding& ending) const
+    {
+        prepareRunEnding(ending, m_stage->desk());
+        m_stage->find<QCheckBox>("parallelBox")->setChecked(ending.isParallel());
+        const QString model = m_stage->desk().path("models/m.nec");
+        if (ending.stop != RunEnding::Stop::None) {
+            startWaitingRun(ending.model);
+            stopRun(ending.stop);
+            return;
+        }
+        BoxAnswerer reader(WindowStage::pressing(Qt::Key_Escape));
+        m_stage->run(model);
+        const bool isStarted = ending.outcome != RunOutcome::Kind::NotStarted;
+        QCOMPARE(reader.texts.size(), isStarted ? 0 : 1);
+        QVERIFY2(isStarted ||
+                     reader.texts.constFirst().contains(text(ending.meaning), Qt::CaseInsensitive),
+                 qPrintable(reader.texts.join(QLatin1Char('\n'))));
+    }
+
+    void stopRun(RunEnding::Stop stop) const
+    {
+        if (stop == RunEnding::Stop::Forced) {
+            QVERIFY(WindowStage::quits([this] {
+                m_stage->window().quit();
+                m_stage->window().quit();
+            }));
+        } else {
+            const BoxAnswerer willing(WindowStage::pressing(Qt::Key_Return));
+            m_stage->pressStop();
+        }
+    }
+
+private Q_SLOTS:
+    void init() { setUp(); }
+    void cleanup() { tearDown(); }
+
+    void runIsStoppedWhenTheUserAgrees()
+    {
+        startWaitingRun();
+        {
+            BoxAnswerer unwilling(WindowStage::pressing(Qt::Key_Escape));
+            m_stage->pressStop();
+            QCOMPARE(unwilling.texts,
+                     QStringList(text("Are you sure you want to stop runkest of m.nec?")));
+        }
+        QCOMPARE(m_stage->state(), text("running"));
+        QVERIFY(!m_stage->desk().processes().isEmpty());
+
+        const BoxAnswerer willing(WindowStage::pressing(Qt::Key_Return));
+        QTest::mouseClick(m_stage->find<QPushButton>("stopButton"), Qt::LeftButton);
+        QTRY_COMPARE_WITH_TIMEOUT(m_stage->state(), text("stopped"), longTime);
+        QCOMPARE(m_stage->outcomeText(), text("runkest of m.nec: stopped"));
+        QVERIFY(!m_stage->find<QPushButton>("stopButton")->isEnabled());
+        QVERIFY(!m_stage->find<QAction>("stopAction")->isEnabled());
+    }
+
+    void runThatIsStoppedInItsDialogIsStoppedInTheList()
+    {
+        startWaitingRun();
+        const BoxAnswerer willing(WindowStage::pressing(Qt::Key_Return));
+        common_KestProcessDialog* const dialog = m_stage->dialogs().constFirst();
+        QTest::mouseClick(WindowStage::inDialog<QPushButton>(dialog, "buttonStop"), Qt::LeftButton);
+        QTRY_COMPARE_WITH_TIMEOUT(m_stage->state(), text("stopped"), longTime);
+    }
+
+    void outcomeFollowsFromTheEnd_data() { addRunEndings(); }
+
+    void outcomeFollowsFromTheEnd()
+    {
+        QFETCH(int, row);
+        const RunEnding& ending = runEndings().at(row);
+        endRun(ending);
+        const bool isStarted = ending.outcome != RunOutcome::Kind::NotStarted;
+        const QString word = isStarted ? RunOutcome::word(ending.outcome) : text("not started");
+        const QString reason = text(ending.shortReason);
+        QTRY_COMPARE_WITH_TIMEOUT(m_stage->state(),
+                                  reason.isEmpty() ? word : word + text(", ") + reason, longTime);
+        const QModelIndex cell = m_stage->find<QTableView>("runList")->model()->index(0, 2);
+        const QString tip = cell.data(Qt::ToolTipRole).toString();
+        const QString told = m_stage->outcomeText();
+        if (!isStarted) {
+            QCOMPARE(told, QString());
+            QCOMPARE(tip, word);
+        } else if (ending.stop == RunEnding::Stop::Forced) { // the window shows how it closes
+            QCOMPARE(tip, word);
+        } else if (*ending.meaning == '\0') {
+            QCOMPARE(told, text("runkest of m.nec: ") + word);
+            QCOMPARE(tip, word);
+        } else {
+            QVERIFY2(told.startsWith(text("runkest of m.nec: %1. It ").arg(word)),
+                     qPrintable(told));
+            QVERIFY2(told.contains(text(ending.meaning)), qPrintable(told));
+            QVERIFY2(tip.contains(text(ending.meaning)), qPrintable(tip));
+        }
+    }
+
+    // It is cut where there is no room for it, and whole in its tool tip.
+    void longOutcomeDoesNotWidenTheWindow()
+    {
+        const int before = m_stage->window().minimumSizeHint().width();
+        m_stage->run(m_stage->model("m.nec", "dies 50 9"));
+        QTRY_COMPARE_WITH_TIMEOUT(m_stage->state(), text("fault, SIGKILL"), longTime);
+        QVERIFY(m_stage->window().minimumSizeHint().width() <= before);
+        QCOMPARE(m_stage->find<QLabel>("outcomeLabel")->toolTip(), m_stage->outcomeText());
+    }
+
+    void componentThatReadsItsInputFindsItEmpty()
+    {
+        m_stage->run(m_stage->model("m.nec", "input"));
+        QTRY_COMPARE_WITH_TIMEOUT(m_stage->state(), text("valid"), longTime);
+    }
+
+    void runThatItsDialogHasAskedToStopIsShownSo()
+    {
+        startWaitingRun("stubborn");
+        {
+            const BoxAnswerer willing(WindowStage::pressing(Qt::Key_Return));
+            QTest::mouseClick(
+                WindowStage::inDialog<QPushButton>(m_stage->dialogs().constFirst(), "buttonStop"),
+                Qt::LeftButton);
+        }
+        QCOMPARE(m_stage->state(), text("stopping, still running"));
+        m_stage->endRuns(SIGKILL);
+        QTRY_COMPARE_WITH_TIMEOUT(m_stage->state(), text("stopped"), longTime);
+    }
+
+    void runThatSomebodyElseTerminatesIsStopped_data()
+    {
+        QTest::addColumn<QByteArray>("word");
+        QTest::newRow("dies of the signal") << QByteArray("wait");
+        QTest::newRow("exit code of shells") << QByteArray("tidy");
+    }
+
+    void runThatSomebodyElseTerminatesIsStopped()
+    {
+        QFETCH(QByteArray, word);
+        startWaitingRun(word);
+        m_stage->endRuns(SIGTERM);
+        QTRY_COMPARE_WITH_TIMEOUT(m_stage->state(), text("stopped"), longTime);
+    }
+
+    void runThatIsAskedToStopIsStoppedHoweverItEnds()
+    {
+        startWaitingRun("stubborn");
+        const BoxAnswerer willing(WindowStage::pressing(Qt::Key_Return));
+        m_stage->pressStop();
+        m_stage->endRuns(SIGKILL);
+        QTRY_COMPARE_WITH_TIMEOUT(m_stage->state(), text("stopped"), longTime);
+    }
+
+    void runThatDoesNotStopIsShownSo()
+    {
+        startWaitingRun("stubborn");
+        const BoxAnswerer willing(WindowStage::pressing(Qt::Key_Return));
+        m_stage->pressStop();
+        QCOMPARE(m_stage->state(), text("stopping, still running"));
+        QVERIFY(WindowStage::quits([this] {
+            m_stage->window().quit();
+            m_stage->window().quit();
+        }));
+    }
+
+    void severalRunsGoAtOnce()
+    {
+        startWaitingRun("wait", "a.nec");
+        startWaitingRun("wait", "b.nec");
+        m_stage->run(m_stage->model("c.nec", "valid"));
+        QTRY_COMPARE_WITH_TIMEOUT(m_stage->state(2), text("valid"), longTime);
+        QCOMPARE(m_stage->state(0), text("running"));
+        QCOMPARE(m_stage->state(1), text("running"));
+        QCOMPARE(m_stage->dialogs().size(), 3);
+
+        // The selected run is stopped.
+        auto* const list = m_stage->find<QTableView>("runList");
+        list->setFocus();
+        list->selectRow(0);
+        const BoxAnswerer willing(WindowStage::pressing(Qt::Key_Return));
+        m_stage->pressStop();
+        QTRY_COMPARE_WITH_TIMEOUT(m_stage->state(0), text("stopped"), longTime);
+        QCOMPARE(m_stage->state(1), text("running"));
+
+        m_stage->find<QAction>("clearAction")->trigger();
+        QCOMPARE(m_stage->runCount(), 1);
+        QCOMPARE(m_stage->cell(0, "Model"), text("b.nec"));
+        m_stage->pressStop();
+        QTRY_COMPARE_WITH_TIMEOUT(m_stage->state(0), text("stopped"), longTime);
+    }
+
+    void newestRunIsStoppedUnlessAnotherOneThatIsGoingIsSelected()
+    {
+        startWaitingRun("wait", "a.nec");
+        startWaitingRun("wait", "b.nec");
+        startWaitingRun("wait", "c.nec");
+        BoxAnswerer willing(WindowStage::pressing(Qt::Key_Return));
+        m_stage->pressStop(); // a new run is the selected one
+        QTRY_COMPARE_WITH_TIMEOUT(m_stage->state(2), text("stopped"), longTime);
+        m_stage->pressStop(); // the selected one has ended
+        QTRY_COMPARE_WITH_TIMEOUT(m_stage->state(1), text("stopped"), longTime);
+        QCOMPARE(m_stage->state(0), text("running"));
+        startWaitingRun("wait", "d.nec");
+        m_stage->find<QTableView>("runList")->selectionModel()->clear();
+        m_stage->pressStop();
+        QTRY_COMPARE_WITH_TIMEOUT(m_stage->state(3), text("stopped"), longTime);
+        QCOMPARE(m_stage->state(0), text("running"));
+        QCOMPARE(willing.texts.size(), 3);
+    }
+
+    void newRunIsSelectedAndTheLastOutcomeGoes()
+    {
+        m_stage->run(m_stage->model("a.nec", "valid"));
+        QTRY_COMPARE_WITH_TIMEOUT(m_stage->state(), text("valid"), longTime);
+        QVERIFY(m_stage->window().isVisible()); // the end of a run closes nothing
+        QVERIFY(!m_stage->outcomeText().isEmpty());
+        startWaitingRun("wait", "b.nec");
+        QCOMPARE(m_stage->outcomeText(), QString());
+        const QModelIndexList rows =
+            m_stage->find<QTableView>("runList")->selectionModel()->selectedRows();
+        QCOMPARE(rows.size(), 1);
+        QCOMPARE(rows.constFirst().row(), 1);
+    }
+
+    void dialogOfARunIsBroughtBackByTheKeyboard_data()
+    {
+        QTest::addColumn<int>("modifiers");
+        QTest::newRow("Enter in the list") << static_cast<int>(Qt::NoModifier);
+        QTest::newRow("Ctrl and Enter") << static_cast<int>(Qt::ControlModifier);
+    }
+
+    void dialogOfARunIsBroughtBackByTheKeyboard()
+    {
+        QFETCH(int, modifiers);
+        startWaitingRun();
+        common_KestProcessDialog* const dialog = m_stage->dialogs().constFirst();
+        dialog->showMinimized();
+        auto* const list = m_stage->find<QTableView>("runList");
+        QApplication::setActiveWindow(&m_stage->window());
+        list->setFocus();
+        if (modifiers != Qt::NoModifier) {
+            m_stage->find<QLineEdit>("modelEdit")->setFocus();
+        }
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return,
+                        Qt::KeyboardModifiers(modifiers));
+        QVERIFY(!dialog->isMinimized());
+
+        const BoxAnswerer willing(WindowStage::pressing(Qt::Key_Return));
+        dialog->close();
+        QTRY_COMPARE_WITH_TIMEOUT(m_stage->state(), text("stopped"), longTime);
+        QTRY_VERIFY(m_stage->dialogs().isEmpty());
+        QApplication::setActiveWindow(&m_stage->window());
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return,
+                        Qt::KeyboardModifiers(modifiers));
+        QCOMPARE(m_stage->outcomeText(), text("The window of this run has been closed."));
+    }
+
+    void windowAndStatesHaveTheirIcons()
+    {
+        QVERIFY(!m_stage->window().windowIcon().isNull());
+        const QAbstractItemModel* const runs = m_stage->find<QTableView>("runList")->model();
+        const auto shown = [runs](int row) {
+            return runs->index(row, 2).data(Qt::DecorationRole).value<QIcon>().pixmap(16).toImage();
+        };
+        const auto named = [](const char* name) {
+            return GET_SERVICE(common_IIconUtility)->getIcon(text(name)).pixmap(16).toImage();
+        };
+        m_stage->run(m_stage->model("valid.nec", "valid"));
+        m_stage->run(m_stage->model("fault.nec", "fault"));
+        startWaitingRun();
+        QTRY_COMPARE_WITH_TIMEOUT(m_stage->state(0), text("valid"), longTime);
+        QTRY_COMPARE_WITH_TIMEOUT(m_stage->state(1), text("fault, exit code 3"), longTime);
+        QCOMPARE(shown(0), named("valid"));
+        QCOMPARE(shown(1), named("fault"));
+        QCOMPARE(shown(2), named("play"));
+        QVERIFY(shown(0) != shown(1) && shown(1) != shown(2));
+        m_stage->endRuns(SIGTERM);
+        QTRY_COMPARE_WITH_TIMEOUT(m_stage->state(2), text("stopped"), longTime);
+        QCOMPARE(shown(2), named("exclude"));
+        QVERIFY(shown(2) != shown(1));
+        QVERIFY(!runs->index(0, 0).data(Qt::DecorationRole).isValid());
+    }
+
+    void numbersStandOnTheRight()
+    {
+        m_stage->run(m_stage->model("m.nec", "valid"));
+        QTRY_COMPARE_WITH_TIMEOUT(m_stage->state(), text("valid"), longTime);
+        const QAbstractItemModel* const runs = m_stage->find<QTableView>("runList")->model();
+        QString sides;
+        for (int i = 0; i < runs->columnCount(); ++i) {
+            const int alignment = runs->index(0, i).data(Qt::TextAlignmentRole).toInt();
+            sides += QLatin1Char((alignment & Qt::AlignRight) != 0 ? 'r' : 'l');
+        }
+        QCOMPARE(sides, text("lllrrr"));
+    }
+
+    void timesAreShownWhileARunIsGoing()
+    {
+        startWaitingRun();
+        QSignalSpy changes(m_stage->find<QTableView>("runList")->model(),
+                           &QAbstractItemModel::dataChanged);
+        QVERIFY(changes.wait(longTime));
+        QCOMPARE(m_stage->cell(0, "Progress"), text("0 %"));
+        QCOMPARE(m_stage->cell(0, "Remaining"), QString());
+        QTRY_VERIFY_WITH_TIMEOUT(m_stage->cell(0, "Elapsed") != text("0:00"), longTime);
+        const BoxAnswerer willing(WindowStage::pressing(Qt::Key_Return));
+        m_stage->pressStop();
+        QTRY_COMPARE_WITH_TIMEOUT(m_stage->state(), text("stopped"), longTime);
+        const QString ended = m_stage->cell(0, "Elapsed");
+        changes.clear();
+        QTest::qWait(1100);
+        QCOMPARE(m_stage->cell(0, "Elapsed"), ended);
+        QCOMPARE(changes.size(), 0);
+    }
+
+    void remainingTimeIsEstimatedOnceTheTotalMoves()
+    {
+        startWaitingRun("halfway");
+        QTRY_COMPARE_WITH_TIMEOUT(m_stage->cell(0, "Progress"), text("50 %"), longTime);
+        QCOMPARE(m_stage->cell(0, "Remaining"), m_stage->cell(0, "Elapsed"));
+        QVERIFY(!m_stage->cell(0, "Remaining").isEmpty());
+        m_stage->endRuns(SIGTERM);
+        QTRY_COMPARE_WITH_TIMEOUT(m_stage->state(), text("stopped"), longTime);
+        QCOMPARE(m_stage->cell(0, "Progress"), text("50 %"));
+        QCOMPARE(m_stage->cell(0, "Remaining"), QString());
+    }
+
+    void progressIsNeverMoreThanAll()
+    {
+        startWaitingRun("beyond");
+        QCOMPARE(m_stage->cell(0, "Progress"), text("50 %"));
+    }
+
+    void progressIsToldAsSoonAsItMoves()
+    {
+        m_stage->run(m_stage->model("m.nec", "halfway"));
+        QCOMPARE(m_stage->state(), text("running"));
+        const QSignalSpy changes(m_stage->window().findChild<WindowRun*>(), &WindowRun::changed);
+        const QSignalSpy shown(m_stage->find<QTableView>("runList")->model(),
+                               &QAbstractItemModel::dataChanged);
+        QTRY_COMPARE_WITH_TIMEOUT(m_stage->cell(0, "Progress"), text("50 %"), longTime);
+        QCOMPARE(changes.size(), 1);
+        QVERIFY(!shown.isEmpty());
+    }
+};
+
+QTEST_MAIN(tst_window_runs)
+
+#include "tst_window_runs.moc"
