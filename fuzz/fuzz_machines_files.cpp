@@ -1,7 +1,8 @@
-// A machines file as the library counts it and as kestdesk checks it.
+// A machines file as the library counts it, and as the programs of the suite read it.
 
 #include "Fuzzing.h"
 
+#include <HostName.h>
 #include <MachinesFile.h>
 
 #include <common_MachineFileFinder.h>
@@ -14,7 +15,12 @@
 #include <algorithm>
 #include <limits>
 
+using suite::MachinesFile;
+namespace HostName = suite::HostName;
+
 namespace {
+
+const QString fileName = QStringLiteral("machines.kest");
 
 // The user's folder, with the file that the finder finds.
 class UserFolder
@@ -28,7 +34,7 @@ public:
 
     void write(const QByteArray& content) const
     {
-        QFile file(m_folder.filePath(QStringLiteral("machines.kest")));
+        QFile file(m_folder.filePath(fileName));
         require(file.open(QIODevice::WriteOnly) && file.write(content) == content.size(),
                 "the file can be written");
     }
@@ -74,15 +80,14 @@ void tryFinder(const QByteArray& content)
     require(finder.getProcesses() == naiveCount(expected), "the count is that of the entries");
 }
 
-void tryDesk(const QByteArray& content)
+void requireLines(const MachinesFile& file, int lines)
 {
-    const MachinesFile file = MachinesFile::parse(content);
-    const int lines = content.count('\n') + 1;
     int line = 0;
     for (const MachinesFile::Entry& entry : file.entries()) {
         require(entry.line > line && entry.line <= lines, "entries come in the order of lines");
-        require(!entry.host.isEmpty(), "an entry names a host");
-        require(entry.processes >= 1 && entry.processes <= 4096, "an entry has a sane count");
+        require(HostName::error(entry.host).isEmpty(), "every host is one");
+        require(entry.count >= 1 && entry.count <= MachinesFile::mostProcesses,
+                "an entry has a sane count");
         line = entry.line;
     }
     for (const MachinesFile::Finding& finding : file.findings()) {
@@ -90,8 +95,51 @@ void tryDesk(const QByteArray& content)
         require(!finding.reason.isEmpty(), "a finding says what is wrong");
     }
     require(file.findings().size() <= 3 * MachinesFile::mostFindings, "findings are limited");
-    require(!file.isRight() || file.hostCount() > 0, "a file that is right names a host");
-    require(file.hostCount() <= file.entries().size(), "every host has an entry");
+    require(file.hosts().size() <= file.entries().size(), "every host has an entry");
+    const QStringList errors = file.errors();
+    require(file.isValid() == errors.isEmpty(), "an error makes a file useless");
+    for (const QString& error : errors) {
+        require(error.contains(fileName), "an error names the file");
+    }
+}
+
+bool isSame(const MachinesFile::Entry& left, const MachinesFile::Entry& right)
+{
+    return left.host == right.host && left.count == right.count;
+}
+
+bool areSame(const QVector<MachinesFile::Entry>& left, const QVector<MachinesFile::Entry>& right)
+{
+    return std::equal(left.cbegin(), left.cend(), right.cbegin(), right.cend(), isSame);
+}
+
+void requireUsable(const MachinesFile& file)
+{
+    int total = 0;
+    for (const MachinesFile::Entry& entry : file.hosts()) {
+        require(entry.count >= 1, "every host takes a process");
+        total += entry.count;
+    }
+    require(!file.hosts().isEmpty(), "a file without errors names a host");
+    require(total == file.total(), "the total is that of the hosts");
+    require(total >= 1 && total <= MachinesFile::mostProcesses, "the total is sane");
+    require(file.hostOf(0) == file.hosts().first().host, "the first process is the first host's");
+    require(file.hostOf(total - 1) == file.hosts().last().host,
+            "the last process is the last host's");
+    require(file.hostOf(total) == file.hostOf(0), "further processes start from the first host");
+    const MachinesFile again = MachinesFile::parse(file.plainContent(), fileName);
+    require(again.isValid() && areSame(again.hosts(), file.hosts()),
+            "what the parallel runtime gets has the same hosts");
+    require(!file.hostList().contains(QLatin1Char(' ')), "the list is one word");
+}
+
+void tryReader(const QByteArray& content)
+{
+    const MachinesFile file = MachinesFile::parse(content, fileName);
+    requireLines(file, content.count('\n') + 1);
+    if (file.isValid()) {
+        requireUsable(file);
+    }
 }
 
 } // namespace
@@ -101,5 +149,5 @@ void fuzz(FuzzedInput input)
     needApplication<QCoreApplication>();
     const QByteArray content = input.rest();
     tryFinder(content);
-    tryDesk(content);
+    tryReader(content);
 }

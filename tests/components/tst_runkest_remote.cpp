@@ -184,6 +184,8 @@ void tst_runkest_remote::badHostNeverReachesSsh_data()
                               "node7 word",
                               "user@",
                               "@node7",
+                              "node7:22",
+                              "cafe:22",
                               "a@b@c",
                               "node7 home="}) {
         QTest::newRow(words) << text(words);

@@ -58,9 +58,9 @@ void HostCheck::start()
     m_timer.start(m_limit * 1000);
     if (isThisMachine(m_host)) {
         compare(QThread::idealThreadCount());
-    } else if (QHostAddress(name()).isNull()) {
+    } else if (QHostAddress(m_host).isNull()) {
         m_lookingUp = true;
-        QHostInfo::lookupHost(name(), this, &HostCheck::onLookedUp);
+        QHostInfo::lookupHost(m_host, this, &HostCheck::onLookedUp);
     } else {
         ask();
     }
@@ -72,7 +72,7 @@ bool HostCheck::isThisMachine(const QString& host)
     const QString own = QHostInfo::localHostName().toLower();
     const QString domain = QHostInfo::localDomainName().toLower();
     return name == QLatin1String("localhost") || name == QLatin1String("127.0.0.1") ||
-           name == QLatin1String("[::1]") || name == own ||
+           name == QLatin1String("::1") || name == own ||
            (!domain.isEmpty() && name == own + QLatin1Char('.') + domain);
 }
 
@@ -84,12 +84,6 @@ QString HostCheck::remoteShell()
         return file.isFile() && file.isExecutable() ? file.absoluteFilePath() : QString();
     }
     return QStandardPaths::findExecutable(program);
-}
-
-// The brackets of an address are the machines file's, not the address's.
-QString HostCheck::name() const
-{
-    return m_host.startsWith(QLatin1Char('[')) ? m_host.mid(1, m_host.size() - 2) : m_host;
 }
 
 void HostCheck::onLookedUp(const QHostInfo& info)
@@ -110,7 +104,7 @@ void HostCheck::ask()
     m_process.setStandardInputFile(QProcess::nullDevice());
     m_process.start(remoteShell(),
                     {QStringLiteral("-o"), QStringLiteral("BatchMode=yes"), QStringLiteral("-o"),
-                     QStringLiteral("ConnectTimeout=%1").arg(m_limit), QStringLiteral("--"), name(),
+                     QStringLiteral("ConnectTimeout=%1").arg(m_limit), QStringLiteral("--"), m_host,
                      QStringLiteral("getconf"), QStringLiteral("_NPROCESSORS_ONLN")});
 }
 

@@ -16,7 +16,7 @@ class HostCheck : public QObject
 public:
     enum class Outcome { Fine, Warning, Error };
 
-    /// As the machines file names the host, with all the processes that it asks for. The check
+    /// The host, an address without brackets, with all the processes that it asks for. The check
     /// takes no longer than the limit.
     HostCheck(QString host, int processes, int limitSeconds);
 
@@ -44,7 +44,6 @@ Q_SIGNALS:
     void finished();
 
 private:
-    QString name() const;
     void onLookedUp(const QHostInfo& info);
     void ask();
     void onAnswerPart();

@@ -1,26 +1,23 @@
 #include "LocalMachines.h"
 
+#include <HostName.h>
+
 #include <QStringList>
 #include <QThread>
 
 #include <algorithm>
 
+using suite::MachinesFile;
+
 namespace {
 
-constexpr int mostProcesses = 4096; // that a machines file may ask for on one host
 constexpr int shownHosts = 5;
 const QString ownName = QStringLiteral("localhost");
 const QByteArray byteOrderMark = QByteArrayLiteral("\xef\xbb\xbf");
 
 int processorCount()
 {
-    return std::clamp(QThread::idealThreadCount(), 1, mostProcesses);
-}
-
-bool isText(const QByteArray& content)
-{
-    return !content.contains('\0') && !content.startsWith("\xff\xfe") &&
-           !content.startsWith("\xfe\xff");
+    return std::clamp(QThread::idealThreadCount(), 1, MachinesFile::mostProcesses);
 }
 
 QByteArray asComment(const QByteArray& line)
@@ -48,8 +45,8 @@ LocalMachines::State LocalMachines::state() const
         return State::Free;
     }
     const QVector<MachinesFile::Entry>& entries = m_file.entries();
-    const bool isDone = m_file.isRight() && entries.size() == 1 && entries[0].host == ownName &&
-                        entries[0].processes == processorCount();
+    const bool isDone = m_file.isValid() && entries.size() == 1 && entries[0].host == ownName &&
+                        entries[0].count == processorCount();
     return isDone ? State::Done : State::Taken;
 }
 
@@ -58,9 +55,11 @@ QString LocalMachines::hosts() const
     QStringList shown;
     const QVector<MachinesFile::Entry> first = m_file.entries().mid(0, shownHosts);
     for (const MachinesFile::Entry& entry : first) {
-        shown.append(QStringLiteral("%1:%2").arg(entry.host).arg(entry.processes));
+        shown.append(QStringLiteral("%1:%2")
+                         .arg(suite::HostName::withBrackets(entry.host))
+                         .arg(entry.count));
     }
-    const int more = m_file.entries().size() - shown.size();
+    const int more = m_file.entryCount() - shown.size();
     return shown.join(QStringLiteral(", ")) +
            (more > 0 ? QStringLiteral(" and %1 more").arg(more) : QString());
 }
@@ -70,7 +69,7 @@ QString LocalMachines::error() const
     if (!m_store.readError().isEmpty()) {
         return QStringLiteral("%1 cannot be read: %2").arg(fileName(), m_store.readError());
     }
-    return isText(m_store.content())
+    return m_file.isText()
                ? QString()
                : QStringLiteral("%1 is not a text file and is left as it is").arg(origin());
 }

@@ -1,7 +1,8 @@
 #pragma once
 
-#include "MachinesFile.h"
 #include "MachinesFileStore.h"
+
+#include <MachinesFile.h>
 
 /// Lets the user's machines file name this machine, with all its processors, and no other.
 class LocalMachines
@@ -43,5 +44,5 @@ private:
     QByteArray content() const;
 
     MachinesFileStore m_store;
-    MachinesFile m_file;
+    suite::MachinesFile m_file;
 };

@@ -1,12 +1,11 @@
 #include "MachinesCheck.h"
 
-#include "MachinesFile.h"
 #include "StopSignals.h"
 
+#include <HostName.h>
 #include <RemoteShell.h>
 
 #include <QCoreApplication>
-#include <QHash>
 
 #include <algorithm>
 #include <cstdlib>
@@ -35,20 +34,9 @@ constexpr OutcomeLook outcomeLooks[] = {
 
 } // namespace
 
-MachinesCheck::MachinesCheck(const MachinesFile& file, int limitSeconds)
-    : m_limit(limitSeconds), m_output(stdout)
-{
-    QHash<QString, int> positions; // by host, in lower case
-    for (const MachinesFile::Entry& entry : file.entries()) {
-        const QString key = entry.host.toLower();
-        if (positions.contains(key)) {
-            m_hosts[positions.value(key)].processes += entry.processes;
-        } else {
-            positions.insert(key, m_hosts.size());
-            m_hosts.append({entry.host, entry.processes});
-        }
-    }
-}
+MachinesCheck::MachinesCheck(const suite::MachinesFile& file, int limitSeconds)
+    : m_hosts(file.hosts()), m_limit(limitSeconds), m_output(stdout)
+{}
 
 int MachinesCheck::exec()
 {
@@ -70,7 +58,9 @@ int MachinesCheck::exec()
 bool MachinesCheck::needsRemoteShell() const
 {
     return std::any_of(m_hosts.cbegin(), m_hosts.cend(),
-                       [](const Host& host) { return !HostCheck::isThisMachine(host.name); });
+                       [](const suite::MachinesFile::Entry& entry) {
+                           return !HostCheck::isThisMachine(entry.host);
+                       });
 }
 
 void MachinesCheck::startMore()
@@ -78,8 +68,9 @@ void MachinesCheck::startMore()
     const auto isBusy = [](const std::unique_ptr<HostCheck>& check) { return !check->isDone(); };
     auto busy = std::count_if(m_checks.cbegin(), m_checks.cend(), isBusy);
     while (busy < atATime && m_shown + static_cast<int>(m_checks.size()) < m_hosts.size()) {
-        const Host& host = m_hosts[m_shown + static_cast<int>(m_checks.size())];
-        m_checks.push_back(std::make_unique<HostCheck>(host.name, host.processes, m_limit));
+        const suite::MachinesFile::Entry& entry =
+            m_hosts[m_shown + static_cast<int>(m_checks.size())];
+        m_checks.push_back(std::make_unique<HostCheck>(entry.host, entry.count, m_limit));
         // Not at once: a check may not be destroyed while it tells its end.
         connect(m_checks.back().get(), &HostCheck::finished, this, &MachinesCheck::showDone,
                 Qt::QueuedConnection);
@@ -91,7 +82,7 @@ void MachinesCheck::startMore()
 void MachinesCheck::showDone()
 {
     while (!m_checks.empty() && m_checks.front()->isDone()) {
-        show(m_hosts[m_shown].name, *m_checks.front());
+        show(suite::HostName::withBrackets(m_hosts[m_shown].host), *m_checks.front());
         m_checks.pop_front();
         ++m_shown;
     }

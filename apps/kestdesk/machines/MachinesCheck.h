@@ -3,13 +3,13 @@
 #include "HostCheck.h"
 #include "Terminal.h"
 
+#include <MachinesFile.h>
+
 #include <QObject>
 #include <QVector>
 
 #include <deque>
 #include <memory>
-
-class MachinesFile;
 
 /// Checks the hosts of a machines file, several at a time, and shows in the file's order what was
 /// found out.
@@ -18,19 +18,13 @@ class MachinesCheck : public QObject
     Q_OBJECT
 
 public:
-    MachinesCheck(const MachinesFile& file, int limitSeconds);
+    MachinesCheck(const suite::MachinesFile& file, int limitSeconds);
 
     /// The application's exit code: 0 all hosts answer, 1 one does not, 2 there is no program to
     /// reach them with, 130 stopped.
     int exec();
 
 private:
-    struct Host
-    {
-        QString name;
-        int processes;
-    };
-
     bool needsRemoteShell() const;
     void startMore();
     void showDone();
@@ -38,7 +32,7 @@ private:
     void stop();
     int leave(int exitCode);
 
-    QVector<Host> m_hosts;
+    QVector<suite::MachinesFile::Entry> m_hosts;
     int m_limit; ///< seconds
     Terminal m_output;
     std::deque<std::unique_ptr<HostCheck>> m_checks; ///< those that are not shown yet

@@ -36,7 +36,7 @@ int show(const QStringList& words)
         Terminal terminal(stdout);
         report.write(terminal);
     }
-    return report.isFound() && report.file().isRight() ? exitRight : exitWrong;
+    return report.isFound() && report.file().isValid() ? exitRight : exitWrong;
 }
 
 // The seconds that a host may take; 0 when the words make no sense.
@@ -66,7 +66,7 @@ int check(const QStringList& words)
     if (!report.isFound()) {
         return exitImpossible;
     }
-    return std::max(report.file().isRight() ? exitRight : exitWrong,
+    return std::max(report.file().isValid() ? exitRight : exitWrong,
                     MachinesCheck(report.file(), seconds).exec());
 }
 
@@ -75,7 +75,7 @@ int edit(const QStringList& words)
     return words.isEmpty() ? MachinesEditor().exec() : showUsage();
 }
 
-int complain(const QString& text, int exitCode)
+int reportError(const QString& text, int exitCode)
 {
     Terminal(stderr).writeLine(QStringLiteral("kestdesk: ") + text, Terminal::Colour::Red);
     return exitCode;
@@ -85,7 +85,7 @@ int saveLocal(LocalMachines& machines)
 {
     const QString error = machines.save();
     if (!error.isEmpty()) {
-        return complain(error, exitImpossible);
+        return reportError(error, exitImpossible);
     }
     Terminal(stdout).writeLine(QStringLiteral("Saved %1 with the line \"%2\".")
                                    .arg(machines.fileName(), LocalMachines::line()));
@@ -102,7 +102,7 @@ int useLocal(const QStringList& words)
     LocalMachines machines;
     switch (machines.state()) {
     case LocalMachines::State::NotChanged:
-        return complain(machines.error(), exitImpossible);
+        return reportError(machines.error(), exitImpossible);
     case LocalMachines::State::Done:
         Terminal(stdout).writeLine(
             QStringLiteral("Nothing was changed: %1 has the line \"%2\" and no other host.")
@@ -111,7 +111,7 @@ int useLocal(const QStringList& words)
     case LocalMachines::State::Taken:
         if (!mayReplace) {
             const QString hosts = machines.hosts();
-            return complain(
+            return reportError(
                 QStringLiteral("%1 %2; \"kestdesk machines use-local --replace\" saves %3 with the "
                                "line \"%4\" and keeps the others as comments")
                     .arg(machines.origin(),

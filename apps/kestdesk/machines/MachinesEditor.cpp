@@ -1,15 +1,15 @@
 #include "MachinesEditor.h"
 
-#include "MachinesFile.h"
 #include "MachinesReport.h"
 #include "Terminal.h"
 #include "TerminalDevice.h"
+
+#include <MachinesFile.h>
 
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
 #include <QProcess>
-#include <QSaveFile>
 #include <QStandardPaths>
 #include <QTemporaryFile>
 
@@ -39,7 +39,7 @@ constexpr const char* fileTemplate =
 // Tried where the user names none.
 constexpr const char* commonEditors[] = {"sensible-editor", "editor", "vi", "nano", "notepad"};
 
-void complain(const QString& line)
+void reportError(const QString& line)
 {
     Terminal(stderr).writeLine(QStringLiteral("kestdesk: ") + line, Terminal::Colour::Red);
 }
@@ -59,17 +59,6 @@ QStringList editorCommand()
         }
     }
     return {};
-}
-
-// Nothing when the file cannot be read.
-std::optional<QByteArray> contentOf(const QString& fileName, QString* error = nullptr)
-{
-    QFile file(fileName);
-    const QString reason = MachinesFile::open(file);
-    if (error) {
-        *error = reason;
-    }
-    return reason.isEmpty() ? std::optional<QByteArray>(file.readAll()) : std::nullopt;
 }
 
 /// While this lives, Ctrl+C is the editor's business alone. The editor does not inherit that.
@@ -101,11 +90,6 @@ std::optional<QString> readLine()
 
 } // namespace
 
-MachinesEditor::MachinesEditor()
-    : m_fileName(
-          QDir(qEnvironmentVariable("KEST_USER_HOME")).filePath(QStringLiteral("machines.kest")))
-{}
-
 int MachinesEditor::exec()
 {
     if (!readOriginal() || !makeCopy()) {
@@ -117,27 +101,24 @@ int MachinesEditor::exec()
 
 bool MachinesEditor::readOriginal()
 {
-    QString error;
-    m_original = contentOf(m_fileName, &error);
-    if (!m_original && QFileInfo::exists(m_fileName)) {
-        complain(QStringLiteral("cannot read %1: %2").arg(m_fileName, error));
+    if (!m_store.readError().isEmpty()) {
+        reportError(
+            QStringLiteral("cannot read %1: %2").arg(m_store.fileName(), m_store.readError()));
         return false;
     }
-    const QString shared = QDir(qEnvironmentVariable("KEST_HOME"))
-                               .filePath(QStringLiteral("shared/mpi/machines.kest"));
-    m_begun = m_original ? *m_original : contentOf(shared).value_or(QByteArray(fileTemplate));
+    m_begun = m_store.origin().isEmpty() ? QByteArray(fileTemplate) : m_store.content();
     return true;
 }
 
 // Beside the file, where what is typed belongs to the user alone and survives.
 bool MachinesEditor::makeCopy()
 {
-    const QFileInfo file(m_fileName);
+    const QFileInfo file(m_store.fileName());
     QDir().mkpath(file.absolutePath());
     QTemporaryFile copy(file.absolutePath() + QStringLiteral("/machines-edited-XXXXXX.kest"));
     copy.setAutoRemove(false);
     if (!copy.open() || copy.write(m_begun) != m_begun.size() || !copy.flush()) {
-        complain(
+        reportError(
             QStringLiteral("cannot write in %1: %2").arg(file.absolutePath(), copy.errorString()));
         copy.remove();
         return false;
@@ -152,7 +133,7 @@ int MachinesEditor::editCopy()
     const QStringList command = editorCommand();
     if (command.isEmpty()) {
         QFile::remove(m_copyName);
-        complain(QStringLiteral("there is no editor; VISUAL or EDITOR names one"));
+        reportError(QStringLiteral("there is no editor; VISUAL or EDITOR names one"));
         return exitImpossible;
     }
     QProcess editor;
@@ -161,15 +142,17 @@ int MachinesEditor::editCopy()
     const InterruptsLeftToTheEditor interrupts;
     editor.start(command.first(), command.mid(1) + QStringList(m_copyName));
     if (!editor.waitForStarted(-1)) {
-        complain(QStringLiteral("cannot start the editor %1: %2")
-                     .arg(command.first(), editor.errorString()));
-        return contentOf(m_copyName) == m_begun ? (QFile::remove(m_copyName), exitImpossible)
-                                                : keepCopy(QStringLiteral("nothing was saved"));
+        reportError(QStringLiteral("cannot start the editor %1: %2")
+                        .arg(command.first(), editor.errorString()));
+        return MachinesFileStore::contentOf(m_copyName) == m_begun
+                   ? (QFile::remove(m_copyName), exitImpossible)
+                   : keepCopy(QStringLiteral("nothing was saved"));
     }
     editor.waitForFinished(-1);
     if (editor.exitStatus() != QProcess::NormalExit || editor.exitCode() != 0) {
         const QString reason = QStringLiteral("the editor did not end well; nothing was saved");
-        return contentOf(m_copyName) == m_begun ? dropCopy(reason) : keepCopy(reason);
+        return MachinesFileStore::contentOf(m_copyName) == m_begun ? dropCopy(reason)
+                                                                   : keepCopy(reason);
     }
     return exitDone;
 }
@@ -178,7 +161,7 @@ int MachinesEditor::conclude()
 {
     for (;;) {
         QString error;
-        const std::optional<QByteArray> edited = contentOf(m_copyName, &error);
+        const std::optional<QByteArray> edited = MachinesFileStore::contentOf(m_copyName, &error);
         if (!edited) {
             return keepCopy(QStringLiteral("cannot read what was edited: %1").arg(error));
         }
@@ -207,11 +190,11 @@ int MachinesEditor::conclude()
 // What to do with it: what is right is saved, and of what is wrong the user decides.
 MachinesEditor::Answer MachinesEditor::judge(const QByteArray& edited) const
 {
-    const MachinesFile file = MachinesFile::parse(edited);
+    const suite::MachinesFile file = suite::MachinesFile::parse(edited);
     Terminal terminal(stderr);
     MachinesReport::writeFindings(file, terminal);
     terminal.flush();
-    if (file.isRight()) {
+    if (file.isValid()) {
         return Answer::Save;
     }
     if (!TerminalDevice::isPerson(stdin)) {
@@ -237,28 +220,28 @@ MachinesEditor::Answer MachinesEditor::judge(const QByteArray& edited) const
 
 int MachinesEditor::save(const QByteArray& edited)
 {
-    if (contentOf(m_fileName) != m_original) {
-        return keepCopy(
-            QStringLiteral("%1 was changed meanwhile and is left as it is").arg(m_fileName));
+    if (m_store.hasChanged()) {
+        return keepCopy(QStringLiteral("%1 was changed meanwhile and is left as it is")
+                            .arg(m_store.fileName()));
     }
-    QSaveFile file(m_fileName);
-    if (!file.open(QIODevice::WriteOnly) || file.write(edited) != edited.size() || !file.commit()) {
-        return keepCopy(QStringLiteral("cannot write %1: %2").arg(m_fileName, file.errorString()));
+    const QString error = m_store.save(edited);
+    if (!error.isEmpty()) {
+        return keepCopy(QStringLiteral("cannot write %1: %2").arg(m_store.fileName(), error));
     }
     QFile::remove(m_copyName);
-    Terminal(stdout).writeLine(QStringLiteral("Saved %1.").arg(m_fileName));
+    Terminal(stdout).writeLine(QStringLiteral("Saved %1.").arg(m_store.fileName()));
     return exitDone;
 }
 
 int MachinesEditor::keepCopy(const QString& reason) const
 {
-    complain(QStringLiteral("%1; what you edited is in %2").arg(reason, m_copyName));
+    reportError(QStringLiteral("%1; what you edited is in %2").arg(reason, m_copyName));
     return exitNotSaved;
 }
 
 int MachinesEditor::dropCopy(const QString& reason) const
 {
     QFile::remove(m_copyName);
-    complain(reason);
+    reportError(reason);
     return exitNotSaved;
 }

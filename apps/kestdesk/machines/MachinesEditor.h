@@ -1,19 +1,15 @@
 #pragma once
 
-#include <QByteArray>
-#include <QString>
-
-#include <optional>
+#include "MachinesFileStore.h"
 
 /// Lets the user change the machines file in an editor: on a copy, which takes the file's place
-/// when it is right or the user says so. Whatever happens, what was typed is in one of the two.
+/// when it has no errors or the user says so. Whatever happens, what was typed is in one of the
+/// two.
 class MachinesEditor
 {
 public:
-    MachinesEditor();
-
     /// The program's exit code: 0 saved, or nothing to save; 1 not saved; 2 nothing could be
-    /// edited. Says why on standard error.
+    /// edited. Says why on standard error. Needs the service common_IApplicationInfo.
     int exec();
 
 private:
@@ -28,8 +24,7 @@ private:
     int keepCopy(const QString& reason) const;
     int dropCopy(const QString& reason) const;
 
-    QString m_fileName; ///< the user's machines file
+    MachinesFileStore m_store;
     QString m_copyName;
-    std::optional<QByteArray> m_original; ///< nothing where the user has no file
-    QByteArray m_begun;                   ///< what the editor was given first
+    QByteArray m_begun; ///< what the editor was given first
 };

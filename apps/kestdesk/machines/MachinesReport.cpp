@@ -1,5 +1,7 @@
 #include "MachinesReport.h"
 
+#include <HostName.h>
+
 #include <QDir>
 #include <QFileInfo>
 #include <QJsonArray>
@@ -7,6 +9,9 @@
 #include <QJsonObject>
 
 #include <algorithm>
+
+using suite::MachinesFile;
+using suite::HostName::withBrackets;
 
 namespace {
 
@@ -67,8 +72,8 @@ QJsonArray entriesJson(const MachinesFile& file)
     QJsonArray result;
     for (const MachinesFile::Entry& entry : file.entries()) {
         result.append(QJsonObject{{QStringLiteral("line"), entry.line},
-                                  {QStringLiteral("host"), entry.host},
-                                  {QStringLiteral("processes"), entry.processes}});
+                                  {QStringLiteral("host"), withBrackets(entry.host)},
+                                  {QStringLiteral("processes"), entry.count}});
     }
     return result;
 }
@@ -120,7 +125,7 @@ void MachinesReport::write(Terminal& terminal) const
                            ? QStringLiteral("in all: no processes")
                            : QStringLiteral("in all: %1 processes, hosts: %2")
                                  .arg(m_finder.getProcesses())
-                                 .arg(m_file.hostCount()));
+                                 .arg(m_file.hosts().size()));
     writeFindings(m_file, terminal);
 }
 
@@ -144,15 +149,15 @@ void MachinesReport::writeEntries(Terminal& terminal) const
     const QVector<MachinesFile::Entry> shown = m_file.entries().mid(0, shownEntries);
     int width = 0;
     for (const MachinesFile::Entry& entry : shown) {
-        width = std::max(width, std::min(entry.host.size(), widestHost));
+        width = std::max(width, std::min(withBrackets(entry.host).size(), widestHost));
     }
     for (const MachinesFile::Entry& entry : shown) {
         terminal.writeLine(
-            QStringLiteral("  %1  %2").arg(entry.host, -width).arg(entry.processes, 4));
+            QStringLiteral("  %1  %2").arg(withBrackets(entry.host), -width).arg(entry.count, 4));
     }
-    if (m_file.entries().size() > shown.size()) {
+    if (m_file.entryCount() > shown.size()) {
         terminal.writeLine(
-            QStringLiteral("  ... and %1 lines more").arg(m_file.entries().size() - shown.size()));
+            QStringLiteral("  ... and %1 lines more").arg(m_file.entryCount() - shown.size()));
     }
 }
 
@@ -190,7 +195,7 @@ QByteArray MachinesReport::json() const
                    : QJsonValue()},
         {QStringLiteral("candidates"), candidates},
         {QStringLiteral("processes"), m_finder.getProcesses()},
-        {QStringLiteral("hosts"), m_file.hostCount()},
+        {QStringLiteral("hosts"), m_file.hosts().size()},
         {QStringLiteral("entries"), entriesJson(m_file)},
         {QStringLiteral("findings"), findingsJson(m_file)},
         {QStringLiteral("findingCounts"), countsJson(m_file)},

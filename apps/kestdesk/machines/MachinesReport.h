@@ -1,7 +1,8 @@
 #pragma once
 
-#include "MachinesFile.h"
 #include "Terminal.h"
+
+#include <MachinesFile.h>
 
 #include <common_MachineFileFinder.h>
 
@@ -15,7 +16,7 @@ public:
     bool isFound() const { return m_finder.isValid(); }
 
     /// Where there is no file: an empty one.
-    const MachinesFile& file() const { return m_file; }
+    const suite::MachinesFile& file() const { return m_file; }
 
     /// For people: of many hosts or findings only the first, and how many more there are.
     void write(Terminal& terminal) const;
@@ -24,12 +25,12 @@ public:
     QByteArray json() const;
 
     /// One for each finding of the file, of many only the first.
-    static void writeFindings(const MachinesFile& file, Terminal& terminal);
+    static void writeFindings(const suite::MachinesFile& file, Terminal& terminal);
 
 private:
     void writeSearch(Terminal& terminal) const;
     void writeEntries(Terminal& terminal) const;
 
     common_MachineFileFinder m_finder;
-    MachinesFile m_file;
+    suite::MachinesFile m_file;
 };

@@ -1,7 +1,8 @@
 #include "MachinesDialog.h"
 
-#include "MachinesFile.h"
 #include "MachinesTextEdit.h"
+
+#include <MachinesFile.h>
 
 #include <common_HelpClient.h>
 #include <common_IIconUtility.h>
@@ -18,6 +19,8 @@
 #include <QVBoxLayout>
 
 #include <algorithm>
+
+using suite::MachinesFile;
 
 namespace {
 
@@ -160,14 +163,10 @@ bool MachinesDialog::isChanged() const
 void MachinesDialog::check()
 {
     const MachinesFile file = MachinesFile::parse(typed());
-    int processes = 0;
-    for (const MachinesFile::Entry& entry : file.entries()) {
-        processes += entry.processes;
-    }
     m_summary->setText(
         QStringLiteral("%1, %2; %3, %4")
-            .arg(counted(file.hostCount(), "host", "hosts"),
-                 counted(processes, "process", "processes"),
+            .arg(counted(file.hosts().size(), "host", "hosts"),
+                 counted(file.total(), "process", "processes"),
                  counted(file.count(MachinesFile::Severity::Error), "error", "errors"),
                  counted(file.count(MachinesFile::Severity::Warning), "warning", "warnings")));
     m_text->showFindings(file);
@@ -213,8 +212,8 @@ bool MachinesDialog::mayOverwrite()
 
 void MachinesDialog::accept()
 {
-    const bool isRight = MachinesFile::parse(typed()).isRight();
-    if ((!isRight && !wants("The machines file has errors. Parallel runs with it may fail.",
+    const bool isValid = MachinesFile::parse(typed()).isValid();
+    if ((!isValid && !wants("The machines file has errors. Parallel runs with it may fail.",
                             "&Save it anyway", this)) ||
         !mayOverwrite()) {
         return;

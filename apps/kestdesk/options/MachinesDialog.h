@@ -4,11 +4,14 @@
 
 #include <QDialog>
 
-class MachinesFile;
 class MachinesTextEdit;
 class QLabel;
 class QListWidget;
 class QPushButton;
+
+namespace suite {
+class MachinesFile;
+}
 
 /// "Configure": lets the user change the own machines file, and says what is wrong with it line by
 /// line while it is typed.
@@ -36,7 +39,7 @@ private:
     QByteArray typed() const;
     bool isChanged() const;
     void check();
-    void showFindings(const MachinesFile& file);
+    void showFindings(const suite::MachinesFile& file);
     bool mayOverwrite();
 
     MachinesFileStore m_store;

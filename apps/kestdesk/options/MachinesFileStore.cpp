@@ -1,12 +1,12 @@
 #include "MachinesFileStore.h"
 
-#include "MachinesFile.h"
+#include <InputFile.h>
+#include <MachinesFile.h>
 
 #include <common_IApplicationInfo.h>
 #include <common_ServiceOf.h>
 
 #include <QDir>
-#include <QFile>
 #include <QFileInfo>
 #include <QSaveFile>
 
@@ -16,23 +16,6 @@ constexpr const char* beginning = "# The machines for parallel runs, one a line:
                                   "#\n"
                                   "#   host:count\n"
                                   "#\n";
-
-std::optional<QByteArray> contentOf(const QString& fileName, QString* error = nullptr)
-{
-    QFile file(fileName);
-    const QString reason = MachinesFile::open(file);
-    if (!reason.isEmpty()) {
-        if (error != nullptr) {
-            *error = reason;
-        }
-        return std::nullopt;
-    }
-    const QByteArray content = file.readAll();
-    if (error != nullptr && file.error() != QFile::NoError) {
-        *error = file.errorString();
-    }
-    return content;
-}
 
 } // namespace
 
@@ -52,6 +35,16 @@ MachinesFileStore::MachinesFileStore()
     const std::optional<QByteArray> installed = contentOf(shared);
     m_origin = installed ? shared : QString();
     m_content = installed.value_or(QByteArray(beginning));
+}
+
+std::optional<QByteArray> MachinesFileStore::contentOf(const QString& path, QString* problem)
+{
+    suite::InputFile file(path);
+    std::optional<QByteArray> content = file.read(suite::MachinesFile::largestFile);
+    if (problem != nullptr) {
+        *problem = file.reason();
+    }
+    return content;
 }
 
 bool MachinesFileStore::hasChanged() const

@@ -13,10 +13,13 @@ public:
     /// service common_IApplicationInfo.
     MachinesFileStore();
 
+    /// What a machines file holds. Nothing when it cannot be read; the problem says why.
+    static std::optional<QByteArray> contentOf(const QString& path, QString* problem = nullptr);
+
     /// Of the user's file, which need not be there.
     QString fileName() const { return m_fileName; }
 
-    /// Where the content came from: the user's file, the installation's, or a template.
+    /// Where the content came from: the user's file or the installation's; empty for a template.
     QString origin() const { return m_origin; }
 
     QByteArray content() const { return m_content; }

@@ -1,11 +1,13 @@
 #include "MachinesTextEdit.h"
 
-#include "MachinesFile.h"
+#include <MachinesFile.h>
 
 #include <QFontDatabase>
 #include <QPaintEvent>
 #include <QPainter>
 #include <QTextBlock>
+
+using suite::MachinesFile;
 
 namespace {
 

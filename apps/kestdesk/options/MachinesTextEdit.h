@@ -2,7 +2,9 @@
 
 #include <QPlainTextEdit>
 
+namespace suite {
 class MachinesFile;
+}
 
 /// The text of a machines file, with line numbers, and with its findings underlined.
 class MachinesTextEdit : public QPlainTextEdit
@@ -12,7 +14,7 @@ class MachinesTextEdit : public QPlainTextEdit
 public:
     explicit MachinesTextEdit(QWidget* parent);
 
-    void showFindings(const MachinesFile& file);
+    void showFindings(const suite::MachinesFile& file);
 
     /// Puts the cursor into the line, which counts from 1.
     void goToLine(int line);

@@ -1,7 +1,8 @@
 #include "OptionRules.h"
 
 #include "EnvironmentRule.h"
-#include "HostRule.h"
+
+#include <RemoteHost.h>
 
 #include <common_PropertyMetaData.h>
 
@@ -63,6 +64,15 @@ QString gpuListProblem(const QString& text)
                                              : QString();
 }
 
+QString hostProblem(const QString& text)
+{
+    if (text != text.simplified()) {
+        return QStringLiteral("There must be one blank between two words, and none around them.");
+    }
+    const QString error = text.isEmpty() ? QString() : suite::RemoteHost(text).error();
+    return error.isEmpty() ? QString() : error + QLatin1Char('.');
+}
+
 QString frequencyProblem(const QString& text)
 {
     static const QRegularExpression number(
@@ -103,7 +113,7 @@ constexpr RangeRow rangeRows[] = {
 constexpr TextRow textRows[] = {
     {"Kest.NumberOfGPUs",    gpuCountProblem,          "a whole number from 1, or nothing for all", false, ""},
     {"Kest.GPUsList",        gpuListProblem,           "numbers with commas between them, such as 0,1, or nothing for any", false, ""},
-    {"Kest.RemoteHost",      HostRule::complaint,      "a host as [user@]HOST [user=NAME] [port=NUMBER] [home=FOLDER], or nothing", false, ""},
+    {"Kest.RemoteHost",      hostProblem,              "a host as [user@]HOST [user=NAME] [port=NUMBER] [home=FOLDER], or nothing", false, ""},
     {"Amrkest.Frequency",    frequencyProblem,         "a positive number in MHz, such as 14.2, or nothing", false, "Give a frequency, or do not specify one."},
     {"EnvironmentVariables", EnvironmentRule::problem, "NAME=VALUE, one a line, with no further \"=\"", true, ""},
 };

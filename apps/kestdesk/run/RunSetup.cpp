@@ -4,9 +4,9 @@
 #include "Installation.h"
 #include "LaunchOptionsFile.h"
 #include "MachinesCopies.h"
-#include "MachinesFile.h"
 
 #include <FileName.h>
+#include <MachinesFile.h>
 
 #include <common_CommonSettingsSet.h>
 #include <common_MachineFileFinder.h>
@@ -102,7 +102,7 @@ QString machinesFileWithoutHosts(const common_ProcessRunnerBase& runner)
     }
     common_MachineFileFinder finder;
     const QString file = finder.getMachineFileInfo()->absoluteFilePath();
-    return MachinesFile::read(file).namesNoHost() ? file : QString();
+    return suite::MachinesFile::read(file).namesNoHost() ? file : QString();
 }
 
 bool lacksMachinesFile(common_RunWrapper::RunOptions options)

@@ -2,10 +2,11 @@
 
 #include "Expression.h"
 #include "GoldenSection.h"
-#include "MachinesFile.h"
 #include "ParallelSection.h"
 #include "ResultFiles.h"
 #include "ResultTable.h"
+
+#include <MachinesFile.h>
 
 #include <QDir>
 #include <QFile>
@@ -125,15 +126,16 @@ QString Optkest::wantedAtOnce() const
 // Each host as often as it takes evaluations, until there are enough.
 QStringList Optkest::hostsOfMachinesFile()
 {
-    const MachinesFile file(option("--machines-file"));
-    for (const QString& error : file.errors()) {
+    const MachinesFile file = MachinesFile::read(option("--machines-file"));
+    const QStringList errors = file.errors();
+    for (const QString& error : errors) {
         fail(FindingKind::MachinesFileUnusable, error);
     }
     bool isNumber = false;
     const int wanted = wantedAtOnce().toInt(&isNumber);
     const int most = isNumber ? qMin(wanted, mostEvaluations) : mostEvaluations;
     QStringList hosts;
-    for (const MachinesFile::Entry& entry : file.entries()) {
+    for (const MachinesFile::Entry& entry : file.hosts()) {
         for (int i = 0; i < entry.count && hosts.size() < most; ++i) {
             hosts.append(entry.host);
         }

@@ -253,7 +253,7 @@ QString MpiSweep::hostNames() const
         return QStringLiteral("'%1'").arg(hostOf(0));
     }
     QStringList names;
-    for (const MachinesFile::Entry& entry : m_setup.machines->entries()) {
+    for (const MachinesFile::Entry& entry : m_setup.machines->hosts()) {
         names.append(QStringLiteral("'%1'").arg(entry.host));
     }
     return names.mid(0, 5).join(QStringLiteral(", ")) +

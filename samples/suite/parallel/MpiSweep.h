@@ -1,10 +1,11 @@
 #pragma once
 
 #include "FramedProcess.h"
-#include "MachinesFile.h"
 #include "Priority.h"
 #include "SweepDeck.h"
 #include "SweepRunner.h"
+
+#include <MachinesFile.h>
 
 #include <map>
 

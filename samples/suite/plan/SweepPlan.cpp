@@ -2,8 +2,10 @@
 
 #include "EngineProgram.h"
 #include "MpiSweep.h"
-#include "RemoteHost.h"
 #include "Sweep.h"
+
+#include <HostName.h>
+#include <RemoteHost.h>
 
 #include <QThread>
 
@@ -19,6 +21,17 @@ bool has(const CommandLine& line, const char* name)
 QString valueOf(const CommandLine& line, const char* name)
 {
     return line.value(OptionGroup::Runkest, QLatin1String(name));
+}
+
+// What keeps the parallel runtime from reaching the host; empty when nothing does.
+QString hostError(const RemoteHost& host)
+{
+    if (!host.arguments().isEmpty()) {
+        return QStringLiteral("the parallel runtime reaches the remote host by its name alone, "
+                              "without a user and other words");
+    }
+    return host.error().isEmpty() ? QString()
+                                  : QStringLiteral("in the option --remote-host ") + host.error();
 }
 
 } // namespace
@@ -46,8 +59,9 @@ void SweepPlan::readMachines(const CommandLine& line)
     m_isParallel = true;
     const bool isLocal = valueOf(line, "--parallel-authenticate") == QLatin1String("localonly");
     if (has(line, "--machines-file") && !isLocal) {
-        m_machines = MachinesFile(valueOf(line, "--machines-file"));
-        for (const QString& error : m_machines->errors()) {
+        m_machines = MachinesFile::read(valueOf(line, "--machines-file"));
+        const QStringList errors = m_machines->errors();
+        for (const QString& error : errors) {
             m_findings.add(FindingKind::MachinesFileUnusable, 0, {error});
         }
     }
@@ -57,11 +71,7 @@ void SweepPlan::readRemoteHost(const CommandLine& line)
 {
     m_isParallel = true;
     const RemoteHost host(valueOf(line, "--remote-host"));
-    const bool isPlain = host.arguments().isEmpty();
-    const QString error =
-        isPlain ? host.error()
-                : QStringLiteral("the parallel runtime reaches the remote host by its name "
-                                 "alone, without a user and other words");
+    const QString error = hostError(host);
     if (!error.isEmpty()) {
         m_findings.add(FindingKind::BadCommandLine, 0, {error});
         return;
@@ -77,7 +87,7 @@ void SweepPlan::readProcesses(const CommandLine& line)
     const int wanted = valueOf(line, has(line, "-np") ? "-np" : "-NP").toInt(&isNumber);
     const int all = m_machines ? m_machines->total() : QThread::idealThreadCount();
     m_processes = isNumber ? wanted : all;
-    if (m_machines && m_machines->errors().isEmpty() && m_processes > all) {
+    if (m_machines && m_machines->isValid() && m_processes > all) {
         m_findings.add(FindingKind::MoreProcesses, 0,
                        {QString::number(m_processes), QString::number(all)});
     }
@@ -92,8 +102,8 @@ void SweepPlan::checkHosts()
     if (!m_machines) {
         return;
     }
-    for (const MachinesFile::Entry& entry : m_machines->entries()) {
-        if (entry.host.contains(QLatin1Char(':'))) {
+    for (const MachinesFile::Entry& entry : m_machines->hosts()) {
+        if (HostName::isAddress(entry.host)) {
             m_findings.add(FindingKind::MachinesFileUnusable, 0,
                            {QStringLiteral("the parallel runtime takes no IPv6 address, the host "
                                            "'%1' needs a name")

@@ -2,10 +2,11 @@
 
 #include "CommandLine.h"
 #include "Finding.h"
-#include "MachinesFile.h"
 #include "Priority.h"
 #include "SweepDeck.h"
 #include "SweepRunner.h"
+
+#include <MachinesFile.h>
 
 #include <memory>
 #include <optional>

@@ -1,11 +1,11 @@
 #include "RemoteRun.h"
 
 #include "ChildProcesses.h"
-#include "MachinesFile.h"
 #include "PlainText.h"
 #include "ResultFiles.h"
 #include "SshProgram.h"
 
+#include <MachinesFile.h>
 #include <RemoteShell.h>
 
 #include <QCoreApplication>
@@ -101,7 +101,8 @@ bool RemoteRun::checkHost()
     m_host = std::make_unique<RemoteHost>(
         commandLine().value(OptionGroup::Runkest, QStringLiteral("--remote-host")));
     if (!m_host->error().isEmpty()) {
-        fail(FindingKind::BadCommandLine, m_host->error());
+        fail(FindingKind::BadCommandLine,
+             QStringLiteral("in the option --remote-host ") + m_host->error());
         return false;
     }
     return true;
@@ -118,8 +119,10 @@ bool RemoteRun::readFiles()
     const QString option = QStringLiteral("--machines-file");
     m_hasMachines = commandLine().has(OptionGroup::Runkest, option);
     if (m_hasMachines) {
-        const MachinesFile machines(commandLine().value(OptionGroup::Runkest, option));
-        for (const QString& error : machines.errors()) {
+        const MachinesFile machines =
+            MachinesFile::read(commandLine().value(OptionGroup::Runkest, option));
+        const QStringList errors = machines.errors();
+        for (const QString& error : errors) {
             fail(FindingKind::MachinesFileUnusable, error);
         }
         m_machines = machines.plainContent();

@@ -2,7 +2,8 @@
 
 #include "ComponentProgram.h"
 #include "FramedProcess.h"
-#include "RemoteHost.h"
+
+#include <RemoteHost.h>
 
 #include <QElapsedTimer>
 
