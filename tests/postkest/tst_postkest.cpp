@@ -68,7 +68,7 @@ protected:
 #ifdef Q_OS_UNIX
         if (mostBytes > 0) {
             const rlimit tight = {static_cast<rlim_t>(mostBytes), static_cast<rlim_t>(mostBytes)};
-            std::signal(SIGXFSZ, SIG_IGN);
+            std::signal(SIGXFSZ, SIG_DFL); // as at a shell
             ::setrlimit(RLIMIT_FSIZE, &tight);
         }
         if (isOrdinaryUser && ::geteuid() == 0 && ::setuid(65534) != 0) {
@@ -378,6 +378,8 @@ private Q_SLOTS:
         QTest::newRow("no result")      << QStringList{text("--non-interactive")} << text("no result given");
         QTest::newRow("unknown option") << QStringList{text("--non-interactive"), text("--wrong"), text("a.csv")} << text("wrong");
         QTest::newRow("size of words")  << QStringList{text("--non-interactive"), text("second.csv"), text("--size"), text("big")} << text("\"big\" is no size");
+        QTest::newRow("window's file")  << QStringList{text("second.csv"), text("--output"), text("a.png")} << text("--output needs --non-interactive");
+        QTest::newRow("window's size")  << QStringList{text("second.csv"), text("--size"), text("500x500")} << text("--size needs --non-interactive");
         QTest::newRow("too small")      << QStringList{text("--non-interactive"), text("second.csv"), text("--size"), text("99x500")} << text("is no size");
         QTest::newRow("too large")      << QStringList{text("--non-interactive"), text("second.csv"), text("--size"), text("500x10001")} << text("is no size");
         // clang-format on
