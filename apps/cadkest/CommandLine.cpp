@@ -1,19 +1,19 @@
 #include "CommandLine.h"
 
+#include "PictureCommand.h"
+#include "ProbeCommand.h"
+#include "WindowCommand.h"
+
+#include <PictureOptions.h>
+
 #include <QCommandLineParser>
 
 #include <algorithm>
-#include <optional>
+#include <iterator>
 
 namespace {
 
-constexpr int leastSide = 16;
-constexpr int greatestSide = 8192;
-
-const QString nonInteractiveOption = QStringLiteral("non-interactive");
 const QString tryOption = QStringLiteral("try-opengl");
-const QString outputOption = QStringLiteral("output");
-const QString sizeOption = QStringLiteral("size");
 const QString viewOption = QStringLiteral("view");
 const QString paletteOption = QStringLiteral("palette");
 
@@ -30,151 +30,119 @@ constexpr DirectionName directionNames[] = {
     {"z", Direction::Z},
 };
 
-void addOptions(QCommandLineParser& parser)
+PictureOptions pictureOptions()
 {
-    parser.setApplicationDescription(
-        QStringLiteral("Shows a model's wires in three dimensions.\n\n"
-                       "Exit code of --non-interactive: 0 the picture was made, 1 it was not,\n"
-                       "2 the command line is wrong."));
-    parser.addHelpOption();
-    parser.addVersionOption();
-    parser.addOption({nonInteractiveOption,
-                      QStringLiteral("Make a picture (PNG) of the model, without a window.")});
-    parser.addOption({outputOption,
-                      QStringLiteral("The picture's file (default: MODEL.png beside the model)."),
-                      QStringLiteral("file")});
-    parser.addOption({sizeOption,
-                      QStringLiteral("The picture's size in pixels (default: 1280x800)."),
-                      QStringLiteral("WxH"), QStringLiteral("1280x800")});
-    parser.addOption({viewOption,
-                      QStringLiteral("Look from a corner (iso, the default), along an axis (x, y) "
-                                     "or from above (z)."),
-                      QStringLiteral("view"), QStringLiteral("iso")});
-    parser.addOption({paletteOption, QStringLiteral("Colours: light (default) or dark."),
-                      QStringLiteral("name"), QStringLiteral("light")});
+    return {QStringLiteral("The picture's file (default: MODEL.png beside the model)."),
+            {1280, 800},
+            16,
+            8192};
+}
+
+QVector<ApplicationOption> options()
+{
     // The window asks this of another cadkest.
     QCommandLineOption tries(tryOption);
     tries.setFlags(QCommandLineOption::HiddenFromHelp);
-    parser.addOption(tries);
-    parser.addPositionalArgument(QStringLiteral("model"), QStringLiteral("A model file (*.nec)."));
+    return pictureOptions().options() +
+           QVector<ApplicationOption>{
+               {{viewOption,
+                 QStringLiteral("Look from a corner (iso, the default), along an axis (x, y) "
+                                "or from above (z)."),
+                 QStringLiteral("view"), QStringLiteral("iso")},
+                true,
+                QString()},
+               {{paletteOption, QStringLiteral("Colours: light (default) or dark."),
+                 QStringLiteral("name"), QStringLiteral("light")},
+                true,
+                QString()},
+               {tries, false, QString()}};
 }
 
-// Two whole numbers with an "x" between them.
-std::optional<QSize> sizeOf(const QString& text)
+QString countProblem(const QStringList& models)
 {
-    const QStringList sides = text.split(QLatin1Char('x'), Qt::KeepEmptyParts, Qt::CaseInsensitive);
-    bool hasWidth = false;
-    bool hasHeight = false;
-    const QSize size(sides.value(0).toInt(&hasWidth), sides.value(1).toInt(&hasHeight));
-    const bool isGood = sides.size() == 2 && hasWidth && hasHeight &&
-                        std::min(size.width(), size.height()) >= leastSide &&
-                        std::max(size.width(), size.height()) <= greatestSide;
-    return isGood ? std::make_optional(size) : std::nullopt;
+    return models.size() > 1 ? QStringLiteral("more than one model") : QString();
 }
 
-std::optional<Direction> directionOf(const QString& text)
+QString nameProblem(const QStringList& models)
 {
-    for (const DirectionName& each : directionNames) {
-        if (text == QLatin1String(each.name)) {
-            return each.direction;
-        }
-    }
-    return std::nullopt;
+    return models.value(0).isEmpty() ? QStringLiteral("no model given") : QString();
 }
 
-// Reads what says how the picture is to be made; why it cannot be, or empty.
-QString readPicture(const QCommandLineParser& parser, CommandLine& result)
+// Why there is no such view; empty when the direction has been set.
+QString readDirection(const QString& text, Direction& direction)
 {
-    const auto size = sizeOf(parser.value(sizeOption));
-    const auto direction = directionOf(parser.value(viewOption));
-    const QString palette = parser.value(paletteOption);
-    if (!size) {
-        return QStringLiteral("\"%1\" is no size: width x height, from %2 to %3 pixels")
-            .arg(parser.value(sizeOption), QString::number(leastSide),
-                 QString::number(greatestSide));
+    const auto* const row = std::find_if(
+        std::begin(directionNames), std::end(directionNames),
+        [&text](const DirectionName& each) { return text == QLatin1String(each.name); });
+    if (row == std::end(directionNames)) {
+        return QStringLiteral("\"%1\" is no view: iso, x, y or z").arg(text);
     }
-    if (!direction) {
-        return QStringLiteral("\"%1\" is no view: iso, x, y or z").arg(parser.value(viewOption));
-    }
-    if (palette != QLatin1String("light") && palette != QLatin1String("dark")) {
-        return QStringLiteral("\"%1\" is no palette: light or dark").arg(palette);
-    }
-    result.output = parser.value(outputOption);
-    if (parser.isSet(outputOption) &&
-        !result.output.endsWith(QLatin1String(".png"), Qt::CaseInsensitive)) {
-        return QStringLiteral("\"%1\" is no name for a picture: it must end in .png")
-            .arg(result.output);
-    }
-    result.size = *size;
-    result.direction = *direction;
-    result.isDark = palette == QLatin1String("dark");
+    direction = row->direction;
     return QString();
 }
 
-// Why a window cannot be asked for like this; empty when it can.
-QString windowComplaint(const QCommandLineParser& parser)
+QString paletteProblem(const QString& name)
 {
-    for (const QString& option : {outputOption, sizeOption, viewOption, paletteOption}) {
-        if (parser.isSet(option)) {
-            return QStringLiteral("--%1 needs --%2").arg(option, nonInteractiveOption);
-        }
-    }
-    return QString();
+    return name == QLatin1String("light") || name == QLatin1String("dark")
+               ? QString()
+               : QStringLiteral("\"%1\" is no palette: light or dark").arg(name);
 }
 
-void readModel(const QCommandLineParser& parser, CommandLine& result)
+QString outputProblem(const QCommandLineParser& parser)
+{
+    const QString output = PictureOptions::output(parser);
+    return !PictureOptions::hasOutput(parser) ||
+                   output.endsWith(QLatin1String(".png"), Qt::CaseInsensitive)
+               ? QString()
+               : QStringLiteral("\"%1\" is no name for a picture: it must end in .png").arg(output);
+}
+
+ApplicationTask pictureTask(const QCommandLineParser& parser)
 {
     const QStringList models = parser.positionalArguments();
-    const bool makesPicture = parser.isSet(nonInteractiveOption);
-    if (models.size() > 1) {
-        result.text = QStringLiteral("more than one model");
-    } else if (makesPicture && models.value(0).isEmpty()) {
-        result.text = QStringLiteral("no model given");
-    } else {
-        result.text = makesPicture ? readPicture(parser, result) : windowComplaint(parser);
+    PictureRequest request;
+    for (const QString& problem :
+         {countProblem(models), nameProblem(models), pictureOptions().sizeProblem(parser),
+          readDirection(parser.value(viewOption), request.direction),
+          paletteProblem(parser.value(paletteOption)), outputProblem(parser)}) {
+        if (!problem.isEmpty()) {
+            return {problem, {}};
+        }
     }
-    result.model = models.value(0);
-    if (result.text.isEmpty()) {
-        result.request =
-            makesPicture ? CommandLine::Request::MakePicture : CommandLine::Request::ShowWindow;
-    }
+    request.model = models.constFirst();
+    request.output = PictureOptions::output(parser);
+    request.size = PictureOptions::size(parser);
+    request.isDark = parser.value(paletteOption) == QLatin1String("dark");
+    return {QString(), [request] { return makePicture(request); }};
 }
 
-// All but the help text.
-CommandLine read(QCommandLineParser& parser, const QStringList& arguments)
+ApplicationTask windowTask(const QCommandLineParser& parser)
 {
-    using Request = CommandLine::Request;
-    CommandLine result;
-    addOptions(parser);
-    if (!parser.parse(arguments)) {
-        result.text = parser.errorText();
-    } else if (parser.isSet(QStringLiteral("help")) || parser.isSet(QStringLiteral("help-all"))) {
-        result.request = Request::ShowText;
-    } else if (parser.isSet(QStringLiteral("version"))) {
-        result.request = Request::ShowText;
-        result.text = QStringLiteral("cadkest " CADKEST_VERSION "\n");
-    } else if (arguments.mid(1) == QStringList{QStringLiteral("--") + tryOption}) {
-        result.request = Request::TryHardware;
-    } else {
-        readModel(parser, result);
+    const QStringList models = parser.positionalArguments();
+    if (parser.optionNames() == QStringList(tryOption) && models.isEmpty()) {
+        return {QString(), tryHardware};
     }
-    return result;
+    const QString model = models.value(0);
+    return {countProblem(models), [model] { return showWindow(model); }};
 }
 
 } // namespace
 
-CommandLine CommandLine::parse(const QStringList& arguments)
+ApplicationDescription CommandLine::application()
 {
-    QCommandLineParser parser;
-    CommandLine result = read(parser, arguments);
-    if (result.request == Request::ShowText && result.text.isEmpty()) {
-        result.text = parser.helpText();
-    }
+    ApplicationDescription result;
+    result.identity = {QStringLiteral("cadkest"), QStringLiteral("models/dipole.nec")};
+    result.purpose = QStringLiteral("Shows a model's wires in three dimensions.");
+    result.exitCodes = QStringLiteral("0 the picture was made, 1 it was not,\n"
+                                      "2 the command line is wrong.");
+    result.nonInteractiveHelp =
+        QStringLiteral("Make a picture (PNG) of the model, without a window.");
+    result.displayAlternative = QStringLiteral("makes a picture without one");
+    result.options = options();
+    result.fileKind = QStringLiteral("model");
+    result.fileHelp = QStringLiteral("A model file (*.nec).");
+    result.windowTask = windowTask;
+    result.nonInteractiveTask = pictureTask;
+    result.nonInteractiveSystem = WindowSystem::Offscreen;
     return result;
-}
-
-CommandLine::Request CommandLine::requestOf(const QStringList& arguments)
-{
-    QCommandLineParser parser;
-    return read(parser, arguments).request;
 }

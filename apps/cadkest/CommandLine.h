@@ -1,28 +1,10 @@
 #pragma once
 
-#include <SceneView.h>
+#include <ApplicationDescription.h>
 
-#include <QSize>
-#include <QString>
-#include <QStringList>
+/// cadkest as its command line knows it.
+namespace CommandLine {
 
-/// What the user asked for on the command line.
-struct CommandLine
-{
-    enum class Request { ShowWindow, MakePicture, TryHardware, ShowText, Refuse };
+ApplicationDescription application();
 
-    Request request = Request::Refuse;
-    QString text; ///< what to show, or why the command line is refused
-    QString model;
-    QString output; ///< of the picture; empty for one beside the model
-    QSize size = {1280, 800};
-    Direction direction = Direction::Isometric;
-    bool isDark = false;
-
-    /// The arguments include the program's name. Needs an application object, which helpText()
-    /// names the program by.
-    static CommandLine parse(const QStringList& arguments);
-
-    /// The request alone, which decides what application object is needed.
-    static Request requestOf(const QStringList& arguments);
-};
+} // namespace CommandLine

@@ -1,7 +1,7 @@
 #include "PictureCommand.h"
 
-#include "CommandLine.h"
 #include "PictureFile.h"
+#include "SceneView.h"
 
 #include <FindingPrinter.h>
 #include <MarkerPrinter.h>
@@ -14,24 +14,24 @@
 
 namespace {
 
-QImage drawnPicture(const suite::Model& model, const QString& title, const CommandLine& commandLine)
+QImage drawnPicture(const suite::Model& model, const QString& title, const PictureRequest& request)
 {
     const Scene scene = sceneOf(model);
     Frame frame;
     frame.mesh = std::make_shared<SceneMesh>(meshOf(scene, Thickness::Readable));
-    frame.size = commandLine.size;
+    frame.size = request.size;
     frame.isSmooth = true;
-    frame.colours = commandLine.isDark ? SceneColours::dark() : SceneColours::light();
-    frame.camera.lookFrom(commandLine.direction);
+    frame.colours = request.isDark ? SceneColours::dark() : SceneColours::light();
+    frame.camera.lookFrom(request.direction);
     frame.camera.fit(*frame.mesh, frame.size);
     return pictureOf(frame, overlayOf(scene, title));
 }
 
 } // namespace
 
-int makePicture(const CommandLine& commandLine)
+int makePicture(const PictureRequest& request)
 {
-    const suite::ModelFile modelFile(commandLine.model);
+    const suite::ModelFile modelFile(request.model);
     const suite::Preprocessor preprocessor(modelFile);
     suite::MarkerPrinter printer;
     suite::FindingPrinter findings(printer, modelFile.name());
@@ -39,12 +39,10 @@ int makePicture(const CommandLine& commandLine)
     if (preprocessor.findings().hasErrors()) {
         return 1;
     }
-    const QString path = commandLine.output.isEmpty()
-                             ? modelFile.resultPath(QStringLiteral("png"))
-                             : QFileInfo(commandLine.output).absoluteFilePath();
+    const QString path = request.output.isEmpty() ? modelFile.resultPath(QStringLiteral("png"))
+                                                  : QFileInfo(request.output).absoluteFilePath();
     const QString error = writePicture(
-        drawnPicture(preprocessor.model(), suite::visibleText(modelFile.name()), commandLine),
-        path);
+        drawnPicture(preprocessor.model(), suite::visibleText(modelFile.name()), request), path);
     if (!error.isEmpty()) {
         findings.print(suite::FindingKind::ResultNotWritten, {error});
         return 1;

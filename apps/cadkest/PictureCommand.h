@@ -1,7 +1,20 @@
 #pragma once
 
-struct CommandLine;
+#include "Camera.h"
 
-/// Makes a picture of a model without a window. Tells what is to be told in the way of the suite's
-/// components, on standard output, and returns the exit code.
-int makePicture(const CommandLine& commandLine);
+#include <QSize>
+#include <QString>
+
+/// A picture of a model, as it is asked for.
+struct PictureRequest
+{
+    QString model;
+    QString output; ///< empty for a file beside the model
+    QSize size;     ///< in pixels
+    Direction direction = Direction::Isometric;
+    bool isDark = false;
+};
+
+/// Makes the picture without a window. Prints the model's findings and the picture's name on
+/// standard output, in the format of the suite's components. Returns the exit code.
+int makePicture(const PictureRequest& request);

@@ -1,6 +1,5 @@
 #include "WindowCommand.h"
 
-#include "CommandLine.h"
 #include "HardwareOffer.h"
 #include "MainWindow.h"
 #include "RenderingDialog.h"
@@ -56,7 +55,7 @@ void prepare(MainWindow& window, const common_CommonSettingsSet& settings)
 
 } // namespace
 
-int showWindow(const CommandLine& commandLine)
+int showWindow(const QString& model)
 {
     auto* info = GET_SERVICE(common_IApplicationInfo);
     common_CommonSettingsSet settings(info->userSettingsDirectory(), info->applicationName());
@@ -69,8 +68,8 @@ int showWindow(const CommandLine& commandLine)
     window.view()->setFaceDisplacement(rendering.faceDisplacement);
     RenderingSwitch renderingSwitch(&window, &rendering, QApplication::applicationFilePath());
     addRenderingAction(window, rendering, renderingSwitch);
-    if (!commandLine.model.isEmpty()) {
-        window.openModel(commandLine.model);
+    if (!model.isEmpty()) {
+        window.openModel(model);
     }
     window.show();
     renderingSwitch.start();

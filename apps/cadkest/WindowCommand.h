@@ -1,6 +1,6 @@
 #pragma once
 
-struct CommandLine;
+#include <QString>
 
-/// Shows the window until the user closes it. Returns the exit code.
-int showWindow(const CommandLine& commandLine);
+/// Shows the window until the user closes it. The model may be empty. Returns the exit code.
+int showWindow(const QString& model);

@@ -1,66 +1,51 @@
 #include "CommandLine.h"
 
+#include "CheckCommand.h"
+#include "EditorWindow.h"
+
+#include <QApplication>
 #include <QCommandLineParser>
 
 namespace {
 
-const QString nonInteractiveOption = QStringLiteral("non-interactive");
-
-void addOptions(QCommandLineParser& parser)
+int showWindow(const QString& model)
 {
-    parser.setApplicationDescription(
-        QStringLiteral("Edits models and checks them while they are edited.\n\nExit code of "
-                       "--non-interactive: 0 no errors, 1 errors, 2 wrong command line."));
-    parser.addHelpOption();
-    parser.addVersionOption();
-    parser.addOption({nonInteractiveOption,
-                      QStringLiteral("Check the models as prekest does, without a window.")});
-    parser.addPositionalArgument(QStringLiteral("model"), QStringLiteral("Model (*.nec)."),
-                                 QStringLiteral("[model...]"));
+    EditorWindow window(model);
+    window.show();
+    return QApplication::exec();
 }
 
-// All but the help text.
-CommandLine read(QCommandLineParser& parser, const QStringList& arguments)
+ApplicationTask windowTask(const QCommandLineParser& parser)
 {
-    using Request = CommandLine::Request;
-    CommandLine result;
-    addOptions(parser);
-    if (!parser.parse(arguments)) {
-        result.text = parser.errorText();
-        return result;
+    const QStringList models = parser.positionalArguments();
+    if (models.size() > 1) {
+        return {QStringLiteral("one model at a time in a window"), {}};
     }
-    result.models = parser.positionalArguments();
-    if (parser.isSet(QStringLiteral("help")) || parser.isSet(QStringLiteral("help-all"))) {
-        result.request = Request::ShowText;
-    } else if (parser.isSet(QStringLiteral("version"))) {
-        result.request = Request::ShowText;
-        result.text = QStringLiteral("editkest " EDITKEST_VERSION "\n");
-    } else if (!parser.isSet(nonInteractiveOption) && result.models.size() <= 1) {
-        result.request = Request::ShowWindow;
-    } else if (!parser.isSet(nonInteractiveOption)) {
-        result.text = QStringLiteral("one model at a time in a window");
-    } else if (result.models.isEmpty()) {
-        result.text = QStringLiteral("no model given");
-    } else {
-        result.request = Request::CheckModels;
-    }
-    return result;
+    const QString model = models.value(0);
+    return {QString(), [model] { return showWindow(model); }};
+}
+
+ApplicationTask checkTask(const QCommandLineParser& parser)
+{
+    const QStringList models = parser.positionalArguments();
+    return {QString(), [models] { return checkModels(models); }};
 }
 
 } // namespace
 
-CommandLine CommandLine::parse(const QStringList& arguments)
+ApplicationDescription CommandLine::application()
 {
-    QCommandLineParser parser;
-    CommandLine result = read(parser, arguments);
-    if (result.request == Request::ShowText && result.text.isEmpty()) {
-        result.text = parser.helpText();
-    }
+    ApplicationDescription result;
+    result.identity = {QStringLiteral("editkest"), QStringLiteral("models/dipole.nec")};
+    result.purpose = QStringLiteral("Edits models and checks them while they are edited.");
+    result.exitCodes = QStringLiteral("0 no errors, 1 errors, 2 wrong command line.");
+    result.nonInteractiveHelp =
+        QStringLiteral("Check the models as prekest does, without a window.");
+    result.displayAlternative = QStringLiteral("checks models in this terminal");
+    result.fileKind = QStringLiteral("model");
+    result.fileHelp = QStringLiteral("Model (*.nec).");
+    result.fileSyntax = QStringLiteral("[model...]");
+    result.windowTask = windowTask;
+    result.nonInteractiveTask = checkTask;
     return result;
-}
-
-CommandLine::Request CommandLine::requestOf(const QStringList& arguments)
-{
-    QCommandLineParser parser;
-    return read(parser, arguments).request;
 }

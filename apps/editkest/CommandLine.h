@@ -1,21 +1,10 @@
 #pragma once
 
-#include <QString>
-#include <QStringList>
+#include <ApplicationDescription.h>
 
-/// What the user asked for on the command line.
-struct CommandLine
-{
-    enum class Request { ShowWindow, CheckModels, ShowText, Refuse };
+/// editkest as its command line knows it.
+namespace CommandLine {
 
-    Request request = Request::Refuse;
-    QString text; ///< what to show, or why the command line is refused
-    QStringList models;
+ApplicationDescription application();
 
-    /// The arguments include the program's name. Needs an application object, which helpText()
-    /// names the program by.
-    static CommandLine parse(const QStringList& arguments);
-
-    /// The request alone, which decides what application object is needed.
-    static Request requestOf(const QStringList& arguments);
-};
+} // namespace CommandLine

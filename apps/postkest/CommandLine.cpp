@@ -1,45 +1,23 @@
 #include "CommandLine.h"
 
+#include "ExportCommand.h"
+#include "ViewerWindow.h"
+
+#include <PictureOptions.h>
+
+#include <QApplication>
 #include <QCommandLineParser>
 #include <QFileInfo>
-#include <QRegularExpression>
-
-#include <algorithm>
 
 namespace {
 
-constexpr int leastSide = 100;
-constexpr int mostSide = 10000;
-
-void addOptions(QCommandLineParser& parser)
+PictureOptions pictureOptions()
 {
-    parser.setApplicationDescription(QStringLiteral(
-        "Shows what runs of solver components found: resistance, reactance and standing wave ratio "
-        "over frequency.\n\nExit code of --non-interactive: 0 written, 1 a result or the file to "
-        "write is bad, 2 wrong command line."));
-    parser.addHelpOption();
-    parser.addVersionOption();
-    parser.addOption({QStringLiteral("non-interactive"),
-                      QStringLiteral("Write the charts into a file, without a window.")});
-    parser.addOption({QStringLiteral("output"),
-                      QStringLiteral("The file to write: .png, .svg, or .csv for a table of all "
-                                     "results. Without it a .png beside the first result."),
-                      QStringLiteral("file")});
-    parser.addOption({QStringLiteral("size"), QStringLiteral("Of the picture, in pixels."),
-                      QStringLiteral("WIDTHxHEIGHT"), QStringLiteral("1000x900")});
-    parser.addPositionalArgument(QStringLiteral("result"), QStringLiteral("Results (*.csv)."),
-                                 QStringLiteral("[result...]"));
-}
-
-// Invalid when the text is no size.
-QSize sizeOf(const QString& text)
-{
-    static const QRegularExpression pattern(QStringLiteral("^(\\d{1,6})x(\\d{1,6})$"));
-    const QRegularExpressionMatch match = pattern.match(text);
-    const QSize size(match.captured(1).toInt(), match.captured(2).toInt());
-    const bool isUsable = std::min(size.width(), size.height()) >= leastSide &&
-                          std::max(size.width(), size.height()) <= mostSide;
-    return isUsable ? size : QSize();
+    return {QStringLiteral("The file to write: .png, .svg, or .csv for a table of all results. "
+                           "Without it a .png beside the first result."),
+            {1000, 900},
+            100,
+            10000};
 }
 
 QString defaultOutput(const QString& result)
@@ -48,61 +26,47 @@ QString defaultOutput(const QString& result)
     return file.path() + QLatin1Char('/') + file.completeBaseName() + QStringLiteral(".png");
 }
 
-// All but the help text.
-CommandLine read(QCommandLineParser& parser, const QStringList& arguments)
+int showWindow(const QStringList& results)
 {
-    using Request = CommandLine::Request;
-    CommandLine result;
-    addOptions(parser);
-    if (!parser.parse(arguments)) {
-        result.text = parser.errorText();
-        return result;
-    }
-    if (parser.isSet(QStringLiteral("help")) || parser.isSet(QStringLiteral("help-all"))) {
-        result.request = Request::ShowText;
-        return result;
-    }
-    if (parser.isSet(QStringLiteral("version"))) {
-        result.request = Request::ShowText;
-        result.text = QStringLiteral("postkest " POSTKEST_VERSION "\n");
-        return result;
-    }
-    result.results = parser.positionalArguments();
-    if (!parser.isSet(QStringLiteral("non-interactive"))) {
-        result.request = Request::ShowWindow;
-        return result;
-    }
-    result.size = sizeOf(parser.value(QStringLiteral("size")));
-    if (result.results.isEmpty()) {
-        result.text = QStringLiteral("no result given");
-    } else if (!result.size.isValid()) {
-        result.text = QStringLiteral("\"%1\" is no size from %2x%2 to %3x%3")
-                          .arg(parser.value(QStringLiteral("size")))
-                          .arg(leastSide)
-                          .arg(mostSide);
-    } else {
-        result.request = Request::WriteFile;
-        result.output = parser.isSet(QStringLiteral("output"))
-                            ? parser.value(QStringLiteral("output"))
-                            : defaultOutput(result.results.first());
-    }
-    return result;
+    ViewerWindow window(results);
+    window.show();
+    return QApplication::exec();
+}
+
+ApplicationTask windowTask(const QCommandLineParser& parser)
+{
+    const QStringList results = parser.positionalArguments();
+    return {QString(), [results] { return showWindow(results); }};
+}
+
+ApplicationTask exportTask(const QCommandLineParser& parser)
+{
+    const QStringList results = parser.positionalArguments();
+    const QString output = PictureOptions::hasOutput(parser) ? PictureOptions::output(parser)
+                                                             : defaultOutput(results.constFirst());
+    const QSize size = PictureOptions::size(parser);
+    return {pictureOptions().sizeProblem(parser),
+            [results, output, size] { return exportResults(results, output, size); }};
 }
 
 } // namespace
 
-CommandLine CommandLine::parse(const QStringList& arguments)
+ApplicationDescription CommandLine::application()
 {
-    QCommandLineParser parser;
-    CommandLine result = read(parser, arguments);
-    if (result.request == Request::ShowText && result.text.isEmpty()) {
-        result.text = parser.helpText();
-    }
+    ApplicationDescription result;
+    result.identity = {QStringLiteral("postkest"), QString()};
+    result.purpose = QStringLiteral("Shows what runs of solver components found: resistance, "
+                                    "reactance and standing wave ratio over frequency.");
+    result.exitCodes = QStringLiteral("0 written, 1 a result or the file to write is bad, 2 wrong "
+                                      "command line.");
+    result.nonInteractiveHelp = QStringLiteral("Write the charts into a file, without a window.");
+    result.displayAlternative = QStringLiteral("writes charts without one");
+    result.options = pictureOptions().options();
+    result.fileKind = QStringLiteral("result");
+    result.fileHelp = QStringLiteral("Results (*.csv).");
+    result.fileSyntax = QStringLiteral("[result...]");
+    result.windowTask = windowTask;
+    result.nonInteractiveTask = exportTask;
+    result.nonInteractiveSystem = WindowSystem::Offscreen;
     return result;
-}
-
-CommandLine::Request CommandLine::requestOf(const QStringList& arguments)
-{
-    QCommandLineParser parser;
-    return read(parser, arguments).request;
 }

@@ -1,6 +1,7 @@
 #include <Text.h>
 
 #include <QProcess>
+#include <QRegularExpression>
 #include <QTemporaryDir>
 #include <QtTest>
 
@@ -21,7 +22,7 @@ const QStringList& applications()
 
 } // namespace
 
-// What needs no window needs no display, and a window that cannot come is told of.
+// What needs no window needs no display, and a window that cannot be shown is refused.
 class tst_without_display : public QObject
 {
     Q_OBJECT
@@ -29,15 +30,16 @@ class tst_without_display : public QObject
 private:
     QTemporaryDir m_folder;
 
+    // Without anything that a session has.
     Result run(const QString& program, const QStringList& arguments,
                const QMap<QString, QString>& variables = {}) const
     {
         QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-        for (const char* const name : {"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM",
-                                       "XDG_RUNTIME_DIR", "XDG_SESSION_TYPE"}) {
+        for (const char* const name :
+             {"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM", "XDG_RUNTIME_DIR",
+              "XDG_SESSION_TYPE", "XDG_CONFIG_HOME", "HOME", "KEST_HOME", "KEST_USER_HOME"}) {
             environment.remove(text(name));
         }
-        environment.insert(text("KEST_USER_HOME"), m_folder.path());
         environment.insert(text("LC_ALL"), text("C.UTF-8"));
         for (auto variable = variables.begin(); variable != variables.end(); ++variable) {
             environment.insert(variable.key(), variable.value());
@@ -92,17 +94,72 @@ private Q_SLOTS:
         QCOMPARE(result.exitCode, 0);
         const bool asksForVersion = arguments.first().startsWith(QLatin1String("-v")) ||
                                     arguments.first() == QLatin1String("--version");
-        QVERIFY2(asksForVersion
-                     ? result.output.startsWith(QFileInfo(program).fileName() + QLatin1Char(' '))
-                     : result.output.startsWith(text("Usage: ")) &&
-                           result.output.contains(text("--non-interactive")),
+        if (asksForVersion) {
+            QCOMPARE(result.output, QFileInfo(program).fileName() + text(" " KEST_VERSION "\n"));
+            return;
+        }
+        QVERIFY2(result.output.startsWith(text("Usage: ")) &&
+                     result.output.contains(text("--non-interactive")) &&
+                     result.output.contains(text("\nExit code of --non-interactive: 0 ")),
                  qPrintable(result.output));
+        QCOMPARE(result.output.contains(text("  --style <name>")),
+                 arguments.first() == QLatin1String("--help-all"));
+    }
+
+    // Those that have commands of their own answer for these, too.
+    void commandsAnswerQuestions_data()
+    {
+        QTest::addColumn<QStringList>("arguments");
+        QTest::addColumn<QString>("usage");
+        for (const char* const group : {"options", "machines"}) {
+            for (const char* const question : {"--help", "-h"}) {
+                QTest::addRow("%s %s", group, question)
+                    << QStringList{text(group), text(question)}
+                    << QStringLiteral("Usage: kestdesk %1 COMMAND\n").arg(text(group));
+            }
+        }
+    }
+
+    void commandsAnswerQuestions()
+    {
+        QFETCH(QStringList, arguments);
+        QFETCH(QString, usage);
+        const QString kestdesk =
+            applications().filter(QRegularExpression(text("/kestdesk$"))).value(0);
+        const Result result = run(kestdesk, arguments);
+        QCOMPARE(result.errors, QString());
+        QCOMPARE(result.exitCode, 0);
+        QVERIFY2(result.output.startsWith(usage), qPrintable(result.output));
+        QVERIFY(run(kestdesk, {text("--help")}).output.contains(result.output));
+    }
+
+    // A script that cannot be recorded is no matter of the help, and neither are odd folders.
+    void questionsNeedNothing_data() { addRows({{text("--help")}, {text("--version")}}); }
+
+    void questionsNeedNothing()
+    {
+        QFETCH(QString, program);
+        QFETCH(QStringList, arguments);
+        const Result result = run(program, arguments,
+                                  {{text("KEST_HOME"), text("/no such folder")},
+                                   {text("KEST_USER_HOME"), text("/no such folder")},
+                                   {text("KEST_SCRIPT"), text("/no such folder/script")},
+                                   {text("TMPDIR"), text("/no such folder")}});
+        QCOMPARE(result.errors, QString());
+        QCOMPARE(result.exitCode, 0);
+        QVERIFY(!result.output.isEmpty());
     }
 
     void windowIsRefused_data()
     {
-        // Behind two hyphens there are no options.
-        addRows({{}, {text("model")}, {text("--"), text("--help")}, {text("--"), text("-v")}});
+        // Behind two hyphens there are no options. Qt's own are taken by the application object,
+        // which needs the display.
+        addRows({{},
+                 {text("model")},
+                 {text("--"), text("--help")},
+                 {text("--"), text("-v")},
+                 {text("-style"), text("fusion")},
+                 {text("--reverse"), text("model")}});
     }
 
     void windowIsRefused()

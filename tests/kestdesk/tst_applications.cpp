@@ -1,31 +1,15 @@
-#include "WindowStage.h"
+#include "LaunchStage.h"
 
 #include <BoxReader.h>
 
 #include <QMenuBar>
-#include <QProcess>
-
-#include <csignal>
 
 namespace {
 
-constexpr int longTime = 60000; // ms, on a machine with much to do
-
-// Writes down, in a file beside it of its own name with ".told" added, its folder and its
-// arguments.
-const char* const tellingScript = "#!/bin/sh\n"
-                                  "{ pwd -P; for a in \"$@\"; do printf '<%s>\\n' \"$a\"; done; } "
-                                  "> \"$0.new\"\n"
-                                  "mv \"$0.new\" \"$0.told\"\n";
-
-// The same, and does not end.
+// Shows that it has been started, and does not end.
 const char* const stayingScript = "#!/bin/sh\n"
                                   "echo here > \"$0.new\" && mv \"$0.new\" \"$0.told\"\n"
                                   "while :; do sleep 1; done\n";
-
-// A component to which the model says in words of the shell what to do.
-const char* const obeyingScript = "#!/bin/sh\n"
-                                  "sh \"$1\"\n";
 
 // A terminal emulator: called with "-e" before a command.
 const char* const terminalScript = "#!/bin/sh\n"
@@ -36,35 +20,6 @@ const char* const shellScript = "#!/bin/sh\n"
                                 "{ pwd -P; command -v runkest; ls /dev/null; } > \"$0.new\"\n"
                                 "mv \"$0.new\" \"$0.told\"\n";
 
-const QByteArray table =
-    QByteArrayLiteral("frequency_MHz,resistance_ohm,reactance_ohm,swr\n300,72,1,1.4\n");
-const QByteArray done = QByteArrayLiteral("echo '-*-total-percentage-*-100%'\n");
-
-QByteArray reporting(const char* file)
-{
-    return QByteArray("echo '-*-file-*-") + file + "'\n";
-}
-
-void writeProgram(const QString& path, const char* script)
-{
-    QFile::remove(path); // it may be a link
-    writeFile(path, script);
-    QFile::setPermissions(path, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
-}
-
-// What the program has written down; waits for it.
-QStringList toldBy(const QString& program)
-{
-    const QString path = program + text(".told");
-    if (!QTest::qWaitFor([&path] { return QFile::exists(path); }, longTime)) {
-        return {text("nothing")};
-    }
-    QStringList lines = QString::fromUtf8(contentOf(path)).split(QLatin1Char('\n'));
-    lines.removeLast();
-    QFile::remove(path);
-    return lines;
-}
-
 QString failureText(const QString& program)
 {
     return text("Process could not be started with the following arguments:\n") + program +
@@ -74,74 +29,15 @@ QString failureText(const QString& program)
 
 } // namespace
 
-class tst_applications : public QObject
+// kestdesk launches the other applications and a console.
+class tst_applications : public QObject, private LaunchStage
 {
     Q_OBJECT
 
-private:
-    std::unique_ptr<WindowStage> m_stage;
-
-    QString models() const { return QFileInfo(m_stage->desk().path("models")).canonicalFilePath(); }
-
-    QString file(const char* name) const { return m_stage->desk().path("models/") + text(name); }
-
-    QString between(const QString& path) const
-    {
-        return QLatin1Char('<') + path + QLatin1Char('>');
-    }
-
-    bool isEnabled(const char* action) const { return m_stage->find<QAction>(action)->isEnabled(); }
-
-    void obey() const { writeProgram(m_stage->program("runkest"), obeyingScript); }
-
-    // Runs a model to its end.
-    void run(const char* name, const QByteArray& words) const
-    {
-        const int row = m_stage->runCount();
-        m_stage->run(m_stage->model(name, words));
-        QTRY_VERIFY_WITH_TIMEOUT(
-            m_stage->runCount() > row && m_stage->state(row) != text("running"), longTime);
-    }
-
-    // Two runs with a table each.
-    void runTwo() const
-    {
-        obey();
-        writeFile(file("a.csv"), table);
-        writeFile(file("b b.csv"), table);
-        run("a.nec", reporting("a.csv") + done);
-        run("b b.nec", reporting("b b.csv") + done);
-        QCOMPARE(m_stage->state(0), text("valid"));
-        QCOMPARE(m_stage->state(1), text("valid"));
-    }
-
-    bool isNothingLaunched() const
-    {
-        return QDir(m_stage->desk().path("home/bin")).entryList({text("*.told")}).isEmpty();
-    }
-
 private Q_SLOTS:
-    // The window ends the program itself. Qt's own wish to do so when the last window has gone may
-    // come late, and would close the next test's message boxes.
-    void initTestCase() { QGuiApplication::setQuitOnLastWindowClosed(false); }
-
-    void init()
-    {
-        m_stage.reset(); // a failed test left it
-        m_stage = std::make_unique<WindowStage>();
-        for (const char* const name : {"cadkest", "postkest", "editkest"}) {
-            writeProgram(m_stage->program(name), tellingScript);
-        }
-        m_stage->open();
-    }
-
-    void cleanup()
-    {
-        m_stage->close();
-        m_stage->endRuns(SIGKILL);
-        QTRY_COMPARE_WITH_TIMEOUT(m_stage->desk().processes(), QStringList(), longTime);
-        m_stage.reset();
-    }
+    void initTestCase() { LaunchStage::beforeAll(); }
+    void init() { setUp(); }
+    void cleanup() { tearDown(); }
 
     void modelIsOpenedInTheApplications_data()
     {
@@ -252,158 +148,6 @@ private Q_SLOTS:
         QCOMPARE(boxes.first().text, failureText(m_stage->program(program.constData())));
         QCOMPARE(boxes.first().parent, &m_stage->window());
         QCOMPARE(m_stage->outcomeText(), outcome);
-    }
-
-    void resultsAreOfferedOnceTheyAreThere_data()
-    {
-        QTest::addColumn<QByteArray>("words");
-        QTest::addColumn<QString>("state");
-        QTest::addColumn<QStringList>("shown");
-        const QByteArray writing = "cp table.csv 'm m.csv'\n";
-        const QByteArray whole = writing + reporting("m m.csv");
-        const QStringList none;
-        const QStringList one(text("m m.csv"));
-        // clang-format off
-        QTest::newRow("table")             << whole + done << text("valid") << one;
-        QTest::newRow("fault at the end")  << whole + "exit 3" << text("fault, exit code 3") << one;
-        QTest::newRow("stopped")           << whole + "exit 143" << text("stopped") << one;
-        QTest::newRow("not told of")       << writing + done << text("valid") << none;
-        QTest::newRow("not written")       << reporting("m m.csv") + done << text("valid") << none;
-        QTest::newRow("folder")            << "mkdir 'm m.csv'\n" + reporting("m m.csv") + done << text("valid") << none;
-        QTest::newRow("other files")       << "cp table.csv m.out\n" + reporting("m.out") + done << text("valid") << none;
-        QTest::newRow("no frequencies")    << "echo run,value > steps.csv\n" + reporting("steps.csv") + done << text("valid") << none;
-        QTest::newRow("empty")             << ": > m.csv\n" + reporting("m.csv") + done << text("valid") << none;
-        QTest::newRow("told of early")     << reporting("m m.csv") + writing + done << text("valid") << one;
-        QTest::newRow("told of by stderr") << writing + "echo '-*-file-*-m m.csv' >&2\n" + done << text("valid") << one;
-        QTest::newRow("told of twice")     << whole + reporting("./m m.csv") + done << text("valid") << one;
-        QTest::newRow("absolute")          << writing + "echo \"-*-file-*-$PWD/m m.csv\"\n" + done << text("valid") << one;
-        QTest::newRow("capitals")          << "cp table.csv M.CSV\n" + reporting("M.CSV") + done << text("valid") << QStringList(text("M.CSV"));
-        QTest::newRow("two")               << whole + reporting("table.csv") + done << text("valid") << QStringList({text("m m.csv"), text("table.csv")});
-        // clang-format on
-    }
-
-    void resultsAreOfferedOnceTheyAreThere()
-    {
-        QFETCH(QByteArray, words);
-        QFETCH(QString, state);
-        QFETCH(QStringList, shown);
-        obey();
-        writeFile(file("table.csv"), table);
-        run("a model.nec", words);
-        QCOMPARE(m_stage->state(), state);
-        QCOMPARE(isEnabled("showResultsAction"), !shown.isEmpty());
-        QCOMPARE(isEnabled("showAllResultsAction"), !shown.isEmpty());
-        QCOMPARE(m_stage->find<QPushButton>("showResultsButton")->isEnabled(), !shown.isEmpty());
-        if (!shown.isEmpty()) {
-            m_stage->press(Qt::Key_F8);
-            QStringList expected(models());
-            for (const QString& name : qAsConst(shown)) {
-                expected.append(between(m_stage->desk().path("models/") + name));
-            }
-            QCOMPARE(toldBy(m_stage->program("postkest")), expected);
-        }
-    }
-
-    void resultsAreOfferedAtTheEndOfARun()
-    {
-        obey();
-        writeFile(file("m.csv"), table);
-        m_stage->run(m_stage->model("m.nec", reporting("m.csv") +
-                                                 "echo '-*-total-percentage-*-50%'\n"
-                                                 "while ! [ -e go ]; do sleep 0.02; done\n" +
-                                                 done));
-        QTRY_COMPARE_WITH_TIMEOUT(m_stage->cell(0, "Progress"), text("50 %"), longTime);
-        QVERIFY(!isEnabled("showResultsAction"));
-        writeFile(file("go"), "");
-        QTRY_COMPARE_WITH_TIMEOUT(m_stage->state(), text("valid"), longTime);
-        QVERIFY(isEnabled("showResultsAction"));
-    }
-
-    void resultsAreThoseOfTheSelectedRun()
-    {
-        runTwo();
-        m_stage->press(Qt::Key_F8);
-        QCOMPARE(toldBy(m_stage->program("postkest")),
-                 QStringList({models(), between(file("b b.csv"))}));
-        QCOMPARE(m_stage->outcomeText(), text("Opening b b.csv in postkest"));
-        auto* const list = m_stage->find<QTableView>("runList");
-        list->setFocus();
-        QTest::keyClick(list, Qt::Key_Up);
-        m_stage->press(Qt::Key_F8);
-        QCOMPARE(toldBy(m_stage->program("postkest")),
-                 QStringList({models(), between(file("a.csv"))}));
-
-        QTest::keyClick(list, Qt::Key_B); // the model's first letter
-        m_stage->press(Qt::Key_F8);
-        QCOMPARE(toldBy(m_stage->program("postkest")),
-                 QStringList({models(), between(file("b b.csv"))}));
-
-        run("c.nec", done);
-        QVERIFY(!isEnabled("showResultsAction"));
-        QVERIFY(isEnabled("showAllResultsAction"));
-        QTest::mouseClick(list->viewport(), Qt::LeftButton, {},
-                          list->visualRect(list->model()->index(1, 2)).center());
-        QVERIFY(isEnabled("showResultsAction"));
-    }
-
-    void resultsOfAllRunsAreShownTogether()
-    {
-        runTwo();
-        run("a.nec", reporting("a.csv") + done);
-        m_stage->press(Qt::Key_F8, Qt::ShiftModifier);
-        QCOMPARE(toldBy(m_stage->program("postkest")),
-                 QStringList({models(), between(file("a.csv")), between(file("b b.csv"))}));
-        QCOMPARE(m_stage->outcomeText(), text("Opening 2 results in postkest"));
-    }
-
-    void resultsThatHaveGoneSinceAreToldOf()
-    {
-        runTwo();
-        QFile::remove(file("b b.csv"));
-        {
-            const BoxAnswerer reader(WindowStage::pressing(Qt::Key_Escape));
-            m_stage->press(Qt::Key_F8);
-            QCOMPARE(
-                reader.texts,
-                QStringList(text("These results are no longer there:\n%1").arg(file("b b.csv"))));
-        }
-        QVERIFY(isNothingLaunched());
-        m_stage->press(Qt::Key_F8, Qt::ShiftModifier);
-        QCOMPARE(toldBy(m_stage->program("postkest")),
-                 QStringList({models(), between(file("a.csv"))}));
-
-        Q_EMIT m_stage->find<QMenu>("applicationMenu")->aboutToShow();
-        QVERIFY(!isEnabled("showResultsAction"));
-        QVERIFY(isEnabled("showAllResultsAction"));
-    }
-
-    void clearedRunsHaveNoResults()
-    {
-        runTwo();
-        m_stage->find<QAction>("clearAction")->trigger();
-        QVERIFY(!isEnabled("showResultsAction"));
-        QVERIFY(!isEnabled("showAllResultsAction"));
-    }
-
-    void buttonShowsTheResults()
-    {
-        runTwo();
-        auto* const button = m_stage->find<QPushButton>("showResultsButton");
-        QTest::mouseClick(button, Qt::LeftButton);
-        QCOMPARE(toldBy(m_stage->program("postkest")),
-                 QStringList({models(), between(file("b b.csv"))}));
-        QVERIFY(!button->accessibleDescription().isEmpty());
-        m_stage->press(Qt::Key_L, Qt::AltModifier);
-        QCOMPARE(toldBy(m_stage->program("postkest")),
-                 QStringList({models(), between(file("b b.csv"))}));
-    }
-
-    void listOfRunsHasTheActionsOfARunInItsMenu()
-    {
-        const auto* const list = m_stage->find<QTableView>("runList");
-        QCOMPARE(list->contextMenuPolicy(), Qt::ActionsContextMenu);
-        QCOMPARE(list->actions(), QList<QAction*>({m_stage->find<QAction>("showRunAction"),
-                                                   m_stage->find<QAction>("showResultsAction")}));
     }
 
     void everyActionIsInTheMenuWithAHintAndAKeyOfItsOwn()

@@ -1,23 +1,16 @@
+#include "BatchStage.h"
+
 #include <TerminalRun.h>
 
-#include <QDir>
 #include <QElapsedTimer>
 #include <QFileInfo>
-#include <QProcess>
 #include <QRegularExpression>
-#include <QTemporaryDir>
-#include <QtTest>
 
 #include <csignal>
 
 #include <unistd.h>
 
 namespace {
-
-QString text(const char* utf8)
-{
-    return QString::fromUtf8(utf8);
-}
 
 QStringList lines(const QByteArray& output)
 {
@@ -26,65 +19,16 @@ QStringList lines(const QByteArray& output)
     return result;
 }
 
-struct Result
-{
-    int exitCode = -1;
-    QByteArray output;
-    QByteArray errors;
-};
-
 const char* const escape = "\x1b";
 
 } // namespace
 
-class tst_kestdesk : public QObject
+// Runs of components in a terminal, from their output to the exit code.
+class tst_kestdesk : public QObject, private BatchStage
 {
     Q_OBJECT
 
 private:
-    /// A model for the fake component, which does what stands in it.
-    QString model(const QString& name, const QStringList& commands)
-    {
-        QFile file(m_folder->filePath(name + text(".commands")));
-        if (!file.open(QIODevice::WriteOnly)) {
-            qFatal("no model");
-        }
-        file.write(commands.join(QLatin1Char('\n')).toUtf8() + "\n");
-        return file.fileName();
-    }
-
-    QStringList environment() const
-    {
-        QStringList result = QProcess::systemEnvironment();
-        result.append(text("KEST_HOME=") + m_home);
-        result.append(text("KEST_USER_HOME=") + m_folder->filePath(text("user")));
-        result.append(text("LC_ALL=C.UTF-8"));
-        result.append(text("TERM=xterm"));
-        return result + m_variables;
-    }
-
-    Result run(const QStringList& arguments, const QString& input = {})
-    {
-        QProcess process;
-        start(process, arguments);
-        process.write(input.toUtf8());
-        process.waitForFinished(60000);
-        return {process.exitStatus() == QProcess::NormalExit ? process.exitCode() : -1,
-                process.readAllStandardOutput(), process.readAllStandardError()};
-    }
-
-    Result runModel(const QStringList& commands)
-    {
-        return run({text("--non-interactive"), model(text("model"), commands)});
-    }
-
-    void start(QProcess& process, const QStringList& arguments)
-    {
-        process.setEnvironment(environment());
-        process.start(text(KESTDESK), arguments);
-        QVERIFY(process.waitForStarted());
-    }
-
     /// Runs it on a terminal of 60 columns and returns all that it writes there.
     Result runOnTerminal(const QStringList& arguments)
     {
@@ -95,84 +39,8 @@ private:
         return result;
     }
 
-    std::unique_ptr<QTemporaryDir> m_folder;
-    QString m_home;
-    QStringList m_variables;
-
 private Q_SLOTS:
-    void init()
-    {
-        m_folder = std::make_unique<QTemporaryDir>();
-        m_home = m_folder->filePath(text("home"));
-        m_variables.clear();
-        QVERIFY(QDir().mkpath(m_home + text("/bin")));
-        QVERIFY(QFile(m_home + text("/default.ini")).open(QIODevice::WriteOnly));
-        QVERIFY(QFile::link(text(KEST_TEST_CHILD), m_home + text("/bin/runkest")));
-        QVERIFY(QFile::link(text(KEST_TEST_CHILD), m_home + text("/bin/prekest")));
-    }
-
-    void helpAndVersionGoToStandardOutput_data()
-    {
-        QTest::addColumn<QString>("option");
-        QTest::addColumn<QByteArray>("part");
-        QTest::newRow("help") << "--help" << QByteArray("--component <name>");
-        QTest::newRow("short help") << "-h" << QByteArray("0 all models valid");
-        QTest::newRow("version") << "--version" << QByteArray("kestdesk " KEST_VERSION "\n");
-    }
-
-    void helpAndVersionGoToStandardOutput()
-    {
-        QFETCH(QString, option);
-        QFETCH(QByteArray, part);
-        const Result result = run({option});
-        QCOMPARE(result.exitCode, 0);
-        QVERIFY2(result.output.contains(part), result.output.constData());
-        QVERIFY(result.errors.isEmpty());
-    }
-
-    void wrongCommandLineIsRefused_data()
-    {
-        QTest::addColumn<QStringList>("arguments");
-        QTest::addColumn<QByteArray>("reason");
-        // clang-format off
-        QTest::newRow("two models")        << QStringList{text("a.nec"), text("b.nec")}    << QByteArray("the window takes one model");
-        QTest::newRow("box as option")     << QStringList{text("--parallel"), text("a.nec")} << QByteArray("--parallel needs --non-interactive");
-        QTest::newRow("no model")          << QStringList{text("--non-interactive")}       << QByteArray("no model given");
-        QTest::newRow("unknown option")    << QStringList{text("--colour"), text("m.nec")} << QByteArray("colour");
-        QTest::newRow("component missing") << QStringList{text("--non-interactive"), text("m.nec"), text("--component")} << QByteArray("component");
-        QTest::newRow("component a path")  << QStringList{text("--non-interactive"), text("--component"), text("../sh"), text("m.nec")} << QByteArray("\"../sh\" is no name of a component");
-        QTest::newRow("component empty")   << QStringList{text("--non-interactive"), text("--component="), text("m.nec")} << QByteArray("is no name of a component");
-        // clang-format on
-    }
-
-    void wrongCommandLineIsRefused()
-    {
-        QFETCH(QStringList, arguments);
-        QFETCH(QByteArray, reason);
-        const Result result = run(arguments);
-        QCOMPARE(result.exitCode, 2);
-        QVERIFY(result.output.isEmpty());
-        QVERIFY2(result.errors.startsWith("kestdesk: "), result.errors.constData());
-        QVERIFY2(result.errors.contains(reason), result.errors.constData());
-        QVERIFY(result.errors.contains("kestdesk --help"));
-    }
-
-    void windowNeedsADisplay()
-    {
-        QStringList withoutDisplay = environment();
-        const QStringList names = {text("DISPLAY="), text("WAYLAND_DISPLAY="),
-                                   text("QT_QPA_PLATFORM=")};
-        for (const QString& name : names) {
-            withoutDisplay = withoutDisplay.filter(
-                QRegularExpression(text("^(?!%1)").arg(QRegularExpression::escape(name))));
-        }
-        QProcess process;
-        process.setEnvironment(withoutDisplay);
-        process.start(text(KESTDESK), {model(text("model"), {})});
-        QVERIFY(process.waitForFinished(60000));
-        QCOMPARE(process.exitCode(), 2);
-        QVERIFY(process.readAllStandardError().contains("there is no display for the window"));
-    }
+    void init() { reset(); }
 
     void showsWhatTheComponentPrintsInOrder()
     {

@@ -301,23 +301,38 @@ private Q_SLOTS:
     void wordsThatMakeNoSenseShowTheUsage_data()
     {
         QTest::addColumn<QString>("words");
-        for (const char* const words :
-             {"", "list", "show --xml", "show --json --json", "check --json", "check --timeout",
-              "check --timeout 0", "check --timeout -1", "check --timeout=", "check --timeout x",
-              "check --timeout 3601", "check --timeout 1 2", "edit file", "use-local file",
-              "use-local --replace --replace"}) {
-            QTest::newRow(words) << text(words);
+        QTest::addColumn<QString>("problem");
+        const auto row = [](const char* words, const char* problem) {
+            QTest::newRow(words) << text(words) << text(problem);
+        };
+        row("", "no command given");
+        row("list", "unknown command \"list\"");
+        row("show --xml", "unknown option \"--xml\"");
+        row("show --json --json", "--json is given twice");
+        row("check --json", "unknown option \"--json\"");
+        row("check --timeout 1 2", "unexpected argument \"2\"");
+        row("edit file", "unexpected argument \"file\"");
+        row("use-local file", "unexpected argument \"file\"");
+        row("use-local --replace --replace", "--replace is given twice");
+        const char* const limits = "--timeout takes whole seconds from 1 to 3600, and not \"%1\"";
+        for (const char* const seconds : {"", " 0", " -1", "=", " x", " 3601"}) {
+            QTest::addRow("check --timeout%s", seconds) << text("check --timeout") + text(seconds)
+                                                        << text(limits).arg(text(seconds).mid(1));
         }
     }
 
     void wordsThatMakeNoSenseShowTheUsage()
     {
         QFETCH(QString, words);
+        QFETCH(QString, problem);
         const Desk::Result result = machines(words.toLatin1());
         QCOMPARE(result.exitCode, 2);
         QCOMPARE(result.output, QString());
         QVERIFY(result.errors.startsWith(text("Usage: kestdesk machines COMMAND\n")));
-        QVERIFY(m_desk->run({text("--help")}).output.contains(result.errors));
+        const QString lastLine = QStringLiteral("kestdesk: %1\n").arg(problem);
+        QVERIFY2(result.errors.endsWith(lastLine), qPrintable(result.errors));
+        QVERIFY(
+            m_desk->run({text("--help")}).output.contains(result.errors.chopped(lastLine.size())));
     }
 };
 

@@ -44,7 +44,7 @@ protected:
 #ifdef Q_OS_UNIX
         if (mostBytes > 0) {
             const rlimit tight = {static_cast<rlim_t>(mostBytes), static_cast<rlim_t>(mostBytes)};
-            std::signal(SIGXFSZ, SIG_IGN);
+            std::signal(SIGXFSZ, SIG_DFL); // as at a shell
             ::setrlimit(RLIMIT_FSIZE, &tight);
         }
         if (isOrdinaryUser && ::geteuid() == 0 && ::setuid(65534) != 0) {

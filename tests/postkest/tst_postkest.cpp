@@ -154,6 +154,8 @@ private Q_SLOTS:
         QTest::newRow("no result")      << QStringList{text("--non-interactive")} << text("no result given");
         QTest::newRow("unknown option") << QStringList{text("--non-interactive"), text("--wrong"), text("a.csv")} << text("wrong");
         QTest::newRow("size of words")  << QStringList{text("--non-interactive"), text("second.csv"), text("--size"), text("big")} << text("\"big\" is no size");
+        QTest::newRow("window's file")  << QStringList{text("second.csv"), text("--output"), text("a.png")} << text("--output needs --non-interactive");
+        QTest::newRow("window's size")  << QStringList{text("second.csv"), text("--size"), text("500x500")} << text("--size needs --non-interactive");
         QTest::newRow("too small")      << QStringList{text("--non-interactive"), text("second.csv"), text("--size"), text("99x500")} << text("is no size");
         QTest::newRow("too large")      << QStringList{text("--non-interactive"), text("second.csv"), text("--size"), text("500x10001")} << text("is no size");
         // clang-format on

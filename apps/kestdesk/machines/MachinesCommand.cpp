@@ -5,6 +5,8 @@
 #include "MachinesEditor.h"
 #include "MachinesReport.h"
 
+#include <SubcommandWords.h>
+
 #include <algorithm>
 #include <cstdio>
 
@@ -17,20 +19,10 @@ constexpr int exitImpossible = 2;
 constexpr int defaultLimit = 10;   // seconds
 constexpr int longestLimit = 3600; // seconds
 
-int showUsage()
+int show(const SubcommandWords& words)
 {
-    std::fprintf(stderr, "%s", qPrintable(MachinesCommand::usage()));
-    return exitImpossible;
-}
-
-int show(const QStringList& words)
-{
-    const bool json = words == QStringList(QStringLiteral("--json"));
-    if (!json && !words.isEmpty()) {
-        return showUsage();
-    }
     const MachinesReport report;
-    if (json) {
+    if (words.hasOption()) {
         std::fputs(report.json().constData(), stdout);
     } else {
         Terminal terminal(stdout);
@@ -39,25 +31,8 @@ int show(const QStringList& words)
     return report.isFound() && report.file().isValid() ? exitRight : exitWrong;
 }
 
-// The seconds that a host may take; 0 when the words make no sense.
-int limit(const QStringList& words)
+int check(const SubcommandWords& words)
 {
-    if (words.isEmpty()) {
-        return defaultLimit;
-    }
-    const QString option = QStringLiteral("--timeout");
-    const QString word = words.join(QLatin1Char('='));
-    const int seconds =
-        word.startsWith(option + QLatin1Char('=')) ? word.midRef(option.size() + 1).toInt() : 0;
-    return seconds <= longestLimit ? std::max(seconds, 0) : 0;
-}
-
-int check(const QStringList& words)
-{
-    const int seconds = limit(words);
-    if (seconds == 0) {
-        return showUsage();
-    }
     const MachinesReport report;
     {
         Terminal terminal(stdout);
@@ -67,12 +42,12 @@ int check(const QStringList& words)
         return exitImpossible;
     }
     return std::max(report.file().isValid() ? exitRight : exitWrong,
-                    MachinesCheck(report.file(), seconds).exec());
+                    MachinesCheck(report.file(), words.number(defaultLimit)).exec());
 }
 
-int edit(const QStringList& words)
+int edit(const SubcommandWords& /*words*/)
 {
-    return words.isEmpty() ? MachinesEditor().exec() : showUsage();
+    return MachinesEditor().exec();
 }
 
 int reportError(const QString& text, int exitCode)
@@ -92,13 +67,20 @@ int saveLocal(LocalMachines& machines)
     return exitRight;
 }
 
-// Hosts that somebody has named are replaced only on demand.
-int useLocal(const QStringList& words)
+QString replacementHint(const LocalMachines& machines)
 {
-    const bool mayReplace = words == QStringList(QStringLiteral("--replace"));
-    if (!mayReplace && !words.isEmpty()) {
-        return showUsage();
-    }
+    const QString hosts = machines.hosts();
+    return QStringLiteral("%1 %2; \"kestdesk machines use-local --replace\" saves %3 with the "
+                          "line \"%4\" and keeps the others as comments")
+        .arg(machines.origin(),
+             hosts.isEmpty() ? QStringLiteral("has lines that are wrong")
+                             : QStringLiteral("names hosts already: ") + hosts,
+             machines.fileName(), LocalMachines::line());
+}
+
+// Hosts that the user has named are replaced only on demand.
+int useLocal(const SubcommandWords& words)
+{
     LocalMachines machines;
     switch (machines.state()) {
     case LocalMachines::State::NotChanged:
@@ -109,62 +91,28 @@ int useLocal(const QStringList& words)
                 .arg(machines.origin(), LocalMachines::line()));
         return exitRight;
     case LocalMachines::State::Taken:
-        if (!mayReplace) {
-            const QString hosts = machines.hosts();
-            return reportError(
-                QStringLiteral("%1 %2; \"kestdesk machines use-local --replace\" saves %3 with the "
-                               "line \"%4\" and keeps the others as comments")
-                    .arg(machines.origin(),
-                         hosts.isEmpty() ? QStringLiteral("has lines that are wrong")
-                                         : QStringLiteral("names hosts already: ") + hosts,
-                         machines.fileName(), LocalMachines::line()),
-                exitWrong);
-        }
-        break;
+        return words.hasOption() ? saveLocal(machines)
+                                 : reportError(replacementHint(machines), exitWrong);
     case LocalMachines::State::Free:
         break;
     }
     return saveLocal(machines);
 }
 
-struct Command
-{
-    const char* name;
-    int (*run)(const QStringList& words);
-    const char* arguments;
-    const char* meaning;
-};
-
-// clang-format off
-constexpr Command commands[] = {
-    {"show",      show,     "[--json]",            "show the machines file in use and what is wrong with it"},
-    {"check",     check,    "[--timeout SECONDS]", "and ask each host whether it answers, and for its cores"},
-    {"edit",      edit,     "",                    "change the user's machines file with $VISUAL or $EDITOR"},
-    {"use-local", useLocal, "[--replace]",         "let the user's machines file name this machine alone"},
-};
-// clang-format on
+constexpr SubcommandOption jsonOption = {"--json"};
+constexpr SubcommandOption timeoutOption = {"--timeout", "SECONDS", 1, longestLimit};
+constexpr SubcommandOption replaceOption = {"--replace"};
 
 } // namespace
 
-int MachinesCommand::run(const QStringList& words)
+SubcommandGroup MachinesCommand::group()
 {
-    const QString name = words.value(0);
-    const auto* const command =
-        std::find_if(std::cbegin(commands), std::cend(commands),
-                     [&name](const Command& row) { return name == QLatin1String(row.name); });
-    return command == std::cend(commands) ? showUsage() : command->run(words.mid(1));
-}
-
-QString MachinesCommand::usage()
-{
-    QString text = QStringLiteral("Usage: kestdesk machines COMMAND\n");
-    for (const Command& command : commands) {
-        text += QStringLiteral("  %1 %2\n")
-                    .arg(QStringLiteral("%1 %2").arg(QLatin1String(command.name),
-                                                     QLatin1String(command.arguments)),
-                         -26)
-                    .arg(QLatin1String(command.meaning));
-    }
-    return text + QStringLiteral("  Exit code: 0 all fine, 1 something is wrong, 2 it could not be "
-                                 "done, 130 stopped.\n");
+    // clang-format off
+    return {QStringLiteral("machines"), {
+        {"show",      &jsonOption,    "", "show the machines file in use and what is wrong with it", show},
+        {"check",     &timeoutOption, "", "and ask each host whether it answers, and for its cores", check},
+        {"edit",      nullptr,        "", "change the user's machines file with $VISUAL or $EDITOR", edit},
+        {"use-local", &replaceOption, "", "let the user's machines file name this machine alone",    useLocal},
+    }, QStringLiteral("  Exit code: 0 all fine, 1 something is wrong, 2 it could not be done, 130 stopped.\n")};
+    // clang-format on
 }

@@ -1,16 +1,12 @@
 #pragma once
 
-#include <QString>
-#include <QStringList>
+#include <SubcommandGroup.h>
 
-/// The command "kestdesk machines ...": shows, checks and changes the machines file.
-class MachinesCommand
-{
-public:
-    /// The words behind "machines". The program's exit code: 0, or 1 when something is wrong with
-    /// the file or a host, or 2 when the command could not be done, or 130 when it was stopped.
-    static int run(const QStringList& words);
+/// The commands "kestdesk machines ...": show, check and change the machines file.
+namespace MachinesCommand {
 
-    /// How to use it, for the program's help.
-    static QString usage();
-};
+/// Their exit code is 0, or 1 when something is wrong with the file or a host, or 2 when the
+/// command could not be done, or 130 when it was stopped.
+SubcommandGroup group();
+
+} // namespace MachinesCommand

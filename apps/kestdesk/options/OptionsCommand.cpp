@@ -6,6 +6,9 @@
 #include "OptionValue.h"
 #include "OptionsLock.h"
 
+#include <ErrorOutput.h>
+#include <SubcommandWords.h>
+
 #include <common_ComponentsLaunchOptions.h>
 #include <common_PropertyFactory.h>
 
@@ -23,16 +26,13 @@ using Values = QMap<QString, QString>;
 
 constexpr int exitDone = 0;
 constexpr int exitFailed = 1;
-constexpr int exitUsage = 2;
 
-void say(const QString& line)
+constexpr int defaultWait = 5;    // seconds
+constexpr int longestWait = 3600; // seconds
+
+void printLine(const QString& line)
 {
     std::fprintf(stdout, "%s\n", qUtf8Printable(line));
-}
-
-void reportError(const QString& line)
-{
-    std::fprintf(stderr, "kestdesk: %s\n", qUtf8Printable(line));
 }
 
 QStringList names(const Options& options)
@@ -49,24 +49,25 @@ bool knows(const Options& options, const QString& name)
 {
     const bool known = names(options).contains(name);
     if (!known) {
-        reportError(QStringLiteral("there is no option \"%1\"; \"kestdesk options list\" shows all")
-                        .arg(name));
+        ErrorOutput::print(
+            QStringLiteral("there is no option \"%1\"; \"kestdesk options list\" shows all")
+                .arg(name));
     }
     return known;
 }
 
-// The options as they are in the file; null, with the reason told, when they cannot be read.
+// The options as they are in the file; null, with the reason printed, when they cannot be read.
 Options readableOptions()
 {
     const QString problem = LaunchOptionsFile::problem();
     if (!problem.isEmpty()) {
-        reportError(problem);
+        ErrorOutput::print(problem);
         return Options();
     }
     return common_ComponentsLaunchOptions::create(ReadOnlyAccess);
 }
 
-int list(const QStringList& /*words*/, int /*wait*/)
+int list(const SubcommandWords& /*words*/)
 {
     const Options options = readableOptions();
     if (!options) {
@@ -74,53 +75,55 @@ int list(const QStringList& /*words*/, int /*wait*/)
     }
     const QStringList all = names(options);
     for (const QString& name : all) {
-        say(name + QLatin1Char('=') + value(options, name));
+        printLine(name + QLatin1Char('=') + value(options, name));
     }
     return exitDone;
 }
 
-int get(const QStringList& words, int /*wait*/)
+int get(const SubcommandWords& words)
 {
+    const QString name = words.operands().constFirst();
     const Options options = readableOptions();
-    if (!options || !knows(options, words.at(0))) {
+    if (!options || !knows(options, name)) {
         return exitFailed;
     }
-    say(value(options, words.at(0)));
+    printLine(value(options, name));
     return exitDone;
 }
 
-int showValues(const QStringList& words, int /*wait*/)
+int showValues(const SubcommandWords& words)
 {
+    const QString name = words.operands().constFirst();
     const Options options = readableOptions();
-    if (!options || !knows(options, words.at(0))) {
+    if (!options || !knows(options, name)) {
         return exitFailed;
     }
-    const QStringList accepted =
-        OptionValue::words(common_PropertyFactory::getMetaData(words.at(0)));
-    std::for_each(accepted.cbegin(), accepted.cend(), say);
+    const QStringList accepted = OptionValue::words(common_PropertyFactory::getMetaData(name));
+    std::for_each(accepted.cbegin(), accepted.cend(), printLine);
     return exitDone;
 }
 
-// The options to be written; null, with the reason told, when somebody else keeps them or the file
-// cannot be used.
+// The options to be written; null, with the reason printed, when another process has locked them or
+// the file cannot be used.
 Options writableOptions(int wait)
 {
     for (const QString& problem :
          {LaunchOptionsFile::problem(), LaunchOptionsFile::lockProblem()}) {
         if (!problem.isEmpty()) {
-            reportError(problem + QStringLiteral("; nothing was changed"));
+            ErrorOutput::print(problem + QStringLiteral("; nothing was changed"));
             return Options();
         }
     }
-    Options options = OptionsLock::wait(wait, reportError);
+    Options options = OptionsLock::wait(wait, ErrorOutput::print);
     if (!options) {
-        reportError(
+        ErrorOutput::print(
             QStringLiteral("%1 holds it; nothing was changed").arg(LaunchOptionsFile::owner()));
     }
     return options;
 }
 
-// Names what is lost; of the options that were to be changed, if there are such.
+// Returns the exit code. Prints the options that could not be saved: those that were to be changed,
+// or else all of them.
 int save(const Options& options, const QStringList& changed = QStringList())
 {
     const LaunchOptionsFile::Saving saving = LaunchOptionsFile::save(*options);
@@ -134,13 +137,13 @@ int save(const Options& options, const QStringList& changed = QStringList())
     if (!saving.reason.isEmpty()) {
         text += QStringLiteral(", because ") + saving.reason;
     }
-    reportError(text + QStringLiteral(": ") +
-                (named.isEmpty() ? saving.lost : named).join(QStringLiteral(", ")));
+    ErrorOutput::print(text + QStringLiteral(": ") +
+                       (named.isEmpty() ? saving.lost : named).join(QStringLiteral(", ")));
     return exitFailed;
 }
 
-// In one line of moderate length, and without what steers a terminal.
-QString shown(const QString& typed)
+// In one line of moderate length, and without control characters.
+QString excerpt(const QString& typed)
 {
     constexpr int longest = 100;
     QString text = typed.size() > longest ? typed.left(longest) + QStringLiteral("...") : typed;
@@ -149,7 +152,7 @@ QString shown(const QString& typed)
     return text;
 }
 
-// Takes over the value; false, with the mistake named, when it is wrong.
+// Adds the value to the values; false, with the mistake printed, when it is wrong.
 bool parseValue(const QString& name, const QString& typed, Values& values)
 {
     const common_PropertyMetaData& metaData = common_PropertyFactory::getMetaData(name);
@@ -159,30 +162,31 @@ bool parseValue(const QString& name, const QString& typed, Values& values)
         return true;
     }
     const QString reason = OptionRules::problem(metaData, typed);
-    reportError(QStringLiteral("%1 accepts %2, and not \"%3\"")
-                    .arg(name, OptionValue::accepted(metaData), shown(typed)) +
-                (reason.isEmpty() ? reason : QStringLiteral(". ") + reason));
+    ErrorOutput::print(QStringLiteral("%1 accepts %2, and not \"%3\"")
+                           .arg(name, OptionValue::accepted(metaData), excerpt(typed)) +
+                       (reason.isEmpty() ? reason : QStringLiteral(". ") + reason));
     return false;
 }
 
-// All of "NAME=VALUE..."; false, with every mistake named, when one is wrong.
+// Reads all of "NAME=VALUE..."; false, with every mistake printed, when one is wrong.
 bool parse(const Options& options, const QStringList& words, Values& values)
 {
-    bool good = true;
+    bool isGood = true;
     for (const QString& word : words) {
         const QString name = word.section(QLatin1Char('='), 0, 0);
         if (!word.contains(QLatin1Char('='))) {
-            reportError(QStringLiteral("\"%1\" is not NAME=VALUE").arg(shown(word)));
-            good = false;
+            ErrorOutput::print(QStringLiteral("\"%1\" is not NAME=VALUE").arg(excerpt(word)));
+            isGood = false;
         } else {
-            good = knows(options, name) &&
-                   parseValue(name, word.section(QLatin1Char('='), 1), values) && good;
+            isGood = knows(options, name) &&
+                     parseValue(name, word.section(QLatin1Char('='), 1), values) && isGood;
         }
     }
-    return good;
+    return isGood;
 }
 
-// What is set and has no effect because it is empty. Perhaps the next command fills it.
+// Warns of options that are switched on but have no effect because they are empty. This is no
+// error, since the next command may set them.
 void warnOfEmptyValues(const Options& options, const Values& changed)
 {
     for (const LaunchOptionRow& row : LaunchOptionTable::rows()) {
@@ -192,17 +196,17 @@ void warnOfEmptyValues(const Options& options, const Values& changed)
         const QString warning = OptionRules::emptyProblem(row.metaData());
         if (concerns && !warning.isEmpty() && value(options, name).isEmpty() &&
             value(options, switchName) == QLatin1String("true")) {
-            reportError(QStringLiteral("%1 is empty, so %2 is without effect. %3")
-                            .arg(name, switchName, warning));
+            ErrorOutput::print(QStringLiteral("%1 is empty, so %2 is without effect. %3")
+                                   .arg(name, switchName, warning));
         }
     }
 }
 
-int set(const QStringList& words, int wait)
+int set(const SubcommandWords& words)
 {
-    const Options options = writableOptions(wait);
+    const Options options = writableOptions(words.number(defaultWait));
     Values values;
-    if (!options || !parse(options, words, values)) {
+    if (!options || !parse(options, words.operands(), values)) {
         return exitFailed;
     }
     for (auto change = values.cbegin(); change != values.cend(); ++change) {
@@ -215,14 +219,14 @@ int set(const QStringList& words, int wait)
     return exitCode;
 }
 
-int restore(const QStringList& /*words*/, int wait)
+int restore(const SubcommandWords& words)
 {
     const QString problem = LaunchOptionsFile::defaultsProblem();
     if (!problem.isEmpty()) {
-        reportError(problem + QStringLiteral("; nothing was changed"));
+        ErrorOutput::print(problem + QStringLiteral("; nothing was changed"));
         return exitFailed;
     }
-    const Options options = writableOptions(wait);
+    const Options options = writableOptions(words.number(defaultWait));
     if (!options) {
         return exitFailed;
     }
@@ -230,100 +234,20 @@ int restore(const QStringList& /*words*/, int wait)
     return save(options);
 }
 
-struct Command
-{
-    const char* name;
-    int fewestWords;
-    int mostWords;
-    bool waits; ///< for the lock
-    int (*run)(const QStringList& words, int wait);
-    const char* arguments;
-    const char* meaning;
-};
-
-// clang-format off
-constexpr Command commands[] = {
-    {"list",    0, 0,    false, list,       "",                                 "show all options as NAME=VALUE"},
-    {"get",     1, 1,    false, get,        "NAME",                             "show the value of one"},
-    {"set",     1, 9999, true,  set,        "[--wait SECONDS] NAME=VALUE...",   "change some, all or none of them"},
-    {"restore", 0, 0,    true,  restore,    "[--wait SECONDS]",                 "take the installation's defaults"},
-    {"values",  1, 1,    false, showValues, "NAME",                             "show the words that one accepts"},
-};
-// clang-format on
-
-constexpr int defaultWait = 5;    // seconds
-constexpr int longestWait = 3600; // seconds
-
-bool isWait(const QString& word)
-{
-    return word == QLatin1String("--wait") || word.startsWith(QLatin1String("--wait="));
-}
-
-// Takes "--wait SECONDS" or "--wait=SECONDS" out of the words; the seconds, or nothing, with the
-// mistake named, when they make no sense.
-std::optional<int> takeWait(QStringList& words)
-{
-    const auto option = std::find_if(words.begin(), words.end(), isWait);
-    if (option == words.end()) {
-        return defaultWait;
-    }
-    const int index = static_cast<int>(option - words.begin());
-    const bool isApart = !option->contains(QLatin1Char('='));
-    const QString typed = isApart ? words.value(index + 1) : option->section(QLatin1Char('='), 1);
-    words.erase(option, option + std::min<int>(isApart ? 2 : 1, words.size() - index));
-    bool isNumber = false;
-    const int seconds = typed.toInt(&isNumber);
-    const bool isTwice = std::any_of(words.cbegin(), words.cend(), isWait);
-    if (isNumber && seconds >= 0 && seconds <= longestWait && !isTwice) {
-        return seconds;
-    }
-    reportError(isTwice ? QStringLiteral("--wait is given twice")
-                        : QStringLiteral("--wait takes whole seconds from 0 to %1, and not \"%2\"")
-                              .arg(longestWait)
-                              .arg(shown(typed)));
-    return std::nullopt;
-}
-
-int showUsage()
-{
-    std::fprintf(stderr, "%s", qPrintable(OptionsCommand::usage()));
-    return exitUsage;
-}
+constexpr SubcommandOption waitOption = {"--wait", "SECONDS", 0, longestWait};
 
 } // namespace
 
-int OptionsCommand::run(const QStringList& words)
+SubcommandGroup OptionsCommand::group()
 {
-    const QString name = words.value(0);
-    const auto* const command =
-        std::find_if(std::cbegin(commands), std::cend(commands),
-                     [&name](const Command& row) { return name == QLatin1String(row.name); });
-    if (command == std::cend(commands)) {
-        return showUsage();
-    }
-    QStringList rest = words.mid(1);
-    const std::optional<int> wait = command->waits ? takeWait(rest) : 0;
-    if (!wait) {
-        return exitUsage;
-    }
-    if (rest.size() < command->fewestWords || rest.size() > command->mostWords) {
-        return showUsage();
-    }
-    return command->run(rest, *wait);
-}
-
-QString OptionsCommand::usage()
-{
-    QString text = QStringLiteral("Usage: kestdesk options COMMAND\n");
-    for (const Command& command : commands) {
-        text += QStringLiteral("  %1 %2\n")
-                    .arg(QStringLiteral("%1 %2").arg(QLatin1String(command.name),
-                                                     QLatin1String(command.arguments)),
-                         -34)
-                    .arg(QLatin1String(command.meaning));
-    }
-    return text +
-           QStringLiteral("  While another process holds the options, set and restore wait for "
-                          "%1 seconds, or for\n  those of --wait; 0 waits not at all.\n")
-               .arg(defaultWait);
+    // clang-format off
+    return {QStringLiteral("options"), {
+        {"list",    nullptr,     "",              "show all options as NAME=VALUE",       list},
+        {"get",     nullptr,     "NAME",          "show the value of one",                get},
+        {"set",     &waitOption, "NAME=VALUE...", "change some, all or none of them",     set},
+        {"restore", &waitOption, "",              "take the installation's defaults",     restore},
+        {"values",  nullptr,     "NAME",          "show the words that one accepts",      showValues},
+    }, QStringLiteral("  While another process holds the options, set and restore wait for %1 seconds, or for\n"
+                      "  those of --wait; 0 waits not at all.\n").arg(defaultWait)};
+    // clang-format on
 }

@@ -1,16 +1,12 @@
 #pragma once
 
-#include <QString>
-#include <QStringList>
+#include <SubcommandGroup.h>
 
-/// The command "kestdesk options ...": shows and changes the user's launch options.
-class OptionsCommand
-{
-public:
-    /// The words behind "options". The program's exit code: 0, or 1 when the options could not be
-    /// read, changed or saved, or 2 when the words make no sense. Says why on standard error.
-    static int run(const QStringList& words);
+/// The commands "kestdesk options ...": show and change the user's launch options.
+namespace OptionsCommand {
 
-    /// How to use it, for the program's help.
-    static QString usage();
-};
+/// Their exit code is 0, or 1 when the options could not be read, changed or saved, with the reason
+/// on standard error.
+SubcommandGroup group();
+
+} // namespace OptionsCommand

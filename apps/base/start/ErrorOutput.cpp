@@ -1,4 +1,4 @@
-#include "Complaints.h"
+#include "ErrorOutput.h"
 
 #include <VisibleText.h>
 
@@ -15,12 +15,12 @@ void printLine(const QString& text)
 
 } // namespace
 
-void Complaints::print(const QString& text)
+void ErrorOutput::print(const QString& text)
 {
     printLine(QCoreApplication::applicationName() + QStringLiteral(": ") + text);
 }
 
-void Complaints::printRefusal(const QString& text, const QString& hint)
+void ErrorOutput::printRefusal(const QString& text, const QString& hint)
 {
     print(text);
     if (!hint.isEmpty()) {

@@ -1,0 +1,13 @@
+#pragma once
+
+struct ApplicationDescription;
+
+/// The main function that the suite's applications share.
+namespace ApplicationStart {
+
+/// Reads the command line and does what it asks for, with an application object and services that
+/// fit: a window needs a display, everything else works without. A command line that makes no sense
+/// is refused with the exit code 2 and the reason on standard error. Returns the exit code.
+int run(const ApplicationDescription& application, int argc, char* argv[]);
+
+} // namespace ApplicationStart

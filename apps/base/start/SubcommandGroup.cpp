@@ -1,0 +1,75 @@
+#include "SubcommandGroup.h"
+
+#include "ErrorOutput.h"
+#include "SubcommandWords.h"
+
+#include <PlainText.h>
+
+#include <QCoreApplication>
+
+#include <algorithm>
+#include <cstdio>
+#include <utility>
+
+namespace {
+
+constexpr int exitRefused = 2;
+
+bool asksForHelp(const QStringList& words)
+{
+    return words.contains(QStringLiteral("--help")) || words.contains(QStringLiteral("-h"));
+}
+
+int widthOf(const QVector<Subcommand>& commands)
+{
+    int width = 0;
+    for (const Subcommand& command : commands) {
+        width = std::max(width, command.syntax().size());
+    }
+    return width;
+}
+
+} // namespace
+
+SubcommandGroup::SubcommandGroup(QString name, QVector<Subcommand> commands, QString notes)
+    : m_name(std::move(name)), m_commands(std::move(commands)), m_notes(std::move(notes))
+{}
+
+QString SubcommandGroup::usage() const
+{
+    const int width = widthOf(m_commands);
+    QString text =
+        QStringLiteral("Usage: %1 %2 COMMAND\n").arg(QCoreApplication::applicationName(), m_name);
+    for (const Subcommand& command : m_commands) {
+        text += QStringLiteral("  %1  %2\n")
+                    .arg(command.syntax(), -width)
+                    .arg(QLatin1String(command.meaning));
+    }
+    return text + m_notes;
+}
+
+int SubcommandGroup::run(const QStringList& words) const
+{
+    if (asksForHelp(words)) {
+        std::fputs(qPrintable(usage()), stdout);
+        return 0;
+    }
+    const QString name = words.value(0);
+    const auto command =
+        std::find_if(m_commands.begin(), m_commands.end(),
+                     [&name](const Subcommand& row) { return name == QLatin1String(row.name); });
+    if (command == m_commands.end()) {
+        return refuse(words.isEmpty()
+                          ? QStringLiteral("no command given")
+                          : QStringLiteral("unknown command \"%1\"").arg(suite::excerpt(name)));
+    }
+    const SubcommandWords rest(*command, words.mid(1));
+    return rest.problem().isEmpty() ? command->run(rest) : refuse(rest.problem());
+}
+
+int SubcommandGroup::refuse(const QString& problem) const
+{
+    std::fputs(qPrintable(usage()), stderr);
+    ErrorOutput::print(problem);
+    return exitRefused;
+}

@@ -1,0 +1,32 @@
+#pragma once
+
+#include "Subcommand.h"
+
+#include <QStringList>
+#include <QVector>
+
+/// The subcommands behind one first word, such as those of "kestdesk options".
+class SubcommandGroup
+{
+public:
+    /// The notes are lines that the help has below the commands.
+    SubcommandGroup(QString name, QVector<Subcommand> commands, QString notes);
+
+    QString name() const { return m_name; }
+    const QVector<Subcommand>& commands() const { return m_commands; }
+
+    /// The commands and what they do, a line each.
+    QString usage() const;
+
+    /// Runs the command that the words behind the group's name ask for; "--help" among them asks
+    /// for the usage. Words that make no sense are refused: the usage and what is wrong go to
+    /// standard error, and the exit code is 2.
+    int run(const QStringList& words) const;
+
+private:
+    int refuse(const QString& problem) const;
+
+    QString m_name;
+    QVector<Subcommand> m_commands;
+    QString m_notes;
+};

@@ -1,0 +1,11 @@
+#include "Leftovers.h"
+
+#include "MachinesCopies.h"
+
+#include <MarkedFolders.h>
+
+void Leftovers::remove()
+{
+    MarkedFolders::removeLeft();
+    MachinesCopies(qEnvironmentVariable("KEST_USER_HOME")).removeLeft();
+}

@@ -1,0 +1,10 @@
+#include "SuiteVersion.h"
+
+namespace suite {
+
+QString version()
+{
+    return QStringLiteral(KEST_VERSION);
+}
+
+} // namespace suite
