@@ -45,7 +45,7 @@ private Q_SLOTS:
         m_view->show();
         QVERIFY(QTest::qWaitForWindowExposed(m_view.get()));
         m_charts = m_view->findChildren<QuantityChart*>();
-        QCOMPARE(m_charts.size(), quantityCount);
+        QCOMPARE(m_charts.size(), suite::quantityCount);
     }
 
     void cleanup() { m_view.reset(); }
