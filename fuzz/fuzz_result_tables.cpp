@@ -7,6 +7,10 @@
 #include <algorithm>
 #include <cmath>
 
+using suite::Quantity;
+using suite::ResultPoint;
+using suite::ResultTable;
+
 namespace {
 
 constexpr Quantity quantities[] = {Quantity::Resistance, Quantity::Reactance,
@@ -27,15 +31,25 @@ void requireValues(const Result& result, Quantity quantity)
     require(result.has(quantity) == found, "a quantity is there when a point has it");
 }
 
+void requireSameAgain(const ResultTable& table)
+{
+    const ResultTable again = ResultTable::parse(table.bytes());
+    require(again.error.isEmpty(), "a table that was written can be read");
+    require(again.points.size() == table.points.size(), "with as many points");
+    require(again.bytes() == table.bytes(), "and the same digits");
+}
+
 } // namespace
 
 void fuzz(FuzzedInput input)
 {
-    const Result result = Result::parse(input.rest());
+    const QByteArray bytes = input.rest();
+    const Result result = Result::parse(bytes);
     require(result.error.isEmpty() != result.points.isEmpty(), "there is a result or an error");
     if (!result.error.isEmpty()) {
         return;
     }
+    requireSameAgain(ResultTable::parse(bytes));
     const auto isEarlier = [](const ResultPoint& left, const ResultPoint& right) {
         return left.frequency < right.frequency;
     };

@@ -1,7 +1,8 @@
 #include "HelpPages.h"
 
+#include <InputFile.h>
+
 #include <QDir>
-#include <QFile>
 #include <QFileInfo>
 #include <QUrl>
 
@@ -11,6 +12,7 @@ namespace {
 
 const QLatin1String scheme("kesthelp");
 const QLatin1String suffix(".md");
+constexpr qint64 largestPage = 16 << 20; // bytes; pictures are among the pages
 
 } // namespace
 
@@ -38,8 +40,7 @@ std::optional<QByteArray> HelpPages::content(const QUrl& address) const
     if (!isOwn(address) || folder.isEmpty() || !path.startsWith(folder + QLatin1Char('/'))) {
         return std::nullopt;
     }
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? std::make_optional(file.readAll()) : std::nullopt;
+    return suite::InputFile(path).read(largestPage);
 }
 
 QString HelpPages::missingPage(const QUrl& address) const

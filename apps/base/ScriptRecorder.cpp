@@ -1,12 +1,13 @@
 #include "ScriptRecorder.h"
 
+#include <InputFile.h>
 #include <VisibleText.h>
+#include <WriteAll.h>
 
 #include <common_ConstantLabeledItem.h>
 #include <common_DomainEntity.h>
 
 #include <QFile>
-#include <QFileInfo>
 
 #include <cstdio>
 #include <utility>
@@ -26,12 +27,12 @@ void ScriptRecorder::recordCommand(common_ActivePtr<common_DomainEntity> entity,
     const auto* const item = dynamic_cast<const common_ConstantLabeledItem*>(entity.get());
     const QByteArray line =
         ((item ? item->getLabel().text() : QString()) + command + QLatin1Char('\n')).toUtf8();
-    const QFileInfo info(m_fileName);
+    suite::InputFile place(m_fileName);
     QFile file(m_fileName);
-    if (info.exists() && !info.isFile()) {
-        complain(QStringLiteral("it is not a regular file")); // a pipe would wait for a reader
-    } else if (!file.open(QIODevice::WriteOnly | QIODevice::Append) ||
-               file.write(line) != line.size() || !file.flush()) {
+    if (!place.checkPlace()) {
+        complain(place.reason()); // a pipe would wait for a reader
+    } else if (!file.open(QIODevice::WriteOnly | QIODevice::Append | QIODevice::Unbuffered) ||
+               !suite::writeAll(file, line)) {
         complain(file.errorString());
     }
 }

@@ -1,10 +1,9 @@
 #include "DeckFile.h"
 
 #include <InputFile.h>
+#include <OutputFile.h>
 
 #include <QCryptographicHash>
-#include <QFileInfo>
-#include <QSaveFile>
 #include <QTextCodec>
 
 #include <algorithm>
@@ -35,14 +34,6 @@ bool isWindowsText(const QByteArray& bytes)
 {
     const int pairs = bytes.count("\r\n");
     return pairs > 0 && pairs == bytes.count('\n') && pairs == bytes.count('\r');
-}
-
-// A write that ends early does not tell why; the next one does.
-bool writeAll(QIODevice& file, const QByteArray& bytes)
-{
-    const qint64 written = file.write(bytes);
-    const QByteArray rest = bytes.mid(static_cast<int>(std::max<qint64>(written, 0)));
-    return rest.isEmpty() || (written >= 0 && file.write(rest) == rest.size());
 }
 
 bool isLatin1(const QString& text, QChar exception)
@@ -83,15 +74,9 @@ bool DeckFile::save(const QString& path, const QString& text)
         !isLatin1(text, m_form.hasShownReturns ? shownReturn : QChar())) {
         return fail(QStringLiteral("it holds characters that the file's encoding (Latin-1) lacks"));
     }
-    const QFileInfo old(path);
-    if (old.exists() && !old.isFile()) {
-        return fail(QStringLiteral("it is not a regular file"));
-    }
-    const QByteArray content = bytes(text);
-    QSaveFile file(path);
-    if (!file.open(QIODevice::WriteOnly | QIODevice::Unbuffered) || !writeAll(file, content) ||
-        !file.commit()) {
-        return fail(file.errorString());
+    suite::OutputFile file(path);
+    if (!file.replace(bytes(text))) {
+        return fail(file.reason());
     }
     m_path = path;
     m_text = text;

@@ -3,6 +3,8 @@
 #include "ResultView.h"
 
 #include <FileIdentity.h>
+#include <OutputFile.h>
+#include <TableLine.h>
 #include <VisibleText.h>
 
 #include <QBuffer>
@@ -10,11 +12,9 @@
 #include <QLocale>
 #include <QPainter>
 #include <QPixmap>
-#include <QSaveFile>
 #include <QSvgGenerator>
 
 #include <algorithm>
-#include <cmath>
 
 namespace {
 
@@ -48,12 +48,6 @@ QByteArray quoted(const QString& name)
     return '"' + text.toUtf8() + '"';
 }
 
-QByteArray cell(double value)
-{
-    return std::isnan(value) ? QByteArray()
-                             : QByteArray::number(value, 'g', QLocale::FloatingPointShortest);
-}
-
 // clang-format off
 const struct { const char* suffix; QByteArray (*make)(ResultView& view, const QVector<Result>& results); } formats[] = {
     {"png", [](ResultView& view, const QVector<Result>& /*results*/) { return png(view); }},
@@ -69,28 +63,12 @@ bool isOneOf(const QString& path, const QVector<Result>& results)
     });
 }
 
-// A write that ends early does not tell why; the next one does.
-bool writeAll(QIODevice& file, const QByteArray& bytes)
-{
-    const qint64 written = file.write(bytes);
-    const QByteArray rest = bytes.mid(static_cast<int>(std::max<qint64>(written, 0)));
-    return rest.isEmpty() || (written >= 0 && file.write(rest) == rest.size());
-}
-
 QString save(const QString& path, const QByteArray& bytes)
 {
-    const QFileInfo old(path);
-    if (old.exists() && !old.isFile()) {
-        return QStringLiteral("%1 cannot be written: it is not a regular file")
-            .arg(suite::visibleText(path));
-    }
-    QSaveFile file(path);
-    if (!file.open(QIODevice::WriteOnly | QIODevice::Unbuffered) || !writeAll(file, bytes) ||
-        !file.commit()) {
-        return QStringLiteral("%1 cannot be written: %2")
-            .arg(suite::visibleText(path), file.errorString());
-    }
-    return QString();
+    suite::OutputFile file(path);
+    return file.replace(bytes) ? QString()
+                               : QStringLiteral("%1 cannot be written: %2")
+                                     .arg(suite::visibleText(path), file.reason());
 }
 
 } // namespace
@@ -98,7 +76,7 @@ QString save(const QString& path, const QByteArray& bytes)
 QString Export::write(const QString& path, ResultView& view, const QVector<Result>& results,
                       const QVector<Result>& others)
 {
-    if (isOneOf(path, results) || isOneOf(path, others) || Result::isTable(path)) {
+    if (isOneOf(path, results) || isOneOf(path, others) || suite::ResultTable::isTable(path)) {
         return QStringLiteral("%1 is a result of a run: it is not overwritten")
             .arg(suite::visibleText(path));
     }
@@ -113,14 +91,17 @@ QString Export::write(const QString& path, ResultView& view, const QVector<Resul
 
 QByteArray Export::table(const QVector<Result>& results)
 {
-    QByteArray text = "result,frequency_MHz,resistance_ohm,reactance_ohm,swr\n";
+    constexpr int digits = QLocale::FloatingPointShortest;
+    QByteArray text =
+        suite::tableLine(QList<QByteArray>({"result"}) + suite::ResultTable::columns());
     for (const Result& result : results) {
-        for (const ResultPoint& point : result.points) {
-            text += quoted(result.name()) + ',' + cell(point.frequency);
+        for (const suite::ResultPoint& point : result.points) {
+            QList<QByteArray> cells = {quoted(result.name()),
+                                       suite::tableNumber(point.frequency, digits)};
             for (const double value : point.values) {
-                text += ',' + cell(value);
+                cells.append(suite::tableNumber(value, digits));
             }
-            text += '\n';
+            text += suite::tableLine(cells);
         }
     }
     return text;

@@ -12,6 +12,9 @@
 #include <cmath>
 #include <utility>
 
+using suite::Quantity;
+using suite::ResultPoint;
+
 using namespace QtCharts;
 
 namespace {

@@ -26,7 +26,7 @@ class QuantityChart : public QtCharts::QChartView
     Q_OBJECT
 
 public:
-    QuantityChart(Quantity quantity, QWidget* parent);
+    QuantityChart(suite::Quantity quantity, QWidget* parent);
 
     /// Draws these results anew, each in the colour of its place in the list.
     void show(const QVector<Result>& results, FrequencyWindow window);
@@ -44,7 +44,7 @@ public:
     void setFrequencyTitle(bool isShown);
 
     /// The name with its unit, as at the axis.
-    static QString title(Quantity quantity);
+    static QString title(suite::Quantity quantity);
 
     /// The colour of the result at a place in the list, which can be told from the background.
     QColor colour(int place) const;
@@ -72,7 +72,7 @@ private:
     void noteLayout();
     void placeMark();
 
-    Quantity m_quantity;
+    suite::Quantity m_quantity;
     QtCharts::QValueAxis* m_frequencyAxis = nullptr;
     QtCharts::QValueAxis* m_valueAxis = nullptr;
     QGraphicsLineItem* m_mark = nullptr;

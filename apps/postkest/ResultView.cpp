@@ -10,6 +10,9 @@
 #include <algorithm>
 #include <cmath>
 
+using suite::Quantity;
+using suite::ResultPoint;
+
 namespace {
 
 const QString nothingPointed =
@@ -79,7 +82,7 @@ void ResultView::makeCharts()
     m_legend->setWordWrap(true);
     m_legend->setMargin(4);
     layout->addWidget(m_legend);
-    for (int i = 0; i < quantityCount; ++i) {
+    for (int i = 0; i < suite::quantityCount; ++i) {
         auto* chart = new QuantityChart(static_cast<Quantity>(i), m_chartArea);
         connect(chart, &QuantityChart::pointed, this, &ResultView::point);
         connect(chart, &QuantityChart::laidOut, this, &ResultView::align);

@@ -61,9 +61,25 @@ std::optional<QByteArray> InputFile::readStart(qint64 bytes)
     return content;
 }
 
-bool InputFile::open(QFile& file)
+bool InputFile::readPieces(const std::function<bool(const QByteArray& piece)>& take)
 {
-    fail(Problem::None, QString());
+    constexpr qint64 pieceSize = 1 << 20;
+    QFile file(m_path);
+    if (!open(file)) {
+        return false;
+    }
+    QByteArray piece;
+    do {
+        piece = file.read(pieceSize);
+        if (file.error() != QFileDevice::NoError) {
+            return fail(Problem::Unreadable, file.errorString());
+        }
+    } while (!piece.isEmpty() && take(piece));
+    return piece.isEmpty();
+}
+
+bool InputFile::checkPlace()
+{
     const QFileInfo info(m_path);
     const QString nameProblem = FileName::problem(m_path);
     if (m_path.isEmpty()) {
@@ -78,8 +94,17 @@ bool InputFile::open(QFile& file)
     if (info.exists() && !info.isFile()) {
         return fail(Problem::NotRegular, QStringLiteral("it is not a regular file"));
     }
+    return fail(Problem::None, QString());
+}
+
+bool InputFile::open(QFile& file)
+{
+    if (!checkPlace()) {
+        return false;
+    }
     if (!file.open(QIODevice::ReadOnly)) {
-        return fail(info.exists() ? Problem::Unreadable : Problem::Missing, file.errorString());
+        return fail(QFileInfo::exists(m_path) ? Problem::Unreadable : Problem::Missing,
+                    file.errorString());
     }
     return true;
 }

@@ -3,6 +3,7 @@
 #include <QByteArray>
 #include <QString>
 
+#include <functional>
 #include <optional>
 
 class QFile;
@@ -25,7 +26,14 @@ public:
     /// is a problem.
     std::optional<QByteArray> readStart(qint64 bytes);
 
-    /// Of the last reading.
+    /// The whole content in pieces, however large it is. False when there is a problem, or when
+    /// `take` returns false: then no more is read.
+    bool readPieces(const std::function<bool(const QByteArray& piece)>& take);
+
+    /// Whether a regular file is at the path, or can be made there.
+    bool checkPlace();
+
+    /// Of the last call.
     Problem problem() const { return m_problem; }
 
     /// The problem as part of a sentence: "it is a folder". Empty without one.

@@ -1,6 +1,9 @@
 #include "TemporaryFolder.h"
 
+#include "WriteAll.h"
+
 #include <QDir>
+#include <QFile>
 #include <QFileInfo>
 #include <QTemporaryFile>
 
@@ -56,8 +59,15 @@ QString TemporaryFolder::writeProblem(const QString& folder)
 {
     constexpr int enough = 64 << 10; // bytes
     QTemporaryFile file(QDir(folder).filePath(QStringLiteral("room-XXXXXX")));
+    const bool isWritten = file.open() && writeAll(file, QByteArray(enough, '\0')) && file.flush();
+    return isWritten ? QString() : unusable(file.errorString());
+}
+
+QString TemporaryFolder::writeFile(const QString& path, const QByteArray& content)
+{
+    QFile file(path);
     const bool isWritten =
-        file.open() && file.write(QByteArray(enough, '\0')) == enough && file.flush();
+        file.open(QIODevice::WriteOnly | QIODevice::Unbuffered) && writeAll(file, content);
     return isWritten ? QString() : unusable(file.errorString());
 }
 

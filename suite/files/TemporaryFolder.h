@@ -39,10 +39,13 @@ public:
     /// not, or else empty.
     static QString writeProblem(const QString& folder);
 
-    /// The sentence that tells of a place that cannot be used, for this reason.
-    static QString unusable(const QString& reason);
+    /// Writes a file into such a folder: the sentence that reports the place when it cannot be
+    /// written, or else empty.
+    static QString writeFile(const QString& path, const QByteArray& content);
 
 private:
+    static QString unusable(const QString& reason);
+
     std::optional<QTemporaryDir> m_folder;
     QString m_error;
 };

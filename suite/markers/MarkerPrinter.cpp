@@ -1,8 +1,11 @@
 #include "MarkerPrinter.h"
 
+#include "MarkerLine.h"
 #include "PlainText.h"
 
 #include <TerminalStream.h>
+
+#include <QDir>
 
 namespace suite {
 
@@ -58,18 +61,24 @@ void MarkerPrinter::print(Marker marker, const QString& body)
     writeLine(markerText(marker) + (isName ? carriedName(body) : plainText(body)));
 }
 
+void MarkerPrinter::printFiles(const QStringList& paths)
+{
+    for (const QString& path : paths) {
+        print(Marker::File, QDir::toNativeSeparators(path));
+    }
+}
+
 void MarkerPrinter::printText(const QString& text)
 {
     writeLine(plainText(text));
 }
 
-void MarkerPrinter::printAgain(const QString& line)
+void MarkerPrinter::printAgain(const MarkerLine& line)
 {
-    const std::optional<Marker> marker = markerOf(line);
-    if (marker) {
-        print(*marker, line.mid(markerText(*marker).size()));
+    if (line.marker) {
+        print(*line.marker, line.body);
     } else {
-        printText(line);
+        printText(line.body);
     }
 }
 

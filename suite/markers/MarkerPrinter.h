@@ -1,11 +1,13 @@
 #pragma once
 
-#include <QString>
+#include <QStringList>
 
 #include <cstdio>
 #include <optional>
 
 namespace suite {
+
+struct MarkerLine;
 
 /// What a line of output is for the program that reads it.
 enum class Marker {
@@ -35,11 +37,14 @@ public:
     /// name of a file stays what it is otherwise.
     void print(Marker marker, const QString& body);
 
+    /// Prints the names of files that were written, one a line.
+    void printFiles(const QStringList& paths);
+
     /// Prints one plain line.
     void printText(const QString& text);
 
     /// Prints one line that another component has printed, marker and all.
-    void printAgain(const QString& line);
+    void printAgain(const MarkerLine& line);
 
     /// Prints "45%" behind a percentage marker.
     void printPercentage(Marker marker, int percentage);

@@ -155,6 +155,7 @@ public:
     /// Adds a finding; the parts fill the gaps of the kind's text and are made safe to print.
     void add(FindingKind kind, int line = 0, const QStringList& parts = QStringList());
 
+    [[nodiscard]] bool isEmpty() const { return m_findings.isEmpty(); }
     [[nodiscard]] bool hasErrors() const { return m_errorCount > 0; }
     [[nodiscard]] bool hasFatalErrors() const { return m_fatal; }
     [[nodiscard]] int errorCount() const { return m_errorCount; }

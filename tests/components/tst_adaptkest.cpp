@@ -10,8 +10,8 @@
 
 #include <algorithm>
 
+using suite::ResultPoint;
 using suite::ResultTable;
-using suite::SweepPoint;
 
 // Adaptive runs that go well: by adaptkest itself, and in place of runkest's sweep.
 class tst_adaptkest : public QObject
@@ -102,7 +102,7 @@ void tst_adaptkest::pointsAreTheEnginesOwn()
     const ResultTable table = ResultTable::read(folder.filePath(text("dipole.csv")));
     QVERIFY(table.points.size() > 10);
     for (int i = 0; i < table.points.size(); i += 3) {
-        const SweepPoint& point = table.points.at(i);
+        const ResultPoint& point = table.points.at(i);
         QStringList cards = dipoleCards();
         cards[4] = text("FR 0 1 0 0 %1").arg(QString::number(point.frequency, 'g', 10));
         QVERIFY(!writeFile(folder.path(), text("one.nec"), deckOf(cards)).isEmpty());
@@ -110,8 +110,8 @@ void tst_adaptkest::pointsAreTheEnginesOwn()
         const ResultTable one = ResultTable::read(folder.filePath(text("one.csv")));
         QCOMPARE(one.points.size(), 1);
         QCOMPARE(one.points.first().frequency, point.frequency);
-        QCOMPARE(one.points.first().impedance->resistance, point.impedance->resistance);
-        QCOMPARE(one.points.first().impedance->reactance, point.impedance->reactance);
+        QCOMPARE(one.points.first().impedance()->resistance, point.impedance()->resistance);
+        QCOMPARE(one.points.first().impedance()->reactance, point.impedance()->reactance);
     }
 }
 
@@ -124,7 +124,7 @@ void tst_adaptkest::resultsLookLikeTheSweeps()
     QVERIFY(table.error.isEmpty());
     QVERIFY(std::is_sorted(
         table.points.begin(), table.points.end(),
-        [](const SweepPoint& a, const SweepPoint& b) { return a.frequency < b.frequency; }));
+        [](const ResultPoint& a, const ResultPoint& b) { return a.frequency < b.frequency; }));
     const QByteArray output = readFile(folder.filePath(text("yagi.out")));
     QCOMPARE(output.count("STRUCTURE SPECIFICATION"), 1);
     QCOMPARE(output.count("ANTENNA INPUT PARAMETERS"), table.points.size());

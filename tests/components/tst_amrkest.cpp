@@ -76,8 +76,8 @@ void tst_amrkest::refinementConverges()
         QVERIFY(!writeFile(folder.path(), text("one.nec"), deck).isEmpty());
         QCOMPARE(runSuite(runkestProgram(), {text("one")}, folder.path()).exitCode, 0);
         const ResultTable one = ResultTable::read(folder.filePath(text("one.csv")));
-        QCOMPARE(one.points.first().impedance->resistance, table.at(i).impedance.real());
-        QCOMPARE(one.points.first().impedance->reactance, table.at(i).impedance.imag());
+        QCOMPARE(one.points.first().impedance()->resistance, table.at(i).impedance.real());
+        QCOMPARE(one.points.first().impedance()->reactance, table.at(i).impedance.imag());
         if (i > 0) {
             const double change = std::abs(table.at(i).impedance - table.at(i - 1).impedance) /
                                   std::abs(table.at(i).impedance);

@@ -236,8 +236,8 @@ void tst_optkest::tableHoldsEveryEvaluation()
         const ResultTable own = ResultTable::read(table);
         QCOMPARE(own.points.size(), 1);
         QCOMPARE(own.points.first().frequency, 300.0);
-        QCOMPARE(own.points.first().impedance->resistance, cells.at(2).toDouble());
-        QCOMPARE(own.points.first().impedance->reactance, cells.at(3).toDouble());
+        QCOMPARE(own.points.first().impedance()->resistance, cells.at(2).toDouble());
+        QCOMPARE(own.points.first().impedance()->reactance, cells.at(3).toDouble());
     }
     QVERIFY(noticeOf(result, 212).contains(QString::number(best)));
 }

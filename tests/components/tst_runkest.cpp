@@ -126,27 +126,23 @@ void tst_runkest::tableIsTheEnginesOwn()
 
 void tst_runkest::resonanceIsInterpolated()
 {
-    suite::SweepReport report;
-    report.add({100, suite::Impedance{40, -30}});
-    report.add({110, suite::Impedance{60, 10}});
-    report.add({120, suite::Impedance{80, 50}});
-    const QVector<suite::Finding> facts = report.facts().sorted();
-    QCOMPARE(facts.size(), 2);
-    QCOMPARE(facts.at(0).reason, text("resonance at 107.500 MHz with 55.00 ohm"));
-    QCOMPARE(facts.at(1).reason, text("lowest SWR 1.294 at 110.000 MHz"));
+    using suite::Impedance;
+    using suite::SweepReport::facts;
+    const QVector<suite::Finding> found =
+        facts({{100, Impedance{40, -30}}, {110, Impedance{60, 10}}, {120, Impedance{80, 50}}})
+            .sorted();
+    QCOMPARE(found.size(), 2);
+    QCOMPARE(found.at(0).reason, text("resonance at 107.500 MHz with 55.00 ohm"));
+    QCOMPARE(found.at(1).reason, text("lowest SWR 1.294 at 110.000 MHz"));
 
-    suite::SweepReport flat;
-    flat.add({100, suite::Impedance{50, 5}});
-    flat.add({110, suite::Impedance{50, 6}});
-    QVERIFY(flat.facts().contains(suite::FindingKind::NoResonance));
+    QVERIFY(facts({{100, Impedance{50, 5}}, {110, Impedance{50, 6}}})
+                .contains(suite::FindingKind::NoResonance));
 
-    suite::SweepReport exact;
-    exact.add({100, suite::Impedance{50, -5}});
-    exact.add({110, suite::Impedance{50, 0}});
-    exact.add({120, suite::Impedance{50, 5}});
-    QCOMPARE(exact.facts().sorted().size(), 2);
-    QCOMPARE(exact.facts().sorted().first().reason,
-             text("resonance at 110.000 MHz with 50.00 ohm"));
+    const QVector<suite::Finding> exact =
+        facts({{100, Impedance{50, -5}}, {110, Impedance{50, 0}}, {120, Impedance{50, 5}}})
+            .sorted();
+    QCOMPARE(exact.size(), 2);
+    QCOMPARE(exact.first().reason, text("resonance at 110.000 MHz with 50.00 ohm"));
 }
 
 void tst_runkest::standingWaveRatio_data()

@@ -171,7 +171,7 @@ private Q_SLOTS:
         const QString folder = m_stage->desk().path("models");
         const QByteArray pipe = QFile::encodeName(folder + text("/pipe.csv"));
         QCOMPARE(::mkfifo(pipe.constData(), 0600), 0);
-        writeFile(folder + text("/good.csv"), "frequency_MHz,x\n");
+        writeFile(folder + text("/good.csv"), "frequency_MHz,resistance_ohm,reactance_ohm,swr\n");
         QCOMPARE(RunResults::tables({text("pipe.csv"), text("good.csv")}, folder),
                  QStringList(folder + text("/good.csv")));
     }

@@ -9,6 +9,8 @@
 
 #include <cmath>
 
+using suite::Quantity;
+
 namespace {
 
 const QByteArray header = QByteArrayLiteral("frequency_MHz,resistance_ohm,reactance_ohm,swr\n");

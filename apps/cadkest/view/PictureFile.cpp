@@ -1,9 +1,10 @@
 #include "PictureFile.h"
 
+#include <OutputFile.h>
 #include <VisibleText.h>
 
+#include <QBuffer>
 #include <QImage>
-#include <QSaveFile>
 
 QString writePicture(const QImage& image, const QString& path)
 {
@@ -11,9 +12,12 @@ QString writePicture(const QImage& image, const QString& path)
     if (image.isNull()) {
         return QStringLiteral("%1: there is not enough memory for the picture").arg(name);
     }
-    QSaveFile file(path);
-    if (!file.open(QIODevice::WriteOnly) || !image.save(&file, "PNG") || !file.commit()) {
-        return QStringLiteral("%1: %2").arg(name, file.errorString());
+    QBuffer content;
+    content.open(QIODevice::WriteOnly);
+    if (!image.save(&content, "PNG")) {
+        return QStringLiteral("%1: the picture cannot be encoded").arg(name);
     }
-    return QString();
+    suite::OutputFile file(path);
+    return file.replace(content.data()) ? QString()
+                                        : QStringLiteral("%1: %2").arg(name, file.reason());
 }

@@ -1,29 +1,15 @@
 #include "Adaptkest.h"
 
 #include "EngineProgram.h"
+#include "Progress.h"
 #include "Sweep.h"
 #include "SweepReport.h"
 
-#include <QDir>
 #include <QThread>
 
+#include <algorithm>
+
 using namespace suite;
-
-namespace {
-
-constexpr int outputFile = 0;
-constexpr int tableFile = 1;
-
-// The shares of the whole run: pre-processing up to the first, solving up to the second.
-constexpr int preparedPercentage = 5;
-constexpr int solvedPercentage = 95;
-
-SweepPoint sweepPoint(const AnalysisPoint& point)
-{
-    return {point.frequency, point.impedance};
-}
-
-} // namespace
 
 Adaptkest::Adaptkest() : ComponentProgram(QStringLiteral("adaptkest"), OptionGroup::Adaptkest)
 {}
@@ -33,7 +19,7 @@ Adaptkest::~Adaptkest() = default;
 // The one place that says where the engines run: its own count means this machine.
 std::unique_ptr<SweepRunner> Adaptkest::makeSweep(const SweepDeck& deck) const
 {
-    const QString given = commandLine().value(OptionGroup::Adaptkest, QStringLiteral("-np"));
+    const QString given = option("-np");
     if (given.isEmpty()) {
         return m_plan->makeRunner(deck, true);
     }
@@ -67,7 +53,7 @@ bool Adaptkest::prepare()
     }
     if (model.frequencies.count == 0) {
         // Only with errors ignored.
-        failAsTold();
+        markFailed();
         return false;
     }
     if (!model.hasVoltageSource) {
@@ -76,17 +62,13 @@ bool Adaptkest::prepare()
     }
     m_engine = engine.path();
     m_plan = std::make_unique<SweepPlan>(commandLine());
-    component().findingPrinter().print(m_plan->findings());
-    if (m_plan->findings().hasErrors()) {
-        failAsTold();
+    if (!report(m_plan->findings())) {
         return false;
     }
     m_placing = std::make_unique<AdaptivePlacing>(model.frequencies, tolerance());
     return openFolder() && restore();
 }
 
-// The results are opened before the first frequency is solved: hours of work end in a file that can
-// be written.
 bool Adaptkest::openFolder()
 {
     const ModelFile& model = component().modelFile();
@@ -98,9 +80,7 @@ bool Adaptkest::openFolder()
     }
     const Model& checked = component().preprocessor().model();
     m_files = std::make_unique<AnalysisFiles>(path, AnalysisFiles::keyOf(checked, tolerance()));
-    m_resultPaths = QStringList{model.resultPath(QStringLiteral("out")),
-                                model.resultPath(QStringLiteral("csv"))};
-    if (!m_results.open(m_resultPaths)) {
+    if (!m_results.open(model)) {
         fail(FindingKind::ResultNotWritten, m_results.error());
         return false;
     }
@@ -110,11 +90,10 @@ bool Adaptkest::openFolder()
 // Takes over the analyses of an earlier run, as many as were asked for.
 bool Adaptkest::restore()
 {
-    const QString restart = QStringLiteral("--restart");
-    if (!commandLine().has(OptionGroup::Adaptkest, restart)) {
+    if (!hasOption("--restart")) {
         return true;
     }
-    const int last = commandLine().value(OptionGroup::Adaptkest, restart).toInt();
+    const int last = option("--restart").toInt();
     for (int number = 1; number <= qMax(last, 1); ++number) {
         const std::optional<QVector<AnalysisPoint>> points = m_files->load(last == 0 ? 0 : number);
         if (!points) {
@@ -170,7 +149,7 @@ void Adaptkest::takeResult(int index, const EngineOutput& output)
 {
     const AnalysisPoint point(m_frequencies.at(index), output);
     m_round.append(point);
-    printer().printText(SweepReport::tableLine(sweepPoint(point)));
+    printer().printText(SweepReport::tableLine({point.frequency, point.impedance}));
     printProgress();
     checkReader();
 }
@@ -205,10 +184,8 @@ void Adaptkest::take(const QVector<AnalysisPoint>& points)
 void Adaptkest::printProgress()
 {
     const int done = m_placing->count() + m_round.size();
-    const int share = solvedPercentage - preparedPercentage;
     printer().printPercentage(Marker::Percentage, 100 * done / m_placing->most());
-    printer().printPercentage(Marker::TotalPercentage,
-                              preparedPercentage + share * done / m_placing->most());
+    printer().printPercentage(Marker::TotalPercentage, solvingShare.at(done, m_placing->most()));
 }
 
 void Adaptkest::writeResults()
@@ -217,52 +194,32 @@ void Adaptkest::writeResults()
         fail(FindingKind::ResultNotWritten, m_results.error());
         return;
     }
-    if (!keepsFiles()) {
+    if (!hasOption("--keep-files")) {
         m_folder->removeFiles(AnalysisFiles::names());
     }
     printer().printPercentage(Marker::Percentage, 100);
-    for (const QString& path : qAsConst(m_resultPaths)) {
-        printer().print(Marker::File, QDir::toNativeSeparators(path));
-    }
+    printer().printFiles(m_results.paths());
     printFacts();
     printer().printPercentage(Marker::TotalPercentage, 100);
 }
 
 bool Adaptkest::writePoints()
 {
-    SweepReport report;
-    bool isFirst = true;
-    for (const auto& entry : m_points) {
-        const EngineOutput output = entry.second.output();
-        const QByteArray bytes = isFirst ? output.stableBytes() : output.stableBytesFromFrequency();
-        if (!m_results.write(outputFile, bytes)) {
-            return false;
-        }
-        isFirst = false;
-        report.add(sweepPoint(entry.second));
-    }
-    return m_results.write(tableFile, report.csv());
+    return std::all_of(m_points.begin(), m_points.end(), [this](const auto& entry) {
+        return m_results.add(entry.first, entry.second.output());
+    });
 }
 
 void Adaptkest::printFacts()
 {
-    SweepReport report;
-    for (const auto& entry : m_points) {
-        report.add(sweepPoint(entry.second));
-    }
     const QString most = QString::number(m_placing->most());
-    FindingList facts = report.facts();
+    FindingList facts = SweepReport::facts(m_results.points());
     facts.add(FindingKind::AdaptiveDone, 0,
               {QString::number(m_placing->count()), most, QString::number(m_analysis)});
     if (!m_placing->isFine()) {
         facts.add(FindingKind::AdaptiveUsedUp, 0, {most, QString::number(tolerance())});
     }
     component().findingPrinter().print(facts);
-}
-
-bool Adaptkest::keepsFiles() const
-{
-    return commandLine().has(OptionGroup::Adaptkest, QStringLiteral("--keep-files"));
 }
 
 double Adaptkest::tolerance() const

@@ -3,8 +3,8 @@
 #include "AdaptivePlacing.h"
 #include "AnalysisFiles.h"
 #include "ComponentProgram.h"
-#include "ResultFiles.h"
 #include "SweepPlan.h"
+#include "SweepResults.h"
 #include "SweepRunner.h"
 #include "WorkFolder.h"
 
@@ -40,19 +40,17 @@ private:
     bool writePoints();
     void printFacts();
 
-    [[nodiscard]] bool keepsFiles() const;
     [[nodiscard]] double tolerance() const;
 
     QString m_engine;
     std::unique_ptr<suite::SweepPlan> m_plan;
-    QStringList m_resultPaths;
-    suite::ResultFiles m_results;
+    suite::SweepResults m_results;
     std::unique_ptr<suite::WorkFolder> m_folder;
     std::unique_ptr<suite::AnalysisFiles> m_files;
     std::unique_ptr<suite::AdaptivePlacing> m_placing;
     std::unique_ptr<suite::SweepRunner> m_sweep;
-    QVector<double> m_frequencies;         // of the analysis that runs
-    QVector<suite::AnalysisPoint> m_round; ///< its results so far
-    std::map<double, suite::AnalysisPoint> m_points;
-    int m_analysis = 0; ///< the last whole one
+    QVector<double> m_frequencies;                   ///< of the analysis that runs
+    QVector<suite::AnalysisPoint> m_round;           ///< its results so far
+    std::map<double, suite::AnalysisPoint> m_points; ///< of all whole analyses, by frequency
+    int m_analysis = 0;                              ///< the last whole one
 };

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "ChildProcess.h"
+#include "StopTimes.h"
 
 #include <QElapsedTimer>
 #include <QObject>
@@ -10,13 +11,6 @@
 #include <memory>
 
 namespace suite {
-
-/// How long the end of child processes may take, in ms from the request on.
-struct StopTimes
-{
-    int asking;   // until those that stay are killed
-    int givingUp; ///< until the end is told in any case
-};
 
 /// The child processes that a component runs at the moment, by number, and their end.
 class ChildProcesses : public QObject

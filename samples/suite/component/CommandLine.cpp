@@ -224,6 +224,12 @@ QString CommandLine::value(OptionGroup group, const QString& name) const
     return m_options.value(Key(group, name));
 }
 
+QString CommandLine::processCount(OptionGroup group) const
+{
+    const QString name = QStringLiteral("-np");
+    return value(group, has(group, name) ? name : QStringLiteral("-NP"));
+}
+
 QStringList CommandLine::wordsBehind(OptionGroup group, const QString& name) const
 {
     return m_behind.value(Key(group, name));

@@ -23,6 +23,10 @@ public:
     [[nodiscard]] bool has(OptionGroup group, const QString& name) const;
     [[nodiscard]] QString value(OptionGroup group, const QString& name) const;
 
+    /// How many processes a group's options ask for: a number, "all", or nothing. The option has
+    /// two spellings.
+    [[nodiscard]] QString processCount(OptionGroup group) const;
+
     /// All words behind a switch, for the program that they are meant for.
     [[nodiscard]] QStringList wordsBehind(OptionGroup group, const QString& name) const;
 

@@ -1,8 +1,6 @@
 #include "Component.h"
 
-#include "ResultFiles.h"
-
-#include <QDir>
+#include <ResultFiles.h>
 
 #include <utility>
 
@@ -104,8 +102,8 @@ bool Component::writeVariables()
     const QString path = m_modelFile->resultPath(QStringLiteral("pre"));
     const QString text = m_preprocessor->variables().join(QLatin1Char('\n')) + QLatin1Char('\n');
     ResultFiles files;
-    if (files.open({path}) && files.write(0, text.toUtf8()) && files.commit()) {
-        m_printer.print(Marker::File, QDir::toNativeSeparators(path));
+    if (files.replace(path, text.toUtf8())) {
+        m_printer.printFiles(files.paths());
         return true;
     }
     findingPrinter().print(FindingKind::ResultNotWritten, {files.error()});

@@ -16,7 +16,7 @@ constexpr int readerWatchInterval = 250; // ms
 } // namespace
 
 ComponentProgram::ComponentProgram(const QString& name, OptionGroup group)
-    : m_component(name, group)
+    : m_component(name, group), m_group(group)
 {
     m_readerWatch.setInterval(readerWatchInterval);
     connect(&m_readerWatch, &QTimer::timeout, this, &ComponentProgram::checkReader);
@@ -35,7 +35,7 @@ void ComponentProgram::run()
         return;
     }
     if (!preprocess()) {
-        failAsTold();
+        markFailed();
         finish();
         return;
     }
@@ -56,7 +56,7 @@ void ComponentProgram::stop(int signal)
 void ComponentProgram::checkReader()
 {
     if (!m_isFinished && isGood() && printer().isReaderGone()) {
-        failAsTold();
+        markFailed();
         end();
     }
 }
@@ -65,6 +65,35 @@ void ComponentProgram::fail(FindingKind kind, const QString& reason)
 {
     m_component.findingPrinter().print(kind, {reason});
     m_exitCode = exitFailure;
+}
+
+bool ComponentProgram::report(const FindingList& findings)
+{
+    m_component.findingPrinter().print(findings);
+    if (findings.hasErrors()) {
+        markFailed();
+    }
+    return !findings.hasErrors();
+}
+
+bool ComponentProgram::finishAfterCheck()
+{
+    const bool isCheck = commandLine().has(OptionGroup::Kest, QStringLiteral("--check-only"));
+    if (isCheck) {
+        printer().printPercentage(Marker::TotalPercentage, 100);
+        finish();
+    }
+    return isCheck;
+}
+
+bool ComponentProgram::hasOption(const char* name) const
+{
+    return commandLine().has(m_group, QLatin1String(name));
+}
+
+QString ComponentProgram::option(const char* name) const
+{
+    return commandLine().value(m_group, QLatin1String(name));
 }
 
 void ComponentProgram::finish()

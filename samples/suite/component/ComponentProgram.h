@@ -45,15 +45,27 @@ protected:
     Component& component() { return m_component; }
     [[nodiscard]] const Component& component() const { return m_component; }
     [[nodiscard]] const CommandLine& commandLine() const { return m_component.commandLine(); }
+
+    /// Whether an option of the component's own group was given, and its last value.
+    [[nodiscard]] bool hasOption(const char* name) const;
+    [[nodiscard]] QString option(const char* name) const;
+
     MarkerPrinter& printer() { return m_component.printer(); }
 
-    /// Tells an error; the run will end with a failure.
+    /// Prints an error; the run will end with a failure.
     void fail(FindingKind kind, const QString& reason);
 
-    /// The run will end with a failure whose reason has been told already.
-    void failAsTold() { m_exitCode = exitFailure; }
+    /// The run will end with a failure whose reason has been printed already.
+    void markFailed() { m_exitCode = exitFailure; }
 
-    /// False once an error was told or a stop was asked for.
+    /// Prints what was found. False when there are errors among it: then the run will end with a
+    /// failure.
+    bool report(const FindingList& findings);
+
+    /// Where no more than the check of the model is asked for, ends the run and returns true.
+    bool finishAfterCheck();
+
+    /// False once an error was printed or a stop was asked for.
     [[nodiscard]] bool isGood() const { return m_exitCode == exitSuccess; }
 
     /// Ends the run, with a failure if there was an error.
@@ -66,6 +78,7 @@ private:
     void end();
 
     Component m_component;
+    OptionGroup m_group;
     QTimer m_readerWatch;
     int m_exitCode = exitSuccess;
     bool m_isFinished = false;

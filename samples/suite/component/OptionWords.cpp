@@ -2,13 +2,14 @@
 
 namespace suite {
 
-QStringList optionWords(const CommandLine& line, OptionGroup group)
+QStringList optionWords(const CommandLine& line, OptionGroup group, const QStringList& without)
 {
     QStringList result;
     const QVector<OptionRow> rows = optionRows();
     for (const OptionRow& row : rows) {
         const QString name = QLatin1String(row.name);
-        if (row.group != group || row.kind == ValueKind::Switch || !line.has(group, name)) {
+        const bool isGiven = row.group == group && line.has(group, name);
+        if (!isGiven || row.kind == ValueKind::Switch || without.contains(name)) {
             continue;
         }
         result.append(name);
@@ -17,6 +18,14 @@ QStringList optionWords(const CommandLine& line, OptionGroup group)
         }
     }
     return result;
+}
+
+QStringList ignoreErrorsWords(const CommandLine& line)
+{
+    const QString option = QStringLiteral("--ignore-errors");
+    return line.has(OptionGroup::Prekest, option)
+               ? QStringList{QStringLiteral("--prekest-options"), option}
+               : QStringList();
 }
 
 } // namespace suite

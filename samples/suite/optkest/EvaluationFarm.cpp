@@ -11,9 +11,6 @@ using suite::MarkerLine;
 
 namespace {
 
-// Runkest needs less to end its engines.
-constexpr suite::StopTimes runStopTimes = {1400, 1800};
-
 // Runs on this machine need no way to a host.
 bool isThisMachine(const QString& host)
 {
@@ -26,7 +23,7 @@ bool isThisMachine(const QString& host)
 } // namespace
 
 EvaluationFarm::EvaluationFarm(QStringList hosts, QStringList options)
-    : m_hosts(std::move(hosts)), m_options(std::move(options)), m_processes(runStopTimes)
+    : m_hosts(std::move(hosts)), m_options(std::move(options)), m_processes(suite::runkestStopTimes)
 {
     connect(&m_processes, &suite::ChildProcesses::allEnded, this, &EvaluationFarm::ended);
 }

@@ -3,12 +3,13 @@
 #include "Expression.h"
 
 #include <InputFile.h>
+#include <OutputFile.h>
+#include <TableLine.h>
 
 #include <QFileInfo>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
-#include <QSaveFile>
 
 #include <algorithm>
 #include <cmath>
@@ -17,7 +18,6 @@ namespace {
 
 constexpr qint64 largestState = 4 << 20;
 constexpr int mostRuns = 1000000;
-constexpr int tableDigits = 6;
 
 QJsonObject objectOf(const Evaluation& evaluation)
 {
@@ -94,10 +94,9 @@ QString OptimisationState::write(const QString& path) const
         {QStringLiteral("at_once"), atOnce},
         {QStringLiteral("evaluations"), runs},
     };
-    QSaveFile file(path);
-    const QByteArray bytes = QJsonDocument(object).toJson();
-    const bool isWritten = file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size();
-    return isWritten && file.commit() ? QString() : fileError("written", path, file.errorString());
+    suite::OutputFile file(path);
+    return file.replace(QJsonDocument(object).toJson()) ? QString()
+                                                        : fileError("written", path, file.reason());
 }
 
 QString OptimisationState::read(const QString& path)
@@ -130,17 +129,29 @@ QString OptimisationState::read(const QString& path)
                   : QStringLiteral("the file '%1' is damaged").arg(QFileInfo(path).fileName());
 }
 
+QString OptimisationState::readEarlier(const QString& path, const OptimisationState& question,
+                                       int run)
+{
+    const QString error = read(path);
+    if (!error.isEmpty()) {
+        return error;
+    }
+    if (!isSameQuestion(question)) {
+        return QStringLiteral("the earlier runs were of another model, range or frequency");
+    }
+    return lastRun() < run ? QStringLiteral("the last earlier run is %1").arg(lastRun())
+                           : QString();
+}
+
 QByteArray OptimisationState::csv() const
 {
     QByteArray text = "run,value,resistance_ohm,reactance_ohm,objective_ohm\n";
     for (const Evaluation& evaluation : evaluations) {
-        text += QByteArray::number(evaluation.run) + ',' +
-                suite::plainNumber(evaluation.value).toLatin1();
-        for (const double number : {evaluation.impedance.resistance, evaluation.impedance.reactance,
-                                    evaluation.objective()}) {
-            text += ',' + QByteArray::number(number, 'g', tableDigits);
-        }
-        text += '\n';
+        text += suite::tableLine({QByteArray::number(evaluation.run),
+                                  suite::plainNumber(evaluation.value).toLatin1(),
+                                  suite::tableNumber(evaluation.impedance.resistance),
+                                  suite::tableNumber(evaluation.impedance.reactance),
+                                  suite::tableNumber(evaluation.objective())});
     }
     return text;
 }

@@ -1,52 +1,29 @@
 #include "Optkest.h"
 
+#include "EvaluationPlaces.h"
 #include "Expression.h"
-#include "GoldenSection.h"
-#include "ParallelSection.h"
-#include "ResultFiles.h"
-#include "ResultTable.h"
+#include "Progress.h"
+#include "SolvedImpedance.h"
+#include "TuningReport.h"
 
-#include <MachinesFile.h>
-
-#include <QDir>
-#include <QFile>
-#include <QFileInfo>
-#include <QThread>
-
-#include <cmath>
+#include <ResultFiles.h>
 
 using namespace suite;
 
 namespace {
 
-constexpr int mostEvaluations = 500;
-
-// The shares of the whole run: pre-processing, the search, the tuned model's run.
-constexpr int preparedPercentage = 5;
 constexpr int searchedPercentage = 85;
-constexpr int solvedPercentage = 99;
+constexpr ProgressShare searchingShare = {preparedPercentage, searchedPercentage};
+constexpr ProgressShare finalShare = {searchedPercentage, solvedPercentage};
 
-// Below this, in ohm, a reactance counts as none.
-constexpr double noReactance = 1;
-
-constexpr qint64 copiedPiece = 1 << 20;
+// The tuned model's files, by their index among the results. The table of all evaluations follows.
+constexpr const char* tunedSuffixes[] = {"nec", "out", "csv"};
 
 QString exampleOfOptimisation()
 {
     return QStringLiteral("the model does not say what to optimise, give a value a name with "
                           "'SY LENGTH=0.5' and add a comment such as "
                           "'CM @optimise LENGTH FROM 0.4 TO 0.6 AT 300'");
-}
-
-QString tableLine(const QString& run, const QString& value, const QString& resistance,
-                  const QString& reactance, const QString& host)
-{
-    return QStringLiteral("%1 %2 %3 %4  %5")
-        .arg(run, 6)
-        .arg(value, 14)
-        .arg(resistance, 12)
-        .arg(reactance, 12)
-        .arg(host);
 }
 
 } // namespace
@@ -58,28 +35,23 @@ Optkest::~Optkest() = default;
 
 void Optkest::work()
 {
-    if (commandLine().has(OptionGroup::Kest, QStringLiteral("--check-only"))) {
-        printer().printPercentage(Marker::TotalPercentage, 100);
-        finish();
+    if (finishAfterCheck()) {
         return;
     }
     if (!prepare()) {
         finish();
         return;
     }
-    printer().printText(QStringLiteral("Optimising %1 from %2 to %3 at %4 MHz, %5 at once")
-                            .arg(m_state.name, plainNumber(m_state.low), plainNumber(m_state.high),
-                                 plainNumber(m_state.frequency),
-                                 QString::number(m_farm->placeCount())));
-    printer().printText(tableLine(QStringLiteral("run"), m_state.name, QStringLiteral("R ohm"),
-                                  QStringLiteral("X ohm"), QStringLiteral("host")));
-    printProgress(0);
+    printer().printText(TuningReport::question(m_search->state(), m_farm->placeCount()));
+    printer().printText(TuningReport::tableHeader(m_search->state()));
+    printer().printPercentage(Marker::Percentage, 0);
+    printer().printPercentage(Marker::TotalPercentage, preparedPercentage);
     advance();
 }
 
 bool Optkest::prepare()
 {
-    return checkModel() && makeFarm() && openFolder() && checkResults() && takeOverRuns();
+    return checkModel() && makeFarm() && openFolder() && checkResults() && makeSearch();
 }
 
 bool Optkest::checkModel()
@@ -95,67 +67,23 @@ bool Optkest::checkModel()
         return false;
     }
     m_model = std::make_unique<TunedModel>(model);
-    m_state.fingerprint = QString::fromLatin1(m_model->fingerprint());
-    m_state.name = model.optimisation->value.name;
-    m_state.low = model.optimisation->low;
-    m_state.high = model.optimisation->high;
-    m_state.frequency = model.optimisation->frequency;
     return true;
 }
 
 bool Optkest::makeFarm()
 {
-    const QStringList hosts =
-        hasOption("--machines-file") ? hostsOfMachinesFile() : placesOfThisMachine();
-    m_state.atOnce = hosts.size();
+    const EvaluationPlaces places(commandLine());
+    if (!report(places.findings())) {
+        return false;
+    }
     m_farm = std::make_unique<EvaluationFarm>(
-        hosts,
+        places.hosts(),
         commandLine().wordsBehind(OptionGroup::Optkest, QStringLiteral("--runkest-options")));
     connect(m_farm.get(), &EvaluationFarm::succeeded, this, &Optkest::takeRun);
     connect(m_farm.get(), &EvaluationFarm::failed, this, &Optkest::failRun);
     connect(m_farm.get(), &EvaluationFarm::ended, this, &Optkest::endWork);
     connect(m_farm.get(), &EvaluationFarm::progressed, this, &Optkest::printFinalProgress);
-    return isGood();
-}
-
-QString Optkest::wantedAtOnce() const
-{
-    return hasOption("-np") ? option("-np") : option("-NP");
-}
-
-// Each host as often as it takes evaluations, until there are enough.
-QStringList Optkest::hostsOfMachinesFile()
-{
-    const MachinesFile file = MachinesFile::read(option("--machines-file"));
-    const QStringList errors = file.errors();
-    for (const QString& error : errors) {
-        fail(FindingKind::MachinesFileUnusable, error);
-    }
-    bool isNumber = false;
-    const int wanted = wantedAtOnce().toInt(&isNumber);
-    const int most = isNumber ? qMin(wanted, mostEvaluations) : mostEvaluations;
-    QStringList hosts;
-    for (const MachinesFile::Entry& entry : file.hosts()) {
-        for (int i = 0; i < entry.count && hosts.size() < most; ++i) {
-            hosts.append(entry.host);
-        }
-    }
-    if (isGood() && isNumber && hosts.size() < most) {
-        component().findingPrinter().print(
-            FindingKind::FarmTooSmall, {QString::number(wanted), QString::number(hosts.size())});
-    }
-    return hosts;
-}
-
-QStringList Optkest::placesOfThisMachine() const
-{
-    const bool wantsAll = wantedAtOnce() == QLatin1String("all");
-    const int wanted = wantsAll ? QThread::idealThreadCount() : wantedAtOnce().toInt();
-    QStringList hosts;
-    for (int i = 0; i < qBound(1, wanted, mostEvaluations); ++i) {
-        hosts.append(QStringLiteral("localhost"));
-    }
-    return hosts;
+    return true;
 }
 
 bool Optkest::openFolder()
@@ -172,31 +100,22 @@ bool Optkest::openFolder()
 // Tries to open the results before the first run: hours of work end in files that can be written.
 bool Optkest::checkResults()
 {
-    const ModelFile& file = component().modelFile();
-    for (const char* ending : {"_opt.nec", "_opt.out", "_opt.csv", ".opt.csv"}) {
-        m_resultPaths.append(file.pathWithEnding(QLatin1String(ending)));
-    }
     ResultFiles results;
-    if (!results.open(m_resultPaths)) {
+    if (!results.open(resultPaths())) {
         fail(FindingKind::ResultNotWritten, results.error());
         return false;
     }
     return true;
 }
 
-// Nothing is deleted before it is clear that the runs to go on from are there.
-bool Optkest::takeOverRuns()
+// Nothing is deleted before it is clear that the runs to restart from are there.
+bool Optkest::makeSearch()
 {
     const int last = option("--restart").toInt();
-    makeSearch();
+    m_search = std::make_unique<TuningSearch>(question());
     OptimisationState earlier;
     if (last > 0) {
-        QString error = earlier.read(m_folder->statePath());
-        if (error.isEmpty() && !earlier.isSameQuestion(m_state)) {
-            error = QStringLiteral("the earlier runs were of another model, range or frequency");
-        } else if (error.isEmpty() && earlier.lastRun() < last) {
-            error = QStringLiteral("the last earlier run is %1").arg(earlier.lastRun());
-        }
+        const QString error = earlier.readEarlier(m_folder->statePath(), m_search->state(), last);
         if (!error.isEmpty()) {
             fail(FindingKind::RestartImpossible,
                  QStringLiteral("there is no going on from run %1, ").arg(last) + error);
@@ -206,82 +125,52 @@ bool Optkest::takeOverRuns()
     if (hasOption("-r")) {
         m_folder->removeRunsBehind(last);
     }
-    for (const Evaluation& evaluation : qAsConst(earlier.evaluations)) {
-        if (evaluation.run <= last) {
-            m_earlier.insert(evaluation.run, evaluation);
-        }
-    }
-    if (!m_earlier.isEmpty() && earlier.atOnce != m_state.atOnce) {
-        // Another number at once asks for other points, but learns from these all the same.
-        for (const Evaluation& evaluation : qAsConst(m_earlier)) {
-            takeOver(evaluation);
-            m_search->add(evaluation.value, evaluation.objective());
-        }
-        m_nextRun = last + 1;
-        m_earlier.clear();
-        m_state.atOnce = OptimisationState::mixed;
-    }
+    printKnown(m_search->restart(earlier, last));
     return true;
 }
 
-void Optkest::makeSearch()
+OptimisationState Optkest::question() const
 {
-    if (m_state.atOnce > 1) {
-        m_search = std::make_unique<ParallelSection>(m_state.low, m_state.high, m_state.atOnce);
-    } else {
-        m_search = std::make_unique<GoldenSection>(m_state.low, m_state.high);
-    }
+    const Optimisation& optimisation = *component().preprocessor().model().optimisation;
+    OptimisationState result;
+    result.fingerprint = QString::fromLatin1(m_model->fingerprint());
+    result.name = optimisation.value.name;
+    result.low = optimisation.low;
+    result.high = optimisation.high;
+    result.frequency = optimisation.frequency;
+    result.atOnce = m_farm->placeCount();
+    return result;
 }
 
 // Rounds that earlier runs answer need no time.
 void Optkest::advance()
 {
-    while (isGood()) {
-        const QVector<double> points = m_search->next();
-        if (points.isEmpty() && m_state.evaluations.isEmpty()) {
-            giveUp(FindingKind::NoOptimisation,
-                   QStringLiteral("the range to optimise in is too narrow"));
+    while (isGood() && m_search->planRound()) {
+        printKnown(m_search->knownEvaluations());
+        if (!startRound() || !m_search->openRuns().isEmpty()) {
             return;
         }
-        const int left = mostEvaluations - m_state.evaluations.size();
-        m_isConverged = points.isEmpty();
-        if (points.isEmpty() || left <= 0) {
-            startFinalRun();
-            return;
-        }
-        planRound(points.mid(0, left));
-        if (!startRound()) {
-            return;
-        }
-        if (!m_round.isEmpty()) {
-            return;
-        }
-        takeRound();
+        endRound();
     }
-}
-
-void Optkest::planRound(const QVector<double>& points)
-{
-    ++m_roundCount;
-    m_roundStart = m_nextRun;
-    for (const double point : points) {
-        const int run = m_nextRun++;
-        const auto known = m_earlier.constFind(run);
-        if (known != m_earlier.constEnd() && known->value == point) {
-            takeOver(*known);
-        } else {
-            m_round.insert(run, point);
-        }
+    if (!isGood()) {
+        return;
     }
+    if (m_search->state().evaluations.isEmpty()) {
+        giveUp(FindingKind::NoOptimisation,
+               QStringLiteral("the range to optimise in is too narrow"));
+        return;
+    }
+    startFinalRun();
 }
 
 // False when something is wrong; nothing is left to wait for then but the end of what runs.
 bool Optkest::startRound()
 {
     int place = 0;
-    const QMap<int, double> runs = m_round;
+    const QMap<int, double> runs = m_search->openRuns();
     for (auto run = runs.begin(); run != runs.end(); ++run) {
-        const QByteArray deck = m_model->withValueAndFrequency(run.value(), m_state.frequency);
+        const QByteArray deck =
+            m_model->withValueAndFrequency(run.value(), m_search->state().frequency);
         const QString error = m_folder->prepareRun(run.key(), deck);
         if (!error.isEmpty()) {
             giveUp(FindingKind::RunFolderUnusable, error);
@@ -298,68 +187,49 @@ void Optkest::takeRun(int run, const QString& host)
         finishFinalRun();
         return;
     }
-    const ResultTable table = ResultTable::read(m_folder->filePath(run, QStringLiteral("csv")));
-    const bool hasImpedance = table.error.isEmpty() && table.points.first().impedance;
-    if (!hasImpedance) {
-        failRun(run, host,
-                table.error.isEmpty() ? QStringLiteral("it gave no impedance") : table.error);
-        return;
+    const SolvedImpedance solved =
+        SolvedImpedance::read(m_folder->filePath(run, QStringLiteral("csv")));
+    if (solved.impedance) {
+        takeResult(run, host, *solved.impedance);
+    } else {
+        failRun(run, host, solved.error);
     }
-    Evaluation evaluation;
-    evaluation.run = run;
-    evaluation.value = m_round.take(run);
-    evaluation.impedance = *table.points.first().impedance;
-    addEvaluation(evaluation, host);
-    const QString error = m_state.write(m_folder->statePath());
+}
+
+void Optkest::takeResult(int run, const QString& host, const Impedance& impedance)
+{
+    printer().printText(TuningReport::tableLine(m_search->add(run, impedance), host));
+    const QString error = m_search->state().write(m_folder->statePath());
     if (!error.isEmpty()) {
         giveUp(FindingKind::RunFolderUnusable, error);
         return;
     }
-    if (m_round.isEmpty()) {
-        takeRound();
+    if (m_search->openRuns().isEmpty()) {
+        endRound();
         advance();
     }
 }
 
-void Optkest::addEvaluation(const Evaluation& evaluation, const QString& place)
+void Optkest::printKnown(const QVector<Evaluation>& evaluations)
 {
-    m_state.add(evaluation);
-    printer().printText(tableLine(QString::number(evaluation.run), plainNumber(evaluation.value),
-                                  QString::number(evaluation.impedance.resistance, 'f', 3),
-                                  QString::number(evaluation.impedance.reactance, 'f', 3), place));
-}
-
-void Optkest::takeOver(const Evaluation& evaluation)
-{
-    addEvaluation(evaluation, QStringLiteral("taken over"));
-    ++m_takenOver;
-}
-
-void Optkest::takeRound()
-{
-    for (const Evaluation& evaluation : qAsConst(m_state.evaluations)) {
-        if (evaluation.run >= m_roundStart) {
-            m_search->add(evaluation.value, evaluation.objective());
-        }
+    for (const Evaluation& evaluation : evaluations) {
+        printer().printText(TuningReport::tableLine(evaluation, QStringLiteral("taken over")));
     }
-    printProgress(m_search->progress());
 }
 
-void Optkest::printProgress(double part)
+void Optkest::endRound()
 {
-    const int share = searchedPercentage - preparedPercentage;
-    printer().printPercentage(Marker::Percentage, static_cast<int>(100 * part));
-    printer().printPercentage(Marker::TotalPercentage,
-                              preparedPercentage + static_cast<int>(share * part));
+    m_search->endRound();
+    const int percentage = static_cast<int>(100 * m_search->progress());
+    printer().printPercentage(Marker::Percentage, percentage);
+    printer().printPercentage(Marker::TotalPercentage, searchingShare.at(percentage, 100));
 }
 
 void Optkest::printFinalProgress(int run, int percentage)
 {
     if (run == RunFolder::finalRun) {
-        const int share = solvedPercentage - searchedPercentage;
         printer().printPercentage(Marker::Percentage, percentage);
-        printer().printPercentage(Marker::TotalPercentage,
-                                  searchedPercentage + share * percentage / 100);
+        printer().printPercentage(Marker::TotalPercentage, finalShare.at(percentage, 100));
     }
 }
 
@@ -378,7 +248,7 @@ void Optkest::startFinalRun()
     printer().printPercentage(Marker::Percentage, 0);
     printer().printPercentage(Marker::TotalPercentage, searchedPercentage);
     const QString error =
-        m_folder->prepareRun(RunFolder::finalRun, m_model->withValue(m_search->best()));
+        m_folder->prepareRun(RunFolder::finalRun, m_model->withValue(m_search->best().value));
     if (!error.isEmpty()) {
         giveUp(FindingKind::RunFolderUnusable, error);
         return;
@@ -389,90 +259,40 @@ void Optkest::startFinalRun()
 
 void Optkest::finishFinalRun()
 {
-    const QString error = writeResults();
-    if (!error.isEmpty()) {
-        giveUp(FindingKind::ResultNotWritten, error);
+    ResultFiles results;
+    if (!writeResults(results)) {
+        giveUp(FindingKind::ResultNotWritten, results.error());
         return;
     }
-    for (const QString& path : qAsConst(m_resultPaths)) {
-        printer().print(Marker::File, QDir::toNativeSeparators(path));
-    }
-    printFacts();
+    const OptimisationState& state = m_search->state();
+    printer().printFiles(results.paths());
+    component().findingPrinter().print(TuningReport::facts(*m_search));
+    printer().print(Marker::Variable,
+                    state.name + QStringLiteral(" = ") + plainNumber(m_search->best().value));
     printer().printPercentage(Marker::TotalPercentage, 100);
     endWork();
 }
 
-// Copies the last run's files to their places beside the model; an error text on failure.
-QString Optkest::writeResults()
+// Copies the last run's files to their places beside the model.
+bool Optkest::writeResults(ResultFiles& results)
 {
-    static const QStringList suffixes = {QStringLiteral("nec"), QStringLiteral("out"),
-                                         QStringLiteral("csv")};
-    ResultFiles results;
-    bool isWritten = results.open(m_resultPaths);
-    for (int index = 0; isWritten && index < suffixes.size(); ++index) {
-        QFile file(m_folder->filePath(RunFolder::finalRun, suffixes.at(index)));
-        bool isRead = file.open(QIODevice::ReadOnly);
-        while (isWritten && isRead && !file.atEnd()) {
-            const QByteArray piece = file.read(copiedPiece);
-            isRead = !piece.isEmpty();
-            isWritten = results.write(index, piece);
-        }
-        if (!isRead) {
-            return QStringLiteral("the tuned model's file '%1' cannot be read, %2")
-                .arg(QFileInfo(file).fileName(), file.errorString());
-        }
+    bool isWritten = results.open(resultPaths());
+    int index = 0;
+    for (const char* suffix : tunedSuffixes) {
+        const QString source = m_folder->filePath(RunFolder::finalRun, QLatin1String(suffix));
+        isWritten = isWritten && results.copy(index++, source);
     }
-    isWritten = isWritten && results.write(suffixes.size(), m_state.csv()) && results.commit();
-    return isWritten ? QString() : results.error();
+    return isWritten && results.write(index, m_search->state().csv()) && results.commit();
 }
 
-void Optkest::printFacts()
+QStringList Optkest::resultPaths() const
 {
-    FindingPrinter findings = component().findingPrinter();
-    const Evaluation tuned = best();
-    if (m_search->isAtEdge()) {
-        findings.print(FindingKind::TunedAtEdge,
-                       {m_state.name, plainNumber(m_state.low), plainNumber(m_state.high)});
+    const ModelFile& model = component().modelFile();
+    QStringList result;
+    for (const char* suffix : tunedSuffixes) {
+        result.append(model.pathWithEnding(QStringLiteral("_opt.") + QLatin1String(suffix)));
     }
-    if (!isResonance()) {
-        findings.print(FindingKind::NoTunedResonance, {QString::number(tuned.objective())});
-    }
-    if (!m_isConverged) {
-        findings.print(FindingKind::NotConverged, {QString::number(m_state.evaluations.size())});
-    }
-    findings.print(FindingKind::TunedValue,
-                   {m_state.name, plainNumber(tuned.value), plainNumber(m_state.frequency)});
-    findings.print(FindingKind::TunedImpedance, {QString::number(tuned.impedance.resistance),
-                                                 QString::number(tuned.impedance.reactance)});
-    findings.print(FindingKind::EvaluationCount,
-                   {QString::number(m_state.evaluations.size()), QString::number(m_roundCount),
-                    QString::number(m_takenOver)});
-    printer().print(Marker::Variable,
-                    m_state.name + QStringLiteral(" = ") + plainNumber(tuned.value));
-}
-
-Evaluation Optkest::best() const
-{
-    for (const Evaluation& evaluation : m_state.evaluations) {
-        if (evaluation.value == m_search->best()) {
-            return evaluation;
-        }
-    }
-    return {};
-}
-
-// The reactance is next to nothing, or goes through 0 close to the best value.
-bool Optkest::isResonance() const
-{
-    bool isNegative = false;
-    bool isPositive = false;
-    for (const Evaluation& evaluation : m_state.evaluations) {
-        if (evaluation.value >= m_search->low() && evaluation.value <= m_search->high()) {
-            isNegative = isNegative || evaluation.impedance.reactance <= 0;
-            isPositive = isPositive || evaluation.impedance.reactance >= 0;
-        }
-    }
-    return best().objective() <= noReactance || (isNegative && isPositive);
+    return result << model.pathWithEnding(QStringLiteral(".opt.csv"));
 }
 
 void Optkest::giveUp(FindingKind kind, const QString& reason)
@@ -493,23 +313,14 @@ bool Optkest::stopWork()
 // What unfinished runs have left is of no use; the model of a failed one shows what went wrong.
 void Optkest::endWork()
 {
-    for (auto run = m_round.begin(); run != m_round.end(); ++run) {
-        if (run.key() != m_failedRun) {
-            m_folder->removeRun(run.key());
+    const QList<int> openRuns = m_search ? m_search->openRuns().keys() : QList<int>();
+    for (const int run : openRuns) {
+        if (run != m_failedRun) {
+            m_folder->removeRun(run);
         }
     }
     if (m_folder) {
         m_folder->removeRun(RunFolder::finalRun);
     }
     finish();
-}
-
-bool Optkest::hasOption(const char* name) const
-{
-    return commandLine().has(OptionGroup::Optkest, QLatin1String(name));
-}
-
-QString Optkest::option(const char* name) const
-{
-    return commandLine().value(OptionGroup::Optkest, QLatin1String(name));
 }

@@ -1,9 +1,10 @@
 #include "RunFolder.h"
 
+#include <OutputFile.h>
+
 #include <QDir>
 #include <QFileInfo>
 #include <QRegularExpression>
-#include <QSaveFile>
 
 namespace {
 
@@ -127,12 +128,10 @@ QString RunFolder::prepareRun(int run, const QByteArray& deck)
             .arg(QFileInfo(folder).fileName());
     }
     removeOwnFiles(folder);
-    QSaveFile file(filePath(run, QStringLiteral("nec")));
-    const bool isWritten = file.open(QIODevice::WriteOnly) && file.write(deck) == deck.size();
-    if (isWritten && file.commit()) {
-        return {};
-    }
-    return QStringLiteral("the model of a run cannot be written, ") + file.errorString();
+    suite::OutputFile file(filePath(run, QStringLiteral("nec")));
+    return file.replace(deck)
+               ? QString()
+               : QStringLiteral("the model of a run cannot be written, ") + file.reason();
 }
 
 void RunFolder::removeRun(int run)

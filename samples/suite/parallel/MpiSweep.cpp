@@ -1,6 +1,6 @@
 #include "MpiSweep.h"
 
-#include "ChildProcesses.h"
+#include "StopTimes.h"
 
 #include <QCoreApplication>
 #include <QSysInfo>
@@ -16,10 +16,6 @@ constexpr int largestPart = 32 << 10;
 
 // Start-up may take this many times the silence limit: each host is logged in to first.
 constexpr int startFactor = 4;
-
-// After the request to stop, in ms: until the guard is killed, and until the end is told in any
-// case. The guard itself needs less.
-constexpr StopTimes guardStopTimes = {1700, 1900};
 
 // When all results are there the processes have nothing to do but end.
 constexpr int patienceAtEnd = 3000; // ms
@@ -224,10 +220,10 @@ void MpiSweep::watchEnd()
 {
     const qint64 elapsed = m_stopClock.elapsed();
     const bool isAlive = m_process.state() != QProcess::NotRunning || m_process.isGroupAlive();
-    if (elapsed >= guardStopTimes.asking) {
+    if (elapsed >= parallelRuntimeStopTimes.asking) {
         m_process.signalGroup(SIGKILL);
     }
-    if (!isAlive || elapsed >= guardStopTimes.givingUp) {
+    if (!isAlive || elapsed >= parallelRuntimeStopTimes.givingUp) {
         end();
     }
 }

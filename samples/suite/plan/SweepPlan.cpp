@@ -77,14 +77,14 @@ void SweepPlan::readRemoteHost(const CommandLine& line)
         return;
     }
     bool isNumber = false;
-    const int count = valueOf(line, has(line, "-np") ? "-np" : "-NP").toInt(&isNumber);
+    const int count = line.processCount(OptionGroup::Runkest).toInt(&isNumber);
     m_machines = MachinesFile::ofHost(host.name(), isNumber ? count : 1);
 }
 
 void SweepPlan::readProcesses(const CommandLine& line)
 {
     bool isNumber = false;
-    const int wanted = valueOf(line, has(line, "-np") ? "-np" : "-NP").toInt(&isNumber);
+    const int wanted = line.processCount(OptionGroup::Runkest).toInt(&isNumber);
     const int all = m_machines ? m_machines->total() : QThread::idealThreadCount();
     m_processes = isNumber ? wanted : all;
     if (m_machines && m_machines->isValid() && m_processes > all) {

@@ -1,12 +1,14 @@
 #include "RemoteRun.h"
 
-#include "ChildProcesses.h"
+#include "MarkerLine.h"
+#include "OptionWords.h"
 #include "PlainText.h"
-#include "ResultFiles.h"
 #include "SshProgram.h"
+#include "StopTimes.h"
 
 #include <MachinesFile.h>
 #include <RemoteShell.h>
+#include <ResultFiles.h>
 
 #include <QCoreApplication>
 #include <QDir>
@@ -19,8 +21,6 @@ namespace {
 // The login takes its time; the host may be silent for so long.
 constexpr int startLimit = 15000; // ms
 
-// After the request to stop: until ssh is ended, and until the end is told in any case.
-constexpr StopTimes connectionStopTimes = {1200, 1900};
 constexpr int endWatchInterval = 20; // ms
 
 QStringList resultSuffixes()
@@ -35,30 +35,10 @@ QString withQuotes(QString text)
 }
 
 // Options that say where the run happens stay here.
-bool isPassedOn(const OptionRow& row)
+QStringList placeOptions()
 {
-    const QLatin1String name(row.name);
-    return row.group != OptionGroup::Runkest ||
-           (name != QLatin1String("--remote-host") && name != QLatin1String("--machines-file") &&
-            name != QLatin1String("--remote-use-mpi"));
-}
-
-QStringList wordsOf(const CommandLine& line, OptionGroup group)
-{
-    QStringList result;
-    const QVector<OptionRow> rows = optionRows();
-    for (const OptionRow& row : rows) {
-        const QString name = QLatin1String(row.name);
-        const bool isGiven = row.group == group && line.has(group, name) && isPassedOn(row);
-        if (isGiven && row.kind != ValueKind::Switch) {
-            result.append(name);
-            const QString value = line.value(group, name);
-            if (!value.isEmpty()) {
-                result.append(value);
-            }
-        }
-    }
-    return result;
+    return {QStringLiteral("--remote-host"), QStringLiteral("--machines-file"),
+            QStringLiteral("--remote-use-mpi")};
 }
 
 } // namespace
@@ -98,8 +78,7 @@ bool RemoteRun::preprocess()
 
 bool RemoteRun::checkHost()
 {
-    m_host = std::make_unique<RemoteHost>(
-        commandLine().value(OptionGroup::Runkest, QStringLiteral("--remote-host")));
+    m_host = std::make_unique<RemoteHost>(option("--remote-host"));
     if (!m_host->error().isEmpty()) {
         fail(FindingKind::BadCommandLine,
              QStringLiteral("in the option --remote-host ") + m_host->error());
@@ -116,11 +95,9 @@ bool RemoteRun::readFiles()
         return false;
     }
     m_model = check.model().deck.bytes;
-    const QString option = QStringLiteral("--machines-file");
-    m_hasMachines = commandLine().has(OptionGroup::Runkest, option);
+    m_hasMachines = hasOption("--machines-file");
     if (m_hasMachines) {
-        const MachinesFile machines =
-            MachinesFile::read(commandLine().value(OptionGroup::Runkest, option));
+        const MachinesFile machines = MachinesFile::read(option("--machines-file"));
         const QStringList errors = machines.errors();
         for (const QString& error : errors) {
             fail(FindingKind::MachinesFileUnusable, error);
@@ -149,14 +126,15 @@ QStringList RemoteRun::sshArguments() const
 QStringList RemoteRun::remoteArguments() const
 {
     const CommandLine& line = commandLine();
-    QStringList result = wordsOf(line, OptionGroup::Common) + wordsOf(line, OptionGroup::Runkest);
+    QStringList result = optionWords(line, OptionGroup::Common) +
+                         optionWords(line, OptionGroup::Runkest, placeOptions());
     const QVector<OptionRow> rows = optionRows();
     for (const OptionRow& row : rows) {
         const QString name = QLatin1String(row.name);
         if (row.kind == ValueKind::Switch && row.group == OptionGroup::Runkest &&
             line.has(row.group, name)) {
             result += name;
-            result += wordsOf(line, row.target);
+            result += optionWords(line, row.target);
         }
     }
     return result;
@@ -181,7 +159,7 @@ void RemoteRun::take(const Frame& frame)
         break;
     case Frame::Type::Line:
         if (isGood() && frame.read(text) && writeFiles()) {
-            printer().printAgain(text);
+            printer().printAgain(MarkerLine::parse(text.toUtf8()));
         }
         break;
     case Frame::Type::Failure:
@@ -191,7 +169,7 @@ void RemoteRun::take(const Frame& frame)
     case Frame::Type::Exit:
         m_hasExitCode = true;
         if (isGood() && (!writeFiles() || !frame.read(code) || code != exitSuccess)) {
-            failAsTold();
+            markFailed();
         }
         beginEnd();
         break;
@@ -246,9 +224,7 @@ bool RemoteRun::writeFiles()
         stopWork();
         return false;
     }
-    for (const QString& path : qAsConst(paths)) {
-        printer().print(Marker::File, QDir::toNativeSeparators(path));
-    }
+    printer().printFiles(paths);
     return true;
 }
 
@@ -306,10 +282,10 @@ void RemoteRun::beginEnd()
 void RemoteRun::watchEnd()
 {
     const qint64 elapsed = m_endClock.elapsed();
-    if (elapsed >= connectionStopTimes.asking) {
+    if (elapsed >= remoteRunStopTimes.asking) {
         m_process.signalGroup(SIGKILL);
     }
-    if (elapsed >= connectionStopTimes.givingUp) {
+    if (elapsed >= remoteRunStopTimes.givingUp) {
         m_endWatch.stop();
         finish();
     }

@@ -2,10 +2,11 @@
 
 #include "ModelFile.h"
 
+#include <InputFile.h>
 #include <MarkedFolders.h>
 
 #include <QDir>
-#include <QFile>
+#include <QFileInfo>
 
 #include <unistd.h>
 
@@ -13,22 +14,14 @@ using namespace suite;
 
 namespace {
 
-// The run itself ends its engines by force after less than half of this.
-constexpr StopTimes runStopTimes = {1500, 1800};
 constexpr int runNumber = 0;
+
+// More does not fit into a frame.
+constexpr qint64 largestResult = 500 << 20; // bytes
 
 QString machinesName()
 {
     return QStringLiteral("machines.kest");
-}
-
-// Why a file of the temporary folder could not be written; empty when it was.
-QString writeFile(const QString& path, const QByteArray& content)
-{
-    QFile file(path);
-    const bool isWritten = file.open(QIODevice::WriteOnly | QIODevice::NewOnly) &&
-                           file.write(content) == content.size() && file.flush();
-    return isWritten ? QString() : TemporaryFolder::unusable(file.errorString());
 }
 
 // Without the parts that lead elsewhere.
@@ -40,7 +33,8 @@ bool isFileName(const QString& name)
 
 } // namespace
 
-RemoteSession::RemoteSession() : m_channel(STDIN_FILENO, STDOUT_FILENO), m_processes(runStopTimes)
+RemoteSession::RemoteSession()
+    : m_channel(STDIN_FILENO, STDOUT_FILENO), m_processes(runkestStopTimes)
 {
     connect(&m_channel, &FrameChannel::received, this, &RemoteSession::take);
     connect(&m_channel, &FrameChannel::closed, this, &RemoteSession::stop);
@@ -98,10 +92,11 @@ QString RemoteSession::prepareFolder(const QString& name, const QByteArray& mode
     QString reason = m_folder->error();
     // The model has a folder of its own, so that it may have any name.
     if (reason.isEmpty() && QDir(m_folder->path()).mkdir(QStringLiteral("model"))) {
-        reason = writeFile(m_folder->filePath(machinesName()), machines);
+        reason = TemporaryFolder::writeFile(m_folder->filePath(machinesName()), machines);
     }
     if (reason.isEmpty()) {
-        reason = writeFile(m_folder->filePath(QStringLiteral("model/") + name), model);
+        reason =
+            TemporaryFolder::writeFile(m_folder->filePath(QStringLiteral("model/") + name), model);
     }
     return reason.isEmpty() ? QString() : QStringLiteral("cannot keep the model, ") + reason;
 }
@@ -132,12 +127,13 @@ void RemoteSession::passOn(const MarkerLine& line)
         m_channel.send(Frame::of(Frame::Type::Line, start + line.body));
         return;
     }
-    QFile file(line.body);
-    if (!file.open(QIODevice::ReadOnly)) {
-        fail(QStringLiteral("cannot read the result '%1'").arg(line.body));
+    InputFile file(line.body);
+    const std::optional<QByteArray> content = file.read(largestResult);
+    if (!content) {
+        fail(QStringLiteral("cannot read the result '%1', %2").arg(line.body, file.reason()));
         return;
     }
-    m_channel.send(Frame::of(Frame::Type::File, QFileInfo(line.body).suffix(), file.readAll()));
+    m_channel.send(Frame::of(Frame::Type::File, QFileInfo(line.body).suffix(), *content));
 }
 
 void RemoteSession::endRun()

@@ -1,22 +1,12 @@
 #include "Runkest.h"
 
 #include "OptionWords.h"
-
-#include <QDir>
+#include "Progress.h"
+#include "SweepReport.h"
 
 using namespace suite;
 
 namespace {
-
-constexpr int outputFile = 0;
-constexpr int tableFile = 1;
-
-// The shares of the whole run: pre-processing up to the first, solving up to the second.
-constexpr int preparedPercentage = 5;
-constexpr int solvedPercentage = 95;
-
-// Of the adaptive sampling, which needs 700 ms to end its engines.
-constexpr StopTimes adaptiveStopTimes = {1100, 1300};
 
 // So few frequencies are the coarse grid already.
 constexpr int leastAdaptiveFrequencies = 6;
@@ -30,9 +20,7 @@ Runkest::~Runkest() = default;
 
 void Runkest::work()
 {
-    if (commandLine().has(OptionGroup::Kest, QStringLiteral("--check-only"))) {
-        printer().printPercentage(Marker::TotalPercentage, 100);
-        finish();
+    if (finishAfterCheck()) {
         return;
     }
     const Model& model = component().preprocessor().model();
@@ -41,18 +29,14 @@ void Runkest::work()
         return;
     }
     m_plan = std::make_unique<SweepPlan>(commandLine());
-    component().findingPrinter().print(m_plan->findings());
-    if (m_plan->findings().hasErrors()) {
-        failAsTold();
-    }
-    if (!isGood() || !prepare()) {
+    if (!report(m_plan->findings()) || !prepare()) {
         finish();
         return;
     }
     startSweep();
 }
 
-// Another component takes the place of the sweep; what it prints is what there is to say.
+// Another component takes the place of the sweep; what it prints is printed again.
 void Runkest::startAdaptive()
 {
     const CommandLine& line = commandLine();
@@ -60,10 +44,8 @@ void Runkest::startAdaptive()
     arguments += optionWords(line, OptionGroup::Adaptkest);
     arguments += QStringLiteral("--runkest-options");
     arguments += optionWords(line, OptionGroup::Runkest);
-    if (line.has(OptionGroup::Prekest, QStringLiteral("--ignore-errors"))) {
-        arguments += {QStringLiteral("--prekest-options"), QStringLiteral("--ignore-errors")};
-    }
-    m_adaptive = std::make_unique<ComponentStage>(adaptiveStopTimes);
+    arguments += ignoreErrorsWords(line);
+    m_adaptive = std::make_unique<ComponentStage>(adaptkestStopTimes);
     connect(m_adaptive.get(), &ComponentStage::printed, this, &Runkest::passOn);
     connect(m_adaptive.get(), &ComponentStage::ended, this, &Runkest::endAdaptive);
     m_adaptive->start(QStringLiteral("adaptkest"), arguments);
@@ -72,13 +54,9 @@ void Runkest::startAdaptive()
 void Runkest::passOn(const MarkerLine& line)
 {
     if (line.marker == Marker::Error) {
-        failAsTold();
+        markFailed();
     }
-    if (line.marker) {
-        printer().print(*line.marker, line.body);
-    } else {
-        printer().printText(line.body);
-    }
+    printer().printAgain(line);
 }
 
 void Runkest::endAdaptive()
@@ -89,20 +67,15 @@ void Runkest::endAdaptive()
     finish();
 }
 
-// Opens the results before the first frequency is solved: hours of work end in a file that can be
-// written.
 bool Runkest::prepare()
 {
-    const ModelFile& model = component().modelFile();
     m_deck = std::make_unique<SweepDeck>(component().preprocessor().model());
     if (m_deck->count() == 0) {
         // Only with errors ignored.
-        failAsTold();
+        markFailed();
         return false;
     }
-    m_resultPaths = QStringList{model.resultPath(QStringLiteral("out")),
-                                model.resultPath(QStringLiteral("csv"))};
-    if (!m_results.open(m_resultPaths)) {
+    if (!m_results.open(component().modelFile())) {
         fail(FindingKind::ResultNotWritten, m_results.error());
         return false;
     }
@@ -128,30 +101,21 @@ void Runkest::startSweep()
 
 void Runkest::takeResult(int index, const EngineOutput& output)
 {
-    SweepPoint point;
-    point.frequency = m_deck->frequency(index);
-    if (output.hasImpedance()) {
-        point.impedance = output.impedance();
-    }
-    m_report.add(point);
-    const QByteArray bytes = index == 0 ? output.stableBytes() : output.stableBytesFromFrequency();
-    if (!m_results.write(outputFile, bytes)) {
+    if (!m_results.add(m_deck->frequency(index), output)) {
         fail(FindingKind::ResultNotWritten, m_results.error());
         m_sweep->stop();
         return;
     }
-    printer().printText(SweepReport::tableLine(point));
+    printer().printText(SweepReport::tableLine(m_results.points().last()));
     printProgress(index);
     checkReader();
 }
 
 void Runkest::printProgress(int index)
 {
-    const int share = solvedPercentage - preparedPercentage;
     const int done = index + 1;
     printer().printPercentage(Marker::Percentage, 100 * done / m_deck->count());
-    printer().printPercentage(Marker::TotalPercentage,
-                              preparedPercentage + share * done / m_deck->count());
+    printer().printPercentage(Marker::TotalPercentage, solvingShare.at(done, m_deck->count()));
 }
 
 void Runkest::endSweep(bool isComplete)
@@ -164,14 +128,12 @@ void Runkest::endSweep(bool isComplete)
 
 void Runkest::writeResults()
 {
-    if (!m_results.write(tableFile, m_report.csv()) || !m_results.commit()) {
+    if (!m_results.commit()) {
         fail(FindingKind::ResultNotWritten, m_results.error());
         return;
     }
-    for (const QString& path : qAsConst(m_resultPaths)) {
-        printer().print(Marker::File, QDir::toNativeSeparators(path));
-    }
-    component().findingPrinter().print(m_report.facts());
+    printer().printFiles(m_results.paths());
+    component().findingPrinter().print(SweepReport::facts(m_results.points()));
     printer().printPercentage(Marker::TotalPercentage, 100);
 }
 

@@ -2,10 +2,9 @@
 
 #include "ComponentProgram.h"
 #include "ComponentStage.h"
-#include "ResultFiles.h"
 #include "SweepDeck.h"
 #include "SweepPlan.h"
-#include "SweepReport.h"
+#include "SweepResults.h"
 #include "SweepRunner.h"
 
 #include <memory>
@@ -34,9 +33,7 @@ private:
     void endSweep(bool isComplete);
     void writeResults();
 
-    suite::SweepReport m_report;
-    suite::ResultFiles m_results;
-    QStringList m_resultPaths;
+    suite::SweepResults m_results;
     std::unique_ptr<suite::SweepPlan> m_plan;
     std::unique_ptr<suite::SweepDeck> m_deck;
     std::unique_ptr<suite::SweepRunner> m_sweep;

@@ -1,8 +1,7 @@
 #include "AnalysisFiles.h"
 
-#include "ResultFiles.h"
-
 #include <InputFile.h>
+#include <ResultFiles.h>
 
 #include <QCryptographicHash>
 #include <QDir>
@@ -101,8 +100,7 @@ bool AnalysisFiles::save(int number, const QVector<AnalysisPoint>& points)
                                 {QStringLiteral("model"), QString::fromLatin1(m_key)},
                                 {QStringLiteral("points"), array}};
     ResultFiles files;
-    if (!files.open({path(number)}) || !files.write(0, QJsonDocument(object).toJson()) ||
-        !files.commit()) {
+    if (!files.replace(path(number), QJsonDocument(object).toJson())) {
         m_error = files.error();
         return false;
     }

@@ -2,6 +2,7 @@
 
 #include "EngineOutput.h"
 
+#include <InputFile.h>
 #include <TemporaryFolder.h>
 
 #include <QDir>
@@ -35,13 +36,13 @@ EngineJob::EngineJob(QString engine, const QString& folder, int number)
 
 void EngineJob::solve(const QByteArray& deck)
 {
-    QFile file(filePath(QStringLiteral("nec")));
-    if (!file.open(QIODevice::WriteOnly) || file.write(deck) != deck.size() || !file.flush()) {
-        m_error = TemporaryFolder::unusable(file.errorString());
+    const QString path = filePath(QStringLiteral("nec"));
+    m_error = TemporaryFolder::writeFile(path, deck);
+    if (!m_error.isEmpty()) {
         QMetaObject::invokeMethod(this, &EngineJob::end, Qt::QueuedConnection);
         return;
     }
-    startEngine(m_engine, QFileInfo(file).fileName(),
+    startEngine(m_engine, QFileInfo(path).fileName(),
                 QFileInfo(filePath(QStringLiteral("out"))).fileName());
 }
 
@@ -63,14 +64,12 @@ void EngineJob::end()
 
 void EngineJob::readOutput()
 {
-    QFile file(filePath(QStringLiteral("out")));
-    if (!file.open(QIODevice::ReadOnly)) {
+    InputFile file(filePath(QStringLiteral("out")));
+    m_output = file.read(largestOutput).value_or(QByteArray());
+    if (file.problem() == InputFile::Problem::Missing) {
         m_error = QStringLiteral("the engine wrote no output");
-    } else {
-        m_output = file.read(largestOutput + 1);
-        if (m_output.size() > largestOutput) {
-            m_error = QStringLiteral("the engine's output is too large");
-        }
+    } else if (file.problem() != InputFile::Problem::None) {
+        m_error = QStringLiteral("the engine's output cannot be read, ") + file.reason();
     }
     const QString exitProblem = exitError();
     if (!exitProblem.isEmpty()) {
@@ -83,7 +82,7 @@ void EngineJob::readOutput()
     if (!folderProblem.isEmpty()) {
         m_error = folderProblem;
     }
-    file.remove();
+    QFile::remove(filePath(QStringLiteral("out")));
     QFile::remove(filePath(QStringLiteral("nec")));
 }
 

@@ -2,13 +2,11 @@
 
 #include <algorithm>
 #include <cmath>
-#include <limits>
 
 namespace suite {
 
 namespace {
 
-constexpr double lineImpedance = 50;
 constexpr int mostComplaints = 5;
 
 // The impedance's place in a line of the section of input parameters: TAG SEG VOLTAGE(2)
@@ -43,14 +41,6 @@ QByteArray joined(const QList<QByteArray>& lines)
 }
 
 } // namespace
-
-double Impedance::standingWaveRatio() const
-{
-    const double reflection = std::hypot(resistance - lineImpedance, reactance) /
-                              std::hypot(resistance + lineImpedance, reactance);
-    return reflection < 1 ? (1 + reflection) / (1 - reflection)
-                          : std::numeric_limits<double>::infinity();
-}
 
 EngineOutput::EngineOutput(const QByteArray& bytes) : m_lines(bytes.split('\n'))
 {

@@ -1,19 +1,11 @@
 #pragma once
 
+#include <Impedance.h>
+
 #include <QByteArray>
 #include <QStringList>
 
 namespace suite {
-
-/// The feed point's impedance at one frequency, in ohm.
-struct Impedance
-{
-    double resistance = 0;
-    double reactance = 0;
-
-    /// Standing wave ratio on a 50 ohm line; infinite when no power can be taken.
-    [[nodiscard]] double standingWaveRatio() const;
-};
 
 /// Reads what the engine wrote for one frequency.
 class EngineOutput

@@ -10,8 +10,6 @@ namespace suite {
 
 namespace {
 
-constexpr StopTimes engineStopTimes = {300, 700};
-
 // Results that wait for an earlier frequency take memory: no more of them than this many a process.
 constexpr int mostWaitingPerProcess = 16;
 

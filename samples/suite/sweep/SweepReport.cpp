@@ -5,54 +5,42 @@
 #include <algorithm>
 #include <cmath>
 
-namespace suite {
+namespace suite::SweepReport {
 
 namespace {
-
-QString number(double value, int precision)
-{
-    return QString::number(value, 'g', precision);
-}
 
 QString fixed(double value, int decimals)
 {
     return std::isfinite(value) ? QString::number(value, 'f', decimals) : QStringLiteral("inf");
 }
 
-// The table's cells behind the frequency; empty ones when there is no impedance.
-QStringList csvCells(const SweepPoint& point)
-{
-    if (!point.impedance) {
-        return {QString(), QString(), QString()};
-    }
-    const Impedance& impedance = *point.impedance;
-    return {number(impedance.resistance, 6), number(impedance.reactance, 6),
-            number(impedance.standingWaveRatio(), 6)};
-}
-
 // Where the straight line between two points of the sweep has no reactance.
-SweepPoint crossing(const SweepPoint& from, const SweepPoint& to)
+ResultPoint crossing(const ResultPoint& from, const ResultPoint& to)
 {
-    const double x = from.impedance->reactance;
-    const double part = x / (x - to.impedance->reactance);
+    const double x = from.value(Quantity::Reactance);
+    const double part = x / (x - to.value(Quantity::Reactance));
     const auto between = [part](double left, double right) { return left + part * (right - left); };
-    SweepPoint result;
-    result.frequency = between(from.frequency, to.frequency);
-    result.impedance = Impedance{between(from.impedance->resistance, to.impedance->resistance), 0};
-    return result;
+    const double resistance =
+        between(from.value(Quantity::Resistance), to.value(Quantity::Resistance));
+    return {between(from.frequency, to.frequency), Impedance{resistance, 0}};
 }
 
 // A resonance between two points, or at the second of them.
-bool isCrossing(const SweepPoint& from, const SweepPoint& to)
+bool isCrossing(const ResultPoint& from, const ResultPoint& to)
 {
-    const double left = from.impedance->reactance;
-    const double right = to.impedance->reactance;
+    const double left = from.value(Quantity::Reactance);
+    const double right = to.value(Quantity::Reactance);
     return left != 0 && (right == 0 || std::signbit(left) != std::signbit(right));
+}
+
+bool isBetterMatch(const ResultPoint& left, const ResultPoint& right)
+{
+    return left.value(Quantity::StandingWaveRatio) < right.value(Quantity::StandingWaveRatio);
 }
 
 } // namespace
 
-QString SweepReport::tableHeader()
+QString tableHeader()
 {
     return QStringLiteral("%1 %2 %3 %4")
         .arg(QStringLiteral("MHz"), 12)
@@ -61,56 +49,42 @@ QString SweepReport::tableHeader()
         .arg(QStringLiteral("SWR"), 9);
 }
 
-QString SweepReport::tableLine(const SweepPoint& point)
+QString tableLine(const ResultPoint& point)
 {
     const QString frequency = fixed(point.frequency, 4);
-    if (!point.impedance) {
+    if (!point.impedance()) {
         return QStringLiteral("%1 solved").arg(frequency, 12);
     }
-    const Impedance& impedance = *point.impedance;
     return QStringLiteral("%1 %2 %3 %4")
         .arg(frequency, 12)
-        .arg(fixed(impedance.resistance, 3), 12)
-        .arg(fixed(impedance.reactance, 3), 12)
-        .arg(fixed(impedance.standingWaveRatio(), 3), 9);
+        .arg(fixed(point.value(Quantity::Resistance), 3), 12)
+        .arg(fixed(point.value(Quantity::Reactance), 3), 12)
+        .arg(fixed(point.value(Quantity::StandingWaveRatio), 3), 9);
 }
 
-QByteArray SweepReport::csv() const
-{
-    QString text = QStringLiteral("frequency_MHz,resistance_ohm,reactance_ohm,swr\n");
-    for (const SweepPoint& point : m_points) {
-        const QStringList cells = QStringList(number(point.frequency, 10)) + csvCells(point);
-        text += cells.join(QLatin1Char(',')) + QLatin1Char('\n');
-    }
-    return text.toLatin1();
-}
-
-FindingList SweepReport::facts() const
+FindingList facts(const QVector<ResultPoint>& points)
 {
     FindingList result;
-    QVector<SweepPoint> points;
-    std::copy_if(m_points.begin(), m_points.end(), std::back_inserter(points),
-                 [](const SweepPoint& point) { return point.impedance.has_value(); });
-    if (points.isEmpty()) {
+    QVector<ResultPoint> known;
+    std::copy_if(points.begin(), points.end(), std::back_inserter(known),
+                 [](const ResultPoint& point) { return point.impedance().has_value(); });
+    if (known.isEmpty()) {
         return result;
     }
-    for (int i = 1; i < points.size(); ++i) {
-        if (isCrossing(points.at(i - 1), points.at(i))) {
-            const SweepPoint point = crossing(points.at(i - 1), points.at(i));
+    for (int i = 1; i < known.size(); ++i) {
+        if (isCrossing(known.at(i - 1), known.at(i))) {
+            const ResultPoint point = crossing(known.at(i - 1), known.at(i));
             result.add(FindingKind::Resonance, 0,
-                       {fixed(point.frequency, 3), fixed(point.impedance->resistance, 2)});
+                       {fixed(point.frequency, 3), fixed(point.value(Quantity::Resistance), 2)});
         }
     }
     if (!result.contains(FindingKind::Resonance)) {
         result.add(FindingKind::NoResonance);
     }
-    const auto best =
-        std::min_element(points.begin(), points.end(), [](const auto& a, const auto& b) {
-            return a.impedance->standingWaveRatio() < b.impedance->standingWaveRatio();
-        });
+    const ResultPoint& best = *std::min_element(known.begin(), known.end(), isBetterMatch);
     result.add(FindingKind::BestMatch, 0,
-               {fixed(best->frequency, 3), fixed(best->impedance->standingWaveRatio(), 3)});
+               {fixed(best.frequency, 3), fixed(best.value(Quantity::StandingWaveRatio), 3)});
     return result;
 }
 
-} // namespace suite
+} // namespace suite::SweepReport

@@ -7,13 +7,7 @@
 
 using namespace suite;
 
-namespace {
-
-constexpr StopTimes engineStopTimes = {200, 500};
-
-} // namespace
-
-LocalSolver::LocalSolver() : m_processes(engineStopTimes)
+LocalSolver::LocalSolver() : m_processes(parallelEngineStopTimes)
 {
     connect(&m_processes, &ChildProcesses::allEnded, this, [this] {
         m_folder.reset();

@@ -1,0 +1,42 @@
+#pragma once
+
+#include "WorkFolder.h"
+
+namespace suite {
+class ModelFile;
+}
+
+/// The folder beside the model in which the runs of a refinement take place: each iteration and the
+/// refined model's run in a folder of its own.
+class RefinementFolder
+{
+public:
+    explicit RefinementFolder(const suite::ModelFile& model);
+
+    /// Takes the folder, and removes what an earlier refinement has left in it; false when it
+    /// cannot be had.
+    bool open();
+    [[nodiscard]] bool isOpen() const { return m_folder.isOpen(); }
+
+    /// What went wrong, with the folder's name.
+    [[nodiscard]] QString error() const { return m_folder.error(); }
+
+    /// The names of the runs. Iterations count from 1.
+    static QString iteration(int number);
+    static QString finalRun();
+
+    /// Makes the folder of a run; one that is there already will do.
+    bool makeFolder(const QString& run) { return m_folder.makeFolder(run); }
+
+    /// The absolute path of a run's model ("nec") or of its results ("out", "csv").
+    [[nodiscard]] QString filePath(const QString& run, const QString& suffix) const;
+
+    /// Removes what the runs have made, and nothing else.
+    void removeRuns() const;
+
+private:
+    [[nodiscard]] QString modelName(const QString& run) const;
+
+    suite::WorkFolder m_folder;
+    QString m_model; ///< file name without its suffix
+};

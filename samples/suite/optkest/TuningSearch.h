@@ -1,0 +1,74 @@
+#pragma once
+
+#include "OptimisationState.h"
+#include "SectionSearch.h"
+
+#include <QMap>
+
+#include <memory>
+
+/// The search for the value with the least reactance, in rounds of runs: which run is to try which
+/// value, and what came out so far.
+class TuningSearch
+{
+public:
+    /// The question says what to tune, in which range, and how many evaluations run at once. It
+    /// holds no evaluations yet.
+    explicit TuningSearch(OptimisationState question);
+
+    /// Goes on from the evaluations of an earlier search for the same value, as far as that run.
+    /// Those that this search would not ask for again are used at once; these are returned.
+    QVector<Evaluation> restart(const OptimisationState& earlier, int lastRun);
+
+    /// Plans the next round. False when there is nothing left to evaluate, or too much has been.
+    bool planRound();
+
+    /// The evaluations of this round that an earlier search has made already.
+    [[nodiscard]] const QVector<Evaluation>& knownEvaluations() const { return m_known; }
+
+    /// The runs of this round that are not done yet, with the value that each is to try.
+    [[nodiscard]] const QMap<int, double>& openRuns() const { return m_open; }
+
+    /// Adds the result of an open run.
+    Evaluation add(int run, const suite::Impedance& impedance);
+
+    /// Ends a round that has no open runs: the next one is planned from what is known then.
+    void endRound();
+
+    /// The part of the work that is done, from 0 to 1.
+    [[nodiscard]] double progress() const { return m_search->progress(); }
+
+    /// The question and all evaluations so far.
+    [[nodiscard]] const OptimisationState& state() const { return m_state; }
+
+    /// The best evaluation so far; there must be one.
+    [[nodiscard]] Evaluation best() const;
+
+    /// Whether the reactance is next to nothing at the best value, or goes through 0 close to it.
+    [[nodiscard]] bool isResonance() const;
+
+    /// Whether the best value is at an end of the range.
+    [[nodiscard]] bool isAtEdge() const { return m_search->isAtEdge(); }
+
+    /// Whether the search has ended by itself.
+    [[nodiscard]] bool isConverged() const { return m_isConverged; }
+
+    [[nodiscard]] int roundCount() const { return m_roundCount; }
+
+    /// How many evaluations an earlier search has made.
+    [[nodiscard]] int takenOverCount() const { return m_takenOverCount; }
+
+private:
+    void takeOver(const Evaluation& evaluation);
+
+    OptimisationState m_state;
+    std::unique_ptr<suite::SectionSearch> m_search;
+    QMap<int, Evaluation> m_earlier; ///< that this search would do again
+    QVector<Evaluation> m_known;
+    QMap<int, double> m_open;
+    int m_nextRun = 1;
+    int m_roundStart = 0; ///< the first run of the round
+    int m_roundCount = 0;
+    int m_takenOverCount = 0;
+    bool m_isConverged = false;
+};

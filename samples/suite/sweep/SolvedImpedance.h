@@ -1,0 +1,20 @@
+#pragma once
+
+#include <Impedance.h>
+
+#include <QString>
+
+#include <optional>
+
+namespace suite {
+
+/// The impedance that a run of the solver at one frequency has left in its table.
+struct SolvedImpedance
+{
+    std::optional<Impedance> impedance;
+    QString error; ///< why there is none; empty when there is one
+
+    static SolvedImpedance read(const QString& tablePath);
+};
+
+} // namespace suite

@@ -1,0 +1,31 @@
+#pragma once
+
+#include "ResultPoint.h"
+
+#include <QString>
+#include <QVector>
+
+namespace suite {
+
+/// A table of results over frequency, comma-separated, as solver components write it for other
+/// programs.
+struct ResultTable
+{
+    QVector<ResultPoint> points; ///< in the order of the file
+    QString error; ///< why there are none, as part of a sentence; empty when the table was read
+
+    /// Reads a file, or a file's content.
+    static ResultTable read(const QString& path);
+    static ResultTable parse(const QByteArray& bytes);
+
+    /// Whether the file begins as such a table does.
+    static bool isTable(const QString& path);
+
+    /// The names of the columns.
+    static QList<QByteArray> columns();
+
+    /// The file's content: parse() gives the points again, to the digits that a table has.
+    [[nodiscard]] QByteArray bytes() const;
+};
+
+} // namespace suite
