@@ -12,7 +12,7 @@ endif()
 #   process  starts other processes
 #   window   opens windows, or needs a display for something else
 #   hosts    needs network namespaces to play other hosts
-#   slow     takes more than about ten seconds
+#   slow     takes more than about five seconds on an idle machine
 set(KEST_LABELS unit process window hosts slow)
 
 # kest_label_test(name label...): sets the labels of a test. Each test has one at least.

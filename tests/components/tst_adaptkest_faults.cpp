@@ -13,8 +13,8 @@
 #include <csignal>
 #include <memory>
 
-// Adaptive runs that are stopped or killed, meet a broken engine, a strange folder or state of
-// another model: they end in time, say why, leave no process, and lose nothing.
+// Adaptive runs that are stopped or killed, or meet a broken engine: they end in time, say why,
+// leave no process, and go on to the same bytes.
 class tst_adaptkest_faults : public QObject, protected AdaptkestFaults
 {
     Q_OBJECT

@@ -9,8 +9,8 @@
 
 #include <memory>
 
-// Adaptive runs that are stopped or killed, meet a broken engine, a strange folder or state of
-// another model: they end in time, say why, leave no process, and lose nothing.
+// Adaptive runs that find state of another run, a strange folder or a full disk: they say so, and
+// lose nothing.
 class tst_adaptkest_faults_state : public QObject, protected AdaptkestFaults
 {
     Q_OBJECT

@@ -15,7 +15,7 @@
 
 using suite::ResultTable;
 
-// Adaptive runs that go well: by adaptkest itself, and in place of runkest's sweep.
+// Options of adaptive runs: which files stay, which paths work, and which words are refused.
 class tst_adaptkest_options : public QObject
 {
     Q_OBJECT

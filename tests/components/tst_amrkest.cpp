@@ -10,7 +10,8 @@
 
 using suite::ResultTable;
 
-// Refinements that go well, and the options that say how.
+// Refinements that go well: they converge within their limits, and keep the results of the last
+// model.
 class tst_amrkest : public QObject
 {
     Q_OBJECT

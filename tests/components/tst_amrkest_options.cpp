@@ -10,7 +10,7 @@
 
 using suite::ResultTable;
 
-// Refinements that go well, and the options that say how.
+// Options of refinements: what runkest is given, which paths work, and which words are refused.
 class tst_amrkest_options : public QObject
 {
     Q_OBJECT

@@ -13,8 +13,8 @@ using suite::CommandLine;
 using suite::OptionGroup;
 using suite::ResultTable;
 
-// The optimiser on the real engine: it finds the resonance, alone and on a farm, goes on where an
-// earlier run ended, and passes on what is meant for the solver.
+// The optimiser on the real engine: it finds the resonance, and passes on what is meant for the
+// solver.
 class tst_optkest : public QObject
 {
     Q_OBJECT

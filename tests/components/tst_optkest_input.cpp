@@ -8,8 +8,7 @@
 
 #include <cmath>
 
-// The optimiser on the real engine: it finds the resonance, alone and on a farm, goes on where an
-// earlier run ended, and passes on what is meant for the solver.
+// What the optimiser says of bad input, of a value at the edge, and of hosts that fail.
 class tst_optkest_input : public QObject
 {
     Q_OBJECT

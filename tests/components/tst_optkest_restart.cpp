@@ -11,8 +11,7 @@
 
 #include <cmath>
 
-// The optimiser on the real engine: it finds the resonance, alone and on a farm, goes on where an
-// earlier run ended, and passes on what is meant for the solver.
+// The optimiser goes on where an earlier run ended, and deletes only what is its own.
 class tst_optkest_restart : public QObject
 {
     Q_OBJECT

@@ -10,7 +10,7 @@
 
 #include <cmath>
 
-// Runs that go well: what they compute, print and leave behind.
+// Runs that go well: what they compute and print.
 class tst_runkest : public QObject
 {
     Q_OBJECT

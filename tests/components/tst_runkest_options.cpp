@@ -6,7 +6,7 @@
 #include <QTemporaryDir>
 #include <QtTest>
 
-// Runs that go well: what they compute, print and leave behind.
+// Runs that go well: their options, their paths, and what they leave behind.
 class tst_runkest_options : public QObject
 {
     Q_OBJECT

@@ -17,7 +17,7 @@
 
 #include <ctime>
 
-// The editor as a person uses it, and without a window.
+// The editor as a person uses it.
 class tst_editkest : public QObject, protected EditorStage
 {
     Q_OBJECT

@@ -10,7 +10,8 @@
 
 #include <sys/stat.h>
 
-// The editor as a person uses it, and without a window.
+// The editor from a command line: without a window it checks a deck, and says what is wrong with
+// it. And changes of the file by other programs.
 class tst_editkest_batch : public QObject, protected EditorStage
 {
     Q_OBJECT

@@ -33,7 +33,7 @@ const QColor secondColour(213, 94, 0);
 
 } // namespace
 
-// The charts of results without a window, and what becomes of bad ones.
+// The charts of results without a window.
 class tst_postkest : public QObject, protected PostkestRun
 {
     Q_OBJECT

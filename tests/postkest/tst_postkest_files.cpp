@@ -7,7 +7,7 @@
 #include <sys/stat.h>
 #endif
 
-// The charts of results without a window, and what becomes of bad ones.
+// Results that postkest cannot read, and files that it must not or cannot write.
 class tst_postkest_files : public QObject, protected PostkestRun
 {
     Q_OBJECT

@@ -3,7 +3,7 @@
 #include <QValueAxis>
 #include <QtTest>
 
-// The charts show the results, the pointer reads them, files keep them.
+// The axes of the charts fit the results of all curves.
 class tst_result_view_axes : public QObject, protected ResultViewStage
 {
     Q_OBJECT

@@ -8,7 +8,7 @@
 
 #include <unistd.h>
 
-// The window as a person uses it.
+// The window follows the files of results, and never writes over one.
 class tst_viewer_window_files : public QObject, protected ViewerStage
 {
     Q_OBJECT

@@ -8,7 +8,7 @@
 #include <QTemporaryDir>
 #include <QtTest>
 
-// Bad decks are reported with number, line and reason; good ones pass, and the engine agrees.
+// Good decks pass, and the engine agrees; warnings name their wires.
 class tst_deck : public QObject
 {
     Q_OBJECT

@@ -4,7 +4,7 @@
 #include <QTemporaryDir>
 #include <QtTest>
 
-// Bad decks are reported with number, line and reason; good ones pass, and the engine agrees.
+// Bad decks are reported with number, line and reason.
 class tst_deck_mistakes : public QObject
 {
     Q_OBJECT

@@ -14,8 +14,7 @@
 using suite::Preprocessor;
 using suite::SweepDeck;
 
-// Decks may give values names and compute with them; the engine gets plain numbers. Every mistake
-// in it is reported where it stands, once.
+// Decks may give values names and compute with them; the engine gets plain numbers.
 class tst_named_values : public QObject
 {
     Q_OBJECT

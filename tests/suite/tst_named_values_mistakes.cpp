@@ -5,8 +5,7 @@
 
 using suite::Preprocessor;
 
-// Decks may give values names and compute with them; the engine gets plain numbers. Every mistake
-// in it is reported where it stands, once.
+// Every mistake in named values is reported where it stands, once.
 class tst_named_values_mistakes : public QObject
 {
     Q_OBJECT

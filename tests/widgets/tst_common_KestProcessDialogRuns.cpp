@@ -1,4 +1,4 @@
-// The process dialog with real processes: how it stops them, and how it ends.
+// The process dialog with real processes: what it shows of a run, and what it outlives.
 #include "DialogRuns.h"
 
 #include <BoxAnswerer.h>

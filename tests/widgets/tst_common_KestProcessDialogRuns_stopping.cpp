@@ -1,4 +1,4 @@
-// The process dialog with real processes: how it stops them, and how it ends.
+// The process dialog with real processes: how a user stops them.
 #include "DialogRuns.h"
 
 #include <BoxAnswerer.h>
