@@ -100,7 +100,8 @@ endfunction()
 
 # kest_test_on_display(name tst_X [and what kest_add_test() takes]): the executable once more, on a
 # display, where there is a program to make one. It is labelled as a window and a process, that of the
-# display, unless labels are given.
+# display, unless labels are given. Without the address sanitizer's strict checks of strings: the
+# library that reads the keyboard's layout (libxkbcommon-x11) does not pass them.
 find_program(KEST_XVFB_RUN xvfb-run)
 function(kest_test_on_display name test)
     cmake_parse_arguments(PARSE_ARGV 2 ARG "" "TIMEOUT;FUNCTION_TIMEOUT" "ENVIRONMENT;LABELS")
@@ -111,7 +112,10 @@ function(kest_test_on_display name test)
         kest_add_test(${name}
             COMMAND ${KEST_XVFB_RUN} -a -s "-screen 0 1400x1000x24" $<TARGET_FILE:${test}>
             LABELS ${ARG_LABELS}
-            ENVIRONMENT QT_QPA_PLATFORM=xcb ${ARG_ENVIRONMENT}
+            ENVIRONMENT
+                QT_QPA_PLATFORM=xcb
+                ASAN_OPTIONS=detect_leaks=1:detect_stack_use_after_return=1
+                ${ARG_ENVIRONMENT}
             TIMEOUT "${ARG_TIMEOUT}"
             FUNCTION_TIMEOUT "${ARG_FUNCTION_TIMEOUT}")
     endif()
