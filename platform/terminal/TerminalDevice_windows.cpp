@@ -1,7 +1,5 @@
 #include "TerminalDevice.h"
 
-#include <TerminalStream.h>
-
 #include <io.h>
 #include <windows.h>
 
@@ -15,7 +13,7 @@ bool TerminalDevice::isTerminal(std::FILE* stream)
 
 bool TerminalDevice::isPerson(std::FILE* stream)
 {
-    return suite::isTerminal(stream);
+    return _isatty(_fileno(stream)) != 0;
 }
 
 int TerminalDevice::columns(std::FILE* stream)

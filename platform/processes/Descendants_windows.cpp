@@ -29,8 +29,8 @@ Children allChildren()
     return children;
 }
 
-// Who outlives its parent keeps it by number.
-QSet<DWORD>& apart()
+// By number; they keep their parent's number, too.
+QSet<DWORD>& detachedProcesses()
 {
     static QSet<DWORD> processes;
     return processes;
@@ -41,7 +41,7 @@ QVector<DWORD> descendants()
     const Children children = allChildren();
     QVector<DWORD> result;
     for (const DWORD child : children.values(GetCurrentProcessId())) {
-        if (!apart().contains(child)) {
+        if (!detachedProcesses().contains(child)) {
             result.append(child);
         }
     }
@@ -64,7 +64,7 @@ void Descendants::startDetached(const std::function<void()>& start)
     const QList<DWORD> after = allChildren().values(GetCurrentProcessId());
     for (const DWORD child : after) {
         if (!before.contains(child)) {
-            apart().insert(child);
+            detachedProcesses().insert(child);
         }
     }
 }

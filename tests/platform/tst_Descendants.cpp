@@ -56,7 +56,7 @@ void end(qint64 process)
 
 } // namespace
 
-class tst_descendants : public QObject
+class tst_Descendants : public QObject
 {
     Q_OBJECT
 
@@ -235,6 +235,6 @@ private Q_SLOTS:
     }
 };
 
-QTEST_GUILESS_MAIN(tst_descendants)
+QTEST_GUILESS_MAIN(tst_Descendants)
 
-#include "tst_descendants.moc"
+#include "tst_Descendants.moc"

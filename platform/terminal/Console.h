@@ -2,7 +2,7 @@
 
 #include <QStringList>
 
-/// The console in which components are called by hand.
+/// A console in which a user calls programs by hand.
 struct Console
 {
     QString program; ///< the user's shell, or what starts it

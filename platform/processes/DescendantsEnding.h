@@ -4,7 +4,7 @@
 #include <QObject>
 #include <QTimer>
 
-/// Ends, without waiting for it, the processes that components have left behind.
+/// Ends, without waiting for it, the processes that others have left behind.
 class DescendantsEnding : public QObject
 {
     Q_OBJECT

@@ -1,7 +1,5 @@
 #include "TerminalDevice.h"
 
-#include <TerminalStream.h>
-
 #include <cstdlib>
 #include <cstring>
 
@@ -16,7 +14,7 @@ bool TerminalDevice::isTerminal(std::FILE* stream)
 
 bool TerminalDevice::isPerson(std::FILE* stream)
 {
-    return suite::isTerminal(stream);
+    return ::isatty(::fileno(stream)) != 0;
 }
 
 int TerminalDevice::columns(std::FILE* stream)

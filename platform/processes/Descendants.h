@@ -7,11 +7,12 @@
 /// The processes that this program started, and those that they started.
 namespace Descendants {
 
-/// From now on processes whose parent ends become this program's own, where the platform has such
-/// a thing, so that none gets lost.
+/// From now on processes whose parent ends become children of this program, where the system can do
+/// that, so that none gets lost.
 void adoptOrphans();
 
-/// Calls what starts programs that are to outlive this one: they do not count among the processes.
+/// Calls a function that starts programs which shall outlive this one: they are not counted among
+/// the processes.
 void startDetached(const std::function<void()>& start);
 
 /// Whether one of them is alive.
@@ -23,8 +24,8 @@ bool isAnySeen();
 /// Kills all of them. They are gone when areAlive() says so.
 void killAll();
 
-/// This program's children that have ended while nobody has asked for their exit codes; none on a
-/// platform that keeps no such processes.
+/// The children of this program that have ended and whose exit codes were not asked for yet; none on
+/// a system that keeps no such processes.
 QSet<qint64> endedChildren();
 
 } // namespace Descendants
