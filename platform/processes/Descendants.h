@@ -24,8 +24,8 @@ bool isAnySeen();
 /// Kills all of them. They are gone when areAlive() says so.
 void killAll();
 
-/// The children of this program that have ended and whose exit codes were not asked for yet; none on
-/// a system that keeps no such processes.
+/// The children of this program that have ended and whose exit codes were not asked for yet; none
+/// on a system that keeps no such processes.
 QSet<qint64> endedChildren();
 
 } // namespace Descendants

@@ -4,36 +4,21 @@
 
 namespace {
 
-constexpr int pollInterval = 10; // milliseconds
-constexpr int killLimit = 2000;  // a process that waits for a device cannot be killed
+constexpr int killLimit = 2000; // ms; a process that waits for a device cannot be killed
 
 } // namespace
 
-DescendantsEnding::DescendantsEnding()
+DescendantsEnding::DescendantsEnding() : m_end({&Descendants::areAlive, {}, &Descendants::killAll})
 {
-    m_timer.setInterval(pollInterval);
-    connect(&m_timer, &QTimer::timeout, this, &DescendantsEnding::look);
+    connect(&m_end, &StagedEnd::ended, this, &DescendantsEnding::ended);
 }
 
 void DescendantsEnding::start(int graceTime)
 {
-    m_grace.setRemainingTime(graceTime);
-    m_end.setRemainingTime(graceTime + killLimit);
-    m_timer.start();
+    m_end.start({graceTime, graceTime + killLimit});
 }
 
 void DescendantsEnding::hurry()
 {
     start(0);
-}
-
-// Kills again and again: what a process starts while the others are killed is found the next time.
-void DescendantsEnding::look()
-{
-    if (!Descendants::areAlive() || m_end.hasExpired()) {
-        m_timer.stop();
-        Q_EMIT ended();
-    } else if (m_grace.hasExpired()) {
-        Descendants::killAll();
-    }
 }

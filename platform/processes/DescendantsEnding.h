@@ -1,8 +1,6 @@
 #pragma once
 
-#include <QDeadlineTimer>
-#include <QObject>
-#include <QTimer>
+#include "StagedEnd.h"
 
 /// Ends, without waiting for it, the processes that others have left behind.
 class DescendantsEnding : public QObject
@@ -18,16 +16,12 @@ public:
     /// Kills what is left at once.
     void hurry();
 
-    bool isActive() const { return m_timer.isActive(); }
+    bool isActive() const { return m_end.isActive(); }
 
 Q_SIGNALS:
     /// Once after start(), from the event loop: none is left, or what is left cannot be killed.
     void ended();
 
 private:
-    void look();
-
-    QTimer m_timer;
-    QDeadlineTimer m_grace;
-    QDeadlineTimer m_end; ///< from when on nothing more can be done
+    StagedEnd m_end;
 };

@@ -14,12 +14,19 @@ namespace {
 
 // Behind the program's name, which may hold anything; the first field is the state.
 constexpr int stateField = 0;
+constexpr int parentField = 1;
 constexpr int startTimeField = 19;
 
 QByteArray contentOf(const QString& fileName)
 {
     QFile file(fileName);
     return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+QList<QByteArray> statusFields(qint64 processId)
+{
+    const QByteArray status = contentOf(QStringLiteral("/proc/%1/stat").arg(processId));
+    return status.mid(status.lastIndexOf(')') + 2).split(' ');
 }
 
 bool isKnown(qint64 processId)
@@ -46,11 +53,15 @@ qint64 RunningProcesses::ownId()
     return ::getpid();
 }
 
+qint64 RunningProcesses::parentOf(qint64 processId)
+{
+    return statusFields(processId).value(parentField).toLongLong();
+}
+
 // A process that has ended stays in the list until its parent has asked for its exit code.
 std::optional<quint64> RunningProcesses::startTime(qint64 processId)
 {
-    const QByteArray status = contentOf(QStringLiteral("/proc/%1/stat").arg(processId));
-    const QList<QByteArray> fields = status.mid(status.lastIndexOf(')') + 2).split(' ');
+    const QList<QByteArray> fields = statusFields(processId);
     if (fields.size() <= startTimeField) {
         return isKnown(processId) ? std::nullopt : std::optional<quint64>(0);
     }

@@ -4,7 +4,7 @@
 #include "FramedProcess.h"
 #include "RemoteHost.h"
 
-#include <QElapsedTimer>
+#include <StagedEnd.h>
 
 #include <memory>
 
@@ -39,7 +39,6 @@ private:
     void failConnection(const QString& reason);
     void endProcess();
     void beginEnd();
-    void watchEnd();
 
     struct ResultFile
     {
@@ -53,7 +52,6 @@ private:
     bool m_hasMachines = false;
     suite::FramedProcess m_process;
     QVector<ResultFile> m_files; ///< not written yet
-    QTimer m_endWatch;
-    QElapsedTimer m_endClock;
+    StagedEnd m_processEnd;
     bool m_hasExitCode = false;
 };

@@ -1,15 +1,12 @@
-#include <WriteFailures.h>
 #include "RemoteRun.h"
 #include "RemoteSession.h"
 #include "Runkest.h"
 
 #include <ProgramArguments.h>
-
-#include <KSignalHandler>
+#include <StopSignals.h>
+#include <WriteFailures.h>
 
 #include <QCoreApplication>
-
-#include <csignal>
 
 namespace {
 
@@ -18,11 +15,7 @@ int runSession()
     RemoteSession session;
     QObject::connect(&session, &RemoteSession::finished, QCoreApplication::instance(),
                      &QCoreApplication::exit, Qt::QueuedConnection);
-    QObject::connect(KSignalHandler::self(), &KSignalHandler::signalReceived, &session,
-                     &RemoteSession::stop);
-    for (const int signal : {SIGTERM, SIGINT, SIGHUP}) {
-        KSignalHandler::self()->watchSignal(signal);
-    }
+    StopSignals::watch(&session, [&session] { session.stop(); });
     return QCoreApplication::exec();
 }
 

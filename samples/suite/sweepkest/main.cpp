@@ -1,8 +1,8 @@
 #include "Dealer.h"
 #include "Worker.h"
-#include <WriteFailures.h>
 
-#include <KSignalHandler>
+#include <StopSignals.h>
+#include <WriteFailures.h>
 
 #include <QCoreApplication>
 
@@ -68,11 +68,7 @@ void connectEnds(SweepRank& rank)
         }
         leave(EXIT_FAILURE);
     });
-    QObject::connect(KSignalHandler::self(), &KSignalHandler::signalReceived, &rank,
-                     &SweepRank::stop);
-    for (const int signal : {SIGTERM, SIGINT, SIGHUP}) {
-        KSignalHandler::self()->watchSignal(signal);
-    }
+    StopSignals::watch(&rank, [&rank] { rank.stop(); });
 }
 
 } // namespace

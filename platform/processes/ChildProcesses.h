@@ -1,24 +1,12 @@
 #pragma once
 
 #include "ChildProcess.h"
-
-#include <QElapsedTimer>
-#include <QObject>
-#include <QTimer>
+#include "StagedEnd.h"
 
 #include <map>
 #include <memory>
 
-namespace suite {
-
-/// How long the end of child processes may take, in ms from the request on.
-struct StopTimes
-{
-    int asking;   // until those that stay are killed
-    int givingUp; ///< until the end is told in any case
-};
-
-/// The child processes that a component runs at the moment, by number, and their end.
+/// The child processes that a program runs at the moment, by number, and their end.
 class ChildProcesses : public QObject
 {
     Q_OBJECT
@@ -38,23 +26,22 @@ public:
 
     [[nodiscard]] int count() const { return static_cast<int>(m_processes.size()); }
 
-    /// Asks all processes to end, and kills after a moment those that stay. Tells allEnded() from
-    /// the event loop, also when there is none.
+    /// Asks all processes to end, and kills after a moment those that stay. Only the first call
+    /// counts.
     void stop();
 
 Q_SIGNALS:
-    /// No process runs any more after stop(). Told once.
+    /// No process runs any more after stop(), or what runs cannot be killed. Once, from the event
+    /// loop, also when there was none.
     void allEnded();
 
 private:
-    void watchEnd();
     [[nodiscard]] bool isAnyAlive() const;
-    void signalAll(int signal);
+    void terminateAll();
+    void killAll();
 
     StopTimes m_times;
     std::map<int, std::unique_ptr<ChildProcess>> m_processes;
-    QTimer m_endWatch;
-    QElapsedTimer m_stopClock;
+    StagedEnd m_end;
+    bool m_isStopping = false;
 };
-
-} // namespace suite
