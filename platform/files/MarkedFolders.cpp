@@ -27,10 +27,10 @@ QString MarkedFolders::marked(const QString& name)
 void MarkedFolders::removeLeft()
 {
     static const QRegularExpression ownNames(
-        QRegularExpression::anchoredPattern(QStringLiteral("kest-[a-z]+-(%1)-[A-Za-z0-9]{6}")
+        QRegularExpression::anchoredPattern(QStringLiteral("[a-z]+-[a-z]+-(%1)-[A-Za-z0-9]{6}")
                                                 .arg(QLatin1String(ProcessMark::pattern))));
     const QDir directory(QDir::tempPath());
-    const QStringList names = directory.entryList({QStringLiteral("kest-*")}, QDir::Dirs);
+    const QStringList names = directory.entryList({QStringLiteral("*-*-*-*-*-*-*")}, QDir::Dirs);
     for (const QString& name : names) {
         const auto mark = ProcessMark::parse(ownNames.match(name).captured(1));
         const QFileInfo entry(directory.filePath(name));

@@ -6,8 +6,8 @@
 /// after that process was killed.
 namespace MarkedFolders {
 
-/// The name, which is "kest-" and small letters, with the mark of this process: what a folder's
-/// name begins with, before "-XXXXXX" in the template of a QTemporaryDir.
+/// The name, two words of small letters with "-" between them, and the mark of this process: what a
+/// folder's name begins with, before "-XXXXXX" in the template of a QTemporaryDir.
 QString marked(const QString& name);
 
 /// Removes, from the place for temporary files, the folders of processes that have ended without
