@@ -87,6 +87,7 @@ void tst_runkest_faults::signalStopsTheRun_data()
     QTest::addColumn<QString>("part");
     QTest::newRow("terminate, engine hangs") << SIGTERM << text("hang");
     QTest::newRow("interrupt, engine hangs") << SIGINT << text("hang");
+    QTest::newRow("terminal closed, engine hangs") << SIGHUP << text("hang");
     QTest::newRow("terminate, engine and its child refuse") << SIGTERM << text("stubborn");
 }
 

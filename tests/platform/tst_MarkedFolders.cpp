@@ -86,6 +86,7 @@ private Q_SLOTS:
         QTest::addColumn<QString>("name"); // MARK is that of a process that has ended
         QTest::newRow("without a mark") << "kest-test-AbCdEf";
         QTest::newRow("another program's") << "other-MARK-AbCdEf";
+        QTest::newRow("capitals") << "Other-test-MARK-AbCdEf";
         QTest::newRow("a longer name") << "kest-test-MARK-AbCdEf.kept";
         QTest::newRow("a shorter name") << "kest-test-MARK";
         QTest::newRow("no mark") << "kest-test-01234567-01234567-x-1-AbCdEf";

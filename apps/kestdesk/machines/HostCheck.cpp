@@ -33,23 +33,16 @@ HostCheck::HostCheck(QString host, int processes, int limitSeconds)
 {
     m_timer.setSingleShot(true);
     connect(&m_timer, &QTimer::timeout, this, &HostCheck::onTimeout);
-    connect(&m_process, &QProcess::readyReadStandardOutput, this, &HostCheck::onAnswerPart);
-    connect(&m_process, &QProcess::readyReadStandardError, this, &HostCheck::onAnswerPart);
-    connect(&m_process, QOverload<int, QProcess::ExitStatus>::of(&QProcess::finished), this,
-            &HostCheck::onAnswered);
-    connect(&m_process, &QProcess::errorOccurred, this, [this](QProcess::ProcessError error) {
-        if (error == QProcess::FailedToStart) {
-            fail(QStringLiteral("cannot start %1: %2")
-                     .arg(m_process.program(), m_process.errorString()));
-        }
+    m_process.setTerminal(ChildProcess::Terminal::None);
+    connect(&m_process, &ChildProcess::outputRead, this, [this](const QByteArray& bytes) {
+        m_answer += bytes;
+        onAnswerPart();
     });
-}
-
-// Nobody is told any more: what would listen is half gone when the process goes.
-HostCheck::~HostCheck()
-{
-    m_process.disconnect(this);
-    m_process.killGroup();
+    connect(&m_process, &ChildProcess::errorsRead, this, [this](const QByteArray& bytes) {
+        m_complaints += bytes;
+        onAnswerPart();
+    });
+    connect(&m_process, &ChildProcess::ended, this, &HostCheck::onAnswered);
 }
 
 // An address is looked up by nobody: that would ask for its name.
@@ -101,7 +94,6 @@ void HostCheck::onLookedUp(const QHostInfo& info)
 
 void HostCheck::ask()
 {
-    m_process.setStandardInputFile(QProcess::nullDevice());
     m_process.start(remoteShell(),
                     {QStringLiteral("-o"), QStringLiteral("BatchMode=yes"), QStringLiteral("-o"),
                      QStringLiteral("ConnectTimeout=%1").arg(m_limit), QStringLiteral("--"), m_host,
@@ -110,26 +102,26 @@ void HostCheck::ask()
 
 void HostCheck::onAnswerPart()
 {
-    m_answer += m_process.readAllStandardOutput();
-    m_complaints += m_process.readAllStandardError();
     if (m_answer.size() + m_complaints.size() > longestAnswer && !m_done) {
         fail(QStringLiteral("answers without end"));
     }
 }
 
-void HostCheck::onAnswered(int exitCode, QProcess::ExitStatus status)
+void HostCheck::onAnswered()
 {
-    onAnswerPart();
     if (m_done) {
         return;
     }
     const QString complaint = lastLine(m_complaints);
-    if (status != QProcess::NormalExit) {
+    if (!m_process.startError().isEmpty()) {
+        fail(
+            QStringLiteral("cannot start %1: %2").arg(m_process.program(), m_process.startError()));
+    } else if (!m_process.hasExited()) {
         fail(QStringLiteral("%1 crashed").arg(m_process.program()));
-    } else if (exitCode != 0) {
+    } else if (m_process.exitCode() != 0) {
         fail(complaint.isEmpty() ? QStringLiteral("%1 ended with exit code %2")
                                        .arg(m_process.program())
-                                       .arg(exitCode)
+                                       .arg(m_process.exitCode())
                                  : complaint);
     } else {
         compare(lastLine(m_answer).toInt());
@@ -170,6 +162,8 @@ void HostCheck::finish(Outcome outcome, const QString& text)
     m_timer.stop();
     m_outcome = outcome;
     m_text = text;
-    m_process.killGroup();
+    if (m_process.isRunning()) {
+        m_process.killGroup();
+    }
     Q_EMIT finished();
 }

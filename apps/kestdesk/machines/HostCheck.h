@@ -1,6 +1,6 @@
 #pragma once
 
-#include "GroupedProcess.h"
+#include <ChildProcess.h>
 
 #include <QObject>
 #include <QString>
@@ -17,11 +17,8 @@ public:
     enum class Outcome { Fine, Warning, Error };
 
     /// The host, an address without brackets, with all the processes that it asks for. The check
-    /// takes no longer than the limit.
+    /// takes no longer than the limit, and is cancelled when the object is destroyed.
     HostCheck(QString host, int processes, int limitSeconds);
-
-    /// Kills what still runs.
-    ~HostCheck() override;
 
     void start();
 
@@ -47,7 +44,7 @@ private:
     void onLookedUp(const QHostInfo& info);
     void ask();
     void onAnswerPart();
-    void onAnswered(int exitCode, QProcess::ExitStatus status);
+    void onAnswered();
     void onTimeout();
     void compare(int cores);
     void fail(const QString& reason);
@@ -57,7 +54,7 @@ private:
     int m_processes;
     int m_limit; ///< seconds
     QTimer m_timer;
-    GroupedProcess m_process;
+    ChildProcess m_process;
     QByteArray m_answer;
     QByteArray m_complaints;
     bool m_lookingUp = false;

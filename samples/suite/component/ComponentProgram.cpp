@@ -1,10 +1,8 @@
 #include "ComponentProgram.h"
 
-#include <KSignalHandler>
+#include <StopSignals.h>
 
 #include <QCoreApplication>
-
-#include <csignal>
 
 namespace suite {
 
@@ -121,11 +119,7 @@ int runComponent(ComponentProgram& program, const QStringList& words)
     }
     QObject::connect(&program, &ComponentProgram::finished, QCoreApplication::instance(),
                      &QCoreApplication::exit, Qt::QueuedConnection);
-    QObject::connect(KSignalHandler::self(), &KSignalHandler::signalReceived, &program,
-                     &ComponentProgram::stop);
-    for (const int signal : {SIGTERM, SIGINT}) {
-        KSignalHandler::self()->watchSignal(signal);
-    }
+    StopSignals::watch(&program, [&program](int signal) { program.stop(signal); });
     QMetaObject::invokeMethod(&program, &ComponentProgram::run, Qt::QueuedConnection);
     return QCoreApplication::exec();
 }

@@ -12,36 +12,20 @@ constexpr int mostErrorOutput = 4096; // bytes
 
 ComponentRun::ComponentRun(QObject* parent) : ChildProcess(parent)
 {
-    setStandardInputFile(QProcess::nullDevice());
-    connect(this, &QProcess::readyReadStandardOutput, this, &ComponentRun::readLines);
-    connect(this, &QProcess::readyReadStandardError, this, [this] {
-        m_errorOutput += readAllStandardError().left(mostErrorOutput - m_errorOutput.size());
+    connect(this, &ChildProcess::outputRead, this, &ComponentRun::readLines);
+    connect(this, &ChildProcess::errorsRead, this, [this](const QByteArray& bytes) {
+        m_errorOutput += bytes.left(mostErrorOutput - m_errorOutput.size());
     });
-    connect(this, qOverload<int, QProcess::ExitStatus>(&QProcess::finished), this,
-            &ComponentRun::endRun);
-    connect(
-        this, &QProcess::errorOccurred, this,
-        [this](QProcess::ProcessError error) {
-            if (error == QProcess::FailedToStart) {
-                endRun();
-            }
-        },
-        Qt::QueuedConnection);
 }
 
 void ComponentRun::startComponent(const QString& name, const QStringList& arguments)
 {
-    startInGroup(QCoreApplication::applicationDirPath() + QLatin1Char('/') + name, arguments);
+    start(QCoreApplication::applicationDirPath() + QLatin1Char('/') + name, arguments);
 }
 
 bool ComponentRun::isSuccess() const
 {
-    return m_isDone && hasEndedByItself() && exitCode() == 0;
-}
-
-bool ComponentRun::hasEndedByItself() const
-{
-    return QProcess::error() != QProcess::FailedToStart && exitStatus() == QProcess::NormalExit;
+    return hasExited() && exitCode() == 0;
 }
 
 QString ComponentRun::error() const
@@ -49,38 +33,34 @@ QString ComponentRun::error() const
     if (!m_firstError.isEmpty()) {
         return m_firstError;
     }
-    if (QProcess::error() == QProcess::FailedToStart) {
-        return QStringLiteral("'%1' cannot be started, %2").arg(program(), errorString());
+    if (!startError().isEmpty()) {
+        return QStringLiteral("'%1' cannot be started, %2").arg(program(), startError());
     }
     const QString how =
-        exitStatus() == QProcess::CrashExit
-            ? QStringLiteral("'%1' crashed").arg(program())
-            : QStringLiteral("'%1' ended with code %2").arg(program()).arg(exitCode());
+        hasExited() ? QStringLiteral("'%1' ended with code %2").arg(program()).arg(exitCode())
+                    : QStringLiteral("'%1' crashed").arg(program());
     const QString said = QString::fromUtf8(m_errorOutput).simplified();
     return said.isEmpty() ? how : how + QStringLiteral(", ") + said;
 }
 
-void ComponentRun::readLines()
+void ComponentRun::readLines(const QByteArray& bytes)
 {
-    setReadChannel(QProcess::StandardOutput);
-    while (canReadLine()) {
-        QByteArray bytes = readLine();
-        bytes.chop(1);
-        const MarkerLine line = MarkerLine::parse(bytes);
-        if (line.marker == Marker::Error && m_firstError.isEmpty()) {
-            m_firstError = line.body;
-        }
-        Q_EMIT printed(line);
+    m_unread += bytes;
+    int start = 0;
+    for (int end = m_unread.indexOf('\n'); end >= 0; end = m_unread.indexOf('\n', start)) {
+        readLine(m_unread.mid(start, end - start));
+        start = end + 1;
     }
+    m_unread.remove(0, start);
 }
 
-void ComponentRun::endRun()
+void ComponentRun::readLine(const QByteArray& bytes)
 {
-    if (!m_isDone) {
-        m_isDone = true;
-        readLines();
-        Q_EMIT done();
+    const MarkerLine line = MarkerLine::parse(bytes);
+    if (line.marker == Marker::Error && m_firstError.isEmpty()) {
+        m_firstError = line.body;
     }
+    Q_EMIT printed(line);
 }
 
 } // namespace suite

@@ -1,7 +1,8 @@
 #pragma once
 
-#include "ChildProcess.h"
 #include "MarkerLine.h"
+
+#include <ChildProcess.h>
 
 namespace suite {
 
@@ -19,26 +20,21 @@ public:
     /// True when the component did all it was asked for.
     [[nodiscard]] bool isSuccess() const;
 
-    /// False when the component crashed or could not be started: then it may not have said why.
-    [[nodiscard]] bool hasEndedByItself() const;
-
-    /// What went wrong: its first error, or how it ended.
+    /// What went wrong: its first error, or how it ended. A component that crashed or could not be
+    /// started may not have said why.
     [[nodiscard]] QString error() const;
 
 Q_SIGNALS:
     /// A line was printed on standard output.
     void printed(const suite::MarkerLine& line);
 
-    /// The component has ended, or could not be started; all its lines have been told. Told once.
-    void done();
-
 private:
-    void readLines();
-    void endRun();
+    void readLines(const QByteArray& bytes);
+    void readLine(const QByteArray& bytes);
 
+    QByteArray m_unread; ///< the begin of a line
     QString m_firstError;
     QByteArray m_errorOutput;
-    bool m_isDone = false;
 };
 
 } // namespace suite

@@ -17,7 +17,7 @@ void ComponentStage::start(const QString& name, const QStringList& arguments)
             Q_EMIT printed(line);
         }
     });
-    connect(m_run, &ComponentRun::done, this, &ComponentStage::finish);
+    connect(m_run, &ComponentRun::ended, this, &ComponentStage::finish);
     m_run->startComponent(name, arguments);
 }
 

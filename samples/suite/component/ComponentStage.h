@@ -1,7 +1,8 @@
 #pragma once
 
-#include "ChildProcesses.h"
 #include "ComponentRun.h"
+
+#include <ChildProcesses.h>
 
 namespace suite {
 

@@ -1,39 +1,23 @@
 #include "Priority.h"
 
-#include <sys/resource.h>
-
-#include <thread>
+#include <NiceValue.h>
 
 namespace suite {
 
 namespace {
 
-// What the system calls nice values; the normal priority leaves the process as it is.
-constexpr int niceValues[] = {19, 10, 0, -5, -10};
-
-bool setNiceValue(int level)
-{
-    return ::setpriority(PRIO_PROCESS, 0, niceValues[level]) == 0;
-}
+constexpr int niceValues[] = {19, 10, 0, -5, -10}; // by level
 
 } // namespace
 
-// On Linux the nice value belongs to the thread, so a thread can try for the process.
 bool Priority::isAllowed() const
 {
-    if (m_level <= normalLevel) {
-        return true;
-    }
-    bool result = false;
-    std::thread([&result, this] { result = setNiceValue(m_level); }).join();
-    return result;
+    return m_level <= normalLevel || NiceValue::isAllowed(niceValues[m_level]);
 }
 
-void Priority::apply() const
+std::optional<int> Priority::niceValue() const
 {
-    if (m_level != normalLevel) {
-        setNiceValue(m_level);
-    }
+    return m_level == normalLevel ? std::nullopt : std::make_optional(niceValues[m_level]);
 }
 
 } // namespace suite

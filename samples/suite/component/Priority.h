@@ -1,5 +1,7 @@
 #pragma once
 
+#include <optional>
+
 namespace suite {
 
 /// The priority that the user chose for the engines, from 0 (lowest) over 2 (normal) to 4
@@ -16,8 +18,9 @@ public:
     /// True when this process may give its children the priority; raising it takes a permission.
     [[nodiscard]] bool isAllowed() const;
 
-    /// Gives the calling process the priority, as far as it may. Safe between fork and exec.
-    void apply() const;
+    /// What the system calls it; nothing for the normal priority, which leaves processes as they
+    /// are.
+    [[nodiscard]] std::optional<int> niceValue() const;
 
 private:
     int m_level;

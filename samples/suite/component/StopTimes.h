@@ -1,13 +1,8 @@
 #pragma once
 
-namespace suite {
+#include <StagedEnd.h>
 
-/// How long the end of child processes may take, in ms from the request on.
-struct StopTimes
-{
-    int asking;   ///< until those that stay are killed
-    int givingUp; ///< until the end is reported in any case
-};
+namespace suite {
 
 // A component has to end its own child processes before the program that started it kills it.
 

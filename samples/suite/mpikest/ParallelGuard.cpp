@@ -2,28 +2,18 @@
 
 #include <array>
 #include <cerrno>
-#include <csignal>
 #include <cstdio>
 
 #include <unistd.h>
 
-using namespace suite;
-
 namespace {
 
 constexpr int readSize = 1 << 16;
-constexpr int watchInterval = 10; // ms
 
-// What is done to processes that do not end, in ms after the request. Those that have not found
-// each other yet cannot hear the request.
-struct StopStep
-{
-    int time;
-    int timeBeforeStart;
-    int signal;
-};
-constexpr StopStep stopSteps[] = {{600, 0, SIGTERM}, {1100, 300, SIGKILL}};
-constexpr int givingUp = 1500; // ms
+// Processes that have not found each other yet cannot take the end of their input as the request to
+// end.
+constexpr StopTimes stopTimesAtFirst = {300, 1500, 0};
+constexpr StopTimes stopTimesLater = {1100, 1500, 600};
 
 bool writeAll(const QByteArray& bytes)
 {
@@ -41,39 +31,35 @@ bool writeAll(const QByteArray& bytes)
 
 } // namespace
 
-ParallelGuard::ParallelGuard() : m_input(STDIN_FILENO, QSocketNotifier::Read)
+ParallelGuard::ParallelGuard()
+    : m_input(STDIN_FILENO, QSocketNotifier::Read)
+    , m_end({[this] { return m_process.isRunning(); }, [this] { terminate(); },
+             [this] { m_process.killGroup(); }})
+    , m_stopTimes(stopTimesAtFirst)
 {
-    m_process.setProcessChannelMode(QProcess::ForwardedErrorChannel);
-    m_endWatch.setInterval(watchInterval);
-    connect(&m_endWatch, &QTimer::timeout, this, &ParallelGuard::watchEnd);
+    m_process.setInput(ChildProcess::Input::Written);
+    m_process.setErrors(ChildProcess::Errors::Inherited);
+    connect(&m_end, &StagedEnd::ended, this, [this] { finish(EXIT_FAILURE); });
     connect(&m_input, &QSocketNotifier::activated, this, &ParallelGuard::passOnInput);
-    connect(&m_process, &QProcess::readyReadStandardOutput, this, &ParallelGuard::passOnOutput);
-    connect(&m_process, qOverload<int, QProcess::ExitStatus>(&QProcess::finished), this,
-            [this](int exitCode) { finish(exitCode); });
-    connect(
-        &m_process, &QProcess::errorOccurred, this,
-        [this](QProcess::ProcessError error) {
-            if (error == QProcess::FailedToStart) {
-                std::fprintf(stderr, "mpikest: '%s' cannot be started\n",
-                             qPrintable(m_process.program()));
-                finish(EXIT_FAILURE);
-            }
-        },
-        Qt::QueuedConnection);
+    connect(&m_process, &ChildProcess::outputRead, this, &ParallelGuard::passOnOutput);
+    connect(&m_process, &ChildProcess::ended, this, [this] {
+        finish(m_process.startError().isEmpty() ? m_process.exitCode() : EXIT_FAILURE);
+    });
 }
 
 void ParallelGuard::start(const QString& program, const QStringList& arguments)
 {
-    m_process.startInGroup(program, arguments);
+    if (!m_process.start(program, arguments)) {
+        std::fprintf(stderr, "mpikest: '%s' cannot be started\n", qPrintable(program));
+    }
 }
 
 void ParallelGuard::stop()
 {
-    if (!m_clock.isValid()) {
+    if (!m_end.isActive()) {
         m_input.setEnabled(false);
-        m_process.closeWriteChannel();
-        m_clock.start();
-        m_endWatch.start();
+        m_process.closeInput();
+        m_end.start(m_stopTimes);
     }
 }
 
@@ -82,33 +68,28 @@ void ParallelGuard::passOnInput()
     std::array<char, readSize> bytes;
     const ssize_t size = ::read(STDIN_FILENO, bytes.data(), bytes.size());
     if (size > 0) {
-        m_process.write(bytes.data(), size);
+        m_process.write(QByteArray(bytes.data(), static_cast<int>(size)));
     } else if (size == 0 || errno != EINTR) {
         stop();
     }
 }
 
 // Without a reader everything ends.
-void ParallelGuard::passOnOutput()
+void ParallelGuard::passOnOutput(const QByteArray& bytes)
 {
-    m_hasPrinted = true;
-    const QByteArray bytes = m_process.readAllStandardOutput();
-    if (!m_clock.isValid() && !writeAll(bytes)) {
+    m_stopTimes = stopTimesLater;
+    m_end.setTimes(m_stopTimes);
+    if (!m_end.isActive() && !writeAll(bytes)) {
         stop();
     }
 }
 
-void ParallelGuard::watchEnd()
+// Once: a second request makes mpiexec abort without waiting for its processes.
+void ParallelGuard::terminate()
 {
-    const qint64 elapsed = m_clock.elapsed();
-    if (elapsed >= givingUp) {
-        finish(EXIT_FAILURE);
-    } else if (m_step < std::size(stopSteps)) {
-        const StopStep& step = stopSteps[m_step];
-        if (elapsed >= (m_hasPrinted ? step.time : step.timeBeforeStart)) {
-            ++m_step;
-            m_process.signalGroup(step.signal);
-        }
+    if (!m_isTerminated) {
+        m_isTerminated = true;
+        m_process.terminateGroup();
     }
 }
 
@@ -116,7 +97,7 @@ void ParallelGuard::finish(int exitCode)
 {
     if (!m_isFinished) {
         m_isFinished = true;
-        m_process.signalGroup(SIGKILL);
+        m_process.killGroup();
         Q_EMIT finished(exitCode);
     }
 }

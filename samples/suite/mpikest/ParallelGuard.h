@@ -1,10 +1,9 @@
 #pragma once
 
-#include "ChildProcess.h"
+#include <ChildProcess.h>
+#include <StagedEnd.h>
 
-#include <QElapsedTimer>
 #include <QSocketNotifier>
-#include <QTimer>
 
 /// Stands between a component and mpiexec, so that the processes of the parallel runtime end in
 /// good order even when the component is killed: passes both ways what they say to each other, and
@@ -27,15 +26,14 @@ Q_SIGNALS:
 
 private:
     void passOnInput();
-    void passOnOutput();
-    void watchEnd();
+    void passOnOutput(const QByteArray& bytes);
+    void terminate();
     void finish(int exitCode);
 
-    suite::ChildProcess m_process;
+    ChildProcess m_process;
     QSocketNotifier m_input;
-    QTimer m_endWatch;
-    QElapsedTimer m_clock;
-    std::size_t m_step = 0;
-    bool m_hasPrinted = false;
+    StagedEnd m_end;
+    StopTimes m_stopTimes;
+    bool m_isTerminated = false;
     bool m_isFinished = false;
 };

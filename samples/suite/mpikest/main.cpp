@@ -1,12 +1,9 @@
 #include "ParallelGuard.h"
 
+#include <StopSignals.h>
 #include <WriteFailures.h>
 
-#include <KSignalHandler>
-
 #include <QCoreApplication>
-
-#include <csignal>
 
 // mpikest PROGRAM ARGUMENTS... starts mpiexec for a component and ends it with the component.
 int main(int argc, char* argv[])
@@ -17,11 +14,7 @@ int main(int argc, char* argv[])
     ParallelGuard guard;
     QObject::connect(&guard, &ParallelGuard::finished, QCoreApplication::instance(),
                      &QCoreApplication::exit, Qt::QueuedConnection);
-    QObject::connect(KSignalHandler::self(), &KSignalHandler::signalReceived, &guard,
-                     &ParallelGuard::stop);
-    for (const int signal : {SIGTERM, SIGINT, SIGHUP}) {
-        KSignalHandler::self()->watchSignal(signal);
-    }
+    StopSignals::watch(&guard, [&guard] { guard.stop(); });
     // By this sshkest knows its own.
     qputenv("KEST_GUARD", QByteArray::number(QCoreApplication::applicationPid()));
     guard.start(words.value(0), words.mid(1));

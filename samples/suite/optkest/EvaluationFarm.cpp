@@ -25,7 +25,7 @@ bool isThisMachine(const QString& host)
 EvaluationFarm::EvaluationFarm(QStringList hosts, QStringList options)
     : m_hosts(std::move(hosts)), m_options(std::move(options)), m_processes(suite::runkestStopTimes)
 {
-    connect(&m_processes, &suite::ChildProcesses::allEnded, this, &EvaluationFarm::ended);
+    connect(&m_processes, &ChildProcesses::allEnded, this, &EvaluationFarm::ended);
 }
 
 // The host comes before the user's options, so that one of theirs wins.
@@ -42,7 +42,7 @@ void EvaluationFarm::start(int place, int run, const QString& model)
             Q_EMIT progressed(run, line.percentage());
         }
     });
-    connect(process.get(), &ComponentRun::done, this, [this, run, host] { finishRun(run, host); });
+    connect(process.get(), &ComponentRun::ended, this, [this, run, host] { finishRun(run, host); });
     ComponentRun& started = *process;
     m_processes.add(run, std::move(process));
     started.startComponent(QStringLiteral("runkest"), arguments + m_options);

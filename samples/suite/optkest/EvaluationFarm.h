@@ -1,7 +1,8 @@
 #pragma once
 
-#include "ChildProcesses.h"
 #include "ComponentRun.h"
+
+#include <ChildProcesses.h>
 
 #include <QObject>
 #include <QStringList>
@@ -42,6 +43,6 @@ private:
 
     QStringList m_hosts;
     QStringList m_options;
-    suite::ChildProcesses m_processes;
+    ChildProcesses m_processes;
     bool m_isStopping = false;
 };

@@ -1,8 +1,9 @@
 #pragma once
 
-#include "ChildProcess.h"
 #include "Frame.h"
 #include "Heartbeat.h"
+
+#include <ChildProcess.h>
 
 namespace suite {
 
@@ -14,7 +15,7 @@ class FramedProcess : public ChildProcess
 public:
     explicit FramedProcess(QObject* parent = nullptr);
 
-    /// Starts the program and the watch over it; use it in place of the other starts. The first
+    /// Starts the program and the watch over it; use it in place of start(). The first
     /// frame may take longer than the silence limit allows later: "startLimit", in ms.
     void startFramed(const QString& program, const QStringList& arguments, int startLimit);
 
@@ -33,7 +34,7 @@ Q_SIGNALS:
     void received(const suite::Frame& frame);
 
     /// A line came on the error channel.
-    void complained(const QString& line);
+    void errorLineRead(const QString& line);
 
     /// The program says something that is no frame, for this reason.
     void broken(const QString& reason);
@@ -41,13 +42,9 @@ Q_SIGNALS:
     /// The program has said nothing for too long.
     void silent();
 
-    /// The program has ended, or could not be started; all its frames have been told. Told once.
-    void done();
-
 private:
-    void readFrames();
-    void readComplaints();
-    void end();
+    void readFrames(const QByteArray& bytes);
+    void readErrorLines(const QByteArray& bytes);
 
     FrameReader m_reader;
     Heartbeat m_heartbeat;
@@ -55,7 +52,6 @@ private:
     QStringList m_lastLines;
     QByteArray m_line;
     bool m_hasAnswered = false;
-    bool m_isDone = false;
 };
 
 } // namespace suite

@@ -11,7 +11,6 @@ namespace suite {
 
 namespace {
 
-constexpr int watchInterval = 20; // ms
 constexpr int largestPart = 32 << 10;
 
 // Start-up may take this many times the silence limit: each host is logged in to first.
@@ -34,23 +33,26 @@ QString mpiexec()
 } // namespace
 
 MpiSweep::MpiSweep(SweepDeck deck, ParallelSetup setup, bool needsImpedance)
-    : m_deck(std::move(deck)), m_setup(std::move(setup)), m_needsImpedance(needsImpedance)
+    : m_deck(std::move(deck))
+    , m_setup(std::move(setup))
+    , m_needsImpedance(needsImpedance)
+    , m_processEnd({[this] { return m_process.isRunning() || m_process.isGroupAlive(); },
+                    {},
+                    [this] { m_process.killGroup(); }})
 {
     // The guard sees by itself when this component is gone, and ends the others in good order.
-    m_process.setDeathSignal(0);
-    m_endWatch.setInterval(watchInterval);
-    connect(&m_endWatch, &QTimer::timeout, this, &MpiSweep::watchEnd);
+    m_process.setEndsByItself();
+    connect(&m_processEnd, &StagedEnd::ended, this, &MpiSweep::end);
     connect(&m_process, &FramedProcess::received, this, &MpiSweep::take);
-    connect(&m_process, &FramedProcess::complained, this, &MpiSweep::takeComplaint);
+    connect(&m_process, &FramedProcess::errorLineRead, this, &MpiSweep::takeErrorLine);
     connect(&m_process, &FramedProcess::silent, this, &MpiSweep::failSilent);
     connect(&m_process, &FramedProcess::broken, this, &MpiSweep::failBroken);
-    connect(&m_process, &FramedProcess::done, this, &MpiSweep::endProcess);
+    connect(&m_process, &FramedProcess::ended, this, &MpiSweep::endProcess);
 }
 
 MpiSweep::~MpiSweep()
 {
-    m_process.disconnect(this);
-    m_process.signalGroup(SIGKILL);
+    m_process.killGroup();
 }
 
 void MpiSweep::start()
@@ -94,9 +96,8 @@ void MpiSweep::stop()
     }
     m_isStopping = true;
     m_process.stopWatching();
-    m_process.closeWriteChannel();
-    m_stopClock.start();
-    m_endWatch.start();
+    m_process.closeInput();
+    m_processEnd.start(parallelRuntimeStopTimes);
 }
 
 void MpiSweep::take(const Frame& frame)
@@ -162,7 +163,7 @@ void MpiSweep::tellResults()
 }
 
 // What the helpers say: mpiexec itself would wait for ever for a host that cannot be reached.
-void MpiSweep::takeComplaint(const QString& line)
+void MpiSweep::takeErrorLine(const QString& line)
 {
     static const QString host = QStringLiteral("sshkest: ");
     static const QString runtime = QStringLiteral("mpikest: ");
@@ -216,25 +217,13 @@ void MpiSweep::endProcess()
          (words.isEmpty() ? QString() : QStringLiteral(", ") + words));
 }
 
-void MpiSweep::watchEnd()
-{
-    const qint64 elapsed = m_stopClock.elapsed();
-    const bool isAlive = m_process.state() != QProcess::NotRunning || m_process.isGroupAlive();
-    if (elapsed >= parallelRuntimeStopTimes.asking) {
-        m_process.signalGroup(SIGKILL);
-    }
-    if (!isAlive || elapsed >= parallelRuntimeStopTimes.givingUp) {
-        end();
-    }
-}
-
 void MpiSweep::end()
 {
     if (m_isEnded) {
         return;
     }
     m_isEnded = true;
-    m_endWatch.stop();
+    m_processEnd.cancel();
     Q_EMIT ended(m_nextResult == m_deck.count());
 }
 

@@ -6,6 +6,7 @@
 #include "SweepRunner.h"
 
 #include <MachinesFile.h>
+#include <StagedEnd.h>
 
 #include <map>
 
@@ -40,13 +41,12 @@ private:
     void sendPart();
     void take(const Frame& frame);
     void takeResult(const Frame& frame);
-    void takeComplaint(const QString& line);
+    void takeErrorLine(const QString& line);
     void tellResults();
     void fail(const QString& reason);
     void failBroken(const QString& reason);
     void failSilent();
     void endProcess();
-    void watchEnd();
     void end();
     [[nodiscard]] QString hostOf(int rank) const;
     [[nodiscard]] QString hostNames() const;
@@ -58,8 +58,7 @@ private:
     QByteArray m_setupBytes; ///< not sent yet
     std::map<int, EngineOutput> m_waiting;
     int m_nextResult = 0;
-    QTimer m_endWatch;
-    QElapsedTimer m_stopClock;
+    StagedEnd m_processEnd;
     bool m_isStopping = false;
     bool m_isEnded = false;
 };

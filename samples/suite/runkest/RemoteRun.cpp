@@ -21,7 +21,6 @@ namespace {
 // The login takes its time; the host may be silent for so long.
 constexpr int startLimit = 15000; // ms
 
-constexpr int endWatchInterval = 20; // ms
 
 QStringList resultSuffixes()
 {
@@ -43,23 +42,24 @@ QStringList placeOptions()
 
 } // namespace
 
-RemoteRun::RemoteRun() : ComponentProgram(QStringLiteral("runkest"), OptionGroup::Runkest)
+RemoteRun::RemoteRun()
+    : ComponentProgram(QStringLiteral("runkest"), OptionGroup::Runkest)
+    , m_processEnd(
+          {[this] { return m_process.isRunning(); }, {}, [this] { m_process.killGroup(); }})
 {
-    m_endWatch.setInterval(endWatchInterval);
-    connect(&m_endWatch, &QTimer::timeout, this, &RemoteRun::watchEnd);
+    connect(&m_processEnd, &StagedEnd::ended, this, &RemoteRun::finish);
     connect(&m_process, &FramedProcess::received, this, &RemoteRun::take);
     connect(&m_process, &FramedProcess::silent, this,
             [this] { failConnection(QStringLiteral("does not answer")); });
     connect(&m_process, &FramedProcess::broken, this, [this](const QString& text) {
         failConnection(QStringLiteral("runs no such component, it says '%1'").arg(text));
     });
-    connect(&m_process, &FramedProcess::done, this, &RemoteRun::endProcess);
+    connect(&m_process, &FramedProcess::ended, this, &RemoteRun::endProcess);
 }
 
 RemoteRun::~RemoteRun()
 {
-    m_process.disconnect(this);
-    m_process.signalGroup(SIGKILL);
+    m_process.killGroup();
 }
 
 bool RemoteRun::isAskedFor(const QStringList& arguments)
@@ -242,7 +242,7 @@ void RemoteRun::endProcess()
     if (!m_hasExitCode && isGood()) {
         const QString words = m_process.lastWords();
         const QString how =
-            m_process.error() == QProcess::FailedToStart
+            !m_process.startError().isEmpty()
                 ? QStringLiteral("cannot be reached, '%1' cannot be started")
                       .arg(RemoteShell::program())
                 : QStringLiteral("%1 (code %2)")
@@ -254,13 +254,13 @@ void RemoteRun::endProcess()
              QStringLiteral("the host '%1' ").arg(m_host->name()) + how +
                  (words.isEmpty() ? QString() : QStringLiteral(", ") + words));
     }
-    m_endWatch.stop();
+    m_processEnd.cancel();
     finish();
 }
 
 bool RemoteRun::stopWork()
 {
-    if (m_process.state() == QProcess::NotRunning) {
+    if (!m_process.isRunning()) {
         return false;
     }
     m_process.send(Frame::of(Frame::Type::Stop));
@@ -271,22 +271,9 @@ bool RemoteRun::stopWork()
 // The other end hears that nobody listens any more, ends all it has started and then itself.
 void RemoteRun::beginEnd()
 {
-    if (!m_endClock.isValid()) {
+    if (!m_processEnd.isActive()) {
         m_process.stopWatching();
-        m_process.closeWriteChannel();
-        m_endClock.start();
-        m_endWatch.start();
-    }
-}
-
-void RemoteRun::watchEnd()
-{
-    const qint64 elapsed = m_endClock.elapsed();
-    if (elapsed >= remoteRunStopTimes.asking) {
-        m_process.signalGroup(SIGKILL);
-    }
-    if (elapsed >= remoteRunStopTimes.givingUp) {
-        m_endWatch.stop();
-        finish();
+        m_process.closeInput();
+        m_processEnd.start(remoteRunStopTimes);
     }
 }

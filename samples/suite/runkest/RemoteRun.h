@@ -5,7 +5,7 @@
 
 #include <RemoteHost.h>
 
-#include <QElapsedTimer>
+#include <StagedEnd.h>
 
 #include <memory>
 
@@ -40,7 +40,6 @@ private:
     void failConnection(const QString& reason);
     void endProcess();
     void beginEnd();
-    void watchEnd();
 
     struct ResultFile
     {
@@ -54,7 +53,6 @@ private:
     bool m_hasMachines = false;
     suite::FramedProcess m_process;
     QVector<ResultFile> m_files; ///< not written yet
-    QTimer m_endWatch;
-    QElapsedTimer m_endClock;
+    StagedEnd m_processEnd;
     bool m_hasExitCode = false;
 };

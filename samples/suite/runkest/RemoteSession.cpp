@@ -107,7 +107,7 @@ void RemoteSession::run(const QString& name, QStringList arguments, bool hasMach
     m_run = process.get();
     m_run->setWorkingDirectory(m_folder->filePath(QStringLiteral("model")));
     connect(m_run, &ComponentRun::printed, this, &RemoteSession::passOn);
-    connect(m_run, &ComponentRun::done, this, &RemoteSession::endRun);
+    connect(m_run, &ComponentRun::ended, this, &RemoteSession::endRun);
     if (hasMachines) {
         arguments =
             QStringList{QStringLiteral("--machines-file"), m_folder->filePath(machinesName())} +
@@ -141,7 +141,7 @@ void RemoteSession::endRun()
     if (m_isStopping) {
         return;
     }
-    if (!m_run->hasEndedByItself()) {
+    if (!m_run->hasExited()) {
         m_channel.send(
             Frame::of(Frame::Type::Failure, QStringLiteral("lost the run, ") + m_run->error()));
     }

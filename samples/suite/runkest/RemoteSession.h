@@ -1,10 +1,10 @@
 #pragma once
 
-#include "ChildProcesses.h"
 #include "ComponentRun.h"
 #include "FrameChannel.h"
 #include "Heartbeat.h"
 
+#include <ChildProcesses.h>
 #include <TemporaryFolder.h>
 
 #include <optional>
@@ -40,7 +40,7 @@ private:
     suite::FrameChannel m_channel;
     suite::Heartbeat m_heartbeat;
     std::optional<suite::TemporaryFolder> m_folder;
-    suite::ChildProcesses m_processes;
+    ChildProcesses m_processes;
     suite::ComponentRun* m_run = nullptr; ///< owned by m_processes
     bool m_isStopping = false;
     bool m_isDone = false;

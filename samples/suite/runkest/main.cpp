@@ -3,13 +3,10 @@
 #include "Runkest.h"
 
 #include <ProgramArguments.h>
+#include <StopSignals.h>
 #include <WriteFailures.h>
 
-#include <KSignalHandler>
-
 #include <QCoreApplication>
-
-#include <csignal>
 
 namespace {
 
@@ -18,11 +15,7 @@ int runSession()
     RemoteSession session;
     QObject::connect(&session, &RemoteSession::finished, QCoreApplication::instance(),
                      &QCoreApplication::exit, Qt::QueuedConnection);
-    QObject::connect(KSignalHandler::self(), &KSignalHandler::signalReceived, &session,
-                     &RemoteSession::stop);
-    for (const int signal : {SIGTERM, SIGINT, SIGHUP}) {
-        KSignalHandler::self()->watchSignal(signal);
-    }
+    StopSignals::watch(&session, [&session] { session.stop(); });
     return QCoreApplication::exec();
 }
 

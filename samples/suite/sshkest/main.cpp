@@ -1,21 +1,16 @@
 #include "SshProgram.h"
 
+#include <ParentProcess.h>
+#include <ProgramStart.h>
 #include <RemoteShell.h>
 
-#include <QFile>
-
 #include <cerrno>
-#include <csignal>
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
 #include <optional>
-#include <string>
-#include <vector>
 
-#include <sys/prctl.h>
 #include <sys/wait.h>
-#include <unistd.h>
 
 namespace {
 
@@ -29,26 +24,18 @@ int hostPlace(int argc, char* argv[])
     return place;
 }
 
-std::vector<std::string> sshWords(int argc, char* argv[])
+QVector<QByteArray> sshWords(int argc, char* argv[])
 {
-    std::vector<std::string> result = {suite::RemoteShell::program().toLocal8Bit().toStdString()};
+    QVector<QByteArray> result = {suite::RemoteShell::program().toLocal8Bit()};
     const QStringList options = suite::SshProgram::options();
     for (const QString& option : options) {
-        result.push_back(option.toStdString());
+        result.append(option.toUtf8());
     }
-    result.emplace_back("--");
+    result.append("--");
     for (int i = hostPlace(argc, argv); i < argc; ++i) {
-        result.emplace_back(argv[i]);
+        result.append(argv[i]);
     }
     return result;
-}
-
-pid_t parentOf(pid_t process)
-{
-    QFile file(QStringLiteral("/proc/%1/stat").arg(process));
-    const QByteArray text = file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-    // The program's name in brackets may hold anything.
-    return text.mid(text.lastIndexOf(')') + 2).split(' ').value(1).toInt();
 }
 
 // Whether the guard that started mpiexec is still above this process: if mpiexec ended first, some
@@ -56,21 +43,17 @@ pid_t parentOf(pid_t process)
 bool isUnderGuard()
 {
     const int guard = qEnvironmentVariableIntValue("KEST_GUARD");
-    pid_t process = ::getppid();
-    while (guard != 0 && process > 1 && process != guard) {
-        process = parentOf(process);
-    }
-    return process > 1;
+    return guard == 0 || ParentProcess::isBelow(guard);
 }
 
 // As waitpid() gives it, however often signals interrupt the wait; none when the end of the process
 // cannot be known.
-std::optional<int> statusOf(pid_t process)
+std::optional<int> statusOf(qint64 process)
 {
     int status = 0;
     pid_t ended = -1;
     do {
-        ended = ::waitpid(process, &status, 0);
+        ended = ::waitpid(static_cast<pid_t>(process), &status, 0);
     } while (ended < 0 && errno == EINTR);
     return ended == process ? std::make_optional(status) : std::nullopt;
 }
@@ -78,24 +61,6 @@ std::optional<int> statusOf(pid_t process)
 int exitCodeOf(std::optional<int> status)
 {
     return status && WIFEXITED(*status) ? WEXITSTATUS(*status) : EXIT_FAILURE;
-}
-
-void endWithParent()
-{
-    ::prctl(PR_SET_PDEATHSIG, SIGKILL);
-}
-
-[[noreturn]] void becomeSsh(std::vector<std::string> words)
-{
-    std::vector<char*> pointers;
-    pointers.reserve(words.size() + 1);
-    for (std::string& word : words) {
-        pointers.push_back(word.data());
-    }
-    pointers.push_back(nullptr);
-    ::execvp(pointers.front(), pointers.data());
-    std::perror(pointers.front());
-    std::_Exit(EXIT_FAILURE);
 }
 
 } // namespace
@@ -110,27 +75,20 @@ int main(int argc, char* argv[])
         std::fputs("usage: sshkest [options] HOST COMMAND\n", stderr);
         return EXIT_FAILURE;
     }
-    endWithParent();
+    ParentProcess::endWithIt();
     if (!isUnderGuard()) {
         return EXIT_FAILURE;
     }
-    // Where children are ignored nobody knows how they end.
-    std::signal(SIGCHLD, SIG_DFL);
-    const pid_t parent = ::getpid();
-    const pid_t child = ::fork();
-    if (child < 0) {
-        std::fprintf(stderr, "sshkest: '%s' cannot be reached, no process can be started, %s\n",
-                     argv[place], std::strerror(errno));
+    ProgramStart ssh;
+    ssh.words = sshWords(argc, argv);
+    ssh.group = ProgramStart::Group::Same;
+    const ProgramStart::Result started = ssh.start();
+    if (started.error != 0) {
+        std::fprintf(stderr, "sshkest: '%s' cannot be reached, '%s' cannot be started, %s\n",
+                     argv[place], ssh.words.constFirst().constData(), std::strerror(started.error));
         return EXIT_FAILURE;
     }
-    if (child == 0) {
-        endWithParent();
-        if (::getppid() != parent) {
-            std::_Exit(EXIT_FAILURE);
-        }
-        becomeSsh(sshWords(argc, argv));
-    }
-    const int code = exitCodeOf(statusOf(child));
+    const int code = exitCodeOf(statusOf(started.process));
     if (code != EXIT_SUCCESS) {
         std::fprintf(stderr, "sshkest: '%s' cannot be reached any more by ssh (code %d)\n",
                      argv[place], code);

@@ -23,15 +23,7 @@ EngineJob::EngineJob(QString engine, const QString& folder, int number)
     : m_engine(std::move(engine)), m_number(number)
 {
     setWorkingDirectory(folder);
-    connect(this, qOverload<int, QProcess::ExitStatus>(&QProcess::finished), this, &EngineJob::end);
-    connect(
-        this, &QProcess::errorOccurred, this,
-        [this](QProcess::ProcessError error) {
-            if (error == QProcess::FailedToStart) {
-                end();
-            }
-        },
-        Qt::QueuedConnection);
+    connect(this, &ChildProcess::ended, this, &EngineJob::end);
 }
 
 void EngineJob::solve(const QByteArray& deck)
@@ -48,12 +40,8 @@ void EngineJob::solve(const QByteArray& deck)
 
 void EngineJob::end()
 {
-    if (m_isDone) {
-        return;
-    }
-    m_isDone = true;
     if (m_error.isEmpty()) {
-        if (QProcess::error() == QProcess::FailedToStart) {
+        if (!startError().isEmpty()) {
             m_error = QStringLiteral("the engine '%1' cannot be started").arg(m_engine);
         } else {
             readOutput();
@@ -90,7 +78,7 @@ void EngineJob::readOutput()
 QString EngineJob::exitError() const
 {
     QString how;
-    if (exitStatus() == QProcess::CrashExit) {
+    if (!hasExited()) {
         how = QStringLiteral("the engine crashed");
     } else if (exitCode() != 0) {
         how = QStringLiteral("the engine ended with code %1").arg(exitCode());

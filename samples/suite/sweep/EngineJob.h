@@ -34,7 +34,6 @@ private:
     int m_number;
     QByteArray m_output;
     QString m_error;
-    bool m_isDone = false;
 };
 
 } // namespace suite

@@ -10,33 +10,28 @@ constexpr int mostPrintedBytes = 4096;
 
 EngineProcess::EngineProcess(QObject* parent) : ChildProcess(parent)
 {
-    setProcessChannelMode(QProcess::MergedChannels);
-    setStandardInputFile(QProcess::nullDevice());
-    connect(this, &QProcess::readyReadStandardOutput, this, &EngineProcess::drain);
+    setErrors(Errors::WithOutput);
+    connect(this, &ChildProcess::outputRead, this, [this](const QByteArray& bytes) {
+        m_printed += bytes.left(mostPrintedBytes - m_printed.size());
+    });
 }
 
 void EngineProcess::startEngine(const QString& program, const QString& deckFile,
                                 const QString& outputFile)
 {
-    startInGroup(program, {QStringLiteral("-i"), deckFile, QStringLiteral("-o"), outputFile});
+    start(program, {QStringLiteral("-i"), deckFile, QStringLiteral("-o"), outputFile});
+}
+
+void EngineProcess::setPriority(Priority priority)
+{
+    if (const std::optional<int> niceValue = priority.niceValue()) {
+        setNiceValue(*niceValue);
+    }
 }
 
 QString EngineProcess::printedText() const
 {
     return QString::fromUtf8(m_printed).simplified();
-}
-
-// Runs in the child: only calls that are safe between fork and exec.
-void EngineProcess::setupChildProcess()
-{
-    ChildProcess::setupChildProcess();
-    m_priority.apply();
-}
-
-void EngineProcess::drain()
-{
-    const QByteArray bytes = readAllStandardOutput();
-    m_printed += bytes.left(mostPrintedBytes - m_printed.size());
 }
 
 } // namespace suite

@@ -1,7 +1,8 @@
 #pragma once
 
-#include "ChildProcess.h"
 #include "Priority.h"
+
+#include <ChildProcess.h>
 
 namespace suite {
 
@@ -17,18 +18,12 @@ public:
     void startEngine(const QString& program, const QString& deckFile, const QString& outputFile);
 
     /// The engine's priority; before its start.
-    void setPriority(Priority priority) { m_priority = priority; }
+    void setPriority(Priority priority);
 
     /// What the engine printed on its channels, up to a limit.
     [[nodiscard]] QString printedText() const;
 
-protected:
-    void setupChildProcess() override;
-
 private:
-    void drain();
-
-    Priority m_priority;
     QByteArray m_printed;
 };
 

@@ -1,10 +1,10 @@
 #pragma once
 
-#include "ChildProcesses.h"
 #include "Priority.h"
 #include "SweepDeck.h"
 #include "SweepRunner.h"
 
+#include <ChildProcesses.h>
 #include <TemporaryFolder.h>
 
 #include <map>

@@ -1,9 +1,9 @@
 #pragma once
 
-#include "ChildProcesses.h"
 #include "Priority.h"
 #include "SweepDeck.h"
 
+#include <ChildProcesses.h>
 #include <TemporaryFolder.h>
 
 #include <deque>
@@ -47,7 +47,7 @@ private:
     QString m_engine;
     QString m_engineError;
     std::optional<suite::TemporaryFolder> m_folder;
-    suite::ChildProcesses m_processes;
+    ChildProcesses m_processes;
     std::deque<int> m_queue;
     int m_index = -1; ///< what is solved at the moment
     bool m_isStopping = false;

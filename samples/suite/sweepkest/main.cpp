@@ -1,9 +1,8 @@
 #include "Dealer.h"
 #include "Worker.h"
 
+#include <StopSignals.h>
 #include <WriteFailures.h>
-
-#include <KSignalHandler>
 
 #include <QCoreApplication>
 
@@ -69,11 +68,7 @@ void connectEnds(SweepRank& rank)
         }
         leave(EXIT_FAILURE);
     });
-    QObject::connect(KSignalHandler::self(), &KSignalHandler::signalReceived, &rank,
-                     &SweepRank::stop);
-    for (const int signal : {SIGTERM, SIGINT, SIGHUP}) {
-        KSignalHandler::self()->watchSignal(signal);
-    }
+    StopSignals::watch(&rank, [&rank] { rank.stop(); });
 }
 
 } // namespace

@@ -1,8 +1,0 @@
-#include "StopSignals.h"
-
-#include <csignal>
-
-QVector<int> StopSignals::all()
-{
-    return {SIGINT, SIGTERM};
-}

@@ -1,0 +1,30 @@
+#pragma once
+
+#include "Pipe.h"
+
+#include <QObject>
+#include <QSocketNotifier>
+
+/// Reads a pipe from the event loop.
+class PipeReader : public QObject
+{
+    Q_OBJECT
+
+public:
+    explicit PipeReader(Descriptor readEnd);
+
+    /// Reads what is in the pipe at this moment and closes it. A process that never stops writing
+    /// does not keep the caller here.
+    void finish();
+
+Q_SIGNALS:
+    void bytesRead(const QByteArray& bytes);
+
+private:
+    /// Returns how many bytes were read.
+    int read(int most);
+    void close();
+
+    Descriptor m_readEnd;
+    QSocketNotifier m_notifier;
+};

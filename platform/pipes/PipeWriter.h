@@ -1,0 +1,32 @@
+#pragma once
+
+#include "Pipe.h"
+
+#include <QByteArray>
+#include <QObject>
+#include <QSocketNotifier>
+
+/// Writes into a pipe from the event loop, as fast as the other end reads.
+class PipeWriter : public QObject
+{
+    Q_OBJECT
+
+public:
+    /// A pipe without a reader must not end this program: see WriteFailures.
+    explicit PipeWriter(Descriptor writeEnd);
+
+    /// Nothing when the pipe is closed, or nobody reads it any more.
+    void write(const QByteArray& bytes);
+
+    /// Closes the pipe once all is written.
+    void close();
+
+private:
+    void writeSome();
+
+    Descriptor m_writeEnd;
+    QSocketNotifier m_notifier;
+    QByteArray m_unsent;
+    int m_start = 0; ///< of what is unsent
+    bool m_isClosing = false;
+};
