@@ -19,7 +19,6 @@
 #include <QLineEdit>
 #include <QPlainTextEdit>
 #include <QPushButton>
-#include <QScrollArea>
 #include <QSet>
 #include <QSettings>
 #include <QtTest>
@@ -382,34 +381,6 @@ private Q_SLOTS:
         QCOMPARE(QApplication::focusWidget(), editor(text("Kest.RemoteHost")));
         QTest::keyClick(m_dialog.get(), Qt::Key_P, Qt::AltModifier);
         QTRY_COMPARE(shown(editor(text("RunParallel"))), text("true"));
-    }
-
-    void everythingHasANameForThoseWhoHearIt()
-    {
-        open();
-        for (const QString& name : allNames()) {
-            QVERIFY2(!editor(name)->accessibleName().isEmpty(), qPrintable(name));
-            QVERIFY2(!editor(name)->toolTip().isEmpty(), qPrintable(name));
-        }
-        for (const char* const name : {"launchOptionsTabs", "preview", "configureMachines"}) {
-            QVERIFY2(!m_dialog->findChild<QWidget*>(text(name))->accessibleName().isEmpty(), name);
-        }
-    }
-
-    void fitsASmallScreen()
-    {
-        open();
-        QVERIFY(m_dialog->minimumSizeHint().width() <= 640);
-        QVERIFY(m_dialog->minimumSizeHint().height() <= 400);
-        m_dialog->resize(640, 400);
-        m_dialog->show();
-        for (int i = 0; i < tabs()->count(); ++i) {
-            tabs()->setCurrentIndex(i);
-            QApplication::processEvents();
-            const auto* const area = qobject_cast<QScrollArea*>(tabs()->widget(i));
-            QVERIFY2(area->widget()->width() <= area->viewport()->width(),
-                     qPrintable(tabs()->tabText(i))); // up and down only
-        }
     }
 
 private:

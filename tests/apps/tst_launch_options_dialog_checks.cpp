@@ -10,6 +10,7 @@
 #include <common_PropertyFactory.h>
 
 #include <QLabel>
+#include <QScrollArea>
 #include <QSettings>
 #include <QtTest>
 
@@ -259,6 +260,34 @@ private Q_SLOTS:
         QCOMPARE(file.value(text("options/Prekest.AdvancedOptions")).toString(), text("a\tb\nc"));
         QCOMPARE(file.value(text("options/EnvironmentVariables")).toString(), text("A=1\r\nB=\tx"));
         QCOMPARE(file.value(text("options/RunParallel")).toBool(), true);
+    }
+
+    void everythingHasANameForThoseWhoHearIt()
+    {
+        open();
+        for (const QString& name : allNames()) {
+            QVERIFY2(!editor(name)->accessibleName().isEmpty(), qPrintable(name));
+            QVERIFY2(!editor(name)->toolTip().isEmpty(), qPrintable(name));
+        }
+        for (const char* const name : {"launchOptionsTabs", "preview", "configureMachines"}) {
+            QVERIFY2(!m_dialog->findChild<QWidget*>(text(name))->accessibleName().isEmpty(), name);
+        }
+    }
+
+    void fitsASmallScreen()
+    {
+        open();
+        QVERIFY(m_dialog->minimumSizeHint().width() <= 640);
+        QVERIFY(m_dialog->minimumSizeHint().height() <= 400);
+        m_dialog->resize(640, 400);
+        m_dialog->show();
+        for (int i = 0; i < tabs()->count(); ++i) {
+            tabs()->setCurrentIndex(i);
+            QApplication::processEvents();
+            const auto* const area = qobject_cast<QScrollArea*>(tabs()->widget(i));
+            QVERIFY2(area->widget()->width() <= area->viewport()->width(),
+                     qPrintable(tabs()->tabText(i))); // up and down only
+        }
     }
 
 private:

@@ -4,6 +4,7 @@
 
 #include <BoxAnswerer.h>
 #include <NativeRun.h>
+
 #include <QFile>
 #include <QProcess>
 #include <QtTest>

@@ -1,6 +1,7 @@
 #include "Sweep.h"
 
 #include "EngineJob.h"
+#include "StopTimes.h"
 
 #include <MarkedFolders.h>
 
