@@ -17,10 +17,7 @@ namespace {
 
 constexpr int patience = 30000; // ms, of a loaded machine
 
-QString shell()
-{
-    return QStringLiteral("/bin/sh");
-}
+const QString shell = QStringLiteral("/bin/sh");
 
 QStringList script(const char* text)
 {
@@ -35,9 +32,8 @@ bool hasEnded(qint64 process)
 
 int openDescriptors()
 {
-    return static_cast<int>(QDir(QStringLiteral("/proc/self/fd"))
-                                .entryList(QDir::NoDotAndDotDot | QDir::System)
-                                .size());
+    const QDir folder(QStringLiteral("/proc/self/fd"));
+    return folder.entryList(QDir::NoDotAndDotDot | QDir::System).size();
 }
 
 /// A process and what it has told.
@@ -51,7 +47,7 @@ struct Child
                          [this](const QByteArray& bytes) { errors += bytes; });
     }
 
-    bool run(const char* text) { return process.start(shell(), script(text)) && waitForEnd(); }
+    bool run(const char* text) { return process.start(shell, script(text)) && waitForEnd(); }
 
     bool waitForEnd()
     {
@@ -160,7 +156,7 @@ private Q_SLOTS:
     {
         Child child;
         child.process.setInput(ChildProcess::Input::Written);
-        QVERIFY(child.process.start(shell(), script("exec 0<&-; echo up; sleep 0.2; exit 5")));
+        QVERIFY(child.process.start(shell, script("exec 0<&-; echo up; sleep 0.2; exit 5")));
         QTRY_COMPARE_WITH_TIMEOUT(child.output, QByteArray("up\n"), patience);
         child.process.write(QByteArray(1 << 20, 'x'));
         QVERIFY(child.waitForEnd());
@@ -310,7 +306,7 @@ private Q_SLOTS:
     {
         Child child;
         QVERIFY(child.process.start(
-            shell(), script("sleep 1000 & echo $!; (trap '' TERM; sleep 1000 & echo $!; wait) & "
+            shell, script("sleep 1000 & echo $!; (trap '' TERM; sleep 1000 & echo $!; wait) & "
                             "echo $!; wait")));
         const QVector<qint64> others = child.numbers(3);
         QCOMPARE(others.size(), 3);
@@ -327,7 +323,7 @@ private Q_SLOTS:
     void groupIsAskedToEnd()
     {
         Child child;
-        QVERIFY(child.process.start(shell(), script("sleep 1000 & echo $!; exec sleep 1000")));
+        QVERIFY(child.process.start(shell, script("sleep 1000 & echo $!; exec sleep 1000")));
         const QVector<qint64> others = child.numbers(1);
         QCOMPARE(others.size(), 1);
         child.process.terminateGroup();
@@ -349,7 +345,7 @@ private Q_SLOTS:
     void groupEndsWithTheObject()
     {
         auto child = std::make_unique<Child>();
-        QVERIFY(child->process.start(shell(), script("echo $$; sleep 1000 & echo $!; wait")));
+        QVERIFY(child->process.start(shell, script("echo $$; sleep 1000 & echo $!; wait")));
         const QVector<qint64> processes = child->numbers(2);
         QCOMPARE(processes.size(), 2);
         child.reset();
@@ -362,7 +358,7 @@ private Q_SLOTS:
         auto* const process = new ChildProcess;
         QPointer<ChildProcess> pointer(process);
         connect(process, &ChildProcess::ended, process, &QObject::deleteLater);
-        QVERIFY(process->start(shell(), script("exit 0")));
+        QVERIFY(process->start(shell, script("exit 0")));
         QTRY_VERIFY_WITH_TIMEOUT(!pointer, patience);
     }
 

@@ -4,6 +4,7 @@
 #include "OptionWords.h"
 #include "Progress.h"
 #include "SolvedImpedance.h"
+#include "StopTimes.h"
 
 using namespace suite;
 

@@ -1,5 +1,7 @@
 #include "EvaluationFarm.h"
 
+#include "StopTimes.h"
+
 #include <QSysInfo>
 
 #include <memory>

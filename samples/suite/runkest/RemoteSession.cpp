@@ -1,6 +1,7 @@
 #include "RemoteSession.h"
 
 #include "ModelFile.h"
+#include "StopTimes.h"
 
 #include <InputFile.h>
 #include <MarkedFolders.h>

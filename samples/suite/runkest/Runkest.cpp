@@ -2,6 +2,7 @@
 
 #include "OptionWords.h"
 #include "Progress.h"
+#include "StopTimes.h"
 #include "SweepReport.h"
 
 using namespace suite;

@@ -2,6 +2,7 @@
 
 #include "EngineJob.h"
 #include "EngineProgram.h"
+#include "StopTimes.h"
 
 #include <MarkedFolders.h>
 
