@@ -11,6 +11,7 @@ namespace suite {
 namespace {
 
 constexpr size_t longestShownCount = 40; // bytes
+constexpr size_t notFound = std::string_view::npos;
 
 std::string_view trimmed(std::string_view text)
 {
@@ -34,8 +35,8 @@ struct Halves
 
 Halves split(std::string_view entry)
 {
-    const size_t bracket = entry.front() == '[' ? entry.find(']') : entry.npos;
-    if (bracket != entry.npos) {
+    const size_t bracket = entry.front() == '[' ? entry.find(']') : notFound;
+    if (bracket != notFound) {
         const std::string_view rest = trimmed(entry.substr(bracket + 1));
         if (rest.empty() || rest.front() == ':') {
             return {entry.substr(1, bracket - 1), trimmed(rest.substr(rest.empty() ? 0 : 1)), true};
@@ -49,7 +50,7 @@ Halves split(std::string_view entry)
 QString hostError(const Halves& halves)
 {
     const QString error = HostName::error(halves.host);
-    const bool isAddress = halves.host.find(':') != halves.host.npos;
+    const bool isAddress = halves.host.find(':') != notFound;
     return error.isEmpty() && halves.hasBrackets && !isAddress
                ? QStringLiteral("brackets are for an address of IPv6")
                : error;
@@ -58,7 +59,7 @@ QString hostError(const Halves& halves)
 bool isNumber(std::string_view text)
 {
     const std::string_view digits = text.substr(text.front() == '-' ? 1 : 0);
-    return !digits.empty() && digits.find_first_not_of("0123456789") == digits.npos;
+    return !digits.empty() && digits.find_first_not_of("0123456789") == notFound;
 }
 
 // Of digits; too large a number is the largest.
@@ -72,7 +73,7 @@ int numberOf(std::string_view digits)
 QString countError(std::string_view count)
 {
     if (!isNumber(count)) {
-        return count.find(':') != count.npos
+        return count.find(':') != notFound
                    ? QStringLiteral("more than one colon; an address of IPv6 stands in brackets")
                    : QStringLiteral("\"%1\" is no number of processes")
                          .arg(fromUtf8(count.substr(0, longestShownCount)));

@@ -14,8 +14,9 @@ namespace {
 
 QString shownEntries(const QJsonObject& report)
 {
+    const QJsonArray entries = report.value(text("entries")).toArray();
     QStringList result;
-    for (const QJsonValue& value : report.value(text("entries")).toArray()) {
+    for (const auto& value : entries) {
         const QJsonObject entry = value.toObject();
         result.append(QStringLiteral("%1 %2 %3")
                           .arg(entry.value(text("line")).toInt())
@@ -27,8 +28,9 @@ QString shownEntries(const QJsonObject& report)
 
 QString shownFindings(const QJsonObject& report)
 {
+    const QJsonArray findings = report.value(text("findings")).toArray();
     QStringList result;
-    for (const QJsonValue& value : report.value(text("findings")).toArray()) {
+    for (const auto& value : findings) {
         const QJsonObject finding = value.toObject();
         result.append(QString::number(finding.value(text("line")).toInt()) + QLatin1Char(' ') +
                       finding.value(text("severity")).toString() + text(" [") +
