@@ -1,5 +1,5 @@
 #include "BatchTest.h"
-#include "RunObstacles.h"
+#include "RunEndings.h"
 
 #include <TestRandom.h>
 

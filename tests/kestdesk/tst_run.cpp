@@ -1,4 +1,4 @@
-#include "RunObstacles.h"
+#include "RunEndings.h"
 #include "RunStage.h"
 
 #include <Descendants.h>

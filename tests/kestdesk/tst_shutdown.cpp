@@ -26,10 +26,7 @@ private:
         return run;
     }
 
-    void note(void (Shutdown::*signal)(), const char* name)
-    {
-        connect(m_shutdown.get(), signal, this, [this, name] { m_signals.append(text(name)); });
-    }
+    void note(const char* name) { m_signals.append(text(name)); }
 
     QString signalsSoFar() const { return m_signals.join(QLatin1Char(' ')); }
 
@@ -41,10 +38,10 @@ private Q_SLOTS:
         m_stage = std::make_unique<RunStage>();
         m_shutdown = std::make_unique<Shutdown>();
         m_signals.clear();
-        note(&Shutdown::stopping, "stopping");
-        note(&Shutdown::runsEnded, "runsEnded");
-        note(&Shutdown::clearing, "clearing");
-        note(&Shutdown::done, "done");
+        connect(m_shutdown.get(), &Shutdown::stopping, this, [this] { note("stopping"); });
+        connect(m_shutdown.get(), &Shutdown::runsEnded, this, [this] { note("runsEnded"); });
+        connect(m_shutdown.get(), &Shutdown::clearing, this, [this] { note("clearing"); });
+        connect(m_shutdown.get(), &Shutdown::done, this, [this] { note("done"); });
     }
 
     void cleanup() { QTRY_COMPARE_WITH_TIMEOUT(m_stage->desk().processes(), QStringList(), 10000); }

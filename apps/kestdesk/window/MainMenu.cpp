@@ -107,7 +107,11 @@ void MainMenu::addAction(const ActionRow& row)
     if (*row.icon != '\0') {
         entry->setIcon(icon(row.icon));
     }
-    connect(entry, row.isCheckable ? &QAction::toggled : &QAction::triggered, this, row.signal);
+    if (row.isCheckable) {
+        connect(entry, &QAction::toggled, this, row.signal);
+    } else {
+        connect(entry, &QAction::triggered, this, row.signal);
+    }
 }
 
 // Behind the entry that opens a file.
