@@ -1,3 +1,4 @@
+#include "ApplicationDescription.h"
 #include "ApplicationRequest.h"
 #include "PictureOptions.h"
 
@@ -176,7 +177,8 @@ private Q_SLOTS:
         QFETCH(QString, typed);
         QFETCH(QSize, size);
         QCommandLineParser parser;
-        for (const ApplicationOption& own : pictureOptions.options()) {
+        const QVector<ApplicationOption> options = pictureOptions.options();
+        for (const ApplicationOption& own : options) {
             parser.addOption(own.option);
         }
         QVERIFY(parser.parse({text("program"), text("--size"), typed}));
@@ -193,7 +195,8 @@ private Q_SLOTS:
     void sizeIsTheUsualOneWhereNoneIsGiven()
     {
         QCommandLineParser parser;
-        for (const ApplicationOption& own : pictureOptions.options()) {
+        const QVector<ApplicationOption> options = pictureOptions.options();
+        for (const ApplicationOption& own : options) {
             parser.addOption(own.option);
         }
         QVERIFY(parser.parse({text("program")}));

@@ -1,36 +1,17 @@
 #pragma once
 
 #include "ApplicationIdentity.h"
+#include "ApplicationOption.h"
+#include "ApplicationTask.h"
 #include "SubcommandGroup.h"
+#include "WindowSystem.h"
 
-#include <QCommandLineOption>
+#include <QString>
 #include <QVector>
 
 #include <functional>
 
 class QCommandLineParser;
-
-/// What an application object needs.
-enum class WindowSystem {
-    None,      ///< nothing but the standard streams
-    Offscreen, ///< widgets are drawn but never shown
-    Display,   ///< widgets are shown
-};
-
-/// What an application is to do.
-struct ApplicationTask
-{
-    QString problem;          ///< why the command line is refused; empty when it is not
-    std::function<int()> run; ///< does it and returns the exit code; empty when there is a problem
-};
-
-/// An option that only one application has.
-struct ApplicationOption
-{
-    QCommandLineOption option;
-    bool needsNonInteractive = false;
-    QString windowHint; ///< what the window has in place of it; may be empty
-};
 
 /// What distinguishes an application of the suite from the others: its texts, its options, and what
 /// it does. ApplicationStart::run() does the rest.

@@ -1,5 +1,6 @@
 #include "ApplicationRequest.h"
 
+#include "ApplicationDescription.h"
 #include "QtOptions.h"
 
 #include <QCommandLineParser>

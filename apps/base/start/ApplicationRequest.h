@@ -1,8 +1,11 @@
 #pragma once
 
-#include "ApplicationDescription.h"
+#include "ApplicationTask.h"
+#include "WindowSystem.h"
 
 #include <QStringList>
+
+struct ApplicationDescription;
 
 /// What the words of a command line ask an application for.
 struct ApplicationRequest

@@ -1,5 +1,6 @@
 #include "ApplicationStart.h"
 
+#include "ApplicationDescription.h"
 #include "ApplicationRequest.h"
 #include "Display.h"
 #include "ErrorOutput.h"

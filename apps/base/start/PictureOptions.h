@@ -1,8 +1,11 @@
 #pragma once
 
-#include "ApplicationDescription.h"
+#include "ApplicationOption.h"
 
 #include <QSize>
+#include <QVector>
+
+class QCommandLineParser;
 
 /// The options --output and --size of an application that writes a picture without a window.
 struct PictureOptions

@@ -1,0 +1,8 @@
+#pragma once
+
+/// What an application object needs.
+enum class WindowSystem {
+    None,      ///< nothing but the standard streams
+    Offscreen, ///< widgets are drawn but never shown
+    Display,   ///< widgets are shown
+};
