@@ -18,7 +18,7 @@ class Load
 public:
     Load()
     {
-        constexpr int each = 4;
+        constexpr int each = 2;
         const int count = each * QThread::idealThreadCount();
         for (int i = 0; i < count; ++i) {
             m_threads.emplace_back([this] {
@@ -96,7 +96,7 @@ private Q_SLOTS:
         QElapsedTimer clock;
         clock.start();
         const Stopwatch stopwatch;
-        work(200);
+        work(100);
         QVERIFY2(stopwatch.elapsed() <= clock.elapsed() * 3 / 4,
                  qPrintable(QStringLiteral("%1 of %2 milliseconds")
                                 .arg(stopwatch.elapsed())
@@ -112,7 +112,7 @@ private Q_SLOTS:
         QElapsedTimer clock;
         clock.start();
         const UnloadedClock unloaded;
-        work(500);
+        work(200);
         QVERIFY2(unloaded.elapsed() <= clock.elapsed() * 3 / 4,
                  qPrintable(QStringLiteral("%1 of %2 milliseconds")
                                 .arg(unloaded.elapsed())
