@@ -31,11 +31,11 @@ public:
     /// not exist: QDir::tempPath() would give "" then, and so the root folder.
     static QString place();
 
-    /// The sentence that tells of the place when it is no folder at all, or else empty. Then Qt
+    /// The sentence that reports the place when it is no folder at all, or else empty. Then Qt
     /// takes the root folder in its place.
     static QString placeProblem();
 
-    /// Whether more can be written into such a folder: the sentence that tells of its place when
+    /// Whether more can be written into such a folder: the sentence that reports its place when
     /// not, or else empty.
     static QString writeProblem(const QString& folder);
 
