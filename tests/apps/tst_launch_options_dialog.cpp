@@ -5,7 +5,7 @@
 #include <LaunchOptionTable.h>
 #include <LaunchOptionsDialog.h>
 #include <LaunchOptionsFile.h>
-#include <OptionRules.h>
+#include <NumberBox.h>
 
 #include <common_PropertyFactory.h>
 #include <common_PropertyMetaData.h>

@@ -307,7 +307,7 @@ private Q_SLOTS:
         Child child;
         QVERIFY(child.process.start(
             shell, script("sleep 1000 & echo $!; (trap '' TERM; sleep 1000 & echo $!; wait) & "
-                            "echo $!; wait")));
+                          "echo $!; wait")));
         const QVector<qint64> others = child.numbers(3);
         QCOMPARE(others.size(), 3);
         QVERIFY(child.process.isGroupAlive());

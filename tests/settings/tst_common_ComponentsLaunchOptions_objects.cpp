@@ -9,7 +9,6 @@
 #include <QRegularExpression>
 #include <QtTest>
 
-
 namespace {
 
 QString hostKey()

@@ -21,7 +21,6 @@ namespace {
 // The login takes its time; the host may be silent for so long.
 constexpr int startLimit = 15000; // ms
 
-
 QStringList resultSuffixes()
 {
     return {QStringLiteral("out"), QStringLiteral("csv"), QStringLiteral("pre")};
