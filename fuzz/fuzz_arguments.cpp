@@ -2,9 +2,39 @@
 
 #include "Fuzzing.h"
 
+#include <ApplicationRequest.h>
 #include <CommandLine.h>
 
+#include <QCommandLineParser>
 #include <QCoreApplication>
+
+namespace {
+
+// The files that a task of the application has been made for.
+struct SeenFiles
+{
+    bool isWindow = false;
+    bool isBatch = false;
+    QStringList files;
+};
+
+ApplicationDescription observed(SeenFiles& seen)
+{
+    ApplicationDescription result = CommandLine::application();
+    const auto windowTask = result.windowTask;
+    const auto batchTask = result.nonInteractiveTask;
+    result.windowTask = [&seen, windowTask](const QCommandLineParser& parser) {
+        seen = {true, false, parser.positionalArguments()};
+        return windowTask(parser);
+    };
+    result.nonInteractiveTask = [&seen, batchTask](const QCommandLineParser& parser) {
+        seen = {false, true, parser.positionalArguments()};
+        return batchTask(parser);
+    };
+    return result;
+}
+
+} // namespace
 
 void fuzz(FuzzedInput input)
 {
@@ -13,17 +43,22 @@ void fuzz(FuzzedInput input)
     while (!input.isAtEnd()) {
         arguments.append(FuzzedInput::decoded(input.line()));
     }
-    using Request = CommandLine::Request;
-    const CommandLine line = CommandLine::parse(arguments);
-    require(line.request != Request::Refuse || !line.text.isEmpty(), "a refusal says why");
-    require(line.request != Request::ShowText || !line.text.isEmpty(), "there is text to show");
-    require(line.request != Request::RunModels || (line.component && !line.models.isEmpty()),
-            "a run has a component and a model");
-    require(line.request != Request::ShowWindow || line.models.size() <= 1,
-            "the window takes one model");
-    require(CommandLine::asksForWindow(arguments) == (line.request == Request::ShowWindow),
-            "the first look at the command line sees what the second sees");
-    for (const QString& model : line.models) {
-        require(arguments.contains(model), "a model is one of the arguments");
+    SeenFiles seen;
+    const ApplicationDescription application = observed(seen);
+    const ApplicationRequest request = ApplicationRequest::read(application, arguments);
+    const bool isRefused = !request.task.problem.isEmpty();
+    const bool isOfATask = !isRefused && (seen.isWindow || seen.isBatch);
+    require(isRefused || request.task.run, "there is something to do, or a refusal says why");
+    require(!isRefused || !request.isQuestion, "an answer is no refusal");
+    require(!isOfATask || !seen.isBatch || !seen.files.isEmpty(), "a run has a model");
+    require(!isOfATask || !seen.isWindow || seen.files.size() <= 1, "the window takes one model");
+    require(!isOfATask || (request.windowSystem == WindowSystem::Display) == seen.isWindow,
+            "a display is needed for the window alone");
+    for (const QString& file : qAsConst(seen.files)) {
+        require(arguments.contains(file), "a model is one of the arguments");
     }
+    const ApplicationRequest second = ApplicationRequest::read(application, arguments);
+    require(second.windowSystem == request.windowSystem &&
+                second.task.problem == request.task.problem,
+            "the first look at the command line sees what the second sees");
 }

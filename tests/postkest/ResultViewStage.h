@@ -35,7 +35,7 @@ protected:
         m_view->show();
         QVERIFY(QTest::qWaitForWindowExposed(m_view.get()));
         m_charts = m_view->findChildren<QuantityChart*>();
-        QCOMPARE(m_charts.size(), quantityCount);
+        QCOMPARE(m_charts.size(), suite::quantityCount);
     }
 
     QtCharts::QValueAxis* axisOf(int place, Qt::Orientation orientation) const
