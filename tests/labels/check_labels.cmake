@@ -2,6 +2,7 @@
 # of a unit test starts a process or opens a window.
 cmake_minimum_required(VERSION 3.21)
 set(errors "")
+separate_arguments(LABELS)
 
 execute_process(
     COMMAND ${CTEST} --test-dir ${BUILD_DIRECTORY} -C Faults --show-only=json-v1

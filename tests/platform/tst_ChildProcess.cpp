@@ -116,6 +116,7 @@ private Q_SLOTS:
         ::close(own);
         QVERIFY(isRun);
         QCOMPARE(child.output, QByteArray("out\n"));
+        file.seek(0); // the child has written from the same position on
         QCOMPARE(file.readAll(), QByteArray("err\n"));
     }
 
