@@ -16,11 +16,11 @@ void fuzz(FuzzedInput input)
                 "an impedance is finite");
         require(impedance.standingWaveRatio() >= 1, "no wave ratio is below 1");
     }
-    const QStringList complaints = output.complaints();
-    for (const QString& complaint : complaints) {
-        require(!complaint.contains(QLatin1Char('\n')), "a complaint is one line");
+    const QStringList errors = output.errorLines();
+    for (const QString& error : errors) {
+        require(!error.contains(QLatin1Char('\n')), "an error is one line");
     }
-    require(complaints.size() <= 5, "complaints are limited");
+    require(errors.size() <= 5, "errors are limited");
     require(output.stableBytes().size() <= bytes.size() + 1, "nothing is added to the output");
     require(output.stableBytes().endsWith(output.stableBytesFromFrequency()),
             "what a further frequency adds is the end of the output");

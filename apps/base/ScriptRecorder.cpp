@@ -30,14 +30,14 @@ void ScriptRecorder::recordCommand(common_ActivePtr<common_DomainEntity> entity,
     suite::InputFile place(m_fileName);
     QFile file(m_fileName);
     if (!place.checkPlace()) {
-        complain(place.reason()); // a pipe would wait for a reader
+        reportError(place.reason()); // a pipe would wait for a reader
     } else if (!file.open(QIODevice::WriteOnly | QIODevice::Append | QIODevice::Unbuffered) ||
                !suite::writeAll(file, line)) {
-        complain(file.errorString());
+        reportError(file.errorString());
     }
 }
 
-void ScriptRecorder::complain(const QString& reason) const
+void ScriptRecorder::reportError(const QString& reason) const
 {
     std::fprintf(stderr, "%s: cannot record to %s: %s\n", qPrintable(m_applicationName),
                  qPrintable(suite::visiblePath(m_fileName)), qPrintable(reason));

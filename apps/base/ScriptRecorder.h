@@ -9,7 +9,7 @@
 class ScriptRecorder : public common_IScriptRecorder
 {
 public:
-    /// The name is that of the application, for complaints.
+    /// The name is that of the application, for error messages.
     explicit ScriptRecorder(QString applicationName);
 
     /// Whether a file is named.
@@ -19,7 +19,7 @@ public:
                        const QString& command) override;
 
 private:
-    void complain(const QString& reason) const;
+    void reportError(const QString& reason) const;
 
     QString m_applicationName;
     QString m_fileName;

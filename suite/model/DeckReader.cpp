@@ -58,13 +58,13 @@ Deck DeckReader::readFile(const ModelFile& model)
     InputFile file(model.path());
     const std::optional<QByteArray> bytes = file.read(largestDeck);
     if (!bytes) {
-        tellProblem(file);
+        reportProblem(file);
         return {};
     }
     return readBytes(*bytes);
 }
 
-void DeckReader::tellProblem(const InputFile& file)
+void DeckReader::reportProblem(const InputFile& file)
 {
     switch (file.problem()) {
     case InputFile::Problem::Missing:

@@ -23,7 +23,7 @@ public:
     Deck readBytes(const QByteArray& bytes);
 
 private:
-    void tellProblem(const InputFile& file);
+    void reportProblem(const InputFile& file);
     void tellTooLarge();
     bool isText(const QByteArray& bytes);
     void readLine(const QByteArray& line);

@@ -32,8 +32,8 @@ public:
     /// All that is left, the program's name first.
     QStringList words() const;
 
-    /// What to add to a complaint about the command line: that one of its words would be a file if
-    /// it were written in another way. Empty when there is none.
+    /// What to add to an error message about the command line: that one of its words would be a
+    /// file if it were written in another way. Empty when there is none.
     QString hint() const;
 
 private:

@@ -1,8 +1,9 @@
 #include "OptionsStage.h"
 
+#include <TestRandom.h>
+
 #include <KEST_binfiles.h>
 
-#include <QRandomGenerator>
 #include <QSysInfo>
 
 #include <csignal>
@@ -133,11 +134,12 @@ private Q_SLOTS:
     void theNextOneIsNotRefusedAfterAKill()
     {
         const int kills = qEnvironmentVariableIsSet("KEST_FULL_TESTS") ? 250 : 15;
+        QRandomGenerator random = TestRandom::anew();
         for (int kill = 0; kill < kills; ++kill) {
             QProcess writer;
             start(writer, text(KESTDESK), {text("options"), text("set"), text("FarmOut=true")});
             QVERIFY(writer.waitForStarted());
-            QTest::qSleep(QRandomGenerator::global()->bounded(10, 80));
+            QTest::qSleep(random.bounded(10, 80));
             QCOMPARE(::kill(static_cast<pid_t>(writer.processId()), SIGKILL), 0);
             const Result next = options({text("set"), text("--wait=0"), text("RunRemote=true")});
             QCOMPARE(next.errors, QString());

@@ -33,7 +33,7 @@ QStringList unlistedFiles(const QFileDialog& dialog)
     return result;
 }
 
-void tellUnlisted(const QFileDialog& dialog, QWidget* parent)
+void reportUnlisted(const QFileDialog& dialog, QWidget* parent)
 {
     const QStringList names = unlistedFiles(dialog);
     if (names.isEmpty()) {
@@ -57,7 +57,7 @@ QStringList choose(QFileDialog& dialog, QWidget* parent)
 {
     QStringList result;
     if (dialog.exec() != QDialog::Accepted) {
-        tellUnlisted(dialog, parent);
+        reportUnlisted(dialog, parent);
         return result;
     }
     const QList<QUrl> urls = dialog.selectedUrls();

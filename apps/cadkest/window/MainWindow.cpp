@@ -74,11 +74,11 @@ MainWindow::MainWindow(QWidget* parent)
     m_renderingName->setContentsMargins(0, 0, statusMargin, 0);
     statusBar()->addPermanentWidget(m_renderingName);
     makeMenus();
-    tellRendering(QString());
+    showRendering(QString());
     resize(900, 700);
     m_view->setFocus();
     connect(m_watcher, &ModelWatcher::changed, this, &MainWindow::reload);
-    connect(m_view, &SceneView::hardwareFailed, this, &MainWindow::tellRendering);
+    connect(m_view, &SceneView::hardwareFailed, this, &MainWindow::showRendering);
 }
 
 void MainWindow::openModel(const QString& name)
@@ -103,7 +103,7 @@ void MainWindow::addRecentMenu(RecentMenu* menu)
 bool MainWindow::setRendering(Rendering rendering)
 {
     const QString error = m_view->setRendering(rendering);
-    tellRendering(error);
+    showRendering(error);
     return error.isEmpty();
 }
 
@@ -174,7 +174,7 @@ void MainWindow::showModel(const QString& name, bool isNew)
     const ReadModel model = readModel(name);
     const QString fileName = suite::visibleFileName(model.path);
     const bool isShown = model.errors.isEmpty() || !model.scene.structure.wires.isEmpty();
-    tellErrors(isShown ? fileName : suite::visiblePath(model.path), model.errors, isShown);
+    showErrors(isShown ? fileName : suite::visiblePath(model.path), model.errors, isShown);
     if (isNew && (isShown || m_path.isEmpty())) {
         // Also one that is not there yet: it is shown as soon as it can be read.
         m_path = model.path;
@@ -191,7 +191,7 @@ void MainWindow::showModel(const QString& name, bool isNew)
     }
 }
 
-void MainWindow::tellErrors(const QString& name, const QStringList& errors, bool isShown)
+void MainWindow::showErrors(const QString& name, const QStringList& errors, bool isShown)
 {
     if (errors.isEmpty()) {
         setMessage(m_modelMessage, QString());
@@ -207,7 +207,7 @@ void MainWindow::tellErrors(const QString& name, const QStringList& errors, bool
     setMessage(m_modelMessage, lines.join(QLatin1Char('\n')));
 }
 
-void MainWindow::tellRendering(const QString& error)
+void MainWindow::showRendering(const QString& error)
 {
     m_renderingName->setText(renderingName(m_view->rendering()));
     setMessage(

@@ -42,7 +42,7 @@ public:
     bool setRendering(Rendering rendering);
 
     /// Tells the user why hardware rendering, which was asked for, is not to be had.
-    void refuseHardware(const QString& reason) { tellRendering(reason); }
+    void refuseHardware(const QString& reason) { showRendering(reason); }
 
 Q_SIGNALS:
     /// A model was opened, by the user or by openModel().
@@ -52,8 +52,8 @@ private:
     void makeMenus();
     void makeViewMenu();
     void showModel(const QString& name, bool isNew);
-    void tellErrors(const QString& name, const QStringList& errors, bool isShown);
-    void tellRendering(const QString& error);
+    void showErrors(const QString& name, const QStringList& errors, bool isShown);
+    void showRendering(const QString& error);
     void askForModel();
     void savePicture();
 

@@ -39,7 +39,7 @@ HostCheck::HostCheck(QString host, int processes, int limitSeconds)
         onAnswerPart();
     });
     connect(&m_process, &ChildProcess::errorsRead, this, [this](const QByteArray& bytes) {
-        m_complaints += bytes;
+        m_errorOutput += bytes;
         onAnswerPart();
     });
     connect(&m_process, &ChildProcess::ended, this, &HostCheck::onAnswered);
@@ -102,7 +102,7 @@ void HostCheck::ask()
 
 void HostCheck::onAnswerPart()
 {
-    if (m_answer.size() + m_complaints.size() > longestAnswer && !m_done) {
+    if (m_answer.size() + m_errorOutput.size() > longestAnswer && !m_done) {
         fail(QStringLiteral("answers without end"));
     }
 }
@@ -112,17 +112,17 @@ void HostCheck::onAnswered()
     if (m_done) {
         return;
     }
-    const QString complaint = lastLine(m_complaints);
+    const QString lastError = lastLine(m_errorOutput);
     if (!m_process.startError().isEmpty()) {
         fail(
             QStringLiteral("cannot start %1: %2").arg(m_process.program(), m_process.startError()));
     } else if (!m_process.hasExited()) {
         fail(QStringLiteral("%1 crashed").arg(m_process.program()));
     } else if (m_process.exitCode() != 0) {
-        fail(complaint.isEmpty() ? QStringLiteral("%1 ended with exit code %2")
+        fail(lastError.isEmpty() ? QStringLiteral("%1 ended with exit code %2")
                                        .arg(m_process.program())
                                        .arg(m_process.exitCode())
-                                 : complaint);
+                                 : lastError);
     } else {
         compare(lastLine(m_answer).toInt());
     }

@@ -56,7 +56,7 @@ private:
     QTimer m_timer;
     ChildProcess m_process;
     QByteArray m_answer;
-    QByteArray m_complaints;
+    QByteArray m_errorOutput;
     bool m_lookingUp = false;
     bool m_done = false;
     Outcome m_outcome = Outcome::Error;

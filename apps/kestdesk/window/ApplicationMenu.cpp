@@ -62,7 +62,7 @@ QStringList resultsOf(const WindowRun* run)
     return run == nullptr ? QStringList() : existing(run->results());
 }
 
-void complain(const QString& title, const QString& text, QWidget* window)
+void reportError(const QString& title, const QString& text, QWidget* window)
 {
     common_UserQuery(title, text, common_UserQuery::Error, window, QString()).display();
 }
@@ -180,7 +180,7 @@ void ApplicationMenu::launchOnModel(Application application)
 {
     const QFileInfo model(m_model);
     if (!model.isFile() || !model.isReadable()) {
-        complain(QStringLiteral("Model not opened"), UnreadableModel::text(m_model), m_window);
+        reportError(QStringLiteral("Model not opened"), UnreadableModel::text(m_model), m_window);
         return;
     }
     launch(application, {model.absoluteFilePath()});
@@ -190,9 +190,10 @@ void ApplicationMenu::launchOnResults(const QStringList& results)
 {
     const QStringList files = existing(results);
     if (files.isEmpty()) {
-        complain(QStringLiteral("No results"),
-                 QStringLiteral("These results are no longer there:\n%1").arg(nativeLines(results)),
-                 m_window);
+        reportError(
+            QStringLiteral("No results"),
+            QStringLiteral("These results are no longer there:\n%1").arg(nativeLines(results)),
+            m_window);
         return;
     }
     launch(Launcher::PostKest, files);

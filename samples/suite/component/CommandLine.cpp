@@ -181,7 +181,7 @@ QString CommandLine::readValue(const OptionRow& row)
     }
     const bool isMissing = m_words.isEmpty() || next.startsWith(QLatin1String("--"));
     if (isMissing) {
-        complain(QStringLiteral("the value is missing of option"), name);
+        reportError(QStringLiteral("the value is missing of option"), name);
         return {};
     }
     m_errors.append(QStringLiteral("option %1 needs %2 and has '%3'")
@@ -194,7 +194,7 @@ void CommandLine::readModel(const QString& word)
 {
     const bool looksLikeOption = word.startsWith(QLatin1Char('-'));
     if (looksLikeOption && (!m_model.isEmpty() || !QFileInfo::exists(word))) {
-        complain(QStringLiteral("unknown option"), word);
+        reportError(QStringLiteral("unknown option"), word);
     } else {
         setModel(word);
     }
@@ -205,11 +205,11 @@ void CommandLine::setModel(const QString& word)
     if (m_model.isEmpty()) {
         m_model = word;
     } else {
-        complain(QStringLiteral("unexpected argument"), word);
+        reportError(QStringLiteral("unexpected argument"), word);
     }
 }
 
-void CommandLine::complain(const QString& problem, const QString& word)
+void CommandLine::reportError(const QString& problem, const QString& word)
 {
     m_errors.append(problem + QStringLiteral(" '%1'").arg(excerpt(word)));
 }

@@ -43,7 +43,7 @@ private:
     QString readValue(const OptionRow& row);
     void readModel(const QString& word);
     void setModel(const QString& word);
-    void complain(const QString& problem, const QString& word);
+    void reportError(const QString& problem, const QString& word);
 
     OptionGroup m_group;
     QVector<OptionGroup> m_groups; ///< those that a switch has led away from

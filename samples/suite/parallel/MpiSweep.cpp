@@ -146,10 +146,10 @@ void MpiSweep::takeResult(const Frame& frame)
         return;
     }
     m_waiting.emplace(index, output);
-    tellResults();
+    reportResults();
 }
 
-void MpiSweep::tellResults()
+void MpiSweep::reportResults()
 {
     while (!m_isStopping && m_waiting.count(m_nextResult) != 0) {
         const EngineOutput output = m_waiting.at(m_nextResult);

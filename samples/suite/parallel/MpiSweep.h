@@ -42,7 +42,7 @@ private:
     void take(const Frame& frame);
     void takeResult(const Frame& frame);
     void takeErrorLine(const QString& line);
-    void tellResults();
+    void reportResults();
     void fail(const QString& reason);
     void failBroken(const QString& reason);
     void failSilent();

@@ -86,7 +86,7 @@ QString EngineJob::exitError() const
         return {};
     }
     QStringList parts = {how};
-    parts += EngineOutput(m_output).complaints();
+    parts += EngineOutput(m_output).errorLines();
     if (!printedText().isEmpty()) {
         parts += printedText();
     }

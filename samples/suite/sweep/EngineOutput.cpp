@@ -73,7 +73,7 @@ void EngineOutput::findImpedance()
     }
 }
 
-QStringList EngineOutput::complaints() const
+QStringList EngineOutput::errorLines() const
 {
     QStringList result;
     for (const QByteArray& line : m_lines) {

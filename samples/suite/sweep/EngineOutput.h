@@ -17,8 +17,8 @@ public:
     [[nodiscard]] bool hasImpedance() const { return m_hasImpedance; }
     [[nodiscard]] Impedance impedance() const { return m_impedance; }
 
-    /// Lines in which the engine complains.
-    [[nodiscard]] QStringList complaints() const;
+    /// Lines in which the engine reports errors.
+    [[nodiscard]] QStringList errorLines() const;
 
     /// The output without the lines that change from run to run.
     [[nodiscard]] QByteArray stableBytes() const;

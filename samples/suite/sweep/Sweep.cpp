@@ -82,10 +82,10 @@ void Sweep::finishJob(int index)
         return;
     }
     m_waiting.emplace(index, output);
-    tellResults();
+    reportResults();
 }
 
-void Sweep::tellResults()
+void Sweep::reportResults()
 {
     while (!m_stopping && m_waiting.count(m_nextResult) != 0) {
         const EngineOutput output = m_waiting.at(m_nextResult);

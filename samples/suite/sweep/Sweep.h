@@ -31,7 +31,7 @@ private:
     void startJobs();
     void startJob(int index);
     void finishJob(int index);
-    void tellResults();
+    void reportResults();
     void fail(int index, const QString& reason);
     void endStopped();
 
