@@ -42,7 +42,23 @@ function(kest_strict target)
         QT_NO_CAST_FROM_ASCII QT_NO_CAST_TO_ASCII QT_NO_CAST_FROM_BYTEARRAY
         QT_NO_URL_CAST_FROM_STRING QT_NO_KEYWORDS QT_DEPRECATED_WARNINGS
         QT_DISABLE_DEPRECATED_BEFORE=0x050e00)
+    if(KEST_PRECOMPILED_HEADERS AND NOT target STREQUAL "kest_precompiled")
+        target_precompile_headers(${target} REUSE_FROM kest_precompiled)
+    endif()
 endfunction()
+
+# Qt Core's headers, compiled once for all of the project's sources: half of the time of a build.
+# The presets without-samples and fuzz do without it, so a source that forgets an include is found.
+if(KEST_PRECOMPILED_HEADERS)
+    set(source ${PROJECT_BINARY_DIR}/precompiled.cpp)
+    file(GENERATE OUTPUT ${source} CONTENT "")
+    add_library(kest_precompiled OBJECT ${source})
+    kest_strict(kest_precompiled)
+    target_link_libraries(kest_precompiled PRIVATE Qt5::Core)
+    target_precompile_headers(kest_precompiled PRIVATE
+        <QtCore/QtCore> <algorithm> <array> <functional> <memory> <optional> <utility> <vector>)
+    set_target_properties(kest_precompiled PROPERTIES AUTOMOC OFF)
+endif()
 
 # A program of the sample installation: in <build>/suite/bin, where it runs in place, and installed.
 function(kest_suite_program target)
