@@ -29,7 +29,8 @@ if(KEST_COVERAGE)
     add_link_options(--coverage)
 endif()
 
-# Warnings and Qt's strict string rules, for this project's own code only.
+# kest_strict(target [WITHOUT_PRECOMPILED_HEADERS]): warnings and Qt's strict string rules, for this
+# project's own code only. Targets without Qt can have no precompiled headers.
 function(kest_strict target)
     if(MSVC)
         target_compile_options(${target} PRIVATE /W4 $<$<BOOL:${KEST_WARNINGS_AS_ERRORS}>:/WX>)
@@ -42,7 +43,7 @@ function(kest_strict target)
         QT_NO_CAST_FROM_ASCII QT_NO_CAST_TO_ASCII QT_NO_CAST_FROM_BYTEARRAY
         QT_NO_URL_CAST_FROM_STRING QT_NO_KEYWORDS QT_DEPRECATED_WARNINGS
         QT_DISABLE_DEPRECATED_BEFORE=0x050e00)
-    if(KEST_PRECOMPILED_HEADERS AND NOT target STREQUAL "kest_precompiled")
+    if(KEST_PRECOMPILED_HEADERS AND NOT "${ARGN}" STREQUAL WITHOUT_PRECOMPILED_HEADERS)
         target_precompile_headers(${target} REUSE_FROM kest_precompiled)
     endif()
 endfunction()
@@ -53,7 +54,7 @@ if(KEST_PRECOMPILED_HEADERS)
     set(source ${PROJECT_BINARY_DIR}/precompiled.cpp)
     file(GENERATE OUTPUT ${source} CONTENT "")
     add_library(kest_precompiled OBJECT ${source})
-    kest_strict(kest_precompiled)
+    kest_strict(kest_precompiled WITHOUT_PRECOMPILED_HEADERS)
     target_link_libraries(kest_precompiled PRIVATE Qt5::Core)
     target_precompile_headers(kest_precompiled PRIVATE
         <QtCore/QtCore> <algorithm> <array> <functional> <memory> <optional> <utility> <vector>)
