@@ -6,6 +6,7 @@
 #include "Leftovers.h"
 #include "MachinesCommand.h"
 #include "OptionsCommand.h"
+#include "RunOptionWords.h"
 #include "WindowCommand.h"
 
 #include <QCommandLineParser>
@@ -15,21 +16,6 @@ namespace {
 
 const QString componentOption = QStringLiteral("component");
 
-struct RunOptionWord
-{
-    const char* word;
-    common_RunWrapper::RunOption option;
-    const char* meaning;
-};
-
-// clang-format off
-constexpr RunOptionWord runOptionWords[] = {
-    {"parallel", common_RunWrapper::Parallel, "Run in parallel on the hosts of the machines file."},
-    {"remote",   common_RunWrapper::Remote,   "Run on the remote host of the launch options."},
-    {"farm-out", common_RunWrapper::FarmOut,  "Farm the optimiser's runs out to the hosts of the machines file."},
-};
-// clang-format on
-
 QVector<ApplicationOption> options()
 {
     QVector<ApplicationOption> result = {
@@ -38,7 +24,7 @@ QVector<ApplicationOption> options()
           QStringLiteral("name"), QStringLiteral("runkest")},
          false,
          QString()}};
-    for (const RunOptionWord& row : runOptionWords) {
+    for (const RunOptionWord& row : RunOptionWords::rows()) {
         const QString help = QStringLiteral("%1 For %2.")
                                  .arg(QLatin1String(row.meaning), Component::names(row.option));
         result.append(
@@ -58,7 +44,7 @@ QString componentProblem(const QString& name)
 
 QString runOptionProblem(const QCommandLineParser& parser, const Component& component)
 {
-    for (const RunOptionWord& row : runOptionWords) {
+    for (const RunOptionWord& row : RunOptionWords::rows()) {
         if (parser.isSet(QLatin1String(row.word)) && !(component.options & row.option)) {
             return QStringLiteral("--%1 has no meaning for %2, only for %3")
                 .arg(QLatin1String(row.word), QLatin1String(component.name),
@@ -93,7 +79,7 @@ ApplicationTask batchTask(const QCommandLineParser& parser)
     const QStringList models = parser.positionalArguments();
     const Component* const component = Component::find(parser.value(componentOption));
     common_RunWrapper::RunOptions runOptions;
-    for (const RunOptionWord& row : runOptionWords) {
+    for (const RunOptionWord& row : RunOptionWords::rows()) {
         runOptions.setFlag(row.option, parser.isSet(QLatin1String(row.word)));
     }
     return {runProblem(parser), [models, component, runOptions] {

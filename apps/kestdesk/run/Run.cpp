@@ -52,7 +52,7 @@ RunSetup::Readiness Run::setUp(common_RunWrapper::RunOptions options,
 bool Run::start()
 {
     startObserving(m_runner.get());
-    m_runner->setStopListener([this] { setState(State::Stopping); });
+    m_runner->setStopListener([this] { onStopRequested(); });
     if (m_runner->run()) {
         return true;
     }
@@ -67,9 +67,12 @@ void Run::refuse(const QString& problem)
     end(RunOutcome::notStarted());
 }
 
-void Run::stop()
+void Run::stop(Stopper stopper)
 {
     if (isRunning()) {
+        if (m_stoppedBy.isEmpty() && stopper == Stopper::Shutdown) {
+            m_stoppedBy = QStringLiteral("the end of kestdesk");
+        }
         m_runner->stopProcess();
     }
 }
@@ -148,6 +151,15 @@ void Run::setTotalPercentage(int percentage)
         m_totalPercentage = percentage;
         Q_EMIT progressed();
     }
+}
+
+// Whether by stop() or by the button of its dialog.
+void Run::onStopRequested()
+{
+    if (m_stoppedBy.isEmpty()) {
+        m_stoppedBy = QStringLiteral("the user");
+    }
+    setState(State::Stopping);
 }
 
 void Run::setState(State state)

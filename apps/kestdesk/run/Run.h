@@ -55,9 +55,12 @@ public:
     /// Ends a waiting run as one that was not started, because of that problem.
     void refuse(const QString& problem);
 
+    /// Who asked a run to stop.
+    enum class Stopper { User, Shutdown };
+
     /// Asks the component to stop; it may take its time, or not listen. Nothing when it does not
     /// run.
-    void stop();
+    void stop(Stopper stopper = Stopper::User);
 
     /// Ends the run as stopped, though its component, which cannot be killed, still runs. Nothing
     /// when it does not run.
@@ -86,6 +89,9 @@ public:
     /// What became of the run, once it has ended.
     const RunOutcome& outcome() const { return m_outcome; }
 
+    /// Who asked the component to stop, in words; empty when it was not asked from here.
+    QString stoppedBy() const { return m_stoppedBy; }
+
     /// Why the run could not be started, or its component not be ended, as a clause; empty where
     /// there was no such problem, or where the user has been shown it already.
     QString problem() const { return m_problem; }
@@ -113,6 +119,7 @@ private:
     void releaseRunner();
     void addFile(const QString& file);
     void setTotalPercentage(int percentage);
+    void onStopRequested();
     void setState(State state);
     void end(const RunOutcome& outcome);
 
@@ -128,4 +135,5 @@ private:
     qint64 m_duration = 0; ///< milliseconds
     RunOutcome m_outcome = RunOutcome::notStarted();
     QString m_problem;
+    QString m_stoppedBy;
 };

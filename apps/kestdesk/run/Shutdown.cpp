@@ -66,7 +66,7 @@ void Shutdown::stopRuns()
     m_phase = Phase::Stopping;
     Q_EMIT stopping();
     for (Run* run : runs) {
-        run->stop();
+        run->stop(Run::Stopper::Shutdown);
     }
 }
 

@@ -1,0 +1,80 @@
+#include "RecordFolder.h"
+
+#include <InputFile.h>
+#include <OutputFile.h>
+#include <ProcessMark.h>
+
+#include <QDir>
+#include <QFileInfo>
+#include <QJsonDocument>
+
+#include <utility>
+
+namespace {
+
+const QString startFile = QStringLiteral("run.json");
+const QString endFile = QStringLiteral("end.json");
+constexpr qint64 mostBytes = 16 * 1024 * 1024; // of a part
+
+std::optional<QJsonObject> readObject(const QString& path)
+{
+    const auto content = suite::InputFile(path).read(mostBytes);
+    const QJsonDocument document = QJsonDocument::fromJson(content.value_or(QByteArray()));
+    return document.isObject() ? std::optional(document.object()) : std::nullopt;
+}
+
+bool hasOwner(const RunRecord& record)
+{
+    const auto mark = ProcessMark::parse(record.owner);
+    return mark && !mark->hasEnded();
+}
+
+} // namespace
+
+RecordFolder::RecordFolder(QString path) : m_path(std::move(path))
+{}
+
+QString RecordFolder::messagesFile() const
+{
+    return QDir(m_path).filePath(QStringLiteral("messages.jsonl"));
+}
+
+// The owner is asked before its last file is read: it may write that and end in between.
+std::optional<RunRecord> RecordFolder::read() const
+{
+    const QDir folder(m_path);
+    const auto start = readObject(folder.filePath(startFile));
+    auto record = start ? RunRecord::fromStart(*start) : std::nullopt;
+    if (!record) {
+        return std::nullopt;
+    }
+    record->folder = folder.absolutePath();
+    const bool isOwned = hasOwner(*record);
+    const auto end = readObject(folder.filePath(endFile));
+    if ((!end || !record->readEnd(*end)) && !isOwned) {
+        record->state = RunRecord::State::Interrupted;
+        record->ended = QFileInfo(messagesFile()).lastModified().toUTC();
+        record->duration = record->started.msecsTo(record->ended);
+    }
+    return record;
+}
+
+bool RecordFolder::writeStart(const RunRecord& record)
+{
+    return writeFile(startFile, QJsonDocument(record.startToJson()).toJson());
+}
+
+bool RecordFolder::writeEnd(const RunRecord& record)
+{
+    return writeFile(endFile, QJsonDocument(record.endToJson()).toJson());
+}
+
+bool RecordFolder::writeFile(const QString& name, const QByteArray& content)
+{
+    suite::OutputFile file(QDir(m_path).filePath(name));
+    const bool isWritten = file.replace(content);
+    m_reason = isWritten
+                   ? QString()
+                   : QStringLiteral("%1 cannot be written: %2").arg(file.path(), file.reason());
+    return isWritten;
+}

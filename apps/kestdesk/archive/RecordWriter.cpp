@@ -1,0 +1,193 @@
+#include "RecordWriter.h"
+
+#include "RecordJournal.h"
+
+#include <QDeadlineTimer>
+
+#include <chrono>
+#include <condition_variable>
+#include <mutex>
+#include <optional>
+#include <utility>
+
+namespace {
+
+using namespace std::chrono_literals;
+
+constexpr auto interval = 200ms;      // between two writes
+constexpr auto syncInterval = 1000ms; // between two confirmations by the disk
+constexpr auto patience = 5s;         // with a disk at the end of the program
+constexpr qint64 usualMostBytes = 64 * 1024 * 1024;
+
+} // namespace
+
+// What both threads use. The writing thread keeps it when it has to be left behind.
+struct RecordWriter::Shared
+{
+    explicit Shared(RunArchive theArchive) : archive(std::move(theArchive)) {}
+
+    const RunArchive archive;
+    qint64 mostBytes = usualMostBytes;
+    RunRecord start;
+    QString machinesFile;
+
+    std::mutex mutex; // of what follows
+    std::condition_variable changed;
+    QVector<RecordedMessage> messages;
+    qint64 waiting = 0;   // characters in the messages
+    int omittedLines = 0; // because too many wait
+    std::optional<RunRecord> end;
+    RunArchive::Limits limits;
+    RecordWriter* writer = nullptr; // null once it is gone
+    bool isAbandoned = false;       // no end will come
+    bool isDone = false;
+
+    // Calls a signal of the writer from its own thread.
+    template <typename Signal, typename... Arguments>
+    void emitLater(Signal signal, Arguments... arguments)
+    {
+        const std::lock_guard<std::mutex> lock(mutex);
+        if (RecordWriter* const target = writer) {
+            QMetaObject::invokeMethod(
+                target, [=] { (target->*signal)(arguments...); }, Qt::QueuedConnection);
+        }
+    }
+
+    // A disk that does not keep up must not fill the memory.
+    void add(const RecordedMessage& message)
+    {
+        const std::lock_guard<std::mutex> lock(mutex);
+        if (isDone || waiting > mostBytes) {
+            ++omittedLines;
+            return;
+        }
+        waiting += message.text.size();
+        messages.append(message);
+    }
+
+    QVector<RecordedMessage> takeMessages()
+    {
+        const std::lock_guard<std::mutex> lock(mutex);
+        waiting = 0;
+        return std::exchange(messages, {});
+    }
+
+    int takeOmittedLines()
+    {
+        const std::lock_guard<std::mutex> lock(mutex);
+        return std::exchange(omittedLines, 0);
+    }
+
+    // Until there is an end, or time to write again. True when nothing more will come.
+    bool wait()
+    {
+        std::unique_lock<std::mutex> lock(mutex);
+        changed.wait_for(lock, interval, [this] { return end || isAbandoned; });
+        return end || isAbandoned;
+    }
+
+    void setDone()
+    {
+        const std::lock_guard<std::mutex> lock(mutex);
+        isDone = true;
+        changed.notify_all();
+    }
+};
+
+RecordWriter::RecordWriter(RunArchive archive, QObject* parent)
+    : QObject(parent), m_shared(std::make_shared<Shared>(std::move(archive)))
+{
+    m_shared->writer = this;
+}
+
+RecordWriter::~RecordWriter()
+{
+    if (!m_thread.joinable()) {
+        return;
+    }
+    std::unique_lock<std::mutex> lock(m_shared->mutex);
+    m_shared->writer = nullptr;
+    m_shared->isAbandoned = true;
+    m_shared->changed.notify_all();
+    const bool isDone =
+        m_shared->changed.wait_for(lock, patience, [this] { return m_shared->isDone; });
+    lock.unlock();
+    if (isDone) {
+        m_thread.join();
+    } else {
+        m_thread.detach();
+    }
+}
+
+void RecordWriter::setMostBytes(qint64 bytes)
+{
+    m_shared->mostBytes = bytes;
+}
+
+void RecordWriter::begin(const RunRecord& record, const QString& machinesFile)
+{
+    m_shared->start = record;
+    m_shared->machinesFile = machinesFile;
+    m_thread = std::thread(&RecordWriter::work, m_shared);
+}
+
+void RecordWriter::append(const RecordedMessage& message)
+{
+    m_shared->add(message);
+}
+
+void RecordWriter::finish(const RunRecord& record, const RunArchive::Limits& limits)
+{
+    const std::lock_guard<std::mutex> lock(m_shared->mutex);
+    m_shared->end = record;
+    m_shared->limits = limits;
+    m_shared->changed.notify_all();
+}
+
+void RecordWriter::work(const std::shared_ptr<Shared>& shared)
+{
+    const RunArchive::Addition addition = shared->archive.add(shared->start, shared->machinesFile);
+    if (addition.number > 0) {
+        shared->emitLater(&RecordWriter::created, addition.number);
+        follow(*shared, addition.folder);
+    } else {
+        shared->emitLater(&RecordWriter::failed, addition.problem);
+    }
+    shared->emitLater(&RecordWriter::finished);
+    shared->setDone();
+}
+
+void RecordWriter::follow(Shared& shared, const QString& folder)
+{
+    RecordJournal journal(folder, shared.mostBytes);
+    QDeadlineTimer nextSync(syncInterval);
+    bool isWhole = true;
+    for (bool isLast = false; !isLast;) {
+        isLast = shared.wait();
+        journal.omit(shared.takeOmittedLines());
+        const bool isWritten = journal.write(shared.takeMessages());
+        if (isWhole && !isWritten) {
+            shared.emitLater(&RecordWriter::failed, journal.reason());
+        }
+        isWhole = isWritten;
+        if (nextSync.hasExpired()) {
+            journal.sync();
+            nextSync.setRemainingTime(syncInterval);
+        }
+    }
+    close(shared, journal);
+}
+
+// Without an end, since the program ends before its run does, the record stays open and is taken
+// for what it is: of a run that was interrupted.
+void RecordWriter::close(Shared& shared, RecordJournal& journal)
+{
+    if (!shared.end) {
+        journal.sync();
+        return;
+    }
+    if (!journal.finish(*shared.end)) {
+        shared.emitLater(&RecordWriter::failed, journal.reason());
+    }
+    shared.archive.prune(shared.limits);
+}

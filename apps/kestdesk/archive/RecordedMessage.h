@@ -1,0 +1,27 @@
+#pragma once
+
+#include <common_IProcessMessage.h>
+
+#include <QByteArray>
+#include <QString>
+
+#include <optional>
+
+/// A message of a run as its record keeps it: a line of JSON each.
+struct RecordedMessage
+{
+    using Type = common_IProcessMessage::Type;
+
+    qint64 time = 0; ///< milliseconds since the start
+    Type type = Type::Output;
+    QString text;
+
+    /// The word for a type: "output", "warning", ...
+    static QString word(Type type);
+
+    /// With its line feed.
+    QByteArray toLine() const;
+
+    /// Of a line without its line feed; nothing when it is not a message.
+    static std::optional<RecordedMessage> parse(const QByteArray& line);
+};
