@@ -77,7 +77,7 @@ struct RunRecord
     QString outcome;      ///< in a few words: "fault, SIGKILL"
     QString reason;       ///< a clause whose subject is the component; may be empty
     QString problem;      ///< why it could not be started, as a clause; may be empty
-    QString stoppedBy;    ///< "the user" or "the end of kestdesk"; empty when it was not stopped
+    QString stoppedBy;    ///< in words, as in "stopped by"; empty when it was not stopped from here
     int exitCode = 0;     ///< or the number of the signal
     bool isCrash = false; ///< whether the code is that of a signal
     int totalPercentage = 0;

@@ -136,6 +136,13 @@ void BatchReport::showOutcome()
     m_output.writeLine(QStringLiteral("%1: %2").arg(modelName(), outcome.word()), colour);
 }
 
+void BatchReport::showRecord(int number)
+{
+    m_output.writeLine(
+        QStringLiteral("\"kestdesk runs show %1\" shows this run again").arg(number));
+    m_output.flush();
+}
+
 QString BatchReport::modelName() const
 {
     return QFileInfo(m_run->model()).fileName();

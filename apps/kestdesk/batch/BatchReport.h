@@ -27,6 +27,9 @@ public:
     /// On standard error.
     void reportError(const QString& text);
 
+    /// Says how to see the record with that number again.
+    void showRecord(int number);
+
     /// After several models: how many ended how.
     void summarise(const QVector<RunOutcome::Kind>& outcomes);
 

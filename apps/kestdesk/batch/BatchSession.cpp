@@ -1,5 +1,6 @@
 #include "BatchSession.h"
 
+#include "KestdeskSettings.h"
 #include "StopSignals.h"
 
 #include <common_IApplicationInfo.h>
@@ -15,6 +16,8 @@ constexpr int exitValid = 0;
 constexpr int exitFault = 1;
 constexpr int exitNotStarted = 2;
 constexpr int exitStopped = 130; // what shells give for a program that Ctrl+C ended
+
+constexpr int longestRecording = 5000; // milliseconds that the end of a record may take
 
 const QString useLocal = QStringLiteral("\"kestdesk machines use-local\"");
 
@@ -46,7 +49,13 @@ BatchSession::BatchSession(const Component& component, common_RunWrapper::RunOpt
     , m_models(std::move(models))
     , m_settings(GET_SERVICE(common_IApplicationInfo)->userSettingsDirectory(),
                  GET_SERVICE(common_IApplicationInfo)->applicationName())
+    , m_archive(RunArchive::ofUser())
 {
+    const KestdeskSettings settings = KestdeskSettings::read();
+    m_limits = {settings.archiveDays(), settings.archiveMegabytes()};
+    m_recordingTime.setSingleShot(true);
+    m_recordingTime.setInterval(longestRecording);
+    connect(&m_recordingTime, &QTimer::timeout, this, &BatchSession::onRecorded);
     connect(&m_shutdown, &Shutdown::done, this, &BatchSession::leave);
     StopSignals::watch(this, [this] { onStopRequested(); });
 }
@@ -78,6 +87,7 @@ void BatchSession::startRun()
     m_run = std::make_unique<Run>(m_component, m_models[m_outcomes.size()], runner);
     m_report.follow(*m_run);
     m_shutdown.add(*m_run);
+    makeRecorder();
     connect(m_run.get(), &Run::ended, this, &BatchSession::onRunEnded);
     const RunSetup::Readiness readiness = m_run->setUp(m_options, m_settings);
     if (readiness.isReady()) {
@@ -87,11 +97,32 @@ void BatchSession::startRun()
     }
 }
 
-// The run is still in its last callback: the next one begins when that has returned.
+void BatchSession::makeRecorder()
+{
+    m_recorder = std::make_unique<RunRecorder>(*m_run, RunRecorder::Face::Terminal, m_archive,
+                                               m_limits);
+    m_recorder->setRunOptions(m_options);
+    connect(m_recorder.get(), &RunRecorder::failed, this, [this](const QString& reason) {
+        m_report.reportError(QStringLiteral("the record of this run is not complete: ") + reason);
+    });
+    connect(m_recorder.get(), &RunRecorder::finished, this, &BatchSession::onRecorded);
+}
+
 void BatchSession::onRunEnded()
 {
     m_outcomes.append(m_run->outcome().kind());
-    QMetaObject::invokeMethod(this, &BatchSession::runNext, Qt::QueuedConnection);
+    m_recordingTime.start();
+}
+
+// The next run begins when the record of this one is whole, or takes too long for that.
+void BatchSession::onRecorded()
+{
+    m_recordingTime.stop();
+    m_recorder->disconnect(this);
+    if (m_run->outcome().kind() != RunOutcome::Kind::Valid && m_recorder->number() > 0) {
+        m_report.showRecord(m_recorder->number());
+    }
+    runNext();
 }
 
 void BatchSession::onStopRequested()

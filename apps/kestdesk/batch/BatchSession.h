@@ -2,6 +2,8 @@
 
 #include "BatchReport.h"
 #include "Run.h"
+#include "RunArchive.h"
+#include "RunRecorder.h"
 #include "Shutdown.h"
 
 #include <common_CommonSettingsSet.h>
@@ -9,6 +11,7 @@
 
 #include <QObject>
 #include <QStringList>
+#include <QTimer>
 #include <QVector>
 
 #include <memory>
@@ -32,7 +35,9 @@ public:
 private:
     void runNext();
     void startRun();
+    void makeRecorder();
     void onRunEnded();
+    void onRecorded();
     void onStopRequested();
     void leave();
     int exitCode() const;
@@ -41,8 +46,12 @@ private:
     common_RunWrapper::RunOptions m_options;
     QStringList m_models;
     common_CommonSettingsSet m_settings;
+    RunArchive m_archive;
+    RunArchive::Limits m_limits;
     QVector<RunOutcome::Kind> m_outcomes;
     BatchReport m_report;
     std::unique_ptr<Run> m_run;
+    std::unique_ptr<RunRecorder> m_recorder; ///< of the run
+    QTimer m_recordingTime;                  ///< runs while a run has ended, but not its record
     Shutdown m_shutdown;
 };

@@ -71,7 +71,7 @@ void Run::stop(Stopper stopper)
 {
     if (isRunning()) {
         if (m_stoppedBy.isEmpty() && stopper == Stopper::Shutdown) {
-            m_stoppedBy = QStringLiteral("the end of kestdesk");
+            m_stoppedBy = QStringLiteral("kestdesk, which was asked to end");
         }
         m_runner->stopProcess();
     }

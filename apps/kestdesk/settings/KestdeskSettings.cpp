@@ -1,0 +1,105 @@
+#include "KestdeskSettings.h"
+
+#include <common_IApplicationInfo.h>
+#include <common_ServiceOf.h>
+
+#include <QSettings>
+#include <QVariant>
+
+#include <algorithm>
+
+namespace {
+
+using Row = KestdeskSettings::Row;
+
+constexpr int mostRunsAtOnce = 64;
+constexpr int mostDays = 36500; // a hundred years
+constexpr int mostMegabytes = 1000000;
+
+// clang-format off
+const QVector<Row> settingRows = {
+    {KestdeskSettings::Notifies,           "notifications",      true,  1,    0, 1,              "Window",        "Show a &notification when a run ends", "",      "Only while another window has the attention"},
+    {KestdeskSettings::OpensLastModel,     "openLastModel",      true,  1,    0, 1,              "Window",        "Start with the last &model",           "",      "Without it, the window starts without a model"},
+    {KestdeskSettings::AsksBeforeStopping, "askBeforeStopping",  true,  1,    0, 1,              "Runs",          "&Ask before a run is stopped",         "",      "A run that has just started is stopped without a question"},
+    {KestdeskSettings::RunsAtOnce,         "runsAtOnce",         false, 1,    1, mostRunsAtOnce, "Runs",          "&Runs at the same time:",              "",      "How many runs of the queue go at the same time; each may use several processors"},
+    {KestdeskSettings::ArchiveDays,        "archiveDays",        false, 90,   1, mostDays,       "Past runs",     "&Keep the record of a run for:",       "days",  "Older records are deleted; models and results are not"},
+    {KestdeskSettings::ArchiveMegabytes,   "archiveMegabytes",   false, 1000, 1, mostMegabytes,  "Past runs",     "Use at most:",                         "MB",    "Beyond that the oldest records are deleted; models and results are not"},
+};
+// clang-format on
+
+QVariant stored(const Row& row, int number)
+{
+    return row.isSwitch ? QVariant(number != 0) : QVariant(number);
+}
+
+int switchNumber(const QString& text, int usual)
+{
+    if (text == QLatin1String("true") || text == QLatin1String("1")) {
+        return 1;
+    }
+    return text == QLatin1String("false") || text == QLatin1String("0") ? 0 : usual;
+}
+
+int numberOf(const Row& row, const QVariant& value)
+{
+    const QString text = value.toString();
+    if (row.isSwitch) {
+        return switchNumber(text, row.usual);
+    }
+    bool isNumber = false;
+    const int number = text.toInt(&isNumber);
+    return isNumber && number >= row.least && number <= row.most ? number : row.usual;
+}
+
+QVector<int> defaults()
+{
+    QVector<int> result;
+    std::transform(settingRows.begin(), settingRows.end(), std::back_inserter(result),
+                   [](const Row& row) { return row.usual; });
+    return result;
+}
+
+} // namespace
+
+KestdeskSettings::KestdeskSettings(const QString& fileName)
+    : common_settings(fileName, QStringLiteral("preferences"), QSettings::IniFormat)
+    , m_values(defaults())
+{}
+
+KestdeskSettings KestdeskSettings::read()
+{
+    KestdeskSettings result(GET_SERVICE(common_IApplicationInfo)->userSettingsDirectory() +
+                            QStringLiteral("/kestdesk.ini"));
+    result.readSettings();
+    return result;
+}
+
+const QVector<Row>& KestdeskSettings::rows()
+{
+    return settingRows;
+}
+
+void KestdeskSettings::setValue(Setting setting, int number)
+{
+    const Row& row = settingRows.at(setting);
+    m_values[setting] = std::clamp(number, row.least, row.most);
+}
+
+void KestdeskSettings::restoreDefaults()
+{
+    m_values = defaults();
+}
+
+void KestdeskSettings::doReadSettings(QSettings& settings)
+{
+    for (const Row& row : settingRows) {
+        m_values[row.setting] = numberOf(row, settings.value(QLatin1String(row.key), row.usual));
+    }
+}
+
+void KestdeskSettings::doWriteSettings(QSettings& settings)
+{
+    for (const Row& row : settingRows) {
+        settings.setValue(QLatin1String(row.key), stored(row, m_values.at(row.setting)));
+    }
+}
