@@ -99,8 +99,8 @@ void BatchSession::startRun()
 
 void BatchSession::makeRecorder()
 {
-    m_recorder = std::make_unique<RunRecorder>(*m_run, RunRecorder::Face::Terminal, m_archive,
-                                               m_limits);
+    m_recorder =
+        std::make_unique<RunRecorder>(*m_run, RunRecorder::Face::Terminal, m_archive, m_limits);
     m_recorder->setRunOptions(m_options);
     connect(m_recorder.get(), &RunRecorder::failed, this, [this](const QString& reason) {
         m_report.reportError(QStringLiteral("the record of this run is not complete: ") + reason);
