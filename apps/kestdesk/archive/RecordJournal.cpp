@@ -77,8 +77,9 @@ bool RecordJournal::finish(RunRecord record)
     for (RunRecord::File& file : record.files) {
         addChecksum(file);
     }
-    if (!m_folder.writeEnd(record)) {
-        m_reason = m_folder.reason();
+    if (m_folder.writeEnd(record)) {
+        return true;
     }
-    return m_reason.isEmpty();
+    m_reason = m_folder.reason();
+    return false;
 }
