@@ -231,7 +231,7 @@ private Q_SLOTS:
         m_stage->window().openModel(m_stage->model("m.nec", "wait"));
         m_stage->pressFocused(Qt::Key_Space);
         QTRY_COMPARE_WITH_TIMEOUT(m_stage->state(), text("running"), longTime);
-        const BoxAnswerer willing(WindowStage::pressing(Qt::Key_Return));
+        const BoxAnswerer willing(WindowStage::agreeing());
         m_stage->find<QPushButton>("stopButton")->setFocus();
         m_stage->pressFocused(Qt::Key_Space);
         QTRY_COMPARE_WITH_TIMEOUT(m_stage->state(), text("stopped"), longTime);

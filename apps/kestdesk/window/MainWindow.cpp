@@ -3,6 +3,7 @@
 #include "ApplicationMenu.h"
 #include "Component.h"
 #include "Descendants.h"
+#include "FileDrop.h"
 #include "HelpMenu.h"
 #include "LaunchChoice.h"
 #include "MachinesDialog.h"
@@ -12,12 +13,11 @@
 #include "RecentMenu.h"
 #include "RunListView.h"
 #include "RunPanel.h"
+#include "RunStops.h"
 #include "RunTableModel.h"
-#include "StopQuestion.h"
 #include "UnreadableModel.h"
 #include "WindowRun.h"
 
-#include <FileName.h>
 #include <VisibleText.h>
 
 #include <common_HelpClient.h>
@@ -31,7 +31,6 @@
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QMenuBar>
-#include <QMimeData>
 #include <QStatusBar>
 #include <QVBoxLayout>
 
@@ -41,28 +40,26 @@ namespace {
 
 const QString applicationName = QStringLiteral("kestdesk");
 
-// The first local file that was dropped; empty when there is none.
-QString droppedFile(const QMimeData& data)
+QString namesOf(const QStringList& paths)
 {
-    const QList<QUrl> urls = data.urls();
-    const auto found =
-        std::find_if(urls.begin(), urls.end(), [](const QUrl& url) { return url.isLocalFile(); });
-    return found == urls.end() ? QString() : suite::FileName::fromUrl(*found);
+    QStringList names;
+    std::transform(paths.begin(), paths.end(), std::back_inserter(names), suite::visibleFileName);
+    return names.join(QStringLiteral(", "));
 }
 
 } // namespace
 
-MainWindow::MainWindow()
+MainWindow::MainWindow(Start start)
     : m_runs(new RunTableModel(this)), m_applications(new ApplicationMenu(this))
 {
     setObjectName(QStringLiteral("kestdeskWindow"));
     setWindowIcon(GET_SERVICE(common_IIconUtility)->getIcon(applicationName));
-    setAcceptDrops(true);
+    connect(new FileDrop(this), &FileDrop::dropped, this, &MainWindow::openModels);
     makeContent();
     makeMenus();
     makeChoice();
     connectShutdown();
-    restoreSession();
+    restoreSession(start);
     updateControls();
 }
 
@@ -135,7 +132,8 @@ void MainWindow::makeMenus()
 {
     m_menu = new MainMenu(this, m_session.recentFiles());
     connect(m_menu, &MainMenu::openRequested, this, &MainWindow::chooseModel);
-    connect(m_menu->recentMenu(), &RecentMenu::fileChosen, this, &MainWindow::openModel);
+    connect(m_menu->recentMenu(), &RecentMenu::fileChosen, this,
+            [this](const QString& path) { openModel(path); });
     connect(m_menu, &MainMenu::quitRequested, this, &QWidget::close);
     connect(m_menu, &MainMenu::runRequested, this, &MainWindow::run);
     connect(m_menu, &MainMenu::stopRequested, this, &MainWindow::stopRun);
@@ -170,17 +168,29 @@ void MainWindow::connectShutdown()
     connect(&m_shutdown, &Shutdown::done, this, &MainWindow::onShutdownDone);
 }
 
-void MainWindow::openModel(const QString& path)
+void MainWindow::openModel(const QString& path, const QString& hint)
 {
     const QFileInfo file(path);
     if (!file.isFile() || !file.isReadable()) {
-        common_UserQuery(QStringLiteral("Model not opened"), UnreadableModel::text(path),
+        common_UserQuery(QStringLiteral("Model not opened"), UnreadableModel::text(path, hint),
                          common_UserQuery::Error, this, QString())
             .display();
         return;
     }
     showModel(file.absoluteFilePath());
     m_panel->focusRunButton();
+}
+
+void MainWindow::openModels(const QStringList& paths)
+{
+    if (paths.isEmpty()) {
+        return;
+    }
+    openModel(paths.first());
+    if (paths.size() > 1) {
+        showOutcome(QStringLiteral("Not opened, as the window takes one model at a time: %1")
+                        .arg(namesOf(paths.mid(1))));
+    }
 }
 
 void MainWindow::showModel(const QString& path)
@@ -236,14 +246,21 @@ WindowRun* MainWindow::addRun(const QString& model)
 
 void MainWindow::stopRun()
 {
-    WindowRun* run = m_list->selectedRun();
-    if (run == nullptr || !run->run().isRunning()) {
-        const QVector<WindowRun*> running = m_runs->runningRuns();
-        run = running.isEmpty() ? nullptr : running.last();
+    WindowRun* const run = runToStop();
+    if (run != nullptr) {
+        RunStops::stop(run->run(), *this);
     }
-    if (run != nullptr && StopQuestion::agreesToStop(run->run(), this)) {
-        run->run().stop();
+}
+
+// The selected run, or else the newest one that is going; null when none is.
+WindowRun* MainWindow::runToStop() const
+{
+    WindowRun* const selected = m_list->selectedRun();
+    if (selected != nullptr && selected->run().isRunning()) {
+        return selected;
     }
+    const QVector<WindowRun*> running = m_runs->runningRuns();
+    return running.isEmpty() ? nullptr : running.last();
 }
 
 void MainWindow::showRun()
@@ -276,11 +293,14 @@ void MainWindow::editMachinesFile()
     MachinesDialog::edit(this);
 }
 
-void MainWindow::restoreSession()
+void MainWindow::restoreSession(Start start)
 {
     m_session.restore(*this, *m_panel);
     m_choice->restore();
     setWindowTitle(applicationName);
+    if (start == Start::NoModel) {
+        return;
+    }
     const WindowSession::Model model = m_session.lastModel();
     showOutcome(model.problem);
     if (!model.path.isEmpty()) {
@@ -335,25 +355,14 @@ void MainWindow::quit()
     m_shutdown.request();
 }
 
-// With runs going the user decides. The window stays until nothing is left of the runs.
+// The window stays until nothing is left of the runs.
 void MainWindow::closeEvent(QCloseEvent* event)
 {
-    if (agreesToClose()) {
-        m_shutdown.request();
-    } else {
-        m_shutdown.cancel();
-    }
-    event->setAccepted(m_shutdown.isDone());
-}
-
-bool MainWindow::agreesToClose()
-{
-    const int running = m_runs->runningRuns().size();
-    if (running == 0) {
-        return true;
-    }
-    return m_shutdown.phase() == Shutdown::Phase::None ? StopQuestion::agreesToQuit(running, this)
-                                                       : StopQuestion::agreesToForce(running, this);
+    const QVector<WindowRun*> running = m_runs->runningRuns();
+    QVector<Run*> runs;
+    std::transform(running.begin(), running.end(), std::back_inserter(runs),
+                   [](WindowRun* run) { return &run->run(); });
+    event->setAccepted(RunStops(m_shutdown, *this).close(runs));
 }
 
 void MainWindow::onRunsStopping()
@@ -373,17 +382,4 @@ void MainWindow::onShutdownDone()
 {
     close();
     QCoreApplication::quit();
-}
-
-void MainWindow::dragEnterEvent(QDragEnterEvent* event)
-{
-    if (!droppedFile(*event->mimeData()).isEmpty()) {
-        event->acceptProposedAction();
-    }
-}
-
-void MainWindow::dropEvent(QDropEvent* event)
-{
-    openModel(droppedFile(*event->mimeData()));
-    event->acceptProposedAction();
 }

@@ -22,13 +22,21 @@ class MainWindow : public QMainWindow
     Q_OBJECT
 
 public:
+    enum class Start {
+        LastModel, ///< with the model of the last session
+        NoModel,   ///< without one
+    };
+
     /// As it was at the end of the last session.
-    MainWindow();
+    explicit MainWindow(Start start = Start::LastModel);
     ~MainWindow() override;
 
     /// Opens a model: it becomes the one to run, and the newest of the recent files. Shows an error
-    /// when there is no such file.
-    void openModel(const QString& path);
+    /// when there is no such file, with the hint, which may be empty.
+    void openModel(const QString& path, const QString& hint = QString());
+
+    /// Opens the first of the models, and says which ones are left.
+    void openModels(const QStringList& paths);
 
     void setComponent(const Component& component);
 
@@ -37,8 +45,6 @@ public:
 
 protected:
     void closeEvent(QCloseEvent* event) override;
-    void dragEnterEvent(QDragEnterEvent* event) override;
-    void dropEvent(QDropEvent* event) override;
 
 private:
     void makeContent();
@@ -55,12 +61,13 @@ private:
     void run();
     WindowRun* addRun(const QString& model);
     void stopRun();
+    WindowRun* runToStop() const;
     void showRun();
     void removeEndedRuns();
     void editLaunchOptions();
     void editMachinesFile();
 
-    void restoreSession();
+    void restoreSession(Start start);
     void saveSession();
     void showModel(const QString& path);
     void updateControls();
@@ -68,7 +75,6 @@ private:
     void onRunEnded(const WindowRun& run);
     void showOutcome(const QString& text);
 
-    [[nodiscard]] bool agreesToClose();
     void onRunsStopping();
     void onClearing();
     void onShutdownDone();

@@ -106,6 +106,15 @@ public:
         settings.setValue(text("options/") + text(name), value);
     }
 
+    void setPreference(const char* name, const QVariant& value) const
+    {
+        QSettings settings(m_desk.path("user/kestdesk.ini"), QSettings::IniFormat);
+        settings.setValue(text("preferences/") + text(name), value);
+    }
+
+    /// Also before a run is stopped that has just started.
+    void askFromTheStart() const { setPreference("askAfterSeconds", 0); }
+
     void open()
     {
         m_window = std::make_unique<MainWindow>();
@@ -196,6 +205,20 @@ public:
     static BoxAnswerer::Answer pressing(Qt::Key key)
     {
         return [key](QMessageBox& box) { QTest::keyClick(&box, key); };
+    }
+
+    /// What a user does who wants what the box asks.
+    static BoxAnswerer::Answer agreeing()
+    {
+        return [](QMessageBox& box) {
+            const QList<QAbstractButton*> buttons = box.buttons();
+            for (QAbstractButton* const button : buttons) {
+                if (box.buttonRole(button) == QMessageBox::YesRole) {
+                    button->click();
+                    return;
+                }
+            }
+        };
     }
 
 private:
