@@ -53,6 +53,7 @@ constexpr Member<int> startNumbers[] = {
     {"segments",    &RunRecord::segments},
     {"frequencies", &RunRecord::frequencies},
     {"processes",   &RunRecord::processes},
+    {"repeats",     &RunRecord::repeats},
 };
 constexpr Member<QString> endTexts[] = {
     {"outcome",   &RunRecord::outcome},

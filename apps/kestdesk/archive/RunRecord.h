@@ -68,6 +68,7 @@ struct RunRecord
     int segments = 0;    ///< of the model; 0 when it could not be read
     int frequencies = 0; ///< of its sweep; 0 when it could not be read
     int processes = 1;   ///< how many solve it at once
+    int repeats = 0;     ///< number of the run that this one repeats; 0 when it repeats none
     QDateTime started;   ///< UTC
 
     // How it ended.

@@ -1,9 +1,25 @@
 #include "RunRecorder.h"
 
 #include "RecordedMessage.h"
+#include "RecordedRun.h"
 #include "RunFacts.h"
+#include "RunOptionWords.h"
 
 #include <utility>
+
+namespace {
+
+// The launch options of today play no part in a run that is repeated.
+void addRepeated(const RunRecord& repeated, RunRecord& record)
+{
+    record.repeats = repeated.number;
+    if (RecordedRun::hasCommand(repeated)) {
+        record.environment = repeated.environment;
+        record.launchOptions = repeated.launchOptions;
+    }
+}
+
+} // namespace
 
 RunRecorder::RunRecorder(Run& run, Face face, RunArchive archive, const RunArchive::Limits& limits,
                          QObject* parent)
@@ -24,6 +40,12 @@ RunRecorder::RunRecorder(Run& run, Face face, RunArchive archive, const RunArchi
     });
 }
 
+void RunRecorder::setRepeated(const RunRecord& record)
+{
+    m_repeated = record;
+    m_options = RunOptionWords::options(record.runOptions);
+}
+
 void RunRecorder::onStateChanged(const Run& run)
 {
     if (run.state() == Run::State::Running) {
@@ -37,6 +59,9 @@ void RunRecorder::begin(const Run& run)
         return;
     }
     RunRecord record = RunFacts::atStart(run, m_options);
+    if (m_repeated) {
+        addRepeated(*m_repeated, record);
+    }
     record.face = QLatin1String(m_face == Face::Window ? "window" : "terminal");
     const qint64 share = m_limits.megabytes * Q_INT64_C(1024) * 1024 / 10;
     m_writer.setMostBytes(share);

@@ -5,6 +5,8 @@
 
 #include <QObject>
 
+#include <optional>
+
 /// Makes the record of a run while it runs, whatever becomes of the run.
 class RunRecorder : public QObject
 {
@@ -20,6 +22,10 @@ public:
 
     /// What the run is set up with: to be called before it is started, and only then of use.
     void setRunOptions(common_RunWrapper::RunOptions options) { m_options = options; }
+
+    /// That the run repeats a recorded one (RecordedRun): to be called before it is started, in
+    /// place of setRunOptions().
+    void setRepeated(const RunRecord& record);
 
     /// Of the record in the archive; 0 as long as there is none.
     int number() const { return m_number; }
@@ -46,6 +52,7 @@ private:
     Face m_face;
     RunArchive::Limits m_limits;
     common_RunWrapper::RunOptions m_options;
+    std::optional<RunRecord> m_repeated;
     RecordWriter m_writer;
     bool m_hasBegun = false;
     bool m_isFinished = false;

@@ -5,6 +5,7 @@
 #include <KEST_binfiles.h>
 #include <ProcessMark.h>
 #include <RunningProcesses.h>
+#include <WriteAll.h>
 
 #include <common_MachineFileFinder.h>
 
@@ -207,6 +208,32 @@ MachinesCopies::Claim MachinesCopies::claim(ComponentRunner& runner, const Times
         return Claim::Foreign;
     }
     return Claim::Own;
+}
+
+// A name whose owner is written down by somebody else in between is left to them.
+QString MachinesCopies::add(ComponentRunner& runner, const QByteArray& content) const
+{
+    QDir().mkpath(m_folder);
+    for (int number = 0; number < nameCount; ++number) {
+        const QString path = pathOf(number);
+        QFile file(path);
+        if (!file.open(QIODevice::WriteOnly | QIODevice::NewOnly | QIODevice::Unbuffered)) {
+            if (file.exists()) {
+                continue;
+            }
+            return QString();
+        }
+        if (!suite::writeAll(file, content)) {
+            file.remove();
+            return QString();
+        }
+        file.close();
+        if (writeRecord(path)) {
+            runner.setTemporaryFilenames({path, recordOf(path)});
+            return path;
+        }
+    }
+    return QString();
 }
 
 int MachinesCopies::number(const ComponentRunner& runner)

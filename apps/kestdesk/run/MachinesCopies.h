@@ -36,6 +36,10 @@ public:
     /// the copy must be as the machines file is now.
     Claim claim(ComponentRunner& runner, const Times& before) const;
 
+    /// Makes a copy of its own for the runner, with that content, under a name that is free.
+    /// Returns its path; empty when it cannot be made.
+    QString add(ComponentRunner& runner, const QByteArray& content) const;
+
     /// The millisecond that the runner's copy is named after; -1 when it has none.
     static int number(const ComponentRunner& runner);
 
