@@ -19,7 +19,7 @@ void addFile(const QString& name, RunRecord& record)
         std::any_of(record.files.cbegin(), record.files.cend(),
                     [&file](const auto& each) { return each.path == file.absoluteFilePath(); });
     if (!isKnown) {
-        record.files.append({file.absoluteFilePath(), file.isFile() ? file.size() : -1, QString()});
+        record.files.append({file.absoluteFilePath(), file.isFile() ? file.size() : -1, {}, {}});
     }
 }
 

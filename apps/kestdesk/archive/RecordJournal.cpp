@@ -1,11 +1,16 @@
 #include "RecordJournal.h"
 
 #include <FileSync.h>
+#include <InputFile.h>
+#include <ResultTable.h>
 #include <WriteAll.h>
 
 #include <QCryptographicHash>
 
 namespace {
+
+constexpr qint64 largestCopy = 1024 * 1024; // of a table
+constexpr int mostCopies = 20;
 
 void addChecksum(RunRecord::File& entry)
 {
@@ -77,9 +82,28 @@ bool RecordJournal::finish(RunRecord record)
     for (RunRecord::File& file : record.files) {
         addChecksum(file);
     }
+    copyTables(record);
     if (m_folder.writeEnd(record)) {
         return true;
     }
     m_reason = m_folder.reason();
     return false;
+}
+
+// The next run on the model overwrites them; with copies the two can be compared.
+void RecordJournal::copyTables(RunRecord& record)
+{
+    int copies = 0;
+    for (RunRecord::File& file : record.files) {
+        if (file.size <= 0 || file.size > largestCopy || copies == mostCopies ||
+            !suite::ResultTable::isTable(file.path)) {
+            continue;
+        }
+        const auto content = suite::InputFile(file.path).read(largestCopy);
+        const QString name = QStringLiteral("table-%1.csv").arg(copies + 1);
+        if (content && m_folder.writeFile(name, *content)) {
+            file.copy = name;
+            ++copies;
+        }
+    }
 }

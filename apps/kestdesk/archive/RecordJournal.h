@@ -31,6 +31,7 @@ public:
 private:
     bool hasRoomFor(RecordedMessage::Type type) const;
     bool fail(const QString& reason);
+    void copyTables(RunRecord& record);
 
     RecordFolder m_folder;
     QFile m_file;

@@ -73,7 +73,7 @@ QVector<RunRecord::File> files(const Run& run)
     const QDir folder = QFileInfo(run.model()).absoluteDir();
     for (const QString& name : run.files()) {
         const QFileInfo file(folder, name);
-        result.append({file.absoluteFilePath(), file.isFile() ? file.size() : -1, QString()});
+        result.append({file.absoluteFilePath(), file.isFile() ? file.size() : -1, {}, {}});
     }
     return result;
 }

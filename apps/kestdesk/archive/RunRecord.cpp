@@ -158,7 +158,8 @@ QJsonArray filesToJson(const QVector<RunRecord::File>& files)
     for (const RunRecord::File& file : files) {
         array.append(QJsonObject{{QStringLiteral("path"), file.path},
                                  {QStringLiteral("size"), file.size},
-                                 {QStringLiteral("checksum"), file.checksum}});
+                                 {QStringLiteral("checksum"), file.checksum},
+                                 {QStringLiteral("copy"), file.copy}});
     }
     return array;
 }
@@ -169,7 +170,8 @@ QVector<RunRecord::File> filesOf(const QJsonValue& json)
     for (const QJsonValue& each : json.toArray()) {
         const double size = each[QStringLiteral("size")].toDouble(-1);
         files.append({each[QStringLiteral("path")].toString(), static_cast<qint64>(size),
-                      each[QStringLiteral("checksum")].toString()});
+                      each[QStringLiteral("checksum")].toString(),
+                      each[QStringLiteral("copy")].toString()});
     }
     return files;
 }

@@ -37,6 +37,7 @@ struct RunRecord
         QString path;     ///< absolute
         qint64 size = -1; ///< bytes; -1 when it was not there after the run
         QString checksum; ///< SHA-256 in hexadecimal; empty where it was not computed
+        QString copy;     ///< name of the copy in the folder, of small tables; mostly empty
     };
 
     // Where the record is.
