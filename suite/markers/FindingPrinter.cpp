@@ -11,6 +11,11 @@ FindingPrinter::FindingPrinter(MarkerPrinter& printer, QString subject)
     : m_printer(printer), m_subject(std::move(subject))
 {}
 
+QString FindingPrinter::head(FindingKind notice)
+{
+    return QStringLiteral("NOTE %1: ").arg(Finding{notice, 0, QString()}.number());
+}
+
 void FindingPrinter::print(const Finding& finding)
 {
     switch (finding.severity()) {

@@ -12,6 +12,9 @@ class FindingPrinter
 public:
     FindingPrinter(MarkerPrinter& printer, QString subject);
 
+    /// What the text of each notice of a kind begins with: "NOTE 301: ".
+    static QString head(FindingKind notice);
+
     void print(const Finding& finding);
     void print(const FindingList& findings);
 

@@ -130,7 +130,17 @@ constexpr FindingRow findingTable[] = {
     {FindingKind::EngineOutput,       2604, Severity::Fatal,   "the engine says, %1"},
     {FindingKind::RemoteRunFailed,    2605, Severity::Fatal,   "%1"},
     {FindingKind::ResultNotWritten,   2701, Severity::Fatal,   "%1"},
-    {FindingKind::Stopped,            2901, Severity::Fatal,   "stopped"},
+    {FindingKind::ResumeRefused,      2702, Severity::Fatal,   "'%1' cannot be resumed from, %2; a run without --resume starts from the beginning"},
+
+    {FindingKind::Stopped,             301, Severity::Notice,  "stopped by %1"},
+    {FindingKind::PartialKept,         302, Severity::Notice,  "%1 of %2 frequencies are kept in '%3', --resume computes the rest"},
+    {FindingKind::PartialTakenOver,    303, Severity::Notice,  "%1 of %2 frequencies are taken over from '%3'"},
+    {FindingKind::PartialDamaged,      304, Severity::Notice,  "%1 damaged lines of '%2' are left out, and their frequencies are computed again"},
+    {FindingKind::NothingToResume,     305, Severity::Notice,  "there is nothing to resume, no '%1', and the run starts from the beginning"},
+    {FindingKind::PartialReplaced,     306, Severity::Notice,  "the results of an earlier run in '%1' are replaced when the first frequency is solved, %2"},
+    {FindingKind::AnalysesKept,        307, Severity::Notice,  "analyses 1 to %1 are kept in '%2', --resume continues from there"},
+    {FindingKind::EvaluationsKept,     308, Severity::Notice,  "%1 evaluations are kept in '%2', --restart %3 continues from there"},
+    {FindingKind::PartialNotKept,     3604, Severity::Warning, "a stop of this run would keep no results, %1"},
 
     {FindingKind::LongSegment,        3201, Severity::Warning, "the segments of the wire with tag %1 (%2 m) are longer than a tenth of the shortest wavelength (%3 m)"},
     {FindingKind::ThickSegment,       3202, Severity::Warning, "the segments of the wire with tag %1 (%2 m) are shorter than eight radii (radius %3 m)"},

@@ -149,12 +149,12 @@ void tst_markers::errorsNameFileAndLine()
         list.add(FindingKind::UnknownCard, 12, {QStringLiteral("a: b")});
         list.add(FindingKind::UnknownCard, 3, {QStringLiteral("Q")});
         findings.print(list);
-        findings.print(FindingKind::Stopped);
+        findings.print(FindingKind::EngineFailed, {QStringLiteral("stopped")});
     });
     QCOMPARE(lines, QStringList({
                         QStringLiteral("-*-error-*-ERROR 2101: model.nec:3: unknown card 'Q'"),
                         QStringLiteral("-*-error-*-ERROR 2101: model.nec:12: unknown card 'a; b'"),
-                        QStringLiteral("-*-error-*-ERROR 2901: model.nec: stopped"),
+                        QStringLiteral("-*-error-*-ERROR 2602: model.nec: stopped"),
                     }));
 }
 

@@ -8,6 +8,9 @@
 
 #include <ResultFiles.h>
 
+#include <QDir>
+#include <QFileInfo>
+
 using namespace suite;
 
 namespace {
@@ -204,6 +207,7 @@ void Optkest::takeResult(int run, const QString& host, const Impedance& impedanc
         giveUp(FindingKind::RunFolderUnusable, error);
         return;
     }
+    m_keptEvaluations = m_search->state().evaluations.size();
     if (m_search->openRuns().isEmpty()) {
         endRound();
         advance();
@@ -321,6 +325,12 @@ void Optkest::endWork()
     }
     if (m_folder) {
         m_folder->removeRun(RunFolder::finalRun);
+    }
+    if (!isGood() && m_keptEvaluations > 0) {
+        component().findingPrinter().print(FindingKind::EvaluationsKept,
+                                           {QString::number(m_keptEvaluations),
+                                            QFileInfo(m_folder->statePath()).dir().dirName(),
+                                            QString::number(m_search->state().lastRun())});
     }
     finish();
 }
