@@ -3,7 +3,7 @@
 #include "HostList.h"
 #include "TaskCounts.h"
 
-#include <algorithm>
+#include <QSet>
 
 namespace suite {
 
@@ -28,14 +28,31 @@ QString withoutDomain(const QString& host)
     return host.section(QLatin1Char('.'), 0, 0);
 }
 
-// A name without a domain is that of any domain.
-bool isSameHost(const QString& left, const QString& right)
+/// The names of hosts. A name without a domain is that of any domain.
+class HostNames
 {
-    const bool haveDomains = left.contains(QLatin1Char('.')) && right.contains(QLatin1Char('.'));
-    return haveDomains
-               ? left.compare(right, Qt::CaseInsensitive) == 0
-               : withoutDomain(left).compare(withoutDomain(right), Qt::CaseInsensitive) == 0;
-}
+public:
+    explicit HostNames(const MachinesFile& machines)
+    {
+        for (const MachinesFile::Entry& entry : machines.hosts()) {
+            const QString name = entry.host.toLower();
+            m_names.insert(name);
+            m_namesWithoutDomains.insert(withoutDomain(name));
+        }
+    }
+
+    [[nodiscard]] bool have(const QString& host) const
+    {
+        const QString name = host.toLower();
+        const QString shortName = withoutDomain(name);
+        return m_names.contains(name) || m_names.contains(shortName) ||
+               (name == shortName && m_namesWithoutDomains.contains(name));
+    }
+
+private:
+    QSet<QString> m_names;
+    QSet<QString> m_namesWithoutDomains;
+};
 
 } // namespace
 
@@ -106,27 +123,20 @@ QVector<int> SlurmJob::readCounts(const QProcessEnvironment& environment, int ho
 
 QString SlurmJob::firstForeignHost(const MachinesFile& file) const
 {
+    const HostNames own(m_machines);
     for (const MachinesFile::Entry& entry : file.hosts()) {
-        if (!hasHost(entry.host)) {
+        if (!own.have(entry.host)) {
             return entry.host;
         }
     }
     return {};
 }
 
-bool SlurmJob::hasHost(const QString& host) const
-{
-    const QVector<MachinesFile::Entry>& own = m_machines.hosts();
-    return std::any_of(own.cbegin(), own.cend(), [&host](const MachinesFile::Entry& entry) {
-        return isSameHost(entry.host, host);
-    });
-}
-
 void SlurmJob::fail(const QString& reason)
 {
-    m_machines = {};
     m_error = QStringLiteral("%1 cannot be used: %2 (unset %3 to run without the job)")
                   .arg(name(), reason, idVariable);
+    m_machines = {};
 }
 
 } // namespace suite

@@ -41,7 +41,6 @@ public:
 private:
     void read(const QProcessEnvironment& environment);
     QVector<int> readCounts(const QProcessEnvironment& environment, int hosts);
-    bool hasHost(const QString& host) const;
     void fail(const QString& reason);
 
     QString m_id;

@@ -32,7 +32,6 @@ inline const QVector<HostListCase>& hostListCases()
         {"the last one does not", "n[9-011]",                  "n9 n10 n11"},
         {"zeros",                 "n[0,00,000]",               "n0 n00 n000"},
         {"two pairs of brackets", "rack[0-1]n[01-02]",         "rack0n01 rack0n02 rack1n01 rack1n02"},
-        {"three pairs",           "a[1-2]b[3-4]c[5-6]",        "a1b3c5 a1b3c6 a1b4c5 a1b4c6 a2b3c5 a2b3c6 a2b4c5 a2b4c6"},
         {"brackets side by side", "a[1-2][3-4]",               "a13 a14 a23 a24"},
         {"brackets alone",        "[1-2]",                     "1 2"},
         {"lists one by one",      "a[1-2],b[3,4],c",           "a1 a2 b3 b4 c"},

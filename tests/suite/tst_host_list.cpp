@@ -20,9 +20,12 @@ private Q_SLOTS:
         for (const HostListCase& each : hostListCases()) {
             QTest::newRow(each.name) << each.list << each.hosts;
         }
-        // What Slurm's own program does not take.
+        // What Slurm's own program does not take, or orders differently.
         QTest::newRow("text behind brackets") << "n[1-2]-ib,m[3].x"
                                               << "n1-ib n2-ib m3.x";
+        QTest::newRow("three pairs of brackets")
+            << "a[1-2]b[3-4]c[5-6]"
+            << "a1b3c5 a1b3c6 a1b4c5 a1b4c6 a2b3c5 a2b3c6 a2b4c5 a2b4c6";
     }
 
     void namesAreInFull()
