@@ -79,6 +79,9 @@ bool Optkest::makeFarm()
     if (!report(places.findings())) {
         return false;
     }
+    if (hasOption("--machines-file")) {
+        qunsetenv("SLURM_JOB_ID"); // an evaluation has its own host and not those of the job
+    }
     m_farm = std::make_unique<EvaluationFarm>(
         places.hosts(),
         commandLine().wordsBehind(OptionGroup::Optkest, QStringLiteral("--runkest-options")));
