@@ -214,6 +214,22 @@ private Q_SLOTS:
         QCOMPARE(willing.texts.size(), 3);
     }
 
+    void windowsOfRunsHaveTitlesOfTheirOwn()
+    {
+        startWaitingRun("wait", "a.nec");
+        startWaitingRun("wait", "b[*].nec");
+        startWaitingRun("wait", "a.nec");
+        m_stage->find<QComboBox>("componentBox")->setCurrentText(text("prekest"));
+        startWaitingRun("wait", "a.nec");
+        QStringList titles;
+        const QList<common_KestProcessDialog*> dialogs = m_stage->dialogs();
+        for (const common_KestProcessDialog* const dialog : dialogs) {
+            titles.append(dialog->windowTitle());
+        }
+        QCOMPARE(titles, QStringList({text("a.nec - runkest"), text("b[*][*].nec - runkest"),
+                                      text("a.nec (2) - runkest"), text("a.nec - prekest")}));
+    }
+
     void newRunIsSelectedAndTheLastOutcomeGoes()
     {
         m_stage->run(m_stage->model("a.nec", "valid"));

@@ -17,6 +17,7 @@
 #include "RunTableModel.h"
 #include "UnreadableModel.h"
 #include "WindowRun.h"
+#include "WindowTitle.h"
 
 #include <VisibleText.h>
 
@@ -197,7 +198,15 @@ void MainWindow::showModel(const QString& path)
 {
     m_panel->setModel(path);
     m_menu->recentMenu()->addFile(path);
-    setWindowTitle(suite::visibleFileName(path) + QStringLiteral(" - ") + applicationName);
+    m_shownModel = path;
+    updateTitle();
+}
+
+void MainWindow::updateTitle()
+{
+    const QString tail =
+        QStringLiteral(" - %1 - %2").arg(QLatin1String(m_panel->component().name), applicationName);
+    setWindowTitle(m_shownModel.isEmpty() ? applicationName : WindowTitle::of(m_shownModel, tail));
 }
 
 void MainWindow::setComponent(const Component& component)
@@ -236,6 +245,7 @@ void MainWindow::run()
 WindowRun* MainWindow::addRun(const QString& model)
 {
     auto* run = new WindowRun(m_panel->component(), model, this);
+    run->setTitle(m_titles.next(run->run()));
     connect(run, &WindowRun::changed, this, &MainWindow::updateControls);
     connect(run, &WindowRun::ended, this, [this, run] { onRunEnded(*run); });
     m_shutdown.add(run->run());
@@ -297,7 +307,7 @@ void MainWindow::restoreSession(Start start)
 {
     m_session.restore(*this, *m_panel);
     m_choice->restore();
-    setWindowTitle(applicationName);
+    updateTitle();
     if (start == Start::NoModel) {
         return;
     }
@@ -315,6 +325,7 @@ void MainWindow::saveSession()
 
 void MainWindow::updateControls()
 {
+    updateTitle();
     const bool isRunning = !m_runs->runningRuns().isEmpty();
     m_panel->setStopEnabled(isRunning);
     m_menu->setStopEnabled(isRunning);

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "OrphanReaper.h"
+#include "RunTitles.h"
 #include "Shutdown.h"
 #include "WindowSession.h"
 
@@ -70,6 +71,7 @@ private:
     void restoreSession(Start start);
     void saveSession();
     void showModel(const QString& path);
+    void updateTitle();
     void updateControls();
     void onChoiceSaved(bool isKept);
     void onRunEnded(const WindowRun& run);
@@ -87,6 +89,8 @@ private:
     MainMenu* m_menu = nullptr;
     LaunchChoice* m_choice = nullptr;
     ApplicationMenu* m_applications;
+    QString m_shownModel; ///< of the title
+    RunTitles m_titles;
     Shutdown m_shutdown;
     OrphanReaper m_reaper;
 };

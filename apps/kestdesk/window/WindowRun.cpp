@@ -83,6 +83,7 @@ RunSetup::Readiness WindowRun::setUp(common_RunWrapper::RunOptions options,
 void WindowRun::makeDialog(QWidget* window)
 {
     m_dialog = new common_KestProcessDialog(m_run.runner(), window);
+    m_dialog->setTitle(m_title);
     GET_SERVICE(common_HelpClient)->registerPage(m_dialog, QStringLiteral("run-window"));
 }
 

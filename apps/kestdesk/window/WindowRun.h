@@ -18,6 +18,9 @@ public:
     /// The component must outlive the run.
     WindowRun(const Component& component, const QString& model, QObject* parent);
 
+    /// Of the dialog; to be set before the start.
+    void setTitle(const QString& title) { m_title = title; }
+
     /// Sets the run up and starts it. The dialog gets the window as its parent. False when it did
     /// not start, which the user has been shown then.
     bool start(common_RunWrapper::RunOptions options, common_CommonSettingsSet& settings,
@@ -52,6 +55,7 @@ private:
     void onStateChanged();
 
     Run m_run;
+    QString m_title;
     QPointer<common_KestProcessDialog> m_dialog;
     QStringList m_results;
 };
