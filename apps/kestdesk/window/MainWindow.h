@@ -6,17 +6,23 @@
 
 #include <QMainWindow>
 
+#include <memory>
+
 class ApplicationMenu;
 class LaunchChoice;
 class MainMenu;
 class QLabel;
+class RunAgain;
+class RunListPart;
 class RunListView;
 class RunPanel;
 class RunTableModel;
+class SessionRuns;
 class WindowRun;
+struct RunRecord;
 struct Component;
 
-/// kestdesk's window: a model, how to run it, and the runs of this session.
+/// kestdesk's window: a model, how to run it, and the runs, of this session and before.
 class MainWindow : public QMainWindow
 {
     Q_OBJECT
@@ -49,9 +55,10 @@ protected:
 private:
     void makeContent();
     void makePanel(QWidget* content);
-    QWidget* makeRunListPart();
-    QWidget* makeRunListHead();
+    void makeRunListPart(QWidget* content);
     void makeOutcomeLabel();
+    void connectRuns();
+    void makeRunActions();
     void makeMenus();
     void addApplicationMenu();
     void makeChoice();
@@ -59,11 +66,13 @@ private:
 
     void chooseModel();
     void run();
-    WindowRun* addRun(const QString& model);
+    void prepareRun();
+    void runAgain(const RunRecord& record, const QString& model);
     void stopRun();
     WindowRun* runToStop() const;
     void showRun();
-    void removeEndedRuns();
+    void showRecord(int number);
+    void clearEndedRuns();
     void editLaunchOptions();
     void editMachinesFile();
 
@@ -73,20 +82,26 @@ private:
     void updateControls();
     void onChoiceSaved(bool isKept);
     void onRunEnded(const WindowRun& run);
+    void onRecordFailed(const WindowRun& run);
     void showOutcome(const QString& text);
 
     void onRunsStopping();
     void onClearing();
     void onShutdownDone();
+    void onAllRecorded();
 
     WindowSession m_session;
     RunPanel* m_panel = nullptr;
+    RunListPart* m_listPart = nullptr;
     RunListView* m_list = nullptr;
     QLabel* m_outcome = nullptr;
     RunTableModel* m_runs;
     MainMenu* m_menu = nullptr;
     LaunchChoice* m_choice = nullptr;
     ApplicationMenu* m_applications;
+    RunAgain* m_again;
     Shutdown m_shutdown;
     OrphanReaper m_reaper;
+    bool m_isLeaving = false;                   ///< nothing is left to wait for
+    std::unique_ptr<SessionRuns> m_sessionRuns; ///< the first to go, while the window is whole
 };
