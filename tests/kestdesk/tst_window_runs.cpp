@@ -181,7 +181,7 @@ private Q_SLOTS:
         // The selected run is stopped.
         auto* const list = m_stage->find<QTableView>("runList");
         list->setFocus();
-        list->selectRow(0);
+        list->selectRow(m_stage->rowOf(0));
         const BoxAnswerer willing(WindowStage::agreeing());
         m_stage->pressStop();
         QTRY_COMPARE_WITH_TIMEOUT(m_stage->state(0), text("stopped"), longTime);
@@ -241,7 +241,7 @@ private Q_SLOTS:
         const QModelIndexList rows =
             m_stage->find<QTableView>("runList")->selectionModel()->selectedRows();
         QCOMPARE(rows.size(), 1);
-        QCOMPARE(rows.constFirst().row(), 1);
+        QCOMPARE(rows.constFirst().row(), m_stage->rowOf(1));
     }
 
     void dialogOfARunIsBroughtBackByTheKeyboard_data()
@@ -281,8 +281,12 @@ private Q_SLOTS:
     {
         QVERIFY(!m_stage->window().windowIcon().isNull());
         const QAbstractItemModel* const runs = m_stage->find<QTableView>("runList")->model();
-        const auto shown = [runs](int row) {
-            return runs->index(row, 2).data(Qt::DecorationRole).value<QIcon>().pixmap(16).toImage();
+        const auto shown = [this, runs](int run) {
+            return runs->index(m_stage->rowOf(run), 2)
+                .data(Qt::DecorationRole)
+                .value<QIcon>()
+                .pixmap(16)
+                .toImage();
         };
         const auto named = [](const char* name) {
             return GET_SERVICE(common_IIconUtility)->getIcon(text(name)).pixmap(16).toImage();
@@ -313,7 +317,7 @@ private Q_SLOTS:
             const int alignment = runs->index(0, i).data(Qt::TextAlignmentRole).toInt();
             sides += QLatin1Char((alignment & Qt::AlignRight) != 0 ? 'r' : 'l');
         }
-        QCOMPARE(sides, text("lllrrr"));
+        QCOMPARE(sides, text("lllrrrrllrl"));
     }
 
     void timesAreShownWhileARunIsGoing()

@@ -64,7 +64,6 @@ QString RunArchive::path(int number) const
     return QDir(m_folder).filePath(QString::number(number));
 }
 
-// In ascending order.
 QVector<int> RunArchive::numbers() const
 {
     QVector<int> result;

@@ -1,6 +1,8 @@
 #include "MainWindow.h"
 
 #include "ApplicationMenu.h"
+#include "ArchiveLimits.h"
+#include "ArchiveWatch.h"
 #include "Component.h"
 #include "Descendants.h"
 #include "FileDrop.h"
@@ -11,10 +13,14 @@
 #include "Notifier.h"
 #include "OpenDialog.h"
 #include "RecentMenu.h"
+#include "RunActions.h"
+#include "RunAgain.h"
+#include "RunListPart.h"
 #include "RunListView.h"
 #include "RunPanel.h"
 #include "RunStops.h"
 #include "RunTableModel.h"
+#include "SessionRuns.h"
 #include "UnreadableModel.h"
 #include "WindowRun.h"
 #include "WindowTitle.h"
@@ -29,7 +35,6 @@
 #include <QApplication>
 #include <QCloseEvent>
 #include <QFileInfo>
-#include <QHBoxLayout>
 #include <QLabel>
 #include <QMenuBar>
 #include <QStatusBar>
@@ -48,10 +53,24 @@ QString namesOf(const QStringList& paths)
     return names.join(QStringLiteral(", "));
 }
 
+QString outcomeText(const WindowRun& run)
+{
+    QString text = QStringLiteral("%1 of %2: %3")
+                       .arg(run.run().componentName(), suite::visibleFileName(run.run().model()),
+                            run.explanation());
+    if (!run.recordProblem().isEmpty()) {
+        text += QLatin1Char(text.endsWith(QLatin1Char('.')) ? ' ' : '.') + run.recordProblem();
+    }
+    return text;
+}
+
 } // namespace
 
 MainWindow::MainWindow(Start start)
-    : m_runs(new RunTableModel(this)), m_applications(new ApplicationMenu(this))
+    : m_runs(new RunTableModel(this))
+    , m_applications(new ApplicationMenu(this))
+    , m_again(new RunAgain(RunArchive::ofUser(), this))
+    , m_sessionRuns(std::make_unique<SessionRuns>(m_runs, m_shutdown, this))
 {
     setObjectName(QStringLiteral("kestdeskWindow"));
     setWindowIcon(GET_SERVICE(common_IIconUtility)->getIcon(applicationName));
@@ -59,19 +78,16 @@ MainWindow::MainWindow(Start start)
     makeContent();
     makeMenus();
     makeChoice();
+    connectRuns();
     connectShutdown();
     restoreSession(start);
+    m_listPart->archive()->start(ArchiveLimits::ofUser());
     updateControls();
 }
 
-// While the window is whole: the runs tell it of their changes.
 MainWindow::~MainWindow()
 {
-    const QVector<WindowRun*> runs = m_runs->runs();
-    for (WindowRun* run : runs) {
-        m_runs->remove(run);
-        delete run;
-    }
+    m_sessionRuns.reset(); // while the window is whole: the runs report their changes to it
 }
 
 void MainWindow::makeContent()
@@ -80,7 +96,8 @@ void MainWindow::makeContent()
     auto* layout = new QVBoxLayout(content);
     makePanel(content);
     layout->addWidget(m_panel);
-    layout->addWidget(makeRunListPart(), 1);
+    makeRunListPart(content);
+    layout->addWidget(m_listPart, 1);
     setCentralWidget(content);
     makeOutcomeLabel();
     GET_SERVICE(common_HelpClient)->registerPage(this, applicationName);
@@ -95,29 +112,13 @@ void MainWindow::makePanel(QWidget* content)
     connect(m_panel, &RunPanel::targetChanged, this, &MainWindow::updateControls);
 }
 
-QWidget* MainWindow::makeRunListPart()
+void MainWindow::makeRunListPart(QWidget* content)
 {
-    m_list = new RunListView(m_runs, this);
+    m_listPart = new RunListPart(m_runs, RunArchive::ofUser(), content);
+    m_listPart->addButton(m_applications->makeResultsButton(m_listPart));
+    m_list = m_listPart->list();
     connect(m_list, &QTableView::activated, this, &MainWindow::showRun);
     connect(m_list, &RunListView::selectedRunChanged, this, &MainWindow::updateControls);
-    auto* part = new QWidget(this);
-    auto* layout = new QVBoxLayout(part);
-    layout->setContentsMargins(0, 0, 0, 0);
-    layout->addWidget(m_list, 1);
-    layout->insertWidget(0, makeRunListHead());
-    return part;
-}
-
-QWidget* MainWindow::makeRunListHead()
-{
-    auto* head = new QWidget(this);
-    auto* layout = new QHBoxLayout(head);
-    layout->setContentsMargins(0, 0, 0, 0);
-    auto* label = new QLabel(QStringLiteral("Runs of &this session:"), head);
-    label->setBuddy(m_list);
-    layout->addWidget(label, 1);
-    layout->addWidget(m_applications->makeResultsButton(head));
-    return head;
 }
 
 void MainWindow::makeOutcomeLabel()
@@ -139,12 +140,23 @@ void MainWindow::makeMenus()
     connect(m_menu, &MainMenu::runRequested, this, &MainWindow::run);
     connect(m_menu, &MainMenu::stopRequested, this, &MainWindow::stopRun);
     connect(m_menu, &MainMenu::showRunRequested, this, &MainWindow::showRun);
-    connect(m_menu, &MainMenu::clearRequested, this, &MainWindow::removeEndedRuns);
+    connect(m_menu, &MainMenu::clearRequested, this, &MainWindow::clearEndedRuns);
     connect(m_menu, &MainMenu::launchOptionsRequested, this, &MainWindow::editLaunchOptions);
     connect(m_menu, &MainMenu::machinesFileRequested, this, &MainWindow::editMachinesFile);
     m_list->addAction(m_menu->showRunAction());
+    makeRunActions();
     addApplicationMenu();
     HelpMenu::addTo(*this, QStringLiteral("Runs the suite's solver components on models."));
+}
+
+void MainWindow::makeRunActions()
+{
+    auto* const actions = new RunActions(m_listPart, m_menu->runMenu(), this);
+    connect(actions, &RunActions::recordRequested, this, &MainWindow::showRecord);
+    connect(actions, &RunActions::againRequested, m_again, &RunAgain::request);
+    connect(actions, &RunActions::reported, this, &MainWindow::showOutcome);
+    connect(m_again, &RunAgain::ready, this, &MainWindow::runAgain);
+    connect(m_again, &RunAgain::failed, this, &MainWindow::showOutcome);
 }
 
 void MainWindow::addApplicationMenu()
@@ -159,6 +171,19 @@ void MainWindow::makeChoice()
 {
     m_choice = new LaunchChoice(m_panel, m_menu, this);
     connect(m_choice, &LaunchChoice::saved, this, &MainWindow::onChoiceSaved);
+}
+
+void MainWindow::connectRuns()
+{
+    ArchiveWatch* const archive = m_listPart->archive();
+    SessionRuns* const runs = m_sessionRuns.get();
+    connect(runs, &SessionRuns::added, m_list, &RunListView::select);
+    connect(runs, &SessionRuns::changed, this, &MainWindow::updateControls);
+    connect(runs, &SessionRuns::ended, this, &MainWindow::onRunEnded);
+    connect(runs, &SessionRuns::recordFailed, this, &MainWindow::onRecordFailed);
+    connect(runs, &SessionRuns::archiveChanged, archive, &ArchiveWatch::refresh);
+    connect(runs, &SessionRuns::allRecorded, this, &MainWindow::onAllRecorded);
+    connect(archive, &ArchiveWatch::removed, runs, &SessionRuns::removeDeleted);
 }
 
 void MainWindow::connectShutdown()
@@ -230,28 +255,30 @@ void MainWindow::run()
         return;
     }
     const QString model = QFileInfo(m_panel->model()).absoluteFilePath();
-    WindowRun* run = addRun(model);
-    showOutcome(QString());
-    // The processes that a component leaves behind, however it ends, must not get lost.
-    Descendants::adoptOrphans();
-    m_reaper.start();
-    if (run->start(m_choice->options() & m_panel->component().options, m_session.settings(),
-                   this)) {
+    prepareRun();
+    if (m_sessionRuns->start(m_panel->component(), model,
+                             m_choice->options() & m_panel->component().options,
+                             m_session.settings())) {
         showModel(model);
     }
     updateControls();
 }
 
-WindowRun* MainWindow::addRun(const QString& model)
+void MainWindow::runAgain(const RunRecord& record, const QString& model)
 {
-    auto* run = new WindowRun(m_panel->component(), model, this);
-    run->setTitle(m_titles.next(run->run()));
-    connect(run, &WindowRun::changed, this, &MainWindow::updateControls);
-    connect(run, &WindowRun::ended, this, [this, run] { onRunEnded(*run); });
-    m_shutdown.add(run->run());
-    m_runs->add(run);
-    m_list->selectNewestRun();
-    return run;
+    prepareRun();
+    if (m_sessionRuns->startAgain(record, model, m_session.settings())) {
+        showOutcome(QStringLiteral("Run %1 is run again").arg(record.number));
+    }
+    updateControls();
+}
+
+// The processes that a component leaves behind, however it ends, must not get lost.
+void MainWindow::prepareRun()
+{
+    showOutcome(QString());
+    Descendants::adoptOrphans();
+    m_reaper.start();
 }
 
 void MainWindow::stopRun()
@@ -273,24 +300,28 @@ WindowRun* MainWindow::runToStop() const
     return running.isEmpty() ? nullptr : running.last();
 }
 
+// The dialog that the run has in this session, or else what its record says.
 void MainWindow::showRun()
 {
-    WindowRun* run = m_list->selectedRun();
-    if (run != nullptr && !run->showDialog()) {
+    WindowRun* const run = m_list->selectedRun();
+    if (run != nullptr && run->showDialog()) {
+        return;
+    }
+    const QVector<ListedRun> selected = m_list->selectedRuns();
+    if (!selected.isEmpty() && selected.first().number() > 0) {
+        showRecord(selected.first().number());
+    } else if (run != nullptr) {
         showOutcome(QStringLiteral("The window of this run has been closed."));
     }
 }
 
-void MainWindow::removeEndedRuns()
+void MainWindow::showRecord(int /*number*/)
+{}
+
+void MainWindow::clearEndedRuns()
 {
-    const QVector<WindowRun*> runs = m_runs->runs();
-    for (WindowRun* run : runs) {
-        if (!run->run().isRunning()) {
-            m_runs->remove(run);
-            run->deleteLater();
-        }
-    }
-    updateControls();
+    m_listPart->clearEnded();
+    m_sessionRuns->removeEnded();
 }
 
 void MainWindow::editLaunchOptions()
@@ -345,14 +376,18 @@ void MainWindow::onRunEnded(const WindowRun& run)
     if (run.run().state() == Run::State::NotStarted) {
         return;
     }
-    const QString text = QStringLiteral("%1 of %2: %3")
-                             .arg(run.run().componentName(),
-                                  suite::visibleFileName(run.run().model()), run.explanation());
+    const QString text = outcomeText(run);
     showOutcome(text);
     if (QApplication::activeWindow() == nullptr) {
         QApplication::alert(this);
         Notifier::show(QStringLiteral("Run ended"), text);
     }
+}
+
+void MainWindow::onRecordFailed(const WindowRun& run)
+{
+    const bool hasEnded = !run.run().isRunning() && run.run().state() != Run::State::NotStarted;
+    showOutcome(hasEnded ? outcomeText(run) : run.recordProblem());
 }
 
 void MainWindow::showOutcome(const QString& text)
@@ -373,7 +408,7 @@ void MainWindow::closeEvent(QCloseEvent* event)
     QVector<Run*> runs;
     std::transform(running.begin(), running.end(), std::back_inserter(runs),
                    [](WindowRun* run) { return &run->run(); });
-    event->setAccepted(RunStops(m_shutdown, *this).close(runs));
+    event->setAccepted(RunStops(m_shutdown, *this).close(runs) && m_isLeaving);
 }
 
 void MainWindow::onRunsStopping()
@@ -389,8 +424,15 @@ void MainWindow::onClearing()
     menuBar()->setEnabled(false);
 }
 
+// The records of the runs are still being written.
 void MainWindow::onShutdownDone()
 {
+    m_sessionRuns->finishRecords();
+}
+
+void MainWindow::onAllRecorded()
+{
+    m_isLeaving = true;
     close();
     QCoreApplication::quit();
 }

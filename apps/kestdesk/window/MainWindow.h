@@ -1,23 +1,28 @@
 #pragma once
 
 #include "OrphanReaper.h"
-#include "RunTitles.h"
 #include "Shutdown.h"
 #include "WindowSession.h"
 
 #include <QMainWindow>
 
+#include <memory>
+
 class ApplicationMenu;
 class LaunchChoice;
 class MainMenu;
 class QLabel;
+class RunAgain;
+class RunListPart;
 class RunListView;
 class RunPanel;
 class RunTableModel;
+class SessionRuns;
 class WindowRun;
+struct RunRecord;
 struct Component;
 
-/// kestdesk's window: a model, how to run it, and the runs of this session.
+/// kestdesk's window: a model, how to run it, and the runs, of this session and before.
 class MainWindow : public QMainWindow
 {
     Q_OBJECT
@@ -50,9 +55,10 @@ protected:
 private:
     void makeContent();
     void makePanel(QWidget* content);
-    QWidget* makeRunListPart();
-    QWidget* makeRunListHead();
+    void makeRunListPart(QWidget* content);
     void makeOutcomeLabel();
+    void connectRuns();
+    void makeRunActions();
     void makeMenus();
     void addApplicationMenu();
     void makeChoice();
@@ -60,11 +66,13 @@ private:
 
     void chooseModel();
     void run();
-    WindowRun* addRun(const QString& model);
+    void prepareRun();
+    void runAgain(const RunRecord& record, const QString& model);
     void stopRun();
     WindowRun* runToStop() const;
     void showRun();
-    void removeEndedRuns();
+    void showRecord(int number);
+    void clearEndedRuns();
     void editLaunchOptions();
     void editMachinesFile();
 
@@ -75,14 +83,17 @@ private:
     void updateControls();
     void onChoiceSaved(bool isKept);
     void onRunEnded(const WindowRun& run);
+    void onRecordFailed(const WindowRun& run);
     void showOutcome(const QString& text);
 
     void onRunsStopping();
     void onClearing();
     void onShutdownDone();
+    void onAllRecorded();
 
     WindowSession m_session;
     RunPanel* m_panel = nullptr;
+    RunListPart* m_listPart = nullptr;
     RunListView* m_list = nullptr;
     QLabel* m_outcome = nullptr;
     RunTableModel* m_runs;
@@ -90,7 +101,9 @@ private:
     LaunchChoice* m_choice = nullptr;
     ApplicationMenu* m_applications;
     QString m_shownModel; ///< of the title
-    RunTitles m_titles;
+    RunAgain* m_again;
     Shutdown m_shutdown;
     OrphanReaper m_reaper;
+    bool m_isLeaving = false;                   ///< nothing is left to wait for
+    std::unique_ptr<SessionRuns> m_sessionRuns; ///< the first to go, while the window is whole
 };

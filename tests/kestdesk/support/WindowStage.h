@@ -163,19 +163,23 @@ public:
         pressRun();
     }
 
+    /// The row of a run in the list, which shows the newest one first. The runs are numbered as
+    /// they were started, from 0 on.
+    int rowOf(int run) const { return runCount() - 1 - run; }
+
     /// What the list of runs shows.
-    QString cell(int row, const char* column) const
+    QString cell(int run, const char* column) const
     {
         const QAbstractItemModel* const runs = find<QTableView>("runList")->model();
         for (int i = 0; i < runs->columnCount(); ++i) {
             if (runs->headerData(i, Qt::Horizontal).toString() == text(column)) {
-                return runs->index(row, i).data().toString();
+                return runs->index(rowOf(run), i).data().toString();
             }
         }
         return text("no such column");
     }
 
-    QString state(int row = 0) const { return cell(row, "State"); }
+    QString state(int run = 0) const { return cell(run, "State"); }
     int runCount() const { return find<QTableView>("runList")->model()->rowCount(); }
     QString outcomeText() const { return find<QLabel>("outcomeLabel")->text(); }
 
