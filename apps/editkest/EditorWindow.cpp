@@ -240,11 +240,10 @@ void EditorWindow::showFindings(const QVector<suite::Finding>& findings)
     int errors = 0;
     int warnings = 0;
     for (const suite::Finding& finding : findings) {
-        const QString place =
-            finding.line > 0 ? QStringLiteral("line %1: ").arg(finding.line) : QString();
-        auto* item = new QListWidgetItem(
-            severityIcon(finding.severity()),
-            place + finding.reason + QStringLiteral(" (%1)").arg(finding.number()), m_findings);
+        auto* item = new QListWidgetItem(severityIcon(finding.severity()),
+                                         QStringLiteral("%1: ").arg(finding.number()) +
+                                             finding.place().behind(finding.reason),
+                                         m_findings);
         item->setData(lineRole, finding.line);
         const bool isError = finding.severity() == suite::Severity::Error ||
                              finding.severity() == suite::Severity::Fatal;

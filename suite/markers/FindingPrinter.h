@@ -6,7 +6,8 @@ namespace suite {
 
 class MarkerPrinter;
 
-/// Prints findings about one subject (the model's file name, or the program's own name).
+/// Prints findings about one subject (the model's file name, or the program's own name). What
+/// belongs to a line of it has the place at its end, and other errors begin with the subject.
 class FindingPrinter
 {
 public:
@@ -23,6 +24,7 @@ public:
 
 private:
     [[nodiscard]] QString errorText(const Finding& finding) const;
+    [[nodiscard]] QString reasonAndPlace(const Finding& finding) const;
     [[nodiscard]] QString remarkText(const Finding& finding, const QString& word) const;
 
     MarkerPrinter& m_printer;

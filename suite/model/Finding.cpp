@@ -142,8 +142,8 @@ constexpr FindingRow findingTable[] = {
     {FindingKind::EvaluationsKept,     308, Severity::Notice,  "%1 evaluations are kept in '%2', --restart %3 continues from there"},
     {FindingKind::PartialNotKept,     3604, Severity::Warning, "a stop of this run would keep no results, %1"},
 
-    {FindingKind::LongSegment,        3201, Severity::Warning, "the segments of the wire with tag %1 (%2 m) are longer than a tenth of the shortest wavelength (%3 m)"},
-    {FindingKind::ThickSegment,       3202, Severity::Warning, "the segments of the wire with tag %1 (%2 m) are shorter than eight radii (radius %3 m)"},
+    {FindingKind::LongSegment,        3201, Severity::Warning, "the segments of %1 (%2 m) are longer than a tenth of the shortest wavelength (%3 m)"},
+    {FindingKind::ThickSegment,       3202, Severity::Warning, "the segments of %1 (%2 m) are shorter than eight radii (radius %3 m)"},
     {FindingKind::SharedTag,          3203, Severity::Warning, "tag %1 is used by the wire in line %2 too"},
     {FindingKind::IgnoredAfterEnd,    3204, Severity::Warning, "what follows the EN card is ignored"},
     {FindingKind::PlotFileDropped,    3205, Severity::Warning, "the plot file of card PL is not kept"},
@@ -214,6 +214,11 @@ int Finding::number() const
 
 void FindingList::add(FindingKind kind, int line, const QStringList& parts)
 {
+    addAtWire(kind, line, 0, parts);
+}
+
+void FindingList::addAtWire(FindingKind kind, int line, int tag, const QStringList& parts)
+{
     const FindingRow& row = rowOf(kind);
     m_fatal = m_fatal || row.severity == Severity::Fatal;
     if (isError(row.severity) && row.severity != Severity::Fatal) {
@@ -223,7 +228,7 @@ void FindingList::add(FindingKind kind, int line, const QStringList& parts)
         if (m_errorCount == mostErrors) {
             ++m_errorCount;
             m_findings.append({FindingKind::TooManyErrors, line,
-                               filled(rowOf(FindingKind::TooManyErrors).text, {})});
+                               filled(rowOf(FindingKind::TooManyErrors).text, {}), 0});
             return;
         }
     }
@@ -231,7 +236,7 @@ void FindingList::add(FindingKind kind, int line, const QStringList& parts)
         return;
     }
     m_errorCount += isError(row.severity) ? 1 : 0;
-    m_findings.append({kind, line, filled(row.text, parts)});
+    m_findings.append({kind, line, filled(row.text, parts), tag});
 }
 
 bool FindingList::contains(FindingKind kind) const

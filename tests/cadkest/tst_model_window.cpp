@@ -117,7 +117,7 @@ private Q_SLOTS:
         const QLabel& message = label(window, "modelMessage");
         QVERIFY(message.isVisible());
         QVERIFY(message.text().startsWith(text("model.nec has mistakes")));
-        QVERIFY(message.text().contains(text("line 3: ")));
+        QVERIFY(message.text().contains(text(" (line 3")));
         QCOMPARE(message.textFormat(), Qt::PlainText);
     }
 

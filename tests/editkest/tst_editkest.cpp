@@ -40,7 +40,7 @@ private Q_SLOTS:
         QCOMPARE(editor->findingsAt(3).size(), 1);
         QVERIFY(window.isWindowModified());
         auto* list = window.findChild<QListWidget*>(QStringLiteral("findingList"));
-        QVERIFY2(list->item(0)->text().startsWith(QStringLiteral("line 3: ")),
+        QVERIFY2(list->item(0)->text().endsWith(QStringLiteral(" (line 3)")),
                  qPrintable(list->item(0)->text()));
         editor->moveCursor(QTextCursor::End);
         window.findChild<QAction*>(QStringLiteral("nextFindingAction"))->trigger();
