@@ -294,7 +294,7 @@ void tst_optkest_faults::brokenEngine()
         QCOMPARE(errors.size(), 1);
         QVERIFY2(errors.first().startsWith(text("ERROR 2611: tune.nec: run ")),
                  qPrintable(errors.first()));
-        QVERIFY2(errors.first().contains(text(" on localhost failed, ")),
+        QVERIFY2(errors.first().contains(text(" on the host 'localhost' failed, ")),
                  qPrintable(errors.first()));
         QVERIFY2(errors.first().contains(reason), qPrintable(errors.first()));
         QCOMPARE(m_model->processCount(), 0);
@@ -321,7 +321,7 @@ void tst_optkest_faults::failureKeepsWhatIsDone()
     const SuiteResult failed =
         runSuite(optkestProgram(), {text("tune")}, m_model->folder().path(), environment);
     QCOMPARE(failed.exitCode, 1);
-    QVERIFY2(failed.hasText(text("ERROR 2611: tune.nec: run 7 on localhost failed, ")),
+    QVERIFY2(failed.hasText(text("ERROR 2611: tune.nec: run 7 on the host 'localhost' failed, ")),
              qPrintable(failed.lines.join(QLatin1Char('\n'))));
     QCOMPARE(lastSavedRun(), 6);
     // Its model shows what went wrong.
@@ -347,9 +347,10 @@ void tst_optkest_faults::fullDiskAtTheEnd()
     QCOMPARE(result.exitCode, 1);
     const QStringList errors = result.bodies(text("error"));
     QCOMPARE(errors.size(), 1);
-    QVERIFY2(errors.first().startsWith(
-                 text("ERROR 2611: tune.nec: the run of the tuned model on localhost failed, ")),
-             qPrintable(errors.first()));
+    QVERIFY2(
+        errors.first().startsWith(text(
+            "ERROR 2611: tune.nec: the run of the tuned model on the host 'localhost' failed, ")),
+        qPrintable(errors.first()));
     verifyOldResults();
     QVERIFY(!m_model->folder().exists(text("tune.optkest/final")));
     verifyRestart(text("-np 4"));

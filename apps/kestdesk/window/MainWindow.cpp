@@ -12,6 +12,7 @@
 #include "MainMenu.h"
 #include "Notifier.h"
 #include "OpenDialog.h"
+#include "QueuePanel.h"
 #include "RecentMenu.h"
 #include "RunActions.h"
 #include "RunAgain.h"
@@ -22,6 +23,7 @@
 #include "RunTableModel.h"
 #include "SessionRuns.h"
 #include "UnreadableModel.h"
+#include "WindowQueue.h"
 #include "WindowRun.h"
 #include "WindowTitle.h"
 
@@ -53,6 +55,12 @@ QString namesOf(const QStringList& paths)
     return names.join(QStringLiteral(", "));
 }
 
+bool isReadable(const QString& path)
+{
+    const QFileInfo file(path);
+    return file.isFile() && file.isReadable();
+}
+
 QString outcomeText(const WindowRun& run)
 {
     QString text = QStringLiteral("%1 of %2: %3")
@@ -71,16 +79,20 @@ MainWindow::MainWindow(Start start)
     , m_applications(new ApplicationMenu(this))
     , m_again(new RunAgain(RunArchive::ofUser(), this))
     , m_sessionRuns(std::make_unique<SessionRuns>(m_runs, m_shutdown, this))
+    , m_queue(new WindowQueue(*m_sessionRuns, m_session.settings(), m_shutdown, this))
 {
     setObjectName(QStringLiteral("kestdeskWindow"));
     setWindowIcon(GET_SERVICE(common_IIconUtility)->getIcon(applicationName));
-    connect(new FileDrop(this), &FileDrop::dropped, this, &MainWindow::openModels);
+    connect(new FileDrop(this), &FileDrop::dropped, this,
+            [this](const QStringList& files) { openModels(files); });
     makeContent();
     makeMenus();
     makeChoice();
     connectRuns();
+    connectQueue();
     connectShutdown();
     restoreSession(start);
+    m_queue->restore();
     m_listPart->archive()->start(ArchiveLimits::ofUser());
     updateControls();
 }
@@ -96,6 +108,7 @@ void MainWindow::makeContent()
     auto* layout = new QVBoxLayout(content);
     makePanel(content);
     layout->addWidget(m_panel);
+    layout->addWidget(new QueuePanel(m_queue->queue(), content));
     makeRunListPart(content);
     layout->addWidget(m_listPart, 1);
     setCentralWidget(content);
@@ -186,6 +199,20 @@ void MainWindow::connectRuns()
     connect(archive, &ArchiveWatch::removed, runs, &SessionRuns::removeDeleted);
 }
 
+void MainWindow::connectQueue()
+{
+    connect(m_queue, &WindowQueue::starting, this, &MainWindow::prepareRun);
+    connect(m_queue, &WindowQueue::started, this, [this](const QString& model) {
+        if (QFileInfo(m_panel->model()).absoluteFilePath() == model) {
+            showModel(model);
+        } else {
+            m_menu->recentMenu()->addFile(model);
+        }
+        updateControls();
+    });
+    connect(m_queue, &WindowQueue::reported, this, &MainWindow::showOutcome);
+}
+
 void MainWindow::connectShutdown()
 {
     connect(&m_shutdown, &Shutdown::stopping, this, &MainWindow::onRunsStopping);
@@ -196,27 +223,62 @@ void MainWindow::connectShutdown()
 
 void MainWindow::openModel(const QString& path, const QString& hint)
 {
-    const QFileInfo file(path);
-    if (!file.isFile() || !file.isReadable()) {
+    if (!isReadable(path)) {
         common_UserQuery(QStringLiteral("Model not opened"), UnreadableModel::text(path, hint),
                          common_UserQuery::Error, this, QString())
             .display();
         return;
     }
-    showModel(file.absoluteFilePath());
+    showModel(QFileInfo(path).absoluteFilePath());
     m_panel->focusRunButton();
 }
 
-void MainWindow::openModels(const QStringList& paths)
+void MainWindow::openModels(const QStringList& paths, const QString& hint)
 {
-    if (paths.isEmpty()) {
+    const QStringList models = paths.size() == 1 ? paths : readableOnes(paths);
+    if (models.isEmpty()) {
         return;
     }
-    openModel(paths.first());
-    if (paths.size() > 1) {
-        showOutcome(QStringLiteral("Not opened, as the window takes one model at a time: %1")
-                        .arg(namesOf(paths.mid(1))));
+    openModel(models.first(), hint);
+    if (models.size() == 1) {
+        return;
     }
+    for (const QString& model : models) {
+        queueModel(model, true);
+    }
+    showOutcome(QStringLiteral("Held in the queue until you press \"Run all\" there: %1")
+                    .arg(namesOf(models)));
+}
+
+// The others are shown in one message.
+QStringList MainWindow::readableOnes(const QStringList& paths)
+{
+    QStringList readable;
+    QStringList problems;
+    for (const QString& path : paths) {
+        if (isReadable(path)) {
+            readable.append(path);
+        } else {
+            problems.append(UnreadableModel::text(path, QString()));
+        }
+    }
+    if (!problems.isEmpty()) {
+        common_UserQuery(QStringLiteral("Model not opened"), problems.join(QLatin1Char('\n')),
+                         common_UserQuery::Error, this, QString())
+            .display();
+    }
+    return readable;
+}
+
+void MainWindow::queueModel(const QString& path, bool isHeld)
+{
+    const Component& component = m_panel->component();
+    QueuedRun run;
+    run.component = QLatin1String(component.name);
+    run.model = QFileInfo(path).absoluteFilePath();
+    run.options = m_choice->options() & component.options;
+    run.isHeld = isHeld;
+    m_queue->queue().add(run);
 }
 
 void MainWindow::showModel(const QString& path)
@@ -242,11 +304,8 @@ void MainWindow::setComponent(const Component& component)
 void MainWindow::chooseModel()
 {
     const QString folder = QFileInfo(m_panel->model()).absolutePath();
-    const QString path = OpenDialog::file(this, QStringLiteral("Open a model"), folder,
-                                          QStringLiteral("Models (*.nec);;All (*)"));
-    if (!path.isEmpty()) {
-        openModel(path);
-    }
+    openModels(OpenDialog::files(this, QStringLiteral("Open a model"), folder,
+                                 QStringLiteral("Models (*.nec);;All (*)")));
 }
 
 void MainWindow::run()
@@ -254,14 +313,7 @@ void MainWindow::run()
     if (m_panel->model().isEmpty()) {
         return;
     }
-    const QString model = QFileInfo(m_panel->model()).absoluteFilePath();
-    prepareRun();
-    if (m_sessionRuns->start(m_panel->component(), model,
-                             m_choice->options() & m_panel->component().options,
-                             m_session.settings())) {
-        showModel(model);
-    }
-    updateControls();
+    queueModel(m_panel->model(), false);
 }
 
 void MainWindow::runAgain(const RunRecord& record, const QString& model)

@@ -18,6 +18,7 @@ class RunListView;
 class RunPanel;
 class RunTableModel;
 class SessionRuns;
+class WindowQueue;
 class WindowRun;
 struct RunRecord;
 struct Component;
@@ -41,8 +42,9 @@ public:
     /// when there is no such file, with the hint, which may be empty.
     void openModel(const QString& path, const QString& hint = QString());
 
-    /// Opens the first of the models, and says which ones are left.
-    void openModels(const QStringList& paths);
+    /// Opens the first of the models. Where there are several, all of them wait in the queue, held.
+    /// Those that cannot be opened are shown, with the hint, and left out.
+    void openModels(const QStringList& paths, const QString& hint = QString());
 
     void setComponent(const Component& component);
 
@@ -62,10 +64,13 @@ private:
     void makeMenus();
     void addApplicationMenu();
     void makeChoice();
+    void connectQueue();
     void connectShutdown();
 
     void chooseModel();
     void run();
+    QStringList readableOnes(const QStringList& paths);
+    void queueModel(const QString& path, bool isHeld);
     void prepareRun();
     void runAgain(const RunRecord& record, const QString& model);
     void stopRun();
@@ -106,4 +111,5 @@ private:
     OrphanReaper m_reaper;
     bool m_isLeaving = false;                   ///< nothing is left to wait for
     std::unique_ptr<SessionRuns> m_sessionRuns; ///< the first to go, while the window is whole
+    WindowQueue* m_queue;
 };

@@ -72,6 +72,9 @@ Q_SIGNALS:
     /// The run has ended.
     void ended();
 
+    /// The archive has the run's record now.
+    void recordMade();
+
     /// The record is not complete; recordProblem() says why.
     void recordFailed();
 
