@@ -4,6 +4,7 @@
 
 #include <QDropEvent>
 #include <QFileDialog>
+#include <QListWidget>
 #include <QMimeData>
 #include <QScreen>
 
@@ -259,7 +260,7 @@ private Q_SLOTS:
         QVERIFY(m_stage->window().acceptDrops());
     }
 
-    void ofSeveralDroppedModelsTheFirstIsOpenedAndTheOthersAreNamed()
+    void ofSeveralDroppedModelsTheFirstIsOpenedAndAllWaitInTheQueue()
     {
         QMimeData data;
         QList<QUrl> urls;
@@ -270,7 +271,10 @@ private Q_SLOTS:
         QVERIFY(drop(&m_stage->window(), data));
         QVERIFY(m_stage->find<QLineEdit>("modelEdit")->text().endsWith(text("/b.nec")));
         QCOMPARE(m_stage->outcomeText(),
-                 text("Not opened, as the window takes one model at a time: a.nec, c.nec"));
+                 text("Held in the queue until you press \"Run all\" there: b.nec, a.nec, c.nec"));
+        QCOMPARE(m_stage->find<QListWidget>("queueList")->count(), 3);
+        QTest::qWait(200);
+        QCOMPARE(m_stage->runCount(), 0);
     }
 
     void fieldLeavesDroppedFilesToTheWindow()

@@ -314,6 +314,7 @@ void MainWindow::run()
         return;
     }
     queueModel(m_panel->model(), false);
+    m_queue->queue().startNext();
 }
 
 void MainWindow::runAgain(const RunRecord& record, const QString& model)
