@@ -200,6 +200,11 @@ void EditorWindow::openDropped(const QStringList& paths)
     }
 }
 
+void EditorWindow::goToLine(int line)
+{
+    m_editor->goToLine(line);
+}
+
 bool EditorWindow::save()
 {
     if (m_file.path().isEmpty()) {

@@ -200,7 +200,8 @@ private Q_SLOTS:
 
     void controlsAreNamedForThoseWhoDoNotSee()
     {
-        for (const char* const name : {"modelEdit", "componentBox", "runList"}) {
+        for (const char* const name :
+             {"modelEdit", "componentBox", "runFilterEdit", "runStateBox", "runList"}) {
             QVERIFY2(!m_stage->find<QWidget>(name)->accessibleName().isEmpty(), name);
         }
         for (const char* const name : {"parallelBox", "remoteBox"}) {
@@ -215,13 +216,15 @@ private Q_SLOTS:
         startWaitingRun();
         m_stage->find<QTableView>("runList")->setFocus();
         QStringList reached;
-        for (int i = 0; i < 8; ++i) {
+        for (int i = 0; i < 11; ++i) {
             m_stage->pressFocused(Qt::Key_Tab);
             reached.append(m_stage->window().focusWidget()->objectName());
         }
-        QCOMPARE(reached, QStringList({text("modelEdit"), text("openButton"), text("componentBox"),
-                                       text("parallelBox"), text("remoteBox"), text("runButton"),
-                                       text("stopButton"), text("runList")}));
+        QCOMPARE(reached,
+                 QStringList({text("modelEdit"), text("openButton"), text("componentBox"),
+                              text("parallelBox"), text("remoteBox"), text("runButton"),
+                              text("stopButton"), text("runFilterEdit"), text("runStateBox"),
+                              text("groupRunsButton"), text("runList")}));
     }
 
     void helpHasAPageForTheWindowAndOneForItsRuns()

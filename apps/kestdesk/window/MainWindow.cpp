@@ -1,8 +1,6 @@
 #include "MainWindow.h"
 
 #include "ApplicationMenu.h"
-#include "ArchiveLimits.h"
-#include "ArchiveWatch.h"
 #include "Component.h"
 #include "Descendants.h"
 #include "FileDrop.h"
@@ -14,14 +12,12 @@
 #include "OpenDialog.h"
 #include "QueuePanel.h"
 #include "RecentMenu.h"
-#include "RunActions.h"
-#include "RunAgain.h"
+#include "RunDesk.h"
 #include "RunListPart.h"
 #include "RunListView.h"
 #include "RunPanel.h"
 #include "RunStops.h"
 #include "RunTableModel.h"
-#include "SessionRuns.h"
 #include "UnreadableModel.h"
 #include "WindowQueue.h"
 #include "WindowRun.h"
@@ -75,11 +71,11 @@ QString outcomeText(const WindowRun& run)
 } // namespace
 
 MainWindow::MainWindow(Start start)
-    : m_runs(new RunTableModel(this))
+    : m_runDesk(std::make_unique<RunDesk>(m_shutdown, m_session.settings(), this))
+    , m_runs(m_runDesk->runs())
+    , m_list(m_runDesk->list())
     , m_applications(new ApplicationMenu(this))
-    , m_again(new RunAgain(RunArchive::ofUser(), this))
-    , m_sessionRuns(std::make_unique<SessionRuns>(m_runs, m_shutdown, this))
-    , m_queue(new WindowQueue(*m_sessionRuns, m_session.settings(), m_shutdown, this))
+    , m_queue(new WindowQueue(m_runDesk->session(), m_session.settings(), m_shutdown, this))
 {
     setObjectName(QStringLiteral("kestdeskWindow"));
     setWindowIcon(GET_SERVICE(common_IIconUtility)->getIcon(applicationName));
@@ -93,13 +89,13 @@ MainWindow::MainWindow(Start start)
     connectShutdown();
     restoreSession(start);
     m_queue->restore();
-    m_listPart->archive()->start(ArchiveLimits::ofUser());
+    m_runDesk->start();
     updateControls();
 }
 
 MainWindow::~MainWindow()
 {
-    m_sessionRuns.reset(); // while the window is whole: the runs report their changes to it
+    m_runDesk.reset(); // while the window is whole: the runs report their changes to it
 }
 
 void MainWindow::makeContent()
@@ -109,8 +105,8 @@ void MainWindow::makeContent()
     makePanel(content);
     layout->addWidget(m_panel);
     layout->addWidget(new QueuePanel(m_queue->queue(), content));
-    makeRunListPart(content);
-    layout->addWidget(m_listPart, 1);
+    m_runDesk->listPart()->addButton(m_applications->makeResultsButton(content));
+    layout->addWidget(m_runDesk->listPart(), 1);
     setCentralWidget(content);
     makeOutcomeLabel();
     GET_SERVICE(common_HelpClient)->registerPage(this, applicationName);
@@ -123,15 +119,6 @@ void MainWindow::makePanel(QWidget* content)
     connect(m_panel, &RunPanel::runRequested, this, &MainWindow::run);
     connect(m_panel, &RunPanel::stopRequested, this, &MainWindow::stopRun);
     connect(m_panel, &RunPanel::targetChanged, this, &MainWindow::updateControls);
-}
-
-void MainWindow::makeRunListPart(QWidget* content)
-{
-    m_listPart = new RunListPart(m_runs, RunArchive::ofUser(), content);
-    m_listPart->addButton(m_applications->makeResultsButton(m_listPart));
-    m_list = m_listPart->list();
-    connect(m_list, &QTableView::activated, this, &MainWindow::showRun);
-    connect(m_list, &RunListView::selectedRunChanged, this, &MainWindow::updateControls);
 }
 
 void MainWindow::makeOutcomeLabel()
@@ -152,24 +139,13 @@ void MainWindow::makeMenus()
     connect(m_menu, &MainMenu::quitRequested, this, &QWidget::close);
     connect(m_menu, &MainMenu::runRequested, this, &MainWindow::run);
     connect(m_menu, &MainMenu::stopRequested, this, &MainWindow::stopRun);
-    connect(m_menu, &MainMenu::showRunRequested, this, &MainWindow::showRun);
-    connect(m_menu, &MainMenu::clearRequested, this, &MainWindow::clearEndedRuns);
+    connect(m_menu, &MainMenu::showRunRequested, m_runDesk.get(), &RunDesk::showRun);
+    connect(m_menu, &MainMenu::clearRequested, m_runDesk.get(), &RunDesk::clearEnded);
     connect(m_menu, &MainMenu::launchOptionsRequested, this, &MainWindow::editLaunchOptions);
     connect(m_menu, &MainMenu::machinesFileRequested, this, &MainWindow::editMachinesFile);
-    m_list->addAction(m_menu->showRunAction());
-    makeRunActions();
+    m_runDesk->addActions(m_menu);
     addApplicationMenu();
     HelpMenu::addTo(*this, QStringLiteral("Runs the suite's solver components on models."));
-}
-
-void MainWindow::makeRunActions()
-{
-    auto* const actions = new RunActions(m_listPart, m_menu->runMenu(), this);
-    connect(actions, &RunActions::recordRequested, this, &MainWindow::showRecord);
-    connect(actions, &RunActions::againRequested, m_again, &RunAgain::request);
-    connect(actions, &RunActions::reported, this, &MainWindow::showOutcome);
-    connect(m_again, &RunAgain::ready, this, &MainWindow::runAgain);
-    connect(m_again, &RunAgain::failed, this, &MainWindow::showOutcome);
 }
 
 void MainWindow::addApplicationMenu()
@@ -188,15 +164,13 @@ void MainWindow::makeChoice()
 
 void MainWindow::connectRuns()
 {
-    ArchiveWatch* const archive = m_listPart->archive();
-    SessionRuns* const runs = m_sessionRuns.get();
-    connect(runs, &SessionRuns::added, m_list, &RunListView::select);
-    connect(runs, &SessionRuns::changed, this, &MainWindow::updateControls);
-    connect(runs, &SessionRuns::ended, this, &MainWindow::onRunEnded);
-    connect(runs, &SessionRuns::recordFailed, this, &MainWindow::onRecordFailed);
-    connect(runs, &SessionRuns::archiveChanged, archive, &ArchiveWatch::refresh);
-    connect(runs, &SessionRuns::allRecorded, this, &MainWindow::onAllRecorded);
-    connect(archive, &ArchiveWatch::removed, runs, &SessionRuns::removeDeleted);
+    RunDesk* const desk = m_runDesk.get();
+    connect(desk, &RunDesk::changed, this, &MainWindow::updateControls);
+    connect(desk, &RunDesk::aboutToRun, this, &MainWindow::prepareRun);
+    connect(desk, &RunDesk::reported, this, &MainWindow::showOutcome);
+    connect(&desk->session(), &SessionRuns::ended, this, &MainWindow::onRunEnded);
+    connect(&desk->session(), &SessionRuns::recordFailed, this, &MainWindow::onRecordFailed);
+    connect(&desk->session(), &SessionRuns::allRecorded, this, &MainWindow::onAllRecorded);
 }
 
 void MainWindow::connectQueue()
@@ -317,15 +291,6 @@ void MainWindow::run()
     m_queue->queue().startNext();
 }
 
-void MainWindow::runAgain(const RunRecord& record, const QString& model)
-{
-    prepareRun();
-    if (m_sessionRuns->startAgain(record, model, m_session.settings())) {
-        showOutcome(QStringLiteral("Run %1 is run again").arg(record.number));
-    }
-    updateControls();
-}
-
 // The processes that a component leaves behind, however it ends, must not get lost.
 void MainWindow::prepareRun()
 {
@@ -351,30 +316,6 @@ WindowRun* MainWindow::runToStop() const
     }
     const QVector<WindowRun*> running = m_runs->runningRuns();
     return running.isEmpty() ? nullptr : running.last();
-}
-
-// The dialog that the run has in this session, or else what its record says.
-void MainWindow::showRun()
-{
-    WindowRun* const run = m_list->selectedRun();
-    if (run != nullptr && run->showDialog()) {
-        return;
-    }
-    const QVector<ListedRun> selected = m_list->selectedRuns();
-    if (!selected.isEmpty() && selected.first().number() > 0) {
-        showRecord(selected.first().number());
-    } else if (run != nullptr) {
-        showOutcome(QStringLiteral("The window of this run has been closed."));
-    }
-}
-
-void MainWindow::showRecord(int /*number*/)
-{}
-
-void MainWindow::clearEndedRuns()
-{
-    m_listPart->clearEnded();
-    m_sessionRuns->removeEnded();
 }
 
 void MainWindow::editLaunchOptions()
@@ -480,7 +421,7 @@ void MainWindow::onClearing()
 // The records of the runs are still being written.
 void MainWindow::onShutdownDone()
 {
-    m_sessionRuns->finishRecords();
+    m_runDesk->session().finishRecords();
 }
 
 void MainWindow::onAllRecorded()

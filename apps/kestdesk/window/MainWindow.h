@@ -12,15 +12,12 @@ class ApplicationMenu;
 class LaunchChoice;
 class MainMenu;
 class QLabel;
-class RunAgain;
-class RunListPart;
+class RunDesk;
 class RunListView;
 class RunPanel;
 class RunTableModel;
-class SessionRuns;
 class WindowQueue;
 class WindowRun;
-struct RunRecord;
 struct Component;
 
 /// kestdesk's window: a model, how to run it, and the runs, of this session and before.
@@ -57,10 +54,8 @@ protected:
 private:
     void makeContent();
     void makePanel(QWidget* content);
-    void makeRunListPart(QWidget* content);
     void makeOutcomeLabel();
     void connectRuns();
-    void makeRunActions();
     void makeMenus();
     void addApplicationMenu();
     void makeChoice();
@@ -72,12 +67,8 @@ private:
     QStringList readableOnes(const QStringList& paths);
     void queueModel(const QString& path, bool isHeld);
     void prepareRun();
-    void runAgain(const RunRecord& record, const QString& model);
     void stopRun();
     WindowRun* runToStop() const;
-    void showRun();
-    void showRecord(int number);
-    void clearEndedRuns();
     void editLaunchOptions();
     void editMachinesFile();
 
@@ -97,19 +88,17 @@ private:
     void onAllRecorded();
 
     WindowSession m_session;
-    RunPanel* m_panel = nullptr;
-    RunListPart* m_listPart = nullptr;
-    RunListView* m_list = nullptr;
-    QLabel* m_outcome = nullptr;
+    Shutdown m_shutdown;
+    std::unique_ptr<RunDesk> m_runDesk;
     RunTableModel* m_runs;
+    RunListView* m_list;
+    RunPanel* m_panel = nullptr;
+    QLabel* m_outcome = nullptr;
     MainMenu* m_menu = nullptr;
     LaunchChoice* m_choice = nullptr;
     ApplicationMenu* m_applications;
     QString m_shownModel; ///< of the title
-    RunAgain* m_again;
-    Shutdown m_shutdown;
     OrphanReaper m_reaper;
-    bool m_isLeaving = false;                   ///< nothing is left to wait for
-    std::unique_ptr<SessionRuns> m_sessionRuns; ///< the first to go, while the window is whole
+    bool m_isLeaving = false; ///< nothing is left to wait for
     WindowQueue* m_queue;
 };
