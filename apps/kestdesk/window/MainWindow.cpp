@@ -7,11 +7,13 @@
 #include "Descendants.h"
 #include "FileDrop.h"
 #include "HelpMenu.h"
+#include "KestdeskSettings.h"
 #include "LaunchChoice.h"
 #include "MachinesDialog.h"
 #include "MainMenu.h"
 #include "Notifier.h"
 #include "OpenDialog.h"
+#include "PreferencesDialog.h"
 #include "QueuePanel.h"
 #include "RecentMenu.h"
 #include "RunActions.h"
@@ -155,7 +157,9 @@ void MainWindow::makeMenus()
     connect(m_menu, &MainMenu::showRunRequested, this, &MainWindow::showRun);
     connect(m_menu, &MainMenu::clearRequested, this, &MainWindow::clearEndedRuns);
     connect(m_menu, &MainMenu::launchOptionsRequested, this, &MainWindow::editLaunchOptions);
-    connect(m_menu, &MainMenu::machinesFileRequested, this, &MainWindow::editMachinesFile);
+    connect(m_menu, &MainMenu::machinesFileRequested, this, [this] { MachinesDialog::edit(this); });
+    connect(m_menu, &MainMenu::preferencesRequested, this,
+            [this] { PreferencesDialog::edit(this); });
     m_list->addAction(m_menu->showRunAction());
     makeRunActions();
     addApplicationMenu();
@@ -381,17 +385,12 @@ void MainWindow::editLaunchOptions()
     m_choice->editLaunchOptions(this);
 }
 
-void MainWindow::editMachinesFile()
-{
-    MachinesDialog::edit(this);
-}
-
 void MainWindow::restoreSession(Start start)
 {
     m_session.restore(*this, *m_panel);
     m_choice->restore();
     updateTitle();
-    if (start == Start::NoModel) {
+    if (start == Start::NoModel || !KestdeskSettings::read().opensLastModel()) {
         return;
     }
     const WindowSession::Model model = m_session.lastModel();
@@ -432,7 +431,9 @@ void MainWindow::onRunEnded(const WindowRun& run)
     showOutcome(text);
     if (QApplication::activeWindow() == nullptr) {
         QApplication::alert(this);
-        Notifier::show(QStringLiteral("Run ended"), text);
+        if (KestdeskSettings::read().notifies()) {
+            Notifier::show(QStringLiteral("Run ended"), text);
+        }
     }
 }
 

@@ -79,7 +79,6 @@ private:
     void showRecord(int number);
     void clearEndedRuns();
     void editLaunchOptions();
-    void editMachinesFile();
 
     void restoreSession(Start start);
     void saveSession();
