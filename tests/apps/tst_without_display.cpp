@@ -95,7 +95,10 @@ private Q_SLOTS:
         const bool asksForVersion = arguments.first().startsWith(QLatin1String("-v")) ||
                                     arguments.first() == QLatin1String("--version");
         if (asksForVersion) {
-            QCOMPARE(result.output, QFileInfo(program).fileName() + text(" " KEST_VERSION "\n"));
+            const QStringList lines = result.output.split(QLatin1Char('\n'));
+            QCOMPARE(lines.value(0), QFileInfo(program).fileName() + text(" " KEST_VERSION));
+            QVERIFY2(lines.value(1).startsWith(text("Engine: ")), qPrintable(result.output));
+            QVERIFY2(lines.value(2).startsWith(text("Qt ")), qPrintable(result.output));
             return;
         }
         QVERIFY2(result.output.startsWith(text("Usage: ")) &&

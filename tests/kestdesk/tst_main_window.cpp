@@ -8,6 +8,7 @@
 #include <common_ServiceOf.h>
 
 #include <QMenuBar>
+#include <QScreen>
 
 namespace {
 
@@ -56,6 +57,43 @@ private Q_SLOTS:
         });
         m_stage->find<QAction>(qPrintable(action))->trigger();
         QCOMPARE(titles, QStringList(title));
+    }
+
+    void windowAtItsFirstStartIsNotMaximisedAndInTheMiddle()
+    {
+        const QRect screen = QGuiApplication::primaryScreen()->availableGeometry();
+        QVERIFY(!m_stage->window().isMaximized());
+        QVERIFY(screen.contains(m_stage->window().geometry()));
+        const QPoint off = m_stage->window().geometry().center() - screen.center();
+        QVERIFY2(qAbs(off.x()) <= 40 && qAbs(off.y()) <= 40,
+                 qPrintable(QStringLiteral("%1 %2").arg(off.x()).arg(off.y())));
+    }
+
+    void windowAndItsDialogsFitASmallScreen_data()
+    {
+        QTest::addColumn<QString>("action");
+        for (const char* const name :
+             {"launchOptionsAction", "machinesFileAction", "preferencesAction", "aboutAction"}) {
+            QTest::newRow(name) << text(name);
+        }
+    }
+
+    // 1280 by 720, less the frames and the panels of a desktop.
+    void windowAndItsDialogsFitASmallScreen()
+    {
+        QFETCH(QString, action);
+        const QSize room(1260, 660);
+        QSize least = m_stage->window().minimumSizeHint();
+        QCOMPARE(least.boundedTo(room), least);
+        int count = 0;
+        const ModalVisitor visitor([&](QDialog& dialog) {
+            ++count;
+            least = dialog.minimumSizeHint().expandedTo(dialog.minimumSize());
+            dialog.reject();
+        });
+        m_stage->find<QAction>(qPrintable(action))->trigger();
+        QCOMPARE(count, 1);
+        QCOMPARE(least.boundedTo(room), least);
     }
 
     void aboutTellsTheVersionAndTheInstallation()

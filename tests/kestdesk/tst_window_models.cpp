@@ -56,6 +56,19 @@ private Q_SLOTS:
         QCOMPARE(recentTexts(), QStringList({text("&1 ") + second, text("&2 ") + shownFirst}));
     }
 
+    void lastModelIsNotOpenedWhereTheUserDoesNotWantItAndIsKept()
+    {
+        const QString model = m_stage->model("m.nec", "valid");
+        m_stage->window().openModel(model);
+        QVERIFY(WindowStage::quits([this] { m_stage->window().close(); }));
+        for (const bool wanted : {false, true}) {
+            m_stage->setPreference("openLastModel", wanted);
+            m_stage->open();
+            QCOMPARE(m_stage->find<QLineEdit>("modelEdit")->text(), wanted ? model : QString());
+            QVERIFY(WindowStage::quits([this] { m_stage->window().close(); }));
+        }
+    }
+
     void titleTellsWindowsOfTheSameNameApart()
     {
         const QString model = m_stage->model("m.nec", "valid");

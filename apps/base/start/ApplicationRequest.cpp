@@ -1,7 +1,9 @@
 #include "ApplicationRequest.h"
 
 #include "ApplicationDescription.h"
+#include "EngineVersion.h"
 #include "QtOptions.h"
+#include "Versions.h"
 
 #include <QCommandLineParser>
 #include <QCoreApplication>
@@ -44,8 +46,8 @@ QString helpText(const ApplicationDescription& application, QCommandLineParser& 
 
 QString versionText()
 {
-    return QStringLiteral("%1 %2\n").arg(QCoreApplication::applicationName(),
-                                         QCoreApplication::applicationVersion());
+    return Versions::program() + QLatin1Char('\n') + Versions::parts(EngineVersion::ask()) +
+           QLatin1Char('\n');
 }
 
 // Why the options do not fit the window; empty when they do.

@@ -46,6 +46,7 @@ const MainMenu::ActionRow MainMenu::actionRows[] = {
     {"&Run",     false, false, "clearAction",         "&Clear ended runs",            "",            "",         &MainMenu::clearRequested},
     {"&Options", false, false, "launchOptionsAction", "Component &launch options...", "Ctrl+L",      "settings", &MainMenu::launchOptionsRequested},
     {"&Options", false, false, "machinesFileAction",  "&Machines file...",            "",            "machines", &MainMenu::machinesFileRequested},
+    {"&Options", true,  false, "preferencesAction",   "&Preferences...",              "Ctrl+,",      "settings", &MainMenu::preferencesRequested},
 };
 // clang-format on
 

@@ -5,11 +5,13 @@
 #include "Descendants.h"
 #include "FileDrop.h"
 #include "HelpMenu.h"
+#include "KestdeskSettings.h"
 #include "LaunchChoice.h"
 #include "MachinesDialog.h"
 #include "MainMenu.h"
 #include "Notifier.h"
 #include "OpenDialog.h"
+#include "PreferencesDialog.h"
 #include "QueuePanel.h"
 #include "RecentMenu.h"
 #include "RunDesk.h"
@@ -142,7 +144,8 @@ void MainWindow::makeMenus()
     connect(m_menu, &MainMenu::showRunRequested, m_runDesk.get(), &RunDesk::showRun);
     connect(m_menu, &MainMenu::clearRequested, m_runDesk.get(), &RunDesk::clearEnded);
     connect(m_menu, &MainMenu::launchOptionsRequested, this, &MainWindow::editLaunchOptions);
-    connect(m_menu, &MainMenu::machinesFileRequested, this, &MainWindow::editMachinesFile);
+    connect(m_menu, &MainMenu::machinesFileRequested, this, [this] { MachinesDialog::edit(this); });
+    connect(m_menu, &MainMenu::preferencesRequested, this, &MainWindow::editPreferences);
     m_runDesk->addActions(m_menu);
     addApplicationMenu();
     HelpMenu::addTo(*this, QStringLiteral("Runs the suite's solver components on models."));
@@ -323,9 +326,10 @@ void MainWindow::editLaunchOptions()
     m_choice->editLaunchOptions(this);
 }
 
-void MainWindow::editMachinesFile()
+void MainWindow::editPreferences()
 {
-    MachinesDialog::edit(this);
+    PreferencesDialog::edit(this);
+    m_queue->readSettings();
 }
 
 void MainWindow::restoreSession(Start start)
@@ -333,7 +337,7 @@ void MainWindow::restoreSession(Start start)
     m_session.restore(*this, *m_panel);
     m_choice->restore();
     updateTitle();
-    if (start == Start::NoModel) {
+    if (start == Start::NoModel || !KestdeskSettings::read().opensLastModel()) {
         return;
     }
     const WindowSession::Model model = m_session.lastModel();
@@ -374,7 +378,9 @@ void MainWindow::onRunEnded(const WindowRun& run)
     showOutcome(text);
     if (QApplication::activeWindow() == nullptr) {
         QApplication::alert(this);
-        Notifier::show(QStringLiteral("Run ended"), text);
+        if (KestdeskSettings::read().notifies()) {
+            Notifier::show(QStringLiteral("Run ended"), text);
+        }
     }
 }
 

@@ -70,7 +70,7 @@ private:
     void stopRun();
     WindowRun* runToStop() const;
     void editLaunchOptions();
-    void editMachinesFile();
+    void editPreferences();
 
     void restoreSession(Start start);
     void saveSession();
