@@ -26,14 +26,6 @@ struct ColumnRow
     QString (*text)(const WindowRun& shown);
 };
 
-QString remainingText(const WindowRun& shown)
-{
-    const Run& run = shown.run();
-    const auto time =
-        run.isRunning() ? RunTimes::remaining(run.elapsed(), run.totalPercentage()) : std::nullopt;
-    return time ? RunTimes::text(*time) : QString();
-}
-
 // clang-format off
 const ColumnRow columns[RunTableModel::ColumnCount] = {
     {"Model",     false, [](const WindowRun& shown) { return suite::visibleFileName(shown.run().model()); }},
@@ -41,7 +33,7 @@ const ColumnRow columns[RunTableModel::ColumnCount] = {
     {"State",     false, [](const WindowRun& shown) { return shown.stateText(); }},
     {"Progress",  true,  [](const WindowRun& shown) { return QStringLiteral("%1 %").arg(shown.run().totalPercentage()); }},
     {"Elapsed",   true,  [](const WindowRun& shown) { return RunTimes::text(shown.run().elapsed()); }},
-    {"Remaining", true,  remainingText},
+    {"Remaining", true,  [](const WindowRun& shown) { return shown.remainingText(); }},
 };
 
 const struct { Run::State state; const char* icon; } stateIcons[] = {

@@ -41,10 +41,13 @@ void showNotStarted(QString problem, QWidget* window)
 } // namespace
 
 WindowRun::WindowRun(const Component& component, const QString& model, QObject* parent)
-    : QObject(parent), m_run(component, model, common_ActivePtr<ComponentRunner>(new WindowRunner))
+    : QObject(parent)
+    , m_run(component, model, common_ActivePtr<ComponentRunner>(new WindowRunner))
+    , m_forecast(m_run, RunArchive::ofUser())
 {
     connect(&m_run, &Run::stateChanged, this, &WindowRun::onStateChanged);
     connect(&m_run, &Run::progressed, this, &WindowRun::changed);
+    connect(&m_forecast, &RunForecast::changed, this, &WindowRun::changed);
     connect(&m_run, &Run::ended, this, &WindowRun::ended);
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "Run.h"
+#include "RunForecast.h"
 
 #include <QObject>
 #include <QPointer>
@@ -35,6 +36,9 @@ public:
     /// The state as a sentence or two, with what the end usually means.
     QString explanation() const;
 
+    /// How long the run still takes: "about 3:40"; empty while that cannot be said.
+    QString remainingText() const { return m_forecast.shortText(); }
+
     /// The tables that the results viewer shows, once the component has ended.
     QStringList results() const { return m_results; }
 
@@ -52,6 +56,7 @@ private:
     void onStateChanged();
 
     Run m_run;
+    RunForecast m_forecast;
     QPointer<common_KestProcessDialog> m_dialog;
     QStringList m_results;
 };
