@@ -1,6 +1,7 @@
 #include "BatchReport.h"
 
 #include "Run.h"
+#include "RunForecast.h"
 
 #include <QFileInfo>
 
@@ -73,9 +74,10 @@ BatchReport::BatchReport() : m_output(stdout)
     connect(&m_flushTimer, &QTimer::timeout, this, [this] { m_output.flush(); });
 }
 
-void BatchReport::follow(const Run& run)
+void BatchReport::follow(const Run& run, const RunForecast& forecast)
 {
     m_run = &run;
+    m_forecast = &forecast;
     std::fill(std::begin(m_counts), std::end(m_counts), 0);
     connect(&run, &Run::messageReceived, this, &BatchReport::add);
     connect(&run, &Run::ended, this, &BatchReport::end);
@@ -109,6 +111,7 @@ void BatchReport::end()
     showOutcome();
     m_output.flush();
     m_run = nullptr;
+    m_forecast = nullptr;
 }
 
 void BatchReport::showSummary()
@@ -171,11 +174,15 @@ void BatchReport::showLine(const QString& text, Terminal::Colour colour)
 
 void BatchReport::showStatus()
 {
+    QString times = clockTime(m_run->elapsed());
+    if (!m_forecast->text().isEmpty()) {
+        times += QStringLiteral(", ") + m_forecast->text();
+    }
     m_output.setStatusLine(QStringLiteral("[%1] %2% in all, phase %3%, %4  %5")
                                .arg(progressBar(m_run->totalPercentage()))
                                .arg(m_run->totalPercentage(), 3)
                                .arg(m_run->percentage(), 3)
-                               .arg(clockTime(m_run->elapsed()), modelName()));
+                               .arg(times, modelName()));
 }
 
 // Once for all the lines that arrive together.

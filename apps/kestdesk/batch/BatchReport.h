@@ -10,6 +10,7 @@
 #include <QVector>
 
 class Run;
+class RunForecast;
 
 /// Shows runs on the terminal, one after the other: what the component prints as it comes, how far
 /// it is, and a summary at the end.
@@ -21,8 +22,8 @@ public:
     BatchReport();
 
     /// Shows a waiting run until it has ended, which it must before it is deleted and before the
-    /// next one.
-    void follow(const Run& run);
+    /// next one. The forecast says how long it still takes; it lives as long as the run.
+    void follow(const Run& run, const RunForecast& forecast);
 
     /// On standard error.
     void reportError(const QString& text);
@@ -48,5 +49,6 @@ private:
     QTimer m_statusTimer;
     QTimer m_flushTimer;
     const Run* m_run = nullptr;                              ///< the one that is shown
+    const RunForecast* m_forecast = nullptr;                 ///< of the run
     int m_counts[common_IProcessMessage::Variable + 1] = {}; ///< by message type
 };

@@ -84,8 +84,10 @@ void BatchSession::runNext()
 void BatchSession::startRun()
 {
     const common_ActivePtr<ComponentRunner> runner(new ComponentRunner);
+    m_forecast.reset();
     m_run = std::make_unique<Run>(m_component, m_models[m_outcomes.size()], runner);
-    m_report.follow(*m_run);
+    m_forecast = std::make_unique<RunForecast>(*m_run, m_archive);
+    m_report.follow(*m_run, *m_forecast);
     m_shutdown.add(*m_run);
     makeRecorder();
     connect(m_run.get(), &Run::ended, this, &BatchSession::onRunEnded);

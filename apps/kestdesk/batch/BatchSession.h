@@ -3,6 +3,7 @@
 #include "BatchReport.h"
 #include "Run.h"
 #include "RunArchive.h"
+#include "RunForecast.h"
 #include "RunRecorder.h"
 #include "Shutdown.h"
 
@@ -51,6 +52,7 @@ private:
     QVector<RunOutcome::Kind> m_outcomes;
     BatchReport m_report;
     std::unique_ptr<Run> m_run;
+    std::unique_ptr<RunForecast> m_forecast; ///< of the run
     std::unique_ptr<RunRecorder> m_recorder; ///< of the run
     QTimer m_recordingTime;                  ///< runs while a run has ended, but not its record
     Shutdown m_shutdown;

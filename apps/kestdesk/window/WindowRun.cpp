@@ -59,10 +59,12 @@ WindowRun::WindowRun(const Component& component, const QString& model, QObject* 
     : QObject(parent)
     , m_run(component, model, common_ActivePtr<ComponentRunner>(new WindowRunner))
     , m_recorder(m_run, RunRecorder::Face::Window, RunArchive::ofUser(), ArchiveLimits::ofUser())
+    , m_forecast(m_run, RunArchive::ofUser())
 {
     connect(&m_run, &Run::stateChanged, this, &WindowRun::onStateChanged);
     connect(&m_run, &Run::progressed, this, &WindowRun::changed);
     connect(&m_run, &Run::messageReceived, this, &WindowRun::onMessageReceived);
+    connect(&m_forecast, &RunForecast::changed, this, &WindowRun::changed);
     connect(&m_run, &Run::ended, this, &WindowRun::ended);
     connect(&m_recorder, &RunRecorder::created, this, &WindowRun::changed);
     connect(&m_recorder, &RunRecorder::created, this, &WindowRun::recordMade);
