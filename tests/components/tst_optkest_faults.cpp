@@ -23,6 +23,7 @@ private Q_SLOTS:
     void init();
     void signalEndsEveryProcess_data();
     void signalEndsEveryProcess();
+    void stopSaysWhatIsKept();
     void killedOptimisationTakesItsRunsAlong();
     void stoppedAtAnyMoment();
     void killedAtAnyMoment();
@@ -136,6 +137,20 @@ void tst_optkest_faults::signalEndsEveryProcess()
     QVERIFY(!m_model->folder().exists(text("tune.optkest")));
     QCOMPARE(m_model->temporary().entryList(QDir::AllEntries | QDir::NoDotAndDotDot),
              QStringList());
+}
+
+void tst_optkest_faults::stopSaysWhatIsKept()
+{
+    QProcess process;
+    start(process, text("slow"), QString());
+    QVERIFY(QTest::qWaitFor([this] { return m_model->runs().contains(text("run_0004")); }, 20000));
+    process.terminate();
+    QVERIFY(process.waitForFinished());
+    QCOMPARE(process.exitCode(), 143);
+    const QByteArray output = process.readAllStandardOutput();
+    QVERIFY2(output.contains("-*-notice-*-NOTE 308: 3 evaluations are kept in 'tune.optkest', "
+                             "--restart 3 continues from there\n"),
+             output.constData());
 }
 
 void tst_optkest_faults::killedOptimisationTakesItsRunsAlong()
