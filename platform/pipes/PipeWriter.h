@@ -15,7 +15,7 @@ public:
     /// A pipe without a reader must not end this program: see WriteFailures.
     explicit PipeWriter(Descriptor writeEnd);
 
-    /// Nothing when the pipe is closed, or nobody reads it any more.
+    /// Nothing when the pipe is closed, or has no reader any more.
     void write(const QByteArray& bytes);
 
     /// Closes the pipe once all is written.

@@ -9,7 +9,7 @@
 class QProcess;
 
 /// Tries hardware rendering in a process of its own: a driver that crashes or never answers does so
-/// there, and the window goes on.
+/// there, and the window keeps working.
 class HardwareProbe : public QObject
 {
     Q_OBJECT

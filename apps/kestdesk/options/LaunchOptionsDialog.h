@@ -33,7 +33,7 @@ public:
     /// look at the options without changing them. True when the user agreed to what is there.
     static bool edit(QWidget* parent);
 
-    /// Writes what was changed. False, and the user has been told, when something could not be
+    /// Writes what was changed. False, after a message to the user, when something could not be
     /// saved: everything is still in the dialog then.
     bool save();
 

@@ -22,7 +22,7 @@ public:
     /// Starts a run of a model's file on a place that is free.
     void start(int place, int run, const QString& model);
 
-    /// Ends all runs; nothing but ended() is told any more. May be called more than once.
+    /// Ends all runs; of the signals only ended() follows. May be called more than once.
     void stop();
 
 Q_SIGNALS:

@@ -16,7 +16,7 @@ struct Evaluation
     [[nodiscard]] double objective() const;
 };
 
-/// What an optimisation knows after each evaluation: enough to go on from there.
+/// What an optimisation knows after each evaluation: enough to continue from there.
 struct OptimisationState
 {
     /// At once when runs with different numbers have found the points: no search repeats them.

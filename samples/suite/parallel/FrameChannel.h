@@ -24,10 +24,10 @@ public:
 Q_SIGNALS:
     void received(const suite::Frame& frame);
 
-    /// All bytes have gone out.
+    /// All bytes have been written.
     void sent();
 
-    /// The other end is gone, or does not speak in frames.
+    /// The other end is closed, or does not send frames.
     void closed();
 
 private:

@@ -20,8 +20,8 @@ public:
     void start();
     void stop();
 
-    /// A partner has been heard.
-    void hear(int partner = 0);
+    /// A sign of a partner has arrived.
+    void noteSign(int partner = 0);
 
     /// How long a partner may be silent, in ms: from the variable KEST_SILENCE_LIMIT, or 5 seconds.
     static int silenceLimit();
