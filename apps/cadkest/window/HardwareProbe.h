@@ -31,7 +31,7 @@ public:
     [[nodiscard]] bool isRunning() const { return m_process != nullptr; }
 
 Q_SIGNALS:
-    /// Why hardware rendering is not to be had; empty when it works.
+    /// Why hardware rendering is not available; empty when it works.
     void answered(const QString& error);
 
 private:

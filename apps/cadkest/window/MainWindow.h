@@ -41,7 +41,7 @@ public:
     /// a message says why. Returns whether the renderer is the requested one.
     bool setRendering(Rendering rendering);
 
-    /// Tells the user why hardware rendering, which was asked for, is not to be had.
+    /// Shows why the requested hardware rendering is not available.
     void refuseHardware(const QString& reason) { showRendering(reason); }
 
 Q_SIGNALS:

@@ -31,7 +31,7 @@ public:
     [[nodiscard]] HardwareProbe& probe() { return m_probe; }
 
 Q_SIGNALS:
-    /// The renderer is what it was asked to be, or it has turned out that it cannot be.
+    /// The renderer is the requested one, or it has turned out that it cannot be.
     void changed(bool isAsAsked);
 
 private:

@@ -13,7 +13,7 @@ public:
 
     explicit Terminal(std::FILE* stream);
 
-    /// Takes the status line away.
+    /// Removes the status line.
     ~Terminal();
 
     Terminal(const Terminal&) = delete;

@@ -71,7 +71,7 @@ private:
     QLineEdit* m_previewLine;
     QLabel* m_reason;
     QDialogButtonBox* m_buttons;
-    bool m_loading = false; ///< the editors change because of us
+    bool m_loading = false; ///< this class changes the editors
     QPushButton* m_ok = nullptr;
     QPushButton* m_apply = nullptr;
 };

@@ -6,7 +6,7 @@
 
 #include <functional>
 
-/// Waits for others who hold the launch options.
+/// Waits for other programs that hold the launch options.
 namespace OptionsLock {
 
 /// The options for writing, as soon as no other program holds them. Null when another program holds

@@ -21,7 +21,7 @@ public:
     /// The name is the program's, the group the one its own options stand in.
     Component(QString name, OptionGroup group);
 
-    /// Reads the command line. An exit code when the component is done already.
+    /// Reads the command line. An exit code when nothing is left to do.
     std::optional<int> readCommandLine(const QStringList& arguments);
 
     /// Pre-processing: checks the model, prints what was found, its variables and their file where

@@ -19,7 +19,7 @@ public:
     /// Reads the command line; an exit code when there is nothing to run.
     std::optional<int> readCommandLine(const QStringList& arguments);
 
-    /// Runs to the end and tells finished().
+    /// Runs to the end and emits finished().
     void run();
 
     /// Stops the run because of a signal: the exit code becomes 128 plus its number. That is no

@@ -26,10 +26,10 @@ public:
     void stop();
 
 Q_SIGNALS:
-    /// A run has come so far.
+    /// The progress of a run.
     void progressed(int run, int percentage);
 
-    /// A run has ended well on its host; its results are beside its model.
+    /// A run has succeeded on its host; its results are beside its model.
     void succeeded(int run, const QString& host);
 
     /// A run has failed on its host for this reason.

@@ -45,8 +45,8 @@ struct OptimisationState
     /// Reads a file that write() made; an error text on failure.
     [[nodiscard]] QString read(const QString& path);
 
-    /// Reads the state of an earlier search to restart from a run of it: it must have come so far,
-    /// and be about the same question; an error text on failure.
+    /// Reads the state of an earlier search to restart from a run of it: it must have reached that
+    /// run and be about the same question; an error text on failure.
     [[nodiscard]] QString readEarlier(const QString& path, const OptimisationState& question,
                                       int run);
 

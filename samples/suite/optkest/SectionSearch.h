@@ -17,7 +17,7 @@ public:
     /// ten-thousandth of its value.
     [[nodiscard]] QVector<double> next() const;
 
-    /// Tells the function's value at a point of the interval.
+    /// Adds the function's value at a point of the interval.
     void add(double point, double value);
 
     /// The best point so far; there must be one.

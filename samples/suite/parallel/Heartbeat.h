@@ -8,8 +8,8 @@
 
 namespace suite {
 
-/// Minds whether the other ends of a connection are there: each says so at short intervals, and one
-/// that says nothing for some time is lost.
+/// Watches whether the other ends of a connection are alive: each sends a sign at short intervals,
+/// and one that is silent for some time is lost.
 class Heartbeat : public QObject
 {
     Q_OBJECT
