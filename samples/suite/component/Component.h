@@ -33,6 +33,9 @@ public:
     [[nodiscard]] const Preprocessor& preprocessor() const { return *m_preprocessor; }
     MarkerPrinter& printer() { return m_printer; }
 
+    /// The exit code after work without errors: a failure when something could not be printed.
+    [[nodiscard]] int printedExitCode() const;
+
     /// A printer of findings about the model.
     FindingPrinter findingPrinter();
 
