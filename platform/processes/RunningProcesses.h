@@ -23,6 +23,9 @@ qint64 ownId();
 /// and no later one. 0 when there is no such process; nothing where the system does not tell it.
 std::optional<quint64> startTime(qint64 processId);
 
+/// Whether a process is about to end because it was killed. False in doubt.
+bool isEnding(qint64 processId);
+
 /// The parent of a process; 0 when there is no such process, or where that cannot be known.
 qint64 parentOf(qint64 processId);
 
