@@ -77,8 +77,12 @@ ApplicationTask windowTask(const ApplicationDescription& application,
 ApplicationTask nonInteractiveTask(const ApplicationDescription& application,
                                    const QCommandLineParser& parser)
 {
-    if (parser.positionalArguments().isEmpty()) {
+    const QStringList files = parser.positionalArguments();
+    if (files.isEmpty()) {
         return {QStringLiteral("no %1 given").arg(application.fileKind), {}};
+    }
+    if (files.contains(QString())) {
+        return {QStringLiteral("the name of a %1 is empty").arg(application.fileKind), {}};
     }
     return application.nonInteractiveTask(parser);
 }

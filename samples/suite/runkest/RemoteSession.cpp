@@ -63,7 +63,7 @@ void RemoteSession::stop()
 
 void RemoteSession::take(const Frame& frame)
 {
-    m_heartbeat.hear();
+    m_heartbeat.noteSign();
     if (frame.type == Frame::Type::Setup && !m_folder) {
         begin(frame);
     } else if (frame.type == Frame::Type::Stop) {
