@@ -202,17 +202,19 @@ private Q_SLOTS:
     void noTwoControlsShareAKey()
     {
         QStringList together = textsOf(m_stage->window().menuBar()->actions());
-        const QList<QAbstractButton*> buttons =
-            m_stage->find<QWidget>("runPanel")->findChildren<QAbstractButton*>();
-        for (const QAbstractButton* const button : buttons) {
-            together.append(button->text());
+        for (const char* const part : {"runPanel", "queuePanel"}) {
+            const QList<QAbstractButton*> buttons =
+                m_stage->find<QWidget>(part)->findChildren<QAbstractButton*>();
+            for (const QAbstractButton* const button : buttons) {
+                together.append(button->text());
+            }
         }
         const QList<QLabel*> labels = m_stage->window().centralWidget()->findChildren<QLabel*>();
         for (const QLabel* const label : labels) {
             together.append(label->text());
         }
         QStringList keys = mnemonicsOf(together);
-        QCOMPARE(keys.size(), 13);
+        QCOMPARE(keys.size(), 16);
         QCOMPARE(keys.removeDuplicates(), 0);
 
         const QList<QAction*> menus = m_stage->window().menuBar()->actions();

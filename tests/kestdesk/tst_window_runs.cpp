@@ -47,6 +47,15 @@ private:
         }
     }
 
+    // A model is run once at a time.
+    void endAllRuns() const
+    {
+        m_stage->endRuns(SIGKILL);
+        for (int run = 0; run < m_stage->runCount(); ++run) {
+            QTRY_COMPARE_WITH_TIMEOUT(m_stage->state(run), text("fault, SIGKILL"), longTime);
+        }
+    }
+
 private Q_SLOTS:
     void init() { setUp(); }
     void cleanup() { tearDown(); }
@@ -218,7 +227,9 @@ private Q_SLOTS:
     {
         startWaitingRun("wait", "a.nec");
         startWaitingRun("wait", "b[*].nec");
+        endAllRuns();
         startWaitingRun("wait", "a.nec");
+        endAllRuns();
         m_stage->find<QComboBox>("componentBox")->setCurrentText(text("prekest"));
         startWaitingRun("wait", "a.nec");
         QStringList titles;

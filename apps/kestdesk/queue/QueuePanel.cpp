@@ -65,15 +65,15 @@ void QueuePanel::makeButtons(QWidget* head)
     layout->setContentsMargins(0, 0, 0, 0);
     layout->addWidget(m_label, 1);
     m_releaseAll =
-        addButton(head, "releaseAllButton", "Run &all",
+        addButton(head, "releaseAllButton", "R&un all",
                   "Let all held runs begin when their turn comes", &QueuePanel::releaseAll);
-    m_hold = addButton(head, "holdButton", "&Hold",
-                       "Pass the selected runs over, or let them begin", &QueuePanel::hold);
-    m_up = addButton(head, "queueUpButton", "&Up", "Let the selected run begin earlier",
+    m_hold = addButton(head, "holdButton", "Hold", "Pass the selected runs over, or let them begin",
+                       &QueuePanel::hold);
+    m_up = addButton(head, "queueUpButton", "Up", "Let the selected run begin earlier",
                      &QueuePanel::moveUp);
-    m_down = addButton(head, "queueDownButton", "&Down", "Let the selected run begin later",
+    m_down = addButton(head, "queueDownButton", "Down", "Let the selected run begin later",
                        &QueuePanel::moveDown);
-    m_remove = addButton(head, "queueRemoveButton", "Re&move",
+    m_remove = addButton(head, "queueRemoveButton", "Remo&ve",
                          "Take the selected runs out of the queue", &QueuePanel::remove);
     connect(new QShortcut(QKeySequence::Delete, m_list, nullptr, nullptr, Qt::WidgetShortcut),
             &QShortcut::activated, this, &QueuePanel::remove);
@@ -116,7 +116,7 @@ void QueuePanel::updateButtons()
     const int row = selectedRow();
     const bool isSelected = !selectedIds().isEmpty();
     m_releaseAll->setEnabled(isAnyHeld);
-    m_hold->setText(areSelectedHeld() ? QStringLiteral("&Release") : QStringLiteral("&Hold"));
+    m_hold->setText(areSelectedHeld() ? QStringLiteral("Release") : QStringLiteral("Hold"));
     m_hold->setEnabled(isSelected);
     m_remove->setEnabled(isSelected);
     m_up->setEnabled(row > 0);

@@ -9,8 +9,8 @@
 #include "LaunchChoice.h"
 #include "MachinesDialog.h"
 #include "MainMenu.h"
+#include "ModelOpener.h"
 #include "Notifier.h"
-#include "OpenDialog.h"
 #include "PreferencesDialog.h"
 #include "QueuePanel.h"
 #include "RecentMenu.h"
@@ -20,7 +20,6 @@
 #include "RunPanel.h"
 #include "RunStops.h"
 #include "RunTableModel.h"
-#include "UnreadableModel.h"
 #include "WindowQueue.h"
 #include "WindowRun.h"
 #include "WindowTitle.h"
@@ -30,7 +29,6 @@
 #include <common_HelpClient.h>
 #include <common_IIconUtility.h>
 #include <common_ServiceOf.h>
-#include <common_UserQuery.h>
 
 #include <QApplication>
 #include <QCloseEvent>
@@ -45,19 +43,6 @@
 namespace {
 
 const QString applicationName = QStringLiteral("kestdesk");
-
-QString namesOf(const QStringList& paths)
-{
-    QStringList names;
-    std::transform(paths.begin(), paths.end(), std::back_inserter(names), suite::visibleFileName);
-    return names.join(QStringLiteral(", "));
-}
-
-bool isReadable(const QString& path)
-{
-    const QFileInfo file(path);
-    return file.isFile() && file.isReadable();
-}
 
 QString outcomeText(const WindowRun& run)
 {
@@ -117,7 +102,7 @@ void MainWindow::makeContent()
 void MainWindow::makePanel(QWidget* content)
 {
     m_panel = new RunPanel(content);
-    connect(m_panel, &RunPanel::openRequested, this, &MainWindow::chooseModel);
+    connect(m_panel, &RunPanel::openRequested, this, [this] { m_opener->choose(); });
     connect(m_panel, &RunPanel::runRequested, this, &MainWindow::run);
     connect(m_panel, &RunPanel::stopRequested, this, &MainWindow::stopRun);
     connect(m_panel, &RunPanel::targetChanged, this, &MainWindow::updateControls);
@@ -135,7 +120,7 @@ void MainWindow::makeOutcomeLabel()
 void MainWindow::makeMenus()
 {
     m_menu = new MainMenu(this, m_session.recentFiles());
-    connect(m_menu, &MainMenu::openRequested, this, &MainWindow::chooseModel);
+    connect(m_menu, &MainMenu::openRequested, this, [this] { m_opener->choose(); });
     connect(m_menu->recentMenu(), &RecentMenu::fileChosen, this,
             [this](const QString& path) { openModel(path); });
     connect(m_menu, &MainMenu::quitRequested, this, &QWidget::close);
@@ -163,6 +148,12 @@ void MainWindow::makeChoice()
 {
     m_choice = new LaunchChoice(m_panel, m_menu, this);
     connect(m_choice, &LaunchChoice::saved, this, &MainWindow::onChoiceSaved);
+    m_opener = std::make_unique<ModelOpener>(m_panel, m_choice, m_queue->queue());
+    connect(m_opener.get(), &ModelOpener::opened, this, [this](const QString& path) {
+        showModel(path);
+        m_panel->focusRunButton();
+    });
+    connect(m_opener.get(), &ModelOpener::reported, this, &MainWindow::showOutcome);
 }
 
 void MainWindow::connectRuns()
@@ -200,62 +191,12 @@ void MainWindow::connectShutdown()
 
 void MainWindow::openModel(const QString& path, const QString& hint)
 {
-    if (!isReadable(path)) {
-        common_UserQuery(QStringLiteral("Model not opened"), UnreadableModel::text(path, hint),
-                         common_UserQuery::Error, this, QString())
-            .display();
-        return;
-    }
-    showModel(QFileInfo(path).absoluteFilePath());
-    m_panel->focusRunButton();
+    m_opener->open(path, hint);
 }
 
 void MainWindow::openModels(const QStringList& paths, const QString& hint)
 {
-    const QStringList models = paths.size() == 1 ? paths : readableOnes(paths);
-    if (models.isEmpty()) {
-        return;
-    }
-    openModel(models.first(), hint);
-    if (models.size() == 1) {
-        return;
-    }
-    for (const QString& model : models) {
-        queueModel(model, true);
-    }
-    showOutcome(QStringLiteral("Held in the queue until you press \"Run all\" there: %1")
-                    .arg(namesOf(models)));
-}
-
-// The others are shown in one message.
-QStringList MainWindow::readableOnes(const QStringList& paths)
-{
-    QStringList readable;
-    QStringList problems;
-    for (const QString& path : paths) {
-        if (isReadable(path)) {
-            readable.append(path);
-        } else {
-            problems.append(UnreadableModel::text(path, QString()));
-        }
-    }
-    if (!problems.isEmpty()) {
-        common_UserQuery(QStringLiteral("Model not opened"), problems.join(QLatin1Char('\n')),
-                         common_UserQuery::Error, this, QString())
-            .display();
-    }
-    return readable;
-}
-
-void MainWindow::queueModel(const QString& path, bool isHeld)
-{
-    const Component& component = m_panel->component();
-    QueuedRun run;
-    run.component = QLatin1String(component.name);
-    run.model = QFileInfo(path).absoluteFilePath();
-    run.options = m_choice->options() & component.options;
-    run.isHeld = isHeld;
-    m_queue->queue().add(run);
+    m_opener->open(paths, hint);
 }
 
 void MainWindow::showModel(const QString& path)
@@ -278,19 +219,12 @@ void MainWindow::setComponent(const Component& component)
     m_panel->setComponent(QLatin1String(component.name));
 }
 
-void MainWindow::chooseModel()
-{
-    const QString folder = QFileInfo(m_panel->model()).absolutePath();
-    openModels(OpenDialog::files(this, QStringLiteral("Open a model"), folder,
-                                 QStringLiteral("Models (*.nec);;All (*)")));
-}
-
 void MainWindow::run()
 {
     if (m_panel->model().isEmpty()) {
         return;
     }
-    queueModel(m_panel->model(), false);
+    m_opener->queue(m_panel->model(), false);
     m_queue->queue().startNext();
 }
 

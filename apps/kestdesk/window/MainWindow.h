@@ -11,6 +11,7 @@
 class ApplicationMenu;
 class LaunchChoice;
 class MainMenu;
+class ModelOpener;
 class QLabel;
 class RunDesk;
 class RunListView;
@@ -62,10 +63,7 @@ private:
     void connectQueue();
     void connectShutdown();
 
-    void chooseModel();
     void run();
-    QStringList readableOnes(const QStringList& paths);
-    void queueModel(const QString& path, bool isHeld);
     void prepareRun();
     void stopRun();
     WindowRun* runToStop() const;
@@ -101,4 +99,5 @@ private:
     OrphanReaper m_reaper;
     bool m_isLeaving = false; ///< nothing is left to wait for
     WindowQueue* m_queue;
+    std::unique_ptr<ModelOpener> m_opener;
 };

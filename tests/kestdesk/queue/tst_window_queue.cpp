@@ -105,6 +105,7 @@ private Q_SLOTS:
         button("queueDownButton")->click();
         QCOMPARE(waiting(), QStringList({text("c.nec"), text("a.nec"), text("b.nec")}));
         select(1);
+        list()->setFocus();
         QTest::keyClick(list(), Qt::Key_Delete);
         QCOMPARE(waiting(), QStringList({text("c.nec"), text("b.nec")}));
         select(0);
