@@ -1,11 +1,16 @@
 #include "BatchReport.h"
 
 #include "Run.h"
+#include "RunTexts.h"
 
 #include <QFileInfo>
 
 #include <algorithm>
 #include <cstdio>
+
+using RunTexts::clockTime;
+using RunTexts::counted;
+using RunTexts::duration;
 
 namespace {
 
@@ -34,28 +39,6 @@ constexpr MessageLook messageLooks[] = {
     {false, Terminal::Colour::None},  // File
     {true, Terminal::Colour::None},   // Variable
 };
-
-QString clockTime(qint64 milliseconds)
-{
-    const qint64 seconds = milliseconds / 1000;
-    return QStringLiteral("%1:%2:%3")
-        .arg(seconds / 3600)
-        .arg(seconds / 60 % 60, 2, 10, QLatin1Char('0'))
-        .arg(seconds % 60, 2, 10, QLatin1Char('0'));
-}
-
-QString duration(qint64 milliseconds)
-{
-    return milliseconds < 60000
-               ? QStringLiteral("%1 s").arg(static_cast<double>(milliseconds) / 1000, 0, 'f', 1)
-               : clockTime(milliseconds);
-}
-
-QString counted(int count, const char* noun)
-{
-    return QStringLiteral("%1 %2%3").arg(count).arg(QLatin1String(noun),
-                                                    QLatin1String(count == 1 ? "" : "s"));
-}
 
 QString progressBar(int percentage)
 {
