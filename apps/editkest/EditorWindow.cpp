@@ -3,9 +3,11 @@
 #include "DeckCheck.h"
 #include "DeckEditor.h"
 #include "DeckHighlighter.h"
+#include "FileDrop.h"
 #include "HelpMenu.h"
 #include "OpenDialog.h"
 #include "WindowGeometry.h"
+#include "WindowTitle.h"
 
 #include <common_HelpClient.h>
 #include <common_IApplicationInfo.h>
@@ -14,7 +16,6 @@
 #include <common_UserQuery.h>
 #include <common_recent_file_settings.h>
 
-#include <FileName.h>
 #include <ModelFile.h>
 #include <VisibleText.h>
 
@@ -27,7 +28,6 @@
 #include <QLabel>
 #include <QListWidget>
 #include <QMenuBar>
-#include <QMimeData>
 #include <QStatusBar>
 
 #include <algorithm>
@@ -60,12 +60,6 @@ QIcon severityIcon(suite::Severity severity)
     return icon(QLatin1String(row->icon));
 }
 
-QString droppedFile(const QMimeData& data)
-{
-    const QList<QUrl> urls = data.urls();
-    return urls.size() == 1 ? suite::FileName::fromUrl(urls.first()) : QString();
-}
-
 bool isYes(common_UserQuery& query)
 {
     query.addOption(QStringLiteral("Yes"), QMessageBox::YesRole);
@@ -81,7 +75,7 @@ EditorWindow::EditorWindow(const QString& model)
 {
     setObjectName(QStringLiteral("editkestWindow"));
     setWindowIcon(icon(applicationName));
-    setAcceptDrops(true);
+    connect(new FileDrop(this), &FileDrop::dropped, this, &EditorWindow::openDropped);
     makeContent();
     makeFileMenu();
     makeEditMenu();
@@ -198,6 +192,14 @@ bool EditorWindow::openDeck(const QString& path)
     return true;
 }
 
+void EditorWindow::openDropped(const QStringList& paths)
+{
+    if (openDeck(paths.first()) && paths.size() > 1) {
+        statusBar()->showMessage(
+            QStringLiteral("Of %1 models that were dropped, one was opened").arg(paths.size()));
+    }
+}
+
 bool EditorWindow::save()
 {
     if (m_file.path().isEmpty()) {
@@ -238,11 +240,10 @@ void EditorWindow::showFindings(const QVector<suite::Finding>& findings)
     int errors = 0;
     int warnings = 0;
     for (const suite::Finding& finding : findings) {
-        const QString place =
-            finding.line > 0 ? QStringLiteral("line %1: ").arg(finding.line) : QString();
-        auto* item = new QListWidgetItem(
-            severityIcon(finding.severity()),
-            place + finding.reason + QStringLiteral(" (%1)").arg(finding.number()), m_findings);
+        auto* item = new QListWidgetItem(severityIcon(finding.severity()),
+                                         QStringLiteral("%1: ").arg(finding.number()) +
+                                             finding.place().behind(finding.reason),
+                                         m_findings);
         item->setData(lineRole, finding.line);
         const bool isError = finding.severity() == suite::Severity::Error ||
                              finding.severity() == suite::Severity::Fatal;
@@ -306,10 +307,9 @@ bool EditorWindow::mayOverwrite()
 
 void EditorWindow::updateTitle()
 {
-    QString name = suite::visibleFileName(m_file.path());
-    name.replace(QLatin1String("[*]"), QLatin1String("[*][*]")); // Qt's sign for changes
-    setWindowTitle((name.isEmpty() ? QStringLiteral("New model") : name) +
-                   QStringLiteral("[*] - editkest"));
+    const QString tail = QStringLiteral("[*] - editkest");
+    setWindowTitle(m_file.path().isEmpty() ? QStringLiteral("New model") + tail
+                                           : WindowTitle::of(m_file.path(), tail));
     setWindowModified(m_editor->document()->isModified());
 }
 
@@ -322,17 +322,4 @@ void EditorWindow::closeEvent(QCloseEvent* event)
     WindowGeometry::save(*this, *m_settings.geometry());
     m_settings.writeSettings();
     event->accept();
-}
-
-void EditorWindow::dragEnterEvent(QDragEnterEvent* event)
-{
-    if (!droppedFile(*event->mimeData()).isEmpty()) {
-        event->acceptProposedAction();
-    }
-}
-
-void EditorWindow::dropEvent(QDropEvent* event)
-{
-    openDeck(droppedFile(*event->mimeData()));
-    event->acceptProposedAction();
 }

@@ -34,8 +34,6 @@ public:
 
 protected:
     void closeEvent(QCloseEvent* event) override;
-    void dragEnterEvent(QDragEnterEvent* event) override;
-    void dropEvent(QDropEvent* event) override;
 
 private:
     void makeContent();
@@ -43,6 +41,7 @@ private:
     void makeEditMenu();
     void listRecentFiles(QMenu& menu);
     void chooseDeck();
+    void openDropped(const QStringList& paths);
     void saveAs();
     bool saveTo(const QString& path);
     void showFindings(const QVector<suite::Finding>& findings);

@@ -5,11 +5,15 @@
 #include "Environment.h"
 #include "Leftovers.h"
 #include "MachinesCommand.h"
+#include "NearWord.h"
 #include "OptionsCommand.h"
 #include "RunOptionWords.h"
 #include "WindowCommand.h"
 
+#include <PlainText.h>
+
 #include <QCommandLineParser>
+#include <QFileInfo>
 #include <QLoggingCategory>
 
 namespace {
@@ -62,16 +66,56 @@ QString runProblem(const QCommandLineParser& parser)
     return component != nullptr ? runOptionProblem(parser, *component) : componentProblem(name);
 }
 
+// A command stands first on the command line. Where a word is taken for a model that is not there,
+// a command may have been meant; which one, as a question. Empty when there is none.
+QString commandHint(const QStringList& models)
+{
+    const QString word = models.value(0);
+    if (word.isEmpty() || QFileInfo::exists(word)) {
+        return QString();
+    }
+    const QString command =
+        NearWord::of(word, {OptionsCommand::group().name(), MachinesCommand::group().name()});
+    return command.isEmpty() ? QString()
+                             : QStringLiteral("did you mean \"kestdesk %1\"?").arg(command);
+}
+
+QString withHint(const QString& problem, const QString& hint)
+{
+    return hint.isEmpty() ? problem : problem + QStringLiteral("; ") + hint;
+}
+
+QString sentence(QString text)
+{
+    return text.isEmpty() ? text : text.replace(0, 1, text.at(0).toUpper());
+}
+
 ApplicationTask windowTask(const QCommandLineParser& parser)
 {
     const QStringList models = parser.positionalArguments();
+    const QString hint = commandHint(models);
     if (models.size() > 1) {
-        return {QStringLiteral("the window takes one model; --non-interactive runs several"), {}};
+        return {
+            withHint(QStringLiteral("the window takes one model; --non-interactive runs several"),
+                     hint),
+            {}};
     }
-    const QString model = models.value(0);
     const Component* const component =
         parser.isSet(componentOption) ? Component::find(parser.value(componentOption)) : nullptr;
-    return {runProblem(parser), [model, component] { return showWindow(model, component); }};
+    const WindowStart start = {models.value(0), sentence(hint), component};
+    return {runProblem(parser), [start] { return showWindow(start); }};
+}
+
+QString batchProblem(const QCommandLineParser& parser)
+{
+    const QString problem = runProblem(parser);
+    const QStringList models = parser.positionalArguments();
+    const QString hint = commandHint(models);
+    return problem.isEmpty() && !hint.isEmpty()
+               ? withHint(
+                     QStringLiteral("there is no model %1").arg(suite::excerpt(models.first())),
+                     hint)
+               : problem;
 }
 
 ApplicationTask batchTask(const QCommandLineParser& parser)
@@ -82,7 +126,7 @@ ApplicationTask batchTask(const QCommandLineParser& parser)
     for (const RunOptionWord& row : RunOptionWords::rows()) {
         runOptions.setFlag(row.option, parser.isSet(QLatin1String(row.word)));
     }
-    return {runProblem(parser), [models, component, runOptions] {
+    return {batchProblem(parser), [models, component, runOptions] {
                 Leftovers::remove();
                 return BatchSession(*component, runOptions, models).exec();
             }};

@@ -1,13 +1,14 @@
 #include "ViewerWindow.h"
 
 #include "Export.h"
+#include "FileDrop.h"
 #include "HelpMenu.h"
 #include "OpenDialog.h"
 #include "ResultView.h"
 #include "ToolTip.h"
 #include "WindowGeometry.h"
+#include "WindowTitle.h"
 
-#include <FileName.h>
 #include <VisibleText.h>
 
 #include <common_HelpClient.h>
@@ -25,7 +26,6 @@
 #include <QFileInfo>
 #include <QListWidget>
 #include <QMenuBar>
-#include <QMimeData>
 #include <QSignalBlocker>
 #include <QStatusBar>
 
@@ -38,18 +38,6 @@ const QString applicationName = QStringLiteral("postkest");
 QIcon icon(const QString& name)
 {
     return GET_SERVICE(common_IIconUtility)->getIcon(name);
-}
-
-QStringList localFiles(const QMimeData& data)
-{
-    QStringList result;
-    const QList<QUrl> urls = data.urls();
-    for (const QUrl& url : urls) {
-        if (url.isLocalFile()) {
-            result.append(suite::FileName::fromUrl(url));
-        }
-    }
-    return result;
 }
 
 QIcon colourIcon(const QColor& colour)
@@ -69,7 +57,7 @@ ViewerWindow::ViewerWindow(const QStringList& paths)
     setObjectName(QStringLiteral("postkestWindow"));
     setWindowTitle(applicationName);
     setWindowIcon(icon(applicationName));
-    setAcceptDrops(true);
+    connect(new FileDrop(this), &FileDrop::dropped, this, &ViewerWindow::openResults);
     makeContent();
     makeFileMenu();
     makeViewMenu();
@@ -245,8 +233,9 @@ void ViewerWindow::showResults()
                           : icon(m_results.at(place).error.isEmpty() ? QStringLiteral("result")
                                                                      : QStringLiteral("fault")));
     }
-    setWindowTitle(shown.isEmpty() ? applicationName
-                                   : shown.last().shownName() + QStringLiteral(" - postkest"));
+    setWindowTitle(shown.isEmpty()
+                       ? applicationName
+                       : WindowTitle::of(shown.last().path, QStringLiteral(" - postkest")));
 }
 
 void ViewerWindow::updateItem(int place)
@@ -279,17 +268,4 @@ void ViewerWindow::closeEvent(QCloseEvent* event)
     WindowGeometry::save(*this, *m_settings.geometry());
     m_settings.writeSettings();
     QMainWindow::closeEvent(event);
-}
-
-void ViewerWindow::dragEnterEvent(QDragEnterEvent* event)
-{
-    if (!localFiles(*event->mimeData()).isEmpty()) {
-        event->acceptProposedAction();
-    }
-}
-
-void ViewerWindow::dropEvent(QDropEvent* event)
-{
-    openResults(localFiles(*event->mimeData()));
-    event->acceptProposedAction();
 }

@@ -141,6 +141,7 @@ void common_KestProcessDialog::onProcessStarted(const QString& executable,
     }
     m_pStopButton->setEnabled(true);
     m_pOkButton->setEnabled(false);
+    setFocus(); // not to Stop: keys may still come that were meant for another window
     m_pBusyLabel->movie()->start();
 
     const auto options = common_ComponentsLaunchOptions::create(ReadOnlyAccess);
@@ -265,6 +266,9 @@ void common_KestProcessDialog::onDetailsToggled(bool checked)
     m_pBusyLabel->setVisible(!checked);
     m_pWarningsBox->setVisible(!checked && m_pWarningsCount->text().toInt() > 0);
     m_pNoticesBox->setVisible(!checked && m_pNoticesCount->text().toInt() > 0);
+    if (focusWidget() == m_pStopButton) { // it may have been passed on by the output
+        setFocus();
+    }
     adjustSize();
 }
 

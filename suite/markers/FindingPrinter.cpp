@@ -11,6 +11,11 @@ FindingPrinter::FindingPrinter(MarkerPrinter& printer, QString subject)
     : m_printer(printer), m_subject(std::move(subject))
 {}
 
+QString FindingPrinter::head(FindingKind notice)
+{
+    return QStringLiteral("NOTE %1: ").arg(Finding{notice, 0, QString()}.number());
+}
+
 void FindingPrinter::print(const Finding& finding)
 {
     switch (finding.severity()) {
@@ -44,21 +49,19 @@ void FindingPrinter::print(FindingKind kind, const QStringList& parts)
 
 QString FindingPrinter::errorText(const Finding& finding) const
 {
-    const QString place =
-        finding.line == 0 ? m_subject
-                          : QStringLiteral("%1:%2").arg(m_subject, QString::number(finding.line));
-    return QStringLiteral("ERROR %1: ").arg(finding.number()) + place + QStringLiteral(": ") +
-           withoutColons(finding.reason);
+    const QString subject = finding.line == 0 ? m_subject + QStringLiteral(": ") : QString();
+    return QStringLiteral("ERROR %1: ").arg(finding.number()) + subject + reasonAndPlace(finding);
 }
 
 // The reader of warnings and notices takes the text behind the last colon: there is exactly one.
 QString FindingPrinter::remarkText(const Finding& finding, const QString& word) const
 {
-    const QString place = finding.line == 0 ? QString()
-                                            : withoutColons(m_subject) +
-                                                  QStringLiteral(" line %1, ").arg(finding.line);
-    return word + QStringLiteral(" %1: ").arg(finding.number()) + place +
-           withoutColons(finding.reason);
+    return word + QStringLiteral(" %1: ").arg(finding.number()) + reasonAndPlace(finding);
+}
+
+QString FindingPrinter::reasonAndPlace(const Finding& finding) const
+{
+    return finding.place(m_subject).behind(withoutColons(finding.reason));
 }
 
 } // namespace suite

@@ -6,11 +6,15 @@ namespace suite {
 
 class MarkerPrinter;
 
-/// Prints findings about one subject (the model's file name, or the program's own name).
+/// Prints findings about one subject (the model's file name, or the program's own name). What
+/// belongs to a line of it has the place at its end, and other errors begin with the subject.
 class FindingPrinter
 {
 public:
     FindingPrinter(MarkerPrinter& printer, QString subject);
+
+    /// What the text of each notice of a kind begins with: "NOTE 301: ".
+    static QString head(FindingKind notice);
 
     void print(const Finding& finding);
     void print(const FindingList& findings);
@@ -20,6 +24,7 @@ public:
 
 private:
     [[nodiscard]] QString errorText(const Finding& finding) const;
+    [[nodiscard]] QString reasonAndPlace(const Finding& finding) const;
     [[nodiscard]] QString remarkText(const Finding& finding, const QString& word) const;
 
     MarkerPrinter& m_printer;

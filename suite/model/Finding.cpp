@@ -81,7 +81,7 @@ constexpr FindingRow findingTable[] = {
     {FindingKind::TunedAtEdge,        3211, Severity::Warning, "the best value of %1 lies at the edge of the range to optimise in, from %2 to %3"},
     {FindingKind::NoTunedResonance,   3212, Severity::Warning, "the reactance does not pass through 0 and is %1 ohm at best, so this is no resonance"},
     {FindingKind::NotConverged,       3213, Severity::Warning, "the search ended after %1 evaluations before the value was exact"},
-    {FindingKind::FarmTooSmall,       3214, Severity::Warning, "%1 evaluations at once were asked for and the machines file has room for %2"},
+    {FindingKind::FarmTooSmall,       3214, Severity::Warning, "%1 evaluations at once were asked for and %3 has room for %2"},
     {FindingKind::TunedValue,          211, Severity::Notice,  "tuned at %3 MHz, %1 = %2"},
     {FindingKind::TunedImpedance,      212, Severity::Notice,  "impedance there %1 ohm resistance, %2 ohm reactance"},
     {FindingKind::EvaluationCount,     213, Severity::Notice,  "number of evaluations %1 in %2 rounds, %3 of them taken over from earlier runs"},
@@ -130,22 +130,34 @@ constexpr FindingRow findingTable[] = {
     {FindingKind::EngineOutput,       2604, Severity::Fatal,   "the engine says, %1"},
     {FindingKind::RemoteRunFailed,    2605, Severity::Fatal,   "%1"},
     {FindingKind::ResultNotWritten,   2701, Severity::Fatal,   "%1"},
-    {FindingKind::Stopped,            2901, Severity::Fatal,   "stopped"},
+    {FindingKind::ResumeRefused,      2702, Severity::Fatal,   "'%1' cannot be resumed from, %2; a run without --resume starts from the beginning"},
 
-    {FindingKind::LongSegment,        3201, Severity::Warning, "the segments of the wire with tag %1 (%2 m) are longer than a tenth of the shortest wavelength (%3 m)"},
-    {FindingKind::ThickSegment,       3202, Severity::Warning, "the segments of the wire with tag %1 (%2 m) are shorter than eight radii (radius %3 m)"},
+    {FindingKind::Stopped,             301, Severity::Notice,  "stopped by %1"},
+    {FindingKind::PartialKept,         302, Severity::Notice,  "%1 of %2 frequencies are kept in '%3', --resume computes the rest"},
+    {FindingKind::PartialTakenOver,    303, Severity::Notice,  "%1 of %2 frequencies are taken over from '%3'"},
+    {FindingKind::PartialDamaged,      304, Severity::Notice,  "%1 damaged lines of '%2' are left out, and their frequencies are computed again"},
+    {FindingKind::NothingToResume,     305, Severity::Notice,  "there is nothing to resume, no '%1', and the run starts from the beginning"},
+    {FindingKind::PartialReplaced,     306, Severity::Notice,  "the results of an earlier run in '%1' are replaced when the first frequency is solved, %2"},
+    {FindingKind::AnalysesKept,        307, Severity::Notice,  "analyses 1 to %1 are kept in '%2', --resume continues from there"},
+    {FindingKind::EvaluationsKept,     308, Severity::Notice,  "%1 evaluations are kept in '%2', --restart %3 continues from there"},
+    {FindingKind::PartialNotKept,     3604, Severity::Warning, "a stop of this run would keep no results, %1"},
+
+    {FindingKind::LongSegment,        3201, Severity::Warning, "the segments of %1 (%2 m) are longer than a tenth of the shortest wavelength (%3 m)"},
+    {FindingKind::ThickSegment,       3202, Severity::Warning, "the segments of %1 (%2 m) are shorter than eight radii (radius %3 m)"},
     {FindingKind::SharedTag,          3203, Severity::Warning, "tag %1 is used by the wire in line %2 too"},
     {FindingKind::IgnoredAfterEnd,    3204, Severity::Warning, "what follows the EN card is ignored"},
     {FindingKind::PlotFileDropped,    3205, Severity::Warning, "the plot file of card PL is not kept"},
     {FindingKind::PriorityNotRaised,  3601, Severity::Warning, "the engines' priority cannot be raised, the permission is missing"},
-    {FindingKind::MoreProcesses,      3602, Severity::Warning, "%1 processes were asked for and the machines file counts %2, so hosts take more than they should"},
+    {FindingKind::MoreProcesses,      3602, Severity::Warning, "%1 processes were asked for and %3 counts %2, so hosts take more than they should"},
     {FindingKind::SweepRemark,        3603, Severity::Warning, "%1"},
+    {FindingKind::HostsOutsideJob,    3604, Severity::Warning, "%1"},
 
     {FindingKind::WireCount,           101, Severity::Notice,  "number of wires %1, of patch cards %2"},
     {FindingKind::SegmentCount,        102, Severity::Notice,  "number of segments %1"},
     {FindingKind::FrequencyCount,      103, Severity::Notice,  "number of frequencies %1, from %2 MHz to %3 MHz"},
     {FindingKind::WavelengthRange,     104, Severity::Notice,  "the wavelength goes from %1 m to %2 m"},
     {FindingKind::GroundKind,          105, Severity::Notice,  "the ground is %1"},
+    {FindingKind::JobHosts,            107, Severity::Notice,  "the hosts are those of %1, number of hosts %2, of processes %3"},
     {FindingKind::ExcitationCount,     106, Severity::Notice,  "number of excitations %1"},
     {FindingKind::Resonance,           201, Severity::Notice,  "resonance at %1 MHz with %2 ohm"},
     {FindingKind::NoResonance,         202, Severity::Notice,  "no resonance within the sweep"},
@@ -202,6 +214,11 @@ int Finding::number() const
 
 void FindingList::add(FindingKind kind, int line, const QStringList& parts)
 {
+    addAtWire(kind, line, 0, parts);
+}
+
+void FindingList::addAtWire(FindingKind kind, int line, int tag, const QStringList& parts)
+{
     const FindingRow& row = rowOf(kind);
     m_fatal = m_fatal || row.severity == Severity::Fatal;
     if (isError(row.severity) && row.severity != Severity::Fatal) {
@@ -211,7 +228,7 @@ void FindingList::add(FindingKind kind, int line, const QStringList& parts)
         if (m_errorCount == mostErrors) {
             ++m_errorCount;
             m_findings.append({FindingKind::TooManyErrors, line,
-                               filled(rowOf(FindingKind::TooManyErrors).text, {})});
+                               filled(rowOf(FindingKind::TooManyErrors).text, {}), 0});
             return;
         }
     }
@@ -219,7 +236,7 @@ void FindingList::add(FindingKind kind, int line, const QStringList& parts)
         return;
     }
     m_errorCount += isError(row.severity) ? 1 : 0;
-    m_findings.append({kind, line, filled(row.text, parts)});
+    m_findings.append({kind, line, filled(row.text, parts), tag});
 }
 
 bool FindingList::contains(FindingKind kind) const

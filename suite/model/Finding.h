@@ -1,5 +1,7 @@
 #pragma once
 
+#include "Place.h"
+
 #include <QString>
 #include <QStringList>
 #include <QVector>
@@ -109,7 +111,16 @@ enum class FindingKind {
     EngineOutput,
     RemoteRunFailed,
     ResultNotWritten,
+    ResumeRefused,
     Stopped,
+    PartialKept,
+    PartialTakenOver,
+    PartialDamaged,
+    NothingToResume,
+    PartialReplaced,
+    AnalysesKept,
+    EvaluationsKept,
+    PartialNotKept,
     LongSegment,
     ThickSegment,
     SharedTag,
@@ -118,12 +129,14 @@ enum class FindingKind {
     PriorityNotRaised,
     MoreProcesses,
     SweepRemark,
+    HostsOutsideJob,
     WireCount,
     SegmentCount,
     FrequencyCount,
     WavelengthRange,
     GroundKind,
     ExcitationCount,
+    JobHosts,
     Resonance,
     NoResonance,
     BestMatch,
@@ -142,6 +155,10 @@ struct Finding
     FindingKind kind;
     int line = 0;
     QString reason;
+    int tag = 0; ///< of the wire, as the model has it; 0 for none
+
+    /// Where it was found; the file's name is the caller's.
+    [[nodiscard]] Place place(const QString& file = QString()) const { return {file, line, tag}; }
 
     [[nodiscard]] Severity severity() const;
     [[nodiscard]] int number() const;
@@ -154,6 +171,9 @@ class FindingList
 public:
     /// Adds a finding; the parts fill the gaps of the kind's text and are made safe to print.
     void add(FindingKind kind, int line = 0, const QStringList& parts = QStringList());
+
+    /// The same for a wire, which has a tag in the model or (0) none.
+    void addAtWire(FindingKind kind, int line, int tag, const QStringList& parts = QStringList());
 
     [[nodiscard]] bool isEmpty() const { return m_findings.isEmpty(); }
     [[nodiscard]] bool hasErrors() const { return m_errorCount > 0; }

@@ -113,16 +113,16 @@ void Preprocessor::warnOfSegments()
 {
     const double shortestWave = wavelength(m_model.frequencies.highest());
     for (const Wire& wire : qAsConst(m_model.structure.wires)) {
-        const QString name = QString::number(wire.tag);
+        const QString name = wire.name();
         const double longest = wire.longestSegment();
         const double shortest = wire.shortestSegment();
         if (longest > shortestWave / 10 * (1 + tolerance)) {
-            m_findings.add(FindingKind::LongSegment, wire.line,
-                           {name, text(longest), text(shortestWave)});
+            m_findings.addAtWire(FindingKind::LongSegment, wire.line, wire.tag,
+                                 {name, text(longest), text(shortestWave)});
         }
         if (shortest < 8 * wire.radius * (1 - tolerance)) {
-            m_findings.add(FindingKind::ThickSegment, wire.line,
-                           {name, text(shortest), text(wire.radius)});
+            m_findings.addAtWire(FindingKind::ThickSegment, wire.line, wire.tag,
+                                 {name, text(shortest), text(wire.radius)});
         }
     }
 }

@@ -107,7 +107,8 @@ void StructureBuilder::checkPendingTaper(const Card& next)
 {
     const bool wasPending = m_pendingTaper.line != 0;
     if (wasPending && next.mnemonic != QLatin1String("GC")) {
-        m_findings.add(FindingKind::BadRadius, m_pendingTaper.line, {QStringLiteral("0")});
+        m_findings.addAtWire(FindingKind::BadRadius, m_pendingTaper.line, m_pendingTaper.integer(1),
+                             {QStringLiteral("0")});
         m_pendingTaper = Card();
     }
 }
@@ -132,10 +133,11 @@ bool StructureBuilder::checkWire(const Card& card, double radius)
         m_findings.add(FindingKind::BadTag, card.line, {QString::number(tag)});
     }
     if (count < 1) {
-        m_findings.add(FindingKind::BadSegmentCount, card.line, {QString::number(count)});
+        m_findings.addAtWire(FindingKind::BadSegmentCount, card.line, tag,
+                             {QString::number(count)});
     }
     if (!(radius > 0)) {
-        m_findings.add(FindingKind::BadRadius, card.line, {QString::number(radius)});
+        m_findings.addAtWire(FindingKind::BadRadius, card.line, tag, {QString::number(radius)});
     }
     return m_findings.errorCount() == errorsBefore && hasRoom(card, count);
 }
@@ -178,8 +180,8 @@ void StructureBuilder::checkSharedTag(const Card& card)
 {
     for (const Wire& wire : qAsConst(m_structure.wires)) {
         if (wire.tag == card.integer(1) && wire.tag != 0 && !wire.isCopy) {
-            m_findings.add(FindingKind::SharedTag, card.line,
-                           {QString::number(wire.tag), QString::number(wire.line)});
+            m_findings.addAtWire(FindingKind::SharedTag, card.line, wire.tag,
+                                 {QString::number(wire.tag), QString::number(wire.line)});
             return;
         }
     }
@@ -190,7 +192,7 @@ void StructureBuilder::addWire(const Card& card)
     const double radius = card.number(7);
     const bool isTapered = radius == 0 && card.fields.size() >= 9;
     if (distance(endPoint(card, 1), endPoint(card, 4)) == 0) {
-        m_findings.add(FindingKind::ZeroLengthWire, card.line);
+        m_findings.addAtWire(FindingKind::ZeroLengthWire, card.line, card.integer(1));
         return;
     }
     if (isTapered) {
@@ -210,8 +212,8 @@ void StructureBuilder::addTaperedWire(const Card& card)
     if (wire.line == 0) {
         m_findings.add(FindingKind::TaperWithoutWire, card.line);
     } else if (!(card.number(2) > 0 && card.number(3) > 0)) {
-        m_findings.add(FindingKind::BadRadius, card.line,
-                       {QString::number(qMin(card.number(2), card.number(3)))});
+        m_findings.addAtWire(FindingKind::BadRadius, card.line, wire.integer(1),
+                             {QString::number(qMin(card.number(2), card.number(3)))});
     } else if (!(ratio > 0)) {
         m_findings.add(FindingKind::BadTransformation, card.line,
                        {QStringLiteral("the ratio of the segment lengths must be greater than 0")});
@@ -383,8 +385,9 @@ void StructureBuilder::end(const Card& card)
     for (const Wire& wire : qAsConst(m_structure.wires)) {
         const bool isBelow = wire.lowestZ() < -1e-3 * wire.shortestSegment();
         if (isBelow || wire.isInPlaneZ0()) {
-            m_findings.add(FindingKind::WireBelowGround, wire.line,
-                           {isBelow ? QStringLiteral("goes below") : QStringLiteral("lies in")});
+            m_findings.addAtWire(
+                FindingKind::WireBelowGround, wire.line, wire.tag,
+                {isBelow ? QStringLiteral("goes below") : QStringLiteral("lies in")});
         }
     }
 }

@@ -11,6 +11,12 @@ double distance(const Point& from, const Point& to)
     return std::hypot(to.x - from.x, to.y - from.y, to.z - from.z);
 }
 
+QString Wire::name() const
+{
+    return tag == 0 ? QStringLiteral("the wire without a tag")
+                    : QStringLiteral("the wire with tag %1").arg(tag);
+}
+
 double Wire::shortestSegment() const
 {
     double result = std::numeric_limits<double>::max();

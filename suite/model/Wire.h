@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QString>
 #include <QVector>
 
 namespace suite {
@@ -20,6 +21,9 @@ struct Wire
     bool isCopy = false;
     double radius = 0;
     QVector<Point> points; ///< one more than segments
+
+    /// The wire in a message: "the wire with tag 3".
+    [[nodiscard]] QString name() const;
 
     [[nodiscard]] int segmentCount() const { return points.size() - 1; }
     [[nodiscard]] double shortestSegment() const;

@@ -58,15 +58,6 @@ ResultTable failed(const QString& error)
     return result;
 }
 
-QByteArray lineOf(const ResultPoint& point)
-{
-    QList<QByteArray> cells = {tableNumber(point.frequency, frequencyDigits)};
-    for (const double value : point.values) {
-        cells.append(tableNumber(value));
-    }
-    return tableLine(cells);
-}
-
 } // namespace
 
 ResultTable ResultTable::read(const QString& path)
@@ -115,11 +106,20 @@ QList<QByteArray> ResultTable::columns()
     return {"frequency_MHz", "resistance_ohm", "reactance_ohm", "swr"};
 }
 
+QList<QByteArray> ResultTable::cells(const ResultPoint& point)
+{
+    QList<QByteArray> result = {tableNumber(point.frequency, frequencyDigits)};
+    for (const double value : point.values) {
+        result.append(tableNumber(value));
+    }
+    return result;
+}
+
 QByteArray ResultTable::bytes() const
 {
     QByteArray text = tableLine(columns());
     for (const ResultPoint& point : points) {
-        text += lineOf(point);
+        text += tableLine(cells(point));
     }
     return text;
 }

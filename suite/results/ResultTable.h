@@ -24,6 +24,9 @@ struct ResultTable
     /// The names of the columns.
     static QList<QByteArray> columns();
 
+    /// The cells of a point's line, to the digits that a table has.
+    static QList<QByteArray> cells(const ResultPoint& point);
+
     /// The file's content: parse() gives the points again, to the digits that a table has.
     [[nodiscard]] QByteArray bytes() const;
 };

@@ -73,7 +73,8 @@ private Q_SLOTS:
         open(window, path);
         const QString seen = text("left<U+202E>gnp.nec");
         QVERIFY2(firstLines(window).startsWith(seen), qPrintable(firstLines(window)));
-        QCOMPARE(window.windowTitle(), seen + text(" - cadkest"));
+        QVERIFY(window.windowTitle().startsWith(seen + text(" (")));
+        QVERIFY(window.windowTitle().endsWith(text(") - cadkest")));
         QCOMPARE(window.modelPath(), path);
         window.openModel(m_folder->filePath(text("none\u202e.nec")));
         const QString told = label(window, "modelMessage").text();
@@ -116,7 +117,7 @@ private Q_SLOTS:
         const QLabel& message = label(window, "modelMessage");
         QVERIFY(message.isVisible());
         QVERIFY(message.text().startsWith(text("model.nec has mistakes")));
-        QVERIFY(message.text().contains(text("line 3: ")));
+        QVERIFY(message.text().contains(text(" (line 3")));
         QCOMPARE(message.textFormat(), Qt::PlainText);
     }
 

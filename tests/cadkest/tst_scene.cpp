@@ -159,8 +159,8 @@ private Q_SLOTS:
         const ReadModel model = readModel(folder.filePath(text("broken")));
         QCOMPARE(model.path, file.fileName());
         QCOMPARE(model.scene.structure.wires.size(), 1);
-        QVERIFY(model.errors.join(QLatin1Char('\n')).contains(text("line 3: ")));
-        QVERIFY(model.errors.join(QLatin1Char('\n')).contains(text("line 5: ")));
+        QVERIFY(model.errors.join(QLatin1Char('\n')).contains(text(" (line 3")));
+        QVERIFY(model.errors.join(QLatin1Char('\n')).contains(text(" (line 5")));
 
         const ReadModel none = readModel(folder.filePath(text("none.nec")));
         QCOMPARE(none.errors.size(), 1);

@@ -227,8 +227,9 @@ void tst_amrkest::limitsStopTheRefinement()
         refine(folder, "--error-threshold low", coarseDipole().replace("0.00005", radius));
     QCOMPARE(result.exitCode, 0);
     QCOMPARE(ownWarnings(result),
-             QStringList(text("WARNING 3232: the refinement stopped before it converged, segments "
-                              "of the wire in line 3 would be shorter than eight radii")));
+             QStringList(text("WARNING 3232: the refinement stopped before it converged, the "
+                              "segments of the wire with tag 1 would be shorter than eight radii "
+                              "(m.nec, line 3, tag 1)")));
     QCOMPARE(readIterations(folder.filePath(text("m.amr.csv"))).size(), iterations);
     QVERIFY(QFile::exists(folder.filePath(text("m_amr.out"))));
 }

@@ -237,7 +237,7 @@ void tst_amrkest_options::wrongOptions_data()
     add("--keep-files", "ERROR 2001: amrkest: no model is given");
     add("missing", "ERROR 2011: missing: there is no such model file");
     add(".", "ERROR 2012: ");
-    add("patch", "ERROR 2821: patch.nec:4: card SP cannot be refined, patches have no segments");
+    add("patch", "ERROR 2821: card SP cannot be refined, patches have no segments");
     add("wave", "ERROR 2822: wave.nec: the refinement compares input impedances");
 }
 

@@ -13,6 +13,7 @@
 #include <QListWidget>
 #include <QMenu>
 #include <QMimeData>
+#include <QStatusBar>
 #include <QtTest>
 
 #include <ctime>
@@ -39,7 +40,7 @@ private Q_SLOTS:
         QCOMPARE(editor->findingsAt(3).size(), 1);
         QVERIFY(window.isWindowModified());
         auto* list = window.findChild<QListWidget*>(QStringLiteral("findingList"));
-        QVERIFY2(list->item(0)->text().startsWith(QStringLiteral("line 3: ")),
+        QVERIFY2(list->item(0)->text().endsWith(QStringLiteral(" (line 3)")),
                  qPrintable(list->item(0)->text()));
         editor->moveCursor(QTextCursor::End);
         window.findChild<QAction*>(QStringLiteral("nextFindingAction"))->trigger();
@@ -221,7 +222,7 @@ private Q_SLOTS:
         window.findChild<QAction*>(QStringLiteral("saveAsAction"))->trigger();
         QCOMPARE(contentOf(other), "#" + goodDeck);
         QCOMPARE(contentOf(m_path), goodDeck);
-        QCOMPARE(window.windowTitle(), QStringLiteral("other.nec[*] - editkest"));
+        QVERIFY(window.windowTitle().startsWith(QStringLiteral("other.nec (")));
         QTest::keyClicks(editor, QStringLiteral("#"));
         QVERIFY(window.save());
         QCOMPARE(contentOf(other), "##" + goodDeck);
@@ -287,11 +288,18 @@ private Q_SLOTS:
         QDropEvent drop({9, 9}, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
         QCoreApplication::sendEvent(&window, &drop);
         QCOMPARE(window.findChild<DeckEditor*>()->deck().toUtf8(), goodDeck);
-        data.setUrls({QUrl::fromLocalFile(m_path), QUrl::fromLocalFile(m_path)});
-        QDragEnterEvent two({9, 9}, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
-        two.ignore();
-        QCoreApplication::sendEvent(&window, &two);
-        QVERIFY(!two.isAccepted());
+    }
+
+    void ofSeveralDroppedModelsTheFirstIsOpened()
+    {
+        EditorWindow window{QString()};
+        QMimeData data;
+        data.setUrls({QUrl::fromLocalFile(m_path), QUrl::fromLocalFile(m_path + QLatin1Char('2'))});
+        QDropEvent drop({9, 9}, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+        QCoreApplication::sendEvent(&window, &drop);
+        QCOMPARE(window.findChild<DeckEditor*>()->deck().toUtf8(), goodDeck);
+        QCOMPARE(window.statusBar()->currentMessage(),
+                 QStringLiteral("Of 2 models that were dropped, one was opened"));
     }
 
     void windowIsAsItWasAtTheNextStart()

@@ -86,7 +86,7 @@ private Q_SLOTS:
         QTest::addColumn<QByteArray>("text");
         QTest::newRow("good") << goodDeck << 0 << QByteArray("-*-notice-*-");
         QTest::newRow("bad") << QByteArray(goodDeck).replace("0.001", "zero") << 1
-                             << QByteArray("-*-error-*-ERROR 2104: model.nec:3:");
+                             << QByteArray("-*-error-*-ERROR 2104: field ");
     }
 
     void withoutAWindowTheDeckIsChecked()
@@ -190,7 +190,8 @@ private Q_SLOTS:
         EditorWindow window(m_folder->filePath(argument));
         auto* editor = window.findChild<DeckEditor*>();
         QCOMPARE(editor->deck().toUtf8(), goodDeck);
-        QCOMPARE(window.windowTitle(), QStringLiteral("a [*][*] dipole.nec[*] - editkest"));
+        QVERIFY(window.windowTitle().startsWith(QStringLiteral("a [*][*] dipole.nec (")));
+        QVERIFY(window.windowTitle().endsWith(QStringLiteral("my models)[*] - editkest")));
         QTest::keyClicks(editor, QStringLiteral("#"));
         QVERIFY(window.save());
         QCOMPARE(contentOf(m_folder->filePath(QStringLiteral("my models/a [*] dipole.nec"))),

@@ -290,7 +290,7 @@ private Q_SLOTS:
         QTRY_COMPARE_WITH_TIMEOUT(m_stage->state(0), text("running"), longTime);
         QTRY_VERIFY_WITH_TIMEOUT(QFile::exists(file("first.nec.seen")), longTime);
         {
-            const BoxAnswerer willing(WindowStage::pressing(Qt::Key_Return));
+            const BoxAnswerer willing(WindowStage::agreeing());
             m_stage->pressStop();
             QTRY_COMPARE_WITH_TIMEOUT(m_stage->state(0), text("stopped"), longTime);
         }

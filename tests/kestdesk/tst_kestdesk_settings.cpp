@@ -8,11 +8,6 @@
 
 namespace {
 
-QString keyOf(const KestdeskSettings::Row& row)
-{
-    return QStringLiteral("preferences/") + QLatin1String(row.key);
-}
-
 // Another number than the default.
 int otherNumber(const KestdeskSettings::Row& row)
 {
@@ -67,6 +62,7 @@ private Q_SLOTS:
         QVERIFY(settings.notifies());
         QVERIFY(settings.opensLastModel());
         QVERIFY(settings.asksBeforeStopping());
+        QCOMPARE(settings.secondsUntilAsking(), 10);
         QCOMPARE(settings.runsAtOnce(), 1);
         QCOMPARE(settings.archiveDays(), 90);
         QCOMPARE(settings.archiveMegabytes(), 1000);

@@ -46,12 +46,11 @@ private Q_SLOTS:
         {
             BoxAnswerer unwilling(WindowStage::pressing(Qt::Key_Escape));
             m_stage->press(Qt::Key_Q, Qt::ControlModifier);
-            QCOMPARE(unwilling.texts,
-                     QStringList(text("Runs that are still going: 1. Stop them and quit?")));
+            QCOMPARE(unwilling.texts, QStringList(text("Stop m.nec, 0 %, and quit?")));
         }
         QVERIFY(m_stage->window().isVisible());
         QCOMPARE(m_stage->state(), text("running"));
-        const BoxAnswerer willing(WindowStage::pressing(Qt::Key_Return));
+        const BoxAnswerer willing(WindowStage::agreeing());
         QVERIFY(WindowStage::quits([this] { m_stage->window().close(); }));
         QVERIFY(!m_stage->window().isVisible());
         QCOMPARE(m_stage->state(), text("stopped"));
@@ -62,10 +61,10 @@ private Q_SLOTS:
     {
         startWaitingRun("wait", "a.nec");
         startWaitingRun("stubborn", "b.nec");
-        BoxAnswerer willing(WindowStage::pressing(Qt::Key_Return));
+        BoxAnswerer willing(WindowStage::agreeing());
         QVERIFY(!WindowStage::quits([this] { m_stage->window().close(); }, 500));
         QCOMPARE(willing.texts,
-                 QStringList(text("Runs that are still going: 2. Stop them and quit?")));
+                 QStringList(text("Stop these 2 runs, and quit?\n\na.nec, 0 %\nb.nec, 0 %")));
         QTRY_COMPARE_WITH_TIMEOUT(m_stage->state(0), text("stopped"), longTime);
         QCOMPARE(m_stage->state(1), text("stopping, still running"));
         QVERIFY(m_stage->window().isVisible());
@@ -78,7 +77,7 @@ private Q_SLOTS:
     {
         startWaitingRun("stubborn");
         {
-            const BoxAnswerer willing(WindowStage::pressing(Qt::Key_Return));
+            const BoxAnswerer willing(WindowStage::agreeing());
             m_stage->window().close();
         }
         QCOMPARE(m_stage->outcomeText(), text("Stopping the runs..."));
@@ -105,14 +104,14 @@ private Q_SLOTS:
     void whatDoesNotStopIsEndedByForceAtTheSecondClose()
     {
         startWaitingRun("stubborn");
-        BoxAnswerer willing(WindowStage::pressing(Qt::Key_Return));
+        BoxAnswerer willing(WindowStage::agreeing());
         QVERIFY(!WindowStage::quits([this] { m_stage->window().close(); }, 500));
         QCOMPARE(m_stage->state(), text("stopping, still running"));
         QVERIFY(m_stage->window().isVisible());
         QVERIFY(WindowStage::quits([this] { m_stage->window().close(); }));
         QCOMPARE(willing.texts.size(), 2);
         QCOMPARE(willing.texts.value(1),
-                 text("Runs that did not stop yet: 1. End them by force and quit?"));
+                 text("m.nec, 0 %, has not stopped yet. End it by force and quit?"));
         QCOMPARE(m_stage->desk().processes(), QStringList());
     }
 
@@ -126,7 +125,7 @@ private Q_SLOTS:
     void whatARunThatWasStoppedLeftBehindIsEndedAtTheClose()
     {
         startWaitingRun("forgetful");
-        const BoxAnswerer willing(WindowStage::pressing(Qt::Key_Return));
+        const BoxAnswerer willing(WindowStage::agreeing());
         m_stage->pressStop();
         QTRY_COMPARE_WITH_TIMEOUT(m_stage->state(), text("stopped"), longTime);
         QCOMPARE(m_stage->desk().processes().size(), 1);
@@ -146,7 +145,7 @@ private Q_SLOTS:
     {
         QFETCH(int, way);
         startWaitingRun("forgetful");
-        const BoxAnswerer willing(WindowStage::pressing(Qt::Key_Return));
+        const BoxAnswerer willing(WindowStage::agreeing());
         if (way == 0) {
             QTest::mouseClick(
                 WindowStage::inDialog<QPushButton>(m_stage->dialogs().constFirst(), "buttonStop"),
@@ -164,7 +163,7 @@ private Q_SLOTS:
     void windowStaysAliveWhileWhatIsLeftIsEnded()
     {
         startWaitingRun("forgetful");
-        const BoxAnswerer willing(WindowStage::pressing(Qt::Key_Return));
+        const BoxAnswerer willing(WindowStage::agreeing());
         m_stage->pressStop();
         QTRY_COMPARE_WITH_TIMEOUT(m_stage->state(), text("stopped"), longTime);
         int turns = 0;
@@ -198,7 +197,7 @@ private Q_SLOTS:
     {
         QFETCH(bool, bySignal);
         startWaitingRun("forgetful");
-        const BoxAnswerer willing(WindowStage::pressing(Qt::Key_Return));
+        const BoxAnswerer willing(WindowStage::agreeing());
         m_stage->pressStop();
         QTRY_COMPARE_WITH_TIMEOUT(m_stage->state(), text("stopped"), longTime);
         const QStringList left = m_stage->desk().processes();

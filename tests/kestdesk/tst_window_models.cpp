@@ -49,10 +49,24 @@ private Q_SLOTS:
         QVERIFY(!m_stage->window().isMaximized());
         QCOMPARE(m_stage->find<QLineEdit>("modelEdit")->text(), second);
         QCOMPARE(m_stage->find<QComboBox>("componentBox")->currentText(), text("optkest"));
-        QCOMPARE(m_stage->window().windowTitle(), text("second.nec - kestdesk"));
+        QVERIFY(m_stage->window().windowTitle().startsWith(text("second.nec (")));
         QString shownFirst = first;
         shownFirst.replace(QLatin1Char('&'), text("&&"));
         QCOMPARE(recentTexts(), QStringList({text("&1 ") + second, text("&2 ") + shownFirst}));
+    }
+
+    void titleTellsWindowsOfTheSameNameApart()
+    {
+        const QString model = m_stage->model("m.nec", "valid");
+        m_stage->window().openModel(model);
+        const QString folder = QFileInfo(model).absolutePath();
+        const QString tail = text(" - runkest - kestdesk");
+        const QString title = m_stage->window().windowTitle();
+        QVERIFY2(title.startsWith(text("m.nec (")) && title.endsWith(tail), qPrintable(title));
+        QVERIFY2(title.contains(folder.right(20)), qPrintable(title));
+        m_stage->find<QComboBox>("componentBox")->setCurrentText(text("prekest"));
+        QCOMPARE(m_stage->window().windowTitle(),
+                 QString(title).replace(text("runkest"), text("prekest")));
     }
 
     void maximisedWindowIsMaximisedAgain()
@@ -147,7 +161,7 @@ private Q_SLOTS:
         QCOMPARE(recentTexts().size(), 2);
         m_stage->find<QMenu>("recentMenu")->actions().value(1)->trigger();
         QCOMPARE(m_stage->find<QLineEdit>("modelEdit")->text(), first);
-        QCOMPARE(m_stage->window().windowTitle(), text("first.nec - kestdesk"));
+        QVERIFY(m_stage->window().windowTitle().startsWith(text("first.nec (")));
         QCOMPARE(recentTexts().constFirst(), text("&1 ") + first);
     }
 
@@ -243,6 +257,20 @@ private Q_SLOTS:
         QCOMPARE(m_stage->find<QLineEdit>("modelEdit")->text(), model);
         QVERIFY(m_stage->find<QPushButton>("runButton")->hasFocus());
         QVERIFY(m_stage->window().acceptDrops());
+    }
+
+    void ofSeveralDroppedModelsTheFirstIsOpenedAndTheOthersAreNamed()
+    {
+        QMimeData data;
+        QList<QUrl> urls;
+        for (const char* const name : {"b.nec", "a.nec", "c.nec"}) {
+            urls.append(QUrl::fromLocalFile(m_stage->model(name, "valid")));
+        }
+        data.setUrls(urls);
+        QVERIFY(drop(&m_stage->window(), data));
+        QVERIFY(m_stage->find<QLineEdit>("modelEdit")->text().endsWith(text("/b.nec")));
+        QCOMPARE(m_stage->outcomeText(),
+                 text("Not opened, as the window takes one model at a time: a.nec, c.nec"));
     }
 
     void fieldLeavesDroppedFilesToTheWindow()

@@ -94,10 +94,10 @@ private Q_SLOTS:
         window().openModel(m_stage->model(overriding, "wait"));
         m_stage->pressRun();
         QTRY_COMPARE_WITH_TIMEOUT(m_stage->state(), text("running"), longTime);
-        const BoxAnswerer agreeing(BoxAnswerer::clicking(text("Yes")));
+        m_stage->askFromTheStart();
+        const BoxAnswerer agreeing(WindowStage::agreeing());
         m_stage->pressStop();
-        QCOMPARE(agreeing.texts, QStringList(text("Are you sure you want to stop runkest of ") +
-                                             text(seen) + QLatin1Char('?')));
+        QCOMPARE(agreeing.texts, QStringList(text("Stop ") + text(seen) + text(", 0 %?")));
         QTRY_COMPARE_WITH_TIMEOUT(m_stage->state(), text("stopped"), longTime);
     }
 

@@ -84,10 +84,14 @@ private:
         QVERIFY(!m_stage.cell(1, "Remaining").isEmpty());
         QTRY_VERIFY_WITH_TIMEOUT(!m_stage.desk().processes().filter(text("runkest")).isEmpty(),
                                  longTime);
-        BoxAnswerer willing(WindowStage::pressing(Qt::Key_Return));
+        m_stage.askFromTheStart();
+        BoxAnswerer willing(WindowStage::agreeing());
         m_stage.pressStop();
-        QCOMPARE(willing.texts,
-                 QStringList(text("Are you sure you want to stop runkest of long.nec?")));
+        QCOMPARE(willing.texts.size(), 1);
+        QVERIFY2(QRegularExpression(text("^Stop long\\.nec, [1-9][0-9]? %\\?$"))
+                     .match(willing.texts.constFirst())
+                     .hasMatch(),
+                 qPrintable(willing.texts.constFirst()));
         QTRY_COMPARE_WITH_TIMEOUT(m_stage.state(1), text("stopped"), longTime);
         QCOMPARE(m_stage.outcomeText(), text("runkest of long.nec: stopped"));
         QCOMPARE(outcome(), text("fault"));

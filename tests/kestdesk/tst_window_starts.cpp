@@ -231,7 +231,7 @@ private Q_SLOTS:
         m_stage->window().openModel(m_stage->model("m.nec", "wait"));
         m_stage->pressFocused(Qt::Key_Space);
         QTRY_COMPARE_WITH_TIMEOUT(m_stage->state(), text("running"), longTime);
-        const BoxAnswerer willing(WindowStage::pressing(Qt::Key_Return));
+        const BoxAnswerer willing(WindowStage::agreeing());
         m_stage->find<QPushButton>("stopButton")->setFocus();
         m_stage->pressFocused(Qt::Key_Space);
         QTRY_COMPARE_WITH_TIMEOUT(m_stage->state(), text("stopped"), longTime);
@@ -255,7 +255,7 @@ private Q_SLOTS:
         QCOMPARE(m_stage->cell(0, "Progress"), text("100 %"));
         QCOMPARE(m_stage->cell(0, "Remaining"), QString());
         QCOMPARE(m_stage->outcomeText(), text("runkest of dipole.nec: valid"));
-        QCOMPARE(m_stage->window().windowTitle(), text("dipole.nec - kestdesk"));
+        QVERIFY(m_stage->window().windowTitle().startsWith(text("dipole.nec (")));
         QVERIFY(QFile::exists(m_stage->desk().path("models/dipole.csv")));
     }
 

@@ -46,7 +46,7 @@ private Q_SLOTS:
         QCOMPARE(list()->count(), 2);
         QCOMPARE(list()->item(0)->text(), QStringLiteral("first run"));
         QCOMPARE(curveCount(), 2);
-        QCOMPARE(m_window->windowTitle(), QStringLiteral("second - postkest"));
+        QVERIFY(m_window->windowTitle().startsWith(QStringLiteral("second.csv (")));
         QCOMPARE(list()->item(1)->icon().pixmap(12).toImage().pixelColor(6, 6),
                  m_window->findChild<ResultView*>()->colour(1));
     }
@@ -64,7 +64,7 @@ private Q_SLOTS:
         open({path("first run.csv"), path("second.csv")});
         list()->item(1)->setCheckState(Qt::Unchecked);
         QCOMPARE(curveCount(), 1);
-        QCOMPARE(m_window->windowTitle(), QStringLiteral("first run - postkest"));
+        QVERIFY(m_window->windowTitle().startsWith(QStringLiteral("first run.csv (")));
         list()->item(1)->setCheckState(Qt::Checked);
         QCOMPARE(curveCount(), 2);
     }
@@ -77,7 +77,7 @@ private Q_SLOTS:
         QCOMPARE(list()->count(), 1);
         QCOMPARE(curveCount(), 1);
         QCOMPARE(lastPoint(), QPointF(250, 80));
-        QCOMPARE(m_window->windowTitle(), QStringLiteral("second - postkest"));
+        QVERIFY(m_window->windowTitle().startsWith(QStringLiteral("second.csv (")));
         QCOMPARE(contentOf(path("first run.csv")).isEmpty(), false);
         list()->setCurrentRow(-1);
         action("removeAction")->trigger();
@@ -157,7 +157,8 @@ private Q_SLOTS:
         open({path(name), path("bad\u202e.csv")});
         const QString seen = QStringLiteral("left<U+202E>gnp");
         QCOMPARE(list()->item(0)->text(), seen);
-        QCOMPARE(m_window->windowTitle(), seen + QStringLiteral(" - postkest"));
+        QVERIFY(m_window->windowTitle().startsWith(seen + QStringLiteral(".csv (")));
+        QVERIFY(m_window->windowTitle().endsWith(QStringLiteral(") - postkest")));
         const QString legend = m_window->findChild<QLabel*>(QStringLiteral("legend"))->text();
         m_window->findChild<ResultView*>()->setFocus();
         QTest::keyClick(m_window->findChild<ResultView*>(), Qt::Key_Right);

@@ -33,6 +33,9 @@ private Q_SLOTS:
     void asksProperly();
     void asksNothingWhenNothingRuns();
     void asksNothingForOtherKeys();
+    void keysThatSlipStopNothing_data();
+    void keysThatSlipStopNothing();
+    void stopIsReachedByTheKeyboard();
     void okStopsWithoutAsking();
     void okClosesAfterTheEnd();
     void endsWhileTheQuestionIsOpen_data();
@@ -163,6 +166,47 @@ void tst_common_KestProcessDialogRuns_stopping::asksNothingForOtherKeys()
     QTest::keyClick(stage.dialog, Qt::Key_Return);
     QVERIFY(isGone(stage.dialog));
     QVERIFY(answerer.texts.isEmpty());
+}
+
+void tst_common_KestProcessDialogRuns_stopping::keysThatSlipStopNothing_data()
+{
+    QTest::addColumn<bool>("closesDetails");
+
+    QTest::newRow("as it opens") << false;
+    QTest::newRow("after the details are closed") << true;
+}
+
+// Where the focus is, as the window system brings them.
+void tst_common_KestProcessDialogRuns_stopping::keysThatSlipStopNothing()
+{
+    QFETCH(bool, closesDetails);
+    const DialogStage stage;
+    QVERIFY(stage.run(words(asleep)));
+    QVERIFY(QTest::qWaitForWindowActive(stage.dialog));
+    if (closesDetails) {
+        stage.openDetails();
+        stage.output()->setFocus();
+        stage.details()->click();
+        QVERIFY(!stage.output()->isVisible());
+    }
+    BoxAnswerer answerer(yes());
+    for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Enter, Qt::Key_Space}) {
+        QTest::keyClick(stage.dialog->focusWidget(), key);
+    }
+    QCOMPARE(answerer.texts, QStringList());
+    QVERIFY(stage.runner->isRunning());
+}
+
+void tst_common_KestProcessDialogRuns_stopping::stopIsReachedByTheKeyboard()
+{
+    const DialogStage stage;
+    QVERIFY(stage.run(words(asleep)));
+    QVERIFY(QTest::qWaitForWindowActive(stage.dialog));
+    QTest::keyClick(stage.dialog->focusWidget(), Qt::Key_Tab);
+    QVERIFY(stage.stop()->hasFocus());
+    BoxAnswerer answerer(no());
+    QTest::keyClick(stage.stop(), Qt::Key_Space);
+    QCOMPARE(answerer.texts.size(), 1);
 }
 
 void tst_common_KestProcessDialogRuns_stopping::okStopsWithoutAsking()

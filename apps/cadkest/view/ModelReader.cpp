@@ -7,9 +7,7 @@ namespace {
 
 QString textOf(const suite::Finding& finding)
 {
-    return finding.line == 0
-               ? finding.reason
-               : QStringLiteral("line %1: %2").arg(QString::number(finding.line), finding.reason);
+    return finding.place().behind(finding.reason);
 }
 
 } // namespace

@@ -4,9 +4,11 @@
 #include "ModelWatcher.h"
 #include "PictureFile.h"
 
+#include <FileDrop.h>
 #include <OpenDialog.h>
 #include <RecentMenu.h>
 #include <VisibleText.h>
+#include <WindowTitle.h>
 
 #include <QAction>
 #include <QFileDialog>
@@ -77,6 +79,8 @@ MainWindow::MainWindow(QWidget* parent)
     showRendering(QString());
     resize(900, 700);
     m_view->setFocus();
+    connect(new FileDrop(this), &FileDrop::dropped, this,
+            [this](const QStringList& files) { openModel(files.first()); });
     connect(m_watcher, &ModelWatcher::changed, this, &MainWindow::reload);
     connect(m_view, &SceneView::hardwareFailed, this, &MainWindow::showRendering);
 }
@@ -179,7 +183,7 @@ void MainWindow::showModel(const QString& name, bool isNew)
         // Also one that is not there yet: it is shown as soon as it can be read.
         m_path = model.path;
         m_watcher->watch(m_path);
-        setWindowTitle(QStringLiteral("%1 - cadkest").arg(fileName));
+        setWindowTitle(WindowTitle::of(m_path, QStringLiteral(" - cadkest")));
     }
     if (!isShown) {
         return;

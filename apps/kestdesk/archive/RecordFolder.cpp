@@ -4,6 +4,7 @@
 #include <OutputFile.h>
 #include <ProcessMark.h>
 
+#include <QDateTime>
 #include <QDir>
 #include <QFileInfo>
 #include <QJsonDocument>
@@ -57,6 +58,15 @@ std::optional<RunRecord> RecordFolder::read() const
         record->duration = record->started.msecsTo(record->ended);
     }
     return record;
+}
+
+qint64 RecordFolder::stamp() const
+{
+    const auto timeOf = [this](const QString& name) {
+        const QFileInfo file(QDir(m_path).filePath(name));
+        return file.exists() ? file.lastModified().toMSecsSinceEpoch() : 0;
+    };
+    return timeOf(startFile) * 31 + timeOf(endFile);
 }
 
 bool RecordFolder::writeStart(const RunRecord& record)

@@ -17,6 +17,9 @@ public:
     /// The record; nothing when there is none. Without a number.
     std::optional<RunRecord> read() const;
 
+    /// Differs once a part has been written since; 0 when there is no record. Asks for no content.
+    qint64 stamp() const;
+
     /// Write a part in one step. False, with a reason, when that cannot be done.
     bool writeStart(const RunRecord& record);
     bool writeEnd(const RunRecord& record);

@@ -2,6 +2,7 @@
 
 #include "InterruptedRun.h"
 #include "ModelCopy.h"
+#include "ProcessCount.h"
 #include "RecordFolder.h"
 
 #include <InputFile.h>
@@ -63,7 +64,6 @@ QString RunArchive::path(int number) const
     return QDir(m_folder).filePath(QString::number(number));
 }
 
-// In ascending order.
 QVector<int> RunArchive::numbers() const
 {
     QVector<int> result;
@@ -113,6 +113,7 @@ RunArchive::Addition RunArchive::add(RunRecord record, const QString& machinesFi
         return {0, {}, QStringLiteral("nothing can be written into %1").arg(m_folder)};
     }
     record.owner = ProcessMark::own().word();
+    record.processes = ProcessCount::of(record.arguments, machinesFile);
     RecordFolder folder(place.path());
     if (!ModelCopy::add(record, folder) || !copyMachinesFile(machinesFile, record, folder) ||
         !folder.writeFile(QFileInfo(folder.messagesFile()).fileName(), QByteArray()) ||

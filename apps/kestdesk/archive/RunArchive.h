@@ -27,6 +27,9 @@ public:
 
     QString folder() const { return m_folder; }
 
+    /// Those of all records, in ascending order.
+    QVector<int> numbers() const;
+
     /// All of them, the newest first.
     QVector<RunRecord> records() const;
 
@@ -60,7 +63,6 @@ public:
 
 private:
     QString path(int number) const;
-    QVector<int> numbers() const;
     Addition moveIn(const QString& newFolder) const;
     void removeLeft() const;
 

@@ -80,20 +80,26 @@ QVector<RunRecord::File> files(const Run& run)
 
 } // namespace
 
-RunRecord RunFacts::atStart(const Run& run, common_RunWrapper::RunOptions options)
+RunRecord RunFacts::ofProgram(const Run& run)
 {
     const ComponentRunner& runner = *run.runner();
     RunRecord record;
-    record.started = QDateTime::currentDateTimeUtc();
     record.component = run.componentName();
     record.model = QFileInfo(run.model()).absoluteFilePath();
-    record.runOptions = RunOptionWords::of(options);
     record.program = runner.getExecutable().filePath();
     record.arguments = runner.getArguments();
     record.workingDirectory = runner.getWorkingDirectory();
+    addComputer(record);
+    return record;
+}
+
+RunRecord RunFacts::atStart(const Run& run, common_RunWrapper::RunOptions options)
+{
+    RunRecord record = ofProgram(run);
+    record.started = QDateTime::currentDateTimeUtc();
+    record.runOptions = RunOptionWords::of(options);
     record.environment = environment();
     record.launchOptions = launchOptions();
-    addComputer(record);
     return record;
 }
 

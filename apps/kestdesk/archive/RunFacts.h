@@ -9,6 +9,10 @@ class Run;
 /// What a record says of a run, taken from the run and from the computer.
 namespace RunFacts {
 
+/// The program of a run that has been set up, and the computer: what is known without reading
+/// files.
+RunRecord ofProgram(const Run& run);
+
 /// How a run that has been set up is started, now.
 RunRecord atStart(const Run& run, common_RunWrapper::RunOptions options);
 

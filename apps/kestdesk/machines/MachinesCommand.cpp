@@ -28,7 +28,7 @@ int show(const SubcommandWords& words)
         Terminal terminal(stdout);
         report.write(terminal);
     }
-    return report.isFound() && report.file().isValid() ? exitRight : exitWrong;
+    return report.isUsable() ? exitRight : exitWrong;
 }
 
 int check(const SubcommandWords& words)
@@ -41,8 +41,8 @@ int check(const SubcommandWords& words)
     if (!report.isFound()) {
         return exitImpossible;
     }
-    return std::max(report.file().isValid() ? exitRight : exitWrong,
-                    MachinesCheck(report.file(), words.number(defaultLimit)).exec());
+    return std::max(report.isUsable() ? exitRight : exitWrong,
+                    MachinesCheck(report.machines(), words.number(defaultLimit)).exec());
 }
 
 int edit(const SubcommandWords& /*words*/)

@@ -9,6 +9,7 @@
 #include <QJsonObject>
 
 #include <algorithm>
+#include <optional>
 
 using suite::MachinesFile;
 using suite::HostName::withBrackets;
@@ -78,6 +79,30 @@ QJsonArray entriesJson(const MachinesFile& file)
     return result;
 }
 
+QJsonValue jobJson(const suite::SlurmJob& job, bool isUsed)
+{
+    if (!job.isThere()) {
+        return {};
+    }
+    QJsonArray entries;
+    for (const MachinesFile::Entry& entry : job.machines().hosts()) {
+        entries.append(QJsonObject{{QStringLiteral("host"), entry.host},
+                                   {QStringLiteral("processes"), entry.count}});
+    }
+    return QJsonObject{{QStringLiteral("id"), job.id()},
+                       {QStringLiteral("isUsed"), isUsed},
+                       {QStringLiteral("error"), job.error()},
+                       {QStringLiteral("processes"), job.machines().total()},
+                       {QStringLiteral("entries"), entries}};
+}
+
+// Of the file in use, if there is one.
+std::optional<QString> pathOf(const common_MachineFileFinder& finder)
+{
+    return finder.isValid() ? std::make_optional(finder.getMachineFileInfo()->absoluteFilePath())
+                            : std::nullopt;
+}
+
 QJsonArray findingsJson(const MachinesFile& file)
 {
     QJsonArray result;
@@ -102,31 +127,60 @@ QJsonObject countsJson(const MachinesFile& file)
 
 } // namespace
 
-MachinesReport::MachinesReport()
-{
-    if (m_finder.isValid()) {
-        m_file = MachinesFile::read(m_finder.getMachineFileInfo()->absoluteFilePath());
-    }
-}
+MachinesReport::MachinesReport() : m_machines(pathOf(m_finder), m_job)
+{}
 
 void MachinesReport::write(Terminal& terminal) const
 {
-    if (!isFound()) {
-        writeSearch(terminal);
-        return;
+    if (!m_job.error().isEmpty()) {
+        terminal.writeLine(m_job.error(), Terminal::Colour::Red);
     }
-    const Place& place = places[m_finder.isLocalFile() ? 0 : 1];
+    if (m_machines.areOfJob()) {
+        writeJob(terminal);
+    } else if (m_finder.isValid()) {
+        writeFile(terminal);
+    } else {
+        writeSearch(terminal);
+    }
+}
+
+void MachinesReport::writeFile(Terminal& terminal) const
+{
+    terminal.writeLine(fileName());
+    writeEntries(terminal, m_finder.getProcesses());
+    writeFindings(machines(), terminal);
+    if (m_job.isThere() && isUsable()) {
+        terminal.writeLine(
+            QStringLiteral("all hosts belong to %1, so runs use this file").arg(m_job.name()));
+    }
+}
+
+void MachinesReport::writeJob(Terminal& terminal) const
+{
     terminal.writeLine(
-        QStringLiteral("%1 (%2, in %3)")
-            .arg(QDir::toNativeSeparators(m_finder.getMachineFileInfo()->absoluteFilePath()),
-                 QLatin1String(place.owner), QLatin1String(place.variable)));
-    writeEntries(terminal);
-    terminal.writeLine(m_finder.getProcesses() < 0
-                           ? QStringLiteral("in all: no processes")
-                           : QStringLiteral("in all: %1 processes, hosts: %2")
-                                 .arg(m_finder.getProcesses())
-                                 .arg(m_file.hosts().size()));
-    writeFindings(m_file, terminal);
+        QStringLiteral("%1 (in SLURM_JOB_NODELIST), whose hosts runs use").arg(m_job.name()));
+    writeEntries(terminal, machines().total());
+    terminal.writeLine(fileRemark(), Terminal::Colour::Cyan);
+}
+
+// The machines file in use, and whose it is.
+QString MachinesReport::fileName() const
+{
+    const Place& place = places[m_finder.isLocalFile() ? 0 : 1];
+    return QStringLiteral("%1 (%2, in %3)")
+        .arg(QDir::toNativeSeparators(m_finder.getMachineFileInfo()->absoluteFilePath()),
+             QLatin1String(place.owner), QLatin1String(place.variable));
+}
+
+// Why the machines file is not used in a job.
+QString MachinesReport::fileRemark() const
+{
+    if (!m_finder.isValid()) {
+        return QStringLiteral("there is no machines file");
+    }
+    return m_machines.remark().isEmpty()
+               ? QStringLiteral("%1 names no host").arg(fileName())
+               : QStringLiteral("not used: %1, %2").arg(fileName(), m_machines.remark());
 }
 
 void MachinesReport::writeSearch(Terminal& terminal) const
@@ -144,9 +198,10 @@ void MachinesReport::writeSearch(Terminal& terminal) const
                                       "machine."));
 }
 
-void MachinesReport::writeEntries(Terminal& terminal) const
+void MachinesReport::writeEntries(Terminal& terminal, int processes) const
 {
-    const QVector<MachinesFile::Entry> shown = m_file.entries().mid(0, shownEntries);
+    const MachinesFile& file = machines();
+    const QVector<MachinesFile::Entry> shown = file.entries().mid(0, shownEntries);
     int width = 0;
     for (const MachinesFile::Entry& entry : shown) {
         width = std::max(width, std::min(withBrackets(entry.host).size(), widestHost));
@@ -155,10 +210,14 @@ void MachinesReport::writeEntries(Terminal& terminal) const
         terminal.writeLine(
             QStringLiteral("  %1  %2").arg(withBrackets(entry.host), -width).arg(entry.count, 4));
     }
-    if (m_file.entryCount() > shown.size()) {
+    if (file.entryCount() > shown.size()) {
         terminal.writeLine(
-            QStringLiteral("  ... and %1 lines more").arg(m_file.entryCount() - shown.size()));
+            QStringLiteral("  ... and %1 lines more").arg(file.entryCount() - shown.size()));
     }
+    terminal.writeLine(processes < 0 ? QStringLiteral("in all: no processes")
+                                     : QStringLiteral("in all: %1 processes, hosts: %2")
+                                           .arg(processes)
+                                           .arg(file.hosts().size()));
 }
 
 // Errors come first where there is not room for all.
@@ -187,18 +246,20 @@ QByteArray MachinesReport::json() const
     for (const Place& place : places) {
         candidates.append(candidate(place));
     }
-    const QString path = m_finder.getMachineFileInfo()->absoluteFilePath();
+    const std::optional<QString> path = pathOf(m_finder);
+    const MachinesFile file = path ? MachinesFile::read(*path) : MachinesFile();
     const QJsonObject report{
-        {QStringLiteral("file"), isFound() ? QJsonValue(path) : QJsonValue()},
+        {QStringLiteral("file"), path ? QJsonValue(*path) : QJsonValue()},
         {QStringLiteral("foundIn"),
-         isFound() ? QJsonValue(QLatin1String(places[m_finder.isLocalFile() ? 0 : 1].variable))
-                   : QJsonValue()},
+         path ? QJsonValue(QLatin1String(places[m_finder.isLocalFile() ? 0 : 1].variable))
+              : QJsonValue()},
         {QStringLiteral("candidates"), candidates},
         {QStringLiteral("processes"), m_finder.getProcesses()},
-        {QStringLiteral("hosts"), m_file.hosts().size()},
-        {QStringLiteral("entries"), entriesJson(m_file)},
-        {QStringLiteral("findings"), findingsJson(m_file)},
-        {QStringLiteral("findingCounts"), countsJson(m_file)},
+        {QStringLiteral("hosts"), file.hosts().size()},
+        {QStringLiteral("entries"), entriesJson(file)},
+        {QStringLiteral("findings"), findingsJson(file)},
+        {QStringLiteral("findingCounts"), countsJson(file)},
+        {QStringLiteral("job"), jobJson(m_job, m_machines.areOfJob())},
     };
     return QJsonDocument(report).toJson();
 }

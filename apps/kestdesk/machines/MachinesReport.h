@@ -3,20 +3,27 @@
 #include "Terminal.h"
 
 #include <MachinesFile.h>
+#include <RunMachines.h>
+#include <SlurmJob.h>
 
 #include <common_MachineFileFinder.h>
 
-/// What there is to say about the machines file in use.
+/// What there is to say about the machines file in use, and about the job of the scheduler that
+/// this program runs in.
 class MachinesReport
 {
 public:
-    /// Looks for the file and reads it.
+    /// Looks for the file and the job and reads them.
     MachinesReport();
 
-    bool isFound() const { return m_finder.isValid(); }
+    /// Whether there is a file or a job.
+    bool isFound() const { return m_machines.areThere(); }
 
-    /// Where there is no file: an empty one.
-    const suite::MachinesFile& file() const { return m_file; }
+    /// Whether runs can use what was found.
+    bool isUsable() const { return isFound() && m_machines.errors().isEmpty(); }
+
+    /// The hosts that runs use; empty where nothing was found, or where a job cannot be used.
+    const suite::MachinesFile& machines() const { return m_machines.machines(); }
 
     /// For people: of many hosts or findings only the first, and how many more there are.
     void write(Terminal& terminal) const;
@@ -28,9 +35,14 @@ public:
     static void writeFindings(const suite::MachinesFile& file, Terminal& terminal);
 
 private:
+    void writeFile(Terminal& terminal) const;
+    void writeJob(Terminal& terminal) const;
     void writeSearch(Terminal& terminal) const;
-    void writeEntries(Terminal& terminal) const;
+    void writeEntries(Terminal& terminal, int processes) const;
+    QString fileName() const;
+    QString fileRemark() const;
 
     common_MachineFileFinder m_finder;
-    suite::MachinesFile m_file;
+    suite::SlurmJob m_job;
+    suite::RunMachines m_machines;
 };

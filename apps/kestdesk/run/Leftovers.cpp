@@ -1,6 +1,7 @@
 #include "Leftovers.h"
 
 #include "MachinesCopies.h"
+#include "ModelLock.h"
 
 #include <MarkedFolders.h>
 
@@ -8,4 +9,5 @@ void Leftovers::remove()
 {
     MarkedFolders::removeLeft();
     MachinesCopies(qEnvironmentVariable("KEST_USER_HOME")).removeLeft();
+    ModelLock::removeLeft();
 }

@@ -3,7 +3,8 @@
 /// What programs of the suite have left behind that were killed.
 namespace Leftovers {
 
-/// Removes their temporary folders and their copies of machines files. KEST_USER_HOME must be set.
+/// Removes their temporary folders, their copies of machines files and their locks of models.
+/// KEST_USER_HOME must be set.
 void remove();
 
 } // namespace Leftovers

@@ -30,6 +30,7 @@ Run::Run(const Component& component, QString model, common_ActivePtr<ComponentRu
     : QObject(parent)
     , m_component(component)
     , m_model(std::move(model))
+    , m_lock(m_model)
     , m_runner(std::move(runner))
 {}
 
@@ -41,10 +42,15 @@ Run::~Run()
 RunSetup::Readiness Run::setUp(common_RunWrapper::RunOptions options,
                                common_CommonSettingsSet& settings)
 {
+    if (!m_lock.take()) {
+        return {RunSetup::Obstacle::Busy,
+                QStringLiteral("%1 is being run already, by %2").arg(m_model, m_lock.owner())};
+    }
     RunSetup::Readiness readiness =
         RunSetup::apply(*m_runner, m_component, options, QFileInfo(m_model), settings);
     if (!readiness.isReady()) {
         m_runner->deleteTemporaryFiles();
+        m_lock.release();
     }
     return readiness;
 }
@@ -173,6 +179,7 @@ void Run::end(const RunOutcome& outcome)
     m_duration = elapsed();
     m_outcome = outcome;
     releaseRunner();
+    m_lock.release();
     setState(stateOf(outcome.kind()));
     Q_EMIT ended();
 }

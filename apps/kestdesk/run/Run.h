@@ -2,6 +2,7 @@
 
 #include "Component.h"
 #include "ComponentRunner.h"
+#include "ModelLock.h"
 #include "RunOutcome.h"
 #include "RunSetup.h"
 
@@ -44,7 +45,8 @@ public:
     ~Run() override;
 
     /// Makes a waiting run ready to start, as the user's launch options say. Where it is not ready,
-    /// nothing that was made for it is left, and it may be set up again.
+    /// nothing that was made for it is left, and it may be set up again. While another run has the
+    /// model, a run is not ready.
     RunSetup::Readiness setUp(common_RunWrapper::RunOptions options,
                               common_CommonSettingsSet& settings);
 
@@ -125,6 +127,7 @@ private:
 
     const Component& m_component;
     QString m_model;
+    ModelLock m_lock; ///< from the set-up to the end
     common_ActivePtr<ComponentRunner> m_runner;
     State m_state = State::Waiting;
     int m_percentage = 0;

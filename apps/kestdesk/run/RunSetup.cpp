@@ -4,9 +4,11 @@
 #include "Installation.h"
 #include "LaunchOptionsFile.h"
 #include "MachinesCopies.h"
+#include "MachinesPlaceholder.h"
 
 #include <FileName.h>
 #include <MachinesFile.h>
+#include <SlurmJob.h>
 
 #include <common_CommonSettingsSet.h>
 #include <common_MachineFileFinder.h>
@@ -16,9 +18,12 @@
 #include <QFileInfo>
 #include <QTime>
 
+#include <memory>
+
 namespace {
 
 const QString machinesFileOption = QStringLiteral("--machines-file");
+const QString remoteHostOption = QStringLiteral("--remote-host");
 constexpr int behindTheModel = 1; // which is the first argument, whatever its name
 
 // The copy of the machines file that the arguments name, when it is not there: copying fails
@@ -94,15 +99,33 @@ QString noOwnCopy()
         .arg(userFolder());
 }
 
-// The machines file that the copy was made of, when it names no host.
-QString machinesFileWithoutHosts(const common_ProcessRunnerBase& runner)
+// The machines file is that of a run on a remote host, where a job of this machine plays no part.
+bool isForRemoteHost(const QStringList& arguments, int machinesFile)
 {
-    if (runner.getArguments().indexOf(machinesFileOption, behindTheModel) < 0) {
-        return QString();
+    const int host = arguments.indexOf(remoteHostOption, behindTheModel);
+    return host >= 0 && host < machinesFile;
+}
+
+// Whether the run has hosts: those of the job that this program runs in, or of the file that the
+// copy was made of.
+RunSetup::Readiness hostReadiness(const common_ProcessRunnerBase& runner)
+{
+    const QStringList arguments = runner.getArguments();
+    const int option = arguments.indexOf(machinesFileOption, behindTheModel);
+    if (option < 0) {
+        return {};
+    }
+    const suite::SlurmJob job;
+    if (job.isThere() && !isForRemoteHost(arguments, option)) {
+        return {job.error().isEmpty() ? RunSetup::Obstacle::None : RunSetup::Obstacle::Problem,
+                job.error()};
     }
     common_MachineFileFinder finder;
     const QString file = finder.getMachineFileInfo()->absoluteFilePath();
-    return suite::MachinesFile::read(file).namesNoHost() ? file : QString();
+    return suite::MachinesFile::read(file).namesNoHost()
+               ? RunSetup::Readiness{RunSetup::Obstacle::NoHost,
+                                     QStringLiteral("the machines file %1 names no host").arg(file)}
+               : RunSetup::Readiness{};
 }
 
 bool lacksMachinesFile(common_RunWrapper::RunOptions options)
@@ -118,12 +141,7 @@ RunSetup::Readiness readiness(const common_ProcessRunnerBase& runner)
         return {RunSetup::Obstacle::Problem,
                 QStringLiteral("the machines file cannot be copied to %1").arg(missing)};
     }
-    const QString empty = machinesFileWithoutHosts(runner);
-    if (!empty.isEmpty()) {
-        return {RunSetup::Obstacle::NoHost,
-                QStringLiteral("the machines file %1 names no host").arg(empty)};
-    }
-    return {};
+    return hostReadiness(runner);
 }
 
 // Until the copy of the machines file, if there is one, is the run's own.
@@ -170,5 +188,8 @@ RunSetup::Readiness RunSetup::apply(ComponentRunner& runner, const Component& co
     QDir().mkpath(userFolder());
     const MachinesCopies copies(userFolder());
     copies.removeLeft();
+    const bool needsHosts = options & (common_RunWrapper::Parallel | common_RunWrapper::FarmOut);
+    const auto placeholder =
+        needsHosts ? std::make_unique<MachinesPlaceholder>(userFolder()) : nullptr;
     return setUp(runner, {component, options, model, settings}, copies);
 }

@@ -16,6 +16,7 @@ enum class Obstacle {
     None,
     Shown,   ///< what the user has been shown already
     Problem, ///< what the user has not been shown yet
+    Busy,    ///< another run has the model, which the user has not been shown yet
     NoFile,  ///< there is no machines file, which the user has been shown already
     NoHost   ///< the machines file names no host, which the user has not been shown yet
 };

@@ -14,6 +14,7 @@ public:
         Notifies,
         OpensLastModel,
         AsksBeforeStopping,
+        SecondsUntilAsking,
         RunsAtOnce,
         ArchiveDays,
         ArchiveMegabytes,
@@ -52,6 +53,9 @@ public:
 
     /// Whether the user is asked before a run is stopped that has taken some time.
     bool asksBeforeStopping() const { return value(AsksBeforeStopping) != 0; }
+
+    /// How long a run has taken at least before the user is asked, in seconds; 0 or more.
+    int secondsUntilAsking() const { return value(SecondsUntilAsking); }
 
     /// How many runs of a queue go at the same time; 1 or more.
     int runsAtOnce() const { return value(RunsAtOnce); }

@@ -18,6 +18,7 @@ public:
     MainMenu(QMainWindow* window, common_recent_file_settings* recentFiles);
 
     RecentMenu* recentMenu() const { return m_recentMenu; }
+    QMenu* runMenu() { return menu(QStringLiteral("&Run")); }
     QAction* showRunAction() const { return action("showRunAction"); }
 
     bool isFarmOutTicked() const;

@@ -1,8 +1,11 @@
 #include "MainWindow.h"
 
 #include "ApplicationMenu.h"
+#include "ArchiveLimits.h"
+#include "ArchiveWatch.h"
 #include "Component.h"
 #include "Descendants.h"
+#include "FileDrop.h"
 #include "HelpMenu.h"
 #include "LaunchChoice.h"
 #include "MachinesDialog.h"
@@ -10,14 +13,18 @@
 #include "Notifier.h"
 #include "OpenDialog.h"
 #include "RecentMenu.h"
+#include "RunActions.h"
+#include "RunAgain.h"
+#include "RunListPart.h"
 #include "RunListView.h"
 #include "RunPanel.h"
+#include "RunStops.h"
 #include "RunTableModel.h"
-#include "StopQuestion.h"
+#include "SessionRuns.h"
 #include "UnreadableModel.h"
 #include "WindowRun.h"
+#include "WindowTitle.h"
 
-#include <FileName.h>
 #include <VisibleText.h>
 
 #include <common_HelpClient.h>
@@ -28,10 +35,8 @@
 #include <QApplication>
 #include <QCloseEvent>
 #include <QFileInfo>
-#include <QHBoxLayout>
 #include <QLabel>
 #include <QMenuBar>
-#include <QMimeData>
 #include <QStatusBar>
 #include <QVBoxLayout>
 
@@ -41,39 +46,48 @@ namespace {
 
 const QString applicationName = QStringLiteral("kestdesk");
 
-// The first local file that was dropped; empty when there is none.
-QString droppedFile(const QMimeData& data)
+QString namesOf(const QStringList& paths)
 {
-    const QList<QUrl> urls = data.urls();
-    const auto found =
-        std::find_if(urls.begin(), urls.end(), [](const QUrl& url) { return url.isLocalFile(); });
-    return found == urls.end() ? QString() : suite::FileName::fromUrl(*found);
+    QStringList names;
+    std::transform(paths.begin(), paths.end(), std::back_inserter(names), suite::visibleFileName);
+    return names.join(QStringLiteral(", "));
+}
+
+QString outcomeText(const WindowRun& run)
+{
+    QString text = QStringLiteral("%1 of %2: %3")
+                       .arg(run.run().componentName(), suite::visibleFileName(run.run().model()),
+                            run.explanation());
+    if (!run.recordProblem().isEmpty()) {
+        text += QLatin1Char(text.endsWith(QLatin1Char('.')) ? ' ' : '.') + run.recordProblem();
+    }
+    return text;
 }
 
 } // namespace
 
-MainWindow::MainWindow()
-    : m_runs(new RunTableModel(this)), m_applications(new ApplicationMenu(this))
+MainWindow::MainWindow(Start start)
+    : m_runs(new RunTableModel(this))
+    , m_applications(new ApplicationMenu(this))
+    , m_again(new RunAgain(RunArchive::ofUser(), this))
+    , m_sessionRuns(std::make_unique<SessionRuns>(m_runs, m_shutdown, this))
 {
     setObjectName(QStringLiteral("kestdeskWindow"));
     setWindowIcon(GET_SERVICE(common_IIconUtility)->getIcon(applicationName));
-    setAcceptDrops(true);
+    connect(new FileDrop(this), &FileDrop::dropped, this, &MainWindow::openModels);
     makeContent();
     makeMenus();
     makeChoice();
+    connectRuns();
     connectShutdown();
-    restoreSession();
+    restoreSession(start);
+    m_listPart->archive()->start(ArchiveLimits::ofUser());
     updateControls();
 }
 
-// While the window is whole: the runs tell it of their changes.
 MainWindow::~MainWindow()
 {
-    const QVector<WindowRun*> runs = m_runs->runs();
-    for (WindowRun* run : runs) {
-        m_runs->remove(run);
-        delete run;
-    }
+    m_sessionRuns.reset(); // while the window is whole: the runs report their changes to it
 }
 
 void MainWindow::makeContent()
@@ -82,7 +96,8 @@ void MainWindow::makeContent()
     auto* layout = new QVBoxLayout(content);
     makePanel(content);
     layout->addWidget(m_panel);
-    layout->addWidget(makeRunListPart(), 1);
+    makeRunListPart(content);
+    layout->addWidget(m_listPart, 1);
     setCentralWidget(content);
     makeOutcomeLabel();
     GET_SERVICE(common_HelpClient)->registerPage(this, applicationName);
@@ -97,29 +112,13 @@ void MainWindow::makePanel(QWidget* content)
     connect(m_panel, &RunPanel::targetChanged, this, &MainWindow::updateControls);
 }
 
-QWidget* MainWindow::makeRunListPart()
+void MainWindow::makeRunListPart(QWidget* content)
 {
-    m_list = new RunListView(m_runs, this);
+    m_listPart = new RunListPart(m_runs, RunArchive::ofUser(), content);
+    m_listPart->addButton(m_applications->makeResultsButton(m_listPart));
+    m_list = m_listPart->list();
     connect(m_list, &QTableView::activated, this, &MainWindow::showRun);
     connect(m_list, &RunListView::selectedRunChanged, this, &MainWindow::updateControls);
-    auto* part = new QWidget(this);
-    auto* layout = new QVBoxLayout(part);
-    layout->setContentsMargins(0, 0, 0, 0);
-    layout->addWidget(m_list, 1);
-    layout->insertWidget(0, makeRunListHead());
-    return part;
-}
-
-QWidget* MainWindow::makeRunListHead()
-{
-    auto* head = new QWidget(this);
-    auto* layout = new QHBoxLayout(head);
-    layout->setContentsMargins(0, 0, 0, 0);
-    auto* label = new QLabel(QStringLiteral("Runs of &this session:"), head);
-    label->setBuddy(m_list);
-    layout->addWidget(label, 1);
-    layout->addWidget(m_applications->makeResultsButton(head));
-    return head;
 }
 
 void MainWindow::makeOutcomeLabel()
@@ -135,17 +134,29 @@ void MainWindow::makeMenus()
 {
     m_menu = new MainMenu(this, m_session.recentFiles());
     connect(m_menu, &MainMenu::openRequested, this, &MainWindow::chooseModel);
-    connect(m_menu->recentMenu(), &RecentMenu::fileChosen, this, &MainWindow::openModel);
+    connect(m_menu->recentMenu(), &RecentMenu::fileChosen, this,
+            [this](const QString& path) { openModel(path); });
     connect(m_menu, &MainMenu::quitRequested, this, &QWidget::close);
     connect(m_menu, &MainMenu::runRequested, this, &MainWindow::run);
     connect(m_menu, &MainMenu::stopRequested, this, &MainWindow::stopRun);
     connect(m_menu, &MainMenu::showRunRequested, this, &MainWindow::showRun);
-    connect(m_menu, &MainMenu::clearRequested, this, &MainWindow::removeEndedRuns);
+    connect(m_menu, &MainMenu::clearRequested, this, &MainWindow::clearEndedRuns);
     connect(m_menu, &MainMenu::launchOptionsRequested, this, &MainWindow::editLaunchOptions);
     connect(m_menu, &MainMenu::machinesFileRequested, this, &MainWindow::editMachinesFile);
     m_list->addAction(m_menu->showRunAction());
+    makeRunActions();
     addApplicationMenu();
     HelpMenu::addTo(*this, QStringLiteral("Runs the suite's solver components on models."));
+}
+
+void MainWindow::makeRunActions()
+{
+    auto* const actions = new RunActions(m_listPart, m_menu->runMenu(), this);
+    connect(actions, &RunActions::recordRequested, this, &MainWindow::showRecord);
+    connect(actions, &RunActions::againRequested, m_again, &RunAgain::request);
+    connect(actions, &RunActions::reported, this, &MainWindow::showOutcome);
+    connect(m_again, &RunAgain::ready, this, &MainWindow::runAgain);
+    connect(m_again, &RunAgain::failed, this, &MainWindow::showOutcome);
 }
 
 void MainWindow::addApplicationMenu()
@@ -162,6 +173,19 @@ void MainWindow::makeChoice()
     connect(m_choice, &LaunchChoice::saved, this, &MainWindow::onChoiceSaved);
 }
 
+void MainWindow::connectRuns()
+{
+    ArchiveWatch* const archive = m_listPart->archive();
+    SessionRuns* const runs = m_sessionRuns.get();
+    connect(runs, &SessionRuns::added, m_list, &RunListView::select);
+    connect(runs, &SessionRuns::changed, this, &MainWindow::updateControls);
+    connect(runs, &SessionRuns::ended, this, &MainWindow::onRunEnded);
+    connect(runs, &SessionRuns::recordFailed, this, &MainWindow::onRecordFailed);
+    connect(runs, &SessionRuns::archiveChanged, archive, &ArchiveWatch::refresh);
+    connect(runs, &SessionRuns::allRecorded, this, &MainWindow::onAllRecorded);
+    connect(archive, &ArchiveWatch::removed, runs, &SessionRuns::removeDeleted);
+}
+
 void MainWindow::connectShutdown()
 {
     connect(&m_shutdown, &Shutdown::stopping, this, &MainWindow::onRunsStopping);
@@ -170,11 +194,11 @@ void MainWindow::connectShutdown()
     connect(&m_shutdown, &Shutdown::done, this, &MainWindow::onShutdownDone);
 }
 
-void MainWindow::openModel(const QString& path)
+void MainWindow::openModel(const QString& path, const QString& hint)
 {
     const QFileInfo file(path);
     if (!file.isFile() || !file.isReadable()) {
-        common_UserQuery(QStringLiteral("Model not opened"), UnreadableModel::text(path),
+        common_UserQuery(QStringLiteral("Model not opened"), UnreadableModel::text(path, hint),
                          common_UserQuery::Error, this, QString())
             .display();
         return;
@@ -183,11 +207,31 @@ void MainWindow::openModel(const QString& path)
     m_panel->focusRunButton();
 }
 
+void MainWindow::openModels(const QStringList& paths)
+{
+    if (paths.isEmpty()) {
+        return;
+    }
+    openModel(paths.first());
+    if (paths.size() > 1) {
+        showOutcome(QStringLiteral("Not opened, as the window takes one model at a time: %1")
+                        .arg(namesOf(paths.mid(1))));
+    }
+}
+
 void MainWindow::showModel(const QString& path)
 {
     m_panel->setModel(path);
     m_menu->recentMenu()->addFile(path);
-    setWindowTitle(suite::visibleFileName(path) + QStringLiteral(" - ") + applicationName);
+    m_shownModel = path;
+    updateTitle();
+}
+
+void MainWindow::updateTitle()
+{
+    const QString tail =
+        QStringLiteral(" - %1 - %2").arg(QLatin1String(m_panel->component().name), applicationName);
+    setWindowTitle(m_shownModel.isEmpty() ? applicationName : WindowTitle::of(m_shownModel, tail));
 }
 
 void MainWindow::setComponent(const Component& component)
@@ -211,59 +255,73 @@ void MainWindow::run()
         return;
     }
     const QString model = QFileInfo(m_panel->model()).absoluteFilePath();
-    WindowRun* run = addRun(model);
-    showOutcome(QString());
-    // The processes that a component leaves behind, however it ends, must not get lost.
-    Descendants::adoptOrphans();
-    m_reaper.start();
-    if (run->start(m_choice->options() & m_panel->component().options, m_session.settings(),
-                   this)) {
+    prepareRun();
+    if (m_sessionRuns->start(m_panel->component(), model,
+                             m_choice->options() & m_panel->component().options,
+                             m_session.settings())) {
         showModel(model);
     }
     updateControls();
 }
 
-WindowRun* MainWindow::addRun(const QString& model)
+void MainWindow::runAgain(const RunRecord& record, const QString& model)
 {
-    auto* run = new WindowRun(m_panel->component(), model, this);
-    connect(run, &WindowRun::changed, this, &MainWindow::updateControls);
-    connect(run, &WindowRun::ended, this, [this, run] { onRunEnded(*run); });
-    m_shutdown.add(run->run());
-    m_runs->add(run);
-    m_list->selectNewestRun();
-    return run;
+    prepareRun();
+    if (m_sessionRuns->startAgain(record, model, m_session.settings())) {
+        showOutcome(QStringLiteral("Run %1 is run again").arg(record.number));
+    }
+    updateControls();
+}
+
+// The processes that a component leaves behind, however it ends, must not get lost.
+void MainWindow::prepareRun()
+{
+    showOutcome(QString());
+    Descendants::adoptOrphans();
+    m_reaper.start();
 }
 
 void MainWindow::stopRun()
 {
-    WindowRun* run = m_list->selectedRun();
-    if (run == nullptr || !run->run().isRunning()) {
-        const QVector<WindowRun*> running = m_runs->runningRuns();
-        run = running.isEmpty() ? nullptr : running.last();
-    }
-    if (run != nullptr && StopQuestion::agreesToStop(run->run(), this)) {
-        run->run().stop();
+    WindowRun* const run = runToStop();
+    if (run != nullptr) {
+        RunStops::stop(run->run(), *this);
     }
 }
 
+// The selected run, or else the newest one that is going; null when none is.
+WindowRun* MainWindow::runToStop() const
+{
+    WindowRun* const selected = m_list->selectedRun();
+    if (selected != nullptr && selected->run().isRunning()) {
+        return selected;
+    }
+    const QVector<WindowRun*> running = m_runs->runningRuns();
+    return running.isEmpty() ? nullptr : running.last();
+}
+
+// The dialog that the run has in this session, or else what its record says.
 void MainWindow::showRun()
 {
-    WindowRun* run = m_list->selectedRun();
-    if (run != nullptr && !run->showDialog()) {
+    WindowRun* const run = m_list->selectedRun();
+    if (run != nullptr && run->showDialog()) {
+        return;
+    }
+    const QVector<ListedRun> selected = m_list->selectedRuns();
+    if (!selected.isEmpty() && selected.first().number() > 0) {
+        showRecord(selected.first().number());
+    } else if (run != nullptr) {
         showOutcome(QStringLiteral("The window of this run has been closed."));
     }
 }
 
-void MainWindow::removeEndedRuns()
+void MainWindow::showRecord(int /*number*/)
+{}
+
+void MainWindow::clearEndedRuns()
 {
-    const QVector<WindowRun*> runs = m_runs->runs();
-    for (WindowRun* run : runs) {
-        if (!run->run().isRunning()) {
-            m_runs->remove(run);
-            run->deleteLater();
-        }
-    }
-    updateControls();
+    m_listPart->clearEnded();
+    m_sessionRuns->removeEnded();
 }
 
 void MainWindow::editLaunchOptions()
@@ -276,11 +334,14 @@ void MainWindow::editMachinesFile()
     MachinesDialog::edit(this);
 }
 
-void MainWindow::restoreSession()
+void MainWindow::restoreSession(Start start)
 {
     m_session.restore(*this, *m_panel);
     m_choice->restore();
-    setWindowTitle(applicationName);
+    updateTitle();
+    if (start == Start::NoModel) {
+        return;
+    }
     const WindowSession::Model model = m_session.lastModel();
     showOutcome(model.problem);
     if (!model.path.isEmpty()) {
@@ -295,6 +356,7 @@ void MainWindow::saveSession()
 
 void MainWindow::updateControls()
 {
+    updateTitle();
     const bool isRunning = !m_runs->runningRuns().isEmpty();
     m_panel->setStopEnabled(isRunning);
     m_menu->setStopEnabled(isRunning);
@@ -314,14 +376,18 @@ void MainWindow::onRunEnded(const WindowRun& run)
     if (run.run().state() == Run::State::NotStarted) {
         return;
     }
-    const QString text = QStringLiteral("%1 of %2: %3")
-                             .arg(run.run().componentName(),
-                                  suite::visibleFileName(run.run().model()), run.explanation());
+    const QString text = outcomeText(run);
     showOutcome(text);
     if (QApplication::activeWindow() == nullptr) {
         QApplication::alert(this);
         Notifier::show(QStringLiteral("Run ended"), text);
     }
+}
+
+void MainWindow::onRecordFailed(const WindowRun& run)
+{
+    const bool hasEnded = !run.run().isRunning() && run.run().state() != Run::State::NotStarted;
+    showOutcome(hasEnded ? outcomeText(run) : run.recordProblem());
 }
 
 void MainWindow::showOutcome(const QString& text)
@@ -335,25 +401,14 @@ void MainWindow::quit()
     m_shutdown.request();
 }
 
-// With runs going the user decides. The window stays until nothing is left of the runs.
+// The window stays until nothing is left of the runs.
 void MainWindow::closeEvent(QCloseEvent* event)
 {
-    if (agreesToClose()) {
-        m_shutdown.request();
-    } else {
-        m_shutdown.cancel();
-    }
-    event->setAccepted(m_shutdown.isDone());
-}
-
-bool MainWindow::agreesToClose()
-{
-    const int running = m_runs->runningRuns().size();
-    if (running == 0) {
-        return true;
-    }
-    return m_shutdown.phase() == Shutdown::Phase::None ? StopQuestion::agreesToQuit(running, this)
-                                                       : StopQuestion::agreesToForce(running, this);
+    const QVector<WindowRun*> running = m_runs->runningRuns();
+    QVector<Run*> runs;
+    std::transform(running.begin(), running.end(), std::back_inserter(runs),
+                   [](WindowRun* run) { return &run->run(); });
+    event->setAccepted(RunStops(m_shutdown, *this).close(runs) && m_isLeaving);
 }
 
 void MainWindow::onRunsStopping()
@@ -369,21 +424,15 @@ void MainWindow::onClearing()
     menuBar()->setEnabled(false);
 }
 
+// The records of the runs are still being written.
 void MainWindow::onShutdownDone()
 {
+    m_sessionRuns->finishRecords();
+}
+
+void MainWindow::onAllRecorded()
+{
+    m_isLeaving = true;
     close();
     QCoreApplication::quit();
-}
-
-void MainWindow::dragEnterEvent(QDragEnterEvent* event)
-{
-    if (!droppedFile(*event->mimeData()).isEmpty()) {
-        event->acceptProposedAction();
-    }
-}
-
-void MainWindow::dropEvent(QDropEvent* event)
-{
-    openModel(droppedFile(*event->mimeData()));
-    event->acceptProposedAction();
 }

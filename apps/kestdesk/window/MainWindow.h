@@ -6,29 +6,43 @@
 
 #include <QMainWindow>
 
+#include <memory>
+
 class ApplicationMenu;
 class LaunchChoice;
 class MainMenu;
 class QLabel;
+class RunAgain;
+class RunListPart;
 class RunListView;
 class RunPanel;
 class RunTableModel;
+class SessionRuns;
 class WindowRun;
+struct RunRecord;
 struct Component;
 
-/// kestdesk's window: a model, how to run it, and the runs of this session.
+/// kestdesk's window: a model, how to run it, and the runs, of this session and before.
 class MainWindow : public QMainWindow
 {
     Q_OBJECT
 
 public:
+    enum class Start {
+        LastModel, ///< with the model of the last session
+        NoModel,   ///< without one
+    };
+
     /// As it was at the end of the last session.
-    MainWindow();
+    explicit MainWindow(Start start = Start::LastModel);
     ~MainWindow() override;
 
     /// Opens a model: it becomes the one to run, and the newest of the recent files. Shows an error
-    /// when there is no such file.
-    void openModel(const QString& path);
+    /// when there is no such file, with the hint, which may be empty.
+    void openModel(const QString& path, const QString& hint = QString());
+
+    /// Opens the first of the models, and says which ones are left.
+    void openModels(const QStringList& paths);
 
     void setComponent(const Component& component);
 
@@ -37,15 +51,14 @@ public:
 
 protected:
     void closeEvent(QCloseEvent* event) override;
-    void dragEnterEvent(QDragEnterEvent* event) override;
-    void dropEvent(QDropEvent* event) override;
 
 private:
     void makeContent();
     void makePanel(QWidget* content);
-    QWidget* makeRunListPart();
-    QWidget* makeRunListHead();
+    void makeRunListPart(QWidget* content);
     void makeOutcomeLabel();
+    void connectRuns();
+    void makeRunActions();
     void makeMenus();
     void addApplicationMenu();
     void makeChoice();
@@ -53,34 +66,44 @@ private:
 
     void chooseModel();
     void run();
-    WindowRun* addRun(const QString& model);
+    void prepareRun();
+    void runAgain(const RunRecord& record, const QString& model);
     void stopRun();
+    WindowRun* runToStop() const;
     void showRun();
-    void removeEndedRuns();
+    void showRecord(int number);
+    void clearEndedRuns();
     void editLaunchOptions();
     void editMachinesFile();
 
-    void restoreSession();
+    void restoreSession(Start start);
     void saveSession();
     void showModel(const QString& path);
+    void updateTitle();
     void updateControls();
     void onChoiceSaved(bool isKept);
     void onRunEnded(const WindowRun& run);
+    void onRecordFailed(const WindowRun& run);
     void showOutcome(const QString& text);
 
-    [[nodiscard]] bool agreesToClose();
     void onRunsStopping();
     void onClearing();
     void onShutdownDone();
+    void onAllRecorded();
 
     WindowSession m_session;
     RunPanel* m_panel = nullptr;
+    RunListPart* m_listPart = nullptr;
     RunListView* m_list = nullptr;
     QLabel* m_outcome = nullptr;
     RunTableModel* m_runs;
     MainMenu* m_menu = nullptr;
     LaunchChoice* m_choice = nullptr;
     ApplicationMenu* m_applications;
+    QString m_shownModel; ///< of the title
+    RunAgain* m_again;
     Shutdown m_shutdown;
     OrphanReaper m_reaper;
+    bool m_isLeaving = false;                   ///< nothing is left to wait for
+    std::unique_ptr<SessionRuns> m_sessionRuns; ///< the first to go, while the window is whole
 };

@@ -1,33 +1,159 @@
 #include "RunListView.h"
 
+#include "RunFilter.h"
 #include "RunTableModel.h"
 
 #include <QHeaderView>
+#include <QSet>
+#include <QTimer>
 
-RunListView::RunListView(RunTableModel* runs, QWidget* parent) : QTableView(parent), m_runs(runs)
+#include <algorithm>
+
+namespace {
+
+using Model = RunTableModel;
+
+// From left to right.
+constexpr Model::Column shownOrder[] = {
+    Model::NumberColumn,    Model::ModelColumn,    Model::FolderColumn,   Model::ComponentColumn,
+    Model::StateColumn,     Model::MessagesColumn, Model::ProgressColumn, Model::ElapsedColumn,
+    Model::RemainingColumn, Model::StartedColumn,  Model::PlaceColumn};
+
+// The others may be cut where there is no room; their tool tips are whole.
+bool isFitted(int column)
+{
+    return column != Model::ModelColumn && column != Model::FolderColumn;
+}
+
+// Digits have one width in nearly all fonts: so there are few different texts.
+QString shape(QString text)
+{
+    for (QChar& each : text) {
+        if (each.isDigit()) {
+            each = QLatin1Char('0');
+        }
+    }
+    return text;
+}
+
+} // namespace
+
+RunListView::RunListView(RunTableModel* runs, QWidget* parent)
+    : QTableView(parent), m_runs(runs), m_filter(new RunFilter(runs, this))
 {
     setObjectName(QStringLiteral("runList"));
-    setAccessibleName(QStringLiteral("Runs of this session"));
-    setModel(runs);
+    setAccessibleName(QStringLiteral("Runs"));
+    setModel(m_filter);
     setSelectionBehavior(QAbstractItemView::SelectRows);
-    setSelectionMode(QAbstractItemView::SingleSelection);
+    setSelectionMode(QAbstractItemView::ExtendedSelection);
     setTabKeyNavigation(false);
     setWordWrap(false);
+    setTextElideMode(Qt::ElideMiddle);
     verticalHeader()->hide();
-    horizontalHeader()->setSectionResizeMode(QHeaderView::ResizeToContents);
-    horizontalHeader()->setSectionResizeMode(RunTableModel::ModelColumn, QHeaderView::Stretch);
-    horizontalHeader()->setHighlightSections(false);
+    verticalHeader()->setSectionResizeMode(QHeaderView::Fixed); // else each change measures rows
+    verticalHeader()->setDefaultSectionSize(verticalHeader()->minimumSectionSize());
+    arrangeColumns();
     setContextMenuPolicy(Qt::ActionsContextMenu);
     connect(selectionModel(), &QItemSelectionModel::selectionChanged, this,
             &RunListView::selectedRunChanged);
+    for (const auto signal :
+         {&QAbstractItemModel::rowsInserted, &QAbstractItemModel::rowsRemoved}) {
+        connect(m_filter, signal, this, &RunListView::scheduleFit);
+    }
+    connect(m_filter, &QAbstractItemModel::dataChanged, this, &RunListView::scheduleFit);
+    connect(m_filter, &QAbstractItemModel::layoutChanged, this, &RunListView::scheduleFit);
+    fitColumns();
+}
+
+void RunListView::arrangeColumns()
+{
+    QHeaderView* const header = horizontalHeader();
+    int place = 0;
+    for (const Model::Column column : shownOrder) {
+        header->moveSection(header->visualIndex(column), place++);
+        header->setSectionResizeMode(column, isFitted(column) ? QHeaderView::Interactive
+                                                              : QHeaderView::Stretch);
+    }
+    header->setHighlightSections(false);
+    header->setMinimumSectionSize(fontMetrics().averageCharWidth() * 3);
+    header->setSortIndicator(Model::StartedColumn, Qt::DescendingOrder);
+    setSortingEnabled(true);
+}
+
+// Once for all changes of a turn.
+void RunListView::scheduleFit()
+{
+    if (!m_isFitScheduled) {
+        m_isFitScheduled = true;
+        QTimer::singleShot(0, this, &RunListView::fitColumns);
+    }
+}
+
+void RunListView::fitColumns()
+{
+    m_isFitScheduled = false;
+    QHeaderView* const header = horizontalHeader();
+    for (int column = 0; column < m_filter->columnCount(); ++column) {
+        if (isFitted(column)) {
+            header->resizeSection(
+                column, std::max(sizeHintForColumn(column), header->sectionSizeHint(column)));
+        }
+    }
+}
+
+// Of all rows, also of those that are not in sight now.
+int RunListView::sizeHintForColumn(int column) const
+{
+    QSet<QString> measured;
+    int width = 0;
+    for (int row = 0; row < m_filter->rowCount(); ++row) {
+        const QString text = shape(m_filter->index(row, column).data().toString());
+        if (!measured.contains(text)) {
+            measured.insert(text);
+            width = std::max(width, fontMetrics().horizontalAdvance(text));
+        }
+    }
+    const int margin = 2 * (style()->pixelMetric(QStyle::PM_FocusFrameHMargin, nullptr, this) + 1);
+    const int icon = column == Model::StateColumn
+                         ? style()->pixelMetric(QStyle::PM_SmallIconSize, nullptr, this) + margin
+                         : 0;
+    return width + icon + margin + 1;
 }
 
 WindowRun* RunListView::selectedRun() const
 {
-    return m_runs->run(selectionModel()->currentIndex().row());
+    return m_runs->run(m_filter->mapToSource(selectionModel()->currentIndex()).row());
 }
 
-void RunListView::selectNewestRun()
+QVector<ListedRun> RunListView::selectedRuns() const
 {
-    selectRow(m_runs->rowCount() - 1);
+    QVector<ListedRun> result;
+    QModelIndexList rows = selectionModel()->selectedRows();
+    std::sort(rows.begin(), rows.end(), [](const QModelIndex& left, const QModelIndex& right) {
+        return left.row() < right.row();
+    });
+    for (const QModelIndex& row : qAsConst(rows)) {
+        result.append(m_runs->listedRun(m_filter->mapToSource(row).row()));
+    }
+    return result;
+}
+
+void RunListView::select(const WindowRun* run)
+{
+    const QModelIndex row = m_filter->mapFromSource(m_runs->index(m_runs->rowOf(run), 0));
+    if (row.isValid()) {
+        selectRow(row.row());
+        scrollTo(row);
+    }
+}
+
+// Whatever column is current, what is typed is the beginning of a model's name.
+void RunListView::keyboardSearch(const QString& search)
+{
+    const QModelIndex current = selectionModel()->currentIndex();
+    if (current.isValid()) {
+        selectionModel()->setCurrentIndex(current.siblingAtColumn(Model::ModelColumn),
+                                          QItemSelectionModel::NoUpdate);
+    }
+    QTableView::keyboardSearch(search);
 }

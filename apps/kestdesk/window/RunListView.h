@@ -2,10 +2,12 @@
 
 #include <QTableView>
 
+class RunFilter;
 class RunTableModel;
 class WindowRun;
+struct ListedRun;
 
-/// The list of the runs of this session, of which one is selected.
+/// The list of runs, of which any number can be selected.
 class RunListView : public QTableView
 {
     Q_OBJECT
@@ -14,14 +16,32 @@ public:
     /// The runs are not owned and must outlive the list.
     RunListView(RunTableModel* runs, QWidget* parent);
 
-    /// Null when there is none.
+    /// The runs that it shows.
+    RunFilter* filter() const { return m_filter; }
+
+    /// The current run, if this session has started it; null when it has not, or without one.
     WindowRun* selectedRun() const;
 
-    void selectNewestRun();
+    /// The runs that are selected, as they are shown.
+    QVector<ListedRun> selectedRuns() const;
+
+    /// Selects a run alone.
+    void select(const WindowRun* run);
+
+    void keyboardSearch(const QString& search) override;
 
 Q_SIGNALS:
     void selectedRunChanged();
 
+protected:
+    int sizeHintForColumn(int column) const override;
+
 private:
+    void arrangeColumns();
+    void scheduleFit();
+    void fitColumns();
+
     RunTableModel* m_runs;
+    RunFilter* m_filter;
+    bool m_isFitScheduled = false;
 };

@@ -10,10 +10,14 @@
 #include <common_ServiceOf.h>
 
 #include <QDir>
+#include <QFileInfo>
+#include <QHash>
 #include <QIcon>
+#include <QLocale>
 
 #include <algorithm>
 #include <iterator>
+#include <limits>
 
 namespace {
 
@@ -23,44 +27,105 @@ struct ColumnRow
 {
     const char* header;
     bool isNumber;
-    QString (*text)(const WindowRun& shown);
+    QString (*text)(const ListedRun& row);
+    QVariant (*sortKey)(const ListedRun& row);
 };
 
-QString remainingText(const WindowRun& shown)
+QString folderOf(const ListedRun& row)
 {
-    const Run& run = shown.run();
+    return QFileInfo(row.model()).path();
+}
+
+QString remainingText(const ListedRun& row)
+{
     const auto time =
-        run.isRunning() ? RunTimes::remaining(run.elapsed(), run.totalPercentage()) : std::nullopt;
+        row.isRunning() ? RunTimes::remaining(row.elapsed(), row.progress()) : std::nullopt;
     return time ? RunTimes::text(*time) : QString();
+}
+
+QString numberText(const ListedRun& row)
+{
+    return row.number() > 0 ? QString::number(row.number()) : QString();
+}
+
+// Today's runs need no date.
+QString startedText(const ListedRun& row)
+{
+    const QDateTime time = row.started().toLocalTime();
+    return time.toString(time.date() == QDate::currentDate() ? QStringLiteral("HH:mm:ss")
+                                                             : QStringLiteral("yyyy-MM-dd HH:mm"));
+}
+
+// Errors count for more than any number of warnings.
+QVariant messageKey(const ListedRun& row)
+{
+    constexpr qint64 manyWarnings = Q_INT64_C(1) << 32;
+    return row.errors() * manyWarnings + row.warnings();
+}
+
+// Without a number yet, a run is newer than all that have one.
+QVariant numberKey(const ListedRun& row)
+{
+    return row.number() > 0 ? row.number() : std::numeric_limits<int>::max();
+}
+
+QVariant remainingKey(const ListedRun& row)
+{
+    return row.isRunning() ? RunTimes::remaining(row.elapsed(), row.progress()).value_or(-1) : -2;
+}
+
+QVariant startedKey(const ListedRun& row)
+{
+    return row.started().toMSecsSinceEpoch();
 }
 
 // clang-format off
 const ColumnRow columns[RunTableModel::ColumnCount] = {
-    {"Model",     false, [](const WindowRun& shown) { return suite::visibleFileName(shown.run().model()); }},
-    {"Component", false, [](const WindowRun& shown) { return shown.run().componentName(); }},
-    {"State",     false, [](const WindowRun& shown) { return shown.stateText(); }},
-    {"Progress",  true,  [](const WindowRun& shown) { return QStringLiteral("%1 %").arg(shown.run().totalPercentage()); }},
-    {"Elapsed",   true,  [](const WindowRun& shown) { return RunTimes::text(shown.run().elapsed()); }},
-    {"Remaining", true,  remainingText},
-};
-
-const struct { Run::State state; const char* icon; } stateIcons[] = {
-    {Run::State::Waiting,    "fault"},
-    {Run::State::Running,    "play"},
-    {Run::State::Stopping,   "exclude"},
-    {Run::State::Valid,      "valid"},
-    {Run::State::Fault,      "fault"},
-    {Run::State::NotStarted, "fault"},
-    {Run::State::Stopped,    "exclude"},
+    {"Model",     false, [](const ListedRun& row) { return suite::visibleFileName(row.model()); },        nullptr},
+    {"Component", false, [](const ListedRun& row) { return row.component(); },                            nullptr},
+    {"State",     false, [](const ListedRun& row) { return row.stateText(); },                            nullptr},
+    {"Progress",  true,  [](const ListedRun& row) { return QStringLiteral("%1 %").arg(row.progress()); }, [](const ListedRun& row) { return QVariant(row.progress()); }},
+    {"Elapsed",   true,  [](const ListedRun& row) { return RunTimes::text(row.elapsed()); },              [](const ListedRun& row) { return QVariant(row.elapsed()); }},
+    {"Remaining", true,  remainingText,                                                                   remainingKey},
+    {"No.",       true,  numberText,                                                                      numberKey},
+    {"Folder",    false, [](const ListedRun& row) { return suite::visiblePath(folderOf(row)); },          nullptr},
+    {"Messages",  false, [](const ListedRun& row) { return row.messageText(); },                          messageKey},
+    {"Started",   true,  startedText,                                                                     startedKey},
+    {"Where",     false, [](const ListedRun& row) { return row.place(); },                                nullptr},
 };
 // clang-format on
 
-QIcon stateIcon(Run::State state)
+QVariant sortKey(const ListedRun& row, const ColumnRow& column)
 {
-    const auto* row =
-        std::find_if(std::begin(stateIcons), std::end(stateIcons),
-                     [state](const auto& candidate) { return candidate.state == state; });
-    return GET_SERVICE(common_IIconUtility)->getIcon(QLatin1String(row->icon));
+    return column.sortKey != nullptr ? column.sortKey(row) : QVariant(column.text(row));
+}
+
+QString searchText(const ListedRun& row)
+{
+    return QStringList({numberText(row), suite::visiblePath(row.model()), row.component(),
+                        row.explanation(), row.stateText(), row.place()})
+        .join(QLatin1Char('\n'));
+}
+
+QStringList textsOf(const ListedRun& row)
+{
+    QStringList texts{row.explanation()};
+    for (const ColumnRow& column : columns) {
+        texts.append(column.text(row));
+    }
+    return texts;
+}
+
+QString toolTipOf(const ListedRun& row, int column)
+{
+    switch (column) {
+    case RunTableModel::StateColumn:
+        return row.explanation();
+    case RunTableModel::StartedColumn:
+        return QLocale().toString(row.started().toLocalTime(), QLocale::LongFormat);
+    default:
+        return QDir::toNativeSeparators(row.model());
+    }
 }
 
 } // namespace
@@ -74,26 +139,115 @@ RunTableModel::RunTableModel(QObject* parent) : QAbstractTableModel(parent)
 
 void RunTableModel::add(WindowRun* run)
 {
-    beginInsertRows(QModelIndex(), m_runs.size(), m_runs.size());
+    beginInsertRows(QModelIndex(), m_rows.size(), m_rows.size());
+    ListedRun row;
+    row.run = run;
+    m_rows.append(row);
     m_runs.append(run);
     endInsertRows();
-    connect(run, &WindowRun::changed, this, [this, run] { reportChange(run); });
+    connect(run, &WindowRun::changed, this, [this, run] { onChanged(run); });
+}
+
+// Once the run has a record, that may be here already.
+void RunTableModel::onChanged(WindowRun* run)
+{
+    int row = rowOf(run);
+    if (run->number() > 0 && m_rows.at(row).record.number == 0) {
+        const int record = rowOfNumber(run->number());
+        if (record >= 0) {
+            m_rows[row].record = m_rows.at(record).record;
+            removeRow(record);
+            row = rowOf(run);
+        }
+    }
+    reportChange(row);
 }
 
 void RunTableModel::remove(WindowRun* run)
 {
-    const int row = m_runs.indexOf(run);
-    if (row >= 0) {
-        beginRemoveRows(QModelIndex(), row, row);
-        m_runs.removeAt(row);
-        endRemoveRows();
-        disconnect(run, nullptr, this, nullptr);
+    const int row = rowOf(run);
+    if (row < 0) {
+        return;
+    }
+    disconnect(run, nullptr, this, nullptr);
+    m_runs.removeOne(run);
+    if (m_rows.at(row).record.number == 0) {
+        removeRow(row);
+    } else {
+        m_rows[row].run = nullptr;
+        reportChange(row);
+    }
+}
+
+void RunTableModel::setRecords(const QVector<RunRecord>& records)
+{
+    QHash<int, int> rows; // by number
+    for (int row = 0; row < m_rows.size(); ++row) {
+        rows.insert(m_rows.at(row).number(), row);
+    }
+    QVector<ListedRun> added;
+    for (const RunRecord& record : records) {
+        const int row = rows.value(record.number, -1);
+        if (row >= 0) {
+            setRecord(row, record);
+        } else {
+            added.append({record, nullptr});
+        }
+    }
+    if (!added.isEmpty()) {
+        beginInsertRows(QModelIndex(), m_rows.size(), m_rows.size() + added.size() - 1);
+        m_rows += added;
+        endInsertRows();
+    }
+}
+
+// What is not seen to change is not reported, for views may sort and filter all again then.
+void RunTableModel::setRecord(int row, const RunRecord& record)
+{
+    ListedRun& changed = m_rows[row];
+    const QStringList before = textsOf(changed);
+    changed.record = record;
+    if (textsOf(changed) != before) {
+        reportChange(row);
+    }
+}
+
+void RunTableModel::removeRecords(const QVector<int>& numbers)
+{
+    for (const int number : numbers) {
+        const int row = rowOfNumber(number);
+        if (row >= 0) {
+            removeRow(row);
+        }
     }
 }
 
 WindowRun* RunTableModel::run(int row) const
 {
-    return m_runs.value(row);
+    return m_rows.value(row).run;
+}
+
+int RunTableModel::rowOf(const WindowRun* run) const
+{
+    const auto found = std::find_if(m_rows.begin(), m_rows.end(),
+                                    [run](const ListedRun& row) { return row.run == run; });
+    return run == nullptr || found == m_rows.end() ? -1 : int(found - m_rows.begin());
+}
+
+// Of a row that is no run of this session.
+int RunTableModel::rowOfNumber(int number) const
+{
+    const auto found = std::find_if(m_rows.begin(), m_rows.end(), [number](const ListedRun& row) {
+        return row.run == nullptr && row.record.number == number;
+    });
+    return found == m_rows.end() ? -1 : int(found - m_rows.begin());
+}
+
+void RunTableModel::removeRow(int row)
+{
+    beginRemoveRows(QModelIndex(), row, row);
+    m_rows.removeAt(row);
+    endRemoveRows();
 }
 
 QVector<WindowRun*> RunTableModel::runningRuns() const
@@ -106,7 +260,7 @@ QVector<WindowRun*> RunTableModel::runningRuns() const
 
 int RunTableModel::rowCount(const QModelIndex& parent) const
 {
-    return parent.isValid() ? 0 : m_runs.size();
+    return parent.isValid() ? 0 : m_rows.size();
 }
 
 int RunTableModel::columnCount(const QModelIndex& parent) const
@@ -116,25 +270,29 @@ int RunTableModel::columnCount(const QModelIndex& parent) const
 
 QVariant RunTableModel::data(const QModelIndex& index, int role) const
 {
-    const WindowRun* shown = run(index.row());
-    if (shown == nullptr || index.column() >= ColumnCount) {
+    if (index.row() >= m_rows.size() || index.column() >= ColumnCount) {
         return QVariant();
     }
+    const ListedRun& row = m_rows.at(index.row());
     const ColumnRow& column = columns[index.column()];
+    const bool isState = index.column() == StateColumn;
     switch (role) {
     case Qt::DisplayRole:
-        return column.text(*shown);
+        return column.text(row);
     case Qt::AccessibleDescriptionRole:
-        return index.column() == StateColumn ? QVariant(shown->explanation()) : QVariant();
+        return isState ? QVariant(row.explanation()) : QVariant();
     case Qt::ToolTipRole:
-        return ToolTip::of(index.column() == StateColumn
-                               ? shown->explanation()
-                               : QDir::toNativeSeparators(shown->run().model()));
+        return ToolTip::of(toolTipOf(row, index.column()));
     case Qt::TextAlignmentRole:
         return int(Qt::AlignVCenter | (column.isNumber ? Qt::AlignRight : Qt::AlignLeft));
     case Qt::DecorationRole:
-        return index.column() == StateColumn ? QVariant(stateIcon(shown->run().state()))
-                                             : QVariant();
+        return isState
+                   ? QVariant(GET_SERVICE(common_IIconUtility)->getIcon(QLatin1String(row.icon())))
+                   : QVariant();
+    case SortRole:
+        return sortKey(row, column);
+    case SearchRole:
+        return searchText(row);
     default:
         return QVariant();
     }
@@ -148,17 +306,16 @@ QVariant RunTableModel::headerData(int section, Qt::Orientation orientation, int
     return QLatin1String(columns[section].header);
 }
 
-void RunTableModel::reportChange(WindowRun* run)
+void RunTableModel::reportChange(int row)
 {
-    const int row = m_runs.indexOf(run);
     Q_EMIT dataChanged(index(row, 0), index(row, ColumnCount - 1));
 }
 
 void RunTableModel::reportTimes()
 {
-    for (WindowRun* run : qAsConst(m_runs)) {
-        if (run->run().isRunning()) {
-            reportChange(run);
+    for (int row = 0; row < m_rows.size(); ++row) {
+        if (m_rows.at(row).isRunning()) {
+            reportChange(row);
         }
     }
 }

@@ -7,17 +7,19 @@
 #include <QApplication>
 #include <QTimer>
 
-int showWindow(const QString& model, const Component* component)
+int showWindow(const WindowStart& start)
 {
     Leftovers::remove();
-    MainWindow window;
-    if (component != nullptr) {
-        window.setComponent(*component);
+    MainWindow window(start.model.isEmpty() ? MainWindow::Start::LastModel
+                                            : MainWindow::Start::NoModel);
+    if (start.component != nullptr) {
+        window.setComponent(*start.component);
     }
     StopSignals::watch(&window, [&window] { window.quit(); });
     window.show();
-    if (!model.isEmpty()) {
-        QTimer::singleShot(0, &window, [&window, model] { window.openModel(model); });
+    if (!start.model.isEmpty()) {
+        QTimer::singleShot(0, &window,
+                           [&window, start] { window.openModel(start.model, start.hint); });
     }
     return QApplication::exec();
 }

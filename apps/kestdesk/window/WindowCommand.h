@@ -4,6 +4,14 @@
 
 struct Component;
 
-/// Shows the window until the user closes it. The model may be empty, and the component null, where
-/// the user is to choose. Returns the exit code.
-int showWindow(const QString& model, const Component* component);
+/// What the window starts with.
+struct WindowStart
+{
+    QString model; ///< empty for that of the last session
+    QString hint;  ///< a sentence for when there is no such model; may be empty
+    const Component* component = nullptr; ///< null for that of the last session
+};
+
+/// Shows the window until the user closes it. A model that cannot be opened is reported, and none
+/// takes its place. Returns the exit code.
+int showWindow(const WindowStart& start);

@@ -1,6 +1,8 @@
 #include "WindowRun.h"
 
+#include "ArchiveLimits.h"
 #include "MachinesOffer.h"
+#include "RecordedRun.h"
 #include "RunResults.h"
 #include "WindowRunner.h"
 
@@ -38,20 +40,52 @@ void showNotStarted(QString problem, QWidget* window)
         .display();
 }
 
+// Again after the user has mended what kept it from starting.
+RunSetup::Readiness readinessAfter(const std::function<RunSetup::Readiness()>& setUp,
+                                   QWidget* window)
+{
+    for (;;) {
+        RunSetup::Readiness readiness = setUp();
+        if (readiness.obstacle != RunSetup::Obstacle::NoHost ||
+            !MachinesOffer::isTaken(readiness.problem, window)) {
+            return readiness;
+        }
+    }
+}
+
 } // namespace
 
 WindowRun::WindowRun(const Component& component, const QString& model, QObject* parent)
-    : QObject(parent), m_run(component, model, common_ActivePtr<ComponentRunner>(new WindowRunner))
+    : QObject(parent)
+    , m_run(component, model, common_ActivePtr<ComponentRunner>(new WindowRunner))
+    , m_recorder(m_run, RunRecorder::Face::Window, RunArchive::ofUser(), ArchiveLimits::ofUser())
 {
     connect(&m_run, &Run::stateChanged, this, &WindowRun::onStateChanged);
     connect(&m_run, &Run::progressed, this, &WindowRun::changed);
+    connect(&m_run, &Run::messageReceived, this, &WindowRun::onMessageReceived);
     connect(&m_run, &Run::ended, this, &WindowRun::ended);
+    connect(&m_recorder, &RunRecorder::created, this, &WindowRun::changed);
+    connect(&m_recorder, &RunRecorder::failed, this, &WindowRun::onRecordFailed);
+    connect(&m_recorder, &RunRecorder::finished, this, &WindowRun::recorded);
 }
 
 bool WindowRun::start(common_RunWrapper::RunOptions options, common_CommonSettingsSet& settings,
                       QWidget* window)
 {
-    const RunSetup::Readiness readiness = setUp(options, settings, window);
+    m_recorder.setRunOptions(options);
+    return start([&] { return m_run.setUp(options, settings); }, window);
+}
+
+bool WindowRun::startAgain(const RunRecord& record, common_CommonSettingsSet& settings,
+                           QWidget* window)
+{
+    m_recorder.setRepeated(record);
+    return start([&] { return RecordedRun::setUp(m_run, record, settings); }, window);
+}
+
+bool WindowRun::start(const SetUp& setUp, QWidget* window)
+{
+    const RunSetup::Readiness readiness = readinessAfter(setUp, window);
     if (!readiness.isReady()) {
         if (readiness.obstacle == RunSetup::Obstacle::Problem) {
             showNotStarted(readiness.problem, window);
@@ -67,22 +101,15 @@ bool WindowRun::start(common_RunWrapper::RunOptions options, common_CommonSettin
     return true;
 }
 
-// Again after the user has mended what kept it from starting.
-RunSetup::Readiness WindowRun::setUp(common_RunWrapper::RunOptions options,
-                                     common_CommonSettingsSet& settings, QWidget* window)
+bool WindowRun::isRecorded() const
 {
-    for (;;) {
-        RunSetup::Readiness readiness = m_run.setUp(options, settings);
-        if (readiness.obstacle != RunSetup::Obstacle::NoHost ||
-            !MachinesOffer::isTaken(readiness.problem, window)) {
-            return readiness;
-        }
-    }
+    return m_recorder.isFinished() || m_run.state() == Run::State::Waiting;
 }
 
 void WindowRun::makeDialog(QWidget* window)
 {
     m_dialog = new common_KestProcessDialog(m_run.runner(), window);
+    m_dialog->setTitle(m_title);
     GET_SERVICE(common_HelpClient)->registerPage(m_dialog, QStringLiteral("run-window"));
 }
 
@@ -111,6 +138,21 @@ QString WindowRun::explanation() const
     return outcome.reason().isEmpty()
                ? stateText()
                : QStringLiteral("%1. It %2.").arg(outcome.word(), outcome.reason());
+}
+
+void WindowRun::onMessageReceived(const common_IProcessMessage& message)
+{
+    if (message.getType() == common_IProcessMessage::Error) {
+        ++m_errors;
+    } else if (message.getType() == common_IProcessMessage::Warning) {
+        ++m_warnings;
+    }
+}
+
+void WindowRun::onRecordFailed(const QString& reason)
+{
+    m_recordProblem = QStringLiteral("The record of this run is not complete: %1.").arg(reason);
+    Q_EMIT recordFailed();
 }
 
 void WindowRun::onStateChanged()

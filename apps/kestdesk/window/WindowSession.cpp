@@ -28,8 +28,9 @@ void WindowSession::restore(QWidget& window, RunPanel& panel)
     panel.setComponent(m_session.component());
 }
 
-WindowSession::Model WindowSession::lastModel() const
+WindowSession::Model WindowSession::lastModel()
 {
+    m_isLastModelUsed = true;
     const QString model = m_session.model();
     if (!recentFiles()->getRecentSession() || model.isEmpty()) {
         return {};
@@ -52,7 +53,9 @@ void WindowSession::save(const QWidget& window, const RunPanel& panel)
     WindowGeometry::save(window, *m_settings.geometry());
     recentFiles()->setRecentSession(true);
     m_settings.writeSettings();
-    m_session.setModel(panel.model());
+    if (m_isLastModelUsed || !panel.model().isEmpty()) {
+        m_session.setModel(panel.model());
+    }
     m_session.setComponent(QLatin1String(panel.component().name));
     m_session.writeSettings();
 }

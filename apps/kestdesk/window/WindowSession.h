@@ -26,8 +26,9 @@ public:
     void restore(QWidget& window, RunPanel& panel);
 
     /// Of the settings that restore() has read.
-    Model lastModel() const;
+    Model lastModel();
 
+    /// Where the last model was not asked for and no other was chosen, it stays the last one.
     void save(const QWidget& window, const RunPanel& panel);
 
     /// What runs are set up with.
@@ -39,4 +40,5 @@ public:
 private:
     common_CommonSettingsSet m_settings;
     SessionSettings m_session;
+    bool m_isLastModelUsed = false;
 };

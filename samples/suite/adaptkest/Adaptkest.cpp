@@ -5,6 +5,7 @@
 #include "Sweep.h"
 #include "SweepReport.h"
 
+#include <QFileInfo>
 #include <QThread>
 
 #include <algorithm>
@@ -87,34 +88,88 @@ bool Adaptkest::openFolder()
     return true;
 }
 
-// Takes over the analyses of an earlier run, as many as were asked for.
 bool Adaptkest::restore()
 {
-    if (!hasOption("--restart")) {
+    const bool isResumed = hasOption("--resume") ||
+                           commandLine().has(OptionGroup::Runkest, QStringLiteral("--resume"));
+    if (hasOption("--restart")) {
+        return restart(option("--restart").toInt());
+    }
+    return !isResumed || resume();
+}
+
+// Takes over the analyses of an earlier run, as many as were asked for.
+bool Adaptkest::restart(int last)
+{
+    for (int number = 1; number <= qMax(last, 1); ++number) {
+        if (!takeOver(last == 0 ? 0 : number)) {
+            fail(FindingKind::RestartRefused, m_takeOverError);
+            return false;
+        }
+    }
+    reportTakenOver();
+    return true;
+}
+
+// Takes over as many as there are. Behind a damaged one all are computed again.
+bool Adaptkest::resume()
+{
+    while (m_files->exists(m_analysis + 1) && takeOver(m_analysis + 1)) {
+    }
+    if (m_analysis == 0 && !m_takeOverError.isEmpty()) {
+        fail(FindingKind::ResumeRefused, {folderName(), m_takeOverError});
+        return false;
+    }
+    if (m_analysis == 0) {
+        component().findingPrinter().print(FindingKind::NothingToResume, {folderName()});
         return true;
     }
-    const int last = option("--restart").toInt();
-    for (int number = 1; number <= qMax(last, 1); ++number) {
-        const std::optional<QVector<AnalysisPoint>> points = m_files->load(last == 0 ? 0 : number);
-        if (!points) {
-            fail(FindingKind::RestartRefused, m_files->error());
-            return false;
-        }
-        QVector<double> frequencies;
-        for (const AnalysisPoint& point : *points) {
-            frequencies.append(point.frequency);
-        }
-        if (frequencies.isEmpty() || frequencies != m_placing->next()) {
-            fail(FindingKind::RestartRefused,
-                 QStringLiteral("analysis %1 does not go on from the one before it").arg(number));
-            return false;
-        }
-        take(*points);
+    if (!m_takeOverError.isEmpty()) {
+        printer().printText(m_takeOverError);
     }
+    reportTakenOver();
+    return true;
+}
+
+bool Adaptkest::takeOver(int number)
+{
+    const std::optional<QVector<AnalysisPoint>> points = m_files->load(number);
+    if (!points) {
+        m_takeOverError = m_files->error();
+        return false;
+    }
+    QVector<double> frequencies;
+    for (const AnalysisPoint& point : *points) {
+        frequencies.append(point.frequency);
+    }
+    if (frequencies.isEmpty() || frequencies != m_placing->next()) {
+        m_takeOverError =
+            QStringLiteral("analysis %1 does not go on from the one before it").arg(number);
+        return false;
+    }
+    take(*points);
+    return true;
+}
+
+void Adaptkest::reportTakenOver()
+{
     printer().printText(QStringLiteral("Analyses 1 to %1 are taken over, %2 frequencies")
                             .arg(m_analysis)
                             .arg(m_placing->count()));
-    return true;
+}
+
+// What another run can continue from.
+void Adaptkest::reportKept()
+{
+    if (m_analysis > 0) {
+        component().findingPrinter().print(FindingKind::AnalysesKept,
+                                           {QString::number(m_analysis), folderName()});
+    }
+}
+
+QString Adaptkest::folderName() const
+{
+    return QFileInfo(component().modelFile().resultPath(QStringLiteral("adaptkest"))).fileName();
 }
 
 void Adaptkest::nextAnalysis()
@@ -157,12 +212,14 @@ void Adaptkest::takeResult(int index, const EngineOutput& output)
 void Adaptkest::endSweep(bool isComplete)
 {
     if (!isComplete || !isGood()) {
+        reportKept();
         finish();
         return;
     }
     m_sweep.release()->deleteLater();
     if (!m_files->save(m_analysis + 1, m_round)) {
         fail(FindingKind::ResultNotWritten, m_files->error());
+        reportKept();
         finish();
         return;
     }
@@ -192,6 +249,7 @@ void Adaptkest::writeResults()
 {
     if (!writePoints() || !m_results.commit()) {
         fail(FindingKind::ResultNotWritten, m_results.error());
+        reportKept();
         return;
     }
     if (!hasOption("--keep-files")) {

@@ -30,6 +30,11 @@ private:
     bool prepare();
     bool openFolder();
     bool restore();
+    bool restart(int last);
+    bool resume();
+    bool takeOver(int number);
+    void reportTakenOver();
+    void reportKept();
     void nextAnalysis();
     void startSweep(const QVector<double>& frequencies);
     void takeResult(int index, const suite::EngineOutput& output);
@@ -41,6 +46,7 @@ private:
     void printFacts();
 
     [[nodiscard]] double tolerance() const;
+    [[nodiscard]] QString folderName() const;
 
     QString m_engine;
     std::unique_ptr<suite::SweepPlan> m_plan;
@@ -48,6 +54,7 @@ private:
     std::unique_ptr<suite::WorkFolder> m_folder;
     std::unique_ptr<suite::AnalysisFiles> m_files;
     std::unique_ptr<suite::AdaptivePlacing> m_placing;
+    QString m_takeOverError;
     std::unique_ptr<suite::SweepRunner> m_sweep;
     QVector<double> m_frequencies;                   ///< of the analysis that runs
     QVector<suite::AnalysisPoint> m_round;           ///< its results so far

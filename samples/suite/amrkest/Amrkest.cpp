@@ -217,6 +217,9 @@ void Amrkest::startFinalRun()
 // The files are announced when they are in their place, and errors in this program's own words.
 void Amrkest::printAgain(const MarkerLine& line)
 {
+    if (!isGood()) {
+        return;
+    }
     if (line.marker == Marker::TotalPercentage) {
         printTotal(finalShare.at(qBound(0, line.percentage(), 100), 100));
     } else if (line.marker != Marker::File && line.marker != Marker::Error) {

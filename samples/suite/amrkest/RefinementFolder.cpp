@@ -13,7 +13,7 @@ namespace {
 // What runs leave behind, half written files of killed ones among it.
 QRegularExpression filesOf(const QString& model)
 {
-    return QRegularExpression(QStringLiteral("\\A%1\\.(nec|out|csv)(\\.[A-Za-z]{6})?\\z")
+    return QRegularExpression(QStringLiteral("\\A%1\\.(nec|out|csv|partial)(\\.[A-Za-z]{6})?\\z")
                                   .arg(QRegularExpression::escape(model)));
 }
 

@@ -39,7 +39,7 @@ void RefinementHistory::add(int segments, const Impedance& impedance)
     m_iterations.append(iteration);
 }
 
-FindingList RefinementHistory::conclusion(const QString& obstacle) const
+FindingList RefinementHistory::conclusion(const FindingList& obstacle) const
 {
     FindingList result;
     const std::optional<double> change = last().change;
@@ -52,8 +52,8 @@ FindingList RefinementHistory::conclusion(const QString& obstacle) const
                     change ? QStringLiteral("the last change was %1 % and the threshold is %2 %")
                                  .arg(percent(*change), thresholdText())
                            : QStringLiteral("one iteration has nothing to be compared with")});
-    } else if (!obstacle.isEmpty()) {
-        result.add(FindingKind::RefinementLimit, 0, {obstacle});
+    } else {
+        result = obstacle;
     }
     return result;
 }

@@ -40,7 +40,7 @@ public:
 
     /// What ends the refinement; nothing when there is to be another iteration. The obstacle says
     /// why there cannot be one, or is empty. There must be an iteration.
-    [[nodiscard]] suite::FindingList conclusion(const QString& obstacle) const;
+    [[nodiscard]] suite::FindingList conclusion(const suite::FindingList& obstacle) const;
 
     /// The threshold in percent, and a line about the last iteration.
     [[nodiscard]] QString thresholdText() const;

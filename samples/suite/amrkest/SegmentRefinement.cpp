@@ -148,22 +148,26 @@ int SegmentRefinement::segmentCount(int factor) const
     return m_model.structure.segmentCount() * factor;
 }
 
-QString SegmentRefinement::obstacle(int factor) const
+FindingList SegmentRefinement::obstacle(int factor) const
 {
+    FindingList result;
     const qint64 count = static_cast<qint64>(m_model.structure.segmentCount()) * factor;
     if (count > mostSegments) {
-        return QStringLiteral("the next one would have %1 segments and the limit is %2")
-            .arg(count)
-            .arg(mostSegments);
+        result.add(FindingKind::RefinementLimit, 0,
+                   {QStringLiteral("the next one would have %1 segments and the limit is %2")
+                        .arg(count)
+                        .arg(mostSegments)});
+        return result;
     }
     for (const Wire& wire : m_model.structure.wires) {
         if (wire.shortestSegment() / factor < leastRadii * wire.radius * (1 - tolerance)) {
-            return QStringLiteral("segments of the wire in line %1 would be shorter than eight "
-                                  "radii")
-                .arg(wire.line);
+            result.addAtWire(FindingKind::RefinementLimit, wire.line, wire.tag,
+                             {QStringLiteral("the segments of %1 would be shorter than eight radii")
+                                  .arg(wire.name())});
+            break;
         }
     }
-    return {};
+    return result;
 }
 
 QByteArray SegmentRefinement::deck(int factor, std::optional<double> frequency) const

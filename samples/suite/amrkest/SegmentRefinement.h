@@ -21,7 +21,7 @@ public:
     [[nodiscard]] int segmentCount(int factor) const;
 
     /// Why the model is not to be divided by a factor; empty when it may be.
-    [[nodiscard]] QString obstacle(int factor) const;
+    [[nodiscard]] FindingList obstacle(int factor) const;
 
     /// The refined deck, over the model's own frequencies or at one, in MHz.
     [[nodiscard]] QByteArray deck(int factor, std::optional<double> frequency = std::nullopt) const;

@@ -1,5 +1,7 @@
 #include "ComponentProgram.h"
 
+#include "StopReason.h"
+
 #include <StopSignals.h>
 
 #include <QCoreApplication>
@@ -8,7 +10,6 @@ namespace suite {
 
 namespace {
 
-constexpr int signalBase = 128;
 constexpr int readerWatchInterval = 250; // ms
 
 } // namespace
@@ -46,9 +47,19 @@ void ComponentProgram::stop(int signal)
     if (m_isFinished || !isGood()) {
         return;
     }
-    fail(FindingKind::Stopped, QString());
-    m_exitCode = signalBase + signal;
+    m_component.findingPrinter().print(FindingKind::Stopped, {StopReason::text(signal)});
+    markStopped(signal);
     end();
+}
+
+void ComponentProgram::markStopped(int signal)
+{
+    m_exitCode = StopReason::exitCode(signal);
+}
+
+bool ComponentProgram::isStopped() const
+{
+    return StopReason::signalOf(m_exitCode).has_value();
 }
 
 void ComponentProgram::checkReader()
@@ -59,9 +70,9 @@ void ComponentProgram::checkReader()
     }
 }
 
-void ComponentProgram::fail(FindingKind kind, const QString& reason)
+void ComponentProgram::fail(FindingKind kind, const QStringList& parts)
 {
-    m_component.findingPrinter().print(kind, {reason});
+    m_component.findingPrinter().print(kind, parts);
     m_exitCode = exitFailure;
 }
 

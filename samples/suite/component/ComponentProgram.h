@@ -22,7 +22,8 @@ public:
     /// Runs to the end and tells finished().
     void run();
 
-    /// Stops the run because of a signal: the exit code becomes 128 plus its number.
+    /// Stops the run because of a signal: the exit code becomes 128 plus its number. That is no
+    /// error, and a notice says so.
     void stop(int signal);
 
 Q_SIGNALS:
@@ -53,10 +54,15 @@ protected:
     MarkerPrinter& printer() { return m_component.printer(); }
 
     /// Prints an error; the run will end with a failure.
-    void fail(FindingKind kind, const QString& reason);
+    void fail(FindingKind kind, const QStringList& parts);
+    void fail(FindingKind kind, const QString& reason) { fail(kind, QStringList(reason)); }
 
     /// The run will end with a failure whose reason has been printed already.
     void markFailed() { m_exitCode = exitFailure; }
+
+    /// The run will end as one that this signal stops. What another component printed about it has
+    /// been passed on.
+    void markStopped(int signal);
 
     /// Prints what was found. False when there are errors among it: then the run will end with a
     /// failure.
@@ -67,6 +73,9 @@ protected:
 
     /// False once an error was printed or a stop was asked for.
     [[nodiscard]] bool isGood() const { return m_exitCode == exitSuccess; }
+
+    /// True once a stop was asked for.
+    [[nodiscard]] bool isStopped() const;
 
     /// Ends the run, with a failure if there was an error.
     void finish();

@@ -12,11 +12,7 @@ void ComponentStage::start(const QString& name, const QStringList& arguments)
     auto run = std::make_unique<ComponentRun>();
     m_run = run.get();
     m_processes.add(0, std::move(run));
-    connect(m_run, &ComponentRun::printed, this, [this](const MarkerLine& line) {
-        if (!m_isStopping) {
-            Q_EMIT printed(line);
-        }
-    });
+    connect(m_run, &ComponentRun::printed, this, &ComponentStage::printed);
     connect(m_run, &ComponentRun::ended, this, &ComponentStage::finish);
     m_run->startComponent(name, arguments);
 }
@@ -35,6 +31,7 @@ void ComponentStage::finish()
     m_isStopping = true;
     m_isSuccess = m_run->isSuccess();
     m_error = m_isSuccess ? QString() : m_run->error();
+    m_exitCode = m_run->hasExited() ? m_run->exitCode() : EXIT_FAILURE;
     m_processes.release(0);
     Q_EMIT ended();
 }

@@ -24,10 +24,10 @@ public:
     /// What became of it.
     [[nodiscard]] bool isSuccess() const { return m_isSuccess; }
     [[nodiscard]] QString error() const { return m_error; }
+    [[nodiscard]] int exitCode() const { return m_exitCode; }
 
 Q_SIGNALS:
-    /// A line was printed. Not told any more after stop(): what has to be said then is the
-    /// caller's.
+    /// A line was printed, also after stop(): what of it the user is to see then is the caller's.
     void printed(const suite::MarkerLine& line);
 
     /// Nothing runs any more. Told once.
@@ -39,6 +39,7 @@ private:
     ChildProcesses m_processes;
     ComponentRun* m_run = nullptr; ///< owned by m_processes
     QString m_error;
+    int m_exitCode = 0;
     bool m_isSuccess = false;
     bool m_isStopping = false;
 };

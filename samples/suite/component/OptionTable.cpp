@@ -29,6 +29,7 @@ constexpr OptionRow optionTable[] = {
     {G::Runkest,   V::Word,          "--parallel-authenticate",          0, 0, "localonly sspi default", G::Common, "how parallel processes identify themselves"},
     {G::Runkest,   V::None,          "--remote-use-mpi",                 0, 0, "", G::Common, "reach the remote host through the parallel runtime"},
     {G::Runkest,   V::Hosts,         "--remote-host",                   0, 0, "", G::Common, "host to run on"},
+    {G::Runkest,   V::None,          "--resume",                         0, 0, "", G::Common, "compute only what an earlier run has not kept in MODEL.partial"},
     {G::Runkest,   V::OptionalGpus,  "--use-gpu",                0, 0, "", G::Common, "graphics processors as COUNT, :LIST or COUNT:LIST"},
     {G::Runkest,   V::Switch,        "--kest-options",                 0, 0, "", G::Kest, "options of the solver follow"},
     {G::Runkest,   V::Switch,        "--prekest-options",              0, 0, "", G::Prekest, "options of the pre-processing follow"},
@@ -38,6 +39,7 @@ constexpr OptionRow optionTable[] = {
     {G::Kest,      V::None,          "--mtl-circuit-export",             0, 0, "", G::Common, "export transmission line circuits"},
 
     {G::Adaptkest, V::Integer,       "--restart",                     0, mostRestarts, "", G::Common, "go on from this analysis"},
+    {G::Adaptkest, V::None,          "--resume",                         0, 0, "", G::Common, "go on behind the last analysis that an earlier run has kept"},
     {G::Adaptkest, V::None,          "--keep-files",                     0, 0, "", G::Common, "keep temporary files"},
 
     {G::Optkest,   V::ProcessCount,  "-np",                      1, mostProcesses, "", G::Common, "how many evaluations at once, or all"},

@@ -1,6 +1,8 @@
 #include "EvaluationPlaces.h"
 
-#include <MachinesFile.h>
+#include "MachinesFindings.h"
+
+#include <RunMachines.h>
 
 #include <QThread>
 
@@ -26,22 +28,19 @@ EvaluationPlaces::EvaluationPlaces(const CommandLine& line)
 // All places of the file where no number is wanted.
 void EvaluationPlaces::readMachinesFile(const QString& path, const QString& wanted)
 {
-    const MachinesFile file = MachinesFile::read(path);
-    const QStringList errors = file.errors();
-    for (const QString& error : errors) {
-        m_findings.add(FindingKind::MachinesFileUnusable, 0, {error});
-    }
+    const RunMachines chosen(path);
+    MachinesFindings::add(m_findings, chosen);
     bool isNumber = false;
     const int number = wanted.toInt(&isNumber);
     const int most = isNumber ? qMin(number, mostPlaces) : mostPlaces;
-    for (const MachinesFile::Entry& entry : file.hosts()) {
+    for (const MachinesFile::Entry& entry : chosen.machines().hosts()) {
         for (int i = 0; i < entry.count && m_hosts.size() < most; ++i) {
             m_hosts.append(entry.host);
         }
     }
     if (!m_findings.hasErrors() && isNumber && m_hosts.size() < most) {
         m_findings.add(FindingKind::FarmTooSmall, 0,
-                       {QString::number(number), QString::number(m_hosts.size())});
+                       {QString::number(number), QString::number(m_hosts.size()), chosen.source()});
     }
 }
 

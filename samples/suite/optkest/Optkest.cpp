@@ -8,6 +8,9 @@
 
 #include <ResultFiles.h>
 
+#include <QDir>
+#include <QFileInfo>
+
 using namespace suite;
 
 namespace {
@@ -75,6 +78,9 @@ bool Optkest::makeFarm()
     const EvaluationPlaces places(commandLine());
     if (!report(places.findings())) {
         return false;
+    }
+    if (hasOption("--machines-file")) {
+        qunsetenv("SLURM_JOB_ID"); // an evaluation has its own host and not those of the job
     }
     m_farm = std::make_unique<EvaluationFarm>(
         places.hosts(),
@@ -204,6 +210,7 @@ void Optkest::takeResult(int run, const QString& host, const Impedance& impedanc
         giveUp(FindingKind::RunFolderUnusable, error);
         return;
     }
+    m_keptEvaluations = m_search->state().evaluations.size();
     if (m_search->openRuns().isEmpty()) {
         endRound();
         advance();
@@ -321,6 +328,12 @@ void Optkest::endWork()
     }
     if (m_folder) {
         m_folder->removeRun(RunFolder::finalRun);
+    }
+    if (!isGood() && m_keptEvaluations > 0) {
+        component().findingPrinter().print(FindingKind::EvaluationsKept,
+                                           {QString::number(m_keptEvaluations),
+                                            QFileInfo(m_folder->statePath()).dir().dirName(),
+                                            QString::number(m_search->state().lastRun())});
     }
     finish();
 }

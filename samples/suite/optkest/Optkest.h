@@ -56,5 +56,6 @@ private:
     std::unique_ptr<RunFolder> m_folder;
     std::unique_ptr<EvaluationFarm> m_farm;
     std::unique_ptr<TuningSearch> m_search;
+    int m_keptEvaluations = 0; ///< that --restart can take over
     int m_failedRun = -1;
 };

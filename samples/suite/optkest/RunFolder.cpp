@@ -22,7 +22,7 @@ QString runPrefix()
 const QRegularExpression& ownFiles()
 {
     static const QRegularExpression pattern(
-        QStringLiteral("\\Amodel\\.(nec|out|csv|pre)(\\.[A-Za-z]{6})?\\z"));
+        QStringLiteral("\\Amodel\\.(nec|out|csv|partial|pre)(\\.[A-Za-z]{6})?\\z"));
     return pattern;
 }
 

@@ -145,6 +145,7 @@ void MpiSweep::takeResult(const Frame& frame)
              QStringLiteral(", on the host '%1'").arg(hostOf(rank)));
         return;
     }
+    Q_EMIT arrived(index, output);
     m_waiting.emplace(index, output);
     reportResults();
 }

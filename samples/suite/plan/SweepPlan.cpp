@@ -1,6 +1,7 @@
 #include "SweepPlan.h"
 
 #include "EngineProgram.h"
+#include "MachinesFindings.h"
 #include "MpiSweep.h"
 #include "Sweep.h"
 
@@ -53,17 +54,20 @@ SweepPlan::SweepPlan(const CommandLine& line)
     }
 }
 
-// Where processes may run on this machine only the file says nothing.
+// Where processes may run on this machine only, neither the file nor a job matters.
 void SweepPlan::readMachines(const CommandLine& line)
 {
     m_isParallel = true;
-    const bool isLocal = valueOf(line, "--parallel-authenticate") == QLatin1String("localonly");
-    if (has(line, "--machines-file") && !isLocal) {
-        m_machines = MachinesFile::read(valueOf(line, "--machines-file"));
-        const QStringList errors = m_machines->errors();
-        for (const QString& error : errors) {
-            m_findings.add(FindingKind::MachinesFileUnusable, 0, {error});
-        }
+    if (valueOf(line, "--parallel-authenticate") == QLatin1String("localonly")) {
+        return;
+    }
+    const RunMachines chosen(has(line, "--machines-file")
+                                 ? std::make_optional(valueOf(line, "--machines-file"))
+                                 : std::nullopt);
+    if (chosen.areThere()) {
+        m_machines = chosen.machines();
+        m_source = chosen.source();
+        MachinesFindings::add(m_findings, chosen);
     }
 }
 
@@ -89,7 +93,7 @@ void SweepPlan::readProcesses(const CommandLine& line)
     m_processes = isNumber ? wanted : all;
     if (m_machines && m_machines->isValid() && m_processes > all) {
         m_findings.add(FindingKind::MoreProcesses, 0,
-                       {QString::number(m_processes), QString::number(all)});
+                       {QString::number(m_processes), QString::number(all), m_source});
     }
     if (!m_isParallel && !m_priority.isAllowed()) {
         m_findings.add(FindingKind::PriorityNotRaised);

@@ -6,7 +6,7 @@
 #include "SweepDeck.h"
 #include "SweepRunner.h"
 
-#include <MachinesFile.h>
+#include <RunMachines.h>
 
 #include <memory>
 #include <optional>
@@ -18,7 +18,7 @@ namespace suite {
 class SweepPlan
 {
 public:
-    /// Reads the options, and the machines file they name.
+    /// Reads the options, the machines file that they name, and the job that this program runs in.
     explicit SweepPlan(const CommandLine& line);
 
     /// Errors and warnings for the user; after an error there is nothing to be made.
@@ -43,6 +43,7 @@ private:
 
     FindingList m_findings;
     std::optional<MachinesFile> m_machines;
+    QString m_source; ///< of the machines
     Priority m_priority;
     QString m_engine;
     int m_processes = 1;

@@ -2,6 +2,7 @@
 
 #include "OptionWords.h"
 #include "Progress.h"
+#include "StopReason.h"
 #include "StopTimes.h"
 #include "SweepReport.h"
 
@@ -34,7 +35,7 @@ void Runkest::work()
         finish();
         return;
     }
-    startSweep();
+    solve();
 }
 
 // Another component takes the place of the sweep; what it prints is printed again.
@@ -52,8 +53,15 @@ void Runkest::startAdaptive()
     m_adaptive->start(QStringLiteral("adaptkest"), arguments);
 }
 
+// After a stop only what was kept is of interest: the stop itself has been reported here.
 void Runkest::passOn(const MarkerLine& line)
 {
+    if (isStopped()) {
+        if (line.body.startsWith(FindingPrinter::head(FindingKind::AnalysesKept))) {
+            printer().printAgain(line);
+        }
+        return;
+    }
     if (line.marker == Marker::Error) {
         markFailed();
     }
@@ -62,7 +70,10 @@ void Runkest::passOn(const MarkerLine& line)
 
 void Runkest::endAdaptive()
 {
-    if (isGood() && !m_adaptive->isSuccess()) {
+    const std::optional<int> signal = StopReason::signalOf(m_adaptive->exitCode());
+    if (isGood() && signal) {
+        markStopped(*signal);
+    } else if (isGood() && !m_adaptive->isSuccess()) {
         fail(FindingKind::EngineFailed, m_adaptive->error());
     }
     finish();
@@ -80,17 +91,37 @@ bool Runkest::prepare()
         fail(FindingKind::ResultNotWritten, m_results.error());
         return false;
     }
-    return true;
+    m_partial = std::make_unique<PartialResults>(
+        component().modelFile().resultPath(QStringLiteral("partial")), *m_deck);
+    return report(hasOption("--resume") ? m_partial->resume() : m_partial->begin());
+}
+
+void Runkest::solve()
+{
+    m_missing = m_partial->missing();
+    if (!m_missing.isEmpty()) {
+        startSweep();
+        return;
+    }
+    printer().printText(SweepReport::tableHeader());
+    endSweep(takeOverBefore(m_deck->count()));
 }
 
 void Runkest::startSweep()
 {
-    printer().printText(m_plan->description(m_deck->count()));
+    printer().printText(m_plan->description(m_missing.size()));
     printer().printPercentage(Marker::Percentage, 0);
     printer().printPercentage(Marker::TotalPercentage, preparedPercentage);
     printer().printText(SweepReport::tableHeader());
-    m_sweep = m_plan->makeRunner(*m_deck, component().preprocessor().model().hasVoltageSource);
-    connect(m_sweep.get(), &SweepRunner::solved, this, &Runkest::takeResult);
+    m_sweep = m_plan->makeRunner(m_deck->part(m_missing),
+                                 component().preprocessor().model().hasVoltageSource);
+    connect(m_sweep.get(), &SweepRunner::arrived, this, &Runkest::keepResult);
+    connect(m_sweep.get(), &SweepRunner::solved, this,
+            [this](int index, const EngineOutput& output) {
+                if (!takeOverBefore(m_missing.at(index)) || !takeResult(output)) {
+                    m_sweep->stop();
+                }
+            });
     connect(m_sweep.get(), &SweepRunner::failed, this,
             [this](const QString& reason) { fail(FindingKind::EngineFailed, reason); });
     connect(m_sweep.get(), &SweepRunner::warned, this, [this](const QString& text) {
@@ -100,29 +131,54 @@ void Runkest::startSweep()
     m_sweep->start();
 }
 
-void Runkest::takeResult(int index, const EngineOutput& output)
+void Runkest::keepResult(int index, const EngineOutput& output)
 {
-    if (!m_results.add(m_deck->frequency(index), output)) {
-        fail(FindingKind::ResultNotWritten, m_results.error());
-        m_sweep->stop();
-        return;
-    }
-    printer().printText(SweepReport::tableLine(m_results.points().last()));
-    printProgress(index);
-    checkReader();
+    component().findingPrinter().print(m_partial->add(m_missing.at(index), output));
 }
 
-void Runkest::printProgress(int index)
+// The results before this frequency that an earlier run has kept.
+bool Runkest::takeOverBefore(int index)
 {
-    const int done = index + 1;
-    printer().printPercentage(Marker::Percentage, 100 * done / m_deck->count());
-    printer().printPercentage(Marker::TotalPercentage, solvingShare.at(done, m_deck->count()));
+    while (m_next < index) {
+        const std::optional<EngineOutput> output = m_partial->takenOver(m_next);
+        if (!output) {
+            fail(FindingKind::ResumeRefused,
+                 {m_partial->name(), QStringLiteral("it was changed meanwhile")});
+            return false;
+        }
+        if (!takeResult(*output)) {
+            return false;
+        }
+    }
+    return true;
+}
+
+bool Runkest::takeResult(const EngineOutput& output)
+{
+    if (!m_results.add(m_deck->frequency(m_next), output)) {
+        fail(FindingKind::ResultNotWritten, m_results.error());
+        return false;
+    }
+    ++m_next;
+    printer().printText(SweepReport::tableLine(m_results.points().last()));
+    printProgress();
+    checkReader();
+    return true;
+}
+
+void Runkest::printProgress()
+{
+    printer().printPercentage(Marker::Percentage, 100 * m_next / m_deck->count());
+    printer().printPercentage(Marker::TotalPercentage, solvingShare.at(m_next, m_deck->count()));
 }
 
 void Runkest::endSweep(bool isComplete)
 {
-    if (isComplete && isGood()) {
+    if (isComplete && isGood() && takeOverBefore(m_deck->count())) {
         writeResults();
+    }
+    if (!isGood()) {
+        reportKept();
     }
     finish();
 }
@@ -133,9 +189,20 @@ void Runkest::writeResults()
         fail(FindingKind::ResultNotWritten, m_results.error());
         return;
     }
+    m_partial->remove();
     printer().printFiles(m_results.paths());
     component().findingPrinter().print(SweepReport::facts(m_results.points()));
     printer().printPercentage(Marker::TotalPercentage, 100);
+}
+
+// What another run can continue from.
+void Runkest::reportKept()
+{
+    const FindingList kept = m_partial->kept();
+    if (!kept.isEmpty()) {
+        printer().printFiles({m_partial->path()});
+        component().findingPrinter().print(kept);
+    }
 }
 
 bool Runkest::stopWork()

@@ -2,6 +2,7 @@
 
 #include "ComponentProgram.h"
 #include "ComponentStage.h"
+#include "PartialResults.h"
 #include "SweepDeck.h"
 #include "SweepPlan.h"
 #include "SweepResults.h"
@@ -27,15 +28,22 @@ private:
     void passOn(const suite::MarkerLine& line);
     void endAdaptive();
     bool prepare();
+    void solve();
     void startSweep();
-    void takeResult(int index, const suite::EngineOutput& output);
-    void printProgress(int index);
+    void keepResult(int index, const suite::EngineOutput& output);
+    bool takeOverBefore(int index);
+    bool takeResult(const suite::EngineOutput& output);
+    void printProgress();
     void endSweep(bool isComplete);
     void writeResults();
+    void reportKept();
 
     suite::SweepResults m_results;
     std::unique_ptr<suite::SweepPlan> m_plan;
     std::unique_ptr<suite::SweepDeck> m_deck;
+    std::unique_ptr<suite::PartialResults> m_partial;
+    QVector<int> m_missing; ///< what the sweep solves, by its index among all frequencies
+    int m_next = 0;         ///< the next frequency of the results
     std::unique_ptr<suite::SweepRunner> m_sweep;
     std::unique_ptr<suite::ComponentStage> m_adaptive;
 };

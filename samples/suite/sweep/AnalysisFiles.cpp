@@ -108,10 +108,16 @@ bool AnalysisFiles::save(int number, const QVector<AnalysisPoint>& points)
     return true;
 }
 
+bool AnalysisFiles::exists(int number) const
+{
+    const QFileInfo info(path(number));
+    return info.exists() || info.isSymLink();
+}
+
 std::optional<QVector<AnalysisPoint>> AnalysisFiles::load(int number)
 {
     const QFileInfo info(path(number));
-    if (!info.exists() && !info.isSymLink()) {
+    if (!exists(number)) {
         m_error = QStringLiteral("there is no analysis %1 to go on from").arg(number);
         return std::nullopt;
     }

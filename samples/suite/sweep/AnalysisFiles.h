@@ -42,6 +42,9 @@ public:
     /// Writes an analysis, in one step. Later ones, which an earlier run may have left, go.
     bool save(int number, const QVector<AnalysisPoint>& points);
 
+    /// Whether there is anything in the place of an analysis.
+    [[nodiscard]] bool exists(int number) const;
+
     /// Reads an analysis; nothing when it cannot be used.
     std::optional<QVector<AnalysisPoint>> load(int number);
 

@@ -81,6 +81,7 @@ void Sweep::finishJob(int index)
         fail(index, error);
         return;
     }
+    Q_EMIT arrived(index, output);
     m_waiting.emplace(index, output);
     reportResults();
 }

@@ -39,6 +39,16 @@ SweepDeck::SweepDeck(const Model& model, QVector<double> frequencies)
     }
 }
 
+SweepDeck SweepDeck::part(const QVector<int>& indices) const
+{
+    SweepDeck result = *this;
+    result.m_frequencies.clear();
+    for (const int index : indices) {
+        result.m_frequencies.append(frequency(index));
+    }
+    return result;
+}
+
 QByteArray SweepDeck::deck(int index) const
 {
     return m_before + "FR 0 1 0 0 " + QByteArray::number(frequency(index), 'g', 15) + " 0\n" +

@@ -19,6 +19,12 @@ public:
     [[nodiscard]] int count() const { return m_frequencies.size(); }
     [[nodiscard]] double frequency(int index) const { return m_frequencies.at(index); }
 
+    /// The cards that all decks have in common; the frequency's card is an empty line.
+    [[nodiscard]] QByteArray cards() const { return m_before + '\n' + m_after; }
+
+    /// The same cards at some of the frequencies, by their indices.
+    [[nodiscard]] SweepDeck part(const QVector<int>& indices) const;
+
     /// The deck of one frequency.
     [[nodiscard]] QByteArray deck(int index) const;
 

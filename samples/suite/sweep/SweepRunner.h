@@ -23,6 +23,9 @@ public:
     virtual void stop() = 0;
 
 Q_SIGNALS:
+    /// The result of a frequency is there, whether or not those before it are.
+    void arrived(int index, const suite::EngineOutput& output);
+
     /// The result of the next frequency is there.
     void solved(int index, const suite::EngineOutput& output);
 

@@ -106,6 +106,15 @@ public:
         settings.setValue(text("options/") + text(name), value);
     }
 
+    void setPreference(const char* name, const QVariant& value) const
+    {
+        QSettings settings(m_desk.path("user/kestdesk.ini"), QSettings::IniFormat);
+        settings.setValue(text("preferences/") + text(name), value);
+    }
+
+    /// Also before a run is stopped that has just started.
+    void askFromTheStart() const { setPreference("askAfterSeconds", 0); }
+
     void open()
     {
         m_window = std::make_unique<MainWindow>();
@@ -154,19 +163,23 @@ public:
         pressRun();
     }
 
+    /// The row of a run in the list, which shows the newest one first. The runs are numbered as
+    /// they were started, from 0 on.
+    int rowOf(int run) const { return runCount() - 1 - run; }
+
     /// What the list of runs shows.
-    QString cell(int row, const char* column) const
+    QString cell(int run, const char* column) const
     {
         const QAbstractItemModel* const runs = find<QTableView>("runList")->model();
         for (int i = 0; i < runs->columnCount(); ++i) {
             if (runs->headerData(i, Qt::Horizontal).toString() == text(column)) {
-                return runs->index(row, i).data().toString();
+                return runs->index(rowOf(run), i).data().toString();
             }
         }
         return text("no such column");
     }
 
-    QString state(int row = 0) const { return cell(row, "State"); }
+    QString state(int run = 0) const { return cell(run, "State"); }
     int runCount() const { return find<QTableView>("runList")->model()->rowCount(); }
     QString outcomeText() const { return find<QLabel>("outcomeLabel")->text(); }
 
@@ -196,6 +209,20 @@ public:
     static BoxAnswerer::Answer pressing(Qt::Key key)
     {
         return [key](QMessageBox& box) { QTest::keyClick(&box, key); };
+    }
+
+    /// What a user does who wants what the box asks.
+    static BoxAnswerer::Answer agreeing()
+    {
+        return [](QMessageBox& box) {
+            const QList<QAbstractButton*> buttons = box.buttons();
+            for (QAbstractButton* const button : buttons) {
+                if (box.buttonRole(button) == QMessageBox::YesRole) {
+                    button->click();
+                    return;
+                }
+            }
+        };
     }
 
 private:

@@ -1,0 +1,145 @@
+#include "PaceFit.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace {
+
+constexpr double burstGap = 0.25; // of the mean gap: closer points are one
+constexpr int stepsWithoutStart = 4;
+constexpr double pauseLength = 6;    // of what a step usually takes
+constexpr double pauseOfAverage = 5; // and of what an average one takes, for very small steps
+constexpr double halfWeight = 0.25;  // of the run
+constexpr int stepsOfGrowth = 5;
+constexpr double usualGrowth = 1;   // of the pace over the run, standard deviation
+constexpr double leastNoise = 0.02; // of the pace
+constexpr double leastChange = 0.3;
+constexpr double mostChange = 4;
+constexpr double leastVariation = 0.2; // of the pace from step to step
+constexpr double firstVariation = 0.5; // as long as there are too few steps to tell
+
+template <typename Steps, typename Value>
+double weightedMean(const Steps& steps, Value value)
+{
+    double sum = 0;
+    double weights = 0;
+    for (const auto& step : steps) {
+        sum += step.weight * value(step);
+        weights += step.weight;
+    }
+    return sum / weights;
+}
+
+template <typename Steps>
+double medianPace(const Steps& steps)
+{
+    QVector<double> paces;
+    std::transform(steps.begin(), steps.end(), std::back_inserter(paces),
+                   [](const auto& step) { return step.pace(); });
+    const auto middle = paces.begin() + paces.size() / 2;
+    std::nth_element(paces.begin(), middle, paces.end());
+    return *middle;
+}
+
+} // namespace
+
+PaceFit::PaceFit(const QVector<PacePoint>& points, double end, Growth growth)
+{
+    QVector<Step> steps = stepsBetween(withoutBursts(points));
+    if (steps.size() > stepsWithoutStart) {
+        steps.removeFirst();
+    }
+    steps = withoutPauses(steps);
+    if (!steps.isEmpty()) {
+        const double last = points.last().work;
+        fit(steps, end - points.first().work, (last + end) / 2, growth);
+    }
+}
+
+// Of a burst the last point stays: then all of its work is done.
+QVector<PacePoint> PaceFit::withoutBursts(const QVector<PacePoint>& points)
+{
+    QVector<PacePoint> result;
+    if (points.size() < 2) {
+        return result;
+    }
+    const double least = burstGap * (points.last().time - points.first().time) /
+                         static_cast<double>(points.size() - 1);
+    for (const PacePoint& point : points) {
+        const bool isNear = !result.isEmpty() && (point.time - result.last().time < least ||
+                                                  point.work <= result.last().work);
+        if (isNear) {
+            result.last() = point;
+        } else {
+            result.append(point);
+        }
+    }
+    return result;
+}
+
+QVector<PaceFit::Step> PaceFit::stepsBetween(const QVector<PacePoint>& points)
+{
+    QVector<Step> result;
+    for (int i = 1; i < points.size(); ++i) {
+        const PacePoint& from = points[i - 1];
+        const PacePoint& to = points[i];
+        if (to.work > from.work && to.time > from.time) {
+            result.append({(from.work + to.work) / 2, to.work - from.work, to.time - from.time, 0});
+        }
+    }
+    return result;
+}
+
+QVector<PaceFit::Step> PaceFit::withoutPauses(const QVector<Step>& steps)
+{
+    if (steps.size() < stepsWithoutStart) {
+        return steps;
+    }
+    const double usual = medianPace(steps);
+    double work = 0;
+    for (const Step& step : steps) {
+        work += step.work;
+    }
+    const double average = usual * work / steps.size();
+    QVector<Step> result;
+    std::copy_if(steps.begin(), steps.end(), std::back_inserter(result), [&](const Step& step) {
+        return step.time <= pauseLength * usual * step.work + pauseOfAverage * average;
+    });
+    return result;
+}
+
+// A straight line through the paces of the steps, whose slope is held back by what is usual: few or
+// uneven steps say little about it.
+void PaceFit::fit(QVector<Step> steps, double range, double restMiddle, Growth growth)
+{
+    const double last = steps.last().middle;
+    for (Step& step : steps) {
+        step.weight = step.work * std::exp2((step.middle - last) / (halfWeight * range));
+    }
+    m_steps = steps.size();
+    const double mean = weightedMean(steps, [](const Step& step) { return step.pace(); });
+    const double middle = weightedMean(steps, [](const Step& step) { return step.middle; });
+    const double square =
+        weightedMean(steps, [&](const Step& step) { return std::pow(step.middle - middle, 2); });
+    const double product = weightedMean(
+        steps, [&](const Step& step) { return (step.middle - middle) * (step.pace() - mean); });
+    double slope = 0;
+    double noise =
+        weightedMean(steps, [&](const Step& step) { return std::pow(step.pace() - mean, 2); });
+    if (growth == Growth::Followed && m_steps >= stepsOfGrowth) {
+        noise = qMax(noise - product * product / square, std::pow(leastNoise * mean, 2));
+        const double usual = std::pow(usualGrowth * mean / range, 2);
+        slope = product / (square + noise / usual / m_steps);
+    }
+    m_pace = qBound(leastChange * mean, mean + slope * (restMiddle - middle), mostChange * mean);
+    const double variation = m_steps < stepsWithoutStart
+                                 ? firstVariation
+                                 : qMax(leastVariation, std::sqrt(noise) / mean);
+    m_spread = variation / std::sqrt(m_steps);
+    double time = 0;
+    for (const Step& step : qAsConst(steps)) {
+        time += step.time;
+        m_longestStep = qMax(m_longestStep, step.time);
+    }
+    m_usualStep = time / m_steps;
+}

@@ -1,0 +1,101 @@
+#include "RemainingTime.h"
+
+#include <cmath>
+
+namespace {
+
+constexpr qint64 second = 1000;
+constexpr qint64 minute = 60 * second;
+constexpr qint64 hour = 60 * minute;
+constexpr qint64 day = 24 * hour;
+
+constexpr qint64 tooShort = 2 * second; // since the start, for any figure
+constexpr qint64 leastShown = 5 * second;
+constexpr double leastSmoothing = 3 * second;
+constexpr double smoothing = 0.1; // of the remaining time
+
+// Times up to a limit are rounded to a step.
+constexpr struct
+{
+    qint64 limit;
+    qint64 step;
+} roundings[] = {
+    {10 * minute, 5 * second}, {hour, minute},  {2 * hour, 5 * minute},
+    {10 * hour, hour / 2},     {2 * day, hour},
+};
+
+qint64 stepOf(qint64 time)
+{
+    for (const auto& row : roundings) {
+        if (time < row.limit) {
+            return row.step;
+        }
+    }
+    return day / 2;
+}
+
+qint64 roundedTime(double time)
+{
+    const qint64 step = stepOf(static_cast<qint64>(time));
+    return qMax(leastShown, qRound64(time / static_cast<double>(step)) * step);
+}
+
+} // namespace
+
+void RemainingTime::update(qint64 now, std::optional<double> remaining)
+{
+    if (!remaining || now < tooShort) {
+        m_end.reset();
+        return;
+    }
+    const bool isFirst = !m_end;
+    smooth(now, *remaining);
+    const double left = qMax(*m_end - static_cast<double>(now), 0.);
+    const bool isMore = left > static_cast<double>(m_shown + stepOf(m_shown));
+    const qint64 rounded = roundedTime(left);
+    if (isFirst || rounded < m_shown || isMore) {
+        m_shown = rounded;
+    }
+}
+
+// The estimated end follows the estimates with a delay of a tenth of the time that is left.
+void RemainingTime::smooth(qint64 now, double remaining)
+{
+    const double end = static_cast<double>(now) + remaining;
+    const double delay = qMax(leastSmoothing, smoothing * remaining);
+    const double part = m_end ? -std::expm1(static_cast<double>(m_lastUpdate - now) / delay) : 1;
+    m_end = m_end.value_or(end) + part * (end - m_end.value_or(end));
+    m_lastUpdate = now;
+}
+
+QString RemainingTime::text() const
+{
+    return m_end ? shortText() + QStringLiteral(" left") : QString();
+}
+
+QString RemainingTime::shortText() const
+{
+    return m_end ? QStringLiteral("about ") + rounded(m_shown) : QString();
+}
+
+QString RemainingTime::rounded(qint64 milliseconds)
+{
+    const qint64 time = roundedTime(static_cast<double>(milliseconds));
+    if (time < minute) {
+        return QStringLiteral("%1 s").arg(time / second);
+    }
+    if (time < 10 * minute) {
+        return QStringLiteral("%1:%2")
+            .arg(time / minute)
+            .arg(time % minute / second, 2, 10, QLatin1Char('0'));
+    }
+    if (time < hour) {
+        return QStringLiteral("%1 min").arg(time / minute);
+    }
+    if (time < 2 * day) {
+        const QString hours = QStringLiteral("%1 h").arg(time / hour);
+        const qint64 minutes = time % hour / minute;
+        return minutes > 0 ? hours + QStringLiteral(" %1 min").arg(minutes) : hours;
+    }
+    return QStringLiteral("%1 days").arg(static_cast<double>(time) / day);
+}

@@ -1,0 +1,52 @@
+#pragma once
+
+#include "PaceExpectation.h"
+#include "RemainingTime.h"
+#include "RunArchive.h"
+#include "RunPace.h"
+
+#include <QFutureWatcher>
+#include <QObject>
+#include <QTimer>
+
+#include <atomic>
+#include <memory>
+
+class Run;
+
+/// Tells how long a run still takes, from the runs in the archive and from its own pace. The
+/// archive is read in a thread; until that is done, nothing is told.
+class RunForecast : public QObject
+{
+    Q_OBJECT
+
+public:
+    /// To be made before the run is started; usable until the run is gone.
+    RunForecast(const Run& run, RunArchive archive, QObject* parent = nullptr);
+    ~RunForecast() override;
+
+    /// "about 3:40 left"; empty while that cannot be said, and when the run does not run.
+    QString text() const;
+
+    /// The same for a table: "about 3:40".
+    QString shortText() const;
+
+Q_SIGNALS:
+    /// The texts have changed.
+    void changed();
+
+private:
+    void onStateChanged();
+    void readHistory();
+    void update();
+
+    const Run& m_run;
+    RunArchive m_archive;
+    RunPace m_pace;
+    RemainingTime m_remaining;
+    bool m_isReady = false; ///< what was to be read is read
+    QString m_shown;
+    QTimer m_timer;
+    QFutureWatcher<PaceExpectation> m_reading;
+    std::shared_ptr<std::atomic<bool>> m_isCancelled;
+};

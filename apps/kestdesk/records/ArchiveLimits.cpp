@@ -1,0 +1,9 @@
+#include "ArchiveLimits.h"
+
+#include "KestdeskSettings.h"
+
+RunArchive::Limits ArchiveLimits::ofUser()
+{
+    const KestdeskSettings settings = KestdeskSettings::read();
+    return {settings.archiveDays(), settings.archiveMegabytes()};
+}

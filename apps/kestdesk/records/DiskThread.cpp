@@ -1,0 +1,89 @@
+#include "DiskThread.h"
+
+#include <chrono>
+#include <condition_variable>
+#include <deque>
+#include <mutex>
+#include <utility>
+
+namespace {
+
+using namespace std::chrono_literals;
+
+constexpr auto patience = 5s; // with a disk at the end
+
+} // namespace
+
+// What both threads use. The working thread keeps it when it has to be left behind.
+struct DiskThread::Shared
+{
+    std::mutex mutex;
+    std::condition_variable changed;
+    std::deque<Job> jobs;
+    DiskThread* owner = nullptr; // null once it is gone
+    bool isDone = false;
+
+    // Nothing when there will be none.
+    Job next()
+    {
+        std::unique_lock<std::mutex> lock(mutex);
+        changed.wait(lock, [this] { return owner == nullptr || !jobs.empty(); });
+        if (owner == nullptr) {
+            return {};
+        }
+        Job job = std::move(jobs.front());
+        jobs.pop_front();
+        return job;
+    }
+
+    void answer(const Reply& reply)
+    {
+        const std::lock_guard<std::mutex> lock(mutex);
+        if (owner != nullptr) {
+            QMetaObject::invokeMethod(owner, reply, Qt::QueuedConnection);
+        }
+    }
+
+    void setDone()
+    {
+        const std::lock_guard<std::mutex> lock(mutex);
+        isDone = true;
+        changed.notify_all();
+    }
+};
+
+DiskThread::DiskThread(QObject* parent) : QObject(parent), m_shared(std::make_shared<Shared>())
+{
+    m_shared->owner = this;
+    m_thread = std::thread(&DiskThread::work, m_shared);
+}
+
+DiskThread::~DiskThread()
+{
+    std::unique_lock<std::mutex> lock(m_shared->mutex);
+    m_shared->owner = nullptr;
+    m_shared->changed.notify_all();
+    const bool isDone =
+        m_shared->changed.wait_for(lock, patience, [this] { return m_shared->isDone; });
+    lock.unlock();
+    if (isDone) {
+        m_thread.join();
+    } else {
+        m_thread.detach();
+    }
+}
+
+void DiskThread::post(Job job)
+{
+    const std::lock_guard<std::mutex> lock(m_shared->mutex);
+    m_shared->jobs.push_back(std::move(job));
+    m_shared->changed.notify_all();
+}
+
+void DiskThread::work(const std::shared_ptr<Shared>& shared)
+{
+    while (const Job job = shared->next()) {
+        job([&shared](const Reply& reply) { shared->answer(reply); });
+    }
+    shared->setDone();
+}

@@ -1,0 +1,236 @@
+#include "RunActions.h"
+
+#include "ArchiveWatch.h"
+#include "Descendants.h"
+#include "RunFilter.h"
+#include "RunListPart.h"
+#include "RunListView.h"
+#include "ShellCommand.h"
+
+#include <VisibleText.h>
+
+#include <common_UserQuery.h>
+
+#include <QAction>
+#include <QClipboard>
+#include <QDesktopServices>
+#include <QFileInfo>
+#include <QGuiApplication>
+#include <QMenu>
+#include <QMessageBox>
+#include <QPointer>
+#include <QUrl>
+
+#include <algorithm>
+#include <iterator>
+
+namespace {
+
+constexpr int mostNamed = 10;   // runs in a question
+constexpr int mostFolders = 10; // opened at once
+constexpr int mostWindows = 10; // of records, opened at once
+
+QString nameOf(const ListedRun& run)
+{
+    return QStringLiteral("Run %1: %2, %3")
+        .arg(run.number())
+        .arg(suite::visibleFileName(run.model()), run.stateText());
+}
+
+QString numbered(const QVector<int>& numbers)
+{
+    QStringList texts;
+    std::transform(numbers.begin(), numbers.end(), std::back_inserter(texts),
+                   [](int number) { return QString::number(number); });
+    return texts.join(QStringLiteral(", "));
+}
+
+// Those that can be deleted.
+QVector<ListedRun> endedOf(const QVector<ListedRun>& runs)
+{
+    QVector<ListedRun> result;
+    std::copy_if(runs.begin(), runs.end(), std::back_inserter(result), [](const ListedRun& run) {
+        return run.number() > 0 && !run.isRunning() && run.record.hasEnded();
+    });
+    return result;
+}
+
+bool hasRecord(const ListedRun& run)
+{
+    return run.number() > 0;
+}
+
+bool hasCommand(const ListedRun& run)
+{
+    return !run.record.program.isEmpty();
+}
+
+bool agreesToDelete(const QVector<ListedRun>& runs, QWidget* window)
+{
+    QStringList lines;
+    for (const ListedRun& run : runs.mid(0, mostNamed)) {
+        lines.append(nameOf(run));
+    }
+    if (runs.size() > mostNamed) {
+        lines.append(QStringLiteral("and %1 more").arg(runs.size() - mostNamed));
+    }
+    const QString what = runs.size() == 1 ? QStringLiteral("Delete the record of this run?")
+                                          : QStringLiteral("Delete the records of these runs?");
+    common_UserQuery query(QStringLiteral("Delete records"),
+                           QStringLiteral("%1\n\n%2\n\nModels and results stay.")
+                               .arg(what, lines.join(QLatin1Char('\n'))),
+                           common_UserQuery::Warning, window, QString());
+    query.addOption(QStringLiteral("&Delete"), QMessageBox::AcceptRole);
+    query.addOption(QStringLiteral("Cancel"), QMessageBox::RejectRole,
+                    common_UserQuery::EnterDefault);
+    return query.display() == QMessageBox::AcceptRole;
+}
+
+} // namespace
+
+struct RunActions::Row
+{
+    const char* name;
+    const char* text;
+    const char* shortcut; ///< empty for none
+    const char* hint;
+    bool isForRuns; ///< stands in the list's own menu, too
+    void (RunActions::*slot)();
+};
+
+// clang-format off
+const RunActions::Row RunActions::rows[] = {
+    {"showRecordAction",  "Show &record",           "Ctrl+R",       "Show what is kept of the selected runs: messages, output, command, differences", true,  &RunActions::showRecords},
+    {"runAgainAction",    "Run &again exactly",     "Ctrl+F5",      "Run the same command with the same options on the same model",                    true,  &RunActions::runAgain},
+    {"openFolderAction",  "Open f&older",           "",             "Show the model's folder in the file manager",                                    true,  &RunActions::openFolders},
+    {"copyCommandAction", "Copy comma&nd",          "Ctrl+Shift+C", "Copy the command of the selected runs for a terminal",                           true,  &RunActions::copyCommands},
+    {"deleteRunsAction",  "&Delete records...",     "Ctrl+Del",     "Delete the records of the selected runs; models and results stay",               true,  &RunActions::deleteRecords},
+    {"findRunsAction",    "F&ilter runs",           "Ctrl+F",       "Show only some of the runs",                                                     false, &RunActions::focusFilter},
+    {"showAllRunsAction", "Sho&w all runs",         "",             "Show all runs again that were filtered or cleared",                              false, &RunActions::showAll},
+};
+// clang-format on
+
+RunActions::RunActions(RunListPart* part, QMenu* menu, QWidget* window)
+    : QObject(window), m_part(part), m_window(window)
+{
+    menu->addSeparator();
+    for (const Row& row : rows) {
+        addAction(row, menu);
+    }
+    connect(m_part->list(), &RunListView::selectedRunChanged, this, &RunActions::update);
+    connect(m_part->list()->model(), &QAbstractItemModel::dataChanged, this, &RunActions::update);
+    connect(menu, &QMenu::aboutToShow, this, &RunActions::update);
+    connect(m_part->archive(), &ArchiveWatch::notRemoved, this, &RunActions::onNotRemoved);
+    update();
+}
+
+void RunActions::addAction(const Row& row, QMenu* menu)
+{
+    QAction* const added = menu->addAction(QLatin1String(row.text));
+    added->setObjectName(QLatin1String(row.name));
+    added->setShortcut(QKeySequence(QLatin1String(row.shortcut)));
+    added->setToolTip(QLatin1String(row.hint));
+    added->setStatusTip(QLatin1String(row.hint));
+    connect(added, &QAction::triggered, this, row.slot);
+    if (row.isForRuns) {
+        m_part->list()->addAction(added);
+    }
+}
+
+QAction* RunActions::action(const char* name) const
+{
+    return m_window->findChild<QAction*>(QLatin1String(name));
+}
+
+void RunActions::update()
+{
+    const QVector<ListedRun> runs = m_part->list()->selectedRuns();
+    const bool isRecorded = std::any_of(runs.begin(), runs.end(), hasRecord);
+    action("showRecordAction")->setEnabled(isRecorded);
+    action("runAgainAction")->setEnabled(runs.size() == 1 && isRecorded);
+    action("openFolderAction")->setEnabled(!runs.isEmpty());
+    action("copyCommandAction")->setEnabled(std::any_of(runs.begin(), runs.end(), hasCommand));
+    action("deleteRunsAction")->setEnabled(!endedOf(runs).isEmpty());
+}
+
+void RunActions::showRecords()
+{
+    const QVector<ListedRun> runs = m_part->list()->selectedRuns().mid(0, mostWindows);
+    for (const ListedRun& run : runs) {
+        if (hasRecord(run)) {
+            Q_EMIT recordRequested(run.number());
+        }
+    }
+}
+
+void RunActions::runAgain()
+{
+    const QVector<ListedRun> runs = m_part->list()->selectedRuns();
+    if (runs.size() == 1 && hasRecord(runs.first())) {
+        Q_EMIT againRequested(runs.first().number());
+    }
+}
+
+// Each once. The file manager is not ended with the runs.
+void RunActions::openFolders()
+{
+    QStringList folders;
+    const QVector<ListedRun> runs = m_part->list()->selectedRuns();
+    for (const ListedRun& run : runs) {
+        folders.append(QFileInfo(run.model()).absolutePath());
+    }
+    folders.removeDuplicates();
+    for (const QString& folder : folders.mid(0, mostFolders)) {
+        bool isOpened = false;
+        Descendants::startDetached(
+            [&] { isOpened = QDesktopServices::openUrl(QUrl::fromLocalFile(folder)); });
+        Q_EMIT reported(
+            (isOpened ? QStringLiteral("Opening %1") : QStringLiteral("%1 cannot be opened"))
+                .arg(suite::visiblePath(folder)));
+    }
+}
+
+void RunActions::copyCommands()
+{
+    QStringList commands;
+    const QVector<ListedRun> runs = m_part->list()->selectedRuns();
+    for (const ListedRun& run : runs) {
+        if (hasCommand(run)) {
+            commands.append(ShellCommand::of(run.record));
+        }
+    }
+    QGuiApplication::clipboard()->setText(commands.join(QLatin1Char('\n')));
+    Q_EMIT reported(commands.size() == 1
+                        ? QStringLiteral("Copied the command of the run")
+                        : QStringLiteral("Copied the commands of %1 runs").arg(commands.size()));
+}
+
+// The runs that are still going are left out, and the question does not name them.
+void RunActions::deleteRecords()
+{
+    const QVector<ListedRun> runs = endedOf(m_part->list()->selectedRuns());
+    const QPointer<RunActions> guard(this); // the window may be destroyed meanwhile
+    if (runs.isEmpty() || !agreesToDelete(runs, m_window) || guard.isNull()) {
+        return;
+    }
+    QVector<int> numbers;
+    std::transform(runs.begin(), runs.end(), std::back_inserter(numbers),
+                   [](const ListedRun& run) { return run.number(); });
+    m_part->archive()->remove(numbers);
+}
+
+void RunActions::showAll()
+{
+    m_part->showAll();
+}
+
+void RunActions::focusFilter()
+{
+    m_part->focusFilter();
+}
+
+void RunActions::onNotRemoved(const QVector<int>& numbers)
+{
+    Q_EMIT reported(
+        QStringLiteral("These records could not be deleted: %1").arg(numbered(numbers)));
+}

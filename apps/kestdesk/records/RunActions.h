@@ -1,0 +1,47 @@
+#pragma once
+
+#include "ListedRun.h"
+
+#include <QObject>
+
+class ArchiveWatch;
+class QAction;
+class QMenu;
+class RunListPart;
+
+/// What can be done with the runs that are selected in the list, in the menu and in the list's own.
+class RunActions : public QObject
+{
+    Q_OBJECT
+
+public:
+    /// Adds the actions to the menu and to the list. The part must outlive them.
+    RunActions(RunListPart* part, QMenu* menu, QWidget* window);
+
+Q_SIGNALS:
+    void recordRequested(int number);
+    void againRequested(int number);
+
+    /// A sentence for the status line.
+    void reported(const QString& text);
+
+private:
+    struct Row;
+    static const Row rows[];
+
+    void addAction(const Row& row, QMenu* menu);
+    void update();
+    QAction* action(const char* name) const;
+
+    void showRecords();
+    void runAgain();
+    void openFolders();
+    void copyCommands();
+    void deleteRecords();
+    void showAll();
+    void focusFilter();
+    void onNotRemoved(const QVector<int>& numbers);
+
+    RunListPart* m_part;
+    QWidget* m_window;
+};

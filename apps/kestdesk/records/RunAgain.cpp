@@ -1,0 +1,112 @@
+#include "RunAgain.h"
+
+#include <VisibleText.h>
+
+#include <common_UserQuery.h>
+
+#include <QMessageBox>
+
+#include <utility>
+
+namespace {
+
+enum class Choice { AsItWas, AsItIs, Cancel };
+
+QString sentence(QString clause)
+{
+    clause[0] = clause.at(0).toUpper();
+    return clause + QLatin1Char('.');
+}
+
+// What there is to choose from depends on what is there.
+Choice ask(const RunRecord& record, bool isThere, bool hasCopy, QWidget* window)
+{
+    const QString name = suite::visibleFileName(record.model);
+    const QString text =
+        isThere
+            ? QStringLiteral("The model %1 has changed since run %2.\n\nWhich one is to be run?")
+                  .arg(name)
+                  .arg(record.number)
+            : QStringLiteral("The model %1 is no longer there.\n\nThe record of run %2 has it as "
+                             "it was.")
+                  .arg(name)
+                  .arg(record.number);
+    common_UserQuery query(QStringLiteral("Run again"), text, common_UserQuery::Warning, window,
+                           QString());
+    if (hasCopy) {
+        query.addOption(QStringLiteral("As it &was"), QMessageBox::AcceptRole,
+                        common_UserQuery::EnterDefault);
+    }
+    if (isThere) {
+        query.addOption(QStringLiteral("As it is &now"), QMessageBox::ActionRole);
+    }
+    query.addOption(QStringLiteral("Cancel"), QMessageBox::RejectRole,
+                    common_UserQuery::EscapeDefault);
+    switch (query.display()) {
+    case QMessageBox::AcceptRole:
+        return Choice::AsItWas;
+    case QMessageBox::ActionRole:
+        return Choice::AsItIs;
+    default:
+        return Choice::Cancel;
+    }
+}
+
+} // namespace
+
+RunAgain::RunAgain(RunArchive archive, QWidget* window)
+    : QObject(window), m_archive(std::move(archive)), m_window(window)
+{}
+
+void RunAgain::request(int number)
+{
+    m_disk.post([this, archive = m_archive, number](const DiskThread::Answer& answer) {
+        const auto record = archive.record(number);
+        if (!record) {
+            answer([this, number] {
+                Q_EMIT failed(QStringLiteral("There is no record of run %1 any more.").arg(number));
+            });
+            return;
+        }
+        const ModelState state = RecordedRun::modelState(*record);
+        const bool hasCopy = RecordedRun::hasModelCopy(*record);
+        answer([this, record, state, hasCopy] { decide(*record, state, hasCopy); });
+    });
+}
+
+void RunAgain::decide(const RunRecord& record, ModelState state, bool hasCopy)
+{
+    if (state == ModelState::Unchanged) {
+        Q_EMIT ready(record, record.model);
+        return;
+    }
+    if (state == ModelState::Missing && !hasCopy) {
+        Q_EMIT failed(QStringLiteral("The model %1 is no longer there, and the record has no copy.")
+                          .arg(suite::visiblePath(record.model)));
+        return;
+    }
+    const QPointer<RunAgain> guard(this); // the window may be destroyed meanwhile
+    const Choice choice = ask(record, state == ModelState::Changed, hasCopy, m_window);
+    if (guard.isNull()) {
+        return;
+    }
+    if (choice == Choice::AsItWas) {
+        writeModel(record);
+    } else if (choice == Choice::AsItIs) {
+        Q_EMIT ready(record, record.model);
+    }
+}
+
+void RunAgain::writeModel(const RunRecord& record)
+{
+    m_disk.post([this, record](const DiskThread::Answer& answer) {
+        const RecordedRun::ModelFile file = RecordedRun::writeModel(record);
+        answer([this, record, file] {
+            if (file.path.isEmpty()) {
+                Q_EMIT failed(sentence(suite::visibleText(file.problem)));
+            } else {
+                Q_EMIT ready(record, file.path);
+            }
+        });
+    });
+}

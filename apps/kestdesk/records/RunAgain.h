@@ -1,0 +1,39 @@
+#pragma once
+
+#include "DiskThread.h"
+#include "RecordedRun.h"
+#include "RunArchive.h"
+
+#include <QObject>
+#include <QPointer>
+#include <QWidget>
+
+/// Prepares the repetition of a recorded run: reads the record, and asks the user which model is
+/// meant if the model has changed since.
+class RunAgain : public QObject
+{
+    Q_OBJECT
+
+public:
+    /// Questions are shown over the window.
+    RunAgain(RunArchive archive, QWidget* window);
+
+    void request(int number);
+
+Q_SIGNALS:
+    /// The run can be set up, with that model.
+    void ready(const RunRecord& record, const QString& model);
+
+    /// It cannot be repeated: a sentence says why.
+    void failed(const QString& problem);
+
+private:
+    using ModelState = RecordedRun::ModelState;
+
+    void decide(const RunRecord& record, ModelState state, bool hasCopy);
+    void writeModel(const RunRecord& record);
+
+    RunArchive m_archive;
+    QWidget* m_window;
+    DiskThread m_disk;
+};

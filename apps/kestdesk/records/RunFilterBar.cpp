@@ -1,0 +1,90 @@
+#include "RunFilterBar.h"
+
+#include "RunFilter.h"
+
+#include <QComboBox>
+#include <QHBoxLayout>
+#include <QLineEdit>
+#include <QToolButton>
+
+namespace {
+
+using State = RunRecord::State;
+
+// clang-format off
+const struct { const char* text; std::optional<State> state; } stateRows[] = {
+    {"All states",      std::nullopt},
+    {"Running",         State::Running},
+    {"Valid",           State::Valid},
+    {"Fault",           State::Fault},
+    {"Stopped",         State::Stopped},
+    {"Not started",     State::NotStarted},
+    {"Interrupted",     State::Interrupted},
+};
+// clang-format on
+
+} // namespace
+
+RunFilterBar::RunFilterBar(RunFilter* filter, QWidget* parent) : QWidget(parent), m_filter(filter)
+{
+    setObjectName(QStringLiteral("runFilterBar"));
+    makeText();
+    makeState();
+    makeGrouping();
+    auto* layout = new QHBoxLayout(this);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->addWidget(m_text, 1);
+    layout->addWidget(m_state);
+    layout->addWidget(m_grouping);
+}
+
+void RunFilterBar::makeText()
+{
+    m_text = new QLineEdit(this);
+    m_text->setObjectName(QStringLiteral("runFilterEdit"));
+    m_text->setPlaceholderText(QStringLiteral("Filter by model, state, outcome or number"));
+    m_text->setAccessibleName(QStringLiteral("Filter of the runs"));
+    m_text->setClearButtonEnabled(true);
+    connect(m_text, &QLineEdit::textChanged, m_filter, &RunFilter::setText);
+}
+
+void RunFilterBar::makeState()
+{
+    m_state = new QComboBox(this);
+    m_state->setObjectName(QStringLiteral("runStateBox"));
+    m_state->setAccessibleName(QStringLiteral("State of the runs"));
+    m_state->setToolTip(QStringLiteral("Show only runs in this state"));
+    for (const auto& row : stateRows) {
+        m_state->addItem(QLatin1String(row.text));
+    }
+    connect(m_state, qOverload<int>(&QComboBox::currentIndexChanged), this,
+            &RunFilterBar::onStateChosen);
+}
+
+void RunFilterBar::makeGrouping()
+{
+    m_grouping = new QToolButton(this);
+    m_grouping->setObjectName(QStringLiteral("groupRunsButton"));
+    m_grouping->setText(QStringLiteral("Group by model"));
+    m_grouping->setToolTip(QStringLiteral("Keep the runs of a model together"));
+    m_grouping->setCheckable(true);
+    connect(m_grouping, &QToolButton::toggled, m_filter, &RunFilter::setGrouped);
+}
+
+void RunFilterBar::focusText()
+{
+    m_text->setFocus(Qt::ShortcutFocusReason);
+    m_text->selectAll();
+}
+
+void RunFilterBar::clear()
+{
+    m_text->clear();
+    m_state->setCurrentIndex(0);
+    m_filter->showAll();
+}
+
+void RunFilterBar::onStateChosen()
+{
+    m_filter->setState(stateRows[m_state->currentIndex()].state);
+}

@@ -1,0 +1,71 @@
+#include "RunListPart.h"
+
+#include "ArchiveWatch.h"
+#include "RunFilter.h"
+#include "RunFilterBar.h"
+#include "RunListView.h"
+#include "RunTableModel.h"
+
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QVBoxLayout>
+
+#include <utility>
+
+RunListPart::RunListPart(RunTableModel* runs, RunArchive archive, QWidget* parent)
+    : QWidget(parent)
+    , m_runs(runs)
+    , m_archive(new ArchiveWatch(std::move(archive), this))
+    , m_list(new RunListView(runs, this))
+    , m_filter(new RunFilterBar(m_list->filter(), this))
+    , m_label(new QLabel(QStringLiteral("Runs &to date:"), this))
+    , m_count(new QLabel(this))
+{
+    m_label->setBuddy(m_list);
+    m_count->setObjectName(QStringLiteral("runCountLabel"));
+    auto* head = new QHBoxLayout;
+    head->addWidget(m_label);
+    head->addWidget(m_count);
+    head->addWidget(m_filter, 1);
+    head->setObjectName(QStringLiteral("runListHead"));
+    auto* layout = new QVBoxLayout(this);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->addLayout(head);
+    layout->addWidget(m_list, 1);
+    connect(m_archive, &ArchiveWatch::changed, m_runs, &RunTableModel::setRecords);
+    connect(m_archive, &ArchiveWatch::removed, m_runs, &RunTableModel::removeRecords);
+    for (const auto signal :
+         {&QAbstractItemModel::rowsInserted, &QAbstractItemModel::rowsRemoved}) {
+        connect(m_list->filter(), signal, this, &RunListPart::updateCount);
+        connect(m_runs, signal, this, &RunListPart::updateCount);
+    }
+    connect(m_list->filter(), &QAbstractItemModel::modelReset, this, &RunListPart::updateCount);
+}
+
+void RunListPart::addButton(QWidget* button)
+{
+    layout()->itemAt(0)->layout()->addWidget(button);
+}
+
+void RunListPart::clearEnded()
+{
+    m_list->filter()->hideEnded();
+}
+
+void RunListPart::showAll()
+{
+    m_filter->clear();
+}
+
+void RunListPart::focusFilter()
+{
+    m_filter->focusText();
+}
+
+// Only where runs are left out.
+void RunListPart::updateCount()
+{
+    const int shown = m_list->filter()->rowCount();
+    const int all = m_runs->rowCount();
+    m_count->setText(shown == all ? QString() : QStringLiteral("%1 of %2").arg(shown).arg(all));
+}

@@ -1,0 +1,77 @@
+#include "ModelLock.h"
+
+#include <common_IApplicationInfo.h>
+#include <common_ServiceOf.h>
+
+#include <QCryptographicHash>
+#include <QDir>
+#include <QFileInfo>
+#include <QLockFile>
+#include <QSysInfo>
+
+namespace {
+
+QDir lockFolder()
+{
+    return {GET_SERVICE(common_IApplicationInfo)->userSettingsDirectory() +
+            QStringLiteral("/locks")};
+}
+
+// A run takes as long as it takes, so no lock is too old.
+std::unique_ptr<QLockFile> makeLock(const QString& path)
+{
+    auto lock = std::make_unique<QLockFile>(path);
+    lock->setStaleLockTime(0);
+    return lock;
+}
+
+QString lockFile(const QString& model)
+{
+    const QFileInfo file(model);
+    const QString path = file.exists() ? file.canonicalFilePath() : file.absoluteFilePath();
+    const QByteArray hash =
+        QCryptographicHash::hash(path.toUtf8(), QCryptographicHash::Sha256).toHex();
+    const QDir folder = lockFolder();
+    folder.mkpath(QStringLiteral("."));
+    return folder.filePath(QString::fromLatin1(hash) + QStringLiteral(".lock"));
+}
+
+} // namespace
+
+ModelLock::ModelLock(const QString& model) : m_file(makeLock(lockFile(model)))
+{}
+
+ModelLock::~ModelLock() = default;
+
+bool ModelLock::take()
+{
+    return m_file->isLocked() || m_file->tryLock(0) ||
+           m_file->error() != QLockFile::LockFailedError;
+}
+
+void ModelLock::release()
+{
+    m_file->unlock();
+}
+
+QString ModelLock::owner() const
+{
+    qint64 process = 0;
+    QString host;
+    QString program;
+    if (!m_file->getLockInfo(&process, &host, &program)) {
+        return QStringLiteral("another process");
+    }
+    const QString place =
+        host == QSysInfo::machineHostName() ? QStringLiteral("this machine") : host;
+    return QStringLiteral("process %1 on %2").arg(process).arg(place);
+}
+
+void ModelLock::removeLeft()
+{
+    const QDir folder = lockFolder();
+    const QStringList names = folder.entryList({QStringLiteral("*.lock")}, QDir::Files);
+    for (const QString& name : names) {
+        makeLock(folder.filePath(name))->removeStaleLockFile();
+    }
+}

@@ -1,0 +1,51 @@
+#pragma once
+
+#include "MachinesFile.h"
+
+#include <QProcessEnvironment>
+
+namespace suite {
+
+/// The job of the scheduler Slurm in which this program runs: the hosts that it has been granted,
+/// and how many processes each takes.
+///
+/// The hosts are those of SLURM_JOB_NODELIST. The number of processes is the number of tasks
+/// (SLURM_TASKS_PER_NODE), or where that does not cover all hosts, as in a job step, the number of
+/// processors (SLURM_JOB_CPUS_PER_NODE, SLURM_CPUS_ON_NODE).
+class SlurmJob
+{
+public:
+    /// Reads the variables that Slurm sets in a job.
+    explicit SlurmJob(
+        const QProcessEnvironment& environment = QProcessEnvironment::systemEnvironment());
+
+    /// Whether the program runs in a job: SLURM_JOB_ID is set.
+    bool isThere() const { return !m_id.isEmpty(); }
+
+    /// For messages: "the Slurm job 17".
+    QString name() const;
+
+    QString id() const { return m_id; }
+
+    /// Why the job cannot be used, as a clause that names it; empty when it can, or when there is
+    /// no job.
+    QString error() const { return m_error; }
+
+    /// Empty where there is no job, or where it cannot be used.
+    const MachinesFile& machines() const { return m_machines; }
+
+    /// The first host of the file that does not belong to the job; empty when all belong to it.
+    /// Upper and lower case make no difference, and a name with a domain is the same as without.
+    QString firstForeignHost(const MachinesFile& file) const;
+
+private:
+    void read(const QProcessEnvironment& environment);
+    QVector<int> readCounts(const QProcessEnvironment& environment, int hosts);
+    void fail(const QString& reason);
+
+    QString m_id;
+    QString m_error;
+    MachinesFile m_machines;
+};
+
+} // namespace suite

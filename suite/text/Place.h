@@ -1,0 +1,31 @@
+#pragma once
+
+#include <QString>
+
+#include <optional>
+
+namespace suite {
+
+/// The place in a model that a message is about, and how messages name it at their end:
+/// "(dipole.nec, line 12, tag 3)". The form has no colon, at which readers split messages, and
+/// programs can read it back from the text.
+struct Place
+{
+    QString file; ///< the file's name without its folder; empty where it is known anyway
+    int line = 0; ///< from 1; 0 for no place
+    int tag = 0;  ///< of the wire, as the model has it; 0 for none
+
+    /// The form above. Characters of the name that a message cannot carry are written as "%3A", and
+    /// so are brackets that do not match. Empty without a line.
+    [[nodiscard]] QString text() const;
+
+    /// A message with this place behind it.
+    [[nodiscard]] QString behind(const QString& message) const;
+
+    /// The place that a message ends with; nothing when it does not end with one.
+    static std::optional<Place> at(const QString& message);
+};
+
+bool operator==(const Place& left, const Place& right);
+
+} // namespace suite

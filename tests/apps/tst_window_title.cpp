@@ -1,0 +1,49 @@
+#include <WindowTitle.h>
+
+#include <QDir>
+#include <QtTest>
+
+class tst_window_title : public QObject
+{
+    Q_OBJECT
+
+private:
+    static QString text(const char* utf8) { return QString::fromUtf8(utf8); }
+
+private Q_SLOTS:
+    void titleHasNameAndFolder_data()
+    {
+        QTest::addColumn<QString>("path");
+        QTest::addColumn<QString>("title");
+        const QString home = QDir::homePath();
+        // clang-format off
+        QTest::newRow("folder")           << text("/data/a/m.nec")               << text("m.nec (/data/a) - kest");
+        QTest::newRow("home")             << home + text("/m.nec")               << text("m.nec (~) - kest");
+        QTest::newRow("below home")       << home + text("/models/m.nec")        << text("m.nec (~/models) - kest");
+        QTest::newRow("only like home")   << home + text("s/m.nec")              << text("m.nec (") + home + text("s) - kest");
+        QTest::newRow("root")             << text("/m.nec")                      << text("m.nec (/) - kest");
+        QTest::newRow("sign for changes") << text("/a[*]/m[*].nec")              << text("m[*][*].nec (/a[*][*]) - kest");
+        QTest::newRow("number sign")      << text("/a%2/m%1.nec")                << text("m%1.nec (/a%2) - kest");
+        QTest::newRow("direction")        << text("/a/left\u202egnp.nec")        << text("left<U+202E>gnp.nec (/a) - kest");
+        QTest::newRow("long folder")      << text("/data/0123456789/0123456789/0123456789/0123456789/last/m.nec")
+            << text("m.nec (\u2026123456789/0123456789/0123456789/0123456789/last) - kest");
+        // clang-format on
+    }
+
+    void titleHasNameAndFolder()
+    {
+        QFETCH(QString, path);
+        QFETCH(QString, title);
+        QCOMPARE(WindowTitle::of(path, text(" - kest")), title);
+    }
+
+    void filesOfOneNameHaveTitlesOfTheirOwn()
+    {
+        QVERIFY(WindowTitle::of(text("/a/m.nec"), QString()) !=
+                WindowTitle::of(text("/b/m.nec"), QString()));
+    }
+};
+
+QTEST_GUILESS_MAIN(tst_window_title)
+
+#include "tst_window_title.moc"
