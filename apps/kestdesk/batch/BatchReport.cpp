@@ -1,6 +1,7 @@
 #include "BatchReport.h"
 
 #include "Run.h"
+#include "RunForecast.h"
 #include "RunTexts.h"
 
 #include <QFileInfo>
@@ -48,17 +49,23 @@ QString progressBar(int percentage)
 
 } // namespace
 
-BatchReport::BatchReport() : m_output(stdout)
+BatchReport::BatchReport() : m_output(std::make_unique<Terminal>(stdout))
 {
     m_statusTimer.setInterval(statusInterval);
     connect(&m_statusTimer, &QTimer::timeout, this, &BatchReport::showStatus);
     m_flushTimer.setSingleShot(true);
-    connect(&m_flushTimer, &QTimer::timeout, this, [this] { m_output.flush(); });
+    connect(&m_flushTimer, &QTimer::timeout, this, [this] { m_output->flush(); });
 }
 
-void BatchReport::follow(const Run& run)
+void BatchReport::leaveOutputFree()
+{
+    m_output = std::make_unique<Terminal>(stderr);
+}
+
+void BatchReport::follow(const Run& run, const RunForecast& forecast)
 {
     m_run = &run;
+    m_forecast = &forecast;
     std::fill(std::begin(m_counts), std::end(m_counts), 0);
     connect(&run, &Run::messageReceived, this, &BatchReport::add);
     connect(&run, &Run::ended, this, &BatchReport::end);
@@ -77,8 +84,8 @@ void BatchReport::add(const common_IProcessMessage& message)
 
 void BatchReport::reportError(const QString& text)
 {
-    m_output.clearStatusLine();
-    m_output.flush();
+    m_output->clearStatusLine();
+    m_output->flush();
     Terminal(stderr).writeLine(QStringLiteral("kestdesk: ") + text, Terminal::Colour::Red);
 }
 
@@ -90,21 +97,22 @@ void BatchReport::end()
     }
     showSummary();
     showOutcome();
-    m_output.flush();
+    m_output->flush();
     m_run = nullptr;
+    m_forecast = nullptr;
 }
 
 void BatchReport::showSummary()
 {
     for (const QString& file : m_run->files()) {
-        m_output.writeLine(QStringLiteral("wrote %1").arg(file));
+        m_output->writeLine(QStringLiteral("wrote %1").arg(file));
     }
-    m_output.writeLine(QStringLiteral("%1, %2, %3, %4 in %5")
-                           .arg(counted(count(common_IProcessMessage::Error), "error"),
-                                counted(count(common_IProcessMessage::Warning), "warning"),
-                                counted(count(common_IProcessMessage::Notice), "notice"),
-                                counted(m_run->files().size(), "file"),
-                                duration(m_run->elapsed())));
+    m_output->writeLine(QStringLiteral("%1, %2, %3, %4 in %5")
+                            .arg(counted(count(common_IProcessMessage::Error), "error"),
+                                 counted(count(common_IProcessMessage::Warning), "warning"),
+                                 counted(count(common_IProcessMessage::Notice), "notice"),
+                                 counted(m_run->files().size(), "file"),
+                                 duration(m_run->elapsed())));
 }
 
 // The component is what the reason speaks of.
@@ -113,17 +121,17 @@ void BatchReport::showOutcome()
     const RunOutcome& outcome = m_run->outcome();
     const Terminal::Colour colour = outcomeColours[static_cast<int>(outcome.kind())];
     if (!outcome.reason().isEmpty()) {
-        m_output.writeLine(QStringLiteral("%1 %2").arg(m_run->componentName(), outcome.reason()),
-                           colour);
+        m_output->writeLine(QStringLiteral("%1 %2").arg(m_run->componentName(), outcome.reason()),
+                            colour);
     }
-    m_output.writeLine(QStringLiteral("%1: %2").arg(modelName(), outcome.word()), colour);
+    m_output->writeLine(QStringLiteral("%1: %2").arg(modelName(), outcome.word()), colour);
 }
 
 void BatchReport::showRecord(int number)
 {
-    m_output.writeLine(
+    m_output->writeLine(
         QStringLiteral("\"kestdesk runs show %1\" shows this run again").arg(number));
-    m_output.flush();
+    m_output->flush();
 }
 
 QString BatchReport::modelName() const
@@ -131,9 +139,19 @@ QString BatchReport::modelName() const
     return QFileInfo(m_run->model()).fileName();
 }
 
-void BatchReport::summarise(const QVector<RunOutcome::Kind>& outcomes)
+void BatchReport::summarise(const QStringList& models, const QVector<RunOutcome::Kind>& outcomes)
 {
     using Kind = RunOutcome::Kind;
+    for (int i = 0; i < models.size(); ++i) {
+        const bool isBegun = i < outcomes.size();
+        if (!isBegun || outcomes.at(i) != Kind::Valid) {
+            m_output->writeLine(QStringLiteral("%1: %2").arg(
+                                    models.at(i), isBegun ? RunOutcome::word(outcomes.at(i))
+                                                          : QStringLiteral("not begun")),
+                                isBegun ? outcomeColours[static_cast<int>(outcomes.at(i))]
+                                        : Terminal::Colour::Yellow);
+        }
+    }
     QStringList parts;
     for (const Kind kind : {Kind::Valid, Kind::Fault, Kind::NotStarted, Kind::Stopped}) {
         const int count = outcomes.count(kind);
@@ -141,24 +159,28 @@ void BatchReport::summarise(const QVector<RunOutcome::Kind>& outcomes)
             parts.append(QStringLiteral("%1 %2").arg(count).arg(RunOutcome::word(kind)));
         }
     }
-    m_output.writeLine(QStringLiteral("%1: %2").arg(counted(outcomes.size(), "model"),
-                                                    parts.join(QStringLiteral(", "))));
-    m_output.flush();
+    m_output->writeLine(QStringLiteral("%1: %2").arg(counted(outcomes.size(), "model"),
+                                                     parts.join(QStringLiteral(", "))));
+    m_output->flush();
 }
 
 void BatchReport::showLine(const QString& text, Terminal::Colour colour)
 {
-    m_output.writeLine(colour == Terminal::Colour::None ? text : text.trimmed(), colour);
+    m_output->writeLine(colour == Terminal::Colour::None ? text : text.trimmed(), colour);
     flushSoon();
 }
 
 void BatchReport::showStatus()
 {
-    m_output.setStatusLine(QStringLiteral("[%1] %2% in all, phase %3%, %4  %5")
-                               .arg(progressBar(m_run->totalPercentage()))
-                               .arg(m_run->totalPercentage(), 3)
-                               .arg(m_run->percentage(), 3)
-                               .arg(clockTime(m_run->elapsed()), modelName()));
+    QString times = clockTime(m_run->elapsed());
+    if (!m_forecast->text().isEmpty()) {
+        times += QStringLiteral(", ") + m_forecast->text();
+    }
+    m_output->setStatusLine(QStringLiteral("[%1] %2% in all, phase %3%, %4  %5")
+                                .arg(progressBar(m_run->totalPercentage()))
+                                .arg(m_run->totalPercentage(), 3)
+                                .arg(m_run->percentage(), 3)
+                                .arg(times, modelName()));
 }
 
 // Once for all the lines that arrive together.

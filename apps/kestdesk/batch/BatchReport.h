@@ -9,7 +9,10 @@
 #include <QTimer>
 #include <QVector>
 
+#include <memory>
+
 class Run;
+class RunForecast;
 
 /// Shows runs on the terminal, one after the other: what the component prints as it comes, how far
 /// it is, and a summary at the end.
@@ -20,9 +23,13 @@ class BatchReport : public QObject
 public:
     BatchReport();
 
+    /// Shows everything on standard error from now on, for standard output that is read by another
+    /// program.
+    void leaveOutputFree();
+
     /// Shows a waiting run until it has ended, which it must before it is deleted and before the
-    /// next one.
-    void follow(const Run& run);
+    /// next one. The forecast says how long it still takes; it lives as long as the run.
+    void follow(const Run& run, const RunForecast& forecast);
 
     /// On standard error.
     void reportError(const QString& text);
@@ -30,8 +37,9 @@ public:
     /// Says how to see the record with that number again.
     void showRecord(int number);
 
-    /// After several models: how many ended how.
-    void summarise(const QVector<RunOutcome::Kind>& outcomes);
+    /// After several models: how many ended how, and which of them were not valid. There may be
+    /// fewer outcomes than models; the rest has not been begun.
+    void summarise(const QStringList& models, const QVector<RunOutcome::Kind>& outcomes);
 
 private:
     void add(const common_IProcessMessage& message);
@@ -44,9 +52,10 @@ private:
     void showStatus();
     void flushSoon();
 
-    Terminal m_output;
+    std::unique_ptr<Terminal> m_output;
     QTimer m_statusTimer;
     QTimer m_flushTimer;
     const Run* m_run = nullptr;                              ///< the one that is shown
+    const RunForecast* m_forecast = nullptr;                 ///< of the run
     int m_counts[common_IProcessMessage::Variable + 1] = {}; ///< by message type
 };
