@@ -26,4 +26,4 @@ install_missing() {
 }
 
 build_packages=(cmake ninja-build g++ pkgconf qtbase5-dev libqt5svg5-dev libqt5charts5-dev
-    libspnav-dev nec2c mpich libmpich-dev openssh-client)
+    libspnav-dev libzip-dev nec2c mpich libmpich-dev openssh-client)

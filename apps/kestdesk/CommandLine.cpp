@@ -8,6 +8,7 @@
 #include "NearWord.h"
 #include "OptionsCommand.h"
 #include "RunOptionWords.h"
+#include "RunsCommand.h"
 #include "WindowCommand.h"
 
 #include <PlainText.h>
@@ -19,6 +20,7 @@
 namespace {
 
 const QString componentOption = QStringLiteral("component");
+const QString jsonOption = QStringLiteral("json");
 
 QVector<ApplicationOption> options()
 {
@@ -34,6 +36,11 @@ QVector<ApplicationOption> options()
         result.append(
             {{QLatin1String(row.word), help}, true, QStringLiteral("the window has a box for it")});
     }
+    result.append(
+        {{jsonOption, QStringLiteral("At the end, the runs as JSON on standard output; all "
+                                     "else goes to standard error.")},
+         true,
+         QString()});
     return result;
 }
 
@@ -122,9 +129,12 @@ ApplicationTask batchTask(const QCommandLineParser& parser)
     for (const RunOptionWord& row : RunOptionWords::rows()) {
         runOptions.setFlag(row.option, parser.isSet(QLatin1String(row.word)));
     }
-    return {modelsProblem(parser), [models, component, runOptions] {
+    const bool isJson = parser.isSet(jsonOption);
+    return {modelsProblem(parser), [models, component, runOptions, isJson] {
                 Leftovers::remove();
-                return BatchSession(*component, runOptions, models).exec();
+                BatchSession session(*component, runOptions, models);
+                session.setJson(isJson);
+                return session.exec();
             }};
 }
 
@@ -163,7 +173,8 @@ ApplicationDescription CommandLine::application()
     result.fileKind = QStringLiteral("model");
     result.fileHelp = QStringLiteral("Model files (*.nec).");
     result.fileSyntax = QStringLiteral("[model...]");
-    result.commandGroups = {OptionsCommand::group(), MachinesCommand::group()};
+    result.commandGroups = {OptionsCommand::group(), MachinesCommand::group(),
+                            RunsCommand::group()};
     result.prepare = prepare;
     result.windowTask = windowTask;
     result.nonInteractiveTask = batchTask;

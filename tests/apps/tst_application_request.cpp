@@ -44,7 +44,7 @@ ApplicationDescription application()
             {{text("fast"), text("Hurry.")}, true, text("the window has a box for it")},
             {{text("anywhere"), text("Both.")}, false, QString()}};
     result.commandGroups = {
-        {text("things"), {{"list", nullptr, "", "show all of them", runCommand}}, QString()}};
+        {text("things"), {{"list", {}, "", "show all of them", runCommand}}, QString()}};
     result.windowTask = [](const QCommandLineParser& parser) { return task(parser, windowCode); };
     result.nonInteractiveTask = [](const QCommandLineParser& parser) {
         const QString problem = pictureOptions.sizeProblem(parser);

@@ -7,6 +7,7 @@ namespace {
 
 constexpr SubcommandOption flag = {"--flag"};
 constexpr SubcommandOption number = {"--wait", "SECONDS", 1, 60};
+constexpr SubcommandOption word = {"--state", "WORD"};
 
 QString text(const char* utf8)
 {
@@ -23,8 +24,12 @@ QStringList& lastWords()
 int note(const SubcommandWords& words)
 {
     lastWords() = words.operands();
-    lastWords().append(words.hasOption() ? text("option") : text("no option"));
-    lastWords().append(QString::number(words.number(5)));
+    lastWords().append(words.has("--flag") || words.has("--wait") ? text("option")
+                                                                  : text("no option"));
+    lastWords().append(QString::number(words.number("--wait", 5)));
+    if (words.has("--state")) {
+        lastWords().append(words.text("--state"));
+    }
     return 42;
 }
 
@@ -32,10 +37,12 @@ SubcommandGroup group()
 {
     // clang-format off
     return {text("things"), {
-        {"list", nullptr, "",              "show all of them",  note},
-        {"show", &flag,   "",              "show one of them",  note},
-        {"get",  nullptr, "NAME",          "show its value",    note},
-        {"set",  &number, "NAME=VALUE...", "change its value",  note},
+        {"list", {},                   "",              "show all of them",  note},
+        {"show", {flag},               "",              "show one of them",  note},
+        {"get",  {},                   "NAME",          "show its value",    note},
+        {"set",  {number},             "NAME=VALUE...", "change its value",  note},
+        {"find", {word, flag, number}, "A B [NAME]",    "find some of them", note},
+        {"drop", {flag},               "[NAME...]",     "drop some of them", note},
     }, text("  Values are kept.\n")};
     // clang-format on
 }
@@ -59,6 +66,9 @@ private Q_SLOTS:
                                        "  show [--flag]                       show one of them\n"
                                        "  get NAME                            show its value\n"
                                        "  set [--wait SECONDS] NAME=VALUE...  change its value\n"
+                                       "  find [--state WORD] [--flag] [--wait SECONDS] A B [NAME]\n"
+                                       "                                      find some of them\n"
+                                       "  drop [--flag] [NAME...]             drop some of them\n"
                                        "  Values are kept.\n"));
     }
 
@@ -78,6 +88,12 @@ private Q_SLOTS:
         row("set --wait 1 a=1", "a=1 option 1");
         row("set a=1 --wait=60 b=2", "a=1 b=2 option 60");
         row("set a=1 --wait 7", "a=1 option 7");
+        row("find a b", "a b no option 5");
+        row("find a b c", "a b c no option 5");
+        row("find a --flag --state good b", "a b option 5 good");
+        row("find a b --wait 9 --state=so=so", "a b option 9 so=so");
+        row("drop", "no option 5");
+        row("drop a b c d --flag", "a b c d option 5");
     }
 
     void commandsGetTheirWords()
@@ -112,6 +128,15 @@ private Q_SLOTS:
         row(3, "a=1 --wait=", "--wait takes whole seconds from 1 to 60, and not \"\"");
         row(3, "--wait 1.5 --nonsense", "--wait takes whole seconds from 1 to 60, and not \"1.5\"");
         row(3, "--wait=2 --wait 3 a=1", "--wait is given twice");
+        row(4, "", "A is missing");
+        row(4, "a", "B is missing");
+        row(4, "a b c d", "unexpected argument \"d\"");
+        row(4, "a b --state", "--state takes a word");
+        row(4, "a b --state=", "--state takes a word");
+        row(4, "--state x a b --state x", "--state is given twice");
+        row(4, "--flag --wait 0 a b",
+            "--wait takes whole seconds from 1 to 60, and not \"0\"");
+        row(5, "--wait", "unknown option \"--wait\"");
         row(3, "--flag=1 a=1", "unknown option \"--flag\"");
     }
 

@@ -2,6 +2,7 @@
 
 #include <CommandLine.h>
 #include <Component.h>
+#include <RunArchive.h>
 
 #include <QRegularExpression>
 
@@ -83,6 +84,12 @@ private Q_SLOTS:
         QTest::newRow("machines' option") << "machines show -"                    << "--json";
         QTest::newRow("this machine") << "machines use-local -"                   << "--replace";
         QTest::newRow("limit")        << "machines check --t"                     << "--timeout";
+        QTest::newRow("runs")         << "runs s"                                 << "show";
+        QTest::newRow("run")          << "runs show ''"                           << "last";
+        QTest::newRow("run's option") << "runs show --m"                          << "--messages";
+        QTest::newRow("state")        << "runs list --state v"                    << "valid";
+        QTest::newRow("state of words") << "runs list --state c"                  << "could\\ not\\ start";
+        QTest::newRow("number of days") << "runs clean --days ''"                 << "";
         QTest::newRow("component")    << "--non-interactive --component o"        << "optkest";
         QTest::newRow("components")   << "--component ''"                         << "runkest prekest optkest amrkest";
         QTest::newRow("with sign")    << "--component = a"                        << "amrkest";
@@ -110,6 +117,18 @@ private Q_SLOTS:
             expected.append(group.name());
         }
         QCOMPARE(sorted(splitWords(completionsOf(text("''")))), sorted(expected));
+    }
+
+    void numbersOfRunsAreThoseOfTheArchive()
+    {
+        RunRecord record;
+        record.started = QDateTime::currentDateTimeUtc();
+        record.model = text("m.nec");
+        const RunArchive archive(QFileInfo(settingsFile()).path() + text("/runs"));
+        QCOMPARE(archive.add(record, {}).number, 1);
+        QCOMPARE(archive.add(record, {}).number, 2);
+        QCOMPARE(completionsOf(text("runs show ''")), text("last 2 1"));
+        QCOMPARE(completionsOf(text("runs compare 1 l")), text("last"));
     }
 
     void componentsAreThoseOfTheTable()
@@ -140,13 +159,15 @@ private Q_SLOTS:
     void optionsOfCommandsAreThoseOfTheTable_data()
     {
         QTest::addColumn<QString>("words");
-        QTest::addColumn<QString>("option");
+        QTest::addColumn<QString>("options");
         for (const SubcommandGroup& group : m_application.commandGroups) {
             for (const Subcommand& command : group.commands()) {
                 const QString words = group.name() + QLatin1Char(' ') + text(command.name);
-                QTest::newRow(qPrintable(words))
-                    << words
-                    << (command.option == nullptr ? QString() : text(command.option->name));
+                QStringList names;
+                for (const SubcommandOption& option : command.options) {
+                    names.append(text(option.name));
+                }
+                QTest::newRow(qPrintable(words)) << words << names.join(QLatin1Char(' '));
             }
         }
     }
@@ -154,8 +175,8 @@ private Q_SLOTS:
     void optionsOfCommandsAreThoseOfTheTable()
     {
         QFETCH(QString, words);
-        QFETCH(QString, option);
-        QCOMPARE(completionsOf(words + text(" --")), option);
+        QFETCH(QString, options);
+        QCOMPARE(completionsOf(words + text(" --")), options);
     }
 };
 

@@ -214,7 +214,7 @@ private Q_SLOTS:
             together.append(label->text());
         }
         QStringList keys = mnemonicsOf(together);
-        QCOMPARE(keys.size(), 16);
+        QCOMPARE(keys.size(), 15);
         QCOMPARE(keys.removeDuplicates(), 0);
 
         const QList<QAction*> menus = m_stage->window().menuBar()->actions();

@@ -2,23 +2,18 @@
 
 #include <QStringList>
 
-namespace {
-
-QString syntaxOf(const SubcommandOption& option)
+QString SubcommandOption::syntax() const
 {
-    const QString name = QLatin1String(option.name);
-    return *option.valueName == '\0'
-               ? QStringLiteral("[%1]").arg(name)
-               : QStringLiteral("[%1 %2]").arg(name, QLatin1String(option.valueName));
+    const QString word = QLatin1String(name);
+    return takesValue() ? QStringLiteral("[%1 %2]").arg(word, QLatin1String(valueName))
+                        : QStringLiteral("[%1]").arg(word);
 }
-
-} // namespace
 
 QString Subcommand::syntax() const
 {
     QStringList parts = {QLatin1String(name)};
-    if (option != nullptr) {
-        parts.append(syntaxOf(*option));
+    for (const SubcommandOption& option : options) {
+        parts.append(option.syntax());
     }
     if (*operands != '\0') {
         parts.append(QLatin1String(operands));

@@ -1,27 +1,35 @@
 #pragma once
 
 #include <QString>
+#include <QVector>
 
 class SubcommandWords;
 
-/// An option of a subcommand: a word, or a word and a whole number.
+/// An option of a subcommand: a word alone, or a word and a whole number, or a word and a text.
 struct SubcommandOption
 {
     const char* name;           ///< with its hyphens
-    const char* valueName = ""; ///< the unit of the number, such as "SECONDS"; empty without one
+    const char* valueName = ""; ///< of the value, such as "SECONDS"; empty for a word alone
     int least = 0;              ///< of the number
-    int most = 0;
+    int most = 0;               ///< of the number; 0 for an option that takes a text
+
+    bool takesValue() const { return *valueName != '\0'; }
+    bool takesNumber() const { return takesValue() && most > 0; }
+
+    /// As the help shows it: "[--wait SECONDS]".
+    QString syntax() const;
 };
 
 /// A row of the table of an application's subcommands, such as "get" of "kestdesk options".
 struct Subcommand
 {
     const char* name;
-    const SubcommandOption* option; ///< the one that it takes, or null
-    const char* operands; ///< "" for none, "NAME" for one word, "NAME..." for one word or more
+    QVector<SubcommandOption> options;
+    const char* operands; ///< "NAME" for a word, "NAME..." for one or more, "[NAME]" for one that
+                          ///< may be missing, "[NAME...]" for any number; several with blanks
     const char* meaning;
     int (*run)(const SubcommandWords& words); ///< returns the exit code
 
-    /// The name with the option and the operands, for the help.
+    /// The name with the options and the operands, for the help.
     QString syntax() const;
 };

@@ -20,13 +20,25 @@ bool asksForHelp(const QStringList& words)
     return words.contains(QStringLiteral("--help")) || words.contains(QStringLiteral("-h"));
 }
 
+constexpr int widestSyntax = 36; // of which the meaning stands beside it
+
 int widthOf(const QVector<Subcommand>& commands)
 {
     int width = 0;
     for (const Subcommand& command : commands) {
-        width = std::max(width, command.syntax().size());
+        const int size = command.syntax().size();
+        width = std::max(width, size <= widestSyntax ? size : 0);
     }
     return width;
+}
+
+QString lineOf(const Subcommand& command, int width)
+{
+    const QString syntax = command.syntax();
+    const QString meaning = QLatin1String(command.meaning);
+    return syntax.size() <= width
+               ? QStringLiteral("  %1  %2\n").arg(syntax, -width).arg(meaning)
+               : QStringLiteral("  %1\n  %2  %3\n").arg(syntax, QString(width, u' '), meaning);
 }
 
 } // namespace
@@ -41,9 +53,7 @@ QString SubcommandGroup::usage() const
     QString text =
         QStringLiteral("Usage: %1 %2 COMMAND\n").arg(QCoreApplication::applicationName(), m_name);
     for (const Subcommand& command : m_commands) {
-        text += QStringLiteral("  %1  %2\n")
-                    .arg(command.syntax(), -width)
-                    .arg(QLatin1String(command.meaning));
+        text += lineOf(command, width);
     }
     return text + m_notes;
 }

@@ -4,6 +4,8 @@
 
 #include <PlainText.h>
 
+#include <algorithm>
+
 SubcommandWords::SubcommandWords(const Subcommand& command, QStringList words) : m_command(command)
 {
     read(std::move(words));
@@ -12,63 +14,86 @@ SubcommandWords::SubcommandWords(const Subcommand& command, QStringList words) :
 
 void SubcommandWords::read(QStringList words)
 {
+    const QVector<SubcommandOption>& options = m_command.options;
     while (!words.isEmpty()) {
         const QString word = words.takeFirst();
         const QString name = word.section(QLatin1Char('='), 0, 0);
+        const auto option =
+            std::find_if(options.cbegin(), options.cend(), [&name](const SubcommandOption& row) {
+                return name == QLatin1String(row.name);
+            });
         if (!word.startsWith(QLatin1Char('-'))) {
             m_operands.append(word);
-        } else if (m_command.option != nullptr && name == QLatin1String(m_command.option->name)) {
-            readOption(*m_command.option, word, words);
+        } else if (option != options.cend()) {
+            readOption(*option, word, words);
         } else {
             setProblem(QStringLiteral("unknown option \"%1\"").arg(suite::excerpt(name)));
         }
     }
 }
 
-// "--name", "--name NUMBER" or "--name=NUMBER".
+// "--name", "--name VALUE" or "--name=VALUE".
 void SubcommandWords::readOption(const SubcommandOption& option, const QString& word,
                                  QStringList& rest)
 {
-    if (m_hasOption) {
+    if (has(option.name)) {
         setProblem(QStringLiteral("%1 is given twice").arg(QLatin1String(option.name)));
     }
-    m_hasOption = true;
+    m_values.insert(QLatin1String(option.name), QString());
     const bool isJoined = word.contains(QLatin1Char('='));
-    if (*option.valueName == '\0') {
+    if (!option.takesValue()) {
         if (isJoined) {
             setProblem(QStringLiteral("%1 takes no value").arg(QLatin1String(option.name)));
         }
     } else if (isJoined) {
-        readNumber(option, word.section(QLatin1Char('='), 1));
+        readValue(option, word.section(QLatin1Char('='), 1));
     } else {
-        readNumber(option, rest.isEmpty() ? QString() : rest.takeFirst());
+        readValue(option, rest.isEmpty() ? QString() : rest.takeFirst());
     }
 }
 
-void SubcommandWords::readNumber(const SubcommandOption& option, const QString& typed)
+void SubcommandWords::readValue(const SubcommandOption& option, const QString& typed)
+{
+    if (option.takesNumber()) {
+        setProblem(numberProblem(option, typed));
+    } else if (typed.isEmpty()) {
+        setProblem(QStringLiteral("%1 takes a %2")
+                       .arg(QLatin1String(option.name),
+                            QString(QLatin1String(option.valueName)).toLower()));
+    }
+    m_values.insert(QLatin1String(option.name), typed);
+}
+
+QString SubcommandWords::numberProblem(const SubcommandOption& option, const QString& typed) const
 {
     bool isNumber = false;
     const int number = typed.toInt(&isNumber);
-    if (!isNumber || number < option.least || number > option.most) {
-        setProblem(QStringLiteral("%1 takes whole %2 from %3 to %4, and not \"%5\"")
-                       .arg(QLatin1String(option.name),
-                            QString(QLatin1String(option.valueName)).toLower(),
-                            QString::number(option.least), QString::number(option.most),
-                            suite::excerpt(typed)));
-    }
-    m_number = number;
+    return isNumber && number >= option.least && number <= option.most
+               ? QString()
+               : QStringLiteral("%1 takes whole %2 from %3 to %4, and not \"%5\"")
+                     .arg(QLatin1String(option.name),
+                          QString(QLatin1String(option.valueName)).toLower(),
+                          QString::number(option.least), QString::number(option.most),
+                          suite::excerpt(typed));
+}
+
+int SubcommandWords::number(const char* option, int usual) const
+{
+    return has(option) ? text(option).toInt() : usual;
 }
 
 void SubcommandWords::checkCount()
 {
-    const QString ellipsis = QStringLiteral("...");
-    const QString operands = QLatin1String(m_command.operands);
-    const int fewest = operands.isEmpty() ? 0 : 1;
-    if (m_operands.size() < fewest) {
-        setProblem(QStringLiteral("%1 is missing").arg(operands.section(ellipsis, 0, 0)));
-    } else if (m_operands.size() > fewest && !operands.endsWith(ellipsis)) {
+    const QString all = QLatin1String(m_command.operands);
+    const QStringList names = all.split(QLatin1Char(' '), Qt::SkipEmptyParts);
+    const bool isOpen = all.contains(QLatin1String("..."));
+    const QString missing = names.value(m_operands.size());
+    if (!missing.isEmpty() && !missing.startsWith(QLatin1Char('['))) {
+        setProblem(
+            QStringLiteral("%1 is missing").arg(missing.section(QLatin1String("..."), 0, 0)));
+    } else if (m_operands.size() > names.size() && !isOpen) {
         setProblem(QStringLiteral("unexpected argument \"%1\"")
-                       .arg(suite::excerpt(m_operands.at(fewest))));
+                       .arg(suite::excerpt(m_operands.at(names.size()))));
     }
 }
 

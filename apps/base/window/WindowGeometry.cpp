@@ -2,9 +2,9 @@
 
 #include <common_geometry_settings.h>
 
-#include <QFile>
 #include <QGuiApplication>
 #include <QScreen>
+#include <QSettings>
 #include <QWidget>
 
 namespace {
@@ -34,6 +34,14 @@ const QScreen* screenOf(const QRect& frame)
     return nullptr;
 }
 
+// The file may be there for other settings.
+bool hasGeometry(const common_geometry_settings& settings)
+{
+    return QSettings(settings.getFileName(), QSettings::IniFormat)
+        .childGroups()
+        .contains(QLatin1String("geometry"));
+}
+
 } // namespace
 
 void WindowGeometry::restore(QWidget& window, const common_geometry_settings& settings)
@@ -46,7 +54,7 @@ void WindowGeometry::restore(QWidget& window, const common_geometry_settings& se
     const QRect screen =
         (found != nullptr ? found : QGuiApplication::primaryScreen())->availableGeometry();
     frame.setSize(frame.size().boundedTo(screen.size() - QSize(frameRoom, frameRoom)));
-    const bool isFirstStart = !QFile::exists(settings.getFileName());
+    const bool isFirstStart = !hasGeometry(settings);
     if (found == nullptr || isFirstStart) {
         frame.moveCenter(screen.center());
     }

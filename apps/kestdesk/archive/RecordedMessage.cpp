@@ -24,10 +24,14 @@ QString RecordedMessage::word(Type type)
     return QLatin1String(typeWords[type]);
 }
 
+QJsonObject RecordedMessage::toJson() const
+{
+    return {{timeKey, time}, {typeKey, word(type)}, {textKey, text}};
+}
+
 QByteArray RecordedMessage::toLine() const
 {
-    const QJsonObject json{{timeKey, time}, {typeKey, word(type)}, {textKey, text}};
-    return QJsonDocument(json).toJson(QJsonDocument::Compact) + '\n';
+    return QJsonDocument(toJson()).toJson(QJsonDocument::Compact) + '\n';
 }
 
 std::optional<RecordedMessage> RecordedMessage::parse(const QByteArray& line)

@@ -3,6 +3,7 @@
 #include <common_IProcessMessage.h>
 
 #include <QByteArray>
+#include <QJsonObject>
 #include <QString>
 
 #include <optional>
@@ -19,7 +20,9 @@ struct RecordedMessage
     /// The word for a type: "output", "warning", ...
     static QString word(Type type);
 
-    /// With its line feed.
+    QJsonObject toJson() const;
+
+    /// The JSON with a line feed.
     QByteArray toLine() const;
 
     /// Of a line without its line feed; nothing when it is not a message.

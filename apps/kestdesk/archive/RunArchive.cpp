@@ -142,7 +142,7 @@ RunArchive::Addition RunArchive::moveIn(const QString& newFolder) const
 bool RunArchive::remove(int number) const
 {
     const auto found = record(number);
-    if (!found || !found->hasEnded()) {
+    if (found && !found->hasEnded()) {
         return false;
     }
     const QString removed = QDir(m_folder).filePath(removedPrefix + ProcessMark::own().word() +

@@ -33,7 +33,7 @@ public:
     /// All of them, the newest first.
     QVector<RunRecord> records() const;
 
-    /// Nothing when there is no such record.
+    /// Nothing when there is no such record, or when it cannot be read.
     std::optional<RunRecord> record(int number) const;
 
     /// What add() has done.
@@ -48,7 +48,8 @@ public:
     /// empty, of its machines file.
     Addition add(RunRecord record, const QString& machinesFile) const;
 
-    /// Deletes a record. False when its run is still running, or when it cannot be deleted.
+    /// Deletes a record, also one that cannot be read. False when its run is still running, or when
+    /// it cannot be deleted.
     bool remove(int number) const;
 
     /// Gives records that were interrupted the end that can be told from their messages.

@@ -2,11 +2,16 @@
 
 #include "Run.h"
 #include "RunForecast.h"
+#include "RunTexts.h"
 
 #include <QFileInfo>
 
 #include <algorithm>
 #include <cstdio>
+
+using RunTexts::clockTime;
+using RunTexts::counted;
+using RunTexts::duration;
 
 namespace {
 
@@ -36,28 +41,6 @@ constexpr MessageLook messageLooks[] = {
     {true, Terminal::Colour::None},   // Variable
 };
 
-QString clockTime(qint64 milliseconds)
-{
-    const qint64 seconds = milliseconds / 1000;
-    return QStringLiteral("%1:%2:%3")
-        .arg(seconds / 3600)
-        .arg(seconds / 60 % 60, 2, 10, QLatin1Char('0'))
-        .arg(seconds % 60, 2, 10, QLatin1Char('0'));
-}
-
-QString duration(qint64 milliseconds)
-{
-    return milliseconds < 60000
-               ? QStringLiteral("%1 s").arg(static_cast<double>(milliseconds) / 1000, 0, 'f', 1)
-               : clockTime(milliseconds);
-}
-
-QString counted(int count, const char* noun)
-{
-    return QStringLiteral("%1 %2%3").arg(count).arg(QLatin1String(noun),
-                                                    QLatin1String(count == 1 ? "" : "s"));
-}
-
 QString progressBar(int percentage)
 {
     const int filled = qBound(0, percentage, 100) * barWidth / 100;
@@ -66,12 +49,17 @@ QString progressBar(int percentage)
 
 } // namespace
 
-BatchReport::BatchReport() : m_output(stdout)
+BatchReport::BatchReport() : m_output(std::make_unique<Terminal>(stdout))
 {
     m_statusTimer.setInterval(statusInterval);
     connect(&m_statusTimer, &QTimer::timeout, this, &BatchReport::showStatus);
     m_flushTimer.setSingleShot(true);
-    connect(&m_flushTimer, &QTimer::timeout, this, [this] { m_output.flush(); });
+    connect(&m_flushTimer, &QTimer::timeout, this, [this] { m_output->flush(); });
+}
+
+void BatchReport::leaveOutputFree()
+{
+    m_output = std::make_unique<Terminal>(stderr);
 }
 
 void BatchReport::follow(const Run& run, const RunForecast& forecast)
@@ -96,8 +84,8 @@ void BatchReport::add(const common_IProcessMessage& message)
 
 void BatchReport::reportError(const QString& text)
 {
-    m_output.clearStatusLine();
-    m_output.flush();
+    m_output->clearStatusLine();
+    m_output->flush();
     Terminal(stderr).writeLine(QStringLiteral("kestdesk: ") + text, Terminal::Colour::Red);
 }
 
@@ -109,7 +97,7 @@ void BatchReport::end()
     }
     showSummary();
     showOutcome();
-    m_output.flush();
+    m_output->flush();
     m_run = nullptr;
     m_forecast = nullptr;
 }
@@ -117,14 +105,14 @@ void BatchReport::end()
 void BatchReport::showSummary()
 {
     for (const QString& file : m_run->files()) {
-        m_output.writeLine(QStringLiteral("wrote %1").arg(file));
+        m_output->writeLine(QStringLiteral("wrote %1").arg(file));
     }
-    m_output.writeLine(QStringLiteral("%1, %2, %3, %4 in %5")
-                           .arg(counted(count(common_IProcessMessage::Error), "error"),
-                                counted(count(common_IProcessMessage::Warning), "warning"),
-                                counted(count(common_IProcessMessage::Notice), "notice"),
-                                counted(m_run->files().size(), "file"),
-                                duration(m_run->elapsed())));
+    m_output->writeLine(QStringLiteral("%1, %2, %3, %4 in %5")
+                            .arg(counted(count(common_IProcessMessage::Error), "error"),
+                                 counted(count(common_IProcessMessage::Warning), "warning"),
+                                 counted(count(common_IProcessMessage::Notice), "notice"),
+                                 counted(m_run->files().size(), "file"),
+                                 duration(m_run->elapsed())));
 }
 
 // The component is what the reason speaks of.
@@ -133,17 +121,17 @@ void BatchReport::showOutcome()
     const RunOutcome& outcome = m_run->outcome();
     const Terminal::Colour colour = outcomeColours[static_cast<int>(outcome.kind())];
     if (!outcome.reason().isEmpty()) {
-        m_output.writeLine(QStringLiteral("%1 %2").arg(m_run->componentName(), outcome.reason()),
-                           colour);
+        m_output->writeLine(QStringLiteral("%1 %2").arg(m_run->componentName(), outcome.reason()),
+                            colour);
     }
-    m_output.writeLine(QStringLiteral("%1: %2").arg(modelName(), outcome.word()), colour);
+    m_output->writeLine(QStringLiteral("%1: %2").arg(modelName(), outcome.word()), colour);
 }
 
 void BatchReport::showRecord(int number)
 {
-    m_output.writeLine(
+    m_output->writeLine(
         QStringLiteral("\"kestdesk runs show %1\" shows this run again").arg(number));
-    m_output.flush();
+    m_output->flush();
 }
 
 QString BatchReport::modelName() const
@@ -151,9 +139,19 @@ QString BatchReport::modelName() const
     return QFileInfo(m_run->model()).fileName();
 }
 
-void BatchReport::summarise(const QVector<RunOutcome::Kind>& outcomes)
+void BatchReport::summarise(const QStringList& models, const QVector<RunOutcome::Kind>& outcomes)
 {
     using Kind = RunOutcome::Kind;
+    for (int i = 0; i < models.size(); ++i) {
+        const bool isBegun = i < outcomes.size();
+        if (!isBegun || outcomes.at(i) != Kind::Valid) {
+            m_output->writeLine(QStringLiteral("%1: %2").arg(
+                                    models.at(i), isBegun ? RunOutcome::word(outcomes.at(i))
+                                                          : QStringLiteral("not begun")),
+                                isBegun ? outcomeColours[static_cast<int>(outcomes.at(i))]
+                                        : Terminal::Colour::Yellow);
+        }
+    }
     QStringList parts;
     for (const Kind kind : {Kind::Valid, Kind::Fault, Kind::NotStarted, Kind::Stopped}) {
         const int count = outcomes.count(kind);
@@ -161,14 +159,14 @@ void BatchReport::summarise(const QVector<RunOutcome::Kind>& outcomes)
             parts.append(QStringLiteral("%1 %2").arg(count).arg(RunOutcome::word(kind)));
         }
     }
-    m_output.writeLine(QStringLiteral("%1: %2").arg(counted(outcomes.size(), "model"),
-                                                    parts.join(QStringLiteral(", "))));
-    m_output.flush();
+    m_output->writeLine(QStringLiteral("%1: %2").arg(counted(outcomes.size(), "model"),
+                                                     parts.join(QStringLiteral(", "))));
+    m_output->flush();
 }
 
 void BatchReport::showLine(const QString& text, Terminal::Colour colour)
 {
-    m_output.writeLine(colour == Terminal::Colour::None ? text : text.trimmed(), colour);
+    m_output->writeLine(colour == Terminal::Colour::None ? text : text.trimmed(), colour);
     flushSoon();
 }
 
@@ -178,11 +176,11 @@ void BatchReport::showStatus()
     if (!m_forecast->text().isEmpty()) {
         times += QStringLiteral(", ") + m_forecast->text();
     }
-    m_output.setStatusLine(QStringLiteral("[%1] %2% in all, phase %3%, %4  %5")
-                               .arg(progressBar(m_run->totalPercentage()))
-                               .arg(m_run->totalPercentage(), 3)
-                               .arg(m_run->percentage(), 3)
-                               .arg(times, modelName()));
+    m_output->setStatusLine(QStringLiteral("[%1] %2% in all, phase %3%, %4  %5")
+                                .arg(progressBar(m_run->totalPercentage()))
+                                .arg(m_run->totalPercentage(), 3)
+                                .arg(m_run->percentage(), 3)
+                                .arg(times, modelName()));
 }
 
 // Once for all the lines that arrive together.

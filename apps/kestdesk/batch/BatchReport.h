@@ -9,6 +9,8 @@
 #include <QTimer>
 #include <QVector>
 
+#include <memory>
+
 class Run;
 class RunForecast;
 
@@ -21,6 +23,10 @@ class BatchReport : public QObject
 public:
     BatchReport();
 
+    /// Shows everything on standard error from now on, for standard output that is read by another
+    /// program.
+    void leaveOutputFree();
+
     /// Shows a waiting run until it has ended, which it must before it is deleted and before the
     /// next one. The forecast says how long it still takes; it lives as long as the run.
     void follow(const Run& run, const RunForecast& forecast);
@@ -31,8 +37,9 @@ public:
     /// Says how to see the record with that number again.
     void showRecord(int number);
 
-    /// After several models: how many ended how.
-    void summarise(const QVector<RunOutcome::Kind>& outcomes);
+    /// After several models: how many ended how, and which of them were not valid. There may be
+    /// fewer outcomes than models; the rest has not been begun.
+    void summarise(const QStringList& models, const QVector<RunOutcome::Kind>& outcomes);
 
 private:
     void add(const common_IProcessMessage& message);
@@ -45,7 +52,7 @@ private:
     void showStatus();
     void flushSoon();
 
-    Terminal m_output;
+    std::unique_ptr<Terminal> m_output;
     QTimer m_statusTimer;
     QTimer m_flushTimer;
     const Run* m_run = nullptr;                              ///< the one that is shown

@@ -1,13 +1,19 @@
 #include "BatchSession.h"
 
 #include "KestdeskSettings.h"
+#include "RecordedRun.h"
+#include "RunFacts.h"
 #include "StopSignals.h"
 
 #include <common_IApplicationInfo.h>
 #include <common_ServiceOf.h>
 
 #include <QCoreApplication>
+#include <QFileInfo>
+#include <QJsonDocument>
+#include <QJsonObject>
 
+#include <cstdio>
 #include <utility>
 
 namespace {
@@ -91,7 +97,7 @@ void BatchSession::startRun()
     m_shutdown.add(*m_run);
     makeRecorder();
     connect(m_run.get(), &Run::ended, this, &BatchSession::onRunEnded);
-    const RunSetup::Readiness readiness = m_run->setUp(m_options, m_settings);
+    const RunSetup::Readiness readiness = setUp();
     if (readiness.isReady()) {
         m_run->start();
     } else {
@@ -99,11 +105,21 @@ void BatchSession::startRun()
     }
 }
 
+RunSetup::Readiness BatchSession::setUp()
+{
+    return m_repeated ? RecordedRun::setUp(*m_run, *m_repeated, m_settings)
+                      : m_run->setUp(m_options, m_settings);
+}
+
 void BatchSession::makeRecorder()
 {
     m_recorder =
         std::make_unique<RunRecorder>(*m_run, RunRecorder::Face::Terminal, m_archive, m_limits);
-    m_recorder->setRunOptions(m_options);
+    if (m_repeated) {
+        m_recorder->setRepeated(*m_repeated);
+    } else {
+        m_recorder->setRunOptions(m_options);
+    }
     connect(m_recorder.get(), &RunRecorder::failed, this, [this](const QString& reason) {
         m_report.reportError(QStringLiteral("the record of this run is not complete: ") + reason);
     });
@@ -124,7 +140,42 @@ void BatchSession::onRecorded()
     if (m_run->outcome().kind() != RunOutcome::Kind::Valid && m_recorder->number() > 0) {
         m_report.showRecord(m_recorder->number());
     }
+    keepRecord();
     runNext();
+}
+
+void BatchSession::setJson(bool isJson)
+{
+    m_isJson = isJson;
+    if (isJson) {
+        m_report.leaveOutputFree();
+    }
+}
+
+// Where the archive has none, what is known without it.
+void BatchSession::keepRecord()
+{
+    if (!m_isJson) {
+        return;
+    }
+    auto record = m_archive.record(m_recorder->number());
+    if (!record || !record->hasEnded()) {
+        record = RunFacts::atEnd(*m_run);
+        record->component = m_run->componentName();
+        record->model = QFileInfo(m_run->model()).absoluteFilePath();
+    }
+    m_records.append(record->toJson());
+}
+
+void BatchSession::writeJson() const
+{
+    const QJsonObject json{
+        {QStringLiteral("exitCode"), exitCode()},
+        {QStringLiteral("runs"), m_records},
+        {QStringLiteral("notBegun"), QJsonArray::fromStringList(m_models.mid(m_outcomes.size()))},
+    };
+    std::fputs(QJsonDocument(json).toJson().constData(), stdout);
+    std::fflush(stdout);
 }
 
 void BatchSession::onStopRequested()
@@ -138,7 +189,13 @@ void BatchSession::onStopRequested()
 void BatchSession::leave()
 {
     if (m_models.size() > 1) {
-        m_report.summarise(m_outcomes);
+        m_report.summarise(m_models, m_outcomes);
+    }
+    if (m_isJson) {
+        while (m_records.size() < m_outcomes.size()) {
+            keepRecord();
+        }
+        writeJson();
     }
     QCoreApplication::exit(exitCode());
 }

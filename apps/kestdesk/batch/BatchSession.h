@@ -10,12 +10,14 @@
 #include <common_CommonSettingsSet.h>
 #include <common_RunWrapper.h>
 
+#include <QJsonArray>
 #include <QObject>
 #include <QStringList>
 #include <QTimer>
 #include <QVector>
 
 #include <memory>
+#include <optional>
 
 struct Component;
 
@@ -30,6 +32,14 @@ public:
                  QStringList models);
     ~BatchSession() override;
 
+    /// Runs the model as that run was started, instead of as the launch options say now. To be
+    /// called before exec().
+    void repeat(const RunRecord& record) { m_repeated = record; }
+
+    /// Shows the runs on standard error, and writes their records as one JSON object to standard
+    /// output at the end. To be called before exec().
+    void setJson(bool isJson);
+
     /// The application's exit code: 0 all valid, 1 a fault, 2 a start that failed, 130 stopped.
     int exec();
 
@@ -41,11 +51,17 @@ private:
     void onRecorded();
     void onStopRequested();
     void leave();
+    RunSetup::Readiness setUp();
+    void keepRecord();
+    void writeJson() const;
     int exitCode() const;
 
     const Component& m_component;
     common_RunWrapper::RunOptions m_options;
     QStringList m_models;
+    std::optional<RunRecord> m_repeated;
+    bool m_isJson = false;
+    QJsonArray m_records; ///< of the runs that have ended
     common_CommonSettingsSet m_settings;
     RunArchive m_archive;
     RunArchive::Limits m_limits;

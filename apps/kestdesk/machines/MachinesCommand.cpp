@@ -19,10 +19,14 @@ constexpr int exitImpossible = 2;
 constexpr int defaultLimit = 10;   // seconds
 constexpr int longestLimit = 3600; // seconds
 
+constexpr SubcommandOption jsonOption = {"--json"};
+constexpr SubcommandOption timeoutOption = {"--timeout", "SECONDS", 1, longestLimit};
+constexpr SubcommandOption replaceOption = {"--replace"};
+
 int show(const SubcommandWords& words)
 {
     const MachinesReport report;
-    if (words.hasOption()) {
+    if (words.has(jsonOption.name)) {
         std::fputs(report.json().constData(), stdout);
     } else {
         Terminal terminal(stdout);
@@ -41,8 +45,9 @@ int check(const SubcommandWords& words)
     if (!report.isFound()) {
         return exitImpossible;
     }
-    return std::max(report.isUsable() ? exitRight : exitWrong,
-                    MachinesCheck(report.machines(), words.number(defaultLimit)).exec());
+    return std::max(
+        report.isUsable() ? exitRight : exitWrong,
+        MachinesCheck(report.machines(), words.number(timeoutOption.name, defaultLimit)).exec());
 }
 
 int edit(const SubcommandWords& /*words*/)
@@ -91,17 +96,13 @@ int useLocal(const SubcommandWords& words)
                 .arg(machines.origin(), LocalMachines::line()));
         return exitRight;
     case LocalMachines::State::Taken:
-        return words.hasOption() ? saveLocal(machines)
-                                 : reportError(replacementHint(machines), exitWrong);
+        return words.has(replaceOption.name) ? saveLocal(machines)
+                                             : reportError(replacementHint(machines), exitWrong);
     case LocalMachines::State::Free:
         break;
     }
     return saveLocal(machines);
 }
-
-constexpr SubcommandOption jsonOption = {"--json"};
-constexpr SubcommandOption timeoutOption = {"--timeout", "SECONDS", 1, longestLimit};
-constexpr SubcommandOption replaceOption = {"--replace"};
 
 } // namespace
 
@@ -109,10 +110,10 @@ SubcommandGroup MachinesCommand::group()
 {
     // clang-format off
     return {QStringLiteral("machines"), {
-        {"show",      &jsonOption,    "", "show the machines file in use and what is wrong with it", show},
-        {"check",     &timeoutOption, "", "and ask each host whether it answers, and for its cores", check},
-        {"edit",      nullptr,        "", "change the user's machines file with $VISUAL or $EDITOR", edit},
-        {"use-local", &replaceOption, "", "let the user's machines file name this machine alone",    useLocal},
+        {"show",      {jsonOption},    "", "show the machines file in use and what is wrong with it", show},
+        {"check",     {timeoutOption}, "", "and ask each host whether it answers, and for its cores", check},
+        {"edit",      {},              "", "change the user's machines file with $VISUAL or $EDITOR", edit},
+        {"use-local", {replaceOption}, "", "let the user's machines file name this machine alone",    useLocal},
     }, QStringLiteral("  Exit code: 0 all fine, 1 something is wrong, 2 it could not be done, 130 stopped.\n")};
     // clang-format on
 }

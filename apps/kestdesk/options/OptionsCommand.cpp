@@ -12,6 +12,8 @@
 #include <common_ComponentsLaunchOptions.h>
 #include <common_PropertyFactory.h>
 
+#include <QJsonDocument>
+#include <QJsonObject>
 #include <QMap>
 
 #include <algorithm>
@@ -29,6 +31,9 @@ constexpr int exitFailed = 1;
 
 constexpr int defaultWait = 5;    // seconds
 constexpr int longestWait = 3600; // seconds
+
+constexpr SubcommandOption jsonOption = {"--json"};
+constexpr SubcommandOption waitOption = {"--wait", "SECONDS", 0, longestWait};
 
 void printLine(const QString& line)
 {
@@ -67,11 +72,27 @@ Options readableOptions()
     return common_ComponentsLaunchOptions::create(ReadOnlyAccess);
 }
 
-int list(const SubcommandWords& /*words*/)
+QByteArray json(const Options& options)
+{
+    QJsonObject values;
+    const QStringList all = names(options);
+    for (const QString& name : all) {
+        values.insert(name, value(options, name));
+    }
+    return QJsonDocument(QJsonObject{{QStringLiteral("file"), options->getFileName()},
+                                     {QStringLiteral("options"), values}})
+        .toJson();
+}
+
+int list(const SubcommandWords& words)
 {
     const Options options = readableOptions();
     if (!options) {
         return exitFailed;
+    }
+    if (words.has(jsonOption.name)) {
+        std::fputs(json(options).constData(), stdout);
+        return exitDone;
     }
     const QStringList all = names(options);
     for (const QString& name : all) {
@@ -204,7 +225,7 @@ void warnOfEmptyValues(const Options& options, const Values& changed)
 
 int set(const SubcommandWords& words)
 {
-    const Options options = writableOptions(words.number(defaultWait));
+    const Options options = writableOptions(words.number(waitOption.name, defaultWait));
     Values values;
     if (!options || !parse(options, words.operands(), values)) {
         return exitFailed;
@@ -226,7 +247,7 @@ int restore(const SubcommandWords& words)
         ErrorOutput::print(problem + QStringLiteral("; nothing was changed"));
         return exitFailed;
     }
-    const Options options = writableOptions(words.number(defaultWait));
+    const Options options = writableOptions(words.number(waitOption.name, defaultWait));
     if (!options) {
         return exitFailed;
     }
@@ -234,19 +255,17 @@ int restore(const SubcommandWords& words)
     return save(options);
 }
 
-constexpr SubcommandOption waitOption = {"--wait", "SECONDS", 0, longestWait};
-
 } // namespace
 
 SubcommandGroup OptionsCommand::group()
 {
     // clang-format off
     return {QStringLiteral("options"), {
-        {"list",    nullptr,     "",              "show all options as NAME=VALUE",       list},
-        {"get",     nullptr,     "NAME",          "show the value of one",                get},
-        {"set",     &waitOption, "NAME=VALUE...", "change some, all or none of them",     set},
-        {"restore", &waitOption, "",              "take the installation's defaults",     restore},
-        {"values",  nullptr,     "NAME",          "show the words that one accepts",      showValues},
+        {"list",    {jsonOption}, "",              "show all options as NAME=VALUE",       list},
+        {"get",     {},           "NAME",          "show the value of one",                get},
+        {"set",     {waitOption}, "NAME=VALUE...", "change some, all or none of them",     set},
+        {"restore", {waitOption}, "",              "take the installation's defaults",     restore},
+        {"values",  {},           "NAME",          "show the words that one accepts",      showValues},
     }, QStringLiteral("  While another process holds the options, set and restore wait for %1 seconds, or for\n"
                       "  those of --wait; 0 waits not at all.\n").arg(defaultWait)};
     // clang-format on

@@ -65,7 +65,7 @@ void QueuePanel::makeButtons(QWidget* head)
     layout->setContentsMargins(0, 0, 0, 0);
     layout->addWidget(m_label, 1);
     m_releaseAll =
-        addButton(head, "releaseAllButton", "R&un all",
+        addButton(head, "releaseAllButton", "Run all",
                   "Let all held runs begin when their turn comes", &QueuePanel::releaseAll);
     m_hold = addButton(head, "holdButton", "Hold", "Pass the selected runs over, or let them begin",
                        &QueuePanel::hold);

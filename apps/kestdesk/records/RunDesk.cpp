@@ -16,7 +16,7 @@ RunDesk::RunDesk(Shutdown& shutdown, common_CommonSettingsSet& settings, QWidget
     : QObject(window)
     , m_settings(settings)
     , m_runs(new RunTableModel(window))
-    , m_listPart(new RunListPart(m_runs, RunArchive::ofUser(), window))
+    , m_listPart(new RunListPart(m_runs, RunArchive::ofUser(), nullptr))
     , m_again(new RunAgain(RunArchive::ofUser(), window))
     , m_records(new RecordWindows(RunArchive::ofUser(), window))
     , m_window(window)

@@ -1,0 +1,211 @@
+#include "RecordExport.h"
+
+#include "RecordFolder.h"
+#include "RunRecord.h"
+#include "RunSummary.h"
+#include "RunTexts.h"
+#include "ZipWriter.h"
+
+#include <InputFile.h>
+#include <OutputFile.h>
+#include <TemporaryFolder.h>
+#include <VisibleText.h>
+
+#include <QCryptographicHash>
+#include <QDir>
+#include <QFileInfo>
+#include <QJsonDocument>
+#include <QSet>
+
+namespace {
+
+// Collects what README.txt says.
+class Export
+{
+public:
+    Export(const RunRecord& record, const QString& path, qint64 mostResultBytes)
+        : m_record(record), m_folder(record.folder), m_zip(path), m_left(mostResultBytes)
+    {}
+
+    bool write()
+    {
+        return add(QStringLiteral("summary.txt"), "the run for readers",
+                   RunSummary::text(m_record)) &&
+               add(QStringLiteral("record.json"), "how the run was started and how it ended",
+                   QJsonDocument(m_record.toJson()).toJson()) &&
+               addPart(QFileInfo(RecordFolder(m_record.folder).messagesFile()).fileName(),
+                       "what the component reported, a line of JSON each, with milliseconds") &&
+               addPart(m_record.modelCopy, "the model as it was") &&
+               addPart(m_record.machinesCopy, "the machines file as it was") && addResults() &&
+               m_zip.add(QStringLiteral("README.txt"), readme()) && m_zip.commit();
+    }
+
+    QString reason() const { return m_zip.reason(); }
+
+private:
+    bool add(const QString& name, const char* meaning, const QByteArray& content)
+    {
+        m_contents.append(QStringLiteral("%1: %2").arg(name, QLatin1String(meaning)));
+        return m_zip.add(name, content);
+    }
+
+    void leaveOut(const QString& name, const QString& reason)
+    {
+        m_leftOut.append(QStringLiteral("%1: %2").arg(suite::visibleText(name), reason));
+    }
+
+    // A file of the record's own; its name is empty where the record has none.
+    bool addPart(const QString& name, const char* meaning)
+    {
+        const QString path = m_folder.filePath(name);
+        if (name.isEmpty()) {
+            return true;
+        }
+        suite::InputFile file(path);
+        if (!file.readStart(1)) {
+            leaveOut(name, file.reason());
+            return true;
+        }
+        m_contents.append(QStringLiteral("%1: %2").arg(name, QLatin1String(meaning)));
+        return m_zip.addFile(name, path, QFileInfo(path).size());
+    }
+
+    bool addResults()
+    {
+        for (const RunRecord::File& file : m_record.files) {
+            if (!addResult(file)) {
+                return false;
+            }
+        }
+        return true;
+    }
+
+    bool addResult(const RunRecord::File& file)
+    {
+        const Source source = sourceOf(file);
+        const QString name = QFileInfo(file.path).fileName();
+        if (!source.problem.isEmpty()) {
+            leaveOut(name, source.problem);
+            return true;
+        }
+        if (source.size > m_left) {
+            leaveOut(name, QStringLiteral("it is too large (%1)").arg(RunTexts::size(source.size)));
+            return true;
+        }
+        m_left -= source.size;
+        const QString entry = entryName(name);
+        m_contents.append(QStringLiteral("%1: a file that the run has written%2")
+                              .arg(suite::visibleText(entry), source.remark));
+        return m_zip.addFile(entry, source.path, source.size);
+    }
+
+    // Where a result is as the run has written it.
+    struct Source
+    {
+        QString path;
+        qint64 size = 0;
+        QString problem; ///< why there is none, as a clause
+        QString remark;
+    };
+
+    Source sourceOf(const RunRecord::File& file) const
+    {
+        QCryptographicHash hash(QCryptographicHash::Sha256);
+        qint64 size = 0;
+        suite::InputFile input(file.path);
+        const bool isRead = input.readPieces([&hash, &size](const QByteArray& piece) {
+            hash.addData(piece);
+            size += piece.size();
+            return true;
+        });
+        const QString sum = QString::fromLatin1(hash.result().toHex());
+        if (isRead && (file.checksum.isEmpty() || sum == file.checksum)) {
+            return {file.path,
+                    size,
+                    {},
+                    file.checksum.isEmpty() ? QStringLiteral("; it may have been changed since")
+                                            : QString()};
+        }
+        const QString copy = m_folder.filePath(file.copy);
+        if (!file.copy.isEmpty() && QFileInfo(copy).isFile()) {
+            return {copy, QFileInfo(copy).size(), {}, {}};
+        }
+        return {{},
+                0,
+                isRead ? QStringLiteral("it has been changed since the run") : input.reason(),
+                {}};
+    }
+
+    // Files of several folders may have the same name.
+    QString entryName(const QString& name)
+    {
+        QString entry = QStringLiteral("results/") + name;
+        for (int i = 2; m_entries.contains(entry); ++i) {
+            entry = QStringLiteral("results/%1/%2").arg(i).arg(name);
+        }
+        m_entries.insert(entry);
+        return entry;
+    }
+
+    QByteArray readme() const
+    {
+        QStringList lines = {QStringLiteral("The record of run %1 of %2")
+                                 .arg(m_record.number)
+                                 .arg(suite::visibleFileName(m_record.model)),
+                             QString()};
+        lines += m_contents;
+        if (!m_leftOut.isEmpty()) {
+            lines += {QString(), QStringLiteral("Left out:")};
+            lines += m_leftOut;
+        }
+        lines += {QString(),
+                  QStringLiteral(
+                      "The record names the user, the computer, folders, and variables of the"),
+                  QStringLiteral("environment that are set in the launch options.")};
+        return lines.join(QLatin1Char('\n')).toUtf8() + '\n';
+    }
+
+    const RunRecord& m_record;
+    QDir m_folder;
+    ZipWriter m_zip;
+    qint64 m_left;
+    QSet<QString> m_entries;
+    QStringList m_contents;
+    QStringList m_leftOut;
+};
+
+bool moveInto(const QString& source, const QString& path, QString& problem)
+{
+    suite::OutputFile output(path);
+    suite::InputFile input(source);
+    const bool isWritten = output.open() && input.readPieces([&output](const QByteArray& piece) {
+        return output.append(piece);
+    }) && output.commit();
+    if (!isWritten) {
+        const QString reason = output.reason().isEmpty() ? input.reason() : output.reason();
+        problem =
+            QStringLiteral("%1 cannot be written: %2").arg(QDir::toNativeSeparators(path), reason);
+    }
+    return isWritten;
+}
+
+} // namespace
+
+// By way of a temporary file: the library writes into the folder of its file, and what is left of a
+// killed program there would be found by users.
+bool RecordExport::exportRecord(const RunRecord& record, const QString& zipPath, QString& problem,
+                                qint64 mostResultBytes)
+{
+    const suite::TemporaryFolder folder(QStringLiteral("kestdesk-export"));
+    if (!folder.isValid()) {
+        problem = folder.error();
+        return false;
+    }
+    const QString temporary = folder.filePath(QStringLiteral("record.zip"));
+    Export content(record, temporary, mostResultBytes);
+    if (!content.write()) {
+        problem = QStringLiteral("%1 cannot be written: %2").arg(temporary, content.reason());
+        return false;
+    }
+    return moveInto(temporary, zipPath, problem);
+}

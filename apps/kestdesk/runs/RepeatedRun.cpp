@@ -1,0 +1,52 @@
+#include "RepeatedRun.h"
+
+#include <BatchSession.h>
+#include <Component.h>
+#include <ErrorOutput.h>
+#include <Leftovers.h>
+#include <RecordedRun.h>
+
+namespace {
+
+constexpr int exitNotStarted = 2;
+
+int fail(const QString& problem)
+{
+    ErrorOutput::print(problem);
+    return exitNotStarted;
+}
+
+} // namespace
+
+int RepeatedRun::exec(const RunRecord& record, bool isJson)
+{
+    const Component* const component = Component::find(record.component);
+    if (component == nullptr) {
+        return fail(QStringLiteral("this kestdesk knows no component %1").arg(record.component));
+    }
+    QString model = record.model;
+    if (RecordedRun::modelState(record) != RecordedRun::ModelState::Unchanged) {
+        if (!RecordedRun::hasModelCopy(record)) {
+            return fail(
+                QStringLiteral("there is no model %1 as it was, and the record of run %2 has "
+                               "no copy of it")
+                    .arg(record.model)
+                    .arg(record.number));
+        }
+        const RecordedRun::ModelFile copy = RecordedRun::writeModel(record);
+        if (copy.path.isEmpty()) {
+            return fail(copy.problem);
+        }
+        model = copy.path;
+        ErrorOutput::print(
+            QStringLiteral("%1 has been changed since run %2; as it was then, it is run as %3")
+                .arg(record.model)
+                .arg(record.number)
+                .arg(model));
+    }
+    Leftovers::remove();
+    BatchSession session(*component, {}, {model});
+    session.repeat(record);
+    session.setJson(isJson);
+    return session.exec();
+}

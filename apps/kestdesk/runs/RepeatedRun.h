@@ -1,0 +1,13 @@
+#pragma once
+
+struct RunRecord;
+
+/// Runs a recorded run once more in this terminal.
+namespace RepeatedRun {
+
+/// With the program, arguments, environment and machines file of the record. A model that has been
+/// changed since is run from a copy of what it was. Returns the exit code of
+/// "kestdesk --non-interactive".
+int exec(const RunRecord& record, bool isJson);
+
+} // namespace RepeatedRun
