@@ -5,7 +5,8 @@
 
 namespace {
 
-constexpr double burstGap = 0.25; // of the mean gap: closer points are one
+constexpr double burstGap = 0.25; // of the usual gap: closer points are one
+constexpr double longGap = 30;    // of the mean of the others
 constexpr int stepsWithoutStart = 4;
 constexpr double pauseLength = 6;    // of what a step usually takes
 constexpr double pauseOfAverage = 5; // and of what an average one takes, for very small steps
@@ -57,15 +58,28 @@ PaceFit::PaceFit(const QVector<PacePoint>& points, double end, Growth growth)
     }
 }
 
+// Mean time between two points, without the few that are many times as long.
+double PaceFit::usualGap(const QVector<PacePoint>& points)
+{
+    QVector<double> gaps;
+    double sum = 0;
+    for (int i = 1; i < points.size(); ++i) {
+        gaps.append(points[i].time - points[i - 1].time);
+        sum += gaps.last();
+    }
+    std::sort(gaps.begin(), gaps.end());
+    while (gaps.size() > 1 &&
+           gaps.last() > longGap * (sum - gaps.last()) / static_cast<double>(gaps.size() - 1)) {
+        sum -= gaps.takeLast();
+    }
+    return gaps.isEmpty() ? 0 : sum / gaps.size();
+}
+
 // Of a burst the last point stays: then all of its work is done.
 QVector<PacePoint> PaceFit::withoutBursts(const QVector<PacePoint>& points)
 {
     QVector<PacePoint> result;
-    if (points.size() < 2) {
-        return result;
-    }
-    const double least = burstGap * (points.last().time - points.first().time) /
-                         static_cast<double>(points.size() - 1);
+    const double least = burstGap * usualGap(points);
     for (const PacePoint& point : points) {
         const bool isNear = !result.isEmpty() && (point.time - result.last().time < least ||
                                                   point.work <= result.last().work);

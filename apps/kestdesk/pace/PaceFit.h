@@ -44,6 +44,7 @@ private:
         double pace() const { return time / work; }
     };
 
+    static double usualGap(const QVector<PacePoint>& points);
     static QVector<PacePoint> withoutBursts(const QVector<PacePoint>& points);
     static QVector<Step> stepsBetween(const QVector<PacePoint>& points);
     static QVector<Step> withoutPauses(const QVector<Step>& steps);

@@ -98,11 +98,14 @@ std::optional<RunPace::Estimate> RunPace::extrapolated(const PaceFit& fit, const
                                                        double end, double tail, qint64 now) const
 {
     const double sinceLast = static_cast<double>(now) - last.time;
-    if (fit.steps() < leastSteps || sinceLast > standstill * fit.longestStep() + patience) {
+    const bool isAtTheEnd = last.work >= end;
+    const double longest = isAtTheEnd ? tail : fit.longestStep();
+    if (fit.steps() < leastSteps || sinceLast > standstill * longest + patience) {
         return std::nullopt;
     }
     const double rest = fit.pace() * (end - last.work) + tail;
-    return Estimate{qMax(rest - qMin(sinceLast, fit.usualStep()), 0.), fit.spread()};
+    const double step = isAtTheEnd ? tail : fit.usualStep();
+    return Estimate{rest - qMin(sinceLast, qMin(step, rest)), fit.spread()};
 }
 
 // Without earlier runs the end is taken to cost as much for a percent as what came before the

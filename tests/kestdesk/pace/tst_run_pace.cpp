@@ -45,9 +45,8 @@ private Q_SLOTS:
             PlayedRun(200, [](double done) { return 100 + 300 * done; }).expectation(0.73);
         // clang-format off
         QTest::newRow("constant, first run")            << steady                                     << PaceExpectation();
-        QTest::newRow("constant, few frequencies")      << PlayedRun(40, constant(5000))              << expectationOf(40);
+        QTest::newRow("constant, few frequencies")      << PlayedRun(60, constant(5000))              << expectationOf(60);
         QTest::newRow("check, then solve")              << PlayedRun(200, constant(1000), 10000)      << PaceExpectation();
-        QTest::newRow("check alone for long")           << PlayedRun(200, constant(1000), 1, 0)       << PaceExpectation();
         QTest::newRow("growing a little, first run")    << slowlyGrowing                              << PaceExpectation();
         QTest::newRow("growing, seen before")           << growing                                    << growing.expectation();
         QTest::newRow("growing, seen on a faster machine") << growing                                 << fasterMachine;
@@ -64,7 +63,7 @@ private Q_SLOTS:
     {
         QFETCH(PlayedRun, run);
         QFETCH(PaceExpectation, expected);
-        for (const double part : {0.15, 0.2, 0.3, 0.4, 0.5, 0.6, 0.7, 0.8}) {
+        for (const double part : {0.1, 0.2, 0.3, 0.4, 0.5, 0.6, 0.7, 0.8, 0.9}) {
             const double ratio = run.ratio(part, expected);
             QVERIFY2(std::abs(ratio - 1) <= goal,
                      qPrintable(QStringLiteral("%1 at %2").arg(ratio).arg(part)));
