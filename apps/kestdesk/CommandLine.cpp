@@ -21,6 +21,8 @@ namespace {
 
 const QString componentOption = QStringLiteral("component");
 const QString jsonOption = QStringLiteral("json");
+const QString jobsOption = QStringLiteral("jobs");
+constexpr int mostJobs = 1000;
 
 QVector<ApplicationOption> options()
 {
@@ -36,6 +38,10 @@ QVector<ApplicationOption> options()
         result.append(
             {{QLatin1String(row.word), help}, true, QStringLiteral("the window has a box for it")});
     }
+    result.append({{jobsOption, QStringLiteral("Run up to N models at the same time."),
+                    QStringLiteral("N"), QStringLiteral("1")},
+                   true,
+                   QStringLiteral("the window has a setting for it")});
     result.append(
         {{jsonOption, QStringLiteral("At the end, the runs as JSON on standard output; all "
                                      "else goes to standard error.")},
@@ -121,6 +127,17 @@ ApplicationTask windowTask(const QCommandLineParser& parser)
     return {problem, [start] { return showWindow(start); }};
 }
 
+QString jobsProblem(const QCommandLineParser& parser)
+{
+    const QString typed = parser.value(jobsOption);
+    const int jobs = typed.toInt();
+    return jobs >= 1 && jobs <= mostJobs
+               ? QString()
+               : QStringLiteral("--jobs takes a number from 1 to %1, and not \"%2\"")
+                     .arg(mostJobs)
+                     .arg(suite::excerpt(typed));
+}
+
 ApplicationTask batchTask(const QCommandLineParser& parser)
 {
     const QStringList models = parser.positionalArguments();
@@ -130,9 +147,13 @@ ApplicationTask batchTask(const QCommandLineParser& parser)
         runOptions.setFlag(row.option, parser.isSet(QLatin1String(row.word)));
     }
     const bool isJson = parser.isSet(jsonOption);
-    return {modelsProblem(parser), [models, component, runOptions, isJson] {
+    const int jobs = parser.value(jobsOption).toInt();
+    const QString problem = jobsProblem(parser);
+    return {problem.isEmpty() ? modelsProblem(parser) : problem,
+            [models, component, runOptions, isJson, jobs] {
                 Leftovers::remove();
                 BatchSession session(*component, runOptions, models);
+                session.setJobs(jobs);
                 session.setJson(isJson);
                 return session.exec();
             }};

@@ -47,6 +47,11 @@ QString progressBar(int percentage)
     return QString(filled, QLatin1Char('#')) + QString(barWidth - filled, QLatin1Char('.'));
 }
 
+QString nameOf(const Run& run)
+{
+    return QFileInfo(run.model()).fileName();
+}
+
 } // namespace
 
 BatchReport::BatchReport() : m_output(std::make_unique<Terminal>(stdout))
@@ -64,22 +69,32 @@ void BatchReport::leaveOutputFree()
 
 void BatchReport::follow(const Run& run, const RunForecast& forecast)
 {
-    m_run = &run;
-    m_forecast = &forecast;
-    std::fill(std::begin(m_counts), std::end(m_counts), 0);
-    connect(&run, &Run::messageReceived, this, &BatchReport::add);
-    connect(&run, &Run::ended, this, &BatchReport::end);
+    m_shown.push_back(std::make_unique<Shown>(Shown{&run, &forecast, {}}));
+    Shown* const shown = m_shown.back().get();
+    connect(&run, &Run::messageReceived, this,
+            [this, shown](const common_IProcessMessage& message) { add(*shown, message); });
+    connect(&run, &Run::ended, this, [this, shown] { end(*shown); });
     m_statusTimer.start();
     showStatus();
 }
 
-void BatchReport::add(const common_IProcessMessage& message)
+void BatchReport::add(Shown& shown, const common_IProcessMessage& message)
 {
     const common_IProcessMessage::Type type = message.getType();
-    ++m_counts[type];
-    if (messageLooks[type].isLine) {
-        showLine(message.getText(), messageLooks[type].colour);
+    ++shown.counts[type];
+    const MessageLook& look = messageLooks[type];
+    if (look.isLine) {
+        const bool isPlain = look.colour == Terminal::Colour::None;
+        writeLine(*shown.run, isPlain ? message.getText() : message.getText().trimmed(),
+                  look.colour);
+        flushSoon();
     }
+}
+
+// Lines of runs that go at the same time are told apart by their models.
+void BatchReport::writeLine(const Run& run, const QString& text, Terminal::Colour colour)
+{
+    m_output->writeLine(m_isNaming ? nameOf(run) + QStringLiteral(": ") + text : text, colour);
 }
 
 void BatchReport::reportError(const QString& text)
@@ -89,42 +104,47 @@ void BatchReport::reportError(const QString& text)
     Terminal(stderr).writeLine(QStringLiteral("kestdesk: ") + text, Terminal::Colour::Red);
 }
 
-void BatchReport::end()
+void BatchReport::end(const Shown& shown)
 {
-    m_statusTimer.stop();
-    if (!m_run->problem().isEmpty()) {
-        reportError(m_run->problem());
+    if (!shown.run->problem().isEmpty()) {
+        reportError(shown.run->problem());
     }
-    showSummary();
-    showOutcome();
+    showSummary(shown);
+    showOutcome(*shown.run);
+    const auto end = std::remove_if(m_shown.begin(), m_shown.end(),
+                                    [&shown](const auto& each) { return each.get() == &shown; });
+    m_shown.erase(end, m_shown.end());
+    if (m_shown.empty()) {
+        m_statusTimer.stop();
+    }
     m_output->flush();
-    m_run = nullptr;
-    m_forecast = nullptr;
 }
 
-void BatchReport::showSummary()
+void BatchReport::showSummary(const Shown& shown)
 {
-    for (const QString& file : m_run->files()) {
-        m_output->writeLine(QStringLiteral("wrote %1").arg(file));
+    const Run& run = *shown.run;
+    const auto count = [&shown](common_IProcessMessage::Type type, const char* noun) {
+        return counted(shown.counts[type], noun);
+    };
+    for (const QString& file : run.files()) {
+        writeLine(run, QStringLiteral("wrote %1").arg(file));
     }
-    m_output->writeLine(QStringLiteral("%1, %2, %3, %4 in %5")
-                            .arg(counted(count(common_IProcessMessage::Error), "error"),
-                                 counted(count(common_IProcessMessage::Warning), "warning"),
-                                 counted(count(common_IProcessMessage::Notice), "notice"),
-                                 counted(m_run->files().size(), "file"),
-                                 duration(m_run->elapsed())));
+    writeLine(run, QStringLiteral("%1, %2, %3, %4 in %5")
+                       .arg(count(common_IProcessMessage::Error, "error"),
+                            count(common_IProcessMessage::Warning, "warning"),
+                            count(common_IProcessMessage::Notice, "notice"),
+                            counted(run.files().size(), "file"), duration(run.elapsed())));
 }
 
-// The component is what the reason speaks of.
-void BatchReport::showOutcome()
+// The component is what the reason speaks of. The last line has the model's name in any case.
+void BatchReport::showOutcome(const Run& run)
 {
-    const RunOutcome& outcome = m_run->outcome();
+    const RunOutcome& outcome = run.outcome();
     const Terminal::Colour colour = outcomeColours[static_cast<int>(outcome.kind())];
     if (!outcome.reason().isEmpty()) {
-        m_output->writeLine(QStringLiteral("%1 %2").arg(m_run->componentName(), outcome.reason()),
-                            colour);
+        writeLine(run, QStringLiteral("%1 %2").arg(run.componentName(), outcome.reason()), colour);
     }
-    m_output->writeLine(QStringLiteral("%1: %2").arg(modelName(), outcome.word()), colour);
+    m_output->writeLine(QStringLiteral("%1: %2").arg(nameOf(run), outcome.word()), colour);
 }
 
 void BatchReport::showRecord(int number)
@@ -134,53 +154,67 @@ void BatchReport::showRecord(int number)
     m_output->flush();
 }
 
-QString BatchReport::modelName() const
-{
-    return QFileInfo(m_run->model()).fileName();
-}
-
-void BatchReport::summarise(const QStringList& models, const QVector<RunOutcome::Kind>& outcomes)
+void BatchReport::summarise(const std::vector<Result>& results)
 {
     using Kind = RunOutcome::Kind;
-    for (int i = 0; i < models.size(); ++i) {
-        const bool isBegun = i < outcomes.size();
-        if (!isBegun || outcomes.at(i) != Kind::Valid) {
-            m_output->writeLine(QStringLiteral("%1: %2").arg(
-                                    models.at(i), isBegun ? RunOutcome::word(outcomes.at(i))
-                                                          : QStringLiteral("not begun")),
-                                isBegun ? outcomeColours[static_cast<int>(outcomes.at(i))]
-                                        : Terminal::Colour::Yellow);
+    int begun = 0;
+    int counts[] = {0, 0, 0, 0}; // by kind
+    for (const Result& result : results) {
+        if (result.outcome != Kind::Valid) {
+            showFailure(result);
+        }
+        if (result.outcome) {
+            ++begun;
+            ++counts[static_cast<int>(*result.outcome)];
         }
     }
     QStringList parts;
     for (const Kind kind : {Kind::Valid, Kind::Fault, Kind::NotStarted, Kind::Stopped}) {
-        const int count = outcomes.count(kind);
+        const int count = counts[static_cast<int>(kind)];
         if (count > 0) {
             parts.append(QStringLiteral("%1 %2").arg(count).arg(RunOutcome::word(kind)));
         }
     }
-    m_output->writeLine(QStringLiteral("%1: %2").arg(counted(outcomes.size(), "model"),
-                                                     parts.join(QStringLiteral(", "))));
+    m_output->writeLine(
+        QStringLiteral("%1: %2").arg(counted(begun, "model"), parts.join(QStringLiteral(", "))));
     m_output->flush();
 }
 
-void BatchReport::showLine(const QString& text, Terminal::Colour colour)
+void BatchReport::showFailure(const Result& result)
 {
-    m_output->writeLine(colour == Terminal::Colour::None ? text : text.trimmed(), colour);
-    flushSoon();
+    const QString word =
+        result.outcome ? RunOutcome::word(*result.outcome) : QStringLiteral("not begun");
+    const Terminal::Colour colour = result.outcome
+                                        ? outcomeColours[static_cast<int>(*result.outcome)]
+                                        : Terminal::Colour::Yellow;
+    m_output->writeLine(QStringLiteral("%1: %2").arg(result.model, word), colour);
 }
 
 void BatchReport::showStatus()
 {
-    QString times = clockTime(m_run->elapsed());
-    if (!m_forecast->text().isEmpty()) {
-        times += QStringLiteral(", ") + m_forecast->text();
+    m_output->setStatusLine(status());
+}
+
+// Of several runs what fits: how far each is, and how long it still takes.
+QString BatchReport::status() const
+{
+    QStringList parts;
+    for (const auto& shown : m_shown) {
+        const Run& run = *shown->run;
+        const QString left = shown->forecast->text();
+        const QString comma = left.isEmpty() ? QString() : QStringLiteral(", ");
+        if (m_isNaming) {
+            parts.append(QStringLiteral("%1 %2%").arg(nameOf(run)).arg(run.totalPercentage()) +
+                         comma + left);
+        } else {
+            parts.append(QStringLiteral("[%1] %2% in all, phase %3%, %4  %5")
+                             .arg(progressBar(run.totalPercentage()))
+                             .arg(run.totalPercentage(), 3)
+                             .arg(run.percentage(), 3)
+                             .arg(clockTime(run.elapsed()) + comma + left, nameOf(run)));
+        }
     }
-    m_output->setStatusLine(QStringLiteral("[%1] %2% in all, phase %3%, %4  %5")
-                                .arg(progressBar(m_run->totalPercentage()))
-                                .arg(m_run->totalPercentage(), 3)
-                                .arg(m_run->percentage(), 3)
-                                .arg(times, modelName()));
+    return parts.join(QStringLiteral(" | "));
 }
 
 // Once for all the lines that arrive together.

@@ -6,29 +6,41 @@
 #include <common_IProcessMessage.h>
 
 #include <QObject>
+#include <QString>
 #include <QTimer>
-#include <QVector>
 
 #include <memory>
+#include <optional>
+#include <vector>
 
 class Run;
 class RunForecast;
 
-/// Shows runs on the terminal, one after the other: what the component prints as it comes, how far
-/// it is, and a summary at the end.
+/// Shows runs on the terminal: what their components print as it comes, how far they are, and a
+/// summary at the end of each and of all.
 class BatchReport : public QObject
 {
     Q_OBJECT
 
 public:
+    /// What became of a model.
+    struct Result
+    {
+        QString model;
+        std::optional<RunOutcome::Kind> outcome; ///< nothing for one that has not been begun
+    };
+
     BatchReport();
+
+    /// Whether each line begins with the name of its model, for runs at the same time.
+    void setNaming(bool isNaming) { m_isNaming = isNaming; }
 
     /// Shows everything on standard error from now on, for standard output that is read by another
     /// program.
     void leaveOutputFree();
 
-    /// Shows a waiting run until it has ended, which it must before it is deleted and before the
-    /// next one. The forecast says how long it still takes; it lives as long as the run.
+    /// Shows a waiting run until it has ended, which it must before it is deleted. The forecast
+    /// says how long it still takes; it lives as long as the run.
     void follow(const Run& run, const RunForecast& forecast);
 
     /// On standard error.
@@ -37,25 +49,31 @@ public:
     /// Says how to see the record with that number again.
     void showRecord(int number);
 
-    /// After several models: how many ended how, and which of them were not valid. There may be
-    /// fewer outcomes than models; the rest has not been begun.
-    void summarise(const QStringList& models, const QVector<RunOutcome::Kind>& outcomes);
+    /// After several models: how many ended how, and which of them were not valid.
+    void summarise(const std::vector<Result>& results);
 
 private:
-    void add(const common_IProcessMessage& message);
-    void end();
-    void showSummary();
-    void showOutcome();
-    QString modelName() const;
-    int count(common_IProcessMessage::Type type) const { return m_counts[type]; }
-    void showLine(const QString& text, Terminal::Colour colour);
+    struct Shown
+    {
+        const Run* run;
+        const RunForecast* forecast;
+        int counts[common_IProcessMessage::Variable + 1] = {}; ///< by message type
+    };
+
+    void add(Shown& shown, const common_IProcessMessage& message);
+    void end(const Shown& shown);
+    void showSummary(const Shown& shown);
+    void showOutcome(const Run& run);
+    void showFailure(const Result& result);
+    void writeLine(const Run& run, const QString& text,
+                   Terminal::Colour colour = Terminal::Colour::None);
+    QString status() const;
     void showStatus();
     void flushSoon();
 
     std::unique_ptr<Terminal> m_output;
     QTimer m_statusTimer;
     QTimer m_flushTimer;
-    const Run* m_run = nullptr;                              ///< the one that is shown
-    const RunForecast* m_forecast = nullptr;                 ///< of the run
-    int m_counts[common_IProcessMessage::Variable + 1] = {}; ///< by message type
+    std::vector<std::unique_ptr<Shown>> m_shown; ///< those that have not ended
+    bool m_isNaming = false;
 };

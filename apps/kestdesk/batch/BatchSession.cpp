@@ -1,8 +1,7 @@
 #include "BatchSession.h"
 
+#include "Component.h"
 #include "KestdeskSettings.h"
-#include "RecordedRun.h"
-#include "RunFacts.h"
 #include "StopSignals.h"
 
 #include <common_IApplicationInfo.h>
@@ -10,9 +9,11 @@
 
 #include <QCoreApplication>
 #include <QFileInfo>
+#include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
 
+#include <algorithm>
 #include <cstdio>
 #include <utility>
 
@@ -23,125 +24,78 @@ constexpr int exitFault = 1;
 constexpr int exitNotStarted = 2;
 constexpr int exitStopped = 130; // what shells give for a program that Ctrl+C ended
 
-constexpr int longestRecording = 5000; // milliseconds that the end of a record may take
-
-const QString useLocal = QStringLiteral("\"kestdesk machines use-local\"");
-
-// Why a component is not started, and what the user can do about it in a terminal.
-QString problemText(const RunSetup::Readiness& readiness, const QString& component)
+RunArchive::Limits limits()
 {
-    switch (readiness.obstacle) {
-    case RunSetup::Obstacle::Shown:
-        return QStringLiteral("%1 was not started").arg(component);
-    case RunSetup::Obstacle::NoFile:
-        return QStringLiteral(
-                   "%1 was not started; %2 makes a machines file that names this machine")
-            .arg(component, useLocal);
-    case RunSetup::Obstacle::NoHost:
-        return QStringLiteral(
-                   "%1; %2 lets it name this machine, \"kestdesk machines edit\" changes it")
-            .arg(readiness.problem, useLocal);
-    default:
-        return readiness.problem;
-    }
+    const KestdeskSettings settings = KestdeskSettings::read();
+    return {settings.archiveDays(), settings.archiveMegabytes()};
 }
 
 } // namespace
 
 BatchSession::BatchSession(const Component& component, common_RunWrapper::RunOptions options,
                            QStringList models)
-    : m_component(component)
-    , m_options(options)
-    , m_models(std::move(models))
+    : m_models(std::move(models))
     , m_settings(GET_SERVICE(common_IApplicationInfo)->userSettingsDirectory(),
                  GET_SERVICE(common_IApplicationInfo)->applicationName())
-    , m_archive(RunArchive::ofUser())
+    , m_setting{component, options, RunArchive::ofUser(), limits(), {}}
+    , m_queue(1)
+    , m_runs(static_cast<std::size_t>(m_models.size()))
 {
-    const KestdeskSettings settings = KestdeskSettings::read();
-    m_limits = {settings.archiveDays(), settings.archiveMegabytes()};
-    m_recordingTime.setSingleShot(true);
-    m_recordingTime.setInterval(longestRecording);
-    connect(&m_recordingTime, &QTimer::timeout, this, &BatchSession::onRecorded);
+    connect(&m_queue, &RunQueue::startRequested, this, &BatchSession::start);
     connect(&m_shutdown, &Shutdown::done, this, &BatchSession::leave);
     StopSignals::watch(this, [this] { onStopRequested(); });
 }
 
 BatchSession::~BatchSession() = default;
 
+void BatchSession::setJobs(int jobs)
+{
+    m_queue.setRunsAtOnce(jobs);
+    m_report.setNaming(jobs > 1);
+}
+
 int BatchSession::exec()
 {
-    QMetaObject::invokeMethod(this, &BatchSession::runNext, Qt::QueuedConnection);
+    QMetaObject::invokeMethod(this, &BatchSession::queueModels, Qt::QueuedConnection);
     return QCoreApplication::exec();
 }
 
-// Once the user has asked to stop, the shutdown decides when to leave.
-void BatchSession::runNext()
+// The number of a run in the queue is that of its model, from 1 on.
+void BatchSession::queueModels()
 {
-    if (m_shutdown.phase() != Shutdown::Phase::None) {
-        return;
-    }
-    if (m_outcomes.size() == m_models.size()) {
-        leave();
-        return;
-    }
-    startRun();
-}
-
-void BatchSession::startRun()
-{
-    const common_ActivePtr<ComponentRunner> runner(new ComponentRunner);
-    m_forecast.reset();
-    m_run = std::make_unique<Run>(m_component, m_models[m_outcomes.size()], runner);
-    m_forecast = std::make_unique<RunForecast>(*m_run, m_archive);
-    m_report.follow(*m_run, *m_forecast);
-    m_shutdown.add(*m_run);
-    makeRecorder();
-    connect(m_run.get(), &Run::ended, this, &BatchSession::onRunEnded);
-    const RunSetup::Readiness readiness = setUp();
-    if (readiness.isReady()) {
-        m_run->start();
-    } else {
-        m_run->refuse(problemText(readiness, m_run->componentName()));
+    for (const QString& model : qAsConst(m_models)) {
+        QueuedRun run;
+        run.model = QFileInfo(model).absoluteFilePath();
+        m_queue.add(run);
     }
 }
 
-RunSetup::Readiness BatchSession::setUp()
+void BatchSession::start(const QueuedRun& queued)
 {
-    return m_repeated ? RecordedRun::setUp(*m_run, *m_repeated, m_settings)
-                      : m_run->setUp(m_options, m_settings);
-}
-
-void BatchSession::makeRecorder()
-{
-    m_recorder =
-        std::make_unique<RunRecorder>(*m_run, RunRecorder::Face::Terminal, m_archive, m_limits);
-    if (m_repeated) {
-        m_recorder->setRepeated(*m_repeated);
-    } else {
-        m_recorder->setRunOptions(m_options);
-    }
-    connect(m_recorder.get(), &RunRecorder::failed, this, [this](const QString& reason) {
+    const int index = queued.id - 1;
+    auto& run = m_runs[static_cast<std::size_t>(index)];
+    run = std::make_unique<BatchRun>(m_setting, m_models.at(index));
+    m_report.follow(run->run(), run->forecast());
+    m_shutdown.add(run->run());
+    connect(run.get(), &BatchRun::recordFailed, this, [this](const QString& reason) {
         m_report.reportError(QStringLiteral("the record of this run is not complete: ") + reason);
     });
-    connect(m_recorder.get(), &RunRecorder::finished, this, &BatchSession::onRecorded);
+    connect(run.get(), &BatchRun::finished, this, [this, queued] { onFinished(queued); });
+    run->start(m_settings);
 }
 
-void BatchSession::onRunEnded()
+// Once the user has asked to stop, the shutdown decides when to leave.
+void BatchSession::onFinished(const QueuedRun& queued)
 {
-    m_outcomes.append(m_run->outcome().kind());
-    m_recordingTime.start();
-}
-
-// The next run begins when the record of this one is whole, or takes too long for that.
-void BatchSession::onRecorded()
-{
-    m_recordingTime.stop();
-    m_recorder->disconnect(this);
-    if (m_run->outcome().kind() != RunOutcome::Kind::Valid && m_recorder->number() > 0) {
-        m_report.showRecord(m_recorder->number());
+    const BatchRun& run = *m_runs[static_cast<std::size_t>(queued.id - 1)];
+    if (run.run().outcome().kind() != RunOutcome::Kind::Valid && run.number() > 0) {
+        m_report.showRecord(run.number());
     }
-    keepRecord();
-    runNext();
+    m_queue.onEnded(queued);
+    ++m_finishedCount;
+    if (m_finishedCount == m_models.size() && m_shutdown.phase() == Shutdown::Phase::None) {
+        leave();
+    }
 }
 
 void BatchSession::setJson(bool isJson)
@@ -152,62 +106,71 @@ void BatchSession::setJson(bool isJson)
     }
 }
 
-// Where the archive has none, what is known without it.
-void BatchSession::keepRecord()
-{
-    if (!m_isJson) {
-        return;
-    }
-    auto record = m_archive.record(m_recorder->number());
-    if (!record || !record->hasEnded()) {
-        record = RunFacts::atEnd(*m_run);
-        record->component = m_run->componentName();
-        record->model = QFileInfo(m_run->model()).absoluteFilePath();
-    }
-    m_records.append(record->toJson());
-}
-
-void BatchSession::writeJson() const
-{
-    const QJsonObject json{
-        {QStringLiteral("exitCode"), exitCode()},
-        {QStringLiteral("runs"), m_records},
-        {QStringLiteral("notBegun"), QJsonArray::fromStringList(m_models.mid(m_outcomes.size()))},
-    };
-    std::fputs(QJsonDocument(json).toJson().constData(), stdout);
-    std::fflush(stdout);
-}
-
 void BatchSession::onStopRequested()
 {
     if (m_shutdown.phase() == Shutdown::Phase::None) {
         m_report.reportError(QStringLiteral("stopping; once more ends at once"));
     }
+    m_queue.close();
     m_shutdown.request();
 }
 
 void BatchSession::leave()
 {
     if (m_models.size() > 1) {
-        m_report.summarise(m_models, m_outcomes);
+        m_report.summarise(results());
     }
     if (m_isJson) {
-        while (m_records.size() < m_outcomes.size()) {
-            keepRecord();
-        }
         writeJson();
     }
     QCoreApplication::exit(exitCode());
 }
 
+std::vector<BatchReport::Result> BatchSession::results() const
+{
+    std::vector<BatchReport::Result> results;
+    for (std::size_t i = 0; i < m_runs.size(); ++i) {
+        const BatchRun* const run = m_runs[i].get();
+        results.push_back(
+            {m_models.at(static_cast<int>(i)),
+             run != nullptr ? std::optional(run->run().outcome().kind()) : std::nullopt});
+    }
+    return results;
+}
+
+void BatchSession::writeJson() const
+{
+    QJsonArray runs;
+    QJsonArray notBegun;
+    for (std::size_t i = 0; i < m_runs.size(); ++i) {
+        if (m_runs[i]) {
+            runs.append(m_runs[i]->toJson());
+        } else {
+            notBegun.append(m_models.at(static_cast<int>(i)));
+        }
+    }
+    const QJsonObject json{{QStringLiteral("exitCode"), exitCode()},
+                           {QStringLiteral("runs"), runs},
+                           {QStringLiteral("notBegun"), notBegun}};
+    std::fputs(QJsonDocument(json).toJson().constData(), stdout);
+    std::fflush(stdout);
+}
+
 // The worst of the outcomes; models that were not begun have been stopped.
 int BatchSession::exitCode() const
 {
-    if (m_outcomes.contains(RunOutcome::Kind::Stopped) || m_outcomes.size() < m_models.size()) {
+    const auto has = [this](RunOutcome::Kind kind) {
+        return std::any_of(m_runs.begin(), m_runs.end(), [kind](const auto& run) {
+            return run != nullptr && run->run().outcome().kind() == kind;
+        });
+    };
+    const bool isAllBegun =
+        std::all_of(m_runs.begin(), m_runs.end(), [](const auto& run) { return run != nullptr; });
+    if (!isAllBegun || has(RunOutcome::Kind::Stopped)) {
         return exitStopped;
     }
-    if (m_outcomes.contains(RunOutcome::Kind::NotStarted)) {
+    if (has(RunOutcome::Kind::NotStarted)) {
         return exitNotStarted;
     }
-    return m_outcomes.contains(RunOutcome::Kind::Fault) ? exitFault : exitValid;
+    return has(RunOutcome::Kind::Fault) ? exitFault : exitValid;
 }

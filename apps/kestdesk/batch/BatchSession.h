@@ -1,27 +1,20 @@
 #pragma once
 
 #include "BatchReport.h"
-#include "Run.h"
-#include "RunArchive.h"
-#include "RunForecast.h"
-#include "RunRecorder.h"
+#include "BatchRun.h"
+#include "RunQueue.h"
 #include "Shutdown.h"
 
 #include <common_CommonSettingsSet.h>
-#include <common_RunWrapper.h>
 
-#include <QJsonArray>
 #include <QObject>
 #include <QStringList>
-#include <QTimer>
-#include <QVector>
 
 #include <memory>
-#include <optional>
+#include <vector>
 
-struct Component;
-
-/// Runs a component on one model after the other, until all are done or the user stops it.
+/// Runs a component on the models, one after the other or several at once, until all are done or
+/// the user stops it.
 class BatchSession : public QObject
 {
     Q_OBJECT
@@ -32,9 +25,13 @@ public:
                  QStringList models);
     ~BatchSession() override;
 
+    /// How many runs go at the same time, 1 or more; of one model never more than one. To be called
+    /// before exec().
+    void setJobs(int jobs);
+
     /// Runs the model as that run was started, instead of as the launch options say now. To be
     /// called before exec().
-    void repeat(const RunRecord& record) { m_repeated = record; }
+    void repeat(const RunRecord& record) { m_setting.repeated = record; }
 
     /// Shows the runs on standard error, and writes their records as one JSON object to standard
     /// output at the end. To be called before exec().
@@ -44,32 +41,22 @@ public:
     int exec();
 
 private:
-    void runNext();
-    void startRun();
-    void makeRecorder();
-    void onRunEnded();
-    void onRecorded();
+    void queueModels();
+    void start(const QueuedRun& queued);
+    void onFinished(const QueuedRun& queued);
     void onStopRequested();
     void leave();
-    RunSetup::Readiness setUp();
-    void keepRecord();
+    std::vector<BatchReport::Result> results() const;
     void writeJson() const;
     int exitCode() const;
 
-    const Component& m_component;
-    common_RunWrapper::RunOptions m_options;
     QStringList m_models;
-    std::optional<RunRecord> m_repeated;
     bool m_isJson = false;
-    QJsonArray m_records; ///< of the runs that have ended
     common_CommonSettingsSet m_settings;
-    RunArchive m_archive;
-    RunArchive::Limits m_limits;
-    QVector<RunOutcome::Kind> m_outcomes;
+    BatchSetting m_setting;
     BatchReport m_report;
-    std::unique_ptr<Run> m_run;
-    std::unique_ptr<RunForecast> m_forecast; ///< of the run
-    std::unique_ptr<RunRecorder> m_recorder; ///< of the run
-    QTimer m_recordingTime;                  ///< runs while a run has ended, but not its record
     Shutdown m_shutdown;
+    RunQueue m_queue;
+    int m_finishedCount = 0;
+    std::vector<std::unique_ptr<BatchRun>> m_runs; ///< by model; null for those not begun
 };
