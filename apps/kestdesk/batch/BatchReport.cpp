@@ -73,7 +73,6 @@ void BatchReport::follow(const Run& run, const RunForecast& forecast)
     Shown* const shown = m_shown.back().get();
     connect(&run, &Run::messageReceived, this,
             [this, shown](const common_IProcessMessage& message) { add(*shown, message); });
-    connect(&run, &Run::ended, this, [this, shown] { end(*shown); });
     m_statusTimer.start();
     showStatus();
 }
@@ -104,16 +103,19 @@ void BatchReport::reportError(const QString& text)
     Terminal(stderr).writeLine(QStringLiteral("kestdesk: ") + text, Terminal::Colour::Red);
 }
 
-void BatchReport::end(const Shown& shown)
+void BatchReport::end(const Run& run, int number)
 {
-    if (!shown.run->problem().isEmpty()) {
-        reportError(shown.run->problem());
+    const auto found = std::find_if(m_shown.begin(), m_shown.end(),
+                                    [&run](const auto& each) { return each->run == &run; });
+    if (found == m_shown.end()) {
+        return;
     }
-    showSummary(shown);
-    showOutcome(*shown.run);
-    const auto end = std::remove_if(m_shown.begin(), m_shown.end(),
-                                    [&shown](const auto& each) { return each.get() == &shown; });
-    m_shown.erase(end, m_shown.end());
+    if (!run.problem().isEmpty()) {
+        reportError(run.problem());
+    }
+    showSummary(**found);
+    showOutcome(run, number);
+    m_shown.erase(found);
     if (m_shown.empty()) {
         m_statusTimer.stop();
     }
@@ -136,22 +138,20 @@ void BatchReport::showSummary(const Shown& shown)
                             counted(run.files().size(), "file"), duration(run.elapsed())));
 }
 
-// The component is what the reason speaks of. The last line has the model's name in any case.
-void BatchReport::showOutcome(const Run& run)
+// The component is what the reason speaks of. The last line has the model's name in any case, and
+// nothing comes behind it: scripts read it.
+void BatchReport::showOutcome(const Run& run, int number)
 {
     const RunOutcome& outcome = run.outcome();
     const Terminal::Colour colour = outcomeColours[static_cast<int>(outcome.kind())];
     if (!outcome.reason().isEmpty()) {
         writeLine(run, QStringLiteral("%1 %2").arg(run.componentName(), outcome.reason()), colour);
     }
+    if (number > 0 && outcome.kind() != RunOutcome::Kind::Valid) {
+        writeLine(run,
+                  QStringLiteral("\"kestdesk runs show %1\" shows this run again").arg(number));
+    }
     m_output->writeLine(QStringLiteral("%1: %2").arg(nameOf(run), outcome.word()), colour);
-}
-
-void BatchReport::showRecord(int number)
-{
-    m_output->writeLine(
-        QStringLiteral("\"kestdesk runs show %1\" shows this run again").arg(number));
-    m_output->flush();
 }
 
 void BatchReport::summarise(const std::vector<Result>& results)

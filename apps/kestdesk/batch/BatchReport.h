@@ -39,15 +39,16 @@ public:
     /// program.
     void leaveOutputFree();
 
-    /// Shows a waiting run until it has ended, which it must before it is deleted. The forecast
+    /// Shows a waiting run until end(), which must come before the run is deleted. The forecast
     /// says how long it still takes; it lives as long as the run.
     void follow(const Run& run, const RunForecast& forecast);
 
     /// On standard error.
     void reportError(const QString& text);
 
-    /// Says how to see the record with that number again.
-    void showRecord(int number);
+    /// Shows how a run has ended, and unless it was valid how to see its record again, which has
+    /// the number, 0 for none. Nothing when the run is not shown.
+    void end(const Run& run, int number);
 
     /// After several models: how many ended how, and which of them were not valid.
     void summarise(const std::vector<Result>& results);
@@ -61,9 +62,8 @@ private:
     };
 
     void add(Shown& shown, const common_IProcessMessage& message);
-    void end(const Shown& shown);
     void showSummary(const Shown& shown);
-    void showOutcome(const Run& run);
+    void showOutcome(const Run& run, int number);
     void showFailure(const Result& result);
     void writeLine(const Run& run, const QString& text,
                    Terminal::Colour colour = Terminal::Colour::None);

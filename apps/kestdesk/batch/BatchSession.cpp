@@ -88,9 +88,7 @@ void BatchSession::start(const QueuedRun& queued)
 void BatchSession::onFinished(const QueuedRun& queued)
 {
     const BatchRun& run = *m_runs[static_cast<std::size_t>(queued.id - 1)];
-    if (run.run().outcome().kind() != RunOutcome::Kind::Valid && run.number() > 0) {
-        m_report.showRecord(run.number());
-    }
+    m_report.end(run.run(), run.number());
     m_queue.onEnded(queued);
     ++m_finishedCount;
     if (m_finishedCount == m_models.size() && m_shutdown.phase() == Shutdown::Phase::None) {
@@ -115,8 +113,14 @@ void BatchSession::onStopRequested()
     m_shutdown.request();
 }
 
+// After a stop, records may still be being written.
 void BatchSession::leave()
 {
+    for (const auto& run : m_runs) {
+        if (run) {
+            m_report.end(run->run(), run->number());
+        }
+    }
     if (m_models.size() > 1) {
         m_report.summarise(results());
     }
