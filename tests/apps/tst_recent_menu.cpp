@@ -80,7 +80,7 @@ private Q_SLOTS:
         common_recent_file_settings settings(m_folder.filePath(text("recent.ini")));
         auto menu = std::make_unique<RecentMenu>(nullptr, &settings);
         for (int i = 0; i < 9; ++i) {
-            menu->addFile(write(QByteArray::number(i) + ".nec"));
+            menu->addFile(write(qPrintable(QString::number(i) + text(".nec"))));
         }
         for (int i = 0; i < 50; ++i) {
             Q_EMIT menu->aboutToShow();

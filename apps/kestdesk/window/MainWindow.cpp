@@ -20,6 +20,7 @@
 #include "RunPanel.h"
 #include "RunStops.h"
 #include "RunTableModel.h"
+#include "WelcomePanel.h"
 #include "WindowQueue.h"
 #include "WindowRun.h"
 #include "WindowTitle.h"
@@ -91,12 +92,23 @@ void MainWindow::makeContent()
     auto* layout = new QVBoxLayout(content);
     makePanel(content);
     layout->addWidget(m_panel);
+    layout->addWidget(makeWelcome(content));
     layout->addWidget(new QueuePanel(m_queue->queue(), content));
     m_runDesk->listPart()->addButton(m_applications->makeResultsButton(content));
     layout->addWidget(m_runDesk->listPart(), 1);
     setCentralWidget(content);
     makeOutcomeLabel();
     GET_SERVICE(common_HelpClient)->registerPage(this, applicationName);
+}
+
+QWidget* MainWindow::makeWelcome(QWidget* content)
+{
+    m_welcome = new WelcomePanel(content);
+    connect(m_welcome, &WelcomePanel::openRequested, this, &MainWindow::chooseModel);
+    connect(m_welcome, &WelcomePanel::sampleOpened, this,
+            [this](const QString& path) { openModel(path); });
+    connect(m_welcome, &WelcomePanel::reported, this, &MainWindow::showOutcome);
+    return m_welcome;
 }
 
 void MainWindow::makePanel(QWidget* content)
@@ -289,6 +301,7 @@ void MainWindow::saveSession()
 void MainWindow::updateControls()
 {
     updateTitle();
+    m_welcome->setVisible(m_panel->model().isEmpty() && m_runs->runs().isEmpty());
     const bool isRunning = !m_runs->runningRuns().isEmpty();
     m_panel->setStopEnabled(isRunning);
     m_menu->setStopEnabled(isRunning);

@@ -18,6 +18,7 @@ class RunListView;
 class RunPanel;
 class RunTableModel;
 class WindowQueue;
+class WelcomePanel;
 class WindowRun;
 struct Component;
 
@@ -54,6 +55,7 @@ protected:
 
 private:
     void makeContent();
+    QWidget* makeWelcome(QWidget* content);
     void makePanel(QWidget* content);
     void makeOutcomeLabel();
     void connectRuns();
@@ -88,6 +90,7 @@ private:
     WindowSession m_session;
     Shutdown m_shutdown;
     std::unique_ptr<RunDesk> m_runDesk;
+    WelcomePanel* m_welcome = nullptr;
     RunTableModel* m_runs;
     RunListView* m_list;
     RunPanel* m_panel = nullptr;

@@ -1,0 +1,52 @@
+#include "SampleModels.h"
+
+#include "Installation.h"
+
+#include <VisibleText.h>
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QStandardPaths>
+
+namespace {
+
+QString userFolder()
+{
+    const QString documents = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
+    return (documents.isEmpty() ? QDir::homePath() : documents) + QStringLiteral("/Kest samples");
+}
+
+} // namespace
+
+QStringList SampleModels::all()
+{
+    const QDir folder(Installation::directory() + QStringLiteral("/models"));
+    QStringList result;
+    const QStringList names = folder.entryList({QStringLiteral("*.nec")}, QDir::Files, QDir::Name);
+    for (const QString& name : names) {
+        result.append(folder.filePath(name));
+    }
+    return result;
+}
+
+QString SampleModels::copyOf(const QString& sample, QString& problem)
+{
+    const QString folder = userFolder();
+    const QString copy = folder + QLatin1Char('/') + QFileInfo(sample).fileName();
+    if (QFileInfo(copy).isFile()) {
+        return copy;
+    }
+    if (!QDir().mkpath(folder)) {
+        problem = QStringLiteral("the folder %1 cannot be made").arg(suite::visiblePath(folder));
+        return QString();
+    }
+    QFile source(sample);
+    if (!source.copy(copy)) {
+        problem = QStringLiteral("%1 cannot be written: %2")
+                      .arg(suite::visiblePath(copy), source.errorString());
+        return QString();
+    }
+    QFile::setPermissions(copy, QFile::permissions(copy) | QFile::WriteOwner);
+    return copy;
+}
