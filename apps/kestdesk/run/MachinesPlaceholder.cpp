@@ -13,7 +13,7 @@
 
 namespace {
 
-constexpr int longestWait = 2000;   // milliseconds; a set-up takes a few
+constexpr int longestWait = 10000;  // milliseconds; a set-up takes a few, on a busy machine more
 constexpr unsigned long pause = 10; // milliseconds
 const QByteArray content = QByteArrayLiteral("# Made by kestdesk while it set up a run in a Slurm "
                                              "job. It names no host and may be deleted.\n");
