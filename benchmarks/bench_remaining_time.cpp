@@ -45,7 +45,7 @@ struct MeasuredModel
 };
 
 constexpr MeasuredModel models[] = {
-    {"dipole", 2500}, {"yagi", 1200}, {"coarse", 1500}, {"monopole", 71}, {"wall", 71},
+    {"dipole", 1500}, {"yagi", 800}, {"coarse", 1000}, {"monopole", 71}, {"wall", 71},
 };
 
 // Fifteen dipoles side by side: 315 segments.
