@@ -140,7 +140,7 @@ constexpr FindingRow findingTable[] = {
     {FindingKind::PartialReplaced,     306, Severity::Notice,  "the results of an earlier run in '%1' are replaced when the first frequency is solved, %2"},
     {FindingKind::AnalysesKept,        307, Severity::Notice,  "analyses 1 to %1 are kept in '%2', --resume continues from there"},
     {FindingKind::EvaluationsKept,     308, Severity::Notice,  "%1 evaluations are kept in '%2', --restart %3 continues from there"},
-    {FindingKind::PartialNotKept,     3604, Severity::Warning, "a stop of this run would keep no results, %1"},
+    {FindingKind::PartialNotKept,     3605, Severity::Warning, "a stop of this run would keep no results, %1"},
 
     {FindingKind::LongSegment,        3201, Severity::Warning, "the segments of %1 (%2 m) are longer than a tenth of the shortest wavelength (%3 m)"},
     {FindingKind::ThickSegment,       3202, Severity::Warning, "the segments of %1 (%2 m) are shorter than eight radii (radius %3 m)"},

@@ -179,7 +179,9 @@ void tst_runkest_faults::closedOutputEndsTheRun()
     QCOMPARE(readFile(m_runs->path(text("code"))), QByteArray("1\n"));
     QVERIFY(QFile::remove(m_runs->path(text("code"))));
     QCOMPARE(m_runs->processCount(), 0);
-    verifyOldResults(part == text("slow") ? QStringList(text("dipole.partial")) : QStringList());
+    // Whether a frequency was solved before the reader went away is a matter of time.
+    QFile::remove(m_runs->path(text("dipole.partial")));
+    verifyOldResults();
 }
 
 void tst_runkest_faults::brokenEngine_data()

@@ -194,7 +194,7 @@ void tst_runkest_partial::fileOfARunningSweepIsNotUsed()
     QVERIFY(refused.hasText(text("another run of this model writes it")));
     const SuiteResult other = m_sweep->run({}, m_sweep->environment());
     QCOMPARE(other.exitCode, 0);
-    QVERIFY(other.hasText(text("WARNING 3604: a stop of this run would keep no results, "
+    QVERIFY(other.hasText(text("WARNING 3605: a stop of this run would keep no results, "
                                "'m.partial' cannot be used, another run of this model writes it")));
     QCOMPARE(process.state(), QProcess::Running);
     process.terminate();
