@@ -71,6 +71,22 @@ function(kest_suite_program target)
         RUNTIME DESTINATION ${KEST_SUITE_INSTALL_DIR}/bin COMPONENT Suite)
 endfunction()
 
+# Programs of the sample installation that users call by their names: links in the folder of programs,
+# which hold wherever the whole is moved to. A program finds its installation from its own file.
+function(kest_on_path)
+    if(NOT UNIX)
+        return()
+    endif()
+    foreach(target IN LISTS ARGN)
+        file(RELATIVE_PATH program
+            "/${CMAKE_INSTALL_BINDIR}" "/${KEST_SUITE_INSTALL_DIR}/bin/${target}")
+        set(link "${CMAKE_CURRENT_BINARY_DIR}/on-path/${target}")
+        file(MAKE_DIRECTORY "${CMAKE_CURRENT_BINARY_DIR}/on-path")
+        file(CREATE_LINK "${program}" "${link}" SYMBOLIC)
+        install(FILES "${link}" DESTINATION ${CMAKE_INSTALL_BINDIR} COMPONENT Suite)
+    endforeach()
+endfunction()
+
 # One shared library of the suite: kest_<name>, known as kest::<name>, with its export macro
 # KEST_<NAME>_EXPORT in kest_<name>_export.h and its exported headers in <include_directory>.
 function(kest_library name)

@@ -4,7 +4,7 @@
 
 #include <QTextBrowser>
 
-/// Shows help pages. Links lead from page to page; where one leads elsewhere it is only told.
+/// Shows help pages. Links lead from page to page; a link that leads elsewhere is only reported.
 class HelpBrowser : public QTextBrowser
 {
     Q_OBJECT

@@ -1,11 +1,11 @@
 #include "HelpMenu.h"
 
+#include "AboutBox.h"
+
 #include <common_IApplicationInfo.h>
 #include <common_ServiceOf.h>
-#include <common_UserQuery.h>
 
 #include <QCoreApplication>
-#include <QDir>
 #include <QKeyEvent>
 #include <QMainWindow>
 #include <QMenu>
@@ -20,18 +20,6 @@ void showHelp(QMainWindow& window)
     QCoreApplication::sendEvent(&window, &key);
 }
 
-void showAbout(QMainWindow& window, const QString& purpose)
-{
-    const auto* const info = GET_SERVICE(common_IApplicationInfo);
-    const QString name = info->applicationName();
-    common_UserQuery(QStringLiteral("About %1").arg(name),
-                     QStringLiteral("%1 %2\n%3\nInstallation: %4")
-                         .arg(name, QCoreApplication::applicationVersion(), purpose,
-                              QDir::toNativeSeparators(info->installationDirectory())),
-                     common_UserQuery::Information, &window, QString())
-        .display();
-}
-
 } // namespace
 
 void HelpMenu::addTo(QMainWindow& window, const QString& purpose)
@@ -44,5 +32,5 @@ void HelpMenu::addTo(QMainWindow& window, const QString& purpose)
     QAction* const about = menu->addAction(QStringLiteral("&About %1").arg(name));
     about->setObjectName(QStringLiteral("aboutAction"));
     QObject::connect(about, &QAction::triggered, &window,
-                     [&window, purpose] { showAbout(window, purpose); });
+                     [&window, purpose] { AboutBox::show(window, purpose); });
 }

@@ -11,7 +11,7 @@ class IconUtility : public common_IIconUtility
 public:
     IconUtility();
 
-    /// A name that is not known is told of once in Qt's log. Without a window system there are no
+    /// An unknown name is logged once. Without a window system there are no
     /// icons.
     QIcon getIcon(const QString& name) override;
 

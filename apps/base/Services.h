@@ -10,7 +10,7 @@ struct ApplicationIdentity;
 class Services
 {
 public:
-    /// Non-interactive: messages go to standard error and nobody is asked anything.
+    /// Non-interactive: messages go to standard error and no question is asked.
     Services(const ApplicationIdentity& identity, bool nonInteractive);
     ~Services();
 

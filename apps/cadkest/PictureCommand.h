@@ -5,7 +5,7 @@
 #include <QSize>
 #include <QString>
 
-/// A picture of a model, as it is asked for.
+/// A picture of a model, as the command line requests it.
 struct PictureRequest
 {
     QString model;

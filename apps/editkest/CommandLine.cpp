@@ -8,10 +8,15 @@
 
 namespace {
 
-int showWindow(const QString& model)
+const QString lineOption = QStringLiteral("line");
+
+int showWindow(const QString& model, int line)
 {
     EditorWindow window(model);
     window.show();
+    if (line > 0) {
+        window.goToLine(line);
+    }
     return QApplication::exec();
 }
 
@@ -21,13 +26,24 @@ ApplicationTask windowTask(const QCommandLineParser& parser)
     if (models.size() > 1) {
         return {QStringLiteral("one model at a time in a window"), {}};
     }
+    const QString text = parser.value(lineOption);
+    const int line = text.toInt();
+    if (parser.isSet(lineOption) && (line < 1 || models.isEmpty())) {
+        return {models.isEmpty()
+                    ? QStringLiteral("--line needs a model")
+                    : QStringLiteral("--line takes a number from 1 on and not '%1'").arg(text),
+                {}};
+    }
     const QString model = models.value(0);
-    return {QString(), [model] { return showWindow(model); }};
+    return {QString(), [model, line] { return showWindow(model, line); }};
 }
 
 ApplicationTask checkTask(const QCommandLineParser& parser)
 {
     const QStringList models = parser.positionalArguments();
+    if (parser.isSet(lineOption)) {
+        return {QStringLiteral("--line is for the window"), {}};
+    }
     return {QString(), [models] { return checkModels(models); }};
 }
 
@@ -42,6 +58,10 @@ ApplicationDescription CommandLine::application()
     result.nonInteractiveHelp =
         QStringLiteral("Check the models as prekest does, without a window.");
     result.displayAlternative = QStringLiteral("checks models in this terminal");
+    result.options = {
+        {QCommandLineOption(lineOption, QStringLiteral("Go to that line of the model."),
+                            QStringLiteral("number")),
+         false, QString()}};
     result.fileKind = QStringLiteral("model");
     result.fileHelp = QStringLiteral("Model (*.nec).");
     result.fileSyntax = QStringLiteral("[model...]");

@@ -21,7 +21,7 @@ public:
     void request(const QByteArray& deck);
 
 Q_SIGNALS:
-    /// What was found in the deck that was asked for last.
+    /// What was found in the deck of the last request.
     void checked(const QVector<suite::Finding>& findings);
 
 private:

@@ -2,6 +2,7 @@
 
 #include "FindingMargin.h"
 
+#include <common_Contrast.h>
 #include <common_IIconUtility.h>
 #include <common_ServiceOf.h>
 
@@ -89,7 +90,9 @@ void DeckEditor::paintMargin(const QRect& rect)
 {
     QPainter painter(m_margin);
     painter.fillRect(rect, palette().color(QPalette::AlternateBase));
-    painter.setPen(palette().color(QPalette::Disabled, QPalette::Text));
+    const QColor ground = palette().color(QPalette::AlternateBase);
+    painter.setPen(
+        common_Contrast::readable(palette().color(QPalette::Disabled, QPalette::Text), ground));
     painter.setFont(font());
     const int side = fontMetrics().height();
     for (QTextBlock block = firstVisibleBlock(); block.isValid(); block = block.next()) {
@@ -121,6 +124,15 @@ void DeckEditor::resizeEvent(QResizeEvent* event)
     QPlainTextEdit::resizeEvent(event);
     const QRect inside = contentsRect();
     m_margin->setGeometry(inside.left(), inside.top(), marginWidth(), inside.height());
+}
+
+void DeckEditor::changeEvent(QEvent* event)
+{
+    QPlainTextEdit::changeEvent(event);
+    if (event->type() == QEvent::PaletteChange) {
+        markCurrentLine();
+        Q_EMIT paletteChanged();
+    }
 }
 
 void DeckEditor::markCurrentLine()

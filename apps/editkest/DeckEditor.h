@@ -32,8 +32,12 @@ public:
     void paintMargin(const QRect& rect);
     int lineAt(int y) const;
 
+Q_SIGNALS:
+    void paletteChanged();
+
 protected:
     void resizeEvent(QResizeEvent* event) override;
+    void changeEvent(QEvent* event) override;
 
 private:
     void markCurrentLine();

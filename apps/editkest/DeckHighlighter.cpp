@@ -1,5 +1,7 @@
 #include "DeckHighlighter.h"
 
+#include <common_Contrast.h>
+
 #include <CardRules.h>
 
 #include <QRegularExpression>
@@ -30,8 +32,17 @@ const QRegularExpression& remarkPattern()
 } // namespace
 
 DeckHighlighter::DeckHighlighter(QTextDocument* document, const QPalette& palette)
-    : QSyntaxHighlighter(document), m_isDark(palette.color(QPalette::Base).lightnessF() < 0.5)
+    : QSyntaxHighlighter(document)
+    , m_base(palette.color(QPalette::Base))
+    , m_currentBase(palette.color(QPalette::AlternateBase))
 {}
+
+void DeckHighlighter::setPalette(const QPalette& palette)
+{
+    m_base = palette.color(QPalette::Base);
+    m_currentBase = palette.color(QPalette::AlternateBase);
+    rehighlight();
+}
 
 void DeckHighlighter::highlightBlock(const QString& text)
 {
@@ -59,10 +70,17 @@ void DeckHighlighter::colour(int start, int length, Part part)
 {
     const auto& style = styles[static_cast<int>(part)];
     QTextCharFormat format;
-    format.setForeground(QColor(QLatin1String(m_isDark ? style.dark : style.light)));
+    format.setForeground(readable(style.light, style.dark));
     format.setFontWeight(style.isBold ? QFont::Bold : QFont::Normal);
     format.setFontItalic(part == Part::Comment || part == Part::Remark);
     setFormat(start, length, format);
+}
+
+QColor DeckHighlighter::readable(const char* light, const char* dark) const
+{
+    const bool isDark = m_base.lightnessF() < 0.5;
+    const QColor colour = common_Contrast::readable(QLatin1String(isDark ? dark : light), m_base);
+    return common_Contrast::readable(colour, m_currentBase);
 }
 
 DeckHighlighter::Part DeckHighlighter::partOfCard(const QString& mnemonic)

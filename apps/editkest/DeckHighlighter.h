@@ -9,8 +9,12 @@ class DeckHighlighter : public QSyntaxHighlighter
     Q_OBJECT
 
 public:
-    /// The palette decides between colours for light and for dark backgrounds.
+    /// The palette decides between colours for light and for dark backgrounds, and shades them
+    /// until they can be read.
     DeckHighlighter(QTextDocument* document, const QPalette& palette);
+
+    /// After a change of the palette.
+    void setPalette(const QPalette& palette);
 
 protected:
     void highlightBlock(const QString& text) override;
@@ -21,5 +25,8 @@ private:
     void colour(int start, int length, Part part);
     static Part partOfCard(const QString& mnemonic);
 
-    bool m_isDark;
+    QColor readable(const char* light, const char* dark) const;
+
+    QColor m_base;        ///< of the lines
+    QColor m_currentBase; ///< of the line with the cursor
 };

@@ -93,7 +93,9 @@ EditorWindow::~EditorWindow() = default;
 void EditorWindow::makeContent()
 {
     m_editor = new DeckEditor(this);
-    new DeckHighlighter(m_editor->document(), palette());
+    auto* highlighter = new DeckHighlighter(m_editor->document(), m_editor->palette());
+    connect(m_editor, &DeckEditor::paletteChanged, highlighter,
+            [this, highlighter] { highlighter->setPalette(m_editor->palette()); });
     setCentralWidget(m_editor);
     m_findings = new QListWidget(this);
     m_findings->setObjectName(QStringLiteral("findingList"));
@@ -198,6 +200,11 @@ void EditorWindow::openDropped(const QStringList& paths)
         statusBar()->showMessage(
             QStringLiteral("Of %1 models that were dropped, one was opened").arg(paths.size()));
     }
+}
+
+void EditorWindow::goToLine(int line)
+{
+    m_editor->goToLine(line);
 }
 
 bool EditorWindow::save()

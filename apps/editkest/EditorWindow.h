@@ -28,6 +28,9 @@ public:
     /// the deck that was there stays.
     bool openDeck(const QString& path);
 
+    /// Puts the cursor into that line, from 1 on; nothing when there is no such line.
+    void goToLine(int line);
+
     /// Writes the deck into its file. False when it could not be, or the user does not want that
     /// after all.
     bool save();

@@ -97,23 +97,8 @@ QString sentence(QString text)
     return text.isEmpty() ? text : text.replace(0, 1, text.at(0).toUpper());
 }
 
-ApplicationTask windowTask(const QCommandLineParser& parser)
-{
-    const QStringList models = parser.positionalArguments();
-    const QString hint = commandHint(models);
-    if (models.size() > 1) {
-        return {
-            withHint(QStringLiteral("the window takes one model; --non-interactive runs several"),
-                     hint),
-            {}};
-    }
-    const Component* const component =
-        parser.isSet(componentOption) ? Component::find(parser.value(componentOption)) : nullptr;
-    const WindowStart start = {models.value(0), sentence(hint), component};
-    return {runProblem(parser), [start] { return showWindow(start); }};
-}
-
-QString batchProblem(const QCommandLineParser& parser)
+// A word that is nearly a command is no problem of a single model: the window says it.
+QString modelsProblem(const QCommandLineParser& parser)
 {
     const QString problem = runProblem(parser);
     const QStringList models = parser.positionalArguments();
@@ -125,6 +110,17 @@ QString batchProblem(const QCommandLineParser& parser)
                : problem;
 }
 
+ApplicationTask windowTask(const QCommandLineParser& parser)
+{
+    const QStringList models = parser.positionalArguments();
+    const QString hint = commandHint(models);
+    const Component* const component =
+        parser.isSet(componentOption) ? Component::find(parser.value(componentOption)) : nullptr;
+    const WindowStart start = {models, sentence(hint), component};
+    const QString problem = models.size() > 1 ? modelsProblem(parser) : runProblem(parser);
+    return {problem, [start] { return showWindow(start); }};
+}
+
 ApplicationTask batchTask(const QCommandLineParser& parser)
 {
     const QStringList models = parser.positionalArguments();
@@ -134,7 +130,7 @@ ApplicationTask batchTask(const QCommandLineParser& parser)
         runOptions.setFlag(row.option, parser.isSet(QLatin1String(row.word)));
     }
     const bool isJson = parser.isSet(jsonOption);
-    return {batchProblem(parser), [models, component, runOptions, isJson] {
+    return {modelsProblem(parser), [models, component, runOptions, isJson] {
                 Leftovers::remove();
                 BatchSession session(*component, runOptions, models);
                 session.setJson(isJson);

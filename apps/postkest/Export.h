@@ -6,7 +6,7 @@
 
 class ResultView;
 
-/// Writes charts and results into files: whole, or not at all.
+/// Writes charts and results into files, each completely or not at all.
 namespace Export {
 
 /// By the file's suffix: png and svg are pictures of the charts, csv is a table of all results.

@@ -1,5 +1,7 @@
 #include "QuantityChart.h"
 
+#include <common_Contrast.h>
+
 #include <QChart>
 #include <QEvent>
 #include <QGraphicsLayout>
@@ -270,8 +272,9 @@ QString QuantityChart::title(Quantity quantity)
 QColor QuantityChart::colour(int place) const
 {
     const auto base = QColor(QLatin1String(curveColours[place % std::size(curveColours)]));
-    const bool isDark = palette().color(QPalette::Base).lightnessF() < 0.5;
-    return isDark ? base.lighter(140) : base;
+    const QColor ground = palette().color(QPalette::Base);
+    const bool isDark = ground.lightnessF() < 0.5;
+    return common_Contrast::readable(isDark ? base.lighter(140) : base, ground);
 }
 
 void QuantityChart::mouseMoveEvent(QMouseEvent* event)

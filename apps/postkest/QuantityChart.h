@@ -19,8 +19,8 @@ struct FrequencyWindow
     double highest = 1;
 };
 
-/// One quantity of all results over frequency. The pointer's frequency is told, and marked by a
-/// line.
+/// One quantity of all results over frequency. The pointer's frequency is signalled, and marked by
+/// a line.
 class QuantityChart : public QtCharts::QChartView
 {
     Q_OBJECT
@@ -46,7 +46,7 @@ public:
     /// The name with its unit, as at the axis.
     static QString title(suite::Quantity quantity);
 
-    /// The colour of the result at a place in the list, which can be told from the background.
+    /// The colour of the result at a place in the list, which differs visibly from the background.
     QColor colour(int place) const;
 
 Q_SIGNALS:

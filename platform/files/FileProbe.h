@@ -7,7 +7,7 @@
 #include <thread>
 
 /// Asks whether files can be read, without waiting for long for one that does not answer, as on a
-/// network that is gone.
+/// network that is down.
 class FileProbe
 {
 public:

@@ -22,6 +22,10 @@ public:
 
     void close();
 
+    /// Another number for the same open file, such as a standard channel that stays open. It is not
+    /// a standard channel itself.
+    static Descriptor duplicateOf(int number);
+
     /// Reads and writes fail from now on instead of waiting.
     void setNonBlocking() const;
 

@@ -17,13 +17,18 @@ public:
     /// does not keep the caller here.
     void finish();
 
+    /// Closes the pipe; nothing more is read. May be called in a slot of bytesRead().
+    void close();
+
 Q_SIGNALS:
     void bytesRead(const QByteArray& bytes);
+
+    /// The pipe is at its end, or cannot be read.
+    void ended();
 
 private:
     /// Returns how many bytes were read.
     int read(int most);
-    void close();
 
     Descriptor m_readEnd;
     QSocketNotifier m_notifier;

@@ -44,6 +44,7 @@ int PipeReader::read(int most)
         Q_EMIT bytesRead(bytes);
     } else if (size == 0 || (errno != EAGAIN && errno != EINTR)) {
         close();
+        Q_EMIT ended();
     }
     return size;
 }

@@ -36,6 +36,13 @@ void PipeWriter::close()
     }
 }
 
+void PipeWriter::cancel()
+{
+    m_unsent.clear();
+    m_start = 0;
+    close();
+}
+
 void PipeWriter::writeSome()
 {
     const auto size =
@@ -56,5 +63,10 @@ void PipeWriter::writeSome()
     if (size < 0 || (m_isClosing && m_unsent.isEmpty())) {
         m_notifier.setEnabled(false);
         m_writeEnd.close();
+    }
+    if (size < 0) {
+        Q_EMIT broken();
+    } else if (m_unsent.isEmpty()) {
+        Q_EMIT written();
     }
 }

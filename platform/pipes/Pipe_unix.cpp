@@ -10,9 +10,8 @@ namespace {
 // Out of the way of the standard channels.
 Descriptor moved(Descriptor descriptor)
 {
-    return descriptor.number() > STDERR_FILENO
-               ? std::move(descriptor)
-               : Descriptor(::fcntl(descriptor.number(), F_DUPFD_CLOEXEC, STDERR_FILENO + 1));
+    return descriptor.number() > STDERR_FILENO ? std::move(descriptor)
+                                               : Descriptor::duplicateOf(descriptor.number());
 }
 
 } // namespace
@@ -34,6 +33,11 @@ void Descriptor::close()
     if (isOpen()) {
         ::close(std::exchange(m_number, -1));
     }
+}
+
+Descriptor Descriptor::duplicateOf(int number)
+{
+    return Descriptor(::fcntl(number, F_DUPFD_CLOEXEC, STDERR_FILENO + 1));
 }
 
 void Descriptor::setNonBlocking() const

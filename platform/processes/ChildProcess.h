@@ -22,8 +22,8 @@ public:
         Written ///< what write() gives
     };
     enum class Errors {
-        Read,       ///< told by errorsRead()
-        WithOutput, ///< told by outputRead(), in order with the output
+        Read,       ///< reported by errorsRead()
+        WithOutput, ///< reported by outputRead(), in order with the output
         Inherited   ///< go where this program's own go
     };
     enum class Terminal {
@@ -85,7 +85,7 @@ Q_SIGNALS:
     void outputRead(const QByteArray& bytes);
     void errorsRead(const QByteArray& bytes);
 
-    /// The program has ended, or could not be started; all that it printed has been told. Once,
+    /// The program has ended, or could not be started; all that it printed has been reported. Once,
     /// from the event loop.
     void ended();
 

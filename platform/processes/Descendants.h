@@ -21,7 +21,7 @@ bool areAlive();
 /// Whether one pass over the system's processes finds one; areAlive() is the one to ask.
 bool isAnySeen();
 
-/// Kills all of them. They are gone when areAlive() says so.
+/// Kills all of them. They have ended when areAlive() says so.
 void killAll();
 
 /// The children of this program that have ended and whose exit codes were not asked for yet; none

@@ -6,8 +6,8 @@
 
 /// A word that names one process for good: by its host, the host's start, its id and its own start.
 ///
-/// What carries the word of its owner, in its name or beside it, can be cleared away by somebody
-/// else once the owner was killed.
+/// What carries the word of its owner, in its name or beside it, can be removed by another
+/// process once the owner was killed.
 class ProcessMark
 {
 public:

@@ -14,7 +14,7 @@
 namespace {
 
 // Where children are ignored nobody learns how they end.
-void mindChildren()
+void keepEndsOfChildren()
 {
     struct sigaction action = {};
     if (::sigaction(SIGCHLD, nullptr, &action) == 0 && action.sa_handler == SIG_IGN) {
@@ -113,7 +113,7 @@ ProgramStart::Result ProgramStart::start() const
     if (!report) {
         return {0, errno};
     }
-    mindChildren();
+    keepEndsOfChildren();
     char* const* const list = pointers.constData();
     const pid_t parent = ::getpid();
     const pid_t process = ::fork();

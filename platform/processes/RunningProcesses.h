@@ -20,13 +20,16 @@ QByteArray boot();
 qint64 ownId();
 
 /// When a process was started, in a unit of the system's: together with its id it is that process
-/// and no later one. 0 when there is no such process; nothing where that cannot be told.
+/// and no later one. 0 when there is no such process; nothing where the system does not tell it.
 std::optional<quint64> startTime(qint64 processId);
+
+/// Whether a process is about to end because it was killed. False in doubt.
+bool isEnding(qint64 processId);
 
 /// The parent of a process; 0 when there is no such process, or where that cannot be known.
 qint64 parentOf(qint64 processId);
 
-/// Whether a process has an argument that ends with this; false where that cannot be told.
+/// Whether a process has an argument that ends with this; false where the system does not tell it.
 bool haveArgumentEndingWith(const QString& end);
 
 /// Whether the file belongs to the user of this process.

@@ -15,6 +15,7 @@ namespace {
 // Behind the program's name, which may hold anything; the first field is the state.
 constexpr int stateField = 0;
 constexpr int parentField = 1;
+constexpr int flagsField = 6;
 constexpr int startTimeField = 19;
 
 QByteArray contentOf(const QString& fileName)
@@ -27,6 +28,26 @@ QList<QByteArray> statusFields(qint64 processId)
 {
     const QByteArray status = contentOf(QStringLiteral("/proc/%1/stat").arg(processId));
     return status.mid(status.lastIndexOf(')') + 2).split(' ');
+}
+
+bool isExiting(qint64 processId)
+{
+    constexpr uint exiting = 0x4; // PF_EXITING of the kernel
+    return (statusFields(processId).value(flagsField).toUInt() & exiting) != 0;
+}
+
+bool isKillPending(qint64 processId)
+{
+    constexpr quint64 killed = quint64(1) << (SIGKILL - 1);
+    const QList<QByteArray> lines =
+        contentOf(QStringLiteral("/proc/%1/status").arg(processId)).split('\n');
+    for (const QByteArray& line : lines) {
+        const bool isMask = line.startsWith("SigPnd:") || line.startsWith("ShdPnd:");
+        if (isMask && (line.mid(7).trimmed().toULongLong(nullptr, 16) & killed) != 0) {
+            return true;
+        }
+    }
+    return false;
 }
 
 bool isKnown(qint64 processId)
@@ -67,6 +88,11 @@ std::optional<quint64> RunningProcesses::startTime(qint64 processId)
     }
     const QByteArray& state = fields[stateField];
     return state == "Z" || state == "X" ? 0 : fields[startTimeField].toULongLong();
+}
+
+bool RunningProcesses::isEnding(qint64 processId)
+{
+    return isExiting(processId) || isKillPending(processId);
 }
 
 bool RunningProcesses::haveArgumentEndingWith(const QString& end)

@@ -26,6 +26,11 @@ qint64 RunningProcesses::ownId()
     return GetCurrentProcessId();
 }
 
+bool RunningProcesses::isEnding(qint64 /*processId*/)
+{
+    return false; // a killed process has ended at once
+}
+
 std::optional<quint64> RunningProcesses::startTime(qint64 processId)
 {
     const HANDLE process = OpenProcess(PROCESS_QUERY_LIMITED_INFORMATION | SYNCHRONIZE, FALSE,

@@ -7,8 +7,8 @@
 
 namespace suite {
 
-/// A new folder among the user's temporary files. It goes with all that is in it when this object
-/// goes.
+/// A new folder among the user's temporary files. It is removed with all that is in it when this
+/// object is destroyed.
 class TemporaryFolder
 {
 public:

@@ -26,8 +26,8 @@ QString markerText(Marker marker);
 std::optional<Marker> markerOf(const QString& line);
 
 /// Prints a component's messages, one marker a line, each line flushed at once: the reader shows it
-/// while the run goes on. On a terminal, where nobody opens what is named, names of files are made
-/// visible, too.
+/// while the run goes on. On a terminal, where no program opens what is named, names of files are
+/// made visible, too.
 class MarkerPrinter
 {
 public:
@@ -52,7 +52,11 @@ public:
     /// Prints an empty line for the reader.
     void printLineFeed();
 
-    /// True once nobody reads any more: a write has failed or the other end of the pipe is closed.
+    /// True once a write has failed: something is missing from the output.
+    bool hasFailed() const { return m_failed; }
+
+    /// True once the output has no reader: a write has failed or the other end of the pipe is
+    /// closed.
     bool isReaderGone();
 
 private:

@@ -13,7 +13,7 @@ enum class Section {
     Unsupported,
 };
 
-/// What is known of a kind of card: where it belongs and how many fields it cannot do without.
+/// What is known of a kind of card: where it belongs and how many fields it needs at least.
 struct CardRule
 {
     const char* mnemonic;

@@ -74,14 +74,14 @@ void DeckReader::reportProblem(const InputFile& file)
         m_findings.add(FindingKind::ModelIsDirectory);
         break;
     case InputFile::Problem::TooLarge:
-        tellTooLarge();
+        reportTooLarge();
         break;
     default:
         m_findings.add(FindingKind::ModelUnreadable, 0, {file.reason()});
     }
 }
 
-void DeckReader::tellTooLarge()
+void DeckReader::reportTooLarge()
 {
     m_findings.add(FindingKind::ModelTooLarge, 0, {QString::number(largestDeck / megabyte)});
 }
@@ -111,7 +111,7 @@ bool DeckReader::isText(const QByteArray& bytes)
     if (bytes.trimmed().isEmpty()) {
         m_findings.add(FindingKind::ModelEmpty);
     } else if (bytes.size() > largestDeck) {
-        tellTooLarge();
+        reportTooLarge();
     } else if (std::any_of(bytes.begin(), bytes.end(), isControl)) {
         m_findings.add(FindingKind::ModelBinary);
     } else {

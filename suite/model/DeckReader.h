@@ -24,7 +24,7 @@ public:
 
 private:
     void reportProblem(const InputFile& file);
-    void tellTooLarge();
+    void reportTooLarge();
     bool isText(const QByteArray& bytes);
     void readLine(const QByteArray& line);
     void readComment(const QByteArray& line, const QString& mnemonic);

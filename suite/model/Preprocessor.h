@@ -7,7 +7,7 @@ namespace suite {
 
 class ModelFile;
 
-/// Pre-processing: reads a model, checks it and gathers what is worth knowing of it.
+/// Pre-processing: reads a model, checks it and gathers its properties.
 class Preprocessor
 {
 public:

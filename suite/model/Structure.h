@@ -4,7 +4,7 @@
 
 namespace suite {
 
-/// The antenna's geometry as the cards made it.
+/// The antenna's geometry as the cards describe it.
 struct Structure
 {
     QVector<Wire> wires;

@@ -19,7 +19,7 @@ public:
     /// Applies one card. Cards that hold mistakes are reported and leave the structure as it is.
     void apply(const Card& card);
 
-    /// Reports what only shows at the end and gives the structure away.
+    /// Reports what can be checked only at the end, and returns the structure by moving it.
     Structure finish();
 
 private:

@@ -4,7 +4,7 @@
 
 namespace suite {
 
-/// Whether somebody reads or types at the stream, on whatever kind of terminal.
+/// Whether the stream is a terminal of any kind.
 bool isTerminal(std::FILE* stream);
 
 /// Whether the reader of the stream, such as the other end of a pipe, has closed it. False where

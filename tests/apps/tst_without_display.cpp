@@ -74,6 +74,39 @@ private:
     }
 
 private Q_SLOTS:
+    void answerThatCannotBeWrittenIsAFailure_data()
+    {
+        addRows({{text("--help")}, {text("--help-all")}, {text("--version")}});
+    }
+
+    void answerThatCannotBeWrittenIsAFailure()
+    {
+        QFETCH(QString, program);
+        QFETCH(QStringList, arguments);
+        const Result result = run(
+            text("/bin/sh"),
+            QStringList{text("-c"), text("exec \"$0\" \"$@\" >/dev/full"), program} + arguments);
+        QCOMPARE(result.errors,
+                 QFileInfo(program).fileName() + text(": the output could not be written\n"));
+        QCOMPARE(result.exitCode, 1);
+    }
+
+    void emptyNameIsRefused_data() { addRows({{text("--non-interactive"), QString()}}); }
+
+    void emptyNameIsRefused()
+    {
+        QFETCH(QString, program);
+        QFETCH(QStringList, arguments);
+        const Result result = run(program, arguments);
+        QVERIFY2(
+            QRegularExpression(
+                text("\\A%1: the name of a [a-z]+ is empty\n").arg(QFileInfo(program).fileName()))
+                .match(result.errors)
+                .hasMatch(),
+            qPrintable(result.errors));
+        QCOMPARE(result.exitCode, 2);
+    }
+
     void questionsAreAnswered_data()
     {
         addRows({{text("--help")},
@@ -95,7 +128,10 @@ private Q_SLOTS:
         const bool asksForVersion = arguments.first().startsWith(QLatin1String("-v")) ||
                                     arguments.first() == QLatin1String("--version");
         if (asksForVersion) {
-            QCOMPARE(result.output, QFileInfo(program).fileName() + text(" " KEST_VERSION "\n"));
+            const QStringList lines = result.output.split(QLatin1Char('\n'));
+            QCOMPARE(lines.value(0), QFileInfo(program).fileName() + text(" " KEST_VERSION));
+            QVERIFY2(lines.value(1).startsWith(text("Engine: ")), qPrintable(result.output));
+            QVERIFY2(lines.value(2).startsWith(text("Qt ")), qPrintable(result.output));
             return;
         }
         QVERIFY2(result.output.startsWith(text("Usage: ")) &&

@@ -303,7 +303,7 @@ private Q_SLOTS:
         QVERIFY(!help.output.contains(text("--try-opengl"))); // the window's own
         const Result version = run(text(CADKEST), {text("--version")});
         QCOMPARE(version.exitCode, 0);
-        QCOMPARE(version.output, text("cadkest " KEST_VERSION "\n"));
+        QVERIFY(version.output.startsWith(text("cadkest " KEST_VERSION "\n")));
     }
 };
 

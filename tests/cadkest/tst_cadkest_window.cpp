@@ -366,10 +366,10 @@ private Q_SLOTS:
         const QString seen = run({text("trigger aboutAction"), text("read qt_msgbox_label"),
                                   text("click OK"), text("boxes"), text("close")});
         const QStringList words = seen.split(QLatin1Char('|'));
-        QCOMPARE(words.size(), 4);
+        QVERIFY2(words.size() > 4, qPrintable(seen));
         QCOMPARE(words.at(0), text("qt_msgbox_label = cadkest " KEST_VERSION));
         QCOMPARE(words.at(1), text("Shows a model's wires in three dimensions."));
-        QCOMPARE(words.at(3), text("no box"));
+        QCOMPARE(words.last(), text("no box"));
         QVERIFY(hasEndedWell());
     }
 

@@ -145,6 +145,8 @@ void tst_adaptkest_faults::stoppedRunGoesOnToTheSameBytes()
     QCOMPARE(::kill(static_cast<pid_t>(run.processId()), signal), 0);
     QVERIFY(run.waitForFinished());
     QVERIFY(m_runs->waitForEnd());
+    QCOMPARE(run.readAllStandardOutput().count("are kept in 'm.adaptkest', --resume continues"),
+             signal == SIGTERM ? 1 : 0);
     QCOMPARE(readFile(m_runs->path(text("m.out"))), QByteArray("old output"));
     QVERIFY(QFile::exists(m_runs->path(analysis(1))));
 

@@ -27,6 +27,8 @@ private Q_SLOTS:
     void helpNamesEveryOption_data();
     void helpNamesEveryOption();
     void versionIsPrinted();
+    void answerThatCannotBeWrittenIsAFailure_data();
+    void answerThatCannotBeWrittenIsAFailure();
     void programRefusesBeforeItWorks();
     void modelMayLookLikeAnOption();
 };
@@ -216,6 +218,30 @@ void tst_options::versionIsPrinted()
     QVERIFY(QRegularExpression(QStringLiteral("^runkest [0-9]+\\.[0-9]+"))
                 .match(result.lines.first())
                 .hasMatch());
+}
+
+void tst_options::answerThatCannotBeWrittenIsAFailure_data()
+{
+    QTest::addColumn<QStringList>("words");
+    for (const char* const component : {"prekest", "runkest", "optkest", "amrkest", "adaptkest"}) {
+        for (const char* const option : {"--help", "--version"}) {
+            QTest::addRow("%s %s", component, option)
+                << QStringList{QString::fromLatin1(component), QString::fromLatin1(option)};
+        }
+    }
+    QTest::newRow("prekest model")
+        << QStringList{QStringLiteral("prekest"), QStringLiteral("../models/dipole")};
+}
+
+void tst_options::answerThatCannotBeWrittenIsAFailure()
+{
+    QFETCH(QStringList, words);
+    words[0] = QStringLiteral("./") + words[0];
+    const SuiteResult result = runSuite(
+        QStringLiteral("/bin/sh"),
+        QStringList{QStringLiteral("-c"), QStringLiteral("exec \"$0\" \"$@\" >/dev/full")} + words,
+        suiteHome() + QStringLiteral("/bin"));
+    QCOMPARE(result.exitCode, 1);
 }
 
 void tst_options::programRefusesBeforeItWorks()

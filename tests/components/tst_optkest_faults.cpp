@@ -23,6 +23,7 @@ private Q_SLOTS:
     void init();
     void signalEndsEveryProcess_data();
     void signalEndsEveryProcess();
+    void stopSaysWhatIsKept();
     void killedOptimisationTakesItsRunsAlong();
     void stoppedAtAnyMoment();
     void killedAtAnyMoment();
@@ -136,6 +137,20 @@ void tst_optkest_faults::signalEndsEveryProcess()
     QVERIFY(!m_model->folder().exists(text("tune.optkest")));
     QCOMPARE(m_model->temporary().entryList(QDir::AllEntries | QDir::NoDotAndDotDot),
              QStringList());
+}
+
+void tst_optkest_faults::stopSaysWhatIsKept()
+{
+    QProcess process;
+    start(process, text("slow"), QString());
+    QVERIFY(QTest::qWaitFor([this] { return m_model->runs().contains(text("run_0004")); }, 20000));
+    process.terminate();
+    QVERIFY(process.waitForFinished());
+    QCOMPARE(process.exitCode(), 143);
+    const QByteArray output = process.readAllStandardOutput();
+    QVERIFY2(output.contains("-*-notice-*-NOTE 308: 3 evaluations are kept in 'tune.optkest', "
+                             "--restart 3 continues from there\n"),
+             output.constData());
 }
 
 void tst_optkest_faults::killedOptimisationTakesItsRunsAlong()
@@ -294,7 +309,7 @@ void tst_optkest_faults::brokenEngine()
         QCOMPARE(errors.size(), 1);
         QVERIFY2(errors.first().startsWith(text("ERROR 2611: tune.nec: run ")),
                  qPrintable(errors.first()));
-        QVERIFY2(errors.first().contains(text(" on localhost failed, ")),
+        QVERIFY2(errors.first().contains(text(" on the host 'localhost' failed, ")),
                  qPrintable(errors.first()));
         QVERIFY2(errors.first().contains(reason), qPrintable(errors.first()));
         QCOMPARE(m_model->processCount(), 0);
@@ -321,7 +336,7 @@ void tst_optkest_faults::failureKeepsWhatIsDone()
     const SuiteResult failed =
         runSuite(optkestProgram(), {text("tune")}, m_model->folder().path(), environment);
     QCOMPARE(failed.exitCode, 1);
-    QVERIFY2(failed.hasText(text("ERROR 2611: tune.nec: run 7 on localhost failed, ")),
+    QVERIFY2(failed.hasText(text("ERROR 2611: tune.nec: run 7 on the host 'localhost' failed, ")),
              qPrintable(failed.lines.join(QLatin1Char('\n'))));
     QCOMPARE(lastSavedRun(), 6);
     // Its model shows what went wrong.
@@ -347,9 +362,10 @@ void tst_optkest_faults::fullDiskAtTheEnd()
     QCOMPARE(result.exitCode, 1);
     const QStringList errors = result.bodies(text("error"));
     QCOMPARE(errors.size(), 1);
-    QVERIFY2(errors.first().startsWith(
-                 text("ERROR 2611: tune.nec: the run of the tuned model on localhost failed, ")),
-             qPrintable(errors.first()));
+    QVERIFY2(
+        errors.first().startsWith(text(
+            "ERROR 2611: tune.nec: the run of the tuned model on the host 'localhost' failed, ")),
+        qPrintable(errors.first()));
     verifyOldResults();
     QVERIFY(!m_model->folder().exists(text("tune.optkest/final")));
     verifyRestart(text("-np 4"));

@@ -224,7 +224,8 @@ void tst_runkest_faults::missingEngine_data()
         << text("PATH") << text("/nowhere") << text("install the package nec2c");
     QTest::newRow("chosen one missing") << text("KEST_NEC2C") << text("/nowhere/engine")
                                         << text("'/nowhere/engine', named in KEST_NEC2C");
-    QTest::newRow("a directory") << text("KEST_NEC2C") << text("/tmp") << text("is no program");
+    QTest::newRow("a directory") << text("KEST_NEC2C") << text("/tmp")
+                                 << text("is no program, correct or unset");
     QTest::newRow("not executable")
         << text("KEST_NEC2C") << text("/etc/passwd") << text("is no program");
 }

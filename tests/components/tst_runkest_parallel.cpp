@@ -256,21 +256,35 @@ void tst_runkest_parallel::missingRuntime()
 void tst_runkest_parallel::hostThatCannotBeReached_data()
 {
     QTest::addColumn<QByteArray>("machines");
-    QTest::newRow("the only one") << QByteArray("no-such-host.invalid:2\n");
-    QTest::newRow("one of two") << QByteArray("localhost:1\nno-such-host.invalid:1\n");
+    QTest::addColumn<QString>("ssh");
+    QTest::addColumn<QString>("end");
+    const QByteArray one = "no-such-host.invalid:2\n";
+    const QByteArray two = "localhost:1\nno-such-host.invalid:1\n";
+    QTest::newRow("the only one") << one << text("exit 1") << text("(code 1)");
+    QTest::newRow("one of two") << two << text("exit 1") << text("(code 1)");
+    QTest::newRow("no login") << one << text("exit 255")
+                              << text(
+                                     "(code 255), ssh must reach it by this name and log in with a "
+                                     "key, without a question");
 }
 
 void tst_runkest_parallel::hostThatCannotBeReached()
 {
     QFETCH(QByteArray, machines);
+    QFETCH(QString, ssh);
+    QFETCH(QString, end);
     QVERIFY(!writeFile(m_runs->folder(), text("machines"), machines).isEmpty());
+    const QString program =
+        writeFile(m_runs->folder(), text("ssh"), "#!/bin/sh\n" + ssh.toUtf8() + '\n');
+    QFile::setPermissions(program, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
     QProcessEnvironment failing = environment();
-    failing.insert(text("KEST_SSH"), text("/bin/false"));
+    failing.insert(text("KEST_SSH"), program);
     const SuiteResult result = run(byFile(text("machines")), failing);
     QCOMPARE(result.exitCode, 1);
     QCOMPARE(result.bodies(text("error")),
              QStringList(text("ERROR 2602: dipole.nec: the host 'no-such-host.invalid' cannot be "
-                              "reached any more by ssh (code 1)")));
+                              "reached any more by ssh ") +
+                         end));
 }
 
 // A process that is halted says nothing, like one whose host was cut off.

@@ -1,6 +1,7 @@
 #include "Frame.h"
 #include "MarkedRuns.h"
 #include "RemoteHost.h"
+#include "RemoteParts.h"
 #include "SuiteRun.h"
 
 #include <Text.h>
@@ -48,21 +49,6 @@ namespace {
 
 constexpr int patience = 20000; // ms
 
-// Plays ssh: the last argument is the command, which gets a session of its own as on another host.
-// The process ids of both directions stand in a file.
-QByteArray goodSsh()
-{
-    return "for word; do printf '%s\\n' \"$word\"; done > \"$SSH_LOG\"\n"
-           "for command; do :; done\n"
-           "rm -f \"$SSH_LOG\".in \"$SSH_LOG\".out\n"
-           "mkfifo \"$SSH_LOG\".in \"$SSH_LOG\".out\n"
-           "setsid sh -c \"$command\" < \"$SSH_LOG\".in > \"$SSH_LOG\".out &\n"
-           "cat \"$SSH_LOG\".out &\n"
-           "echo $! > \"$SSH_LOG\".ids\n"
-           "echo $$ >> \"$SSH_LOG\".ids\n"
-           "exec cat > \"$SSH_LOG\".in\n";
-}
-
 } // namespace
 
 void tst_runkest_remote::init()
@@ -82,14 +68,8 @@ void tst_runkest_remote::cleanup()
 QProcessEnvironment tst_runkest_remote::environment(const QByteArray& script,
                                                     const QString& part) const
 {
-    const QString ssh = writeFile(m_runs->folder(), text("ssh"), "#!/bin/sh\n" + script);
-    QFile::setPermissions(ssh, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
-    QProcessEnvironment result =
-        part.isEmpty() ? m_runs->environment() : m_runs->fakeEnvironment(part);
-    result.insert(text("KEST_SSH"), ssh);
-    result.insert(text("SSH_LOG"), path(text("ssh.log")));
-    result.insert(text("KEST_SILENCE_LIMIT"), text("2000"));
-    return result;
+    return remoteEnvironment(
+        *m_runs, script, part.isEmpty() ? m_runs->environment() : m_runs->fakeEnvironment(part));
 }
 
 SuiteResult tst_runkest_remote::run(const QStringList& arguments,
@@ -234,7 +214,8 @@ void tst_runkest_remote::brokenConnection_data()
                                     "echo 'ssh: connect to host node7: Connection refused' >&2\n"
                                     "exit 255\n")
                              << text("gives no connection to the installation (code 255), ssh; "
-                                     "connect to host node7; Connection refused");
+                                     "connect to host node7; Connection refused, ssh must reach it "
+                                     "by this name and log in with a key");
     QTest::newRow("silent from the beginning of the command, then ends")
         << QByteArray("exit 0\n") << text("gives no connection to the installation (code 0)");
     QTest::newRow("another program there") << QByteArray("echo Welcome to this machine\nsleep 60\n")
@@ -260,7 +241,7 @@ void tst_runkest_remote::brokenConnection_data()
                "cannot keep the model, the temporary folder '/nowhere' cannot be used, it does not "
                "exist (TMPDIR names it)");
     QTest::newRow("no program of that name")
-        << QByteArray("exec /nowhere/runkest\n") << text("/nowhere/runkest");
+        << QByteArray("exec /nowhere/runkest\n") << text("home=FOLDER");
 }
 
 void tst_runkest_remote::brokenConnection()

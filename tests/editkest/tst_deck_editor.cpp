@@ -7,6 +7,8 @@
 #include <ApplicationIdentity.h>
 #include <Services.h>
 
+#include <common_Contrast.h>
+
 #include <QSignalSpy>
 #include <QTextBlock>
 #include <QTextLayout>
@@ -69,6 +71,8 @@ private Q_SLOTS:
         for (const QColor& base : {QColor(Qt::white), QColor(30, 30, 30)}) {
             QPalette palette;
             palette.setColor(QPalette::Base, base);
+            palette.setColor(QPalette::AlternateBase,
+                             base.lightness() < 128 ? base.lighter(180) : base.darker(110));
             QTextDocument document;
             DeckHighlighter highlighter(&document, palette);
             document.setPlainText(QStringLiteral("CM a\nGW 1\nFR 0\nEN\nQX 1\n# note"));
@@ -76,11 +80,60 @@ private Q_SLOTS:
             for (QTextBlock block = document.begin(); block.isValid(); block = block.next()) {
                 const auto formats = block.layout()->formats();
                 for (const auto& range : formats) {
-                    const double contrast =
-                        qAbs(range.format.foreground().color().lightnessF() - base.lightnessF());
-                    QVERIFY2(contrast > 0.35, qPrintable(block.text()));
+                    const QColor ink = range.format.foreground().color();
+                    for (const QColor& ground : {base, palette.color(QPalette::AlternateBase)}) {
+                        QVERIFY2(common_Contrast::ratio(ink, ground) >= common_Contrast::least,
+                                 qPrintable(block.text() + ink.name() + ground.name()));
+                    }
                 }
             }
+        }
+    }
+
+    void colourOfTheNumbersOfLinesCanBeRead()
+    {
+        for (const QColor& ground : {QColor(245, 245, 245), QColor(40, 40, 40)}) {
+            DeckEditor editor;
+            QPalette palette = editor.palette();
+            palette.setColor(QPalette::AlternateBase, ground);
+            palette.setColor(QPalette::Disabled, QPalette::Text,
+                             ground.lightness() < 128 ? ground.lighter(130) : ground.darker(130));
+            editor.setPalette(palette);
+            QFont font = editor.font();
+            font.setPointSize(30); // so that there are pixels in the pen's own colour
+            editor.setFont(font);
+            editor.setPlainText(QStringLiteral("1\n2\n3"));
+            editor.resize(300, 200);
+            const QImage picture =
+                editor.findChild<QWidget*>(QStringLiteral("findingMargin"))->grab().toImage();
+            double best = 0;
+            for (int y = 0; y < picture.height(); ++y) {
+                for (int x = 0; x < picture.width(); ++x) {
+                    best = qMax(best, common_Contrast::ratio(picture.pixelColor(x, y), ground));
+                }
+            }
+            QVERIFY2(best >= common_Contrast::least, qPrintable(QString::number(best)));
+        }
+    }
+
+    void coloursFollowThePalette()
+    {
+        DeckEditor editor;
+        DeckHighlighter highlighter(editor.document(), editor.palette());
+        connect(&editor, &DeckEditor::paletteChanged, &highlighter,
+                [&] { highlighter.setPalette(editor.palette()); });
+        editor.setPlainText(QStringLiteral("GW 1"));
+        highlighter.rehighlight();
+        const auto colour = [&editor] {
+            return formatsOf(editor, 1).constFirst().format.foreground().color();
+        };
+        QPalette palette = editor.palette();
+        for (const QColor& base : {QColor(Qt::white), QColor(30, 30, 30), QColor(Qt::white)}) {
+            palette.setColor(QPalette::Base, base);
+            palette.setColor(QPalette::AlternateBase, base);
+            editor.setPalette(palette);
+            QVERIFY(common_Contrast::ratio(colour(), base) >= common_Contrast::least);
+            QCOMPARE(editor.extraSelections().constFirst().format.background().color(), base);
         }
     }
 

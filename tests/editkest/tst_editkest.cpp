@@ -48,6 +48,16 @@ private Q_SLOTS:
         discardChanges(window);
     }
 
+    void lineThatIsAskedForIsGoneTo()
+    {
+        EditorWindow window(m_path);
+        auto* editor = window.findChild<DeckEditor*>();
+        window.goToLine(4);
+        QCOMPARE(editor->textCursor().blockNumber(), 3);
+        window.goToLine(100000); // there is no such line
+        QCOMPARE(editor->textCursor().blockNumber(), 3);
+    }
+
     void savedTextIsInTheFile()
     {
         EditorWindow window(m_path);

@@ -156,6 +156,10 @@ private Q_SLOTS:
         // clang-format off
         QTest::newRow("two models") << QStringList{QStringLiteral("a"), QStringLiteral("b")} << 2 << QStringLiteral("one model at a time");
         QTest::newRow("option")     << QStringList{QStringLiteral("--wrong")}                << 2 << QStringLiteral("wrong");
+        QTest::newRow("line 0")     << QStringList{QStringLiteral("--line"), QStringLiteral("0"), QStringLiteral("a")} << 2 << QStringLiteral("not '0'");
+        QTest::newRow("no number")  << QStringList{QStringLiteral("--line"), QStringLiteral("x"), QStringLiteral("a")} << 2 << QStringLiteral("not 'x'");
+        QTest::newRow("line alone") << QStringList{QStringLiteral("--line"), QStringLiteral("7")} << 2 << QStringLiteral("--line needs a model");
+        QTest::newRow("line without a window") << QStringList{QStringLiteral("--non-interactive"), QStringLiteral("--line"), QStringLiteral("7"), QStringLiteral("a")} << 2 << QStringLiteral("--line is for the window");
         QTest::newRow("help")       << QStringList{QStringLiteral("--help")}                 << 0 << QStringLiteral("--non-interactive");
         QTest::newRow("version")    << QStringList{QStringLiteral("--version")}              << 0 << QStringLiteral("editkest ");
         // clang-format on

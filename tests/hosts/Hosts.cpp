@@ -75,7 +75,9 @@ bool Hosts::join(const QString& host)
 
 QStringList Hosts::processes(const QString& host)
 {
-    static const QStringList ownNames = {QStringLiteral("sshd"), QStringLiteral("unshare")};
+    static const QStringList ownNames = {
+        QStringLiteral("sshd"),   QStringLiteral("unshare"),      QStringLiteral("slurmctld"),
+        QStringLiteral("slurmd"), QStringLiteral("slurmscriptd"), QStringLiteral("slurmstepd")};
     QByteArray output;
     runIp({QStringLiteral("netns"), QStringLiteral("pids"), namespaceOf(host)}, &output);
     QStringList result;

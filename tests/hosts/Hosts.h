@@ -21,7 +21,8 @@ public:
     static bool cutOff(const QString& host);
     static bool join(const QString& host);
 
-    // The names of the processes on a host; those that make it a host do not count.
+    // The names of the processes on a host; those that make it a host, or a node of a cluster, do
+    // not count.
     static QStringList processes(const QString& host);
 
     // The same of all hosts, as "host program".

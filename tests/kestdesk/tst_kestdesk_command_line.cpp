@@ -34,7 +34,6 @@ private Q_SLOTS:
         QTest::addColumn<QStringList>("arguments");
         QTest::addColumn<QByteArray>("reason");
         // clang-format off
-        QTest::newRow("two models")        << QStringList{text("a.nec"), text("b.nec")}    << QByteArray("the window takes one model");
         QTest::newRow("box as option")     << QStringList{text("--parallel"), text("a.nec")} << QByteArray("--parallel needs --non-interactive");
         QTest::newRow("no model")          << QStringList{text("--non-interactive")}       << QByteArray("no model given");
         QTest::newRow("unknown option")    << QStringList{text("--colour"), text("m.nec")} << QByteArray("colour");

@@ -1,5 +1,7 @@
 #include "MachinesStage.h"
 
+#include <csignal>
+
 // What "kestdesk machines edit" saves, and that nothing is lost that it does not save.
 class tst_kestdesk_machines_edit : public QObject, private MachinesStage
 {
@@ -297,6 +299,36 @@ private Q_SLOTS:
         QCOMPARE(contentOf(m_desk->path(file)), QByteArray("e:5\n"));
         QCOMPARE(lines(machines("show").output).value(0),
                  m_desk->path(file) + text(" (the user's, in KEST_USER_HOME)"));
+    }
+
+    void requestToStopEndsTheEditorAndKeepsWhatWasTyped_data()
+    {
+        QTest::addColumn<int>("signal");
+        QTest::newRow("terminated") << SIGTERM;
+        QTest::newRow("terminal closed") << SIGHUP;
+    }
+
+    void requestToStopEndsTheEditorAndKeepsWhatWasTyped()
+    {
+        QFETCH(int, signal);
+        writeMachines("a:1\n");
+        setEditor("echo b:2 >>\"$1\"; touch \"$1.typed\"; exec sleep 1000");
+        QProcess process;
+        m_desk->start(process, {text("machines"), text("edit")});
+        const auto isTyped = [this] {
+            return !QDir(m_desk->path("user")).entryList({text("*.typed")}).isEmpty();
+        };
+        QTRY_VERIFY_WITH_TIMEOUT(isTyped(), 30000);
+        QCOMPARE(::kill(static_cast<pid_t>(process.processId()), signal), 0);
+        const Desk::Result result = Desk::resultOf(process);
+        QCOMPARE(result.exitCode, 1);
+        QVERIFY2(result.errors.contains(text("the editor did not end well; nothing was saved; what "
+                                             "you edited is in ")),
+                 qPrintable(result.errors));
+        QCOMPARE(machinesFile(), QByteArray("a:1\n"));
+        const QStringList left = copies().filter(QRegularExpression(text("\\.kest$")));
+        QCOMPARE(left.size(), 1);
+        QCOMPARE(contentOf(m_desk->path(text("user/") + left.first())), QByteArray("a:1\nb:2\n"));
     }
 
     void interruptInTheEditorIsTheEditorsBusiness()

@@ -8,6 +8,7 @@
 #include <common_ServiceOf.h>
 
 #include <QMenuBar>
+#include <QScreen>
 
 namespace {
 
@@ -56,6 +57,43 @@ private Q_SLOTS:
         });
         m_stage->find<QAction>(qPrintable(action))->trigger();
         QCOMPARE(titles, QStringList(title));
+    }
+
+    void windowAtItsFirstStartIsNotMaximisedAndInTheMiddle()
+    {
+        const QRect screen = QGuiApplication::primaryScreen()->availableGeometry();
+        QVERIFY(!m_stage->window().isMaximized());
+        QVERIFY(screen.contains(m_stage->window().geometry()));
+        const QPoint off = m_stage->window().geometry().center() - screen.center();
+        QVERIFY2(qAbs(off.x()) <= 40 && qAbs(off.y()) <= 40,
+                 qPrintable(QStringLiteral("%1 %2").arg(off.x()).arg(off.y())));
+    }
+
+    void windowAndItsDialogsFitASmallScreen_data()
+    {
+        QTest::addColumn<QString>("action");
+        for (const char* const name :
+             {"launchOptionsAction", "machinesFileAction", "preferencesAction", "aboutAction"}) {
+            QTest::newRow(name) << text(name);
+        }
+    }
+
+    // 1280 by 720, less the frames and the panels of a desktop.
+    void windowAndItsDialogsFitASmallScreen()
+    {
+        QFETCH(QString, action);
+        const QSize room(1260, 660);
+        QSize least = m_stage->window().minimumSizeHint();
+        QCOMPARE(least.boundedTo(room), least);
+        int count = 0;
+        const ModalVisitor visitor([&](QDialog& dialog) {
+            ++count;
+            least = dialog.minimumSizeHint().expandedTo(dialog.minimumSize());
+            dialog.reject();
+        });
+        m_stage->find<QAction>(qPrintable(action))->trigger();
+        QCOMPARE(count, 1);
+        QCOMPARE(least.boundedTo(room), least);
     }
 
     void aboutTellsTheVersionAndTheInstallation()
@@ -164,17 +202,19 @@ private Q_SLOTS:
     void noTwoControlsShareAKey()
     {
         QStringList together = textsOf(m_stage->window().menuBar()->actions());
-        const QList<QAbstractButton*> buttons =
-            m_stage->find<QWidget>("runPanel")->findChildren<QAbstractButton*>();
-        for (const QAbstractButton* const button : buttons) {
-            together.append(button->text());
+        for (const char* const part : {"runPanel", "queuePanel"}) {
+            const QList<QAbstractButton*> buttons =
+                m_stage->find<QWidget>(part)->findChildren<QAbstractButton*>();
+            for (const QAbstractButton* const button : buttons) {
+                together.append(button->text());
+            }
         }
         const QList<QLabel*> labels = m_stage->window().centralWidget()->findChildren<QLabel*>();
         for (const QLabel* const label : labels) {
             together.append(label->text());
         }
         QStringList keys = mnemonicsOf(together);
-        QCOMPARE(keys.size(), 13);
+        QCOMPARE(keys.size(), 16);
         QCOMPARE(keys.removeDuplicates(), 0);
 
         const QList<QAction*> menus = m_stage->window().menuBar()->actions();
@@ -200,7 +240,8 @@ private Q_SLOTS:
 
     void controlsAreNamedForThoseWhoDoNotSee()
     {
-        for (const char* const name : {"modelEdit", "componentBox", "runList"}) {
+        for (const char* const name :
+             {"modelEdit", "componentBox", "runFilterEdit", "runStateBox", "runList"}) {
             QVERIFY2(!m_stage->find<QWidget>(name)->accessibleName().isEmpty(), name);
         }
         for (const char* const name : {"parallelBox", "remoteBox"}) {
@@ -215,13 +256,15 @@ private Q_SLOTS:
         startWaitingRun();
         m_stage->find<QTableView>("runList")->setFocus();
         QStringList reached;
-        for (int i = 0; i < 8; ++i) {
+        for (int i = 0; i < 11; ++i) {
             m_stage->pressFocused(Qt::Key_Tab);
             reached.append(m_stage->window().focusWidget()->objectName());
         }
-        QCOMPARE(reached, QStringList({text("modelEdit"), text("openButton"), text("componentBox"),
-                                       text("parallelBox"), text("remoteBox"), text("runButton"),
-                                       text("stopButton"), text("runList")}));
+        QCOMPARE(reached,
+                 QStringList({text("modelEdit"), text("openButton"), text("componentBox"),
+                              text("parallelBox"), text("remoteBox"), text("runButton"),
+                              text("stopButton"), text("runFilterEdit"), text("runStateBox"),
+                              text("groupRunsButton"), text("runList")}));
     }
 
     void helpHasAPageForTheWindowAndOneForItsRuns()

@@ -82,7 +82,7 @@ private Q_SLOTS:
         // clang-format off
         QTest::newRow("batch")            << QStringList{text("--non-interactive"), text("opts")}    << "there is no model opts; did you mean \"kestdesk options\"?";
         QTest::newRow("batch, behind it") << QStringList{text("--non-interactive"), text("options")} << "there is no model options; did you mean \"kestdesk options\"?";
-        QTest::newRow("several words")    << QStringList{text("machine"), text("check")}             << "the window takes one model; --non-interactive runs several; did you mean \"kestdesk machines\"?";
+        QTest::newRow("several words")    << QStringList{text("machine"), text("check")}             << "there is no model machine; did you mean \"kestdesk machines\"?";
         // clang-format on
     }
 

@@ -158,8 +158,13 @@ private Q_SLOTS:
     {
         const auto* const list = m_stage->find<QTableView>("runList");
         QCOMPARE(list->contextMenuPolicy(), Qt::ActionsContextMenu);
-        QCOMPARE(list->actions(), QList<QAction*>({m_stage->find<QAction>("showRunAction"),
-                                                   m_stage->find<QAction>("showResultsAction")}));
+        QList<QAction*> expected;
+        for (const char* const name :
+             {"showRunAction", "showRecordAction", "runAgainAction", "openFolderAction",
+              "copyCommandAction", "deleteRunsAction", "showResultsAction"}) {
+            expected.append(m_stage->find<QAction>(name));
+        }
+        QCOMPARE(list->actions(), expected);
     }
 };
 

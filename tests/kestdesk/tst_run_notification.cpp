@@ -72,6 +72,22 @@ private:
                connection.registerService(text("org.freedesktop.Notifications"));
     }
 
+    // Runs a component that is terminated while the user works in another program.
+    static void endInTheBackground(WindowStage& stage)
+    {
+        stage.open();
+        stage.run(stage.model("m.nec", "wait"));
+        QVERIFY(QTest::qWaitForWindowActive(stage.dialogs().constFirst()));
+        QTRY_COMPARE_WITH_TIMEOUT(stage.desk().processes().filter(text("m.nec")).size(), 1, 60000);
+        stage.dialogs().constFirst()->hide();
+        stage.window().hide();
+        QCoreApplication::processEvents();
+        QApplication::setActiveWindow(nullptr);
+        QCOMPARE(stage.state(), text("running"));
+        stage.endRuns(SIGTERM);
+        QTRY_COMPARE_WITH_TIMEOUT(stage.state(), text("stopped"), 60000);
+    }
+
 private Q_SLOTS:
     void initTestCase()
     {
@@ -109,17 +125,7 @@ private Q_SLOTS:
     void runThatEndsInTheBackgroundIsNotified() const
     {
         WindowStage stage;
-        stage.open();
-        stage.run(stage.model("m.nec", "wait"));
-        QVERIFY(QTest::qWaitForWindowActive(stage.dialogs().constFirst()));
-        QTRY_COMPARE_WITH_TIMEOUT(stage.desk().processes().filter(text("m.nec")).size(), 1, 60000);
-        stage.dialogs().constFirst()->hide();
-        stage.window().hide();
-        QCoreApplication::processEvents();
-        QApplication::setActiveWindow(nullptr);
-        QCOMPARE(stage.state(), text("running"));
-        stage.endRuns(SIGTERM);
-        QTRY_COMPARE_WITH_TIMEOUT(stage.state(), text("stopped"), 60000);
+        endInTheBackground(stage);
         QTRY_COMPARE_WITH_TIMEOUT(m_server.shown.size(), 1, 30000);
         QCOMPARE(m_server.shown.constFirst().title, text("Run ended"));
         QCOMPARE(
@@ -127,6 +133,17 @@ private Q_SLOTS:
             text("runkest of m.nec: stopped. It was ended by SIGTERM (signal 15): somebody asked "
                  "it to end: a user, the system as it shuts down, or the time limit of a job "
                  "scheduler."));
+        QCOMPARE(alerted(), QList<const QWidget*>({&stage.window()}));
+    }
+
+    void userWhoWantsNoNotificationsGetsNone() const
+    {
+        WindowStage stage;
+        stage.setPreference("notifications", false);
+        endInTheBackground(stage);
+        Notifier::show(text("last"), QString());
+        QTRY_VERIFY_WITH_TIMEOUT(!m_server.shown.isEmpty(), 30000);
+        QCOMPARE(m_server.shown.constFirst().title, text("last"));
         QCOMPARE(alerted(), QList<const QWidget*>({&stage.window()}));
     }
 

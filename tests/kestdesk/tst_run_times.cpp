@@ -29,30 +29,6 @@ private Q_SLOTS:
         QFETCH(qint64, milliseconds);
         QTEST(RunTimes::text(milliseconds), "text");
     }
-
-    void remainingIsWhatThisPaceLeaves_data()
-    {
-        QTest::addColumn<qint64>("elapsed");
-        QTest::addColumn<int>("percentage");
-        QTest::addColumn<qint64>("remaining"); // -1: not known
-        // clang-format off
-        QTest::newRow("not moved")     << Q_INT64_C(5000)       << 0   << Q_INT64_C(-1);
-        QTest::newRow("below nothing") << Q_INT64_C(5000)       << -1  << Q_INT64_C(-1);
-        QTest::newRow("above all")     << Q_INT64_C(5000)       << 101 << Q_INT64_C(-1);
-        QTest::newRow("first percent") << Q_INT64_C(1000)       << 1   << Q_INT64_C(99000);
-        QTest::newRow("a quarter")     << Q_INT64_C(1000)       << 25  << Q_INT64_C(3000);
-        QTest::newRow("half")          << Q_INT64_C(1000)       << 50  << Q_INT64_C(1000);
-        QTest::newRow("all")           << Q_INT64_C(1000)       << 100 << Q_INT64_C(0);
-        QTest::newRow("months")        << Q_INT64_C(9000000000) << 1   << Q_INT64_C(891000000000);
-        // clang-format on
-    }
-
-    void remainingIsWhatThisPaceLeaves()
-    {
-        QFETCH(qint64, elapsed);
-        QFETCH(int, percentage);
-        QTEST(RunTimes::remaining(elapsed, percentage).value_or(-1), "remaining");
-    }
 };
 
 QTEST_GUILESS_MAIN(tst_run_times)

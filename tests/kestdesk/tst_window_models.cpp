@@ -4,6 +4,7 @@
 
 #include <QDropEvent>
 #include <QFileDialog>
+#include <QListWidget>
 #include <QMimeData>
 #include <QScreen>
 
@@ -53,6 +54,19 @@ private Q_SLOTS:
         QString shownFirst = first;
         shownFirst.replace(QLatin1Char('&'), text("&&"));
         QCOMPARE(recentTexts(), QStringList({text("&1 ") + second, text("&2 ") + shownFirst}));
+    }
+
+    void lastModelIsNotOpenedWhereTheUserDoesNotWantItAndIsKept()
+    {
+        const QString model = m_stage->model("m.nec", "valid");
+        m_stage->window().openModel(model);
+        QVERIFY(WindowStage::quits([this] { m_stage->window().close(); }));
+        for (const bool wanted : {false, true}) {
+            m_stage->setPreference("openLastModel", wanted);
+            m_stage->open();
+            QCOMPARE(m_stage->find<QLineEdit>("modelEdit")->text(), wanted ? model : QString());
+            QVERIFY(WindowStage::quits([this] { m_stage->window().close(); }));
+        }
     }
 
     void titleTellsWindowsOfTheSameNameApart()
@@ -259,7 +273,7 @@ private Q_SLOTS:
         QVERIFY(m_stage->window().acceptDrops());
     }
 
-    void ofSeveralDroppedModelsTheFirstIsOpenedAndTheOthersAreNamed()
+    void ofSeveralDroppedModelsTheFirstIsOpenedAndAllWaitInTheQueue()
     {
         QMimeData data;
         QList<QUrl> urls;
@@ -270,7 +284,10 @@ private Q_SLOTS:
         QVERIFY(drop(&m_stage->window(), data));
         QVERIFY(m_stage->find<QLineEdit>("modelEdit")->text().endsWith(text("/b.nec")));
         QCOMPARE(m_stage->outcomeText(),
-                 text("Not opened, as the window takes one model at a time: a.nec, c.nec"));
+                 text("Held in the queue until you press \"Run all\" there: b.nec, a.nec, c.nec"));
+        QCOMPARE(m_stage->find<QListWidget>("queueList")->count(), 3);
+        QTest::qWait(200);
+        QCOMPARE(m_stage->runCount(), 0);
     }
 
     void fieldLeavesDroppedFilesToTheWindow()

@@ -2,11 +2,14 @@
 #include "ResultView.h"
 #include "ResultViewStage.h"
 
+#include <common_Contrast.h>
+
 #include <QGraphicsLineItem>
 #include <QImage>
 #include <QLabel>
 #include <QLineSeries>
 #include <QScrollArea>
+#include <QSet>
 #include <QSvgRenderer>
 #include <QTemporaryDir>
 #include <QtTest>
@@ -170,6 +173,24 @@ private Q_SLOTS:
         QCOMPARE(curve->pen().color(), m_view->colour(0));
         QCOMPARE(axisOf(0, Qt::Vertical)->labelsColor(), QColor(Qt::white));
         QCOMPARE(m_charts.first()->backgroundBrush().color(), QColor(20, 20, 20));
+    }
+
+    void coloursCanBeReadOnDarkAndLight()
+    {
+        for (const QColor& base :
+             {QColor(Qt::white), QColor(20, 20, 20), QColor(0x23, 0x26, 0x29)}) {
+            QPalette palette = m_view->palette();
+            palette.setColor(QPalette::Base, base);
+            m_view->setPalette(palette);
+            QSet<QRgb> colours;
+            for (int place = 0; place < 7; ++place) {
+                const QColor colour = m_charts.first()->colour(place);
+                colours.insert(colour.rgb());
+                QVERIFY2(common_Contrast::ratio(colour, base) >= common_Contrast::least,
+                         qPrintable(base.name() + colour.name()));
+            }
+            QCOMPARE(colours.size(), 7);
+        }
     }
 
     void viewThatIsNotShownIsLaidOutForExport()

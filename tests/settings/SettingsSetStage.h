@@ -1,12 +1,11 @@
 #pragma once
 
+#include <BoxReader.h>
 #include <SettingsFolders.h>
 
 #include <common_CommonSettingsSet.h>
 
 #include <QApplication>
-#include <QMessageBox>
-#include <QTimer>
 #include <QtTest>
 
 #include <cstdio>
@@ -19,46 +18,6 @@ class PrintingSplashScreen : public FakeSplashScreen
 public:
     void hide() override { std::fputs("hide\n", stderr); }
     void show() override { std::fputs("show\n", stderr); }
-};
-
-/// Reads every message box, and closes it.
-class BoxReader
-{
-public:
-    BoxReader()
-    {
-        QObject::connect(&m_timer, &QTimer::timeout, &m_timer, [this] { look(); });
-        m_timer.start(5);
-    }
-
-    int boxes = 0;
-    QString title;
-    QString text;
-    QString details;
-    QMessageBox::Icon icon = QMessageBox::NoIcon;
-    bool hasParent = false;
-    const FakeSplashScreen* splashScreen = nullptr;
-    QStringList splashCalls; ///< of that one, before the box was closed
-
-private:
-    void look()
-    {
-        auto* const box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
-        if (box) {
-            ++boxes;
-            title = box->windowTitle();
-            text = box->text();
-            details = box->detailedText();
-            icon = box->icon();
-            hasParent = box->parentWidget() != nullptr;
-            if (splashScreen) {
-                splashCalls = splashScreen->calls;
-            }
-            box->close();
-        }
-    }
-
-    QTimer m_timer;
 };
 
 inline void doDeed(const QString& deed)
@@ -76,22 +35,12 @@ inline void doDeed(const QString& deed)
     }
 }
 
-/// Counts the boxes that a settings set shows.
+/// Expects as many message boxes of a settings set as a test has taken.
 class SettingsSetStage
 {
 protected:
-    void setUp()
-    {
-        m_reader = std::make_unique<BoxReader>();
-        m_expectedBoxes = 0;
-    }
-
-    void tearDown()
-    {
-        QTest::qWait(10); // for one box too many
-        QCOMPARE(m_reader->boxes, m_expectedBoxes);
-    }
+    void setUp() { m_reader = std::make_unique<BoxReader>(); }
+    void tearDown() { QVERIFY(m_reader->take().isEmpty()); }
 
     std::unique_ptr<BoxReader> m_reader;
-    int m_expectedBoxes = 0;
 };

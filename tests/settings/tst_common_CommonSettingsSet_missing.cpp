@@ -34,18 +34,19 @@ private Q_SLOTS:
         const SettingsFolders folders;
         const FakeApplication application(false);
         const FakeSplashScreen splashScreen;
-        m_reader->splashScreen = &splashScreen;
+        QStringList callsBefore;
+        m_reader->setListener([&] { callsBefore = splashScreen.calls; });
         const Set set(folders.info.userSettings, QStringLiteral("PreKest"));
-        m_expectedBoxes = 1;
-        QCOMPARE(m_reader->boxes, 1);
-        QCOMPARE(m_reader->title, QStringLiteral("Missing *.ini file"));
-        QCOMPARE(m_reader->text, QStringLiteral("Couldn't find %1\n"
-                                                "A default prekest.ini file was created.")
-                                     .arg(folders.defaultFile()));
-        QCOMPARE(m_reader->details, QString());
-        QCOMPARE(m_reader->icon, QMessageBox::Warning);
-        QVERIFY(!m_reader->hasParent);
-        QCOMPARE(m_reader->splashCalls, QStringList(QStringLiteral("hide")));
+        const QVector<BoxReader::Box> boxes = m_reader->take();
+        QCOMPARE(boxes.size(), 1);
+        QCOMPARE(boxes[0].title, QStringLiteral("Missing *.ini file"));
+        QCOMPARE(boxes[0].text, QStringLiteral("Couldn't find %1\n"
+                                               "A default prekest.ini file was created.")
+                                    .arg(folders.defaultFile()));
+        QCOMPARE(boxes[0].details, QString());
+        QCOMPARE(boxes[0].icon, QMessageBox::Warning);
+        QVERIFY(!boxes[0].parent);
+        QCOMPARE(callsBefore, QStringList(QStringLiteral("hide")));
         QCOMPARE(splashScreen.calls, (QStringList{QStringLiteral("hide"), QStringLiteral("show")}));
         QCOMPARE(folders.userFolderContent(), QStringList());
         QVERIFY(set.geometry());
@@ -56,8 +57,7 @@ private Q_SLOTS:
     {
         const SettingsFolders folders;
         const Set set(folders.info.userSettings, QStringLiteral("Kest"));
-        m_expectedBoxes = 1;
-        QCOMPARE(m_reader->boxes, 1);
+        QCOMPARE(m_reader->take().size(), 1);
         QCOMPARE(set.getFullFilename(), folders.userFile());
     }
 
@@ -66,10 +66,11 @@ private Q_SLOTS:
         SettingsFolders folders;
         folders.info.defaultSettings = folders.path() + QStringLiteral("/%1 %2 <b>");
         const Set set(folders.info.userSettings, QStringLiteral("Kest%1"));
-        m_expectedBoxes = 1;
-        QCOMPARE(m_reader->text, QStringLiteral("Couldn't find ") + folders.path() +
-                                     QStringLiteral("/%1 %2 <b>/default.ini\nA default ") +
-                                     QStringLiteral("kest%1.ini file was created."));
+        const QVector<BoxReader::Box> boxes = m_reader->take();
+        QCOMPARE(boxes.size(), 1);
+        QCOMPARE(boxes[0].text, QStringLiteral("Couldn't find ") + folders.path() +
+                                    QStringLiteral("/%1 %2 <b>/default.ini\nA default ") +
+                                    QStringLiteral("kest%1.ini file was created."));
         QVERIFY(set.geometry());
     }
 
@@ -104,9 +105,8 @@ private Q_SLOTS:
         QVERIFY(!user || SettingsFolders::write(folders.userFile(), ""));
         QVERIFY(!installation || SettingsFolders::write(folders.defaultFile(), ""));
         const FakeSplashScreen splashScreen;
-        m_reader->splashScreen = &splashScreen;
         const Set set(folders.info.userSettings, QStringLiteral("KEST"));
-        QCOMPARE(m_reader->boxes, 0);
+        QVERIFY(m_reader->take().isEmpty());
         QCOMPARE(splashScreen.calls, QStringList());
         QVERIFY(set.geometry());
     }

@@ -24,17 +24,14 @@ namespace {
 
 void addRow(const char* name, const QByteArray& deck, int number, int line, const char* reason)
 {
-    QTest::newRow(name) << deck << number << line << QString::fromLatin1(reason);
+    DeckMistake{name, line, "", number, reason}.add(deck);
 }
 
 } // namespace
 
 void tst_deck_mistakes::mistakeIsReported_data()
 {
-    QTest::addColumn<QByteArray>("deck");
-    QTest::addColumn<int>("number");
-    QTest::addColumn<int>("line");
-    QTest::addColumn<QString>("reason");
+    DeckMistake::addColumns();
     addCardRows();
     addOrderRows();
     addGeometryRows();
@@ -43,16 +40,8 @@ void tst_deck_mistakes::mistakeIsReported_data()
 
 void tst_deck_mistakes::addCardRows()
 {
-    struct Row
-    {
-        const char* name;
-        int line;
-        const char* card;
-        int number;
-        const char* reason;
-    };
     // clang-format off
-    static const Row table[] = {
+    static const DeckMistake table[] = {
         {"unknown card",             7, "ZZ 1",                                     2101, "'ZZ'"},
         {"card of one letter",       7, "X",                                        2101, "'X'"},
         {"unknown geometry card",    3, "GQ 1 2",                                   2101, "'GQ'"},
@@ -83,8 +72,8 @@ void tst_deck_mistakes::addCardRows()
         {"second structure",         8, "NX\nEN",                                   2110, "NX"},
     };
     // clang-format on
-    for (const Row& row : table) {
-        addRow(row.name, changed(row.line, utf8(row.card)), row.number, row.line, row.reason);
+    for (const DeckMistake& row : table) {
+        row.add(changed(row.line, utf8(row.text)));
     }
     const QString blanks(130, QLatin1Char(' '));
     addRow("card too long", changed(3, utf8("GW 1 21 0 0 -0.25 0 0 0.25") + blanks + utf8("0.001")),
@@ -122,43 +111,36 @@ void tst_deck_mistakes::addOrderRows()
 
 void tst_deck_mistakes::addGeometryRows()
 {
-    struct Row
-    {
-        const char* name;
-        const char* card;
-        int number;
-        const char* reason;
-    };
     // clang-format off
-    static const Row table[] = {
-        {"no segments",        "GW 1 0 0 0 -0.25 0 0 0.25 0.001",   2301, "at least 1 and is 0"},
-        {"negative segments",  "GW 1 -3 0 0 -0.25 0 0 0.25 0.001",  2301, "is -3"},
-        {"too many segments",  "GW 1 5001 0 0 -0.25 0 0 0.25 1e-9", 2302, "more than 5000"},
-        {"no length",          "GW 1 21 0 0 0.25 0 0 0.25 0.001",   2303, "no length"},
-        {"radius 0",           "GW 1 21 0 0 -0.25 0 0 0.25 0",      2304, "is 0"},
-        {"negative radius",    "GW 1 21 0 0 -0.25 0 0 0.25 -1",     2304, "is -1"},
-        {"negative tag",       "GW -1 21 0 0 -0.25 0 0 0.25 0.001", 2305, "is -1"},
-        {"arc of 400 degrees", "GA 1 21 0.2 0 400 0.001",           2306, "360"},
-        {"arc of no radius",   "GA 1 21 0 0 90 0.001",              2306, "radius"},
-        {"helix of no length", "GH 1 21 0.1 0 0.2 0.2 0.2 0.2 0.001",   2307, "helix"},
-        {"helix of no turns",  "GH 1 21 0 0.5 0.2 0.2 0.2 0.2 0.001",   2307, "helix"},
+    static const DeckMistake table[] = {
+        {"no segments",        3, "GW 1 0 0 0 -0.25 0 0 0.25 0.001",   2301, "at least 1 and is 0"},
+        {"negative segments",  3, "GW 1 -3 0 0 -0.25 0 0 0.25 0.001",  2301, "is -3"},
+        {"too many segments",  3, "GW 1 5001 0 0 -0.25 0 0 0.25 1e-9", 2302, "more than 5000"},
+        {"no length",          3, "GW 1 21 0 0 0.25 0 0 0.25 0.001",   2303, "no length"},
+        {"radius 0",           3, "GW 1 21 0 0 -0.25 0 0 0.25 0",      2304, "is 0"},
+        {"negative radius",    3, "GW 1 21 0 0 -0.25 0 0 0.25 -1",     2304, "is -1"},
+        {"negative tag",       3, "GW -1 21 0 0 -0.25 0 0 0.25 0.001", 2305, "is -1"},
+        {"arc of 400 degrees", 3, "GA 1 21 0.2 0 400 0.001",           2306, "360"},
+        {"arc of no radius",   3, "GA 1 21 0 0 90 0.001",              2306, "radius"},
+        {"helix of no length", 3, "GH 1 21 0.1 0 0.2 0.2 0.2 0.2 0.001",   2307, "helix"},
+        {"helix of no turns",  3, "GH 1 21 0 0.5 0.2 0.2 0.2 0.2 0.001",   2307, "helix"},
     };
-    static const Row afterWire[] = {
-        {"scale 0",            "GS 0 0 0",                2308, "scale"},
-        {"turned 0 times",     "GR 1 0",                  2308, "once"},
-        {"negative copies",    "GM 1 -1 0 0 0 1 0 0",     2308, "negative"},
-        {"moved from no tag",  "GM 1 1 0 0 0 1 0 0 7",    2308, "no wire has the tag"},
-        {"mirrored in a 2",    "GX 1 200",                2308, "digits"},
-        {"copied too often",   "GM 1 2000000000 0 0 0 1 0 0", 2302, "5000"},
-        {"turned too often",   "GR 1 2000000000",         2302, "5000"},
-        {"tags grow too fast", "GM 2000000000 5 0 0 0 1 0 0", 2308, "increment"},
+    static const DeckMistake afterWire[] = {
+        {"scale 0",            4, "GS 0 0 0",                2308, "scale"},
+        {"turned 0 times",     4, "GR 1 0",                  2308, "once"},
+        {"negative copies",    4, "GM 1 -1 0 0 0 1 0 0",     2308, "negative"},
+        {"moved from no tag",  4, "GM 1 1 0 0 0 1 0 0 7",    2308, "no wire has the tag"},
+        {"mirrored in a 2",    4, "GX 1 200",                2308, "digits"},
+        {"copied too often",   4, "GM 1 2000000000 0 0 0 1 0 0", 2302, "5000"},
+        {"turned too often",   4, "GR 1 2000000000",         2302, "5000"},
+        {"tags grow too fast", 4, "GM 2000000000 5 0 0 0 1 0 0", 2308, "increment"},
     };
     // clang-format on
-    for (const Row& row : table) {
-        addRow(row.name, changed(3, utf8(row.card)), row.number, 3, row.reason);
+    for (const DeckMistake& row : table) {
+        row.add(changed(3, utf8(row.text)));
     }
-    for (const Row& row : afterWire) {
-        addRow(row.name, changed(4, utf8(row.card) + utf8("\nGE 0")), row.number, 4, row.reason);
+    for (const DeckMistake& row : afterWire) {
+        row.add(changed(4, utf8(row.text) + utf8("\nGE 0")));
     }
     addRow("taper of radius 0", changed(4, utf8("GW 2 5 1 0 0 1 0 1 0\nGC 0 0 1 0 0.1\nGE 0")),
            2304, 5, "is 0");
@@ -170,16 +152,8 @@ void tst_deck_mistakes::addGeometryRows()
 
 void tst_deck_mistakes::addControlRows()
 {
-    struct Row
-    {
-        const char* name;
-        int line;
-        const char* card;
-        int number;
-        const char* reason;
-    };
     // clang-format off
-    static const Row table[] = {
+    static const DeckMistake table[] = {
         {"frequency 0",            5, "FR 0 1 0 0 0 0",         2401, "is 0"},
         {"negative frequency",     5, "FR 0 1 0 0 -300 0",      2401, "is -300"},
         {"no frequency step",      5, "FR 0 3 0 0 300 0",       2402, "3 different"},
@@ -211,8 +185,8 @@ void tst_deck_mistakes::addControlRows()
         {"too many field points",  7, "NE 0 1000 1000 1000 0 0 0 1 1 1", 2412, "1000000"},
     };
     // clang-format on
-    for (const Row& row : table) {
-        addRow(row.name, changed(row.line, utf8(row.card)), row.number, row.line, row.reason);
+    for (const DeckMistake& row : table) {
+        row.add(changed(row.line, utf8(row.text)));
     }
 }
 

@@ -6,6 +6,9 @@
 #include <QVector>
 #include <QtTest>
 
+#include <functional>
+#include <utility>
+
 /// Reads every message box while it lives, and closes it.
 class BoxReader
 {
@@ -34,11 +37,17 @@ public:
         return taken;
     }
 
+    /// Is called while a box is shown.
+    void setListener(std::function<void()> listener) { m_listener = std::move(listener); }
+
 private:
     void look()
     {
         auto* const box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
         if (box) {
+            if (m_listener) {
+                m_listener();
+            }
             m_boxes.append({box->windowTitle(), box->text(), box->detailedText(), box->icon(),
                             box->parentWidget()});
             box->close();
@@ -46,6 +55,7 @@ private:
     }
 
     QVector<Box> m_boxes;
+    std::function<void()> m_listener;
     QTimer m_timer;
 };
 

@@ -2,6 +2,8 @@
 
 #include <DialogStage.h>
 
+#include <common_Contrast.h>
+
 #include <QAbstractTextDocumentLayout>
 #include <QScopeGuard>
 #include <QtTest>
@@ -103,7 +105,7 @@ void tst_common_KestProcessOutputTabWidget::isReadableWithDarkColours_data()
     QTest::newRow("later") << false;
 }
 
-// The views of text alone: all else keeps the user's colours.
+// The views have the user's colours, and lines are drawn in shades that suit them.
 void tst_common_KestProcessOutputTabWidget::isReadableWithDarkColours()
 {
     QFETCH(bool, fromTheBeginning);
@@ -122,20 +124,25 @@ void tst_common_KestProcessOutputTabWidget::isReadableWithDarkColours()
     QApplication::setPalette(palette);
     stage.runner->start();
     stage.openDetails();
-    stage.runner->notice(QStringLiteral("NOTE 1: text"));
-    for (QTextEdit* const view : {stage.output(), stage.errors()}) {
-        stage.tabs()->setCurrentWidget(view);
-        QCOMPARE(view->palette().color(QPalette::Base), QColor(Qt::white));
-        QCOMPARE(view->palette().color(QPalette::Text), QColor(Qt::black));
-        QCOMPARE(view->palette().color(QPalette::Window), dark);
-        QVERIFY(shows(view->viewport(), Qt::white));
-        QVERIFY(!shows(view->viewport(), dark));
-    }
-    for (const QWidget* const other :
-         {static_cast<QWidget*>(stage.notices()), static_cast<QWidget*>(stage.warnings()),
+    stage.runner->warning(QStringLiteral("WARNING 1: \u2588\u2588"));
+    stage.runner->notice(QStringLiteral("NOTE 1: \u2588\u2588"));
+    stage.runner->error(QStringLiteral("ERROR 1: \u2588\u2588"));
+    for (const QWidget* const view :
+         {static_cast<QWidget*>(stage.output()), static_cast<QWidget*>(stage.errors()),
+          static_cast<QWidget*>(stage.notices()), static_cast<QWidget*>(stage.warnings()),
           static_cast<QWidget*>(stage.tabs()), static_cast<QWidget*>(stage.info())}) {
-        QCOMPARE(other->palette().color(QPalette::Base), dark);
-        QCOMPARE(other->palette().color(QPalette::Text), light);
+        QCOMPARE(view->palette().color(QPalette::Base), dark);
+        QCOMPARE(view->palette().color(QPalette::Text), light);
+    }
+    stage.tabs()->setCurrentWidget(stage.output());
+    QVERIFY(shows(stage.output()->viewport(), dark));
+    QVERIFY(!shows(stage.output()->viewport(), Qt::white));
+    for (const char* const name : {"orange", "blue", "red"}) {
+        const QColor colour{QLatin1String(name)};
+        const QColor shade = common_Contrast::readable(colour, dark);
+        QVERIFY2(shows(stage.output()->viewport(), shade), name);
+        QVERIFY2(common_Contrast::ratio(shade, dark) >= common_Contrast::least, name);
+        QVERIFY2(stage.output()->toHtml().contains(colour.name()), name); // the document's own
     }
 }
 

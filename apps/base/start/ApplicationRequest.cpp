@@ -1,7 +1,9 @@
 #include "ApplicationRequest.h"
 
 #include "ApplicationDescription.h"
+#include "EngineVersion.h"
 #include "QtOptions.h"
+#include "Versions.h"
 
 #include <QCommandLineParser>
 #include <QCoreApplication>
@@ -44,8 +46,8 @@ QString helpText(const ApplicationDescription& application, QCommandLineParser& 
 
 QString versionText()
 {
-    return QStringLiteral("%1 %2\n").arg(QCoreApplication::applicationName(),
-                                         QCoreApplication::applicationVersion());
+    return Versions::program() + QLatin1Char('\n') + Versions::parts(EngineVersion::ask()) +
+           QLatin1Char('\n');
 }
 
 // Why the options do not fit the window; empty when they do.
@@ -75,8 +77,12 @@ ApplicationTask windowTask(const ApplicationDescription& application,
 ApplicationTask nonInteractiveTask(const ApplicationDescription& application,
                                    const QCommandLineParser& parser)
 {
-    if (parser.positionalArguments().isEmpty()) {
+    const QStringList files = parser.positionalArguments();
+    if (files.isEmpty()) {
         return {QStringLiteral("no %1 given").arg(application.fileKind), {}};
+    }
+    if (files.contains(QString())) {
+        return {QStringLiteral("the name of a %1 is empty").arg(application.fileKind), {}};
     }
     return application.nonInteractiveTask(parser);
 }

@@ -10,6 +10,7 @@
 #include <WriteFailures.h>
 
 #include <ProgramArguments.h>
+#include <StandardOutput.h>
 #include <SuiteVersion.h>
 #include <TemporaryFolder.h>
 
@@ -19,12 +20,24 @@
 
 namespace {
 
+constexpr int exitIncomplete = 1;
 constexpr int exitRefused = 2;
 
 int refuse(const QString& problem, const QString& hint = QString())
 {
     ErrorOutput::printRefusal(problem, hint);
     return exitRefused;
+}
+
+// Runs the task. Output that is lost, as on a full disk, is a failure.
+int completed(const ApplicationTask& task)
+{
+    const int exitCode = task.run();
+    if (suite::StandardOutput::flush() || exitCode != 0) {
+        return exitCode;
+    }
+    ErrorOutput::print(QStringLiteral("the output could not be written"));
+    return exitIncomplete;
 }
 
 // Why there can be no application object; empty when there can. Qt would end the program, or keep
@@ -82,7 +95,7 @@ int ApplicationStart::run(const ApplicationDescription& application, int argc, c
         return refuse(request.task.problem, arguments.hint());
     }
     if (request.isQuestion) {
-        return request.task.run();
+        return completed(request.task);
     }
     const QString folderProblem = SuiteFolders::problem();
     if (!folderProblem.isEmpty()) {
@@ -92,5 +105,5 @@ int ApplicationStart::run(const ApplicationDescription& application, int argc, c
         application.prepare();
     }
     const Services services(application.identity, windowSystem != WindowSystem::Display);
-    return request.task.run();
+    return completed(request.task);
 }

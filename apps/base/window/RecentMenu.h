@@ -1,10 +1,16 @@
 #pragma once
 
+#include <FileProbe.h>
+
+#include <QHash>
 #include <QMenu>
+#include <QThreadPool>
 
 class common_recent_file_settings;
 
-/// Lists the recent files, the newest first, so that the user can open one of them again.
+/// Lists the recent files, the newest first, so that the user can open one of them again. Those
+/// that cannot be read are grey, as soon as that is known: nothing waits for a network that is
+/// gone.
 class RecentMenu : public QMenu
 {
     Q_OBJECT
@@ -20,7 +26,15 @@ Q_SIGNALS:
     void fileChosen(const QString& path);
 
 private:
+    using Answers = QHash<QString, FileProbe::Answer>; ///< by path
+
     void list();
+    void check(const QStringList& files);
+    void showAnswers(const Answers& answers);
+    void updateEntry(QAction& entry) const;
 
     common_recent_file_settings* m_settings;
+    Answers m_answers; ///< the last ones
+    bool m_isChecking = false;
+    QThreadPool m_thread; ///< its end is waited for, which is not long
 };

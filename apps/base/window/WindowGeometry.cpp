@@ -2,6 +2,7 @@
 
 #include <common_geometry_settings.h>
 
+#include <QFile>
 #include <QGuiApplication>
 #include <QScreen>
 #include <QWidget>
@@ -45,12 +46,13 @@ void WindowGeometry::restore(QWidget& window, const common_geometry_settings& se
     const QRect screen =
         (found != nullptr ? found : QGuiApplication::primaryScreen())->availableGeometry();
     frame.setSize(frame.size().boundedTo(screen.size() - QSize(frameRoom, frameRoom)));
-    if (found == nullptr) {
+    const bool isFirstStart = !QFile::exists(settings.getFileName());
+    if (found == nullptr || isFirstStart) {
         frame.moveCenter(screen.center());
     }
     window.resize(frame.size());
     window.move(frame.topLeft());
-    if (settings.isMaximised()) {
+    if (settings.isMaximised() && !isFirstStart) {
         window.setWindowState(window.windowState() | Qt::WindowMaximized);
     }
 }

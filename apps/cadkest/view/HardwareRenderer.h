@@ -20,7 +20,7 @@ public:
     /// Why nothing can be drawn by OpenGL here; empty when it can.
     [[nodiscard]] QString error() const { return m_error; }
 
-    /// What draws: the graphics card or the program in its place.
+    /// What draws: the name of the graphics card, or of the software in its place.
     [[nodiscard]] QString device() const;
 
     QImage render(const Frame& frame) override;

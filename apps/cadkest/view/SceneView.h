@@ -34,8 +34,8 @@ public:
     /// Fits the scene into the view again.
     void fit();
 
-    /// Changes the renderer. Where hardware rendering is not to be had, software rendering goes on
-    /// and the answer is why; else the answer is empty.
+    /// Changes the renderer. Where there is no hardware rendering, software rendering stays.
+    /// Returns why; empty when the renderer was changed.
     QString setRendering(Rendering rendering);
     [[nodiscard]] Rendering rendering() const { return m_rendering; }
 

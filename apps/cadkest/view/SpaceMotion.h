@@ -7,7 +7,7 @@ class QSize;
 
 class Camera;
 
-/// What the cap of a 3D mouse tells: how far it is moved and turned, around 350 at its limits, to
+/// What the cap of a 3D mouse reports: how far it is moved and turned, around 350 at its limits, to
 /// the right, up and towards the user, and for how long it has been so.
 struct SpaceMotion
 {

@@ -9,7 +9,7 @@
 class QProcess;
 
 /// Tries hardware rendering in a process of its own: a driver that crashes or never answers does so
-/// there, and the window goes on.
+/// there, and the window keeps working.
 class HardwareProbe : public QObject
 {
     Q_OBJECT
@@ -31,7 +31,7 @@ public:
     [[nodiscard]] bool isRunning() const { return m_process != nullptr; }
 
 Q_SIGNALS:
-    /// Why hardware rendering is not to be had; empty when it works.
+    /// Why hardware rendering is not available; empty when it works.
     void answered(const QString& error);
 
 private:

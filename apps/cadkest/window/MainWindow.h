@@ -37,11 +37,11 @@ public:
     /// The menu that further settings go into.
     [[nodiscard]] QMenu* settingsMenu() const { return m_settingsMenu; }
 
-    /// Changes the renderer; where hardware is not to be had, software goes on and the user is
-    /// told. Returns whether it is as asked.
+    /// Changes the renderer; where there is no hardware rendering, software rendering stays and
+    /// a message says why. Returns whether the renderer is the requested one.
     bool setRendering(Rendering rendering);
 
-    /// Tells the user why hardware rendering, which was asked for, is not to be had.
+    /// Shows why the requested hardware rendering is not available.
     void refuseHardware(const QString& reason) { showRendering(reason); }
 
 Q_SIGNALS:

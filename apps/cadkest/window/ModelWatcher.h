@@ -4,7 +4,7 @@
 #include <QFileSystemWatcher>
 #include <QTimer>
 
-/// Tells when a file has been written, replaced, removed or made again.
+/// Signals that a file has been written, replaced, removed or made again.
 class ModelWatcher : public QObject
 {
     Q_OBJECT

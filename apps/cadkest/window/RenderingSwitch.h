@@ -7,7 +7,7 @@ class MainWindow;
 class RenderingSettings;
 
 /// Brings a window to the renderer that the user wants. To hardware it changes once a trial
-/// elsewhere went well; until then, and where it did not, the window goes on by software.
+/// elsewhere went well; until then, and where it did not, the window renders by software.
 ///
 /// Should the driver end the program all the same, the settings tell the next start.
 class RenderingSwitch : public QObject
@@ -31,7 +31,7 @@ public:
     [[nodiscard]] HardwareProbe& probe() { return m_probe; }
 
 Q_SIGNALS:
-    /// The renderer is what it was asked to be, or it has turned out that it cannot be.
+    /// The renderer is the requested one, or it has turned out that it cannot be.
     void changed(bool isAsAsked);
 
 private:

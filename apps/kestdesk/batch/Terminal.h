@@ -13,14 +13,14 @@ public:
 
     explicit Terminal(std::FILE* stream);
 
-    /// Takes the status line away.
+    /// Removes the status line.
     ~Terminal();
 
     Terminal(const Terminal&) = delete;
     Terminal& operator=(const Terminal&) = delete;
 
     /// Writes a line above the status line. The text is made visible: what a child prints must not
-    /// steer the terminal. The status line is gone until it is set again.
+    /// steer the terminal. The status line is removed until it is set again.
     void writeLine(const QString& text, Colour colour = Colour::None);
 
     /// Shows the text as the last line, cut to the width; nothing where there is no terminal.

@@ -28,10 +28,10 @@ public:
     /// What was found out, in one line.
     QString text() const { return m_text; }
 
-    /// Whether somebody still looks for the name, who cannot be stopped.
+    /// Whether the look-up of the name still runs. It cannot be interrupted.
     bool isLookingUp() const { return m_lookingUp; }
 
-    /// Whether it is this machine, of which nobody needs to be asked.
+    /// Whether it is this machine, which needs no query over the network.
     static bool isThisMachine(const QString& host);
 
     /// The program that reaches hosts: KEST_SSH, or ssh. Empty when there is no such program.

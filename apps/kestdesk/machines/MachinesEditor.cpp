@@ -5,8 +5,10 @@
 #include "TerminalDevice.h"
 
 #include <MachinesFile.h>
+#include <StopSignals.h>
 
 #include <QDir>
+#include <QEventLoop>
 #include <QFile>
 #include <QFileInfo>
 #include <QProcess>
@@ -61,18 +63,34 @@ QStringList editorCommand()
     return {};
 }
 
-/// While this lives, Ctrl+C is the editor's business alone. The editor does not inherit that.
-class InterruptsLeftToTheEditor
+/// Waits for an editor. Meanwhile Ctrl+C, which the editor gets from the terminal as well, has no
+/// effect here; other requests to stop are passed on to the editor.
+class EditorWait
 {
 public:
-    InterruptsLeftToTheEditor() : m_before(std::signal(SIGINT, [](int) {})) {}
-    ~InterruptsLeftToTheEditor() { std::signal(SIGINT, m_before); }
+    /// To be made before the editor is started.
+    explicit EditorWait(QProcess& editor) : m_editor(editor)
+    {
+        QObject::connect(&editor, QOverload<int, QProcess::ExitStatus>::of(&QProcess::finished),
+                         &m_loop, &QEventLoop::quit);
+        StopSignals::watch(&m_loop, [&editor](int number) {
+            if (number != SIGINT) {
+                editor.terminate();
+            }
+        });
+    }
 
-    InterruptsLeftToTheEditor(const InterruptsLeftToTheEditor&) = delete;
-    InterruptsLeftToTheEditor& operator=(const InterruptsLeftToTheEditor&) = delete;
+    /// Returns when the editor has ended.
+    void wait()
+    {
+        if (m_editor.state() != QProcess::NotRunning) {
+            m_loop.exec();
+        }
+    }
 
 private:
-    void (*m_before)(int);
+    QProcess& m_editor;
+    QEventLoop m_loop;
 };
 
 // The user's next line; nothing at the end of the input.
@@ -139,7 +157,7 @@ int MachinesEditor::editCopy()
     QProcess editor;
     editor.setProcessChannelMode(QProcess::ForwardedChannels);
     editor.setInputChannelMode(QProcess::ForwardedInputChannel);
-    const InterruptsLeftToTheEditor interrupts;
+    EditorWait wait(editor);
     editor.start(command.first(), command.mid(1) + QStringList(m_copyName));
     if (!editor.waitForStarted(-1)) {
         reportError(QStringLiteral("cannot start the editor %1: %2")
@@ -148,7 +166,7 @@ int MachinesEditor::editCopy()
                    ? (QFile::remove(m_copyName), exitImpossible)
                    : keepCopy(QStringLiteral("nothing was saved"));
     }
-    editor.waitForFinished(-1);
+    wait.wait();
     if (editor.exitStatus() != QProcess::NormalExit || editor.exitCode() != 0) {
         const QString reason = QStringLiteral("the editor did not end well; nothing was saved");
         return MachinesFileStore::contentOf(m_copyName) == m_begun ? dropCopy(reason)

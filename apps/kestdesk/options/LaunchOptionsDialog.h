@@ -33,7 +33,7 @@ public:
     /// look at the options without changing them. True when the user agreed to what is there.
     static bool edit(QWidget* parent);
 
-    /// Writes what was changed. False, and the user has been told, when something could not be
+    /// Writes what was changed. False, after a message to the user, when something could not be
     /// saved: everything is still in the dialog then.
     bool save();
 
@@ -71,7 +71,7 @@ private:
     QLineEdit* m_previewLine;
     QLabel* m_reason;
     QDialogButtonBox* m_buttons;
-    bool m_loading = false; ///< the editors change because of us
+    bool m_loading = false; ///< this class changes the editors
     QPushButton* m_ok = nullptr;
     QPushButton* m_apply = nullptr;
 };

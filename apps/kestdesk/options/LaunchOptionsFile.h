@@ -25,8 +25,8 @@ QString problem();
 /// The same for the installation's defaults.
 QString defaultsProblem();
 
-/// Why the file cannot be locked, in the same way. The library goes on without a lock then, and
-/// scripts at once would undo each other's changes.
+/// Why the file cannot be locked, in the same way. The library would write without a lock
+/// then, and scripts that run at once would undo each other's changes.
 QString lockProblem();
 
 /// Whether the file keeps the option: any other would be forgotten at once.
@@ -41,10 +41,10 @@ QString value(const common_ComponentsLaunchOptions& options, const QString& name
 /// Writes the options and reads them again, for a disk may be full or a folder read-only.
 Saving save(common_ComponentsLaunchOptions& options);
 
-/// Whether somebody holds the file.
+/// Whether a program holds the file.
 bool isOwned();
 
-/// Who holds the file, in words, which never name nobody.
+/// What holds the file, in words; never empty.
 QString owner();
 
 } // namespace LaunchOptionsFile

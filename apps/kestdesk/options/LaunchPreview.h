@@ -4,7 +4,7 @@
 
 class common_ComponentsLaunchOptions;
 
-/// What the options come to.
+/// What the options result in.
 namespace LaunchPreview {
 
 /// The parts of the command lines, or of the environment, that the tab's options make.

@@ -26,8 +26,8 @@ public:
     static bool edit(QWidget* parent);
 
 public Q_SLOTS:
-    /// Saves, where the user does not want to go on because of mistakes or of somebody else's
-    /// change; what cannot be saved stays in the dialog.
+    /// Saves and closes. With mistakes, or after a change by another program, the user is asked
+    /// first; what is not saved stays in the dialog.
     void accept() override;
 
     /// Asks before something that was typed is thrown away.

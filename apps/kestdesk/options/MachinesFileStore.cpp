@@ -2,13 +2,13 @@
 
 #include <InputFile.h>
 #include <MachinesFile.h>
+#include <OutputFile.h>
 
 #include <common_IApplicationInfo.h>
 #include <common_ServiceOf.h>
 
 #include <QDir>
 #include <QFileInfo>
-#include <QSaveFile>
 
 namespace {
 
@@ -55,10 +55,9 @@ bool MachinesFileStore::hasChanged() const
 QString MachinesFileStore::save(const QByteArray& content)
 {
     QDir().mkpath(QFileInfo(m_fileName).absolutePath());
-    QSaveFile file(m_fileName);
-    if (!file.open(QIODevice::WriteOnly) || file.write(content) != content.size() ||
-        !file.commit()) {
-        return file.errorString();
+    suite::OutputFile file(m_fileName);
+    if (!file.replace(content)) {
+        return file.reason();
     }
     m_original = content;
     m_content = content;

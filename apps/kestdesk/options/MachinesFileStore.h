@@ -27,7 +27,7 @@ public:
     /// Why the user's file could not be read; empty when all is well.
     QString readError() const { return m_readError; }
 
-    /// Whether somebody else changed, made or removed the user's file since.
+    /// Whether the user's file was changed, made or removed by another program since.
     bool hasChanged() const;
 
     /// Puts the content in the file's place, in one step. Why it could not; empty when it is done.

@@ -2,6 +2,8 @@
 
 #include <MachinesFile.h>
 
+#include <common_Contrast.h>
+
 #include <QFontDatabase>
 #include <QPaintEvent>
 #include <QPainter>
@@ -44,7 +46,8 @@ void MachinesTextEdit::showFindings(const MachinesFile& file)
             selection.cursor = QTextCursor(block);
             selection.cursor.movePosition(QTextCursor::EndOfBlock, QTextCursor::KeepAnchor);
             selection.format.setUnderlineStyle(QTextCharFormat::WaveUnderline);
-            selection.format.setUnderlineColor(lineColour(finding.severity));
+            selection.format.setUnderlineColor(common_Contrast::readable(
+                lineColour(finding.severity), palette().color(QPalette::Base)));
             selections.append(selection);
         }
     }

@@ -14,8 +14,8 @@ public:
     void stepBy(int steps) override;
 
 Q_SIGNALS:
-    /// The text is another one. QSpinBox itself tells nobody of one that is no number, such as
-    /// none.
+    /// The text has changed. QSpinBox itself emits no signal for a text that is not a number, such
+    /// as an empty one.
     void edited();
 
 protected:

@@ -10,9 +10,10 @@ constexpr int stepsWithoutStart = 4;
 constexpr double pauseLength = 6;    // of what a step usually takes
 constexpr double pauseOfAverage = 5; // and of what an average one takes, for very small steps
 constexpr double halfWeight = 0.25;  // of the run
-constexpr int stepsOfGrowth = 5;
-constexpr double usualGrowth = 1;   // of the pace over the run, standard deviation
-constexpr double leastNoise = 0.02; // of the pace
+constexpr int mostGroups = 6;
+constexpr int groupsOfGrowth = 5;
+constexpr double usualGrowth = 0.25; // of the pace over the run, standard deviation
+constexpr double leastNoise = 0.02;  // of the pace
 constexpr double leastChange = 0.3;
 constexpr double mostChange = 4;
 constexpr double leastVariation = 0.2; // of the pace from step to step
@@ -108,8 +109,49 @@ QVector<PaceFit::Step> PaceFit::withoutPauses(const QVector<Step>& steps)
     return result;
 }
 
-// A straight line through the paces of the steps, whose slope is held back by what is usual: few or
-// uneven steps say little about it.
+// The load of a computer changes for longer than a step, so neighbouring steps err alike. Whether
+// the paces follow a line is judged by groups of steps.
+QVector<PaceFit::Step> PaceFit::groups(const QVector<Step>& steps)
+{
+    QVector<Step> result;
+    const int count = qMin(mostGroups, steps.size());
+    int next = 0;
+    for (int group = 1; group <= count; ++group) {
+        Step sum;
+        double weightedMiddle = 0;
+        for (; next < steps.size() * group / count; ++next) {
+            sum.work += steps[next].work;
+            sum.time += steps[next].time;
+            sum.weight += steps[next].weight;
+            weightedMiddle += steps[next].work * steps[next].middle;
+        }
+        sum.middle = weightedMiddle / sum.work;
+        result.append(sum);
+    }
+    return result;
+}
+
+// How the pace changes with the work: the slope of a straight line, which is held back by what is
+// usual, since few or uneven steps say little about it.
+double PaceFit::slope(const QVector<Step>& steps, double range)
+{
+    const QVector<Step> all = groups(steps);
+    if (all.size() < groupsOfGrowth) {
+        return 0;
+    }
+    const double mean = weightedMean(all, [](const Step& step) { return step.pace(); });
+    const double middle = weightedMean(all, [](const Step& step) { return step.middle; });
+    const double square =
+        weightedMean(all, [&](const Step& step) { return std::pow(step.middle - middle, 2); });
+    const double product = weightedMean(
+        all, [&](const Step& step) { return (step.middle - middle) * (step.pace() - mean); });
+    const double noise =
+        weightedMean(all, [&](const Step& step) { return std::pow(step.pace() - mean, 2); });
+    const double rest = qMax(noise - product * product / square, std::pow(leastNoise * mean, 2));
+    const double usual = std::pow(usualGrowth * mean / range, 2);
+    return product / (square + rest / usual / (all.size() - 2));
+}
+
 void PaceFit::fit(QVector<Step> steps, double range, double restMiddle, Growth growth)
 {
     const double last = steps.last().middle;
@@ -119,19 +161,11 @@ void PaceFit::fit(QVector<Step> steps, double range, double restMiddle, Growth g
     m_steps = steps.size();
     const double mean = weightedMean(steps, [](const Step& step) { return step.pace(); });
     const double middle = weightedMean(steps, [](const Step& step) { return step.middle; });
-    const double square =
-        weightedMean(steps, [&](const Step& step) { return std::pow(step.middle - middle, 2); });
-    const double product = weightedMean(
-        steps, [&](const Step& step) { return (step.middle - middle) * (step.pace() - mean); });
-    double slope = 0;
-    double noise =
+    const double noise =
         weightedMean(steps, [&](const Step& step) { return std::pow(step.pace() - mean, 2); });
-    if (growth == Growth::Followed && m_steps >= stepsOfGrowth) {
-        noise = qMax(noise - product * product / square, std::pow(leastNoise * mean, 2));
-        const double usual = std::pow(usualGrowth * mean / range, 2);
-        slope = product / (square + noise / usual / m_steps);
-    }
-    m_pace = qBound(leastChange * mean, mean + slope * (restMiddle - middle), mostChange * mean);
+    const double ahead = qMin(restMiddle - middle, last - steps.first().middle);
+    const double change = growth == Growth::Followed ? slope(steps, range) * ahead : 0;
+    m_pace = qBound(leastChange * mean, mean + change, mostChange * mean);
     const double variation = m_steps < stepsWithoutStart
                                  ? firstVariation
                                  : qMax(leastVariation, std::sqrt(noise) / mean);

@@ -47,6 +47,8 @@ private:
     static QVector<PacePoint> withoutBursts(const QVector<PacePoint>& points);
     static QVector<Step> stepsBetween(const QVector<PacePoint>& points);
     static QVector<Step> withoutPauses(const QVector<Step>& steps);
+    static QVector<Step> groups(const QVector<Step>& steps);
+    static double slope(const QVector<Step>& steps, double range);
     void fit(QVector<Step> steps, double range, double restMiddle, Growth growth);
 
     int m_steps = 0;

@@ -78,6 +78,11 @@ QString RemainingTime::shortText() const
     return m_end ? QStringLiteral("about ") + rounded(m_shown) : QString();
 }
 
+std::optional<qint64> RemainingTime::milliseconds() const
+{
+    return m_end ? std::optional<qint64>(m_shown) : std::nullopt;
+}
+
 QString RemainingTime::rounded(qint64 milliseconds)
 {
     const qint64 time = roundedTime(static_cast<double>(milliseconds));

@@ -20,6 +20,9 @@ public:
     /// The same for a table: "about 3:40".
     QString shortText() const;
 
+    /// What is shown, in milliseconds; nothing when there is nothing to show.
+    std::optional<qint64> milliseconds() const;
+
     /// A time in milliseconds in words, rounded: "45 s", "3:40", "25 min", "2 h", "3 days".
     static QString rounded(qint64 milliseconds);
 

@@ -31,6 +31,9 @@ public:
     /// The same for a table: "about 3:40".
     QString shortText() const;
 
+    /// The same in milliseconds, to sort by.
+    std::optional<qint64> remaining() const { return m_remaining.milliseconds(); }
+
 Q_SIGNALS:
     /// The texts have changed.
     void changed();

@@ -15,7 +15,7 @@ constexpr double segmentsExponent = 2; // between the filling of a matrix and it
 constexpr double alikeSegments = 0.2;  // as a logarithm
 
 // Standard deviations of the duration, as parts of it.
-constexpr double repetitionSpread = 0.15;
+constexpr double repetitionSpread = 0.2;
 constexpr double otherModelSpread = 0.1;
 constexpr double otherPlaceSpread = 0.7;
 constexpr double segmentsSpread = 1;    // for e times as many

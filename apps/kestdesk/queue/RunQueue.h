@@ -29,6 +29,9 @@ public:
     /// Puts a run at the end and returns its id. It begins from the event loop.
     int add(QueuedRun run);
 
+    /// Lets the next run begin now, not first from the event loop. Nothing where none may begin.
+    void startNext();
+
     /// Those that wait, the next one first.
     const QVector<QueuedRun>& runs() const { return m_runs; }
 
@@ -68,7 +71,6 @@ private:
     int indexOf(int id) const;
     int nextIndex() const;
     bool mayBegin(const QueuedRun& run) const;
-    void startNext();
     void retry();
     void forget(const QueuedRun& run);
     void keep();

@@ -100,11 +100,11 @@ struct RunActions::Row
 
 // clang-format off
 const RunActions::Row RunActions::rows[] = {
-    {"showRecordAction",  "Show &record",           "Ctrl+R",       "Show what is kept of the selected runs: messages, output, command, differences", true,  &RunActions::showRecords},
+    {"showRecordAction",  "Show recor&d",           "Ctrl+R",       "Show what is kept of the selected runs: messages, output, command, differences", true,  &RunActions::showRecords},
     {"runAgainAction",    "Run &again exactly",     "Ctrl+F5",      "Run the same command with the same options on the same model",                    true,  &RunActions::runAgain},
     {"openFolderAction",  "Open f&older",           "",             "Show the model's folder in the file manager",                                    true,  &RunActions::openFolders},
     {"copyCommandAction", "Copy comma&nd",          "Ctrl+Shift+C", "Copy the command of the selected runs for a terminal",                           true,  &RunActions::copyCommands},
-    {"deleteRunsAction",  "&Delete records...",     "Ctrl+Del",     "Delete the records of the selected runs; models and results stay",               true,  &RunActions::deleteRecords},
+    {"deleteRunsAction",  "De&lete records...",     "Del",     "Delete the records of the selected runs; models and results stay",               true,  &RunActions::deleteRecords},
     {"findRunsAction",    "F&ilter runs",           "Ctrl+F",       "Show only some of the runs",                                                     false, &RunActions::focusFilter},
     {"showAllRunsAction", "Sho&w all runs",         "",             "Show all runs again that were filtered or cleared",                              false, &RunActions::showAll},
 };
@@ -133,6 +133,9 @@ void RunActions::addAction(const Row& row, QMenu* menu)
     added->setStatusTip(QLatin1String(row.hint));
     connect(added, &QAction::triggered, this, row.slot);
     if (row.isForRuns) {
+        // A key alone belongs to the text fields, where they have the focus.
+        const bool isKey = QLatin1String(row.shortcut) == QLatin1String("Del");
+        added->setShortcutContext(isKey ? Qt::WidgetShortcut : Qt::WindowShortcut);
         m_part->list()->addAction(added);
     }
 }

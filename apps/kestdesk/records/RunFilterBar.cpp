@@ -77,6 +77,11 @@ void RunFilterBar::focusText()
     m_text->selectAll();
 }
 
+QWidget* RunFilterBar::lastControl() const
+{
+    return m_grouping;
+}
+
 void RunFilterBar::clear()
 {
     m_text->clear();

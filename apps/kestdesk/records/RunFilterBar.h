@@ -18,6 +18,9 @@ public:
 
     void focusText();
 
+    /// The one that the Tab key leads to last.
+    QWidget* lastControl() const;
+
     /// Takes back every choice by which runs may be left out.
     void clear();
 

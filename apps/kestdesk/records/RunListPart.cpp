@@ -32,6 +32,7 @@ RunListPart::RunListPart(RunTableModel* runs, RunArchive archive, QWidget* paren
     layout->setContentsMargins(0, 0, 0, 0);
     layout->addLayout(head);
     layout->addWidget(m_list, 1);
+    setTabOrder(m_filter->lastControl(), m_list);
     connect(m_archive, &ArchiveWatch::changed, m_runs, &RunTableModel::setRecords);
     connect(m_archive, &ArchiveWatch::removed, m_runs, &RunTableModel::removeRecords);
     for (const auto signal :

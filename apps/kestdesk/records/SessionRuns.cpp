@@ -32,8 +32,9 @@ SessionRuns::~SessionRuns()
     }
 }
 
-bool SessionRuns::start(const Component& component, const QString& model,
-                        common_RunWrapper::RunOptions options, common_CommonSettingsSet& settings)
+WindowRun* SessionRuns::start(const Component& component, const QString& model,
+                              common_RunWrapper::RunOptions options,
+                              common_CommonSettingsSet& settings)
 {
     return add(component, model,
                [&](WindowRun& run) { return run.start(options, settings, m_window); });
@@ -44,12 +45,12 @@ bool SessionRuns::startAgain(const RunRecord& record, const QString& model,
 {
     const Component* const component = Component::find(record.component);
     return component != nullptr && add(*component, model, [&](WindowRun& run) {
-               return run.startAgain(record, settings, m_window);
-           });
+                                       return run.startAgain(record, settings, m_window);
+                                   }) != nullptr;
 }
 
-bool SessionRuns::add(const Component& component, const QString& model,
-                      const std::function<bool(WindowRun& run)>& start)
+WindowRun* SessionRuns::add(const Component& component, const QString& model,
+                            const std::function<bool(WindowRun& run)>& start)
 {
     auto* const run = new WindowRun(component, model, m_window);
     run->setTitle(m_titles.next(run->run()));
@@ -60,7 +61,7 @@ bool SessionRuns::add(const Component& component, const QString& model,
     m_shutdown.add(run->run());
     m_list->add(run);
     Q_EMIT added(run);
-    return start(*run);
+    return start(*run) ? run : nullptr;
 }
 
 void SessionRuns::removeEnded()

@@ -24,10 +24,10 @@ public:
     /// Ends the recording of runs that are left.
     ~SessionRuns() override;
 
-    /// Adds a run to the list and starts it. False when it did not start, which the user has been
+    /// Adds a run to the list and starts it. Null when it did not start, which the user has been
     /// shown then.
-    bool start(const Component& component, const QString& model,
-               common_RunWrapper::RunOptions options, common_CommonSettingsSet& settings);
+    WindowRun* start(const Component& component, const QString& model,
+                     common_RunWrapper::RunOptions options, common_CommonSettingsSet& settings);
 
     /// The same for a run that repeats a recorded one, on that model.
     bool startAgain(const RunRecord& record, const QString& model,
@@ -58,8 +58,8 @@ Q_SIGNALS:
     void archiveChanged();
 
 private:
-    bool add(const Component& component, const QString& model,
-             const std::function<bool(WindowRun& run)>& start);
+    WindowRun* add(const Component& component, const QString& model,
+                   const std::function<bool(WindowRun& run)>& start);
     void remove(WindowRun* run);
     void checkRecords();
 

@@ -2,7 +2,9 @@
 
 #include "ComponentRunner.h"
 
+#include <InputFile.h>
 #include <KEST_binfiles.h>
+#include <MachinesFile.h>
 #include <ProcessMark.h>
 #include <RunningProcesses.h>
 #include <WriteAll.h>
@@ -31,10 +33,10 @@ constexpr qint64 largestRecord = 200;
 constexpr qint64 never = -1;
 const QString copyPrefix = QStringLiteral("gui_tmp_machfile_");
 
-QByteArray contentOf(const QString& fileName)
+// Nothing for what no run can use: such a file is refused by the component, with the reason.
+std::optional<QByteArray> contentOf(const QString& fileName)
 {
-    QFile file(fileName);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+    return suite::InputFile(fileName).read(suite::MachinesFile::largestFile);
 }
 
 qint64 timeOf(const QFileInfo& file)
@@ -87,8 +89,9 @@ Ownership ownership(const QString& folder, const QString& copyName)
         !RunningProcesses::isOwnFile(record)) {
         return result;
     }
-    const QStringList words =
-        QString::fromLatin1(contentOf(result.record)).simplified().split(QLatin1Char(' '));
+    const QStringList words = QString::fromLatin1(contentOf(result.record).value_or(QByteArray()))
+                                  .simplified()
+                                  .split(QLatin1Char(' '));
     result.owner = ProcessMark::parse(words.first());
     result.time = words.value(1).toLongLong();
     return result;

@@ -19,13 +19,13 @@ constexpr int mostMegabytes = 1000000;
 
 // clang-format off
 const QVector<Row> settingRows = {
-    {KestdeskSettings::Notifies,           "notifications",      true,  1,    0, 1,              "Window",        "Show a &notification when a run ends", "",      "Only while another window has the attention"},
-    {KestdeskSettings::OpensLastModel,     "openLastModel",      true,  1,    0, 1,              "Window",        "Start with the last &model",           "",      "Without it, the window starts without a model"},
-    {KestdeskSettings::AsksBeforeStopping, "askBeforeStopping",  true,  1,    0, 1,              "Runs",          "&Ask before a run is stopped",         "",      "Closing the window during runs always asks"},
-    {KestdeskSettings::SecondsUntilAsking, "askAfterSeconds",    false, 10,   0, mostSeconds,    "Runs",          "Once it has taken at &least:",         "s",     "A run that has just started is stopped without a question"},
-    {KestdeskSettings::RunsAtOnce,         "runsAtOnce",         false, 1,    1, mostRunsAtOnce, "Runs",          "&Runs at the same time:",              "",      "How many runs of the queue go at the same time; each may use several processors"},
-    {KestdeskSettings::ArchiveDays,        "archiveDays",        false, 90,   1, mostDays,       "Past runs",     "&Keep the record of a run for:",       "days",  "Older records are deleted; models and results are not"},
-    {KestdeskSettings::ArchiveMegabytes,   "archiveMegabytes",   false, 1000, 1, mostMegabytes,  "Past runs",     "Use at most:",                         "MB",    "Beyond that the oldest records are deleted; models and results are not"},
+    {KestdeskSettings::Notifies,           "notifications",      KestdeskSettings::Notifies,           true,  1,    0, 1,              "Window",        "Show a &notification when a run ends", "",      "Only while another window has the attention"},
+    {KestdeskSettings::OpensLastModel,     "openLastModel",      KestdeskSettings::OpensLastModel,     true,  1,    0, 1,              "Window",        "Start with the last &model",           "",      "Without it, the window starts without a model"},
+    {KestdeskSettings::AsksBeforeStopping, "askBeforeStopping",  KestdeskSettings::AsksBeforeStopping, true,  1,    0, 1,              "Runs",          "&Ask before a run is stopped",         "",      "Closing the window during runs always asks"},
+    {KestdeskSettings::SecondsUntilAsking, "askAfterSeconds",    KestdeskSettings::AsksBeforeStopping, false, 10,   0, mostSeconds,    "Runs",          "Once it has taken at &least:",         "s",     "A run that has just started is stopped without a question"},
+    {KestdeskSettings::RunsAtOnce,         "runsAtOnce",         KestdeskSettings::RunsAtOnce,         false, 1,    1, mostRunsAtOnce, "Runs",          "&Runs at the same time:",              "",      "How many runs of the queue go at the same time; each may use several processors"},
+    {KestdeskSettings::ArchiveDays,        "archiveDays",        KestdeskSettings::ArchiveDays,        false, 90,   1, mostDays,       "Past runs",     "&Keep the record of a run for:",       "days",  "Older records are deleted; models and results are not"},
+    {KestdeskSettings::ArchiveMegabytes,   "archiveMegabytes",   KestdeskSettings::ArchiveMegabytes,   false, 1000, 1, mostMegabytes,  "Past runs",     "Use at most:",                         "MB",    "Beyond that the oldest records are deleted; models and results are not"},
 };
 // clang-format on
 

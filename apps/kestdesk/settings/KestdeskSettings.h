@@ -26,6 +26,7 @@ public:
     {
         Setting setting;
         const char* key; ///< in the file
+        Setting needs;   ///< the switch without which this has no effect; itself for none
         bool isSwitch;
         int usual; ///< the default
         int least;

@@ -42,10 +42,11 @@ const MainMenu::ActionRow MainMenu::actionRows[] = {
     {"&Run",     false, false, "runAction",           "&Run",                         "F5",          "play",     &MainMenu::runRequested},
     {"&Run",     false, false, "stopAction",          "&Stop...",                     "Shift+F5",    "exclude",  &MainMenu::stopRequested},
     {"&Run",     true,  true,  "farmOutAction",       "&Farm out by OPTKEST",         "",            "",         &MainMenu::farmOutTicked},
-    {"&Run",     true,  false, "showRunAction",       "Open run",                      "Ctrl+Return", "",         &MainMenu::showRunRequested},
+    {"&Run",     true,  false, "showRunAction",       "Op&en run",                     "Ctrl+Return", "",         &MainMenu::showRunRequested},
     {"&Run",     false, false, "clearAction",         "&Clear ended runs",            "",            "",         &MainMenu::clearRequested},
     {"&Options", false, false, "launchOptionsAction", "Component &launch options...", "Ctrl+L",      "settings", &MainMenu::launchOptionsRequested},
     {"&Options", false, false, "machinesFileAction",  "&Machines file...",            "",            "machines", &MainMenu::machinesFileRequested},
+    {"&Options", true,  false, "preferencesAction",   "&Preferences...",              "Ctrl+,",      "settings", &MainMenu::preferencesRequested},
 };
 // clang-format on
 

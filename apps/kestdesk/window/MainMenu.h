@@ -40,6 +40,7 @@ Q_SIGNALS:
     void clearRequested();
     void launchOptionsRequested();
     void machinesFileRequested();
+    void preferencesRequested();
 
 private:
     struct ActionRow;

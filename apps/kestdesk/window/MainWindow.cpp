@@ -1,27 +1,26 @@
 #include "MainWindow.h"
 
 #include "ApplicationMenu.h"
-#include "ArchiveLimits.h"
-#include "ArchiveWatch.h"
 #include "Component.h"
 #include "Descendants.h"
 #include "FileDrop.h"
 #include "HelpMenu.h"
+#include "KestdeskSettings.h"
 #include "LaunchChoice.h"
 #include "MachinesDialog.h"
 #include "MainMenu.h"
+#include "ModelOpener.h"
 #include "Notifier.h"
-#include "OpenDialog.h"
+#include "PreferencesDialog.h"
+#include "QueuePanel.h"
 #include "RecentMenu.h"
-#include "RunActions.h"
-#include "RunAgain.h"
+#include "RunDesk.h"
 #include "RunListPart.h"
 #include "RunListView.h"
 #include "RunPanel.h"
 #include "RunStops.h"
 #include "RunTableModel.h"
-#include "SessionRuns.h"
-#include "UnreadableModel.h"
+#include "WindowQueue.h"
 #include "WindowRun.h"
 #include "WindowTitle.h"
 
@@ -30,7 +29,6 @@
 #include <common_HelpClient.h>
 #include <common_IIconUtility.h>
 #include <common_ServiceOf.h>
-#include <common_UserQuery.h>
 
 #include <QApplication>
 #include <QCloseEvent>
@@ -46,13 +44,6 @@ namespace {
 
 const QString applicationName = QStringLiteral("kestdesk");
 
-QString namesOf(const QStringList& paths)
-{
-    QStringList names;
-    std::transform(paths.begin(), paths.end(), std::back_inserter(names), suite::visibleFileName);
-    return names.join(QStringLiteral(", "));
-}
-
 QString outcomeText(const WindowRun& run)
 {
     QString text = QStringLiteral("%1 of %2: %3")
@@ -67,27 +58,31 @@ QString outcomeText(const WindowRun& run)
 } // namespace
 
 MainWindow::MainWindow(Start start)
-    : m_runs(new RunTableModel(this))
+    : m_runDesk(std::make_unique<RunDesk>(m_shutdown, m_session.settings(), this))
+    , m_runs(m_runDesk->runs())
+    , m_list(m_runDesk->list())
     , m_applications(new ApplicationMenu(this))
-    , m_again(new RunAgain(RunArchive::ofUser(), this))
-    , m_sessionRuns(std::make_unique<SessionRuns>(m_runs, m_shutdown, this))
+    , m_queue(new WindowQueue(m_runDesk->session(), m_session.settings(), m_shutdown, this))
 {
     setObjectName(QStringLiteral("kestdeskWindow"));
     setWindowIcon(GET_SERVICE(common_IIconUtility)->getIcon(applicationName));
-    connect(new FileDrop(this), &FileDrop::dropped, this, &MainWindow::openModels);
+    connect(new FileDrop(this), &FileDrop::dropped, this,
+            [this](const QStringList& files) { openModels(files); });
     makeContent();
     makeMenus();
     makeChoice();
     connectRuns();
+    connectQueue();
     connectShutdown();
     restoreSession(start);
-    m_listPart->archive()->start(ArchiveLimits::ofUser());
+    m_queue->restore();
+    m_runDesk->start();
     updateControls();
 }
 
 MainWindow::~MainWindow()
 {
-    m_sessionRuns.reset(); // while the window is whole: the runs report their changes to it
+    m_runDesk.reset(); // while the window is whole: the runs report their changes to it
 }
 
 void MainWindow::makeContent()
@@ -96,8 +91,9 @@ void MainWindow::makeContent()
     auto* layout = new QVBoxLayout(content);
     makePanel(content);
     layout->addWidget(m_panel);
-    makeRunListPart(content);
-    layout->addWidget(m_listPart, 1);
+    layout->addWidget(new QueuePanel(m_queue->queue(), content));
+    m_runDesk->listPart()->addButton(m_applications->makeResultsButton(content));
+    layout->addWidget(m_runDesk->listPart(), 1);
     setCentralWidget(content);
     makeOutcomeLabel();
     GET_SERVICE(common_HelpClient)->registerPage(this, applicationName);
@@ -106,19 +102,10 @@ void MainWindow::makeContent()
 void MainWindow::makePanel(QWidget* content)
 {
     m_panel = new RunPanel(content);
-    connect(m_panel, &RunPanel::openRequested, this, &MainWindow::chooseModel);
+    connect(m_panel, &RunPanel::openRequested, this, [this] { m_opener->choose(); });
     connect(m_panel, &RunPanel::runRequested, this, &MainWindow::run);
     connect(m_panel, &RunPanel::stopRequested, this, &MainWindow::stopRun);
     connect(m_panel, &RunPanel::targetChanged, this, &MainWindow::updateControls);
-}
-
-void MainWindow::makeRunListPart(QWidget* content)
-{
-    m_listPart = new RunListPart(m_runs, RunArchive::ofUser(), content);
-    m_listPart->addButton(m_applications->makeResultsButton(m_listPart));
-    m_list = m_listPart->list();
-    connect(m_list, &QTableView::activated, this, &MainWindow::showRun);
-    connect(m_list, &RunListView::selectedRunChanged, this, &MainWindow::updateControls);
 }
 
 void MainWindow::makeOutcomeLabel()
@@ -133,30 +120,20 @@ void MainWindow::makeOutcomeLabel()
 void MainWindow::makeMenus()
 {
     m_menu = new MainMenu(this, m_session.recentFiles());
-    connect(m_menu, &MainMenu::openRequested, this, &MainWindow::chooseModel);
+    connect(m_menu, &MainMenu::openRequested, this, [this] { m_opener->choose(); });
     connect(m_menu->recentMenu(), &RecentMenu::fileChosen, this,
             [this](const QString& path) { openModel(path); });
     connect(m_menu, &MainMenu::quitRequested, this, &QWidget::close);
     connect(m_menu, &MainMenu::runRequested, this, &MainWindow::run);
     connect(m_menu, &MainMenu::stopRequested, this, &MainWindow::stopRun);
-    connect(m_menu, &MainMenu::showRunRequested, this, &MainWindow::showRun);
-    connect(m_menu, &MainMenu::clearRequested, this, &MainWindow::clearEndedRuns);
+    connect(m_menu, &MainMenu::showRunRequested, m_runDesk.get(), &RunDesk::showRun);
+    connect(m_menu, &MainMenu::clearRequested, m_runDesk.get(), &RunDesk::clearEnded);
     connect(m_menu, &MainMenu::launchOptionsRequested, this, &MainWindow::editLaunchOptions);
-    connect(m_menu, &MainMenu::machinesFileRequested, this, &MainWindow::editMachinesFile);
-    m_list->addAction(m_menu->showRunAction());
-    makeRunActions();
+    connect(m_menu, &MainMenu::machinesFileRequested, this, [this] { MachinesDialog::edit(this); });
+    connect(m_menu, &MainMenu::preferencesRequested, this, &MainWindow::editPreferences);
+    m_runDesk->addActions(m_menu);
     addApplicationMenu();
     HelpMenu::addTo(*this, QStringLiteral("Runs the suite's solver components on models."));
-}
-
-void MainWindow::makeRunActions()
-{
-    auto* const actions = new RunActions(m_listPart, m_menu->runMenu(), this);
-    connect(actions, &RunActions::recordRequested, this, &MainWindow::showRecord);
-    connect(actions, &RunActions::againRequested, m_again, &RunAgain::request);
-    connect(actions, &RunActions::reported, this, &MainWindow::showOutcome);
-    connect(m_again, &RunAgain::ready, this, &MainWindow::runAgain);
-    connect(m_again, &RunAgain::failed, this, &MainWindow::showOutcome);
 }
 
 void MainWindow::addApplicationMenu()
@@ -171,19 +148,37 @@ void MainWindow::makeChoice()
 {
     m_choice = new LaunchChoice(m_panel, m_menu, this);
     connect(m_choice, &LaunchChoice::saved, this, &MainWindow::onChoiceSaved);
+    m_opener = std::make_unique<ModelOpener>(m_panel, m_choice, m_queue->queue());
+    connect(m_opener.get(), &ModelOpener::opened, this, [this](const QString& path) {
+        showModel(path);
+        m_panel->focusRunButton();
+    });
+    connect(m_opener.get(), &ModelOpener::reported, this, &MainWindow::showOutcome);
 }
 
 void MainWindow::connectRuns()
 {
-    ArchiveWatch* const archive = m_listPart->archive();
-    SessionRuns* const runs = m_sessionRuns.get();
-    connect(runs, &SessionRuns::added, m_list, &RunListView::select);
-    connect(runs, &SessionRuns::changed, this, &MainWindow::updateControls);
-    connect(runs, &SessionRuns::ended, this, &MainWindow::onRunEnded);
-    connect(runs, &SessionRuns::recordFailed, this, &MainWindow::onRecordFailed);
-    connect(runs, &SessionRuns::archiveChanged, archive, &ArchiveWatch::refresh);
-    connect(runs, &SessionRuns::allRecorded, this, &MainWindow::onAllRecorded);
-    connect(archive, &ArchiveWatch::removed, runs, &SessionRuns::removeDeleted);
+    RunDesk* const desk = m_runDesk.get();
+    connect(desk, &RunDesk::changed, this, &MainWindow::updateControls);
+    connect(desk, &RunDesk::aboutToRun, this, &MainWindow::prepareRun);
+    connect(desk, &RunDesk::reported, this, &MainWindow::showOutcome);
+    connect(&desk->session(), &SessionRuns::ended, this, &MainWindow::onRunEnded);
+    connect(&desk->session(), &SessionRuns::recordFailed, this, &MainWindow::onRecordFailed);
+    connect(&desk->session(), &SessionRuns::allRecorded, this, &MainWindow::onAllRecorded);
+}
+
+void MainWindow::connectQueue()
+{
+    connect(m_queue, &WindowQueue::starting, this, &MainWindow::prepareRun);
+    connect(m_queue, &WindowQueue::started, this, [this](const QString& model) {
+        if (QFileInfo(m_panel->model()).absoluteFilePath() == model) {
+            showModel(model);
+        } else {
+            m_menu->recentMenu()->addFile(model);
+        }
+        updateControls();
+    });
+    connect(m_queue, &WindowQueue::reported, this, &MainWindow::showOutcome);
 }
 
 void MainWindow::connectShutdown()
@@ -196,27 +191,12 @@ void MainWindow::connectShutdown()
 
 void MainWindow::openModel(const QString& path, const QString& hint)
 {
-    const QFileInfo file(path);
-    if (!file.isFile() || !file.isReadable()) {
-        common_UserQuery(QStringLiteral("Model not opened"), UnreadableModel::text(path, hint),
-                         common_UserQuery::Error, this, QString())
-            .display();
-        return;
-    }
-    showModel(file.absoluteFilePath());
-    m_panel->focusRunButton();
+    m_opener->open(path, hint);
 }
 
-void MainWindow::openModels(const QStringList& paths)
+void MainWindow::openModels(const QStringList& paths, const QString& hint)
 {
-    if (paths.isEmpty()) {
-        return;
-    }
-    openModel(paths.first());
-    if (paths.size() > 1) {
-        showOutcome(QStringLiteral("Not opened, as the window takes one model at a time: %1")
-                        .arg(namesOf(paths.mid(1))));
-    }
+    m_opener->open(paths, hint);
 }
 
 void MainWindow::showModel(const QString& path)
@@ -239,38 +219,13 @@ void MainWindow::setComponent(const Component& component)
     m_panel->setComponent(QLatin1String(component.name));
 }
 
-void MainWindow::chooseModel()
-{
-    const QString folder = QFileInfo(m_panel->model()).absolutePath();
-    const QString path = OpenDialog::file(this, QStringLiteral("Open a model"), folder,
-                                          QStringLiteral("Models (*.nec);;All (*)"));
-    if (!path.isEmpty()) {
-        openModel(path);
-    }
-}
-
 void MainWindow::run()
 {
     if (m_panel->model().isEmpty()) {
         return;
     }
-    const QString model = QFileInfo(m_panel->model()).absoluteFilePath();
-    prepareRun();
-    if (m_sessionRuns->start(m_panel->component(), model,
-                             m_choice->options() & m_panel->component().options,
-                             m_session.settings())) {
-        showModel(model);
-    }
-    updateControls();
-}
-
-void MainWindow::runAgain(const RunRecord& record, const QString& model)
-{
-    prepareRun();
-    if (m_sessionRuns->startAgain(record, model, m_session.settings())) {
-        showOutcome(QStringLiteral("Run %1 is run again").arg(record.number));
-    }
-    updateControls();
+    m_opener->queue(m_panel->model(), false);
+    m_queue->queue().startNext();
 }
 
 // The processes that a component leaves behind, however it ends, must not get lost.
@@ -300,38 +255,15 @@ WindowRun* MainWindow::runToStop() const
     return running.isEmpty() ? nullptr : running.last();
 }
 
-// The dialog that the run has in this session, or else what its record says.
-void MainWindow::showRun()
-{
-    WindowRun* const run = m_list->selectedRun();
-    if (run != nullptr && run->showDialog()) {
-        return;
-    }
-    const QVector<ListedRun> selected = m_list->selectedRuns();
-    if (!selected.isEmpty() && selected.first().number() > 0) {
-        showRecord(selected.first().number());
-    } else if (run != nullptr) {
-        showOutcome(QStringLiteral("The window of this run has been closed."));
-    }
-}
-
-void MainWindow::showRecord(int /*number*/)
-{}
-
-void MainWindow::clearEndedRuns()
-{
-    m_listPart->clearEnded();
-    m_sessionRuns->removeEnded();
-}
-
 void MainWindow::editLaunchOptions()
 {
     m_choice->editLaunchOptions(this);
 }
 
-void MainWindow::editMachinesFile()
+void MainWindow::editPreferences()
 {
-    MachinesDialog::edit(this);
+    PreferencesDialog::edit(this);
+    m_queue->readSettings();
 }
 
 void MainWindow::restoreSession(Start start)
@@ -339,7 +271,7 @@ void MainWindow::restoreSession(Start start)
     m_session.restore(*this, *m_panel);
     m_choice->restore();
     updateTitle();
-    if (start == Start::NoModel) {
+    if (start == Start::NoModel || !KestdeskSettings::read().opensLastModel()) {
         return;
     }
     const WindowSession::Model model = m_session.lastModel();
@@ -380,7 +312,9 @@ void MainWindow::onRunEnded(const WindowRun& run)
     showOutcome(text);
     if (QApplication::activeWindow() == nullptr) {
         QApplication::alert(this);
-        Notifier::show(QStringLiteral("Run ended"), text);
+        if (KestdeskSettings::read().notifies()) {
+            Notifier::show(QStringLiteral("Run ended"), text);
+        }
     }
 }
 
@@ -427,7 +361,7 @@ void MainWindow::onClearing()
 // The records of the runs are still being written.
 void MainWindow::onShutdownDone()
 {
-    m_sessionRuns->finishRecords();
+    m_runDesk->session().finishRecords();
 }
 
 void MainWindow::onAllRecorded()

@@ -11,15 +11,14 @@
 class ApplicationMenu;
 class LaunchChoice;
 class MainMenu;
+class ModelOpener;
 class QLabel;
-class RunAgain;
-class RunListPart;
+class RunDesk;
 class RunListView;
 class RunPanel;
 class RunTableModel;
-class SessionRuns;
+class WindowQueue;
 class WindowRun;
-struct RunRecord;
 struct Component;
 
 /// kestdesk's window: a model, how to run it, and the runs, of this session and before.
@@ -41,8 +40,9 @@ public:
     /// when there is no such file, with the hint, which may be empty.
     void openModel(const QString& path, const QString& hint = QString());
 
-    /// Opens the first of the models, and says which ones are left.
-    void openModels(const QStringList& paths);
+    /// Opens the first of the models. Where there are several, all of them wait in the queue, held.
+    /// Those that cannot be opened are shown, with the hint, and left out.
+    void openModels(const QStringList& paths, const QString& hint = QString());
 
     void setComponent(const Component& component);
 
@@ -55,26 +55,20 @@ protected:
 private:
     void makeContent();
     void makePanel(QWidget* content);
-    void makeRunListPart(QWidget* content);
     void makeOutcomeLabel();
     void connectRuns();
-    void makeRunActions();
     void makeMenus();
     void addApplicationMenu();
     void makeChoice();
+    void connectQueue();
     void connectShutdown();
 
-    void chooseModel();
     void run();
     void prepareRun();
-    void runAgain(const RunRecord& record, const QString& model);
     void stopRun();
     WindowRun* runToStop() const;
-    void showRun();
-    void showRecord(int number);
-    void clearEndedRuns();
     void editLaunchOptions();
-    void editMachinesFile();
+    void editPreferences();
 
     void restoreSession(Start start);
     void saveSession();
@@ -92,18 +86,18 @@ private:
     void onAllRecorded();
 
     WindowSession m_session;
-    RunPanel* m_panel = nullptr;
-    RunListPart* m_listPart = nullptr;
-    RunListView* m_list = nullptr;
-    QLabel* m_outcome = nullptr;
+    Shutdown m_shutdown;
+    std::unique_ptr<RunDesk> m_runDesk;
     RunTableModel* m_runs;
+    RunListView* m_list;
+    RunPanel* m_panel = nullptr;
+    QLabel* m_outcome = nullptr;
     MainMenu* m_menu = nullptr;
     LaunchChoice* m_choice = nullptr;
     ApplicationMenu* m_applications;
     QString m_shownModel; ///< of the title
-    RunAgain* m_again;
-    Shutdown m_shutdown;
     OrphanReaper m_reaper;
-    bool m_isLeaving = false;                   ///< nothing is left to wait for
-    std::unique_ptr<SessionRuns> m_sessionRuns; ///< the first to go, while the window is whole
+    bool m_isLeaving = false; ///< nothing is left to wait for
+    WindowQueue* m_queue;
+    std::unique_ptr<ModelOpener> m_opener;
 };

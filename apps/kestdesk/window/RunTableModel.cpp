@@ -38,9 +38,7 @@ QString folderOf(const ListedRun& row)
 
 QString remainingText(const ListedRun& row)
 {
-    const auto time =
-        row.isRunning() ? RunTimes::remaining(row.elapsed(), row.progress()) : std::nullopt;
-    return time ? RunTimes::text(*time) : QString();
+    return row.run != nullptr ? row.run->remainingText() : QString();
 }
 
 QString numberText(const ListedRun& row)
@@ -71,7 +69,8 @@ QVariant numberKey(const ListedRun& row)
 
 QVariant remainingKey(const ListedRun& row)
 {
-    return row.isRunning() ? RunTimes::remaining(row.elapsed(), row.progress()).value_or(-1) : -2;
+    const auto time = row.run != nullptr ? row.run->remaining() : std::nullopt;
+    return time.value_or(row.isRunning() ? -1 : -2);
 }
 
 QVariant startedKey(const ListedRun& row)

@@ -2,7 +2,6 @@
 
 namespace {
 
-constexpr int complete = 100;
 constexpr int sixty = 60;
 constexpr int millisecondsPerSecond = 1000;
 
@@ -12,14 +11,6 @@ QString twoDigits(qint64 number)
 }
 
 } // namespace
-
-std::optional<qint64> RunTimes::remaining(qint64 elapsed, int percentage)
-{
-    if (percentage <= 0 || percentage > complete) {
-        return std::nullopt;
-    }
-    return elapsed * (complete - percentage) / percentage;
-}
 
 QString RunTimes::text(qint64 milliseconds)
 {

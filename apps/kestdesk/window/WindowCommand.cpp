@@ -10,16 +10,16 @@
 int showWindow(const WindowStart& start)
 {
     Leftovers::remove();
-    MainWindow window(start.model.isEmpty() ? MainWindow::Start::LastModel
-                                            : MainWindow::Start::NoModel);
+    MainWindow window(start.models.isEmpty() ? MainWindow::Start::LastModel
+                                             : MainWindow::Start::NoModel);
     if (start.component != nullptr) {
         window.setComponent(*start.component);
     }
     StopSignals::watch(&window, [&window] { window.quit(); });
     window.show();
-    if (!start.model.isEmpty()) {
+    if (!start.models.isEmpty()) {
         QTimer::singleShot(0, &window,
-                           [&window, start] { window.openModel(start.model, start.hint); });
+                           [&window, start] { window.openModels(start.models, start.hint); });
     }
     return QApplication::exec();
 }

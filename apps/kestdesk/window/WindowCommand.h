@@ -1,14 +1,14 @@
 #pragma once
 
-#include <QString>
+#include <QStringList>
 
 struct Component;
 
 /// What the window starts with.
 struct WindowStart
 {
-    QString model; ///< empty for that of the last session
-    QString hint;  ///< a sentence for when there is no such model; may be empty
+    QStringList models; ///< empty for that of the last session
+    QString hint;       ///< a sentence for when there is no such model; may be empty
     const Component* component = nullptr; ///< null for that of the last session
 };
 

@@ -59,12 +59,15 @@ WindowRun::WindowRun(const Component& component, const QString& model, QObject* 
     : QObject(parent)
     , m_run(component, model, common_ActivePtr<ComponentRunner>(new WindowRunner))
     , m_recorder(m_run, RunRecorder::Face::Window, RunArchive::ofUser(), ArchiveLimits::ofUser())
+    , m_forecast(m_run, RunArchive::ofUser())
 {
     connect(&m_run, &Run::stateChanged, this, &WindowRun::onStateChanged);
     connect(&m_run, &Run::progressed, this, &WindowRun::changed);
     connect(&m_run, &Run::messageReceived, this, &WindowRun::onMessageReceived);
+    connect(&m_forecast, &RunForecast::changed, this, &WindowRun::changed);
     connect(&m_run, &Run::ended, this, &WindowRun::ended);
     connect(&m_recorder, &RunRecorder::created, this, &WindowRun::changed);
+    connect(&m_recorder, &RunRecorder::created, this, &WindowRun::recordMade);
     connect(&m_recorder, &RunRecorder::failed, this, &WindowRun::onRecordFailed);
     connect(&m_recorder, &RunRecorder::finished, this, &WindowRun::recorded);
 }
@@ -87,7 +90,8 @@ bool WindowRun::start(const SetUp& setUp, QWidget* window)
 {
     const RunSetup::Readiness readiness = readinessAfter(setUp, window);
     if (!readiness.isReady()) {
-        if (readiness.obstacle == RunSetup::Obstacle::Problem) {
+        if (readiness.obstacle == RunSetup::Obstacle::Problem ||
+            readiness.obstacle == RunSetup::Obstacle::Busy) {
             showNotStarted(readiness.problem, window);
         }
         m_run.refuse(readiness.problem);

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "Run.h"
+#include "RunForecast.h"
 #include "RunRecorder.h"
 
 #include <QDateTime>
@@ -62,6 +63,12 @@ public:
     int errors() const { return m_errors; }
     int warnings() const { return m_warnings; }
 
+    /// How long the run still takes: "about 3:40"; empty while that cannot be said.
+    QString remainingText() const { return m_forecast.shortText(); }
+
+    /// The same in milliseconds.
+    std::optional<qint64> remaining() const { return m_forecast.remaining(); }
+
     /// The tables that the results viewer shows, once the component has ended.
     QStringList results() const { return m_results; }
 
@@ -71,6 +78,9 @@ Q_SIGNALS:
 
     /// The run has ended.
     void ended();
+
+    /// The archive has the run's record now.
+    void recordMade();
 
     /// The record is not complete; recordProblem() says why.
     void recordFailed();
@@ -94,6 +104,7 @@ private:
     QDateTime m_started = QDateTime::currentDateTimeUtc();
     int m_errors = 0;
     int m_warnings = 0;
+    RunForecast m_forecast;
     QPointer<common_KestProcessDialog> m_dialog;
     QStringList m_results;
 };

@@ -9,9 +9,9 @@
 
 namespace suite {
 
-/// Decides where the impedance over a range of frequencies is worth knowing. It begins with a
+/// Decides at which frequencies of a range the impedance is computed. It begins with a
 /// coarse grid. Then it halves the intervals whose straight line between the ends is too far from
-/// the curve, as the bend of the curve tells, and those that hold a resonance or touch the best
+/// the curve, as the curvature tells, and those that hold a resonance or touch the best
 /// match, until they are as narrow as the range's own steps. It never asks for more points than the
 /// range has. What it asks for depends on the results alone, not on how many are solved at once.
 class AdaptivePlacing
@@ -21,8 +21,8 @@ public:
     /// reflection coefficient, on whatever line, is never larger than that part.
     AdaptivePlacing(const FrequencyRange& range, double tolerance);
 
-    /// The frequencies of the next round in MHz, in rising order; empty when all is known that has
-    /// to be. All of them must be added before the next call.
+    /// The frequencies of the next round in MHz, in rising order; empty when no more are
+    /// needed. All of them must be added before the next call.
     [[nodiscard]] QVector<double> next() const;
 
     void add(double frequency, const Impedance& impedance);

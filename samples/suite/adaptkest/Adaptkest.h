@@ -11,7 +11,8 @@
 #include <map>
 #include <memory>
 
-/// Solves a model in rounds ("analyses"), each at the frequencies that the results so far ask for.
+/// Solves a model in rounds ("analyses"), each at the frequencies that follow from the results so
+/// far.
 class Adaptkest : public suite::ComponentProgram
 {
     Q_OBJECT

@@ -14,7 +14,7 @@ public:
     explicit RefinementFolder(const suite::ModelFile& model);
 
     /// Takes the folder, and removes what an earlier refinement has left in it; false when it
-    /// cannot be had.
+    /// cannot be used.
     bool open();
     [[nodiscard]] bool isOpen() const { return m_folder.isOpen(); }
 

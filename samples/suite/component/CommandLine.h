@@ -46,7 +46,7 @@ private:
     void reportError(const QString& problem, const QString& word);
 
     OptionGroup m_group;
-    QVector<OptionGroup> m_groups; ///< those that a switch has led away from
+    QVector<OptionGroup> m_groups; ///< those that a switch has left
     QStringList m_words;
     QString m_model;
     QMap<Key, QString> m_options;

@@ -1,19 +1,11 @@
 #include "Component.h"
 
 #include <ResultFiles.h>
+#include <SuiteVersion.h>
 
 #include <utility>
 
 namespace suite {
-
-namespace {
-
-QString version()
-{
-    return QStringLiteral(KEST_SUITE_VERSION);
-}
-
-} // namespace
 
 Component::Component(QString name, OptionGroup group) : m_name(std::move(name)), m_group(group)
 {}
@@ -33,14 +25,20 @@ std::optional<int> Component::readCommandLine(const QStringList& arguments)
         for (const QString& line : lines) {
             m_printer.printText(line);
         }
-        return exitSuccess;
+        return printedExitCode();
     }
     if (m_commandLine->has(OptionGroup::Common, QStringLiteral("--version"))) {
         m_printer.printText(m_name + QLatin1Char(' ') + version());
-        return exitSuccess;
+        return printedExitCode();
     }
     m_modelFile.emplace(m_commandLine->model());
     return std::nullopt;
+}
+
+// An answer that is lost, as on a full disk, is a failure.
+int Component::printedExitCode() const
+{
+    return m_printer.hasFailed() ? exitFailure : exitSuccess;
 }
 
 bool Component::preprocess()

@@ -21,7 +21,7 @@ public:
     /// The name is the program's, the group the one its own options stand in.
     Component(QString name, OptionGroup group);
 
-    /// Reads the command line. An exit code when the component is done already.
+    /// Reads the command line. An exit code when nothing is left to do.
     std::optional<int> readCommandLine(const QStringList& arguments);
 
     /// Pre-processing: checks the model, prints what was found, its variables and their file where
@@ -32,6 +32,9 @@ public:
     [[nodiscard]] const ModelFile& modelFile() const { return *m_modelFile; }
     [[nodiscard]] const Preprocessor& preprocessor() const { return *m_preprocessor; }
     MarkerPrinter& printer() { return m_printer; }
+
+    /// The exit code after work without errors: a failure when something could not be printed.
+    [[nodiscard]] int printedExitCode() const;
 
     /// A printer of findings about the model.
     FindingPrinter findingPrinter();

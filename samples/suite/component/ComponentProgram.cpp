@@ -112,6 +112,9 @@ void ComponentProgram::finish()
     }
     m_isFinished = true;
     m_readerWatch.stop();
+    if (printer().hasFailed()) {
+        markFailed();
+    }
     Q_EMIT finished(m_exitCode);
 }
 

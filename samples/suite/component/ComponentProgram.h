@@ -19,7 +19,7 @@ public:
     /// Reads the command line; an exit code when there is nothing to run.
     std::optional<int> readCommandLine(const QStringList& arguments);
 
-    /// Runs to the end and tells finished().
+    /// Runs to the end and emits finished().
     void run();
 
     /// Stops the run because of a signal: the exit code becomes 128 plus its number. That is no
@@ -33,11 +33,11 @@ protected:
     /// The name is the program's, the group the one its own options stand in.
     ComponentProgram(const QString& name, OptionGroup group);
 
-    /// Checks the model; false when the run ends there, as was told.
+    /// Checks the model; false when the run ends there, after a message.
     virtual bool preprocess() { return m_component.preprocess(); }
 
-    /// The work behind the check of the model. It may return while processes run; whoever sees the
-    /// last of them end calls finish().
+    /// The work behind the check of the model. It may return while processes run; finish()
+    /// is called when the last of them has ended.
     virtual void work() = 0;
 
     /// Begins to end what runs; false when nothing does.
@@ -80,7 +80,7 @@ protected:
     /// Ends the run, with a failure if there was an error.
     void finish();
 
-    /// Without a reader nobody wants the results: the run ends, quietly.
+    /// Without a reader of its output the run ends, without a message.
     void checkReader();
 
 private:
@@ -93,8 +93,8 @@ private:
     bool m_isFinished = false;
 };
 
-/// The main function of a component: reads the words behind the program's name, runs, and minds the
-/// signals that stop it. Returns the exit code.
+/// The main function of a component: reads the words behind the program's name, runs, and handles
+/// the signals that stop it. Returns the exit code.
 int runComponent(ComponentProgram& program, const QStringList& words);
 
 } // namespace suite

@@ -6,7 +6,7 @@
 
 namespace suite {
 
-/// A run of another component, whose lines are told as they come.
+/// A run of another component, whose lines are signalled as they come.
 class ComponentRun : public ChildProcess
 {
     Q_OBJECT

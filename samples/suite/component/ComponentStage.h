@@ -18,10 +18,10 @@ public:
     /// Starts a component of this installation.
     void start(const QString& name, const QStringList& arguments);
 
-    /// Ends it and all its processes; tells ended(). May be called more than once.
+    /// Ends it and all its processes; emits ended(). May be called more than once.
     void stop();
 
-    /// What became of it.
+    /// How it ended.
     [[nodiscard]] bool isSuccess() const { return m_isSuccess; }
     [[nodiscard]] QString error() const { return m_error; }
     [[nodiscard]] int exitCode() const { return m_exitCode; }
@@ -30,7 +30,7 @@ Q_SIGNALS:
     /// A line was printed, also after stop(): what of it the user is to see then is the caller's.
     void printed(const suite::MarkerLine& line);
 
-    /// Nothing runs any more. Told once.
+    /// Nothing runs any more. Emitted once.
     void ended();
 
 private:

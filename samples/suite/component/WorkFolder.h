@@ -14,13 +14,13 @@ public:
     /// The program is the component's name: a folder that another program made is not used.
     WorkFolder(QString path, QString program);
 
-    /// Gives the folder back, and removes it if nothing was put in.
+    /// Releases the folder, and removes it if it is empty.
     ~WorkFolder();
 
     WorkFolder(const WorkFolder&) = delete;
     WorkFolder& operator=(const WorkFolder&) = delete;
 
-    /// Makes the folder, or takes the one of an earlier run; false when it cannot be had.
+    /// Makes the folder, or takes the one of an earlier run; false when it cannot be used.
     bool open();
     [[nodiscard]] bool isOpen() const { return m_descriptor >= 0; }
 
@@ -33,8 +33,8 @@ public:
     /// Makes a folder in it; one that is there already will do.
     bool makeFolder(const QString& name);
 
-    /// Removes the plain files with such names from the folder, or from a folder in it, which goes
-    /// too if nothing else is in it.
+    /// Removes the plain files with such names from the folder, or from a folder in it, which is
+    /// removed, too, if nothing else is in it.
     void removeFiles(const QRegularExpression& names) const;
     void removeFolder(const QString& name, const QRegularExpression& names) const;
 

@@ -7,7 +7,7 @@
 
 /// Stands between a component and mpiexec, so that the processes of the parallel runtime end in
 /// good order even when the component is killed: passes both ways what they say to each other, and
-/// ends mpiexec when the component is gone.
+/// ends mpiexec when the component has ended.
 class ParallelGuard : public QObject
 {
     Q_OBJECT

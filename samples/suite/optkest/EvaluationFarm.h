@@ -22,14 +22,14 @@ public:
     /// Starts a run of a model's file on a place that is free.
     void start(int place, int run, const QString& model);
 
-    /// Ends all runs; nothing but ended() is told any more. May be called more than once.
+    /// Ends all runs; of the signals only ended() follows. May be called more than once.
     void stop();
 
 Q_SIGNALS:
-    /// A run has come so far.
+    /// The progress of a run.
     void progressed(int run, int percentage);
 
-    /// A run has ended well on its host; its results are beside its model.
+    /// A run has succeeded on its host; its results are beside its model.
     void succeeded(int run, const QString& host);
 
     /// A run has failed on its host for this reason.

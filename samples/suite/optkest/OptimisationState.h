@@ -16,7 +16,7 @@ struct Evaluation
     [[nodiscard]] double objective() const;
 };
 
-/// What an optimisation knows after each evaluation: enough to go on from there.
+/// What an optimisation knows after each evaluation: enough to continue from there.
 struct OptimisationState
 {
     /// At once when runs with different numbers have found the points: no search repeats them.
@@ -45,8 +45,8 @@ struct OptimisationState
     /// Reads a file that write() made; an error text on failure.
     [[nodiscard]] QString read(const QString& path);
 
-    /// Reads the state of an earlier search to restart from a run of it: it must have come so far,
-    /// and be about the same question; an error text on failure.
+    /// Reads the state of an earlier search to restart from a run of it: it must have reached that
+    /// run and be about the same question; an error text on failure.
     [[nodiscard]] QString readEarlier(const QString& path, const OptimisationState& question,
                                       int run);
 

@@ -245,7 +245,8 @@ void Optkest::failRun(int run, const QString& host, const QString& reason)
     m_failedRun = run;
     const QString name = run == RunFolder::finalRun ? QStringLiteral("the run of the tuned model")
                                                     : QStringLiteral("run %1").arg(run);
-    const QString place = host.isEmpty() ? QString() : QStringLiteral(" on ") + host;
+    const QString place =
+        host.isEmpty() ? QString() : QStringLiteral(" on the host '%1'").arg(host);
     giveUp(FindingKind::EvaluationFailed, name + place + QStringLiteral(" failed, ") + reason);
 }
 

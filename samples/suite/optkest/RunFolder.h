@@ -13,7 +13,7 @@ public:
 
     explicit RunFolder(const QString& path);
 
-    /// Lets others have the folder, and removes it when it is empty.
+    /// Releases the folder, and removes it when it is empty.
     ~RunFolder();
 
     RunFolder(const RunFolder&) = delete;

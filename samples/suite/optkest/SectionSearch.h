@@ -6,8 +6,8 @@
 namespace suite {
 
 /// Looks for the least value of a function with one minimum, in an interval that shrinks around the
-/// best value seen. It says where to evaluate next and is told the results; in which order these
-/// come, and whether somebody has evaluated elsewhere before, makes no difference.
+/// best value seen. It says where to evaluate next and receives the results; in which order these
+/// come, and whether other values were evaluated before, makes no difference.
 class SectionSearch
 {
 public:
@@ -17,7 +17,7 @@ public:
     /// ten-thousandth of its value.
     [[nodiscard]] QVector<double> next() const;
 
-    /// Tells the function's value at a point of the interval.
+    /// Adds the function's value at a point of the interval.
     void add(double point, double value);
 
     /// The best point so far; there must be one.

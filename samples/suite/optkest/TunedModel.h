@@ -15,7 +15,7 @@ public:
     /// The same, at one frequency in MHz.
     [[nodiscard]] QByteArray withValueAndFrequency(double value, double frequency) const;
 
-    /// Tells models apart.
+    /// A text that differs between models.
     [[nodiscard]] QByteArray fingerprint() const;
 
 private:

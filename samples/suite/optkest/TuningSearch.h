@@ -16,7 +16,7 @@ public:
     /// holds no evaluations yet.
     explicit TuningSearch(OptimisationState question);
 
-    /// Goes on from the evaluations of an earlier search for the same value, as far as that run.
+    /// Continues from the evaluations of an earlier search for the same value, up to that run.
     /// Those that this search would not ask for again are used at once; these are returned.
     QVector<Evaluation> restart(const OptimisationState& earlier, int lastRun);
 

@@ -12,19 +12,20 @@ struct Frame
 {
     /// The numbers are part of the protocol.
     enum class Type : quint8 {
-        Alive = 1,   // says that the sender is there
-        Hello = 2,   // the protocol's number; the first of all
-        Setup = 3,   // what is to be done
-        Stop = 4,    // end everything
-        Result = 5,  // one frequency of a sweep
-        Warning = 6, ///< a text for the user
-        Failure = 7, ///< a text for the user; the sender ends
-        Line = 8,    // one line that the remote run printed
-        File = 9,    // one file that the remote run wrote
-        Exit = 10,   // the last of all: the remote run's exit code
-        Job = 11,    // a frequency to solve
-        Part = 12,   // a piece of a frame's payload, and whether it is the last
-        Next = 13,   // asks for the next piece
+        Alive = 1,    // says that the sender is there
+        Hello = 2,    // the protocol's number; the first of all
+        Setup = 3,    // what is to be done
+        Stop = 4,     // end everything
+        Result = 5,   // one frequency of a sweep
+        Warning = 6,  ///< a text for the user
+        Failure = 7,  ///< a text for the user; the sender ends
+        Line = 8,     // one line that the remote run printed
+        File = 9,     // one file that the remote run wrote
+        Exit = 10,    // the last of all: the remote run's exit code
+        Job = 11,     // a frequency to solve
+        Part = 12,    // a piece of a frame's payload, and whether it is the last
+        Next = 13,    // asks for the next piece
+        Partial = 14, ///< one line of the remote run's partial results
     };
 
     Type type = Type::Alive;
@@ -59,7 +60,7 @@ private:
 };
 
 /// The number of the protocol that both ends must speak.
-constexpr qint32 frameProtocol = 1;
+constexpr qint32 frameProtocol = 2;
 
 /// Takes a stream of bytes apart again.
 class FrameReader

@@ -2,8 +2,10 @@
 
 #include "Frame.h"
 
+#include <PipeReader.h>
+#include <PipeWriter.h>
+
 #include <QObject>
-#include <QSocketNotifier>
 
 namespace suite {
 
@@ -14,34 +16,30 @@ class FrameChannel : public QObject
     Q_OBJECT
 
 public:
+    /// The descriptors stay open when the channel is closed.
     FrameChannel(int input, int output);
 
     void send(const Frame& frame);
 
     /// How many bytes the other end has not taken yet.
-    [[nodiscard]] qint64 unsent() const { return m_unsent.size() - m_start; }
+    [[nodiscard]] qint64 unsent() const { return m_output.unsent(); }
 
 Q_SIGNALS:
     void received(const suite::Frame& frame);
 
-    /// All bytes have gone out.
+    /// All bytes have been written.
     void sent();
 
-    /// The other end is gone, or does not speak in frames.
+    /// The other end is closed, or does not send frames.
     void closed();
 
 private:
-    void read();
-    void write();
+    void take(const QByteArray& bytes);
     void close();
 
-    int m_inputDescriptor;
-    int m_outputDescriptor;
-    QSocketNotifier m_input;
-    QSocketNotifier m_output;
+    PipeReader m_input;
+    PipeWriter m_output;
     FrameReader m_reader;
-    QByteArray m_unsent;
-    int m_start = 0;
     bool m_isClosed = false;
 };
 

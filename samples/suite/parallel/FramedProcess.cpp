@@ -56,7 +56,7 @@ void FramedProcess::readFrames(const QByteArray& bytes)
             m_startLimit.stop();
             m_heartbeat.start();
         }
-        m_heartbeat.hear();
+        m_heartbeat.noteSign();
         Q_EMIT received(*frame);
     }
     if (m_reader.isBroken()) {

@@ -7,7 +7,7 @@
 
 namespace suite {
 
-/// A program that frames are exchanged with over its standard channels, and whether it is there.
+/// A program that frames are exchanged with over its standard channels, and whether it is alive.
 class FramedProcess : public ChildProcess
 {
     Q_OBJECT
@@ -21,7 +21,7 @@ public:
 
     void send(const Frame& frame);
 
-    /// From now on silence means nothing.
+    /// From now on silence is not reported.
     void stopWatching();
 
     /// The last lines of what the program wrote on its error channel, for messages.
@@ -36,10 +36,10 @@ Q_SIGNALS:
     /// A line came on the error channel.
     void errorLineRead(const QString& line);
 
-    /// The program says something that is no frame, for this reason.
+    /// The program has sent something that is not a frame.
     void broken(const QString& reason);
 
-    /// The program has said nothing for too long.
+    /// The program has been silent for too long.
     void silent();
 
 private:

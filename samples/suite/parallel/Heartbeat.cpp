@@ -30,7 +30,7 @@ void Heartbeat::stop()
     m_timer.stop();
 }
 
-void Heartbeat::hear(int partner)
+void Heartbeat::noteSign(int partner)
 {
     m_heard.at(static_cast<std::size_t>(partner)) = m_clock.isValid() ? m_clock.elapsed() : 0;
 }

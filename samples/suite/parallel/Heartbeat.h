@@ -8,8 +8,8 @@
 
 namespace suite {
 
-/// Minds whether the other ends of a connection are there: each says so at short intervals, and one
-/// that says nothing for some time is lost.
+/// Watches whether the other ends of a connection are alive: each sends a sign at short intervals,
+/// and one that is silent for some time is lost.
 class Heartbeat : public QObject
 {
     Q_OBJECT
@@ -20,8 +20,8 @@ public:
     void start();
     void stop();
 
-    /// A partner has been heard.
-    void hear(int partner = 0);
+    /// A sign of a partner has arrived.
+    void noteSign(int partner = 0);
 
     /// How long a partner may be silent, in ms: from the variable KEST_SILENCE_LIMIT, or 5 seconds.
     static int silenceLimit();

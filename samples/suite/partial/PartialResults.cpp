@@ -88,7 +88,7 @@ void PartialResults::readRows()
     while (file.isOpen() && !file.atEnd()) {
         const QByteArray line = file.readLine();
         const std::optional<PartialRow> row = PartialRow::parse(line);
-        if (row && row->index >= 0 && row->index < m_deck.count()) {
+        if (row && isFrequency(row->index)) {
             m_rows.emplace(row->index, place);
         } else {
             ++m_damaged;

@@ -28,6 +28,8 @@ public:
     /// it stays as it is.
     FindingList resume();
 
+    [[nodiscard]] bool isFrequency(int index) const { return index >= 0 && index < m_deck.count(); }
+
     /// The frequencies whose results are not there, by their indices in the sweep.
     [[nodiscard]] QVector<int> missing() const;
 

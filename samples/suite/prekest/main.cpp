@@ -20,5 +20,5 @@ int main(int argc, char* argv[])
         return suite::exitFailure;
     }
     component.printer().printPercentage(suite::Marker::TotalPercentage, 100);
-    return suite::exitSuccess;
+    return component.printedExitCode();
 }

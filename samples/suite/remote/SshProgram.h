@@ -10,6 +10,9 @@ class SshProgram
 {
 public:
     static QStringList options();
+
+    /// What helps after an exit code of ssh, as the end of a sentence; empty for other codes.
+    static QString advice(int exitCode);
 };
 
 } // namespace suite

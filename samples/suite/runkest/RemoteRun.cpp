@@ -2,10 +2,12 @@
 
 #include "MarkerLine.h"
 #include "OptionWords.h"
+#include "PartialRow.h"
 #include "PlainText.h"
 #include "SshProgram.h"
 #include "StopTimes.h"
 
+#include <InputFile.h>
 #include <MachinesFile.h>
 #include <RemoteShell.h>
 #include <ResultFiles.h>
@@ -20,6 +22,9 @@ namespace {
 
 // The login takes its time; the host may be silent for so long.
 constexpr int startLimit = 15000; // ms
+
+// More does not fit into a frame.
+constexpr qint64 largestPartial = 500 << 20; // bytes
 
 QStringList resultSuffixes()
 {
@@ -46,12 +51,14 @@ RemoteRun::RemoteRun()
     , m_processEnd(
           {[this] { return m_process.isRunning(); }, {}, [this] { m_process.killGroup(); }})
 {
-    connect(&m_processEnd, &StagedEnd::ended, this, &RemoteRun::finish);
+    connect(&m_processEnd, &StagedEnd::ended, this, &RemoteRun::end);
     connect(&m_process, &FramedProcess::received, this, &RemoteRun::take);
     connect(&m_process, &FramedProcess::silent, this,
             [this] { failConnection(QStringLiteral("does not answer")); });
     connect(&m_process, &FramedProcess::broken, this, [this](const QString& text) {
-        failConnection(QStringLiteral("runs no such component, it says '%1'").arg(text));
+        failConnection(QStringLiteral("runs no such component, it says '%1', name the folder of "
+                                      "the installation there with home=FOLDER")
+                           .arg(text));
     });
     connect(&m_process, &FramedProcess::ended, this, &RemoteRun::endProcess);
 }
@@ -94,6 +101,11 @@ bool RemoteRun::readFiles()
         return false;
     }
     m_model = check.model().deck.bytes;
+    return readMachines() && readPartial(check.model());
+}
+
+bool RemoteRun::readMachines()
+{
     m_hasMachines = hasOption("--machines-file");
     if (m_hasMachines) {
         const MachinesFile machines = MachinesFile::read(option("--machines-file"));
@@ -104,6 +116,26 @@ bool RemoteRun::readFiles()
         m_machines = machines.plainContent();
     }
     return isGood();
+}
+
+// What is taken over is reported by the run on the host.
+bool RemoteRun::readPartial(const Model& model)
+{
+    const bool isCheck = commandLine().has(OptionGroup::Kest, QStringLiteral("--check-only"));
+    if (isCheck || model.frequencies.count == 0 || model.adaptive.isWanted) {
+        return true;
+    }
+    m_partial = std::make_unique<PartialResults>(
+        component().modelFile().resultPath(QStringLiteral("partial")), SweepDeck(model));
+    if (!hasOption("--resume")) {
+        return report(m_partial->begin());
+    }
+    const FindingList findings = m_partial->resume();
+    if (findings.hasErrors()) {
+        return report(findings);
+    }
+    m_earlierResults = InputFile(m_partial->path()).read(largestPartial).value_or(QByteArray());
+    return true;
 }
 
 void RemoteRun::work()
@@ -142,7 +174,7 @@ QStringList RemoteRun::remoteArguments() const
 void RemoteRun::sendRequest()
 {
     m_process.send(Frame::of(Frame::Type::Setup, component().modelFile().name(), m_model,
-                             remoteArguments(), m_hasMachines, m_machines));
+                             remoteArguments(), m_hasMachines, m_machines, m_earlierResults));
 }
 
 void RemoteRun::take(const Frame& frame)
@@ -156,9 +188,12 @@ void RemoteRun::take(const Frame& frame)
     case Frame::Type::File:
         takeFile(frame);
         break;
+    case Frame::Type::Partial:
+        takePartial(frame);
+        break;
     case Frame::Type::Line:
         if (isGood() && frame.read(text) && writeFiles()) {
-            printer().printAgain(MarkerLine::parse(text.toUtf8()));
+            takeLine(text);
         }
         break;
     case Frame::Type::Failure:
@@ -182,7 +217,7 @@ void RemoteRun::takeHello(const Frame& frame)
     qint32 protocol = 0;
     if (!frame.read(protocol) || protocol != frameProtocol) {
         failConnection(QStringLiteral("has another version of the installation (protocol %1, "
-                                      "here %2)")
+                                      "here %2), install the same one on both")
                            .arg(protocol)
                            .arg(frameProtocol));
     } else if (isGood()) {
@@ -199,6 +234,24 @@ void RemoteRun::takeFile(const Frame& frame)
         m_files.append({component().modelFile().resultPath(suffix), content});
     } else {
         failConnection(QStringLiteral("sent a file that is no result"));
+    }
+}
+
+void RemoteRun::takePartial(const Frame& frame)
+{
+    QByteArray line;
+    const std::optional<PartialRow> row = frame.read(line) ? PartialRow::parse(line) : std::nullopt;
+    if (row && m_partial && m_partial->isFrequency(row->index)) {
+        component().findingPrinter().print(m_partial->add(row->index, row->output()));
+    }
+}
+
+// What is kept is reported at the end: it is what has come here.
+void RemoteRun::takeLine(const QString& text)
+{
+    const MarkerLine line = MarkerLine::parse(text.toUtf8());
+    if (!line.body.startsWith(FindingPrinter::head(FindingKind::PartialKept))) {
+        printer().printAgain(line);
     }
 }
 
@@ -223,6 +276,7 @@ bool RemoteRun::writeFiles()
         stopWork();
         return false;
     }
+    m_hasResults = true;
     printer().printFiles(paths);
     return true;
 }
@@ -242,7 +296,8 @@ void RemoteRun::endProcess()
         const QString words = m_process.lastWords();
         const QString how =
             !m_process.startError().isEmpty()
-                ? QStringLiteral("cannot be reached, '%1' cannot be started")
+                ? QStringLiteral("cannot be reached, '%1' cannot be started, install the package "
+                                 "openssh-client or name another program in KEST_SSH")
                       .arg(RemoteShell::program())
                 : QStringLiteral("%1 (code %2)")
                       .arg(m_process.hasAnswered()
@@ -251,9 +306,25 @@ void RemoteRun::endProcess()
                       .arg(m_process.exitCode());
         fail(FindingKind::RemoteRunFailed,
              QStringLiteral("the host '%1' ").arg(m_host->name()) + how +
-                 (words.isEmpty() ? QString() : QStringLiteral(", ") + words));
+                 (words.isEmpty() ? QString() : QStringLiteral(", ") + words) +
+                 SshProgram::advice(m_process.exitCode()));
     }
     m_processEnd.cancel();
+    end();
+}
+
+void RemoteRun::end()
+{
+    if (m_isEnded) {
+        return;
+    }
+    m_isEnded = true;
+    if (m_partial && isGood() && m_hasResults) {
+        m_partial->remove();
+    } else if (m_partial && !isGood() && !m_partial->kept().isEmpty()) {
+        printer().printFiles({m_partial->path()});
+        component().findingPrinter().print(m_partial->kept());
+    }
     finish();
 }
 

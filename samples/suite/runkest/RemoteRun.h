@@ -2,6 +2,7 @@
 
 #include "ComponentProgram.h"
 #include "FramedProcess.h"
+#include "PartialResults.h"
 
 #include <RemoteHost.h>
 
@@ -30,15 +31,20 @@ protected:
 private:
     bool checkHost();
     bool readFiles();
+    bool readMachines();
+    bool readPartial(const suite::Model& model);
     [[nodiscard]] QStringList sshArguments() const;
     [[nodiscard]] QStringList remoteArguments() const;
     void sendRequest();
     void take(const suite::Frame& frame);
     void takeHello(const suite::Frame& frame);
     void takeFile(const suite::Frame& frame);
+    void takePartial(const suite::Frame& frame);
+    void takeLine(const QString& line);
     bool writeFiles();
     void failConnection(const QString& reason);
     void endProcess();
+    void end();
     void beginEnd();
 
     struct ResultFile
@@ -51,6 +57,10 @@ private:
     QByteArray m_model;
     QByteArray m_machines;
     bool m_hasMachines = false;
+    std::unique_ptr<suite::PartialResults> m_partial; ///< null where there can be none
+    QByteArray m_earlierResults;                      ///< of the run that is resumed
+    bool m_hasResults = false;
+    bool m_isEnded = false;
     suite::FramedProcess m_process;
     QVector<ResultFile> m_files; ///< not written yet
     StagedEnd m_processEnd;

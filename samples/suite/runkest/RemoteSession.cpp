@@ -25,6 +25,11 @@ QString machinesName()
     return QStringLiteral("machines.kest");
 }
 
+QString partialSuffix()
+{
+    return QStringLiteral("partial");
+}
+
 // Without the parts that lead elsewhere.
 bool isFileName(const QString& name)
 {
@@ -58,7 +63,7 @@ void RemoteSession::stop()
 
 void RemoteSession::take(const Frame& frame)
 {
-    m_heartbeat.hear();
+    m_heartbeat.noteSign();
     if (frame.type == Frame::Type::Setup && !m_folder) {
         begin(frame);
     } else if (frame.type == Frame::Type::Stop) {
@@ -73,11 +78,12 @@ void RemoteSession::begin(const Frame& frame)
     QStringList arguments;
     bool hasMachines = false;
     QByteArray machines;
-    if (!frame.read(name, model, arguments, hasMachines, machines) || !isFileName(name)) {
+    QByteArray partial;
+    if (!frame.read(name, model, arguments, hasMachines, machines, partial) || !isFileName(name)) {
         fail(QStringLiteral("did not understand the request"));
         return;
     }
-    const QString error = prepareFolder(name, model, machines);
+    const QString error = prepareFolder(name, model, machines, partial);
     if (error.isEmpty()) {
         run(name, arguments, hasMachines);
     } else {
@@ -86,7 +92,7 @@ void RemoteSession::begin(const Frame& frame)
 }
 
 QString RemoteSession::prepareFolder(const QString& name, const QByteArray& model,
-                                     const QByteArray& machines)
+                                     const QByteArray& machines, const QByteArray& partial)
 {
     MarkedFolders::removeLeft();
     m_folder.emplace(MarkedFolders::marked(QStringLiteral("kest-remote")));
@@ -98,6 +104,12 @@ QString RemoteSession::prepareFolder(const QString& name, const QByteArray& mode
     if (reason.isEmpty()) {
         reason =
             TemporaryFolder::writeFile(m_folder->filePath(QStringLiteral("model/") + name), model);
+    }
+    const QString partialPath =
+        ModelFile(m_folder->filePath(QStringLiteral("model/") + name)).resultPath(partialSuffix());
+    m_partial.emplace(partialPath, partial.size());
+    if (reason.isEmpty() && !partial.isEmpty()) {
+        reason = TemporaryFolder::writeFile(partialPath, partial);
     }
     return reason.isEmpty() ? QString() : QStringLiteral("cannot keep the model, ") + reason;
 }
@@ -123,9 +135,13 @@ void RemoteSession::run(const QString& name, QStringList arguments, bool hasMach
 // The paths of results mean nothing at the other end, their content does.
 void RemoteSession::passOn(const MarkerLine& line)
 {
+    sendPartial();
     if (line.marker != Marker::File) {
         const QString start = line.marker ? markerText(*line.marker) : QString();
         m_channel.send(Frame::of(Frame::Type::Line, start + line.body));
+        return;
+    }
+    if (QFileInfo(line.body).suffix() == partialSuffix()) {
         return;
     }
     InputFile file(line.body);
@@ -135,6 +151,15 @@ void RemoteSession::passOn(const MarkerLine& line)
         return;
     }
     m_channel.send(Frame::of(Frame::Type::File, QFileInfo(line.body).suffix(), *content));
+}
+
+// Each result as soon as it is there: the connection may end at any moment.
+void RemoteSession::sendPartial()
+{
+    const QList<QByteArray> lines = m_partial->newLines();
+    for (const QByteArray& line : lines) {
+        m_channel.send(Frame::of(Frame::Type::Partial, line));
+    }
 }
 
 void RemoteSession::endRun()

@@ -3,6 +3,7 @@
 #include "ComponentRun.h"
 #include "FrameChannel.h"
 #include "Heartbeat.h"
+#include "PartialTail.h"
 
 #include <ChildProcesses.h>
 #include <TemporaryFolder.h>
@@ -29,9 +30,10 @@ private:
     void take(const suite::Frame& frame);
     void begin(const suite::Frame& frame);
     [[nodiscard]] QString prepareFolder(const QString& name, const QByteArray& model,
-                                        const QByteArray& machines);
+                                        const QByteArray& machines, const QByteArray& partial);
     void run(const QString& name, QStringList arguments, bool hasMachines);
     void passOn(const suite::MarkerLine& line);
+    void sendPartial();
     void endRun();
     void fail(const QString& reason);
     void finishWhenSent();
@@ -42,6 +44,7 @@ private:
     std::optional<suite::TemporaryFolder> m_folder;
     ChildProcesses m_processes;
     suite::ComponentRun* m_run = nullptr; ///< owned by m_processes
+    std::optional<suite::PartialTail> m_partial;
     bool m_isStopping = false;
     bool m_isDone = false;
 };

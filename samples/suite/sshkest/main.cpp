@@ -90,8 +90,8 @@ int main(int argc, char* argv[])
     }
     const int code = exitCodeOf(statusOf(started.process));
     if (code != EXIT_SUCCESS) {
-        std::fprintf(stderr, "sshkest: '%s' cannot be reached any more by ssh (code %d)\n",
-                     argv[place], code);
+        std::fprintf(stderr, "sshkest: '%s' cannot be reached any more by ssh (code %d)%s\n",
+                     argv[place], code, qPrintable(suite::SshProgram::advice(code)));
     }
     return code;
 }

@@ -42,7 +42,8 @@ void EngineJob::end()
 {
     if (m_error.isEmpty()) {
         if (!startError().isEmpty()) {
-            m_error = QStringLiteral("the engine '%1' cannot be started").arg(m_engine);
+            m_error =
+                QStringLiteral("the engine '%1' cannot be started, %2").arg(m_engine, startError());
         } else {
             readOutput();
         }

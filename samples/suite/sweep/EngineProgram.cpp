@@ -17,7 +17,9 @@ EngineProgram::EngineProgram()
             QStringLiteral("the engine 'nec2c' is not in the search path, install the package "
                            "nec2c or name another program in KEST_NEC2C");
     } else {
-        m_error = QStringLiteral("the engine '%1', named in KEST_NEC2C, is no program").arg(chosen);
+        m_error = QStringLiteral("the engine '%1', named in KEST_NEC2C, is no program, correct or "
+                                 "unset the variable")
+                      .arg(chosen);
     }
 }
 

@@ -26,7 +26,7 @@ Dealer::Dealer(MpiLink& link, int output)
 {
     connect(&link, &MpiLink::received, this, &Dealer::takeFromWorker);
     connect(&heartbeat(), &Heartbeat::beat, this, [this] {
-        heartbeat().hear(this->link().rank());
+        heartbeat().noteSign(this->link().rank());
         this->link().sendToOthers(Frame());
         m_user.send(Frame());
     });
@@ -56,7 +56,7 @@ void Dealer::stop()
 
 void Dealer::takeFromUser(const Frame& frame)
 {
-    m_userHeartbeat.hear();
+    m_userHeartbeat.noteSign();
     if (frame.type == Frame::Type::Part && m_count == 0) {
         takePart(frame);
     } else if (frame.type == Frame::Type::Stop) {
@@ -120,7 +120,7 @@ void Dealer::dealTo(int rank, int index)
 
 void Dealer::takeFromWorker(int rank, const Frame& frame)
 {
-    heartbeat().hear(rank);
+    heartbeat().noteSign(rank);
     qint32 index = 0;
     QString text;
     if (frame.type == Frame::Type::Result && frame.read(index)) {

@@ -17,7 +17,7 @@ class LocalSolver : public QObject
 public:
     LocalSolver();
 
-    /// Tells what is to be solved; nothing can be queued before.
+    /// Sets what is to be solved; nothing can be queued before.
     void setUp(const suite::SweepDeck& deck, suite::Priority priority);
 
     /// How many frequencies there are.
@@ -29,7 +29,7 @@ public:
     /// Removes the folder, when nothing is solved any more.
     void clear() { m_folder.reset(); }
 
-    /// Ends the engine and removes the folder; tells stopped().
+    /// Ends the engine and removes the folder; emits stopped().
     void stop();
 
 Q_SIGNALS:

@@ -12,7 +12,7 @@
 struct MpiTransfer;
 
 /// Frames between the processes of a parallel run. Nothing here ever waits: sending and receiving
-/// go on from the event loop.
+/// continue from the event loop.
 class MpiLink : public QObject
 {
     Q_OBJECT

@@ -15,7 +15,7 @@ public:
     /// Ends all that runs here, without the others.
     virtual void stop();
 
-    /// True when it was stopped because the one who gives the work is not heard any more.
+    /// True when it was stopped because the process that distributes the work is silent.
     [[nodiscard]] bool isAlone() const { return m_isAlone; }
 
 Q_SIGNALS:
@@ -24,7 +24,7 @@ Q_SIGNALS:
     void stopped();
 
 protected:
-    /// "partners" is how many others must be heard from.
+    /// "partners" is the number of processes whose silence is an error.
     SweepRank(MpiLink& link, int partners);
 
     MpiLink& link() { return m_link; }
@@ -32,10 +32,10 @@ protected:
     suite::Heartbeat& heartbeat() { return m_heartbeat; }
     [[nodiscard]] bool isStopping() const { return m_isStopping; }
 
-    /// Stops because the one who gives the work is not heard any more.
+    /// Stops because the process that distributes the work is silent.
     void stopAlone();
 
-    /// Removes what is left of the work and tells finished().
+    /// Removes what is left of the work and emits finished().
     void finish();
 
     /// Prepares the work; a text when the user should know something.

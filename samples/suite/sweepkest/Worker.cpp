@@ -20,7 +20,7 @@ Worker::Worker(MpiLink& link) : SweepRank(link, 1)
 
 void Worker::take(const Frame& frame)
 {
-    heartbeat().hear();
+    heartbeat().noteSign();
     qint32 index = 0;
     switch (frame.type) {
     case Frame::Type::Setup: {

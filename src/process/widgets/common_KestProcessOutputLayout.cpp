@@ -1,5 +1,7 @@
 #include "common_KestProcessOutputLayout.h"
 
+#include <common_Contrast.h>
+
 #include <QPainter>
 #include <QStyle>
 #include <QTextBlock>
@@ -18,6 +20,8 @@ constexpr std::size_t mostLayouts = 1000;
 
 // What a child prints may ask for fonts of any size.
 constexpr qreal greatestLineHeight = 1000;
+
+constexpr int middleLightness = 128;
 
 // From the top of a line to that of the next one, as in QTextEdit. The last line of a block takes
 // QTextLine::height(), which may be a pixel more.
@@ -43,6 +47,28 @@ selectionsIn(const QTextBlock& block, const QAbstractTextDocumentLayout::PaintCo
             range.start = start;
             range.length = end - start;
             range.format = selection.format;
+            result.append(range);
+        }
+    }
+    return result;
+}
+
+// The colours of lines are chosen for a light base.
+QVector<QTextLayout::FormatRange> shadesIn(const QTextBlock& block, const QColor& base)
+{
+    QVector<QTextLayout::FormatRange> result;
+    if (base.lightness() >= middleLightness) {
+        return result;
+    }
+    for (auto place = block.begin(); !place.atEnd(); ++place) {
+        const QTextFragment fragment = place.fragment();
+        const QBrush ink = fragment.charFormat().foreground();
+        const QColor shade = common_Contrast::readable(ink.color(), base);
+        if (ink.style() == Qt::SolidPattern && shade != ink.color()) {
+            QTextLayout::FormatRange range;
+            range.start = fragment.position() - block.position();
+            range.length = fragment.length();
+            range.format.setForeground(shade);
             result.append(range);
         }
     }
@@ -316,7 +342,9 @@ void common_KestProcessOutputLayout::drawBlock(QPainter* painter, const PaintCon
     const QPointF place(document()->documentMargin(), top);
     painter->translate(place);
     const QTextLayout* const layout = block.layout();
-    layout->draw(painter, QPointF(0, 0), selectionsIn(block, context),
+    layout->draw(painter, QPointF(0, 0),
+                 shadesIn(block, context.palette.color(QPalette::Base)) +
+                     selectionsIn(block, context),
                  context.clip.isValid() ? context.clip.translated(-place) : QRectF());
     if (block.contains(context.cursorPosition)) {
         bool isSet = false;

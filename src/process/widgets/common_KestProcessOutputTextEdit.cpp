@@ -7,27 +7,12 @@
 #include <QAbstractTextDocumentLayout>
 #include <QInputEvent>
 #include <QMimeData>
-#include <QPalette>
 #include <QScrollBar>
 #include <QTextDocumentFragment>
 
 namespace {
 
 constexpr int mostStyledCharacters = 200000;
-
-// On a dark base the colours of messages, above all blue, could not be read. The rest of the view,
-// such as its scroll bars, keeps the colours of its parent.
-void ensureLightBase(QWidget* view)
-{
-    constexpr int middle = 128;
-    if (view->palette().color(QPalette::Base).lightness() >= middle) {
-        return;
-    }
-    QPalette readable;
-    readable.setColor(QPalette::Base, Qt::white);
-    readable.setColor(QPalette::Text, Qt::black);
-    view->setPalette(readable);
-}
 
 // Converts a document's own characters to plain text, as QTextDocument::toPlainText() does.
 QString plainText(QString text)
@@ -56,7 +41,6 @@ common_KestProcessOutputTextEdit::common_KestProcessOutputTextEdit(Following fol
     setDocument(new common_KestProcessOutputDocument(this));
     document()->documentLayout()->setPaintDevice(viewport());
     setReadOnly(true);
-    ensureLightBase(this);
     m_writer = QTextCursor(document());
     connect(verticalScrollBar(), &QScrollBar::actionTriggered, this,
             &common_KestProcessOutputTextEdit::onUserScrolled);
@@ -127,14 +111,6 @@ void common_KestProcessOutputTextEdit::showEvent(QShowEvent* event)
 {
     QTextEdit::showEvent(event);
     follow();
-}
-
-void common_KestProcessOutputTextEdit::changeEvent(QEvent* event)
-{
-    QTextEdit::changeEvent(event);
-    if (event->type() == QEvent::PaletteChange) {
-        ensureLightBase(this);
-    }
 }
 
 void common_KestProcessOutputTextEdit::scrollContentsBy(int dx, int dy)

@@ -15,8 +15,8 @@ struct common_LineStyle;
 /// event loop's turn. Only what is in view is laid out, so a hidden view costs no more than its
 /// text.
 ///
-/// When the palette's base is dark, the view uses a light one with dark text, also after a change
-/// of the palette: the colours of the lines are chosen for that.
+/// On a dark base colours are drawn in lighter shades that can be read there; the document, and what
+/// is copied from it, has the lines' own colours.
 class common_KestProcessOutputTextEdit : public QTextEdit
 {
     Q_OBJECT
@@ -51,7 +51,6 @@ protected:
     void keyPressEvent(QKeyEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
     void showEvent(QShowEvent* event) override;
-    void changeEvent(QEvent* event) override;
     void scrollContentsBy(int dx, int dy) override;
     QMimeData* createMimeDataFromSelection() const override;
 

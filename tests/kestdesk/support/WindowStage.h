@@ -57,6 +57,8 @@ private:
 class WindowStage
 {
 public:
+    static constexpr int mostRunsAtOnce = 9; ///< so that runs need not wait for each other here
+
     WindowStage()
     {
         for (const char* const name : {"KEST_HOME", "KEST_USER_HOME", "KEST_TEST_MARK"}) {
@@ -69,6 +71,7 @@ public:
         }
         m_services = std::make_unique<Services>(
             ApplicationIdentity{text("kestdesk"), text("models/dipole.nec")}, false);
+        setPreference("runsAtOnce", mostRunsAtOnce);
     }
 
     /// Whatever a failed test has left behind is ended.

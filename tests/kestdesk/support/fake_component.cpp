@@ -8,6 +8,7 @@
 //   broken     reports that all is done and dies by a signal
 //   silent     ends well and reports nothing
 //   files      reports some files, one of them twice, and that all is done
+//   steady     reports a hundredth of the work after the other, for six seconds, and ends
 //   wait       waits to be terminated
 //   halfway    reports that half is done, and waits to be terminated
 //   beyond     reports half, then more than all, and waits to be terminated
@@ -186,6 +187,15 @@ void beValid()
     say("-*-total-percentage-*-100%");
 }
 
+void beSteady()
+{
+    say("up");
+    for (int percentage = 1; percentage <= 100; ++percentage) {
+        usleep(60000);
+        report(percentage);
+    }
+}
+
 void reportFiles()
 {
     for (const char* const line : {"-*-file-*-b.csv", "-*-file-*-a.csv", "-*-file-*-b.csv"}) {
@@ -205,6 +215,7 @@ int main(int argc, char* argv[])
         {"broken", [] { beValid(), std::raise(SIGKILL); }},
         {"silent", [] { say("up"); }},
         {"files", reportFiles},
+        {"steady", beSteady},
         {"wait", [] { wait(false, false); }},
         {"halfway", [] { say("-*-total-percentage-*-50%"), wait(false, false); }},
         {"beyond", [] { report(50), report(250), wait(false, false); }},

@@ -1,0 +1,50 @@
+#include "ProblemCures.h"
+
+#include <Place.h>
+
+#include <QRegularExpression>
+
+#include <algorithm>
+#include <iterator>
+
+namespace {
+
+using ProblemCures::Action;
+using ProblemCures::Cure;
+
+// clang-format off
+constexpr Cure cures[] = {
+    {"the engine '.*' (is not in the search path|cannot be started)", Action::InstallEngine,  "&Install the engine...",   "Shows how the engine is installed"},
+    {"No machines file|the machines file .* is missing",              Action::UseThisMachine, "&Use this machine",        "Makes a machines file that names this machine"},
+    {"names no host",                                                 Action::UseThisMachine, "&Use this machine",        "Adds this machine to the machines file"},
+    {"remote host has not been provided|no host",                     Action::EditOptions,    "Choose the &host...",      "Opens the component launch options, which name the remote host"},
+    {"cannot be reached|unknown host|not reachable|host .* (failed|does not answer)", Action::EditMachines, "Leave the host &out...", "Opens the machines file, to take the host out or to mark it as a comment"},
+    {"machines file",                                                 Action::EditMachines,   "Edit the &machines file...", "Opens the machines file"},
+};
+// clang-format on
+
+constexpr Cure openCard = {"", Action::OpenCard, "&Open the card",
+                           "Opens the model in the editor at this line"};
+
+} // namespace
+
+const Cure* ProblemCures::find(const QString& message)
+{
+    if (lineOf(message)) {
+        return &openCard;
+    }
+    const auto* const found =
+        std::find_if(std::begin(cures), std::end(cures), [&message](const Cure& cure) {
+            return QRegularExpression(QLatin1String(cure.pattern),
+                                      QRegularExpression::CaseInsensitiveOption)
+                .match(message)
+                .hasMatch();
+        });
+    return found == std::end(cures) ? nullptr : found;
+}
+
+std::optional<ProblemCures::Line> ProblemCures::lineOf(const QString& message)
+{
+    const auto place = suite::Place::at(message.trimmed());
+    return place && place->line > 0 ? std::optional(Line{place->file, place->line}) : std::nullopt;
+}

@@ -1,0 +1,205 @@
+#include "RecordWindow.h"
+
+#include "CommandPage.h"
+#include "DifferencesPage.h"
+#include "MessageView.h"
+#include "RecordFolder.h"
+
+#include <VisibleText.h>
+
+#include <common_HelpClient.h>
+#include <common_IIconUtility.h>
+#include <common_ServiceOf.h>
+
+#include <QHBoxLayout>
+#include <QIcon>
+#include <QLabel>
+#include <QPushButton>
+#include <QShortcut>
+#include <QTabWidget>
+#include <QVBoxLayout>
+
+#include <utility>
+
+namespace {
+
+constexpr int interval = 1000; // milliseconds between two looks at a run that goes on
+constexpr int usualWidth = 760;
+constexpr int usualHeight = 520;
+
+// clang-format off
+const QVector<MessageView::Kind> kinds = {
+    {common_IProcessMessage::Error,   "Errors",   true},
+    {common_IProcessMessage::Warning, "Warnings", true},
+    {common_IProcessMessage::Notice,  "Notices",  true},
+    {common_IProcessMessage::File,    "Files",    true},
+};
+// clang-format on
+
+} // namespace
+
+RecordWindow::RecordWindow(RunArchive archive, int number, QWidget* parent)
+    : QDialog(parent, Qt::Window)
+    , m_archive(std::move(archive))
+    , m_number(number)
+    , m_tabs(new QTabWidget(this))
+    , m_summary(new SummaryPage(m_tabs))
+    , m_command(new CommandPage(m_tabs))
+    , m_differences(new DifferencesPage(m_archive, m_tabs))
+    , m_problem(new QLabel(this))
+    , m_cureButton(new QPushButton(this))
+    , m_againButton(new QPushButton(QStringLiteral("Run &again exactly"), this))
+{
+    setObjectName(QStringLiteral("recordWindow"));
+    setAttribute(Qt::WA_DeleteOnClose);
+    setWindowIcon(GET_SERVICE(common_IIconUtility)->getIcon(QStringLiteral("kestdesk")));
+    resize(usualWidth, usualHeight);
+    makePages();
+    auto* layout = new QVBoxLayout(this);
+    layout->addWidget(m_tabs, 1);
+    layout->addWidget(makeButtons());
+    updateTitle();
+    GET_SERVICE(common_HelpClient)->registerPage(this, QStringLiteral("kestdesk"));
+    m_timer.setInterval(interval);
+    connect(&m_timer, &QTimer::timeout, this, &RecordWindow::read);
+    read();
+}
+
+void RecordWindow::makePages()
+{
+    m_tabs->setObjectName(QStringLiteral("recordTabs"));
+    m_tabs->addTab(m_summary, QStringLiteral("&Summary"));
+    m_tabs->addTab(m_command, QStringLiteral("&Command"));
+    m_tabs->addTab(m_differences, QStringLiteral("&Differences"));
+}
+
+QWidget* RecordWindow::makeButtons()
+{
+    auto* row = new QWidget(this);
+    auto* layout = new QHBoxLayout(row);
+    layout->setContentsMargins(0, 0, 0, 0);
+    m_problem->setObjectName(QStringLiteral("recordProblemLabel"));
+    m_problem->setTextFormat(Qt::PlainText);
+    m_problem->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+    m_cureButton->setObjectName(QStringLiteral("cureButton"));
+    m_cureButton->setAutoDefault(false);
+    m_cureButton->hide();
+    m_againButton->setObjectName(QStringLiteral("runAgainButton"));
+    m_againButton->setAutoDefault(false);
+    m_againButton->setEnabled(false);
+    auto* closeButton = new QPushButton(QStringLiteral("Close"), row);
+    closeButton->setObjectName(QStringLiteral("closeRecordButton"));
+    closeButton->setAutoDefault(false);
+    connect(m_cureButton, &QPushButton::clicked, this, &RecordWindow::useCure);
+    connect(m_againButton, &QPushButton::clicked, this,
+            [this] { Q_EMIT againRequested(m_number); });
+    connect(closeButton, &QPushButton::clicked, this, &QWidget::close);
+    layout->addWidget(m_problem, 1);
+    layout->addWidget(m_cureButton);
+    layout->addWidget(m_againButton);
+    layout->addWidget(closeButton);
+    return row;
+}
+
+void RecordWindow::read()
+{
+    m_disk.post([this, archive = m_archive, number = m_number](const DiskThread::Answer& answer) {
+        const auto record = archive.record(number);
+        answer([this, record] { show(record); });
+    });
+}
+
+void RecordWindow::show(const std::optional<RunRecord>& record)
+{
+    if (!record) {
+        m_timer.stop();
+        m_problem->setText(QStringLiteral("The record has been deleted."));
+        return;
+    }
+    const bool wasRunning = m_store == nullptr || m_record.state == RunRecord::State::Running;
+    m_record = *record;
+    const bool isRunning = m_record.state == RunRecord::State::Running;
+    if (m_store == nullptr) {
+        makeMessages();
+        m_command->show(m_record);
+    }
+    if (wasRunning) {
+        m_summary->show(m_record, m_fileStates);
+        m_differences->setRecord(m_record);
+    }
+    if (isRunning) {
+        m_timer.start();
+    } else if (wasRunning) {
+        m_timer.stop();
+        m_store->setGrowing(false);
+        readFileStates();
+    }
+    m_againButton->setEnabled(!isRunning);
+    updateTitle();
+    updateCure();
+}
+
+void RecordWindow::makeMessages()
+{
+    const bool isRunning = m_record.state == RunRecord::State::Running;
+    m_store = new MessageStore(RecordFolder(m_record.folder).messagesFile(), isRunning, this);
+    m_messages = new MessageView(m_store, kinds, m_tabs);
+    auto* const output = new MessageView(m_store, {}, m_tabs);
+    m_tabs->insertTab(1, m_messages, QStringLiteral("&Messages"));
+    m_tabs->insertTab(2, output, QStringLiteral("&Output"));
+    connect(m_messages, &MessageView::currentChanged, this, &RecordWindow::updateCure);
+    connect(m_messages, &MessageView::activated, this, &RecordWindow::useCure);
+    connect(m_tabs, &QTabWidget::currentChanged, this, &RecordWindow::updateCure);
+}
+
+void RecordWindow::readFileStates()
+{
+    m_disk.post([this, record = m_record](const DiskThread::Answer& answer) {
+        const QVector<SummaryPage::FileState> states = SummaryPage::fileStates(record);
+        answer([this, states] {
+            m_fileStates = states;
+            m_summary->show(m_record, m_fileStates);
+        });
+    });
+}
+
+void RecordWindow::updateTitle()
+{
+    const QString run = QStringLiteral("Run %1").arg(m_number);
+    setWindowTitle(m_record.model.isEmpty()
+                       ? run
+                       : QStringLiteral("%1: %2").arg(run, suite::visibleFileName(m_record.model)));
+}
+
+// Of the message that is selected, or else of the run.
+QString RecordWindow::problem() const
+{
+    if (m_messages != nullptr && m_tabs->currentWidget() == m_messages &&
+        !m_messages->currentText().isEmpty()) {
+        return m_messages->currentText();
+    }
+    return m_record.problem.isEmpty() ? m_record.reason : m_record.problem;
+}
+
+void RecordWindow::updateCure()
+{
+    m_cureMessage = problem();
+    m_cure = ProblemCures::find(m_cureMessage);
+    m_cureButton->setVisible(m_cure != nullptr);
+    m_problem->clear();
+    if (m_cure != nullptr) {
+        const QString text = suite::visibleText(m_cureMessage.trimmed());
+        m_cureButton->setText(QLatin1String(m_cure->button));
+        m_cureButton->setToolTip(QLatin1String(m_cure->hint));
+        m_cureButton->setAccessibleDescription(QLatin1String(m_cure->hint));
+        m_problem->setText(text);
+        m_problem->setToolTip(text.toHtmlEscaped());
+    }
+}
+
+void RecordWindow::useCure()
+{
+    if (m_cure != nullptr) {
+        Q_EMIT cureRequested(*m_cure, m_cureMessage, m_record);
+    }
+}

@@ -1,0 +1,67 @@
+#pragma once
+
+#include "DiskThread.h"
+#include "ProblemCures.h"
+#include "RunArchive.h"
+#include "SummaryPage.h"
+
+#include <QDialog>
+#include <QTimer>
+
+class CommandPage;
+class DifferencesPage;
+class MessageStore;
+class MessageView;
+class QLabel;
+class QPushButton;
+class QTabWidget;
+
+/// The window of one recorded run: what became of it, its messages, its output, how it was started,
+/// and what is different from other runs. It follows a run that is still going on.
+class RecordWindow : public QDialog
+{
+    Q_OBJECT
+
+public:
+    RecordWindow(RunArchive archive, int number, QWidget* parent);
+
+    int number() const { return m_number; }
+
+Q_SIGNALS:
+    /// The user wants to run it again.
+    void againRequested(int number);
+
+    /// The user wants a problem to be mended; the message names what about.
+    void cureRequested(const ProblemCures::Cure& cure, const QString& message,
+                       const RunRecord& record);
+
+private:
+    void makePages();
+    QWidget* makeButtons();
+    void read();
+    void show(const std::optional<RunRecord>& record);
+    void makeMessages();
+    void readFileStates();
+    void updateTitle();
+    void updateCure();
+    void useCure();
+    QString problem() const;
+
+    RunArchive m_archive;
+    int m_number;
+    RunRecord m_record;
+    QVector<SummaryPage::FileState> m_fileStates;
+    QTabWidget* m_tabs;
+    SummaryPage* m_summary;
+    CommandPage* m_command;
+    DifferencesPage* m_differences;
+    MessageStore* m_store = nullptr;
+    MessageView* m_messages = nullptr;
+    QLabel* m_problem;
+    QPushButton* m_cureButton;
+    QPushButton* m_againButton;
+    const ProblemCures::Cure* m_cure = nullptr;
+    QString m_cureMessage;
+    QTimer m_timer;
+    DiskThread m_disk; ///< the first to go
+};

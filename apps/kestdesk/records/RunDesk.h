@@ -1,0 +1,69 @@
+#pragma once
+
+#include "SessionRuns.h"
+
+#include <QObject>
+
+#include <memory>
+
+class MainMenu;
+class RecordWindows;
+class RunAgain;
+class RunListPart;
+class RunListView;
+class RunTableModel;
+class Shutdown;
+class common_CommonSettingsSet;
+
+/// The runs in the window: their list with its actions, those of this session, and the windows of
+/// their records.
+class RunDesk : public QObject
+{
+    Q_OBJECT
+
+public:
+    /// All must outlive this. The list is the parent's.
+    RunDesk(Shutdown& shutdown, common_CommonSettingsSet& settings, QWidget* window);
+
+    /// Also ends the recording of the runs of this session.
+    ~RunDesk() override;
+
+    /// Adds the actions on runs to the menu and to the list.
+    void addActions(MainMenu* menu);
+
+    /// Begins to follow the archive.
+    void start();
+
+    RunTableModel* runs() const { return m_runs; }
+    RunListPart* listPart() const { return m_listPart; }
+    RunListView* list() const;
+    SessionRuns& session() const { return *m_session; }
+
+    /// Shows the current run: in the dialog that it has in this session, or else its record.
+    void showRun();
+
+    /// Takes the ended runs out of the list; their records stay.
+    void clearEnded();
+
+Q_SIGNALS:
+    /// What is shown of runs, or which of them are selected, has changed.
+    void changed();
+
+    /// A run is about to be run again.
+    void aboutToRun();
+
+    /// A sentence for the status line.
+    void reported(const QString& text);
+
+private:
+    void connectParts();
+    void runAgain(const RunRecord& record, const QString& model);
+
+    common_CommonSettingsSet& m_settings;
+    RunTableModel* m_runs;
+    RunListPart* m_listPart;
+    RunAgain* m_again;
+    RecordWindows* m_records;
+    QWidget* m_window;
+    std::unique_ptr<SessionRuns> m_session; ///< the first to go, while the list is whole
+};
