@@ -58,8 +58,9 @@ private Q_SLOTS:
         QCOMPARE(shown.value(7),
                  text("runkest ended by itself, but reported only 0 % of the run as "
                       "done"));
-        QCOMPARE(shown.value(8), text("model.commands: fault"));
-        QCOMPARE(shown.size(), 9);
+        QCOMPARE(shown.value(8), text("\"kestdesk runs show 1\" shows this run again"));
+        QCOMPARE(shown.value(9), text("model.commands: fault"));
+        QCOMPARE(shown.size(), 10);
     }
 
     void standardErrorOfTheComponentIsShownToo()

@@ -260,7 +260,7 @@ private Q_SLOTS:
         QTest::newRow("folder above") << "../models/"
                                       << "../models/ is a folder and not a model";
         QTest::newRow("nothing") << ""
-                                 << "there is no model ";
+                                 << "the name of a model is empty";
     }
 
     void whatIsNoModelIsRefused()
