@@ -101,10 +101,10 @@ private Q_SLOTS:
     void fieldsThatDifferAreListed()
     {
         QFETCH(Change, change);
-        RunRecord second = m_stage->valid();
-        change(second);
-        const auto comparison =
-            RunComparison::of(m_stage->add(m_stage->valid()), m_stage->add(second));
+        const RunRecord left = m_stage->add(m_stage->valid());
+        RunRecord right = m_stage->add(m_stage->valid());
+        change(right);
+        const auto comparison = RunComparison::of(left, right);
         QVERIFY(!comparison.isSame());
         QFETCH(QString, difference);
         QCOMPARE(fieldsOf(comparison), QStringList(difference));
