@@ -25,6 +25,13 @@ bool isFitted(int column)
     return column != Model::ModelColumn && column != Model::FolderColumn;
 }
 
+// These columns take their room only where a run has something to say in them.
+bool isShownOnlyWithText(int column)
+{
+    return column == Model::RemainingColumn || column == Model::MessagesColumn ||
+           column == Model::PlaceColumn;
+}
+
 // Digits have one width in nearly all fonts: so there are few different texts.
 QString shape(QString text)
 {
@@ -95,14 +102,15 @@ void RunListView::fitColumns()
     QHeaderView* const header = horizontalHeader();
     for (int column = 0; column < m_filter->columnCount(); ++column) {
         if (isFitted(column)) {
+            setColumnHidden(column, isShownOnlyWithText(column) && widestText(column) == 0);
             header->resizeSection(
                 column, std::max(sizeHintForColumn(column), header->sectionSizeHint(column)));
         }
     }
 }
 
-// Of all rows, also of those that are not in sight now.
-int RunListView::sizeHintForColumn(int column) const
+// Pixels, of all rows, also of those that are not in sight now.
+int RunListView::widestText(int column) const
 {
     QSet<QString> measured;
     int width = 0;
@@ -113,11 +121,16 @@ int RunListView::sizeHintForColumn(int column) const
             width = std::max(width, fontMetrics().horizontalAdvance(text));
         }
     }
+    return width;
+}
+
+int RunListView::sizeHintForColumn(int column) const
+{
     const int margin = 2 * (style()->pixelMetric(QStyle::PM_FocusFrameHMargin, nullptr, this) + 1);
     const int icon = column == Model::StateColumn
                          ? style()->pixelMetric(QStyle::PM_SmallIconSize, nullptr, this) + margin
                          : 0;
-    return width + icon + margin + 1;
+    return widestText(column) + icon + margin + 1;
 }
 
 WindowRun* RunListView::selectedRun() const
