@@ -104,7 +104,7 @@ void MainWindow::makeContent()
 QWidget* MainWindow::makeWelcome(QWidget* content)
 {
     m_welcome = new WelcomePanel(content);
-    connect(m_welcome, &WelcomePanel::openRequested, this, &MainWindow::chooseModel);
+    connect(m_welcome, &WelcomePanel::openRequested, this, [this] { m_opener->choose(); });
     connect(m_welcome, &WelcomePanel::sampleOpened, this,
             [this](const QString& path) { openModel(path); });
     connect(m_welcome, &WelcomePanel::reported, this, &MainWindow::showOutcome);
