@@ -103,10 +103,18 @@ void RunListView::fitColumns()
     for (int column = 0; column < m_filter->columnCount(); ++column) {
         if (isFitted(column)) {
             setColumnHidden(column, isShownOnlyWithText(column) && widestText(column) == 0);
-            header->resizeSection(
-                column, std::max(sizeHintForColumn(column), header->sectionSizeHint(column)));
+            header->resizeSection(column, std::max(sizeHintForColumn(column), headerWidth(column)));
         }
     }
+}
+
+// The style leaves room for the sign of the order in every column, which only one has.
+int RunListView::headerWidth(int column) const
+{
+    const QString text = m_filter->headerData(column, Qt::Horizontal).toString();
+    const int em = fontMetrics().averageCharWidth();
+    const bool isSorted = horizontalHeader()->sortIndicatorSection() == column;
+    return fontMetrics().horizontalAdvance(text) + (isSorted ? 4 * em : 2 * em);
 }
 
 // Pixels, of all rows, also of those that are not in sight now.
@@ -127,9 +135,10 @@ int RunListView::widestText(int column) const
 int RunListView::sizeHintForColumn(int column) const
 {
     const int margin = 2 * (style()->pixelMetric(QStyle::PM_FocusFrameHMargin, nullptr, this) + 1);
-    const int icon = column == Model::StateColumn
-                         ? style()->pixelMetric(QStyle::PM_SmallIconSize, nullptr, this) + margin
-                         : 0;
+    const int icon =
+        column == Model::StateColumn
+            ? style()->pixelMetric(QStyle::PM_SmallIconSize, nullptr, this) + 4 * margin
+            : 0;
     return widestText(column) + icon + margin + 1;
 }
 

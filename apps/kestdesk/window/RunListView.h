@@ -41,6 +41,7 @@ private:
     void scheduleFit();
     void fitColumns();
     int widestText(int column) const;
+    int headerWidth(int column) const;
 
     RunTableModel* m_runs;
     RunFilter* m_filter;
