@@ -185,7 +185,6 @@ void RecordWindow::updateCure()
 {
     m_cureMessage = problem();
     m_cure = ProblemCures::find(m_cureMessage);
-    m_cureButton->setVisible(m_cure != nullptr);
     m_problem->clear();
     if (m_cure != nullptr) {
         const QString text = suite::visibleText(m_cureMessage.trimmed());
@@ -195,6 +194,8 @@ void RecordWindow::updateCure()
         m_problem->setText(text);
         m_problem->setToolTip(text.toHtmlEscaped());
     }
+    m_cureButton->setVisible(m_cure != nullptr);
+    m_cureButton->updateGeometry();
 }
 
 void RecordWindow::useCure()

@@ -50,8 +50,8 @@ QString exitText(const RunRecord& record)
                                   : QString::number(record.exitCode);
     if (reason != nullptr) {
         text += *reason->name == '\0'
-                    ? QStringLiteral(": usually %1").arg(QLatin1String(reason->meaning))
-                    : QStringLiteral(", %1: usually %2")
+                    ? QStringLiteral(": %1").arg(QLatin1String(reason->meaning))
+                    : QStringLiteral(", %1: %2")
                           .arg(QLatin1String(reason->name), QLatin1String(reason->meaning));
     }
     return text;
@@ -120,9 +120,10 @@ QString placeRows(const RunRecord& record)
            row(QStringLiteral("Size"), size) +
            row(QStringLiteral("Started in"), html(record.face)) +
            row(QStringLiteral("Computer"),
-               html(QStringLiteral("%1, %2, %3 with %4 cores")
-                        .arg(record.host, record.system, record.processor)
-                        .arg(record.cores))) +
+               record.host.isEmpty() ? QString()
+                                     : html(QStringLiteral("%1, %2, %3 with %4 cores")
+                                                .arg(record.host, record.system, record.processor)
+                                                .arg(record.cores))) +
            row(QStringLiteral("User"), html(record.user)) +
            row(QStringLiteral("Version"), html(record.suiteVersion)) +
            row(QStringLiteral("Installation"), html(record.installation));

@@ -25,6 +25,13 @@ bool isFitted(int column)
     return column != Model::ModelColumn && column != Model::FolderColumn;
 }
 
+// These columns take their room only where a run has something to say in them.
+bool isShownOnlyWithText(int column)
+{
+    return column == Model::RemainingColumn || column == Model::MessagesColumn ||
+           column == Model::PlaceColumn;
+}
+
 // Digits have one width in nearly all fonts: so there are few different texts.
 QString shape(QString text)
 {
@@ -95,14 +102,23 @@ void RunListView::fitColumns()
     QHeaderView* const header = horizontalHeader();
     for (int column = 0; column < m_filter->columnCount(); ++column) {
         if (isFitted(column)) {
-            header->resizeSection(
-                column, std::max(sizeHintForColumn(column), header->sectionSizeHint(column)));
+            setColumnHidden(column, isShownOnlyWithText(column) && widestText(column) == 0);
+            header->resizeSection(column, std::max(sizeHintForColumn(column), headerWidth(column)));
         }
     }
 }
 
-// Of all rows, also of those that are not in sight now.
-int RunListView::sizeHintForColumn(int column) const
+// The style leaves room for the sign of the order in every column, which only one has.
+int RunListView::headerWidth(int column) const
+{
+    const QString text = m_filter->headerData(column, Qt::Horizontal).toString();
+    const int em = fontMetrics().averageCharWidth();
+    const bool isSorted = horizontalHeader()->sortIndicatorSection() == column;
+    return fontMetrics().horizontalAdvance(text) + (isSorted ? 4 * em : 2 * em);
+}
+
+// Pixels, of all rows, also of those that are not in sight now.
+int RunListView::widestText(int column) const
 {
     QSet<QString> measured;
     int width = 0;
@@ -113,11 +129,17 @@ int RunListView::sizeHintForColumn(int column) const
             width = std::max(width, fontMetrics().horizontalAdvance(text));
         }
     }
+    return width;
+}
+
+int RunListView::sizeHintForColumn(int column) const
+{
     const int margin = 2 * (style()->pixelMetric(QStyle::PM_FocusFrameHMargin, nullptr, this) + 1);
-    const int icon = column == Model::StateColumn
-                         ? style()->pixelMetric(QStyle::PM_SmallIconSize, nullptr, this) + margin
-                         : 0;
-    return width + icon + margin + 1;
+    const int icon =
+        column == Model::StateColumn
+            ? style()->pixelMetric(QStyle::PM_SmallIconSize, nullptr, this) + 4 * margin
+            : 0;
+    return widestText(column) + icon + margin + 1;
 }
 
 WindowRun* RunListView::selectedRun() const

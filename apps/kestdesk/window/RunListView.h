@@ -40,6 +40,8 @@ private:
     void arrangeColumns();
     void scheduleFit();
     void fitColumns();
+    int widestText(int column) const;
+    int headerWidth(int column) const;
 
     RunTableModel* m_runs;
     RunFilter* m_filter;

@@ -46,12 +46,14 @@ QString numberText(const ListedRun& row)
     return row.number() > 0 ? QString::number(row.number()) : QString();
 }
 
-// Today's runs need no date.
+// Today's runs need no date, and this year's no year.
 QString startedText(const ListedRun& row)
 {
     const QDateTime time = row.started().toLocalTime();
-    return time.toString(time.date() == QDate::currentDate() ? QStringLiteral("HH:mm:ss")
-                                                             : QStringLiteral("yyyy-MM-dd HH:mm"));
+    const QDate today = QDate::currentDate();
+    return time.toString(time.date() == today                 ? QStringLiteral("HH:mm:ss")
+                         : time.date().year() == today.year() ? QStringLiteral("MM-dd HH:mm")
+                                                              : QStringLiteral("yyyy-MM-dd"));
 }
 
 // Errors count for more than any number of warnings.

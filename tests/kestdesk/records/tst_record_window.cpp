@@ -110,8 +110,8 @@ private Q_SLOTS:
         record.exitCode = 9;
         record.reason = text("was ended by SIGKILL");
         record.lastLines = QStringList{text("<i>last</i>")};
-        record.files = {{m_desk->path("models/a.csv"), 3, text("0123")},
-                        {m_desk->path("models/gone.csv"), 3, text("0123")}};
+        record.files = {{m_desk->path("models/a.csv"), 3, text("0123"), {}},
+                        {m_desk->path("models/gone.csv"), 3, text("0123"), {}}};
         writeFile(m_desk->path("models/a.csv"), "new");
         QVERIFY(folder.writeEnd(record));
         open(number);
@@ -136,7 +136,7 @@ private Q_SLOTS:
         find<QToolButton>("WarningsButton")->setChecked(false);
         waitForRows("messageTable", 2);
         find<QToolButton>("WarningsButton")->setChecked(true);
-        auto* const view = m_window->findChildren<MessageView*>().first();
+        auto* const view = qobject_cast<MessageView*>(table("messageTable")->parentWidget());
         view->setFilter(text("UNKNOWN"));
         waitForRows("messageTable", 1);
         QCOMPARE(cell("messageTable", 0), text("2101: unknown card (a.nec, line 12)"));
@@ -162,22 +162,26 @@ private Q_SLOTS:
         waitForRows("messageTable", 3);
         showPage("Messages");
         auto* const messageTable = table("messageTable");
-        auto* const edit = find<QLineEdit>("messageFindEdit");
+        auto* const edit =
+            messageTable->parentWidget()->findChild<QLineEdit*>(text("messageFindEdit"));
         messageTable->setFocus();
+        messageTable->setCurrentIndex(messageTable->model()->index(2, 2));
         QTest::keyClick(messageTable, Qt::Key_F, Qt::ControlModifier);
         QVERIFY(edit->hasFocus());
         QTest::keyClicks(edit, text("A.NEC"));
-        QTest::keyClick(edit, Qt::Key_Return);
+        QTest::keyClick(edit, Qt::Key_Return); // round about
         QCOMPARE(messageTable->currentIndex().row(), 0);
         QTest::keyClick(edit, Qt::Key_F3);
         QCOMPARE(messageTable->currentIndex().row(), 1);
-        QTest::keyClick(edit, Qt::Key_F3); // round about
+        QTest::keyClick(edit, Qt::Key_F3);
         QCOMPARE(messageTable->currentIndex().row(), 0);
         QTest::keyClick(edit, Qt::Key_F3, Qt::ShiftModifier);
         QCOMPARE(messageTable->currentIndex().row(), 1);
         edit->setText(text("nowhere"));
         QTest::keyClick(edit, Qt::Key_Return);
-        QTRY_COMPARE(find<QLabel>("messageFoundLabel")->text(), text("Not found"));
+        QTRY_COMPARE(
+            messageTable->parentWidget()->findChild<QLabel*>(text("messageFoundLabel"))->text(),
+            text("Not found"));
     }
 
     void runThatGoesOnIsFollowed()
@@ -282,12 +286,12 @@ private Q_SLOTS:
         showPage("Output");
         waitForRows("outputTable", count);
         QCOMPARE(cell("outputTable", count - 1), text("line 299999 of the output"));
-        const QList<MessageView*> views = m_window->findChildren<MessageView*>();
-        views.last()->setFilter(text("99999"));
+        auto* const view = qobject_cast<MessageView*>(table("outputTable")->parentWidget());
+        view->setFilter(text("99999"));
         waitForRows("outputTable", 3);
-        views.last()->setFilter(QString());
+        view->setFilter(QString());
         waitForRows("outputTable", count);
-        auto* const edit = views.last()->findChild<QLineEdit*>(text("messageFindEdit"));
+        auto* const edit = view->findChild<QLineEdit*>(text("messageFindEdit"));
         edit->setText(text("line 299998 "));
         QTest::keyClick(edit, Qt::Key_Return);
         QTRY_COMPARE_WITH_TIMEOUT(table("outputTable")->currentIndex().row(), 299998, longTime);

@@ -50,9 +50,10 @@ private Q_SLOTS:
         run.program = QStringLiteral("/bin/sh");
         run.workingDirectory = models;
         run.installation = folder.path();
-        run.environment = {QStringLiteral("COLOUR=dark  blue"), QStringLiteral("nonsense")};
-        run.arguments = {QStringLiteral("-c"),
-                         QStringLiteral("pwd; echo \"$COLOUR\" \"$KEST_HOME\"")};
+        run.environment =
+            QStringList{QStringLiteral("COLOUR=dark  blue"), QStringLiteral("nonsense")};
+        run.arguments = QStringList{QStringLiteral("-c"),
+                                    QStringLiteral("pwd; echo \"$COLOUR\" \"$KEST_HOME\"")};
         QProcess shell;
         shell.start(QStringLiteral("/bin/sh"), {QStringLiteral("-c"), ShellCommand::of(run)});
         QVERIFY(shell.waitForFinished(30000));
@@ -66,8 +67,8 @@ private Q_SLOTS:
         RunRecord run = record();
         run.folder = QStringLiteral("/records/7");
         run.machinesCopy = QStringLiteral("machines.kest");
-        run.arguments = {QStringLiteral("--machines-file"), QStringLiteral("--machines-file"),
-                         QStringLiteral("/gone")};
+        run.arguments = QStringList{QStringLiteral("--machines-file"),
+                                    QStringLiteral("--machines-file"), QStringLiteral("/gone")};
         QCOMPARE(ShellCommand::of(run),
                  QStringLiteral("cd / && /bin/echo --machines-file --machines-file "
                                 "/records/7/machines.kest"));
