@@ -116,7 +116,8 @@ private Q_SLOTS:
         ArchiveStage::write(result, "1,2\n");
         begin();
         RunRecord record = end();
-        record.files = {{result, 4, QString()}, {QStringLiteral("/gone"), -1, QString()}};
+        record.files = {{result, 4, QString(), QString()},
+                        {QStringLiteral("/gone"), -1, QString(), QString()}};
         QSignalSpy finished(m_writer.get(), &RecordWriter::finished);
         m_writer->finish(record, limits);
         QTRY_COMPARE_WITH_TIMEOUT(finished.size(), 1, longTime);

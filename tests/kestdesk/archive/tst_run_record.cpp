@@ -30,8 +30,9 @@ RunRecord fullRecord()
     }
     record.launchOptions = {{QStringLiteral("A"), QStringLiteral("1"), QStringLiteral("2")},
                             {QStringLiteral("B"), QString(), QString()}};
-    record.files = {{QStringLiteral("/a b/c.csv"), 5000000000, QStringLiteral("abc")},
-                    {QStringLiteral("/gone"), -1, QString()}};
+    record.files = {
+        {QStringLiteral("/a b/c.csv"), 5000000000, QStringLiteral("abc"), QStringLiteral("copy")},
+        {QStringLiteral("/gone"), -1, QString(), QString()}};
     record.started = QDateTime({2026, 3, 1}, {12, 0, 0, 123}, Qt::UTC);
     record.ended = record.started.addMSecs(86400001);
     record.duration = 5000000001;

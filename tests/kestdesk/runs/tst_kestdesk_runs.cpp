@@ -357,8 +357,9 @@ private Q_SLOTS:
                   "' > m.csv; echo '-*-file-*-m.csv'; echo '-*-total-percentage-*-100%'\n");
         writeFile(m_desk->path("models/m.nec"), "x");
         QCOMPARE(m_desk->run({text("--non-interactive"), text("m.nec")}).exitCode, 0);
-        QCOMPARE(json({text("show"), text("--json")}).value(text("files"))[0][text("copy")].toString(),
-                 text("table-1.csv"));
+        QCOMPARE(
+            json({text("show"), text("--json")}).value(text("files"))[0][text("copy")].toString(),
+            text("table-1.csv"));
         QCOMPARE(contentOf(m_stage->path(text("user/kest/runs/1/table-1.csv"))), table);
     }
 };
