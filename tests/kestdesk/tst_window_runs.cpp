@@ -382,7 +382,8 @@ private Q_SLOTS:
     {
         m_stage->run(m_stage->model("m.nec", "halfway"));
         QCOMPARE(m_stage->state(), text("running"));
-        const QSignalSpy changes(m_stage->window().findChild<WindowRun*>(), &WindowRun::changed);
+        const Run& run = m_stage->window().findChild<WindowRun*>()->run();
+        const QSignalSpy changes(&run, &Run::progressed);
         const QSignalSpy shown(m_stage->find<QTableView>("runList")->model(),
                                &QAbstractItemModel::dataChanged);
         QTRY_COMPARE_WITH_TIMEOUT(m_stage->cell(0, "Progress"), text("50 %"), longTime);

@@ -144,12 +144,12 @@ void BatchReport::showOutcome(const Run& run, int number)
 {
     const RunOutcome& outcome = run.outcome();
     const Terminal::Colour colour = outcomeColours[static_cast<int>(outcome.kind())];
-    if (!outcome.reason().isEmpty()) {
-        writeLine(run, QStringLiteral("%1 %2").arg(run.componentName(), outcome.reason()), colour);
-    }
     if (number > 0 && outcome.kind() != RunOutcome::Kind::Valid) {
         writeLine(run,
                   QStringLiteral("\"kestdesk runs show %1\" shows this run again").arg(number));
+    }
+    if (!outcome.reason().isEmpty()) {
+        writeLine(run, QStringLiteral("%1 %2").arg(run.componentName(), outcome.reason()), colour);
     }
     m_output->writeLine(QStringLiteral("%1: %2").arg(nameOf(run), outcome.word()), colour);
 }

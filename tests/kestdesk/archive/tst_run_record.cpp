@@ -62,7 +62,7 @@ private Q_SLOTS:
         QVERIFY(read->readEnd(record.endToJson()));
         QCOMPARE(read->startToJson(), record.startToJson());
         QCOMPARE(read->endToJson(), record.endToJson());
-        QCOMPARE(record.startToJson().size(), 26);
+        QCOMPARE(record.startToJson().size(), 27);
         QCOMPARE(record.endToJson().size(), 17);
         QCOMPARE(read->files.at(0).size, Q_INT64_C(5000000000));
         QCOMPARE(read->duration, Q_INT64_C(5000000001));
@@ -81,7 +81,7 @@ private Q_SLOTS:
                 QString::fromUtf8(QJsonDocument(QJsonArray{value}).toJson(QJsonDocument::Compact)));
         }
         QCOMPARE(values.size(), json.size());
-        QCOMPARE(json.size(), 26 + 17 + 2);
+        QCOMPARE(json.size(), 27 + 17 + 2);
     }
 
     void everyEndHasItsWord_data()

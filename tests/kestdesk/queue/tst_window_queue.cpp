@@ -121,6 +121,8 @@ private Q_SLOTS:
         startWaitingRun();
         m_stage->run(m_stage->model("c.nec", "valid"));
         QCOMPARE(list()->count(), 3);
+        // A run without a record would stay in the file of the queue.
+        QTRY_VERIFY_WITH_TIMEOUT(!m_stage->cell(0, "No.").isEmpty(), longTime);
         m_stage->close();
         // As if the process had ended with the window.
         const QDir user(m_stage->desk().path("user"));
