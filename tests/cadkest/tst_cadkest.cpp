@@ -247,7 +247,7 @@ private Q_SLOTS:
             QTest::newRow(arguments) << text(arguments) << text(reason);
         };
         row("--non-interactive", "no model");
-        row("--non-interactive ", "no model"); // an empty name
+        row("--non-interactive ", "the name of a model is empty");
         row("--non-interactive yagi yagi", "more than one");
         row("--non-interactive yagi --size 100", "is no size");
         row("--non-interactive yagi --size 0x100", "is no size");

@@ -232,7 +232,7 @@ void tst_optkest_input::failingHostIsNamed()
     const QStringList errors = result.bodies(text("error"));
     QCOMPARE(errors.size(), 1);
     QVERIFY2(
-        errors.first().startsWith(text("ERROR 2611: tune.nec: run 3 on node-1.invalid failed, ")),
+        errors.first().startsWith(text("ERROR 2611: tune.nec: run 3 on the host 'node-1.invalid' failed, ")),
         qPrintable(errors.first()));
     QVERIFY(errors.first().contains(text("no way to the host")));
     QCOMPARE(model.processCount(), 0);

@@ -305,6 +305,8 @@ private Q_SLOTS:
         EditorWindow window{QString()};
         QMimeData data;
         data.setUrls({QUrl::fromLocalFile(m_path), QUrl::fromLocalFile(m_path + QLatin1Char('2'))});
+        QDragEnterEvent enter({9, 9}, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+        QCoreApplication::sendEvent(&window, &enter);
         QDropEvent drop({9, 9}, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
         QCoreApplication::sendEvent(&window, &drop);
         QCOMPARE(window.findChild<DeckEditor*>()->deck().toUtf8(), goodDeck);

@@ -132,7 +132,9 @@ void tst_hosts::verifyOldResults() const
 {
     QCOMPARE(readFile(path(text("long.out"))), QByteArray("old output"));
     QCOMPARE(readFile(path(text("long.csv"))), QByteArray("old table"));
-    QCOMPARE(QDir(m_folder->path()).entryList({text("long*")}, QDir::Files).size(), 3);
+    QStringList files = QDir(m_folder->path()).entryList({text("long*")}, QDir::Files);
+    files.removeAll(text("long.partial")); // what a run that was cut off has kept
+    QCOMPARE(files.size(), 3);
 }
 
 void tst_hosts::resultIsThatOfOneHost_data()

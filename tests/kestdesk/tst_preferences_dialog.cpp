@@ -40,7 +40,12 @@ private:
     QString settingsFile() const { return m_stage->desk().path("user/kestdesk.ini"); }
 
 private Q_SLOTS:
-    void init() { setUp(); }
+    void init()
+    {
+        setUp();
+        QVERIFY(QFile::remove(settingsFile())); // the file of somebody who has changed nothing
+    }
+
     void cleanup() { tearDown(); }
 
     void eachSettingHasAnEditorThatShowsItsValue()

@@ -63,7 +63,7 @@ private Q_SLOTS:
             dialog.reject();
         });
         m_stage->find<QPushButton>("welcomeOpenButton")->click();
-        QCOMPARE(title, text("Open a model"));
+        QCOMPARE(title, text("Open models"));
     }
 
     void sampleIsCopiedForTheUser()

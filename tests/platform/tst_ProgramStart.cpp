@@ -59,9 +59,11 @@ int exitCodeOf(qint64 process)
 // Orphans that were adopted stay in the system's list until they are asked.
 bool isAnythingLeft()
 {
-    while (::waitpid(-1, nullptr, WNOHANG) > 0) {
-    }
-    return Descendants::areAlive();
+    pid_t reaped = 0;
+    do {
+        reaped = ::waitpid(-1, nullptr, WNOHANG);
+    } while (reaped > 0);
+    return reaped == 0 || Descendants::areAlive();
 }
 
 // QTRY_VERIFY would wait three times as long for what never comes, and so longer than a test

@@ -3,6 +3,8 @@
 #include <NativeRun.h>
 #include <TerminalRun.h>
 
+#include <common_Contrast.h>
+
 #include <QImage>
 #include <QPainter>
 #include <QSvgRenderer>
@@ -29,7 +31,8 @@ int countOf(const QImage& image, const QColor& colour)
 
 const QColor firstColour(0, 114, 178);
 
-const QColor secondColour(213, 94, 0);
+// Orange would be too pale on white.
+const QColor secondColour = common_Contrast::readable(QColor(213, 94, 0), Qt::white);
 
 } // namespace
 

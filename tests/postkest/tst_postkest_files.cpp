@@ -23,7 +23,6 @@ private Q_SLOTS:
         // clang-format off
         QTest::newRow("missing")       << text("none.csv")  << QByteArray()                   << text("none.csv: No such file");
         QTest::newRow("folder")        << text(".")         << QByteArray()                   << text("it is a folder");
-        QTest::newRow("no name")       << text("")          << QByteArray()                   << text("no file is named");
         QTest::newRow("empty")         << text("bad.csv")   << QByteArray("")                 << text("bad.csv: it is no table of results");
         QTest::newRow("header only")   << text("bad.csv")   << header                         << text("it holds no results");
         QTest::newRow("other columns") << text("bad.csv")   << QByteArray("f,r\n1,2\n")       << text("its first line should be");
@@ -52,6 +51,15 @@ private Q_SLOTS:
         QCOMPARE(contentOf(path("out.png")), QByteArray("old picture"));
         QCOMPARE(files(), before);
     }
+    void emptyNameIsRefused()
+    {
+        const Answer answer =
+            batch({text("second.csv"), QString(), text("--output"), text("out.png")});
+        QCOMPARE(answer.exitCode, 2);
+        QVERIFY2(answer.errors.contains(text("is empty")), qPrintable(answer.errors));
+        QVERIFY(!QFile::exists(path("out.png")));
+    }
+
     void pipeIsNotWaitedFor()
     {
         QCOMPARE(::mkfifo(path("pipe.csv").toLocal8Bit().constData(), 0600), 0);

@@ -182,6 +182,7 @@ void tst_common_KestProcessDialogRuns_stopping::keysThatSlipStopNothing()
     QFETCH(bool, closesDetails);
     const DialogStage stage;
     QVERIFY(stage.run(words(asleep)));
+    QApplication::setActiveWindow(stage.dialog);
     QVERIFY(QTest::qWaitForWindowActive(stage.dialog));
     if (closesDetails) {
         stage.openDetails();
@@ -201,6 +202,7 @@ void tst_common_KestProcessDialogRuns_stopping::stopIsReachedByTheKeyboard()
 {
     const DialogStage stage;
     QVERIFY(stage.run(words(asleep)));
+    QApplication::setActiveWindow(stage.dialog);
     QVERIFY(QTest::qWaitForWindowActive(stage.dialog));
     QTest::keyClick(stage.dialog->focusWidget(), Qt::Key_Tab);
     QVERIFY(stage.stop()->hasFocus());

@@ -144,7 +144,9 @@ void BatchReport::showOutcome(const Run& run, int number)
 {
     const RunOutcome& outcome = run.outcome();
     const Terminal::Colour colour = outcomeColours[static_cast<int>(outcome.kind())];
-    if (number > 0 && outcome.kind() != RunOutcome::Kind::Valid) {
+    const bool needsExplanation =
+        outcome.kind() == RunOutcome::Kind::Fault || outcome.kind() == RunOutcome::Kind::NotStarted;
+    if (number > 0 && needsExplanation) {
         writeLine(run,
                   QStringLiteral("\"kestdesk runs show %1\" shows this run again").arg(number));
     }

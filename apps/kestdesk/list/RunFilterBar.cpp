@@ -23,6 +23,8 @@ const struct { const char* text; std::optional<State> state; } stateRows[] = {
 };
 // clang-format on
 
+constexpr int shortestState = 4; // characters that a narrow window shows of a state
+
 } // namespace
 
 RunFilterBar::RunFilterBar(RunFilter* filter, QWidget* parent) : QWidget(parent), m_filter(filter)
@@ -54,6 +56,8 @@ void RunFilterBar::makeState()
     m_state->setObjectName(QStringLiteral("runStateBox"));
     m_state->setAccessibleName(QStringLiteral("State of the runs"));
     m_state->setToolTip(QStringLiteral("Show only runs in this state"));
+    m_state->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
+    m_state->setMinimumContentsLength(shortestState);
     for (const auto& row : stateRows) {
         m_state->addItem(QLatin1String(row.text));
     }
@@ -65,7 +69,7 @@ void RunFilterBar::makeGrouping()
 {
     m_grouping = new QToolButton(this);
     m_grouping->setObjectName(QStringLiteral("groupRunsButton"));
-    m_grouping->setText(QStringLiteral("Group by model"));
+    m_grouping->setText(QStringLiteral("Group"));
     m_grouping->setToolTip(QStringLiteral("Keep the runs of a model together"));
     m_grouping->setCheckable(true);
     connect(m_grouping, &QToolButton::toggled, m_filter, &RunFilter::setGrouped);

@@ -18,7 +18,7 @@ RunListPart::RunListPart(RunTableModel* runs, RunArchive archive, QWidget* paren
     , m_archive(new ArchiveWatch(std::move(archive), this))
     , m_list(new RunListView(runs, this))
     , m_filter(new RunFilterBar(m_list->filter(), this))
-    , m_label(new QLabel(QStringLiteral("Runs &to date:"), this))
+    , m_label(new QLabel(QStringLiteral("His&tory:"), this))
     , m_count(new QLabel(this))
 {
     m_label->setBuddy(m_list);
@@ -32,7 +32,6 @@ RunListPart::RunListPart(RunTableModel* runs, RunArchive archive, QWidget* paren
     layout->setContentsMargins(0, 0, 0, 0);
     layout->addLayout(head);
     layout->addWidget(m_list, 1);
-    setTabOrder(m_filter->lastControl(), m_list);
     connect(m_archive, &ArchiveWatch::changed, m_runs, &RunTableModel::setRecords);
     connect(m_archive, &ArchiveWatch::removed, m_runs, &RunTableModel::removeRecords);
     for (const auto signal :
@@ -41,6 +40,11 @@ RunListPart::RunListPart(RunTableModel* runs, RunArchive archive, QWidget* paren
         connect(m_runs, signal, this, &RunListPart::updateCount);
     }
     connect(m_list->filter(), &QAbstractItemModel::modelReset, this, &RunListPart::updateCount);
+}
+
+void RunListPart::orderTabs()
+{
+    setTabOrder(m_filter->lastControl(), m_list);
 }
 
 void RunListPart::addButton(QWidget* button)

@@ -21,6 +21,10 @@ public:
 
     void addButton(QWidget* button);
 
+    /// Lets the tab key reach the filter before the list. To be called when this has its place in the
+    /// window.
+    void orderTabs();
+
     RunListView* list() const { return m_list; }
     ArchiveWatch* archive() const { return m_archive; }
 

@@ -72,6 +72,6 @@ void ModelLock::removeLeft()
     const QDir folder = lockFolder();
     const QStringList names = folder.entryList({QStringLiteral("*.lock")}, QDir::Files);
     for (const QString& name : names) {
-        makeLock(folder.filePath(name))->removeStaleLockFile();
+        (void)makeLock(folder.filePath(name))->tryLock(0); // takes over what a dead process has left
     }
 }

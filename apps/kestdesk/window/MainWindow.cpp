@@ -97,6 +97,7 @@ void MainWindow::makeContent()
     m_runDesk->listPart()->addButton(m_applications->makeResultsButton(content));
     layout->addWidget(m_runDesk->listPart(), 1);
     setCentralWidget(content);
+    m_runDesk->listPart()->orderTabs();
     makeOutcomeLabel();
     GET_SERVICE(common_HelpClient)->registerPage(this, applicationName);
 }

@@ -25,7 +25,7 @@ RunRecord fullRecord()
     }
     for (int* number : {&record.cores, &record.segments, &record.frequencies, &record.processes,
                         &record.exitCode, &record.totalPercentage, &record.errors, &record.warnings,
-                        &record.notices, &record.omittedLines}) {
+                        &record.notices, &record.omittedLines, &record.repeats}) {
         *number = next++;
     }
     record.launchOptions = {{QStringLiteral("A"), QStringLiteral("1"), QStringLiteral("2")},

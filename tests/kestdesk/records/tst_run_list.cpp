@@ -263,7 +263,7 @@ private Q_SLOTS:
         QCOMPARE(m_stage->runCount(), 2);
         trigger("clearAction");
         QCOMPARE(column("Model"), QStringList(text("m.nec")));
-        QCOMPARE(m_records->archive().numbers().size(), 2);
+        QTRY_COMPARE_WITH_TIMEOUT(m_records->archive().numbers().size(), 2, longTime);
         trigger("showAllRunsAction");
         QCOMPARE(m_stage->runCount(), 2);
         m_stage->endRuns(SIGTERM);
@@ -321,6 +321,7 @@ private Q_SLOTS:
         m_stage->run(m_stage->model("m.nec", "valid"));
         QTRY_COMPARE_WITH_TIMEOUT(m_stage->state(), text("valid"), longTime);
         QTRY_VERIFY_WITH_TIMEOUT(m_records->archive().record(1)->hasEnded(), longTime);
+        QTRY_COMPARE_WITH_TIMEOUT(m_stage->cell(0, "No."), text("1"), longTime);
         m_stage->model("m.nec", "fault");
         list()->selectRow(0);
         const BoxAnswerer answerer(BoxAnswerer::clicking(button));
