@@ -37,11 +37,14 @@ private Q_SLOTS:
         Desk desk;
         QVERIFY(QFile::link(text(FAKE_COMPONENT), desk.path("home/bin/runkest")));
         const RunArchive archive(desk.path("user/runs"));
-        writeFile(desk.path("models/m.nec"), "files");
+        for (const char* const name : {"models/a.nec", "models/b.nec", "models/c.nec"}) {
+            writeFile(desk.path(name), "files");
+        }
         int interrupted = 0;
         for (int attempt = 0; attempt < attempts; ++attempt) {
             QProcess process;
-            desk.start(process, {text("--non-interactive"), text("m.nec"), text("m.nec")});
+            desk.start(process, {text("--non-interactive"), text("--jobs"), text("2"),
+                                 text("a.nec"), text("b.nec"), text("a.nec"), text("c.nec")});
             QTest::qSleep(QRandomGenerator::global()->bounded(longest));
             process.kill();
             QVERIFY(process.waitForFinished(30000));
