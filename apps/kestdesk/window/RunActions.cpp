@@ -2,6 +2,8 @@
 
 #include "ArchiveWatch.h"
 #include "Descendants.h"
+#include "RecordExport.h"
+#include "RecordFolder.h"
 #include "RunFilter.h"
 #include "RunListPart.h"
 #include "RunListView.h"
@@ -14,6 +16,7 @@
 #include <QAction>
 #include <QClipboard>
 #include <QDesktopServices>
+#include <QFileDialog>
 #include <QFileInfo>
 #include <QGuiApplication>
 #include <QMenu>
@@ -65,6 +68,19 @@ bool hasCommand(const ListedRun& run)
     return !run.record.program.isEmpty();
 }
 
+// Where the user wants the export; empty for nowhere.
+QString exportFile(const RunRecord& record, QWidget* window)
+{
+    const QFileInfo model(record.model);
+    const QString usual =
+        QStringLiteral("%1/%2-run%3.zip")
+            .arg(model.path(), model.completeBaseName(), QString::number(record.number));
+    const QString suffix = QStringLiteral(".zip");
+    const QString file = QFileDialog::getSaveFileName(window, QStringLiteral("Export the record"),
+                                                      usual, QStringLiteral("Zip files (*.zip)"));
+    return file.isEmpty() || file.endsWith(suffix) ? file : file + suffix;
+}
+
 bool agreesToDelete(const QVector<ListedRun>& runs, QWidget* window)
 {
     QStringList lines;
@@ -104,6 +120,7 @@ const RunActions::Row RunActions::rows[] = {
     {"runAgainAction",    "Run &again exactly",     "Ctrl+F5",      "Run the same command with the same options on the same model",                    true,  &RunActions::runAgain},
     {"openFolderAction",  "Open f&older",           "",             "Show the model's folder in the file manager",                                    true,  &RunActions::openFolders},
     {"copyCommandAction", "Copy comma&nd",          "Ctrl+Shift+C", "Copy the command of the selected runs for a terminal",                           true,  &RunActions::copyCommands},
+    {"exportRunAction",   "E&xport record...",      "",             "Put all that is kept of the selected run, and its results, into one zip file for somebody else", true, &RunActions::exportRecord},
     {"deleteRunsAction",  "De&lete records...",     "Del",     "Delete the records of the selected runs; models and results stay",               true,  &RunActions::deleteRecords},
     {"findRunsAction",    "F&ilter runs",           "Ctrl+F",       "Show only some of the runs",                                                     false, &RunActions::focusFilter},
     {"showAllRunsAction", "Sho&w all runs",         "",             "Show all runs again that were filtered or cleared",                              false, &RunActions::showAll},
@@ -151,9 +168,35 @@ void RunActions::update()
     const bool isRecorded = std::any_of(runs.begin(), runs.end(), hasRecord);
     action("showRecordAction")->setEnabled(isRecorded);
     action("runAgainAction")->setEnabled(runs.size() == 1 && isRecorded);
+    action("exportRunAction")->setEnabled(runs.size() == 1 && isRecorded);
     action("openFolderAction")->setEnabled(!runs.isEmpty());
     action("copyCommandAction")->setEnabled(std::any_of(runs.begin(), runs.end(), hasCommand));
     action("deleteRunsAction")->setEnabled(!endedOf(runs).isEmpty());
+}
+
+// What is there by now is exported, whatever the list knows of a run that still goes.
+void RunActions::exportRecord()
+{
+    const QVector<ListedRun> runs = m_part->list()->selectedRuns();
+    if (runs.size() != 1 || !hasRecord(runs.first())) {
+        return;
+    }
+    const RunRecord listed = runs.first().record;
+    const QString file = exportFile(listed, m_window);
+    if (file.isEmpty()) {
+        return;
+    }
+    m_disk.post([this, listed, file](const DiskThread::Answer& answer) {
+        RunRecord record = RecordFolder(listed.folder).read().value_or(listed);
+        record.number = listed.number;
+        QString problem;
+        const bool isExported = RecordExport::exportRecord(record, file, problem);
+        const QString text =
+            isExported
+                ? QStringLiteral("Run %1 was exported to %2").arg(record.number).arg(file)
+                : QStringLiteral("Run %1 was not exported: %2").arg(record.number).arg(problem);
+        answer([this, text] { Q_EMIT reported(suite::visibleText(text)); });
+    });
 }
 
 void RunActions::showRecords()

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "DiskThread.h"
 #include "ListedRun.h"
 
 #include <QObject>
@@ -37,6 +38,7 @@ private:
     void runAgain();
     void openFolders();
     void copyCommands();
+    void exportRecord();
     void deleteRecords();
     void showAll();
     void focusFilter();
@@ -44,4 +46,5 @@ private:
 
     RunListPart* m_part;
     QWidget* m_window;
+    DiskThread m_disk; ///< the last member: its jobs use the others
 };
