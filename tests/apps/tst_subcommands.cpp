@@ -61,15 +61,16 @@ private Q_SLOTS:
 
     void usageIsTheTable()
     {
-        QCOMPARE(group().usage(), text("Usage: program things COMMAND\n"
-                                       "  list                                show all of them\n"
-                                       "  show [--flag]                       show one of them\n"
-                                       "  get NAME                            show its value\n"
-                                       "  set [--wait SECONDS] NAME=VALUE...  change its value\n"
-                                       "  find [--state WORD] [--flag] [--wait SECONDS] A B [NAME]\n"
-                                       "                                      find some of them\n"
-                                       "  drop [--flag] [NAME...]             drop some of them\n"
-                                       "  Values are kept.\n"));
+        QCOMPARE(group().usage(),
+                 text("Usage: program things COMMAND\n"
+                      "  list                                show all of them\n"
+                      "  show [--flag]                       show one of them\n"
+                      "  get NAME                            show its value\n"
+                      "  set [--wait SECONDS] NAME=VALUE...  change its value\n"
+                      "  find [--state WORD] [--flag] [--wait SECONDS] A B [NAME]\n"
+                      "                                      find some of them\n"
+                      "  drop [--flag] [NAME...]             drop some of them\n"
+                      "  Values are kept.\n"));
     }
 
     void commandsGetTheirWords_data()
@@ -134,8 +135,7 @@ private Q_SLOTS:
         row(4, "a b --state", "--state takes a word");
         row(4, "a b --state=", "--state takes a word");
         row(4, "--state x a b --state x", "--state is given twice");
-        row(4, "--flag --wait 0 a b",
-            "--wait takes whole seconds from 1 to 60, and not \"0\"");
+        row(4, "--flag --wait 0 a b", "--wait takes whole seconds from 1 to 60, and not \"0\"");
         row(5, "--wait", "unknown option \"--wait\"");
         row(3, "--flag=1 a=1", "unknown option \"--flag\"");
     }

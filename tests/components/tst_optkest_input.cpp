@@ -231,9 +231,9 @@ void tst_optkest_input::failingHostIsNamed()
     QCOMPARE(result.exitCode, 1);
     const QStringList errors = result.bodies(text("error"));
     QCOMPARE(errors.size(), 1);
-    QVERIFY2(
-        errors.first().startsWith(text("ERROR 2611: tune.nec: run 3 on the host 'node-1.invalid' failed, ")),
-        qPrintable(errors.first()));
+    QVERIFY2(errors.first().startsWith(
+                 text("ERROR 2611: tune.nec: run 3 on the host 'node-1.invalid' failed, ")),
+             qPrintable(errors.first()));
     QVERIFY(errors.first().contains(text("no way to the host")));
     QCOMPARE(model.processCount(), 0);
     QVERIFY(!QFile::exists(model.path("tune_opt.nec")));

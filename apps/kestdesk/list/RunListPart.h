@@ -21,8 +21,8 @@ public:
 
     void addButton(QWidget* button);
 
-    /// Lets the tab key reach the filter before the list. To be called when this has its place in the
-    /// window.
+    /// Lets the tab key reach the filter before the list. To be called when this has its place in
+    /// the window.
     void orderTabs();
 
     RunListView* list() const { return m_list; }

@@ -72,6 +72,7 @@ void ModelLock::removeLeft()
     const QDir folder = lockFolder();
     const QStringList names = folder.entryList({QStringLiteral("*.lock")}, QDir::Files);
     for (const QString& name : names) {
-        (void)makeLock(folder.filePath(name))->tryLock(0); // takes over what a dead process has left
+        (void)makeLock(folder.filePath(name))
+            ->tryLock(0); // takes over what a dead process has left
     }
 }

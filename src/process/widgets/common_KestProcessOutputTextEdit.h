@@ -15,8 +15,8 @@ struct common_LineStyle;
 /// event loop's turn. Only what is in view is laid out, so a hidden view costs no more than its
 /// text.
 ///
-/// On a dark base colours are drawn in lighter shades that can be read there; the document, and what
-/// is copied from it, has the lines' own colours.
+/// On a dark base colours are drawn in lighter shades that can be read there; the document, and
+/// what is copied from it, has the lines' own colours.
 class common_KestProcessOutputTextEdit : public QTextEdit
 {
     Q_OBJECT
