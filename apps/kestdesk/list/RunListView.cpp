@@ -139,7 +139,7 @@ int RunListView::sizeHintForColumn(int column) const
         column == Model::StateColumn
             ? style()->pixelMetric(QStyle::PM_SmallIconSize, nullptr, this) + 4 * margin
             : 0;
-    return widestText(column) + icon + margin + 1;
+    return widestText(column) + icon + 2 * margin;
 }
 
 WindowRun* RunListView::selectedRun() const
