@@ -47,7 +47,7 @@ void tst_runkest_partial::completeFileNeedsNoEngine()
     QVERIFY(m_sweep->keepSome());
     QProcess process;
     m_sweep->start(process, {text("--resume")}, m_sweep->slowEnvironment(0.1));
-    QVERIFY(m_sweep->waitForRows(BrokenSweep::frequencies - 1));
+    QVERIFY(m_sweep->waitForRows(BrokenSweep::frequencies - 3)); // the last ones may come at once
     // A folder in the place of a result lets the run fail when it replaces that.
     QVERIFY(QDir(m_sweep->folder()).mkdir(text("m.csv")));
     QVERIFY(process.waitForFinished());

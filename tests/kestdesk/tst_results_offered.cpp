@@ -161,7 +161,7 @@ private Q_SLOTS:
         QList<QAction*> expected;
         for (const char* const name :
              {"showRunAction", "showRecordAction", "runAgainAction", "openFolderAction",
-              "copyCommandAction", "deleteRunsAction", "showResultsAction"}) {
+              "copyCommandAction", "exportRunAction", "deleteRunsAction", "showResultsAction"}) {
             expected.append(m_stage->find<QAction>(name));
         }
         QCOMPARE(list->actions(), expected);

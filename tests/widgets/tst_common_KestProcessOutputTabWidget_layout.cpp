@@ -34,7 +34,37 @@ private Q_SLOTS:
     void isCompleteBeforeTheTurnEnds();
     void laysOutWhenPaintedInTheMiddleOfATurn();
     void scrollsNotWhilePainting();
+    void textAboutAsHighAsTheViewFreezesNothing_data();
+    void textAboutAsHighAsTheViewFreezesNothing();
 };
+
+void tst_common_KestProcessOutputTabWidget_layout::textAboutAsHighAsTheViewFreezesNothing_data()
+{
+    QTest::addColumn<int>("wordLength");
+    for (int length = 1; length <= 25; length += 3) {
+        QTest::addRow("words of %d", length) << length;
+    }
+}
+
+// The scroll bar comes, takes room, and lines wrap that fitted before.
+void tst_common_KestProcessOutputTabWidget_layout::textAboutAsHighAsTheViewFreezesNothing()
+{
+    QFETCH(int, wordLength);
+    const DialogStage stage;
+    stage.runner->start();
+    stage.openDetails();
+    stage.tabs()->setCurrentIndex(0);
+    const QString word = QString(wordLength, QLatin1Char('w')) + QLatin1Char(' ');
+    constexpr int lines = 40;
+    for (int line = 1; line <= lines; ++line) {
+        stage.runner->output(word.repeated((60 + 7 * line) / word.size()));
+        QCoreApplication::processEvents();
+    }
+    const QScrollBar* const bar = stage.output()->verticalScrollBar();
+    QVERIFY(bar->maximum() > 0);
+    QCOMPARE(bar->value(), bar->maximum());
+    QCOMPARE(stage.output()->document()->blockCount(), lines);
+}
 
 void tst_common_KestProcessOutputTabWidget_layout::laysOutNothingThatIsFolded()
 {

@@ -17,6 +17,7 @@ namespace {
 
 // More laid out blocks than fit into any window, and few enough to take little memory.
 constexpr std::size_t mostLayouts = 1000;
+constexpr int mostMeasuredAtOnce = 500; // blocks: more than a view has lines
 
 // What a child prints may ask for fonts of any size.
 constexpr qreal greatestLineHeight = 1000;
@@ -248,6 +249,22 @@ void common_KestProcessOutputLayout::estimateAll()
     m_laidOut.clear();
     m_widest = 0;
     m_heights.estimate(measureLine());
+    measureAllIfFew();
+}
+
+void common_KestProcessOutputLayout::measureFew()
+{
+    m_measuresFew = true;
+}
+
+void common_KestProcessOutputLayout::measureAllIfFew()
+{
+    if (!m_measuresFew || m_heights.count() > mostMeasuredAtOnce) {
+        return;
+    }
+    for (int number = 0; number < m_heights.count(); ++number) {
+        ensureLaidOut(document()->findBlockByNumber(number));
+    }
 }
 
 // Text is nearly always appended, to the last block or behind it. After any other change all

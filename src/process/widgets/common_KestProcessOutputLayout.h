@@ -33,6 +33,11 @@ public:
     /// Lays out the blocks between the two positions. Returns whether any was not laid out before.
     bool layOut(qreal top, qreal bottom);
 
+    /// From now on a new width measures all blocks of a short text at once. A text that is about as
+    /// high as its view needs that: if estimated heights were too high where measured ones are not,
+    /// the scroll bar would come and go for ever, since each time changes the width.
+    void measureFew();
+
     /// The number of the first block between the two positions whose height is known; -1 when there
     /// is none.
     int firstLaidOut(qreal top, qreal bottom) const;
@@ -46,6 +51,7 @@ protected:
 private:
     common_BlockHeights::Line measureLine() const;
     void estimateAll();
+    void measureAllIfFew();
     void takeChange(int from);
     void announceSize();
     bool isLaidOut(const QTextBlock& block) const;
@@ -62,5 +68,6 @@ private:
     mutable qreal m_widest = 0;
 
     int m_length = 0; ///< of the text, as far as it is known here
+    bool m_measuresFew = false;
     QSizeF m_announcedSize;
 };

@@ -224,8 +224,13 @@ void common_KestProcessOutputTextEdit::layOutView()
     m_isLayingOut = true;
     QScrollBar* const bar = verticalScrollBar();
     const bool wasAtBottom = isAtBottom(bar);
+    constexpr int usualRounds = 5;
+    constexpr int mostRounds = 100; // a view must not freeze, whatever comes
     bool isMoving = true;
-    while (isMoving) {
+    for (int round = 0; isMoving && round < mostRounds; ++round) {
+        if (round == usualRounds) {
+            layout->measureFew();
+        }
         const int top = bar->value();
         const int bottom = top + viewport()->height();
         const int anchor = layout->firstLaidOut(top, bottom);
