@@ -37,7 +37,7 @@ struct Course
     qint64 duration = 0; ///< milliseconds
 };
 
-/// A model with as many frequencies as take some seconds.
+/// A model with as many frequencies as take ten seconds and more.
 struct MeasuredModel
 {
     const char* name;
@@ -45,7 +45,7 @@ struct MeasuredModel
 };
 
 constexpr MeasuredModel models[] = {
-    {"dipole", 1500}, {"yagi", 800}, {"coarse", 1000}, {"monopole", 71}, {"wall", 71},
+    {"dipole", 9000}, {"yagi", 5000}, {"coarse", 6000}, {"monopole", 400}, {"wall", 400},
 };
 
 // Fifteen dipoles side by side: 315 segments.
