@@ -18,7 +18,7 @@ public:
 
     /// Passes on the messages that have come since the last call, at most about that many bytes of
     /// them. False when nothing has come.
-    bool read(const Take& take, qint64 mostBytes = 1024 * 1024);
+    bool read(const Take& take, qint64 mostBytes = 1 << 20);
 
     /// All that are left.
     void readAll(const Take& take);

@@ -16,7 +16,7 @@ namespace {
 using Field = RunComparison::Field;
 using Fields = QVector<Field>;
 
-constexpr qint64 largestText = 64 * 1024 * 1024;
+constexpr qint64 largestText = 64 << 20;
 
 struct FieldRow
 {

@@ -9,7 +9,7 @@ struct RunRecord;
 namespace RecordExport {
 
 /// Bytes of result files that an export has by default.
-constexpr qint64 usualResultBytes = 100 * 1000 * 1000;
+constexpr qint64 usualResultBytes = 100'000'000;
 
 /// Writes a zip file with the record, a summary of it, its messages, the copies of the model and of
 /// the machines file, and the files that the run has written, up to that many bytes. README.txt

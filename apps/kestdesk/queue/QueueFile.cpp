@@ -19,7 +19,7 @@
 
 namespace {
 
-constexpr qint64 mostBytes = 4 * 1024 * 1024;
+constexpr qint64 mostBytes = 4 << 20;
 const QString componentKey = QStringLiteral("component");
 const QString modelKey = QStringLiteral("model");
 const QString optionsKey = QStringLiteral("runOptions");

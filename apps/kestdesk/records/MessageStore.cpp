@@ -5,7 +5,7 @@
 namespace {
 
 constexpr int interval = 500;            // milliseconds between two looks at a file that grows
-constexpr qint64 pieceSize = 256 * 1024; // bytes that are read at once
+constexpr qint64 pieceSize = 256 << 10; // bytes that are read at once
 
 } // namespace
 

@@ -185,7 +185,7 @@ int compare(const SubcommandWords& words)
 
 int exportRun(const SubcommandWords& words)
 {
-    constexpr qint64 megabyte = 1000 * 1000;
+    constexpr qint64 megabyte = 1'000'000;
     RunNumbers numbers(archive());
     const auto record = numbers.record(words.operands().at(0));
     const QString& path = words.operands().at(1);
