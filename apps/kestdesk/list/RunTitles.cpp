@@ -7,7 +7,8 @@
 QString RunTitles::next(const Run& run)
 {
     QString model = suite::visibleFileName(run.model());
-    model.replace(QLatin1String("[*]"), QLatin1String("[*][*]")); // Qt's sign for changes
+    model.replace(QLatin1String("[*]"),
+                  QLatin1String("[*][*]")); // Qt's placeholder for unsaved changes
     const QString component = QStringLiteral(" - ") + run.componentName();
     const int number = ++m_counts[model + component];
     return number == 1 ? model + component
