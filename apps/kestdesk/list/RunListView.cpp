@@ -57,8 +57,7 @@ RunListView::RunListView(RunTableModel* runs, QWidget* parent)
     setWordWrap(false);
     setTextElideMode(Qt::ElideMiddle);
     verticalHeader()->hide();
-    verticalHeader()->setSectionResizeMode(
-        QHeaderView::Fixed); // otherwise each change measures rows
+    verticalHeader()->setSectionResizeMode(QHeaderView::Fixed); // else each change measures rows
     verticalHeader()->setDefaultSectionSize(verticalHeader()->minimumSectionSize());
     arrangeColumns();
     setContextMenuPolicy(Qt::ActionsContextMenu);
