@@ -72,6 +72,6 @@ void ModelLock::removeLeft()
     const QDir folder = lockFolder();
     const QStringList names = folder.entryList({QStringLiteral("*.lock")}, QDir::Files);
     for (const QString& name : names) {
-        (void)makeLock(folder.filePath(name))->tryLock(0); // takes over the lock of a dead process
+        (void)makeLock(folder.filePath(name))->tryLock(0); // takes over a dead process's lock
     }
 }
