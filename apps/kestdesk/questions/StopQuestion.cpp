@@ -80,7 +80,7 @@ StopQuestion::StopQuestion(Deed deed, const QVector<Run*>& runs, QWidget* window
                             QMessageBox::NoButton, window))
 {
     m_box->setObjectName(QStringLiteral("stopQuestion"));
-    m_box->setTextFormat(Qt::PlainText); // names of files are in it
+    m_box->setTextFormat(Qt::PlainText); // contains names of files
     addButtons();
     for (Run* const run : runs) {
         m_runs.append(run);

@@ -10,32 +10,32 @@ class QPushButton;
 class QWidget;
 class Run;
 
-/// A question to the user before runs are stopped, which names them. The Enter and the Escape key
-/// leave them alone. It goes away by itself as soon as the last of the runs has ended.
+/// The question before runs are stopped, with their names. Enter and Escape keep the runs. The
+/// question closes by itself as soon as the last of the runs has ended.
 class StopQuestion : public QObject
 {
     Q_OBJECT
 
 public:
-    /// What the user is asked about.
+    /// The action to confirm.
     enum class Deed {
         Stop,     ///< stop the run
         StopAll,  ///< stop the runs, and quit
-        ForceAll, ///< end by force the runs that did not stop yet, and quit
+        ForceAll, ///< kill the runs that have not stopped yet, and quit
     };
 
     enum class Answer {
         Keep,
         Stop,
-        Ended, ///< the runs have ended before there was an answer
+        Ended, ///< the runs have ended before the answer
     };
 
-    /// Shows the question and waits for the answer. The window may be destroyed meanwhile, and the
-    /// runs with it, which means to keep them.
+    /// Shows the question and returns the answer. Runs an event loop, in which the window and the
+    /// runs may be destroyed: the answer is Keep then.
     static Answer ask(Deed deed, const QVector<Run*>& runs, QWidget* window);
 
-    /// Whether the user wants to be asked before this run is stopped: not when it has just started,
-    /// so that little is lost, or has been asked to stop already.
+    /// Whether the settings ask for a question before this run is stopped. Never for a run that has
+    /// just started, with little to lose, or that has already been asked to stop.
     static bool isWanted(const Run& run, const KestdeskSettings& settings);
 
 private:
@@ -48,6 +48,6 @@ private:
 
     Deed m_deed;
     QVector<QPointer<Run>> m_runs;
-    QPointer<QMessageBox> m_box; ///< the window's child
+    QPointer<QMessageBox> m_box; ///< owned by the window
     QPushButton* m_stop = nullptr;
 };

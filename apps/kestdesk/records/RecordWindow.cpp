@@ -23,7 +23,7 @@
 
 namespace {
 
-constexpr int interval = 1000; // milliseconds between two looks at a run that goes on
+constexpr int interval = 1000; // milliseconds between two reads of a running run's record
 constexpr int usualWidth = 760;
 constexpr int usualHeight = 520;
 
@@ -171,7 +171,7 @@ void RecordWindow::updateTitle()
                        : QStringLiteral("%1: %2").arg(run, suite::visibleFileName(m_record.model)));
 }
 
-// Of the message that is selected, or else of the run.
+// The problem of the selected message, or else of the run.
 QString RecordWindow::problem() const
 {
     if (m_messages != nullptr && m_tabs->currentWidget() == m_messages &&

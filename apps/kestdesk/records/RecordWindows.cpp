@@ -67,7 +67,7 @@ void RecordWindows::cure(const ProblemCures::Cure& cure, const QString& message,
     }
 }
 
-// In the file that the message names, which may be one that the model's folder has beside it.
+// Opens the file that the message names, which may be another file in the model's folder.
 void RecordWindows::openCard(const QString& message, const RunRecord& record)
 {
     const auto line = ProblemCures::lineOf(message);

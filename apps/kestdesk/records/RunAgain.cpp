@@ -18,7 +18,7 @@ QString sentence(QString clause)
     return clause + QLatin1Char('.');
 }
 
-// What there is to choose from depends on what is there.
+// The choices depend on which files exist.
 Choice ask(const RunRecord& record, bool isThere, bool hasCopy, QWidget* window)
 {
     const QString name = suite::visibleFileName(record.model);

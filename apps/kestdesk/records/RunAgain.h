@@ -8,23 +8,23 @@
 #include <QPointer>
 #include <QWidget>
 
-/// Prepares the repetition of a recorded run: reads the record, and asks the user which model is
-/// meant if the model has changed since.
+/// Prepares the repetition of a recorded run: reads the record and, if the model has changed since,
+/// asks the user which version to run.
 class RunAgain : public QObject
 {
     Q_OBJECT
 
 public:
-    /// Questions are shown over the window.
+    /// The window is the parent of questions.
     RunAgain(RunArchive archive, QWidget* window);
 
     void request(int number);
 
 Q_SIGNALS:
-    /// The run can be set up, with that model.
+    /// The run can be set up, with that model's path.
     void ready(const RunRecord& record, const QString& model);
 
-    /// It cannot be repeated: a sentence says why.
+    /// The run cannot be repeated. The problem is a sentence.
     void failed(const QString& problem);
 
 private:

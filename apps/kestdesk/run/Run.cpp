@@ -103,7 +103,7 @@ void Run::onProcessStarted(const QString& /*executable*/, const QStringList& /*a
     setState(State::Running);
 }
 
-// The run ends when the runner is done with the attempt.
+// The run ends when the runner has finished the attempt to start.
 void Run::onFailedProcessStarted(const QString& executable, const QStringList& /*arguments*/,
                                  const QString& errorString)
 {
@@ -136,7 +136,7 @@ void Run::onProcessDone()
 void Run::onExitCodeChanged(int /*exitCode*/)
 {}
 
-// Others may hold the runner for longer than this run lives.
+// Other owners may keep the runner longer than this run exists.
 void Run::releaseRunner()
 {
     stopObserving();
@@ -159,7 +159,7 @@ void Run::setTotalPercentage(int percentage)
     }
 }
 
-// Whether by stop() or by the button of its dialog.
+// By stop() or by the button of the dialog.
 void Run::onStopRequested()
 {
     if (m_stoppedBy.isEmpty()) {

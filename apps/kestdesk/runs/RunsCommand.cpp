@@ -61,7 +61,7 @@ void print(const QJsonObject& json)
     std::fputs(QJsonDocument(json).toJson().constData(), stdout);
 }
 
-// The archive, in which no interrupted run is without its end any more.
+// The archive, after the records of interrupted runs have been completed.
 RunArchive archive()
 {
     RunArchive result = RunArchive::ofUser();
@@ -216,7 +216,7 @@ int report(int removed)
     return exitDone;
 }
 
-// Finds all of the numbers before the first record is deleted.
+// Looks all numbers up before the first record is deleted.
 int cleanNumbers(const QStringList& words)
 {
     const RunArchive runs = archive();
@@ -261,7 +261,7 @@ int cleanAll()
         })));
 }
 
-// Without limits, those of the settings.
+// Uses the limits of the settings if none are given.
 int cleanLimits(const SubcommandWords& words)
 {
     const bool hasLimit = words.has(daysOption.name) || words.has(megabytesOption.name);

@@ -48,7 +48,7 @@ QString numbered(const QVector<int>& numbers)
     return texts.join(QStringLiteral(", "));
 }
 
-// Those that can be deleted.
+// The runs that can be deleted.
 QVector<ListedRun> endedOf(const QVector<ListedRun>& runs)
 {
     QVector<ListedRun> result;
@@ -68,7 +68,7 @@ bool hasCommand(const ListedRun& run)
     return !run.record.program.isEmpty();
 }
 
-// Where the user wants the export; empty for nowhere.
+// The path that the user chooses for the export; empty if the user cancels.
 QString exportFile(const RunRecord& record, QWidget* window)
 {
     const QFileInfo model(record.model);
@@ -150,7 +150,7 @@ void RunActions::addAction(const Row& row, QMenu* menu)
     added->setStatusTip(QLatin1String(row.hint));
     connect(added, &QAction::triggered, this, row.slot);
     if (row.isForRuns) {
-        // A key alone belongs to the text fields, where they have the focus.
+        // A key without modifier belongs to a text field that has the focus.
         const bool isKey = QLatin1String(row.shortcut) == QLatin1String("Del");
         added->setShortcutContext(isKey ? Qt::WidgetShortcut : Qt::WindowShortcut);
         m_part->list()->addAction(added);
@@ -174,7 +174,7 @@ void RunActions::update()
     action("deleteRunsAction")->setEnabled(!endedOf(runs).isEmpty());
 }
 
-// What is there by now is exported, whatever the list knows of a run that still goes.
+// Reads the record again: the list's copy of a running run is not complete.
 void RunActions::exportRecord()
 {
     const QVector<ListedRun> runs = m_part->list()->selectedRuns();
@@ -217,7 +217,7 @@ void RunActions::runAgain()
     }
 }
 
-// Each once. The file manager is not ended with the runs.
+// Opens each folder once. The file manager is not ended with the runs.
 void RunActions::openFolders()
 {
     QStringList folders;
@@ -251,7 +251,7 @@ void RunActions::copyCommands()
                         : QStringLiteral("Copied the commands of %1 runs").arg(commands.size()));
 }
 
-// The runs that are still going are left out, and the question does not name them.
+// Running runs are left out, and the question does not name them.
 void RunActions::deleteRecords()
 {
     const QVector<ListedRun> runs = endedOf(m_part->list()->selectedRuns());

@@ -10,13 +10,13 @@ class QAction;
 class QMenu;
 class RunListPart;
 
-/// What can be done with the runs that are selected in the list, in the menu and in the list's own.
+/// The actions on the selected runs, in the window's menu and in the list's context menu.
 class RunActions : public QObject
 {
     Q_OBJECT
 
 public:
-    /// Adds the actions to the menu and to the list. The part must outlive them.
+    /// Adds the actions to the menu and to the list. The arguments must outlive this object.
     RunActions(RunListPart* part, QMenu* menu, QWidget* window);
 
 Q_SIGNALS:
