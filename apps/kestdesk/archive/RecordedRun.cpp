@@ -21,7 +21,7 @@ using RunSetup::Readiness;
 
 const QString machinesFileOption = QStringLiteral("--machines-file");
 constexpr int behindTheModel = 1; // the model is always the first argument
-constexpr qint64 megabyte = 1024 * 1024;
+constexpr qint64 megabyte = 1 << 20;
 constexpr qint64 largestModel = 64 * megabyte;
 constexpr qint64 largestMachinesFile = megabyte;
 constexpr int mostCopies = 1000; // of a model in its folder

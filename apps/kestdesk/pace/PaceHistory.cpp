@@ -11,8 +11,8 @@
 
 namespace {
 
-constexpr int mostRuns = 5;                        // averaged at most
-constexpr qint64 mostMessages = 256 * 1024 * 1024; // bytes read of one run
+constexpr int mostRuns = 5;                // averaged at most
+constexpr qint64 mostMessages = 256 << 20; // bytes read of one run
 
 struct Candidate
 {
