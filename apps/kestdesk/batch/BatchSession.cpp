@@ -27,7 +27,8 @@ constexpr int exitStopped = 130; // what shells give for a program that Ctrl+C e
 RunArchive::Limits limits()
 {
     const KestdeskSettings settings = KestdeskSettings::read();
-    return {settings.archiveDays(), settings.archiveMegabytes()};
+    return {settings.archiveDays(), settings.archiveMegabytes()    closeInterruptedRecords();
+};
 }
 
 } // namespace
@@ -47,6 +48,13 @@ BatchSession::BatchSession(const Component& component, common_RunWrapper::RunOpt
 }
 
 BatchSession::~BatchSession() = default;
+
+// The models do not wait for the records of earlier runs.
+void BatchSession::closeInterruptedRecords()
+{
+    m_disk.post(
+        [archive = m_setting.archive](const DiskThread::Answer&) { archive.closeInterrupted(); });
+}
 
 void BatchSession::setJobs(int jobs)
 {

@@ -2,6 +2,7 @@
 
 #include "BatchReport.h"
 #include "BatchRun.h"
+#include "DiskThread.h"
 #include "RunQueue.h"
 #include "Shutdown.h"
 
@@ -41,6 +42,7 @@ public:
     int exec();
 
 private:
+    void closeInterruptedRecords();
     void queueModels();
     void start(const QueuedRun& queued);
     void onFinished(const QueuedRun& queued);
@@ -59,4 +61,5 @@ private:
     RunQueue m_queue;
     int m_finishedCount = 0;
     std::vector<std::unique_ptr<BatchRun>> m_runs; ///< by model; null for those not begun
+    DiskThread m_disk;                             ///< the first to go
 };

@@ -63,6 +63,8 @@ public:
     int errors() const { return m_errors; }
     int warnings() const { return m_warnings; }
 
+    const RunForecast& forecast() const { return m_forecast; }
+
     /// How long the run still takes: "about 3:40"; empty while that cannot be said.
     QString remainingText() const { return m_forecast.shortText(); }
 

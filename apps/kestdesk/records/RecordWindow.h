@@ -31,6 +31,9 @@ Q_SIGNALS:
     /// The user wants to run it again.
     void againRequested(int number);
 
+    /// The user wants the run to be continued.
+    void resumeRequested(int number);
+
     /// The user wants a problem to be mended; the message names what about.
     void cureRequested(const ProblemCures::Cure& cure, const QString& message,
                        const RunRecord& record);
@@ -41,7 +44,9 @@ private:
     void read();
     void show(const std::optional<RunRecord>& record);
     void makeMessages();
+    void addButton(QWidget* row, QPushButton* button, const char* name);
     void readFileStates();
+    void showResumable(const QString& obstacle);
     void updateTitle();
     void updateCure();
     void useCure();
@@ -60,6 +65,7 @@ private:
     QLabel* m_problem;
     QPushButton* m_cureButton;
     QPushButton* m_againButton;
+    QPushButton* m_resumeButton;
     const ProblemCures::Cure* m_cure = nullptr;
     QString m_cureMessage;
     QTimer m_timer;

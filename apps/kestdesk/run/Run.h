@@ -14,6 +14,8 @@
 #include <QSet>
 #include <QStringList>
 
+#include <functional>
+
 class common_CommonSettingsSet;
 
 /// One run of a component on one model, from its set-up to its end. The terminal and the window
@@ -49,6 +51,9 @@ public:
     /// model, a run is not ready.
     RunSetup::Readiness setUp(common_RunWrapper::RunOptions options,
                               common_CommonSettingsSet& settings);
+
+    /// The same for a run that is made ready in another way, by that function.
+    RunSetup::Readiness setUpBy(const std::function<RunSetup::Readiness()>& makeReady);
 
     /// Starts a run that is ready. False when the system cannot start the component: then the run
     /// has ended, and problem() says why.
