@@ -27,8 +27,7 @@ constexpr int exitStopped = 130; // what shells give for a program that Ctrl+C e
 RunArchive::Limits limits()
 {
     const KestdeskSettings settings = KestdeskSettings::read();
-    return {settings.archiveDays(), settings.archiveMegabytes()    closeInterruptedRecords();
-};
+    return {settings.archiveDays(), settings.archiveMegabytes()};
 }
 
 } // namespace
@@ -45,6 +44,7 @@ BatchSession::BatchSession(const Component& component, common_RunWrapper::RunOpt
     connect(&m_queue, &RunQueue::startRequested, this, &BatchSession::start);
     connect(&m_shutdown, &Shutdown::done, this, &BatchSession::leave);
     StopSignals::watch(this, [this] { onStopRequested(); });
+    closeInterruptedRecords();
 }
 
 BatchSession::~BatchSession() = default;
