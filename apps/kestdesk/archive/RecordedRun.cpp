@@ -91,6 +91,26 @@ Readiness addMachinesFile(ComponentRunner& runner, const RunRecord& record, QStr
     return {};
 }
 
+Readiness setUpRecorded(const Run& run, const RunRecord& record)
+{
+    ComponentRunner& runner = *run.runner();
+    runner.deleteTemporaryFiles();
+    const QString missing = missingPart(run, record);
+    if (!missing.isEmpty()) {
+        return problem(missing);
+    }
+    QStringList arguments = record.arguments;
+    arguments.first() = QFileInfo(run.model()).fileName();
+    Readiness readiness = addMachinesFile(runner, record, arguments);
+    if (readiness.isReady()) {
+        runner.setExecutable(QFileInfo(record.program));
+        runner.setWorkingDirectory(record.workingDirectory);
+        runner.setArguments(arguments);
+        runner.setProcessEnvironment(record.environment);
+    }
+    return readiness;
+}
+
 } // namespace
 
 ModelState RecordedRun::modelState(const RunRecord& record)
@@ -155,20 +175,5 @@ Readiness RecordedRun::setUp(Run& run, const RunRecord& record, common_CommonSet
     if (!hasCommand(record)) {
         return run.setUp(RunOptionWords::options(record.runOptions), settings);
     }
-    const common_ActivePtr<ComponentRunner> runner = run.runner();
-    runner->deleteTemporaryFiles();
-    const QString missing = missingPart(run, record);
-    if (!missing.isEmpty()) {
-        return problem(missing);
-    }
-    QStringList arguments = record.arguments;
-    arguments.first() = QFileInfo(run.model()).fileName();
-    Readiness readiness = addMachinesFile(*runner, record, arguments);
-    if (readiness.isReady()) {
-        runner->setExecutable(QFileInfo(record.program));
-        runner->setWorkingDirectory(record.workingDirectory);
-        runner->setArguments(arguments);
-        runner->setProcessEnvironment(record.environment);
-    }
-    return readiness;
+    return run.setUpBy([&run, &record] { return setUpRecorded(run, record); });
 }
