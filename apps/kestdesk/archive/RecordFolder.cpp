@@ -40,7 +40,8 @@ QString RecordFolder::messagesFile() const
     return QDir(m_path).filePath(QStringLiteral("messages.jsonl"));
 }
 
-// The owner is asked before its last file is read: it may write that and end in between.
+// Checks whether the owner is alive before reading its last file: the owner may write that file and
+// end in between.
 std::optional<RunRecord> RecordFolder::read() const
 {
     const QDir folder(m_path);
