@@ -20,7 +20,7 @@ namespace {
 
 using Options = common_ComponentsLaunchOptions;
 
-// Where the file cannot be read, runs are not started.
+// An unreadable file needs no handling here: such runs are not started.
 QVector<RunRecord::Option> launchOptions()
 {
     const Options::Pointer options = Options::create(ReadOnlyAccess);
@@ -82,13 +82,13 @@ QVector<RunRecord::File> files(const Run& run)
 
 RunRecord RunFacts::ofProgram(const Run& run)
 {
-    const ComponentRunner& runner = *run.runner();
+    const common_ActivePtr<ComponentRunner> runner = run.runner();
     RunRecord record;
     record.component = run.componentName();
     record.model = QFileInfo(run.model()).absoluteFilePath();
-    record.program = runner.getExecutable().filePath();
-    record.arguments = runner.getArguments();
-    record.workingDirectory = runner.getWorkingDirectory();
+    record.program = runner->getExecutable().filePath();
+    record.arguments = runner->getArguments();
+    record.workingDirectory = runner->getWorkingDirectory();
     addComputer(record);
     return record;
 }

@@ -16,7 +16,7 @@ namespace {
 using Field = RunComparison::Field;
 using Fields = QVector<Field>;
 
-constexpr qint64 largestText = 64 * 1024 * 1024;
+constexpr qint64 largestText = 64 << 20;
 
 struct FieldRow
 {
@@ -25,7 +25,7 @@ struct FieldRow
     const char* label;
 };
 
-// Not the arguments: they follow from the rest, and hold the names of temporary files.
+// The arguments are not compared: they follow from the rest and contain names of temporary files.
 // clang-format off
 constexpr FieldRow fieldRows[] = {
     {&RunComparison::run,      "component",        "component"},
@@ -75,7 +75,8 @@ constexpr FieldGroup fieldGroups[] = {
 QString textOf(const QJsonValue& json)
 {
     QStringList words;
-    for (const QJsonValue& each : json.toArray()) {
+    const QJsonArray array = json.toArray();
+    for (const QJsonValue& each : array) {
         words.append(each.toString());
     }
     return json.isArray() ? words.join(QLatin1Char(' ')) : json.toVariant().toString();
@@ -132,7 +133,7 @@ Values environmentOf(const RunRecord& record)
     return values;
 }
 
-// A copy that a record has of a text; without a problem where it has none.
+// The copy of a text in a record. A missing copy is not a problem.
 struct Copy
 {
     Copy(const RunRecord& record, const QString& name)
