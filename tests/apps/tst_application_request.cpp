@@ -96,7 +96,7 @@ private Q_SLOTS:
         const ApplicationRequest request = ApplicationRequest::read(program, words(line));
         QCOMPARE(request.task.problem, QString());
         QCOMPARE(request.windowSystem, windowSystem);
-        QVERIFY(!request.isQuestion);
+        QVERIFY(!request.isStandalone);
         QCOMPARE(request.task.run(), exitCode);
     }
 
@@ -117,7 +117,7 @@ private Q_SLOTS:
         const ApplicationRequest request = ApplicationRequest::read(program, words(line));
         QCOMPARE(request.task.problem, QString());
         QCOMPARE(request.windowSystem, WindowSystem::None);
-        QVERIFY(request.isQuestion);
+        QVERIFY(request.isStandalone);
     }
 
     void mistakesAreProblems_data()
@@ -152,7 +152,7 @@ private Q_SLOTS:
         const ApplicationRequest request = ApplicationRequest::read(program, words(line));
         QCOMPARE(request.task.problem, problem);
         QCOMPARE(request.windowSystem, windowSystem);
-        QVERIFY(!request.isQuestion);
+        QVERIFY(!request.isStandalone);
     }
 
     void sizesHaveLimits_data()

@@ -11,7 +11,7 @@ struct ApplicationDescription;
 struct ApplicationRequest
 {
     WindowSystem windowSystem = WindowSystem::None;
-    bool isQuestion = false; ///< answered by a text alone, such as the help
+    bool isStandalone = false; ///< needs no installation and no services, as the help does
     ApplicationTask task;
 
     /// The words include the program's name. Needs no application object; the task does. Qt's own

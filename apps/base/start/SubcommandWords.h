@@ -11,7 +11,8 @@ struct SubcommandOption;
 class SubcommandWords
 {
 public:
-    /// The options are taken out of the words, wherever they stand. The command must outlive this.
+    /// The options are taken out of the words, wherever they stand. "-" alone is an operand. The
+    /// command must outlive this.
     SubcommandWords(const Subcommand& command, QStringList words);
 
     /// What is wrong with them; empty when the command can be run.
