@@ -2,7 +2,7 @@
 
 #include <ApplicationDescription.h>
 
-/// kestdesk as its command line knows it.
+/// kestdesk's command line.
 namespace CommandLine {
 
 ApplicationDescription application();

@@ -3,9 +3,9 @@
 /// The environment variables that name the suite's folders.
 namespace Environment {
 
-/// Sets KEST_HOME and KEST_USER_HOME in this program's own environment to what it uses for them:
-/// absolute paths, or where they are not set the defaults. The library and the components then
-/// mean the same folders, wherever they run.
+/// Sets KEST_HOME and KEST_USER_HOME in the environment of this process to absolute paths; unset
+/// ones get their defaults. The library and the components then use the same folders, whatever
+/// their working folder.
 void complete();
 
 } // namespace Environment

@@ -21,8 +21,8 @@ public:
     LockFile& operator=(const LockFile&) = delete;
     virtual ~LockFile() = default;
 
-    /// Takes the lock file of that path, also one that an ended process has left. Waits only for an
-    /// owner that is just writing its name or just ending, and at most half a second.
+    /// Takes the lock file of that path, even if an ended process has left it. Only waits for an
+    /// owner that is just writing its name or just ending, for at most half a second.
     static Result take(const QString& path);
 
     /// Removes a lock file that is older than that many milliseconds and that no running process of

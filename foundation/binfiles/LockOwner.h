@@ -24,7 +24,7 @@ struct LockOwner
     /// Whether its process belongs to another machine, so that its state is not known.
     bool isElsewhere() const;
 
-    /// Whether it belongs to this machine and has ended. False in doubt.
+    /// Whether it belongs to this machine and has ended. False if unknown.
     bool hasEnded() const;
 
     /// Whether it belongs to this machine and was killed, but may not have ended yet.

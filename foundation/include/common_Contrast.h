@@ -4,17 +4,17 @@
 
 #include <QColor>
 
-/// How well colours can be told from their background, by the rules of the WCAG.
+/// Contrast of colours according to the WCAG.
 namespace common_Contrast {
 
-/// What text needs at least.
+/// The least contrast ratio for text.
 constexpr double least = 4.5;
 
-/// From 1 for two equal colours to 21 for black and white.
+/// The contrast ratio: from 1 for two equal colours to 21 for black and white.
 KEST_FOUNDATION_EXPORT double ratio(const QColor& one, const QColor& other);
 
-/// The colour itself where text in it can be read on the base, or else the nearest lighter or
-/// darker shade that can.
+/// A colour that is readable on the base: the colour itself, if its contrast suffices, or else the
+/// nearest lighter or darker shade.
 KEST_FOUNDATION_EXPORT QColor readable(const QColor& colour, const QColor& base);
 
 } // namespace common_Contrast

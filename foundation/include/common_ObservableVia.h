@@ -58,7 +58,7 @@ public:
     }
 
 protected:
-    /// How a notification treats connections that are not as observers make them.
+    /// How a notification treats incomplete connections.
     enum class Strictness {
         Lenient, ///< one without an observer is skipped, one without an owner is destroyed
         Strict   ///< asserts that each has an observer, leaves one without an owner as it is

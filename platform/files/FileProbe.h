@@ -6,14 +6,14 @@
 #include <memory>
 #include <thread>
 
-/// Asks whether files can be read, without waiting for long for one that does not answer, as on a
-/// network that is down.
+/// Finds out whether files can be read, without waiting long for files that do not answer, for
+/// example on a network that is down.
 class FileProbe
 {
 public:
     enum class Answer { Readable, Unreadable, None };
 
-    /// Files that do not answer may take so long altogether; others take the time that they take.
+    /// The time limit applies to the sum of all waits for files that do not answer.
     explicit FileProbe(std::chrono::milliseconds patience = std::chrono::seconds(1));
     ~FileProbe();
 

@@ -2,6 +2,6 @@
 
 class QFile;
 
-/// Puts what was written into an open file onto its disk, where a power cut cannot take it. False
-/// when the system reports that it could not; the file system decides how long it takes.
+/// Writes the data of an open file to its disk, so that it survives a power cut. Blocks until then.
+/// False if the system reports a failure.
 bool syncToDisk(QFile& file);

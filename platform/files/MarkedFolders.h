@@ -2,17 +2,16 @@
 
 #include <QString>
 
-/// Temporary folders whose names say which process made them, so that another one can remove them
-/// after that process was killed.
+/// Temporary folders whose names contain the mark of the process that made them, so that another
+/// process can remove them after that process was killed.
 namespace MarkedFolders {
 
-/// The name, two words of small letters with "-" between them, and the mark of this process: what a
-/// folder's name begins with, before "-XXXXXX" in the template of a QTemporaryDir.
+/// The beginning of a folder's name, before "-XXXXXX" in the template of a QTemporaryDir: the name,
+/// which is two lower-case words joined by "-", and the mark of this process.
 QString marked(const QString& name);
 
-/// Removes, from the place for temporary files, the folders of processes that have ended without
-/// doing so: those of this user and this host. Links are not followed; what cannot be removed
-/// stays.
+/// Removes the temporary folders that ended processes of this user on this host have left. Links
+/// are not followed; folders that cannot be removed stay.
 void removeLeft();
 
 } // namespace MarkedFolders

@@ -2,12 +2,12 @@
 
 class QString;
 
-/// Distinguishes files from other things that a path may lead to. Opening a pipe waits for its
-/// other end, and reading a device may never end.
+/// Recognises paths of something else than a file. Opening a pipe blocks until its other end is
+/// opened, and reading a device may never end.
 namespace SpecialPath {
 
-/// What the path leads to when that is not a regular file: "a directory", "a pipe", "a socket" or
-/// "a device". Empty for a regular file, and when nothing is there. Links are followed.
+/// The kind of a path: "a directory", "a pipe", "a socket" or "a device". Empty for a regular file,
+/// and if nothing exists at the path. Links are followed.
 QString kind(const QString& path);
 
 } // namespace SpecialPath

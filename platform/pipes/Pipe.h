@@ -2,8 +2,7 @@
 
 #include <optional>
 
-/// An open file of this process, closed with the object. Programs that are started do not inherit
-/// it.
+/// An open file descriptor, closed with the object. Child processes do not inherit it.
 class Descriptor
 {
 public:
@@ -16,30 +15,29 @@ public:
     Descriptor(const Descriptor&) = delete;
     Descriptor& operator=(const Descriptor&) = delete;
 
-    /// -1 when it is not open.
+    /// The number of the descriptor; -1 if it is not open.
     [[nodiscard]] int number() const { return m_number; }
     [[nodiscard]] bool isOpen() const { return m_number >= 0; }
 
     void close();
 
-    /// Another number for the same open file, such as a standard channel that stays open. It is not
-    /// a standard channel itself.
+    /// Duplicates a descriptor, such as a standard channel that stays open. The new number is not
+    /// that of a standard channel.
     static Descriptor duplicateOf(int number);
 
-    /// Reads and writes fail from now on instead of waiting.
+    /// From now on reads and writes fail instead of blocking.
     void setNonBlocking() const;
 
 private:
     int m_number = -1;
 };
 
-/// A pipe, both ends in this process. None of them is a standard channel, not even where those are
-/// closed.
+/// A pipe with both ends in this process. Neither is a standard channel, even if those are closed.
 struct Pipe
 {
     Descriptor readEnd;
     Descriptor writeEnd;
 
-    /// Nothing when there is none to be had; errno says why.
+    /// Creates a pipe; on failure returns nothing and sets errno.
     static std::optional<Pipe> make();
 };

@@ -13,8 +13,8 @@ class PipeReader : public QObject
 public:
     explicit PipeReader(Descriptor readEnd);
 
-    /// Reads what is in the pipe at this moment and closes it. A process that never stops writing
-    /// does not keep the caller here.
+    /// Reads the current content of the pipe and closes it. Returns even if a process never stops
+    /// writing.
     void finish();
 
     /// Closes the pipe; nothing more is read. May be called in a slot of bytesRead().
@@ -23,7 +23,7 @@ public:
 Q_SIGNALS:
     void bytesRead(const QByteArray& bytes);
 
-    /// The pipe is at its end, or cannot be read.
+    /// The end of the pipe is reached, or reading has failed.
     void ended();
 
 private:

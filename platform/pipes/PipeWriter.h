@@ -12,26 +12,26 @@ class PipeWriter : public QObject
     Q_OBJECT
 
 public:
-    /// A pipe without a reader must not end this program: see WriteFailures.
+    /// Needs WriteFailures::report(): otherwise a pipe without a reader ends this program.
     explicit PipeWriter(Descriptor writeEnd);
 
-    /// Nothing when the pipe is closed, or has no reader any more.
+    /// Does nothing if the pipe is closed or has lost its reader.
     void write(const QByteArray& bytes);
 
-    /// How many bytes the other end has not taken yet.
+    /// The number of bytes that are not written yet.
     [[nodiscard]] int unsent() const { return m_unsent.size() - m_start; }
 
-    /// Closes the pipe once all is written.
+    /// Closes the pipe as soon as everything is written.
     void close();
 
-    /// Closes the pipe at once. What is unsent is lost.
+    /// Closes the pipe at once. Unsent bytes are lost.
     void cancel();
 
 Q_SIGNALS:
-    /// The other end has taken all bytes.
+    /// All bytes are written.
     void written();
 
-    /// The pipe has no reader any more.
+    /// The pipe has lost its reader.
     void broken();
 
 private:
@@ -40,6 +40,6 @@ private:
     Descriptor m_writeEnd;
     QSocketNotifier m_notifier;
     QByteArray m_unsent;
-    int m_start = 0; ///< of what is unsent
+    int m_start = 0; ///< of the unsent bytes
     bool m_isClosing = false;
 };

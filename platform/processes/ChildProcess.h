@@ -6,29 +6,28 @@
 #include <memory>
 #include <optional>
 
-/// A program that runs in a process group of its own, so that it can be ended together with all
-/// that it starts, and that is killed when this program ends, at whatever moment and however that
-/// happens.
+/// A program that runs in its own process group, so that it can be ended together with all
+/// processes that it starts. It is killed when this program ends, at any moment and in any way.
 ///
-/// One object starts one program, from a thread that lives as long as the program does, such as the
-/// main one. In a slot of its own signals it may be deleted by deleteLater() only.
+/// An object starts one program, from a thread that must exist as long as the program runs, such as
+/// the main thread. A slot of its signals may delete it only by deleteLater().
 class ChildProcess : public QObject
 {
     Q_OBJECT
 
 public:
     enum class Input {
-        None,   ///< at its end from the start
-        Written ///< what write() gives
+        None,   ///< empty
+        Written ///< the bytes of write()
     };
     enum class Errors {
         Read,       ///< reported by errorsRead()
         WithOutput, ///< reported by outputRead(), in order with the output
-        Inherited   ///< go where this program's own go
+        Inherited   ///< this program's own error channel
     };
     enum class Terminal {
         Inherited,
-        None ///< the program cannot ask anything there
+        None ///< no terminal, so that the program cannot ask questions
     };
 
     explicit ChildProcess(QObject* parent = nullptr);
@@ -36,27 +35,27 @@ public:
     /// Kills the group of a process that still runs, and waits for its end.
     ~ChildProcess() override;
 
-    // All before the start.
+    // To be called before the start.
     void setWorkingDirectory(const QString& folder) { m_setup.folder = folder; }
     void setInput(Input input) { m_setup.input = input; }
     void setErrors(Errors errors) { m_setup.errors = errors; }
     void setTerminal(Terminal terminal) { m_setup.terminal = terminal; }
 
-    /// The scheduling priority, as "nice" counts it; without effect on other systems than Unix, and
-    /// where it is not permitted.
+    /// The scheduling priority as a nice value; has no effect if it is not permitted, and on other
+    /// systems than Unix.
     void setNiceValue(int value) { m_setup.niceValue = value; }
 
-    /// The program is not killed with this one: it notices by itself.
+    /// The program is not killed when this one ends, because it notices the end itself.
     void setEndsByItself() { m_setup.endsByItself = true; }
 
-    /// Starts the program, which is looked for in PATH where it is a bare name. False when it
-    /// cannot be started: then startError() says why, and ended() comes as well.
+    /// Starts the program; a bare name is looked up in PATH. On failure returns false, sets
+    /// startError(), and emits ended(), too.
     bool start(const QString& program, const QStringList& arguments);
 
     [[nodiscard]] QString program() const { return m_program; }
     [[nodiscard]] QString workingDirectory() const { return m_setup.folder; }
 
-    /// Empty when the program was started.
+    /// Why the program could not be started; empty on success.
     [[nodiscard]] QString startError() const { return m_startError; }
 
     [[nodiscard]] bool isRunning() const;
@@ -64,29 +63,29 @@ public:
     /// Whether the program was started and has ended by itself, not by a signal.
     [[nodiscard]] bool hasExited() const { return m_hasExited; }
 
-    /// Of a program that a signal has ended, the signal's number.
+    /// The exit code, or the number of the signal that has ended the program.
     [[nodiscard]] int exitCode() const { return m_exitCode; }
 
-    /// Nothing is written that comes after the program's end or after closeInput().
+    /// Writes to the program's input. Ignored after the end of the program and after closeInput().
     void write(const QByteArray& bytes);
 
-    /// The program finds its input at its end behind what was written.
+    /// Ends the program's input after the bytes that were written.
     void closeInput();
 
-    /// Asks all processes of the group to end, or kills them, also those that have outlived the
+    /// Ask all processes of the group to end, or kill them, including those that have outlived the
     /// first one.
     void terminateGroup() const;
     void killGroup() const;
 
-    /// Whether any process of the group is there.
+    /// Whether any process of the group exists.
     [[nodiscard]] bool isGroupAlive() const;
 
 Q_SIGNALS:
     void outputRead(const QByteArray& bytes);
     void errorsRead(const QByteArray& bytes);
 
-    /// The program has ended, or could not be started; all that it printed has been reported. Once,
-    /// from the event loop.
+    /// The program has ended, or could not be started; all its output has been reported. Emitted
+    /// once, from the event loop.
     void ended();
 
 private:
@@ -99,7 +98,7 @@ private:
         std::optional<int> niceValue;
         bool endsByItself = false;
     };
-    class Process; ///< the platform's part
+    class Process; ///< platform-specific part
 
     Setup m_setup;
     QString m_program;

@@ -6,7 +6,7 @@
 #include <map>
 #include <memory>
 
-/// The child processes that a program runs at the moment, by number, and their end.
+/// The running child processes of a program, by number. Ends them together.
 class ChildProcesses : public QObject
 {
     Q_OBJECT
@@ -14,25 +14,25 @@ class ChildProcesses : public QObject
 public:
     explicit ChildProcesses(StopTimes times, QObject* parent = nullptr);
 
-    /// Kills what still runs.
+    /// Kills the processes that still run.
     ~ChildProcesses() override;
 
-    /// Takes a process over, before or after its start.
+    /// Takes the ownership of a process, before or after its start.
     void add(int number, std::unique_ptr<ChildProcess> process);
 
-    /// Forgets a process that has ended. It is deleted when control is back in the event loop, so a
-    /// slot of its own signals may call this. Null when there is no such process.
+    /// Removes a process that has ended. It is deleted by the event loop, so a slot of its signals
+    /// may call this. Null if there is no such process.
     ChildProcess* release(int number);
 
     [[nodiscard]] int count() const { return static_cast<int>(m_processes.size()); }
 
-    /// Asks all processes to end, and kills after a moment those that stay. Only the first call
-    /// counts.
+    /// Asks all processes to end, and kills the remaining ones after a moment. Only the first call
+    /// has an effect.
     void stop();
 
 Q_SIGNALS:
-    /// No process runs any more after stop(), or what runs cannot be killed. Once, from the event
-    /// loop, also when there was none.
+    /// After stop(), all processes have ended or cannot be killed. Emitted once, from the event
+    /// loop, even if there was no process.
     void allEnded();
 
 private:

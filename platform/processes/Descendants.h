@@ -4,28 +4,28 @@
 
 #include <functional>
 
-/// The processes that this program started, and those that they started.
+/// The child processes of this program, and their descendants.
 namespace Descendants {
 
-/// From now on processes whose parent ends become children of this program, where the system can do
-/// that, so that none gets lost.
+/// From now on descendants whose parent ends become children of this program, if the system
+/// supports that, so that they can still be found.
 void adoptOrphans();
 
-/// Calls a function that starts programs which shall outlive this one: they are not counted among
-/// the processes.
+/// Calls a function that starts programs which may outlive this one: these do not count as
+/// descendants.
 void startDetached(const std::function<void()>& start);
 
-/// Whether one of them is alive.
+/// Whether any descendant is alive.
 bool areAlive();
 
-/// Whether one pass over the system's processes finds one; areAlive() is the one to ask.
+/// Whether one pass over the system's processes finds a descendant. May miss some: use areAlive().
 bool isAnySeen();
 
-/// Kills all of them. They have ended when areAlive() says so.
+/// Kills all descendants. They have ended when areAlive() returns false.
 void killAll();
 
-/// The children of this program that have ended and whose exit codes were not asked for yet; none
-/// on a system that keeps no such processes.
+/// The children of this program that have ended and whose exit codes have not been read yet; none
+/// on a system without such processes.
 QSet<qint64> endedChildren();
 
 } // namespace Descendants

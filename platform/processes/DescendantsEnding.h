@@ -2,7 +2,7 @@
 
 #include "StagedEnd.h"
 
-/// Ends, without waiting for it, the processes that others have left behind.
+/// Ends the processes that child processes have left behind, without blocking.
 class DescendantsEnding : public QObject
 {
     Q_OBJECT
@@ -10,16 +10,17 @@ class DescendantsEnding : public QObject
 public:
     DescendantsEnding();
 
-    /// The processes may take that many milliseconds to end by themselves before they are killed.
+    /// The processes get this time, in milliseconds, to end by themselves before they are killed.
     void start(int graceTime);
 
-    /// Kills what is left at once.
+    /// Kills the remaining processes at once.
     void hurry();
 
     bool isActive() const { return m_end.isActive(); }
 
 Q_SIGNALS:
-    /// Once after start(), from the event loop: none is left, or what is left cannot be killed.
+    /// No process is left, or the remaining ones cannot be killed. Emitted once after start(), from
+    /// the event loop.
     void ended();
 
 private:

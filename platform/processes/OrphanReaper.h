@@ -3,22 +3,22 @@
 #include <QSet>
 #include <QTimer>
 
-/// Removes adopted orphans that have ended from the system's list of processes, where they would
-/// stay until this program ends.
+/// Reaps adopted orphans that have ended; otherwise they would stay in the system's process list
+/// until this program ends.
 class OrphanReaper
 {
 public:
     OrphanReaper();
 
-    /// From now on, from the event loop.
+    /// Reaps from now on, from the event loop.
     void start();
 
-    /// Looks once. A child that has not ended at the last look already is left alone, for its owner
-    /// in this program may still ask for its exit code: a QProcess does so before the event loop
-    /// comes back here.
+    /// Makes one pass. Only reaps children that had already ended in the pass before, because their
+    /// owner in this program may still read the exit code: a QProcess does so before the event loop
+    /// runs the next pass.
     void reap();
 
 private:
     QTimer m_timer;
-    QSet<qint64> m_seen; ///< had ended at the last look
+    QSet<qint64> m_seen; ///< had ended in the last pass
 };

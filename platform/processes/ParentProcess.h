@@ -2,13 +2,13 @@
 
 #include <QtGlobal>
 
-/// The process that has started this one.
+/// The parent of this process.
 namespace ParentProcess {
 
 /// From now on this process is killed when its parent ends.
 void endWithIt();
 
-/// Whether a process is the parent of this one, or the parent's parent, and so on.
+/// Whether a process is an ancestor of this one.
 bool isBelow(qint64 process);
 
 } // namespace ParentProcess

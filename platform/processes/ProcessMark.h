@@ -4,10 +4,11 @@
 
 #include <optional>
 
-/// A word that names one process for good: by its host, the host's start, its id and its own start.
+/// A word that identifies one process for ever: by its host, the host's boot, its id and its start
+/// time.
 ///
-/// What carries the word of its owner, in its name or beside it, can be removed by another
-/// process once the owner was killed.
+/// Files with the mark of their owner, in their name or beside them, can be removed by another
+/// process after the owner was killed.
 class ProcessMark
 {
 public:
@@ -18,14 +19,14 @@ public:
     /// The mark of this process.
     static ProcessMark own();
 
-    /// Nothing when the word is not a mark.
+    /// Parses a word; nothing if it is not a mark.
     static std::optional<ProcessMark> parse(const QString& word);
 
-    /// Letters, digits and "-".
+    /// The word. It consists of letters, digits and "-".
     QString word() const;
 
-    /// Whether the process has ended for certain. Of a process of another host, and where the
-    /// system does not tell, that is never certain.
+    /// Whether the process has certainly ended. Always false for a process of another host, and if
+    /// the system cannot tell.
     bool hasEnded() const;
 
 private:

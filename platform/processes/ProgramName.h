@@ -1,6 +1,6 @@
 #pragma once
 
-/// How the files of programs are named here.
+/// The names of executable files on this platform.
 namespace ProgramName {
 
 /// The suffix of executable files, with its dot; may be empty.

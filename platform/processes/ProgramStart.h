@@ -7,10 +7,9 @@
 #include <csignal>
 #include <optional>
 
-/// How a program is started in a process of its own that ends with this one.
+/// Starts a program in a child process that ends with this process.
 ///
-/// The program gets the usual reactions to the signals that this program handles, or ignores for
-/// its writes.
+/// Signals that this program handles or ignores have their default actions in the new program.
 struct ProgramStart
 {
     enum class Group {
@@ -19,7 +18,7 @@ struct ProgramStart
         Session ///< a new one without a terminal
     };
 
-    /// The id of the process; where none runs the program the number of the error, as errno has it.
+    /// The id of the process; on failure the error number (errno).
     struct Result
     {
         qint64 process = 0;
@@ -28,7 +27,7 @@ struct ProgramStart
 
     static constexpr int inherited = -1;
 
-    /// The program, which is looked for in PATH where its name has no "/", and its arguments.
+    /// The program, which is looked up in PATH if its name has no "/", and its arguments.
     QVector<QByteArray> words;
 
     QByteArray folder; ///< the working folder; empty: this process's
@@ -38,12 +37,12 @@ struct ProgramStart
 
     Group group = Group::Own;
 
-    /// What the process gets when the thread that starts it ends, however that ends and at whatever
-    /// moment; 0: nothing.
+    /// The signal that the process receives when the thread that started it ends in any way; 0:
+    /// none.
     int deathSignal = SIGKILL;
 
     std::optional<int> niceValue; ///< none: this process's
 
-    /// Returns when the program runs.
+    /// Starts the program. Returns as soon as it runs or has failed to start.
     [[nodiscard]] Result start() const;
 };

@@ -7,29 +7,29 @@
 
 class QFileInfo;
 
-/// What the system knows of processes.
+/// Queries the system's process table.
 namespace RunningProcesses {
 
-/// Where process ids count: this host, or the part of it that numbers its processes by itself.
+/// The name space of process ids: this host, or a container with its own process ids.
 QByteArray host();
 
-/// Another text after every start of the host; empty where the system has no such thing.
+/// A text that changes with every boot of the host; empty if the system has none.
 QByteArray boot();
 
 /// The process id of this process.
 qint64 ownId();
 
-/// When a process was started, in a unit of the system's: together with its id it is that process
-/// and no later one. 0 when there is no such process; nothing where the system does not tell it.
+/// The start time of a process, in a unit of the system. Together with the id it identifies the
+/// process. 0 if there is no such process; nothing if the system cannot tell.
 std::optional<quint64> startTime(qint64 processId);
 
-/// Whether a process is about to end because it was killed. False in doubt.
+/// Whether a process was killed but has not ended yet. False if unknown.
 bool isEnding(qint64 processId);
 
-/// The parent of a process; 0 when there is no such process, or where that cannot be known.
+/// The parent of a process; 0 if there is no such process or the parent is unknown.
 qint64 parentOf(qint64 processId);
 
-/// Whether a process has an argument that ends with this; false where the system does not tell it.
+/// Whether any process has an argument with this suffix; false if the system cannot tell.
 bool haveArgumentEndingWith(const QString& end);
 
 /// Whether the file belongs to the user of this process.

@@ -4,15 +4,15 @@
 
 class QObject;
 
-/// The signals by which a user, a shell or the system asks this program to end: SIGINT, SIGTERM,
-/// and SIGHUP unless it is ignored, as it is for a program that was started by nohup.
+/// The signals that ask this program to end: SIGINT, SIGTERM, and SIGHUP unless it is ignored, as
+/// under nohup.
 ///
-/// Programs that are started get the usual reactions to them.
+/// Child processes get the default actions for them.
 namespace StopSignals {
 
-/// Calls back from the event loop for each of them, as long as the receiver lives. Then the signals
-/// do what they did before. Of several receivers the newest one alone is called, and it must go
-/// first.
+/// Calls onStop from the event loop for each of the signals, until the receiver is destroyed. Then
+/// the signals have their earlier actions again. If there are several receivers, only the newest
+/// one is called; it must be destroyed first.
 void watch(QObject* receiver, const std::function<void()>& onStop);
 
 /// The same, with the signal's number.

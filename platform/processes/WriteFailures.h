@@ -1,10 +1,10 @@
 #pragma once
 
-/// A write that fails must be an error that the program can handle.
+/// Makes failed writes errors that the program can handle.
 namespace WriteFailures {
 
-/// From now on a closed pipe or an exceeded quota fails the write instead of ending the program.
-/// Call it before the application object is made.
+/// From now on a closed pipe or an exceeded quota fails the write instead of ending the program. To
+/// be called before the application object is created.
 void report();
 
 } // namespace WriteFailures

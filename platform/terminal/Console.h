@@ -2,12 +2,12 @@
 
 #include <QStringList>
 
-/// A console in which a user calls programs by hand.
+/// A console for interactive use.
 struct Console
 {
-    QString program; ///< the user's shell, or what starts it
+    QString program; ///< the user's shell, or a program that starts it
     QStringList arguments;
 
-    /// A shell that finds the programs of a folder by their names.
+    /// A shell with the folder in its search path.
     static Console finding(const QString& folder);
 };

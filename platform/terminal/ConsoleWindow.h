@@ -9,8 +9,8 @@ namespace ConsoleWindow {
 /// a terminal emulator.
 bool isAvailable();
 
-/// Makes the process, which is set up and not started yet, open in a console of its own. Where
-/// there is none, or the program does not exist, the process stays as it is.
+/// Prepares a process, which must not be started yet, to open in its own console. If no console is
+/// available, or the program does not exist, the process is not changed.
 void openFor(QProcess& process);
 
 /// Detaches this process from the console that it was started from. Does nothing on Unix, where a

@@ -1,9 +1,9 @@
 #pragma once
 
-/// The screen that windows come on.
+/// The display for windows.
 namespace Display {
 
-/// Whether there is one. Where there is none, Qt ends a program that asks for windows.
+/// Whether there is a display. Without one, Qt aborts a program that uses windows.
 bool exists();
 
 } // namespace Display

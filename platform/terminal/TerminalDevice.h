@@ -2,16 +2,16 @@
 
 #include <cstdio>
 
-/// What the system knows of the terminal behind a stream.
+/// Queries the terminal behind a stream.
 namespace TerminalDevice {
 
-/// Whether there is a terminal that a person looks at and that understands control sequences.
+/// Whether the stream is a terminal that supports control sequences.
 bool isTerminal(std::FILE* stream);
 
-/// Whether there is any terminal, also one that understands nothing but text.
+/// Whether the stream is any terminal, including one that only supports plain text.
 bool isPerson(std::FILE* stream);
 
-/// The width in columns; 80 where it is not known.
+/// The width in columns; 80 if it is unknown.
 int columns(std::FILE* stream);
 
 } // namespace TerminalDevice

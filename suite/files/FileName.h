@@ -9,15 +9,15 @@ class QUrl;
 /// Names of files between the system, which takes any bytes, and Qt, which takes characters only.
 namespace suite::FileName {
 
-/// A name as the system gives it. Where Qt could not give the same bytes back to the system, no
-/// file of this name can be opened: then the bytes that are no characters are kept as code units of
-/// their own, by which problem() and visibleText() know them.
+/// Decodes a name from the system. If Qt could not encode it to the same bytes again, no file of
+/// this name can be opened: then each invalid byte becomes a special code unit, which problem() and
+/// visibleText() recognise.
 QString fromNative(const QByteArray& name);
 
-/// The local file that an address names, in the same way.
+/// Decodes the path of a URL to a local file, in the same way.
 QString fromUrl(const QUrl& url);
 
-/// The path from the root folder, cleaned of "..", whatever its characters are.
+/// The absolute path without "..". Keeps the special code units.
 QString absolute(const QString& path);
 
 /// The files in a folder that no program of Qt can open, by their names, sorted. Qt itself leaves
@@ -28,7 +28,7 @@ QStringList unusableIn(const QString& folder);
 /// when the path can be used. The file need not exist.
 QString problem(const QString& path);
 
-/// Whether a code unit stands for a byte that is no character, and for which.
+/// Whether a code unit stands for an invalid byte, and the byte.
 bool isEscapedByte(uint code);
 uint escapedByte(uint code);
 

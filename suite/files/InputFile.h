@@ -10,8 +10,8 @@ class QFile;
 
 namespace suite {
 
-/// Reads a file that a user has named. Only regular files are opened, since a pipe or a device may
-/// keep its reader waiting for ever, and never more is read than the caller has use for.
+/// Reads a file that a user has named. Only opens regular files, because reading a pipe or a device
+/// may block for ever, and never reads more than the caller allows.
 class InputFile
 {
 public:
@@ -19,21 +19,21 @@ public:
 
     explicit InputFile(QString path);
 
-    /// The whole content; nothing when there is a problem, as with more than that many bytes.
+    /// Reads the whole content; nothing if there is a problem. A file of more than `mostBytes` is
+    /// one.
     std::optional<QByteArray> read(qint64 mostBytes);
 
-    /// The first bytes, however large the file is; fewer when there are no more. Nothing when there
-    /// is a problem.
+    /// Reads the first bytes, all if the file has fewer; nothing if there is a problem.
     std::optional<QByteArray> readStart(qint64 bytes);
 
-    /// The whole content in pieces, however large it is. False when there is a problem, or when
-    /// `take` returns false: then no more is read.
+    /// Passes the whole content on in pieces, however large it is. Stops and returns false if there
+    /// is a problem or if `take` returns false.
     bool readPieces(const std::function<bool(const QByteArray& piece)>& take);
 
-    /// Whether a regular file is at the path, or can be made there.
+    /// Whether the path is that of a regular file, or one can be created there.
     bool checkPlace();
 
-    /// Of the last call.
+    /// The problem of the last call.
     Problem problem() const { return m_problem; }
 
     /// The problem as part of a sentence: "it is a folder". Empty without one.

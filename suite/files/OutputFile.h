@@ -5,20 +5,20 @@
 
 namespace suite {
 
-/// Writes a file in one step: until commit() the old file stays as it is, and without it nothing
-/// changes. Where the path is a symbolic link, the file that it leads to is replaced.
+/// Writes a file in one step: the old file is not changed before commit(). If the path is a
+/// symbolic link, its target is replaced.
 class OutputFile
 {
 public:
     explicit OutputFile(const QString& path);
 
-    /// Opens, appends, and puts the new file in place of the old one. Each is false when it cannot
-    /// be done.
+    /// Open the new file, append to it, and replace the old file by it. Each returns false on
+    /// failure and sets reason().
     bool open();
     bool append(const QByteArray& bytes);
     bool commit();
 
-    /// The three together.
+    /// Does all three.
     bool replace(const QByteArray& content);
 
     /// Whether nothing has failed so far.
@@ -26,7 +26,7 @@ public:
 
     [[nodiscard]] QString path() const { return m_file.fileName(); }
 
-    /// Why the last call has failed, as part of a sentence: "it is a folder".
+    /// Why the last call failed, as part of a sentence: "it is a folder".
     [[nodiscard]] QString reason() const { return m_reason; }
 
 private:

@@ -9,8 +9,8 @@
 
 namespace suite {
 
-/// The files that a run leaves beside the model. The old ones are replaced at the end, and only
-/// when all new ones are whole. Without commit() nothing changes.
+/// The files that a run writes beside the model. commit() replaces the old files, and only if all
+/// new ones are complete. Without commit() nothing changes.
 class ResultFiles
 {
 public:

@@ -7,8 +7,8 @@
 
 namespace suite {
 
-/// A new folder among the user's temporary files. It is removed with all that is in it when this
-/// object is destroyed.
+/// A new folder among the user's temporary files. It is removed with its content when this object
+/// is destroyed.
 class TemporaryFolder
 {
 public:
@@ -17,30 +17,31 @@ public:
 
     bool isValid() const { return m_error.isEmpty(); }
 
-    /// Why there is no folder, with the name of the place and how to choose another.
+    /// Why there is no folder, as a sentence with its place and how to choose another; empty if
+    /// there is one.
     QString error() const { return m_error; }
 
-    /// Absolute; empty when there is none.
+    /// Absolute path; empty if there is no folder.
     QString path() const;
     QString filePath(const QString& name) const;
 
     /// Removes it now.
     void remove() { m_folder.reset(); }
 
-    /// Where temporary files go: the folder that TMPDIR names, absolute, as it is named. It need
-    /// not exist: QDir::tempPath() would give "" then, and so the root folder.
+    /// Absolute path of the folder for temporary files, from TMPDIR. It need not exist: for a
+    /// missing folder QDir::tempPath() returns "", which leads to the root folder.
     static QString place();
 
-    /// The sentence that reports the place when it is no folder at all, or else empty. Then Qt
-    /// takes the root folder in its place.
+    /// A sentence that reports a place that is not a folder, for which Qt would use the root
+    /// folder; empty if it is one.
     static QString placeProblem();
 
-    /// Whether more can be written into such a folder: the sentence that reports its place when
-    /// not, or else empty.
+    /// Tests whether more can be written into a temporary folder. Returns a sentence that reports
+    /// its place if not; else empty.
     static QString writeProblem(const QString& folder);
 
-    /// Writes a file into such a folder: the sentence that reports the place when it cannot be
-    /// written, or else empty.
+    /// Writes a file into a temporary folder. Returns a sentence that reports the place on failure;
+    /// else empty.
     static QString writeFile(const QString& path, const QByteArray& content);
 
 private:

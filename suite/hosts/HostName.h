@@ -4,8 +4,9 @@
 
 #include <string_view>
 
-/// The names and addresses of hosts that the suite accepts: none is an option to a program, and
-/// none means anything to a shell. What contains a colon is an address of IPv6, without brackets.
+/// The names and addresses of hosts that the suite accepts: none can be taken for an option of a
+/// program, and none has a special meaning in a shell. A text with a colon is an IPv6 address,
+/// without brackets.
 namespace suite::HostName {
 
 /// What is wrong with the text in UTF-8, as part of a sentence; empty when it can be a host.
@@ -14,7 +15,7 @@ QString error(const QString& text);
 
 bool isAddress(const QString& host);
 
-/// As a machines file has it: an address of IPv6 in brackets.
+/// The host as in a machines file: IPv6 addresses in brackets.
 QString withBrackets(const QString& host);
 
 } // namespace suite::HostName

@@ -8,8 +8,8 @@
 
 namespace suite {
 
-/// The machines of parallel runs: a text file with a line "host:count" each, and what is wrong with
-/// it. A file that has an error cannot be used.
+/// The machines of parallel runs: a text file with one line "host:count" each, and its findings. A
+/// file that has an error cannot be used.
 class MachinesFile
 {
 public:
@@ -17,7 +17,7 @@ public:
 
     struct Entry
     {
-        QString host; ///< addresses of IPv6 without brackets
+        QString host; ///< IPv6 addresses without brackets
         int count = 1;
         int line = 0; ///< from 1
     };
@@ -26,7 +26,7 @@ public:
     {
         int line = 0; ///< from 1; 0 for the whole file, which is "it" in the reason
         Severity severity = Severity::Error;
-        QString text; ///< what stands there, cut where it is long
+        QString text; ///< the text of the line, cut if it is long
         QString reason;
     };
 
@@ -35,36 +35,36 @@ public:
     static constexpr int mostEntries = mostProcesses; ///< that are kept: more take too many
     static constexpr int mostFindings = 1000;         ///< of a severity, that are kept
 
-    /// A file that cannot be read has a finding that says so.
+    /// Reads a file. An unreadable file has an error among its findings.
     static MachinesFile read(const QString& path);
 
-    /// The name is for errors().
+    /// Parses a file's content. The name is used in errors().
     static MachinesFile parse(const QByteArray& content, const QString& name = QString());
 
-    /// One host, as if it stood in a file.
+    /// The machines of a file with this one host.
     static MachinesFile ofHost(const QString& host, int count);
 
     /// The lines without mistakes.
     const QVector<Entry>& entries() const { return m_entries; }
 
-    /// How many there are, also of those that are not kept.
+    /// Their total number, including those that are not kept.
     int entryCount() const { return m_entryCount; }
 
-    /// All hosts, each once, where it stands first, with all its processes. Upper and lower case
-    /// make no difference.
+    /// All hosts in the order of their first entries, each once with the sum of its processes. Not
+    /// case-sensitive.
     const QVector<Entry>& hosts() const { return m_hosts; }
 
-    /// Of all entries, or the largest number of an integer.
+    /// The processes of all entries, at most the largest int.
     int total() const { return m_total; }
 
-    /// In the order of the file.
+    /// The findings in the order of the file.
     const QVector<Finding>& findings() const { return m_findings; }
 
     /// How many there are, also of those that are not kept.
     int count(Severity severity) const { return m_counts[static_cast<int>(severity)]; }
     bool isValid() const { return count(Severity::Error) == 0; }
 
-    /// Whether nothing is wrong with the file but that it names no host.
+    /// Whether the only error is that the file names no host.
     bool namesNoHost() const { return m_namesNoHost; }
 
     /// False for UTF-16 and for content with NUL.
@@ -73,14 +73,14 @@ public:
     /// The first few errors as sentences that name the file.
     QStringList errors() const;
 
-    /// The host of a process when they are dealt out in the order of the file, from the start again
-    /// when there are more processes than the file counts.
+    /// The host of a process if the ranks are assigned in the order of the file, starting again
+    /// from the first entry if there are more processes than in the file.
     QString hostOf(int rank) const;
 
-    /// The content of a file that the parallel runtime reads; only what was checked is in it.
+    /// The content of a machines file for the parallel runtime, from the checked entries only.
     QByteArray plainContent() const;
 
-    /// The same as one word, with commas, for the parallel runtime's command line.
+    /// The same as one comma-separated word, for the parallel runtime's command line.
     QString hostList() const;
 
 private:

@@ -5,25 +5,25 @@
 
 namespace suite {
 
-/// The host that a run shall happen on: "[user@]HOST [user=NAME] [port=NUMBER] [home=FOLDER]".
+/// The host for a remote run: "[user@]HOST [user=NAME] [port=NUMBER] [home=FOLDER]".
 class RemoteHost
 {
 public:
     explicit RemoteHost(const QString& text);
 
-    /// The first word that cannot be used, and why, as part of a sentence; empty when all can.
+    /// The first invalid word and why, as part of a sentence; empty if all are valid.
     QString error() const { return m_error; }
 
     /// The host's name or address.
     QString name() const { return m_name; }
 
-    /// The words for ssh: user and port, and the host as the last.
+    /// The arguments for ssh: user and port, and the host at the end.
     QStringList sshWords() const;
 
-    /// The installation's folder there; empty when it was not given.
+    /// The installation's folder on the host; empty if it was not given.
     QString home() const { return m_words.value(QStringLiteral("home")); }
 
-    /// Everything that was given with the host's name.
+    /// All values that were given with the host's name, by key.
     const QMap<QString, QString>& arguments() const { return m_words; }
 
 private:

@@ -5,8 +5,7 @@
 /// The program that reaches other hosts.
 namespace suite::RemoteShell {
 
-/// Its name or path as the user has chosen it by KEST_SSH; "ssh" where that is not set or empty. It
-/// need not exist.
+/// Its name or path from KEST_SSH; "ssh" if that is not set or empty. The program need not exist.
 QString program();
 
 } // namespace suite::RemoteShell

@@ -9,12 +9,11 @@
 
 namespace suite {
 
-/// The hosts of a parallel run: those of its machines file, or in a job of a scheduler those of the
-/// job.
+/// The hosts of a parallel run: from its machines file, or in a scheduler job from the job.
 ///
-/// Hosts outside of the job are not used. So the job takes the place of a file that names one of
-/// these, or no host. A file that names hosts of the job alone is used as it is, and so is one with
-/// errors, which are the user's to mend.
+/// Hosts outside of the job are not used. So the job replaces a file that names such a host, or no
+/// host. A file that only names hosts of the job is used as it is. A file with errors is not
+/// replaced either: the user has to correct it.
 class RunMachines
 {
 public:
@@ -29,13 +28,13 @@ public:
 
     const MachinesFile& machines() const { return m_machines; }
 
-    /// Why the hosts cannot be used, as sentences without full stops; empty when they can.
+    /// Why the hosts cannot be used, as sentences without full stops; empty if they can.
     const QStringList& errors() const { return m_errors; }
 
-    /// Where the hosts are from: "the machines file" or "the Slurm job 17".
+    /// The source of the hosts: "the machines file" or "the Slurm job 17".
     QString source() const { return m_source; }
 
-    /// Why the job's hosts are used and not those of the file; empty where the file names none.
+    /// Why the job's hosts are used instead of the file's; empty if the file names none.
     QString remark() const { return m_remark; }
 
 private:

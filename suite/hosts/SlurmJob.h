@@ -6,11 +6,10 @@
 
 namespace suite {
 
-/// The job of the scheduler Slurm in which this program runs: the hosts that it has been granted,
-/// and how many processes each takes.
+/// The Slurm job in which this program runs: its hosts, and the number of processes for each.
 ///
 /// The hosts are those of SLURM_JOB_NODELIST. The number of processes is the number of tasks
-/// (SLURM_TASKS_PER_NODE), or where that does not cover all hosts, as in a job step, the number of
+/// (SLURM_TASKS_PER_NODE), or, if that does not cover all hosts, as in a job step, the number of
 /// processors (SLURM_JOB_CPUS_PER_NODE, SLURM_CPUS_ON_NODE).
 class SlurmJob
 {
@@ -27,15 +26,15 @@ public:
 
     QString id() const { return m_id; }
 
-    /// Why the job cannot be used, as a clause that names it; empty when it can, or when there is
-    /// no job.
+    /// Why the job cannot be used, as a clause that names it; empty if it can, or if there is no
+    /// job.
     QString error() const { return m_error; }
 
-    /// Empty where there is no job, or where it cannot be used.
+    /// The hosts of the job; empty if there is no job, or if it cannot be used.
     const MachinesFile& machines() const { return m_machines; }
 
-    /// The first host of the file that does not belong to the job; empty when all belong to it.
-    /// Upper and lower case make no difference, and a name with a domain is the same as without.
+    /// The first host of the file that does not belong to the job; empty if all do. Not
+    /// case-sensitive; a name with and without domain is the same.
     QString firstForeignHost(const MachinesFile& file) const;
 
 private:

@@ -6,14 +6,14 @@ namespace suite {
 
 class MarkerPrinter;
 
-/// Prints findings about one subject (the model's file name, or the program's own name). What
-/// belongs to a line of it has the place at its end, and other errors begin with the subject.
+/// Prints findings about one subject (the model's file name, or the program's own name). Findings
+/// at a line end with the place; other errors begin with the subject.
 class FindingPrinter
 {
 public:
     FindingPrinter(MarkerPrinter& printer, QString subject);
 
-    /// What the text of each notice of a kind begins with: "NOTE 301: ".
+    /// The beginning of each notice of a kind: "NOTE 301: ".
     static QString head(FindingKind notice);
 
     void print(const Finding& finding);

@@ -8,7 +8,7 @@
 
 namespace suite {
 
-/// One line as a component printed it: its marker, if it has one in front, and what stands behind.
+/// One line of a component's output: its marker, if it begins with one, and the text behind it.
 struct MarkerLine
 {
     std::optional<Marker> marker;
@@ -17,7 +17,7 @@ struct MarkerLine
     /// Reads a line without its line end.
     static MarkerLine parse(const QByteArray& line);
 
-    /// The number of a percentage line, 0 when there is none.
+    /// The number of a percentage line; 0 if it has none.
     [[nodiscard]] int percentage() const;
 };
 

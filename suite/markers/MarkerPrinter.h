@@ -9,7 +9,7 @@ namespace suite {
 
 struct MarkerLine;
 
-/// What a line of output is for the program that reads it.
+/// The kind of an output line, for the program that reads it.
 enum class Marker {
     LineFeed,
     Percentage,
@@ -25,16 +25,16 @@ enum class Marker {
 QString markerText(Marker marker);
 std::optional<Marker> markerOf(const QString& line);
 
-/// Prints a component's messages, one marker a line, each line flushed at once: the reader shows it
-/// while the run goes on. On a terminal, where no program opens what is named, names of files are
-/// made visible, too.
+/// Prints a component's messages, one marker a line. Flushes each line at once: the reader shows it
+/// during the run. On a terminal, where no program opens the named files, control characters in
+/// file names are made visible, too.
 class MarkerPrinter
 {
 public:
     explicit MarkerPrinter(std::FILE* stream = stdout);
 
-    /// Prints one tagged line. The body is made safe, so it cannot form a marker of its own; the
-    /// name of a file stays what it is otherwise.
+    /// Prints one line with a marker. The body is escaped, so that it cannot contain a marker;
+    /// otherwise file names are not changed.
     void print(Marker marker, const QString& body);
 
     /// Prints the names of files that were written, one a line.
@@ -43,7 +43,7 @@ public:
     /// Prints one plain line.
     void printText(const QString& text);
 
-    /// Prints one line that another component has printed, marker and all.
+    /// Prints a line of another component again, with its marker.
     void printAgain(const MarkerLine& line);
 
     /// Prints "45%" behind a percentage marker.
@@ -52,10 +52,10 @@ public:
     /// Prints an empty line for the reader.
     void printLineFeed();
 
-    /// True once a write has failed: something is missing from the output.
+    /// Whether a write has failed, so that the output is incomplete.
     bool hasFailed() const { return m_failed; }
 
-    /// True once the output has no reader: a write has failed or the other end of the pipe is
+    /// Whether the output has lost its reader: a write has failed, or the other end of the pipe is
     /// closed.
     bool isReaderGone();
 

@@ -5,10 +5,11 @@
 
 namespace suite {
 
-/// What a model says of adaptive sampling, in a comment line "CM @adapt [TOLERANCE]".
+/// The settings for adaptive sampling from a model's comment line "CM @adapt [TOLERANCE]".
 struct AdaptiveSampling
 {
-    /// How far the curve through the solved points may be from the impedance, as a part of it.
+    /// Largest allowed error of the curve through the solved points, as a fraction of the
+    /// impedance.
     static constexpr double usualTolerance = 0.01;
 
     bool isWanted = false;

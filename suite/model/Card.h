@@ -6,8 +6,8 @@
 
 namespace suite {
 
-/// One card of a deck: its two letters, the line it stands in, its fields as written and as
-/// numbers. Fields that a card leaves out are 0, as the engine reads them.
+/// One card of a deck: its two letters, its line, its fields as written and as numbers. Omitted
+/// fields are 0, as in the engine.
 struct Card
 {
     QString mnemonic;
@@ -17,7 +17,7 @@ struct Card
     QVector<double> numbers;
     bool isValid = false; ///< the fields are numbers and enough of them
 
-    /// The whole numbers and the numbers of the card, counted from 1 as the engine's manual does.
+    /// The integer and the floating-point fields, counted from 1 as in the engine's manual.
     [[nodiscard]] int integer(int place) const { return integers.value(place - 1); }
     [[nodiscard]] double number(int place) const { return numbers.value(place - 1); }
 };

@@ -7,13 +7,13 @@
 
 namespace suite {
 
-/// Reads the fields of one card: first the whole numbers, then the numbers, separated by blanks,
-/// tabs or commas. Where the deck has named values, a field may be a name or an expression, and
-/// holds the plain number afterwards. What stands behind "!", "#" or "'" is a remark.
+/// Reads the fields of one card: first the integers, then the floating-point numbers, separated by
+/// blanks, tabs or commas. If the deck has named values, a field may be a name or an expression and
+/// is replaced by its value. "!", "#" and "'" begin a comment.
 class CardParser
 {
 public:
-    /// The values, which are not owned, are null for a deck that names none.
+    /// The values are not owned; null for a deck without named values.
     CardParser(FindingList& findings, const NamedValues* values);
 
     /// Fills the card's fields from the text behind its two letters.
@@ -30,7 +30,7 @@ private:
 
     FindingList& m_findings;
     const NamedValues* m_values;
-    QVector<QPair<int, double>> m_evaluated; ///< the fields that were no plain numbers
+    QVector<QPair<int, double>> m_evaluated; ///< the fields that were not plain numbers
 };
 
 } // namespace suite

@@ -13,7 +13,7 @@ enum class Section {
     Unsupported,
 };
 
-/// What is known of a kind of card: where it belongs and how many fields it needs at least.
+/// The rule for a kind of card: its section and its smallest number of fields.
 struct CardRule
 {
     const char* mnemonic;
@@ -24,8 +24,7 @@ struct CardRule
 /// The rule of a card by its two upper-case letters, or nullptr.
 const CardRule* cardRule(const QString& mnemonic);
 
-/// How many leading fields of a card of this section are whole numbers, and how many fields there
-/// are in all.
+/// The number of leading integer fields of a card of this section, and the number of all fields.
 int integerFieldCount(Section section);
 int fieldCount(Section section);
 

@@ -5,7 +5,7 @@
 
 namespace suite {
 
-/// Checks the control cards against the structure and takes from them what the model needs.
+/// Checks the control cards against the structure, and stores their data in the model.
 class ControlCheck
 {
 public:

@@ -7,19 +7,19 @@
 
 namespace suite {
 
-/// A comment that tells a component something.
+/// A comment with an instruction to a component.
 struct Instruction
 {
     int line = 0;
     QByteArray text;
 };
 
-/// A deck as read: the comment lines' bytes and the cards behind them, up to and with EN.
-/// Cards that give values names are not among the cards, which hold the values instead.
+/// A deck as read: the comment lines' bytes and the cards behind them, up to and with EN. Cards
+/// that define named values are left out; the other cards hold the values.
 struct Deck
 {
     QVector<QByteArray> comments;
-    QVector<int> commentLines; ///< where the comments stand
+    QVector<int> commentLines; ///< line numbers of the comments
     QVector<Card> cards;
     QVector<Instruction> instructions;
     NamedValues names;

@@ -9,8 +9,8 @@ namespace suite {
 class InputFile;
 class ModelFile;
 
-/// Reads a deck. Whatever is wrong with the file, a line or a field becomes a finding; the cards
-/// that could be read are there all the same, so that one mistake does not hide the next.
+/// Reads a deck. Errors in the file, a line or a field become findings; the deck contains all
+/// readable cards, so that one error does not hide the next.
 class DeckReader
 {
 public:

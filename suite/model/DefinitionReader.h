@@ -8,8 +8,8 @@
 
 namespace suite {
 
-/// Reads SY cards, which give values names: "SY L=0.5, H=L/2 ! metres". A value may use the names
-/// that have one already.
+/// Reads SY cards, which define named values: "SY L=0.5, H=L/2 ! metres". A value may use names
+/// that are already defined.
 class DefinitionReader
 {
 public:
@@ -29,7 +29,7 @@ private:
     bool m_isFull = false;
 };
 
-/// Reports why an expression has no value. "Where" says whose it is.
+/// Reports why an expression has no value. `where` names its field or definition.
 void reportExpression(FindingList& findings, int line, const QString& where, const QString& text,
                       const ExpressionResult& result);
 

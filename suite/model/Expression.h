@@ -10,7 +10,7 @@ enum class ExpressionFault {
     None,
     Malformed,
     UnknownName,
-    UnusableName, ///< its own definition holds a mistake
+    UnusableName, ///< its definition has an error
     DivisionByZero,
     OutOfRange,
 };
@@ -19,17 +19,17 @@ struct ExpressionResult
 {
     double value = 0;
     ExpressionFault fault = ExpressionFault::None;
-    QString culprit; ///< the name that is unknown
+    QString culprit; ///< the unknown name
 };
 
 /// Evaluates numbers and names joined by + - * / and parentheses, such as "-L/2" or "3*(L+0.1)".
-/// Blanks may stand between them. Takes time in proportion to the text's length.
+/// Blanks are allowed. Takes linear time.
 ExpressionResult evaluate(const QString& text, const NamedValues& values);
 
 /// Whether the text is a number without any operation; a sign may stand before it.
 bool isPlainNumber(const QString& text);
 
-/// The number as a deck shows it, so that reading it gives the same value again.
+/// Formats a number for a deck, so that reading it gives the same value.
 QString plainNumber(double value);
 
 } // namespace suite

@@ -8,8 +8,8 @@
 
 namespace suite {
 
-/// Everything a component can have to say about its command line, the model and the run. The number
-/// and the text of each stand in one table (Finding.cpp).
+/// All findings of components about the command line, the model and the run. Their numbers and
+/// texts are in one table (Finding.cpp).
 enum class FindingKind {
     BadCommandLine,
     ModelMissing,
@@ -149,7 +149,7 @@ enum class Severity {
     Notice,
 };
 
-/// One thing that was found, at a line of the model or (0) at none.
+/// One finding, at a line of the model or (0) without a line.
 struct Finding
 {
     FindingKind kind;
@@ -157,22 +157,23 @@ struct Finding
     QString reason;
     int tag = 0; ///< of the wire, as the model has it; 0 for none
 
-    /// Where it was found; the file's name is the caller's.
+    /// The place of the finding, in the given file.
     [[nodiscard]] Place place(const QString& file = QString()) const { return {file, line, tag}; }
 
     [[nodiscard]] Severity severity() const;
     [[nodiscard]] int number() const;
 };
 
-/// What was found so far, in the order of finding. Past a limit the errors are only counted: a file
-/// that is no deck at all would otherwise give one for each of its lines.
+/// Findings in their order. Beyond a limit errors are only counted: a file that is not a deck would
+/// otherwise give one for each of its lines.
 class FindingList
 {
 public:
-    /// Adds a finding; the parts fill the gaps of the kind's text and are made safe to print.
+    /// Adds a finding. The parts replace the placeholders of the kind's text and are escaped for
+    /// output.
     void add(FindingKind kind, int line = 0, const QStringList& parts = QStringList());
 
-    /// The same for a wire, which has a tag in the model or (0) none.
+    /// The same for a wire with this tag, 0 for none.
     void addAtWire(FindingKind kind, int line, int tag, const QStringList& parts = QStringList());
 
     [[nodiscard]] bool isEmpty() const { return m_findings.isEmpty(); }
@@ -181,7 +182,7 @@ public:
     [[nodiscard]] int errorCount() const { return m_errorCount; }
     [[nodiscard]] bool contains(FindingKind kind) const;
 
-    /// All findings, those of one severity together and in the order of their lines.
+    /// All findings, sorted by severity and then by line.
     [[nodiscard]] QVector<Finding> sorted() const;
 
 private:

@@ -4,8 +4,8 @@
 
 namespace suite {
 
-/// The frequencies of a sweep, in MHz: "count" values, each the one before plus the step, or times
-/// it.
+/// The frequencies of a sweep, in MHz: `count` values, each the previous one plus the step or
+/// multiplied by it.
 struct FrequencyRange
 {
     bool isMultiplying = false;

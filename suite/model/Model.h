@@ -8,7 +8,7 @@
 
 namespace suite {
 
-/// What pre-processing knows of a model.
+/// The properties of a model that pre-processing finds.
 struct Model
 {
     Deck deck;

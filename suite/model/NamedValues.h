@@ -6,23 +6,23 @@
 
 namespace suite {
 
-/// A value that a deck gives a name, and where it stands: its line, and the place of its text
-/// within that line, in bytes.
+/// A named value of a deck and its place: the line, and the position of its text within the line,
+/// in bytes.
 struct NamedValue
 {
     QString name;
-    double value = 0; ///< not a number when the card holds a mistake
+    double value = 0; ///< NaN if the card has an error
     int line = 0;
     int column = 0;
     int length = 0;
-    bool isPlain = false; ///< a number, no expression
+    bool isPlain = false; ///< a number, not an expression
 };
 
-/// The named values of a deck. Upper and lower case make no difference.
+/// The named values of a deck. Names are not case-sensitive.
 class NamedValues
 {
 public:
-    /// Adds a value whose name is not there yet.
+    /// Adds a value. Its name must not exist yet.
     void add(const NamedValue& value);
 
     /// The value of this name, or nullptr.

@@ -7,20 +7,22 @@
 
 namespace suite {
 
-/// What a model says of how to tune it: "CM @optimise NAME FROM LOW TO HIGH AT MHZ".
+/// The settings for tuning from a model's comment line: "CM @optimise NAME FROM LOW TO HIGH AT
+/// MHZ".
 struct Optimisation
 {
     NamedValue value;
     double low = 0;
     double high = 0;
-    double frequency = 0; ///< in MHz; 0 when the model does not say it
+    double frequency = 0; ///< in MHz; 0 if the model does not give it
     int line = 0;
 };
 
-/// True for the text of a comment that says what to tune.
+/// Whether the text of a comment is such a line.
 bool isOptimisation(const QByteArray& comment);
 
-/// Reads what the deck says. Empty when it says nothing or makes a mistake, which is reported.
+/// Reads the line from a deck. Nothing if there is none, or if it has an error, which is added to
+/// the findings.
 std::optional<Optimisation> readOptimisation(const Deck& deck, FindingList& findings);
 
 } // namespace suite

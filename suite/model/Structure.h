@@ -13,7 +13,7 @@ struct Structure
 
     [[nodiscard]] int segmentCount() const;
 
-    /// How many segments have a tag; tag 0 means all segments.
+    /// The number of segments with a tag; of all segments for tag 0.
     [[nodiscard]] int segmentCount(int tag) const;
 };
 

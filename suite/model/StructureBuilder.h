@@ -16,10 +16,10 @@ class StructureBuilder
 public:
     explicit StructureBuilder(FindingList& findings);
 
-    /// Applies one card. Cards that hold mistakes are reported and leave the structure as it is.
+    /// Applies one card. A card with errors is reported and not applied.
     void apply(const Card& card);
 
-    /// Reports what can be checked only at the end, and returns the structure by moving it.
+    /// Makes the checks that need all cards, and moves the structure out.
     Structure finish();
 
 private:

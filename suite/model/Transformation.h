@@ -7,11 +7,12 @@
 
 namespace suite {
 
-/// A linear map and a shift, as the cards that move, copy, turn, mirror and scale describe them.
+/// A linear map and a translation, as described by the cards that move, copy, rotate, mirror and
+/// scale.
 class Transformation
 {
 public:
-    /// The motion of a GM card: turns around x, y and z, then the shift.
+    /// The motion of a GM card: rotations around x, y and z, then the translation.
     explicit Transformation(const Card& moveCard);
 
     static Transformation aroundZ(double degrees);

@@ -22,7 +22,7 @@ struct Wire
     double radius = 0;
     QVector<Point> points; ///< one more than segments
 
-    /// The wire in a message: "the wire with tag 3".
+    /// The name of the wire in messages: "the wire with tag 3".
     [[nodiscard]] QString name() const;
 
     [[nodiscard]] int segmentCount() const { return points.size() - 1; }

@@ -1,10 +1,10 @@
 #pragma once
 
-/// What a program has printed on its standard output.
+/// The standard output of this program.
 namespace suite::StandardOutput {
 
-/// Writes what is still buffered. False when this or an earlier write has failed, as on a full
-/// disk: then something is missing. To be called at the end of a program.
+/// Flushes the buffer. False if this or an earlier write has failed, for example because the disk
+/// is full: then output is lost. To be called at the end of a program.
 bool flush();
 
 } // namespace suite::StandardOutput

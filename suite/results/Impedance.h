@@ -8,7 +8,7 @@ struct Impedance
     double resistance = 0;
     double reactance = 0;
 
-    /// Standing wave ratio on a 50 ohm line; infinite when no power can be taken.
+    /// Standing wave ratio on a 50 ohm line; infinite if no power is absorbed.
     [[nodiscard]] double standingWaveRatio() const;
 };
 

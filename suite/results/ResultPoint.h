@@ -12,18 +12,17 @@ enum class Quantity { Resistance, Reactance, StandingWaveRatio };
 
 constexpr int quantityCount = 3;
 
-/// One frequency in MHz and what was found there. A quantity that is missing or infinite is not
-/// finite.
+/// The results at one frequency, in MHz. A missing quantity is NaN or infinite.
 struct ResultPoint
 {
     ResultPoint() = default;
 
-    /// Nothing for the impedance where no source drives the structure.
+    /// The impedance is nothing if no source drives the structure.
     ResultPoint(double atFrequency, const std::optional<Impedance>& impedance);
 
     [[nodiscard]] double value(Quantity quantity) const;
 
-    /// Nothing when the resistance or the reactance is not known.
+    /// The impedance; nothing if the resistance or the reactance is unknown.
     [[nodiscard]] std::optional<Impedance> impedance() const;
 
     double frequency = 0;

@@ -12,22 +12,22 @@ namespace suite {
 struct ResultTable
 {
     QVector<ResultPoint> points; ///< in the order of the file
-    QString error; ///< why there are none, as part of a sentence; empty when the table was read
+    QString error;               ///< why reading failed, as part of a sentence; else empty
 
     /// Reads a file, or a file's content.
     static ResultTable read(const QString& path);
     static ResultTable parse(const QByteArray& bytes);
 
-    /// Whether the file begins as such a table does.
+    /// Whether the file begins like such a table.
     static bool isTable(const QString& path);
 
     /// The names of the columns.
     static QList<QByteArray> columns();
 
-    /// The cells of a point's line, to the digits that a table has.
+    /// The cells of a point's line, rounded to the digits of a table.
     static QList<QByteArray> cells(const ResultPoint& point);
 
-    /// The file's content: parse() gives the points again, to the digits that a table has.
+    /// The file's content. parse() gives the points again, rounded to the digits of a table.
     [[nodiscard]] QByteArray bytes() const;
 };
 

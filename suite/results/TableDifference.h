@@ -6,22 +6,23 @@ namespace suite {
 
 struct ResultTable;
 
-/// How far two tables of results over frequency are apart.
+/// The differences between two tables of results over frequency.
 struct TableDifference
 {
-    /// Both tables were read. Points of the same frequency are compared, to the digits of a table.
+    /// Compares the points of the same frequency, rounded to the digits of a table. Both tables
+    /// must have been read.
     static TableDifference of(const ResultTable& left, const ResultTable& right);
 
-    /// Whether they hold the same.
+    /// Whether the tables are the same.
     [[nodiscard]] bool isNone() const;
 
-    int common = 0;    ///< frequencies that both have
-    int onlyLeft = 0;  ///< that only the left one has
-    int onlyRight = 0; ///< that only the right one has
-    int unknown = 0;   ///< common ones whose impedance only one table knows
+    int common = 0;    ///< number of frequencies in both
+    int onlyLeft = 0;  ///< only in the left one
+    int onlyRight = 0; ///< only in the right one
+    int unknown = 0;   ///< common ones whose impedance is missing in one table
 
-    /// The largest distance of two impedances at a frequency, divided by the larger magnitude of
-    /// the two, and where it is. 0 where they agree everywhere.
+    /// The largest distance of the two impedances at a frequency, divided by the larger magnitude
+    /// of the two, and the frequency of it. 0 if they agree everywhere.
     double largest = 0;
     double frequency = 0; ///< in MHz
     Impedance left;

@@ -11,8 +11,8 @@ constexpr int tableDigits = 6;
 /// A line of a table of comma-separated values, with its line end.
 QByteArray tableLine(const QList<QByteArray>& cells);
 
-/// A number as such a table holds it, with a point as decimal separator whatever the locale. Empty
-/// for a number that is not known (NaN). The digits may be QLocale::FloatingPointShortest.
+/// Formats a number for such a table, with a point as decimal separator whatever the locale. Empty
+/// for an unknown number (NaN). The digits may be QLocale::FloatingPointShortest.
 QByteArray tableNumber(double value, int digits = tableDigits);
 
 } // namespace suite

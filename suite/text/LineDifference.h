@@ -6,7 +6,7 @@
 
 namespace suite {
 
-/// A place where two texts differ: these lines of the left one stand where the right one has those.
+/// A change between two texts: lines of the left one that are replaced by lines of the right one.
 /// Either list may be empty.
 struct LineChange
 {
@@ -17,12 +17,12 @@ struct LineChange
     QStringList right;
 };
 
-/// The differences between two texts, line by line. The ends of lines (LF or CR LF) do not count,
-/// nor does a missing one at the end of a text.
+/// The differences between two texts, line by line. Line ends (LF or CR LF), and a missing one at
+/// the end of a text, are ignored.
 namespace LineDifference {
 
-/// The shortest list of changes, in order; where the texts have very little in common, a longer
-/// one. Takes time and memory in proportion to the texts, however different they are.
+/// The shortest list of changes, in order; for texts with very little in common, a longer one.
+/// Takes time and memory linear in the size of the texts, however different they are.
 QVector<LineChange> of(const QByteArray& left, const QByteArray& right);
 
 } // namespace LineDifference

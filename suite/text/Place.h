@@ -7,11 +7,11 @@
 namespace suite {
 
 /// The place in a model that a message is about, and how messages name it at their end:
-/// "(dipole.nec, line 12, tag 3)". The form has no colon, at which readers split messages, and
-/// programs can read it back from the text.
+/// "(dipole.nec, line 12, tag 3)". The form has no colon, because readers split messages at colons,
+/// and at() parses it.
 struct Place
 {
-    QString file; ///< the file's name without its folder; empty where it is known anyway
+    QString file; ///< file name without folder; empty if it is clear from the context
     int line = 0; ///< from 1; 0 for no place
     int tag = 0;  ///< of the wire, as the model has it; 0 for none
 
@@ -22,7 +22,7 @@ struct Place
     /// A message with this place behind it.
     [[nodiscard]] QString behind(const QString& message) const;
 
-    /// The place that a message ends with; nothing when it does not end with one.
+    /// The place at the end of a message; nothing if there is none.
     static std::optional<Place> at(const QString& message);
 };
 

@@ -4,18 +4,17 @@
 
 namespace suite {
 
-/// Text that came from outside (deck, file name, option) made safe for one line of output: no
-/// character that steers the line, no line break, nothing that a reader could take for a marker.
+/// Escapes text from outside (deck, file name, option) for one line of output: without control
+/// characters, line breaks and markers.
 QString plainText(const QString& text);
 
-/// The name of a file for a reader that opens it: as it is, but for line breaks and markers, which
-/// cannot be carried.
+/// Escapes a file name for a reader that opens it: only line breaks and markers are replaced.
 QString carriedName(const QString& name);
 
-/// The same, cut to a length that an error message can carry.
+/// plainText(), cut to a length that suits an error message.
 QString excerpt(const QString& text);
 
-/// The same with every colon replaced, for texts whose reader splits at the colon.
+/// plainText() with every colon replaced, for texts that readers split at colons.
 QString withoutColons(const QString& text);
 
 } // namespace suite

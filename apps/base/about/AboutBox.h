@@ -3,11 +3,11 @@
 class QString;
 class QWidget;
 
-/// What an application is, and what it is made of.
+/// The About box of an application.
 namespace AboutBox {
 
-/// Shows it until the user closes it. The purpose is a sentence. The engine is asked for its
-/// version meanwhile.
+/// Shows the box until the user closes it. The purpose is a sentence. The engine's version is
+/// queried at the same time and then added.
 void show(QWidget& window, const QString& purpose);
 
 } // namespace AboutBox

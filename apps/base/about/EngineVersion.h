@@ -14,17 +14,17 @@ public:
     EngineVersion();
     ~EngineVersion() override;
 
-    /// Asks the engine, and emits found() later. Does not wait.
+    /// Starts the engine and emits found() later. Does not block.
     void start();
 
-    /// The answer as a line such as "nec2c 1.3 (/usr/bin/nec2c)", or why there is none.
+    /// The version as a line such as "nec2c 1.3 (/usr/bin/nec2c)", or why it is unknown.
     QString text() const { return m_text; }
 
-    /// Waits for the answer, two seconds at most.
+    /// Starts the engine and returns text(). Blocks for two seconds at most.
     static QString ask();
 
 Q_SIGNALS:
-    /// text() is known now.
+    /// text() is set.
     void found();
 
 private:

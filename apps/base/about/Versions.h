@@ -2,14 +2,14 @@
 
 #include <QString>
 
-/// What an application is made of, for its users and for those who help them.
+/// Versions of the application and its parts, for users and support.
 namespace Versions {
 
 /// "NAME VERSION" of this program.
 QString program();
 
-/// The engine and the libraries that the program uses, with their licences, a line each. The engine
-/// is as EngineVersion gives it.
+/// The engine and the libraries that the program uses, with their licences, a line each. The
+/// argument is EngineVersion::text().
 QString parts(const QString& engine);
 
 } // namespace Versions

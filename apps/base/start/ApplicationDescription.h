@@ -13,8 +13,8 @@
 
 class QCommandLineParser;
 
-/// What distinguishes an application of the suite from the others: its texts, its options, and what
-/// it does. ApplicationStart::run() does the rest.
+/// Describes an application of the suite for ApplicationStart::run(): its texts, its options and
+/// its tasks.
 struct ApplicationDescription
 {
     ApplicationIdentity identity;
@@ -23,14 +23,14 @@ struct ApplicationDescription
     QString exitCodes;          ///< of --non-interactive, for the help
     QString notes;              ///< further lines of the help; may be empty
     QString nonInteractiveHelp; ///< what --non-interactive does
-    QString displayAlternative; ///< what --non-interactive does for a user without a display
+    QString displayAlternative; ///< hint on --non-interactive for a user without a display
 
     QVector<ApplicationOption> options;
-    QString fileKind;   ///< what the positional arguments name, such as "model"
+    QString fileKind;   ///< kind of the positional arguments, such as "model"
     QString fileHelp;   ///< their line of the help
-    QString fileSyntax; ///< how the usage shows them; empty for the kind alone
+    QString fileSyntax; ///< their syntax in the usage; empty for the kind alone
 
-    /// First words that are followed by words of their own.
+    /// Groups of subcommands.
     QVector<SubcommandGroup> commandGroups;
 
     /// The commands of a program that has no window. It consists of these alone, and needs no
@@ -38,13 +38,13 @@ struct ApplicationDescription
     /// notes.
     QVector<Subcommand> consoleCommands;
 
-    /// Done before the services are set and the task is run; may be empty.
+    /// Called before the services are set and the task is run; may be empty.
     std::function<void()> prepare;
 
-    /// What to do with a window. The command line has been parsed without a mistake.
+    /// Makes the task with a window. The command line has been parsed without errors.
     std::function<ApplicationTask(const QCommandLineParser& parser)> windowTask;
 
-    /// What to do without a window; at least one file is named.
+    /// Makes the task without a window. At least one file has been named.
     std::function<ApplicationTask(const QCommandLineParser& parser)> nonInteractiveTask;
-    WindowSystem nonInteractiveSystem = WindowSystem::None; ///< what that needs
+    WindowSystem nonInteractiveSystem = WindowSystem::None; ///< needed by that task
 };

@@ -3,10 +3,10 @@
 #include <QCommandLineOption>
 #include <QString>
 
-/// An option that only one application has.
+/// An option of a single application.
 struct ApplicationOption
 {
     QCommandLineOption option;
     bool needsNonInteractive = false;
-    QString windowHint; ///< what the window has in place of it; may be empty
+    QString windowHint; ///< the equivalent in the window; may be empty
 };

@@ -2,13 +2,13 @@
 
 struct ApplicationDescription;
 
-/// The main function that the suite's applications share.
+/// The common main function of the applications.
 namespace ApplicationStart {
 
-/// Reads the command line and does what it asks for, with an application object and services that
-/// fit: a window needs a display, everything else works without. A command line that makes no sense
-/// is refused with the exit code 2 and the reason on standard error. Returns the exit code: that of
-/// the task, or 1 when the task succeeded but its output could not be written.
+/// Parses the command line and runs its task, with the application object and the services that it
+/// needs: only windows need a display. For an invalid command line, prints the reason to standard
+/// error and returns 2. Otherwise returns the exit code of the task, or 1 if the task succeeded but
+/// its output could not be written.
 int run(const ApplicationDescription& application, int argc, char* argv[]);
 
 } // namespace ApplicationStart

@@ -4,9 +4,9 @@
 
 #include <functional>
 
-/// What an application is to do.
+/// The task of an application.
 struct ApplicationTask
 {
-    QString problem;          ///< why the command line is refused; empty when it is not
-    std::function<int()> run; ///< does it and returns the exit code; only where there is no problem
+    QString problem;          ///< why the command line is invalid; empty if it is valid
+    std::function<int()> run; ///< returns the exit code; empty if there is a problem
 };

@@ -8,7 +8,8 @@ namespace ErrorOutput {
 
 void print(const QString& text);
 
-/// Why a command line is refused, and where to read more. The hint, a sentence, may be empty.
+/// Prints why a command line is invalid, and where to read more. The hint, a sentence, may be
+/// empty.
 void printRefusal(const QString& text, const QString& hint);
 
 } // namespace ErrorOutput

@@ -3,12 +3,11 @@
 #include <QString>
 #include <QStringList>
 
-/// What a user may have meant by a word that is not known.
+/// Suggests a known word for a mistyped one.
 namespace NearWord {
 
-/// The first of the known words that the typed one is a slip or an abbreviation of: with the same
-/// first letter, and with at most two letters that are wrong, missing, too many or exchanged with
-/// their neighbour, or with some left out. Empty when there is none.
+/// The first known word that is similar: it has the same first letter and at most two wrong,
+/// missing, extra or transposed letters, or the typed word abbreviates it. Empty if there is none.
 QString of(const QString& typed, const QStringList& known);
 
 } // namespace NearWord

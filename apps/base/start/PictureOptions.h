@@ -10,20 +10,20 @@ class QCommandLineParser;
 /// The options --output and --size of an application that writes a picture without a window.
 struct PictureOptions
 {
-    QString outputHelp; ///< what --output names, and what is written without it
-    QSize usualSize;    ///< in pixels, as the sides below
+    QString outputHelp; ///< help text of --output, with the default file
+    QSize usualSize;    ///< in pixels, within the limits below
     int leastSide;
     int greatestSide;
 
     QVector<ApplicationOption> options() const;
 
-    /// Empty when it is not given.
+    /// The value of --output; empty if it is not given.
     static QString output(const QCommandLineParser& parser);
     static bool hasOutput(const QCommandLineParser& parser);
 
-    /// Why the size cannot be used; empty when it can.
+    /// Why the size is invalid, or empty.
     QString sizeProblem(const QCommandLineParser& parser) const;
 
-    /// That which is given, or the usual one. There must be no problem.
+    /// The given size or the usual one. sizeProblem() must be empty.
     static QSize size(const QCommandLineParser& parser);
 };

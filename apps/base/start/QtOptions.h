@@ -4,14 +4,14 @@
 #include <QList>
 #include <QString>
 
-/// The options that Qt's application objects take out of the command line of a program with
+/// The options that Qt's application objects remove from the command line of a program with
 /// windows.
 namespace QtOptions {
 
 /// Whether a word of a command line is one of them, with or without a value behind "=".
 bool isOption(const QString& word);
 
-/// Those that are of use to users, for the help.
+/// The options that are useful for users, for the help.
 QList<QCommandLineOption> all();
 
 } // namespace QtOptions

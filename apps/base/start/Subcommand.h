@@ -5,18 +5,18 @@
 
 class SubcommandWords;
 
-/// An option of a subcommand: a word alone, or a word and a whole number, or a word and a text.
+/// An option of a subcommand: without value, with an integer, or with a text.
 struct SubcommandOption
 {
     const char* name;           ///< with its hyphens
-    const char* valueName = ""; ///< of the value, such as "SECONDS"; empty for a word alone
+    const char* valueName = ""; ///< of the value, such as "SECONDS"; empty without value
     int least = 0;              ///< of the number
     int most = 0;               ///< of the number; 0 for an option that takes a text
 
     bool takesValue() const { return *valueName != '\0'; }
     bool takesNumber() const { return takesValue() && most > 0; }
 
-    /// As the help shows it: "[--wait SECONDS]".
+    /// The syntax in the help: "[--wait SECONDS]".
     QString syntax() const;
 };
 

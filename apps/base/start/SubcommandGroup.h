@@ -19,9 +19,8 @@ public:
     /// The commands and what they do, a line each.
     QString usage() const;
 
-    /// Runs the command that the words behind the group's name ask for; "--help" among them asks
-    /// for the usage. Words that make no sense are refused: the usage and what is wrong go to
-    /// standard error, and the exit code is 2.
+    /// Runs the command from the words behind the group's name; "--help" prints the usage. For
+    /// invalid words, prints the error and the usage to standard error and returns 2.
     int run(const QStringList& words) const;
 
 private:

@@ -11,23 +11,23 @@ struct SubcommandOption;
 class SubcommandWords
 {
 public:
-    /// The options are taken out of the words, wherever they stand. "-" alone is an operand. The
-    /// command must outlive this.
+    /// Separates options from operands; options may stand anywhere. "-" alone is an operand. The
+    /// command must outlive this object.
     SubcommandWords(const Subcommand& command, QStringList words);
 
-    /// What is wrong with them; empty when the command can be run.
+    /// Why the words are invalid; empty if the command can be run.
     QString problem() const { return m_problem; }
 
     /// Whether the option of that name, with its hyphens, is given.
     bool has(const char* option) const { return m_values.contains(QLatin1String(option)); }
 
-    /// The option's number, or the usual one where the option is not given.
+    /// The option's number; `usual` if the option is not given.
     int number(const char* option, int usual) const;
 
-    /// The option's text; empty where the option is not given.
+    /// The option's text; empty if the option is not given.
     QString text(const char* option) const { return m_values.value(QLatin1String(option)); }
 
-    /// All words but the options, as many as the command takes.
+    /// All words except the options. Their number suits the command.
     const QStringList& operands() const { return m_operands; }
 
 private:
@@ -41,5 +41,5 @@ private:
     const Subcommand& m_command;
     QStringList m_operands;
     QString m_problem;
-    QMap<QString, QString> m_values; ///< of the options that are given, by their names
+    QMap<QString, QString> m_values; ///< values of the given options, by name
 };

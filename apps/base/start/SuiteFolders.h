@@ -5,9 +5,9 @@
 /// The folders that KEST_HOME and KEST_USER_HOME name.
 namespace SuiteFolders {
 
-/// Why they cannot be used, as a sentence without its end; empty when they can. A folder whose name
-/// is no text in the encoding of the session would be mistaken for another one, which would even be
-/// made. Needs the application object.
+/// Why they cannot be used, as a sentence without full stop; empty if they can. A name that is
+/// invalid in the encoding of the session would be mistaken for another folder, which would even be
+/// created. Needs the application object.
 QString problem();
 
 } // namespace SuiteFolders

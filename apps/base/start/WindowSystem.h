@@ -1,6 +1,6 @@
 #pragma once
 
-/// What an application object needs.
+/// The window system that an application object needs.
 enum class WindowSystem {
     None,      ///< nothing but the standard streams
     Offscreen, ///< widgets are drawn but never shown

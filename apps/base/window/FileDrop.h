@@ -11,12 +11,12 @@ class FileDrop : public QObject
     Q_OBJECT
 
 public:
-    /// Is the window's child. What its own children do not take is left to it.
+    /// The window owns this object. Drops that the window's child widgets accept are left to them.
     explicit FileDrop(QWidget* window);
 
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 Q_SIGNALS:
-    /// The local files that were dropped, in their order; one at least.
+    /// Local files were dropped, at least one; in their order.
     void dropped(const QStringList& files);
 };

@@ -4,11 +4,11 @@
 
 class QWidget;
 
-/// Lets the user choose files that are there. If the user closes the dialog without a choice, files
-/// that it could not list are reported: Qt leaves out those whose names are not UTF-8.
+/// Lets the user choose existing files. If the user cancels the dialog, files that it could not
+/// list are reported: Qt omits files whose names are not UTF-8.
 namespace OpenDialog {
 
-/// Empty when the user has chosen none.
+/// The chosen file or files; empty if the user cancels.
 QString file(QWidget* parent, const QString& title, const QString& folder, const QString& filter);
 QStringList files(QWidget* parent, const QString& title, const QString& folder,
                   const QString& filter);

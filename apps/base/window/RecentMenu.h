@@ -8,18 +8,17 @@
 
 class common_recent_file_settings;
 
-/// Lists the recent files, the newest first, so that the user can open one of them again. Those
-/// that cannot be read are grey, as soon as that is known: nothing waits for a network that is
-/// gone.
+/// The menu of the recent files, the newest first. Unreadable files are disabled as soon as that is
+/// known: the menu does not wait for a network that is down.
 class RecentMenu : public QMenu
 {
     Q_OBJECT
 
 public:
-    /// The settings are not owned; they must be there for as long as the menu is used.
+    /// The settings are not owned and must outlive the menu.
     RecentMenu(QWidget* parent, common_recent_file_settings* settings);
 
-    /// Makes the file the newest of them.
+    /// Makes the file the newest one.
     void addFile(const QString& path);
 
 Q_SIGNALS:
@@ -34,7 +33,7 @@ private:
     void updateEntry(QAction& entry) const;
 
     common_recent_file_settings* m_settings;
-    Answers m_answers; ///< the last ones
+    Answers m_answers; ///< of the last probe
     bool m_isChecking = false;
-    QThreadPool m_thread; ///< its end is waited for, which is not long
+    QThreadPool m_thread; ///< its destructor waits for the probe, which has a time limit
 };

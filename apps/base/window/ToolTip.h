@@ -2,10 +2,10 @@
 
 #include <QString>
 
-/// Texts of tool tips, which Qt takes for rich text where they look like it.
+/// Texts of tool tips. Qt shows texts that look like rich text as such.
 namespace ToolTip {
 
-/// The text, line by line, whatever is in it; see suite::visibleText().
+/// The text as it is, line by line, without markup; see suite::visibleText().
 QString of(const QString& text);
 
 } // namespace ToolTip

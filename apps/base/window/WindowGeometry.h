@@ -3,15 +3,14 @@
 class QWidget;
 class common_geometry_settings;
 
-/// A main window's place, kept from session to session.
+/// The geometry of a main window, kept between sessions.
 namespace WindowGeometry {
 
-/// Puts the window where the settings say, or onto the first screen when that place is on none. As
-/// long as the user has no settings file, the window is in the middle, and not maximised: an empty
-/// one would fill the screen with nothing.
+/// Restores the geometry, on the first screen if it is outside of all screens. Without a settings
+/// file the window is centred and not maximised: an empty window need not fill the screen.
 void restore(QWidget& window, const common_geometry_settings& settings);
 
-/// Notes where the window is; for a maximised one where it was before.
+/// Stores the geometry; for a maximised window the one before.
 void save(const QWidget& window, common_geometry_settings& settings);
 
 } // namespace WindowGeometry

@@ -11,7 +11,7 @@
 
 namespace {
 
-// As the component has named them; those that are there.
+// The reported files that exist, as the component has named them.
 void addFile(const QString& name, RunRecord& record)
 {
     const QFileInfo file(QFileInfo(record.model).dir(), name);

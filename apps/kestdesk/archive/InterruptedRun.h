@@ -2,11 +2,11 @@
 
 class QString;
 
-/// Runs whose program was killed, with kestdesk or by a power cut, before it wrote their end.
+/// Records without an end, because kestdesk was killed or the power failed.
 namespace InterruptedRun {
 
-/// Writes the end of the record in the folder, as its messages tell it, if the run was interrupted
-/// and has none.
+/// If the run of the record in the folder was interrupted, derives its end from the messages and
+/// writes it.
 void close(const QString& folder);
 
 } // namespace InterruptedRun

@@ -6,21 +6,21 @@
 
 #include <functional>
 
-/// Reads the messages of a record, which may be growing. A line that is not complete yet, or that a
-/// power cut has torn, is left out.
+/// Reads the messages of a record, which may still grow. Incomplete lines, and lines that a power
+/// cut has damaged, are skipped.
 class MessageReader
 {
 public:
     using Take = std::function<void(const RecordedMessage& message)>;
 
-    /// The file need not be there yet.
+    /// The file need not exist yet.
     explicit MessageReader(QString file);
 
-    /// Passes on the messages that have come since the last call, at most about that many bytes of
-    /// them. False when nothing has come.
-    bool read(const Take& take, qint64 mostBytes = 1024 * 1024);
+    /// Passes on the messages that were added since the last call, at most about `mostBytes` of
+    /// them. False if there are none.
+    bool read(const Take& take, qint64 mostBytes = 1 << 20);
 
-    /// All that are left.
+    /// Passes on all remaining messages.
     void readAll(const Take& take);
 
 private:

@@ -6,13 +6,13 @@
 
 struct RunRecord;
 
-/// What a record says of all its messages.
+/// Totals over the messages of a record.
 class MessageTotals
 {
 public:
     void add(const RecordedMessage& message);
 
-    /// Of the last message, in milliseconds since the start.
+    /// Time of the last message, in milliseconds since the start.
     qint64 lastTime() const { return m_lastTime; }
 
     /// Puts the counts, the last lines and the total percentage into the record.

@@ -6,9 +6,8 @@ struct RunRecord;
 /// The copy of a run's model in its record.
 namespace ModelCopy {
 
-/// Copies the model and adds its checksum and its size (segments, frequencies) to the record. A
-/// model that cannot be read is left out: its run will say why. False when the copy cannot be
-/// written.
+/// Copies the model and adds its checksum and its size (segments, frequencies) to the record. An
+/// unreadable model is skipped: its run reports the reason. False if the copy cannot be written.
 bool add(RunRecord& record, RecordFolder& folder);
 
 } // namespace ModelCopy

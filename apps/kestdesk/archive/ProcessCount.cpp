@@ -7,7 +7,7 @@
 
 namespace {
 
-// The last one counts.
+// The last occurrence wins.
 QString valueOf(const QStringList& words, const QString& name)
 {
     const int index = words.lastIndexOf(name);
@@ -25,7 +25,7 @@ int all(const QStringList& words, const QString& machinesFile)
 
 } // namespace
 
-// The words after the first group are for other components.
+// The words after the first group belong to other components.
 int ProcessCount::of(const QStringList& arguments, const QString& machinesFile)
 {
     const QStringList own =

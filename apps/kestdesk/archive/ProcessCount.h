@@ -3,11 +3,11 @@
 class QString;
 class QStringList;
 
-/// How many processes of a component solve a model at once, as far as its arguments say.
+/// The number of processes that solve a model at once, from the arguments of the component.
 namespace ProcessCount {
 
-/// The machines file counts when all are wanted; its path may be empty. Reads it. 1 when nothing is
-/// said.
+/// If the arguments ask for all processors, reads and counts those of the machines file, whose path
+/// may be empty. 1 if the arguments give no number.
 int of(const QStringList& arguments, const QString& machinesFile);
 
 } // namespace ProcessCount

@@ -15,7 +15,7 @@ namespace {
 
 const QString startFile = QStringLiteral("run.json");
 const QString endFile = QStringLiteral("end.json");
-constexpr qint64 mostBytes = 16 * 1024 * 1024; // of a part
+constexpr qint64 mostBytes = 16 << 20; // of a part
 
 std::optional<QJsonObject> readObject(const QString& path)
 {
@@ -40,7 +40,8 @@ QString RecordFolder::messagesFile() const
     return QDir(m_path).filePath(QStringLiteral("messages.jsonl"));
 }
 
-// The owner is asked before its last file is read: it may write that and end in between.
+// Checks whether the owner is alive before reading its last file: the owner may write that file and
+// end in between.
 std::optional<RunRecord> RecordFolder::read() const
 {
     const QDir folder(m_path);

@@ -4,8 +4,8 @@
 
 #include <optional>
 
-/// The files of a record: each run has a folder of its own, so that a crash can only concern the
-/// record that is being written, and several programs can write without waiting for each other.
+/// The files of a record. Each run has its own folder, so that a crash can only damage the record
+/// that is being written, and several programs can write at the same time.
 class RecordFolder
 {
 public:
@@ -14,18 +14,19 @@ public:
     QString path() const { return m_path; }
     QString messagesFile() const;
 
-    /// The record; nothing when there is none. Without a number.
+    /// The record, without its number; nothing if there is none.
     std::optional<RunRecord> read() const;
 
-    /// Differs once a part has been written since; 0 when there is no record. Asks for no content.
+    /// A value that changes whenever a part is written; 0 if there is no record. Does not read the
+    /// content.
     qint64 stamp() const;
 
-    /// Write a part in one step. False, with a reason, when that cannot be done.
+    /// Write a part in one step. On failure return false and set reason().
     bool writeStart(const RunRecord& record);
     bool writeEnd(const RunRecord& record);
     bool writeFile(const QString& name, const QByteArray& content);
 
-    /// Of the last call, as a clause.
+    /// Why the last call failed, as a clause.
     QString reason() const { return m_reason; }
 
 private:

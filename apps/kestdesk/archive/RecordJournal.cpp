@@ -9,7 +9,7 @@
 
 namespace {
 
-constexpr qint64 largestCopy = 1024 * 1024; // of a table
+constexpr qint64 largestCopy = 1 << 20; // of a table
 constexpr int mostCopies = 20;
 
 void addChecksum(RunRecord::File& entry)
@@ -37,7 +37,7 @@ bool RecordJournal::fail(const QString& reason)
     return false;
 }
 
-// What explains a run comes first.
+// Messages that explain a run have priority.
 bool RecordJournal::hasRoomFor(RecordedMessage::Type type) const
 {
     const bool isOutput =
@@ -65,7 +65,7 @@ bool RecordJournal::write(const QVector<RecordedMessage>& messages)
     return suite::writeAll(m_file, lines) || fail(m_file.errorString());
 }
 
-// What the system does not confirm is tried again the next time.
+// A failed sync is retried the next time.
 void RecordJournal::sync()
 {
     if (!m_isSynced) {
@@ -90,7 +90,7 @@ bool RecordJournal::finish(RunRecord record)
     return false;
 }
 
-// The next run on the model overwrites them; with copies the two can be compared.
+// Copied because the next run on the model overwrites them: copies can be compared.
 void RecordJournal::copyTables(RunRecord& record)
 {
     int copies = 0;

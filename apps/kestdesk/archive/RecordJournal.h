@@ -6,26 +6,26 @@
 #include <QFile>
 #include <QVector>
 
-/// Writes the messages and the end of one record. Everything here waits for the disk.
+/// Writes the messages and the end of one record. All operations wait for the disk.
 class RecordJournal
 {
 public:
     explicit RecordJournal(const QString& folder, qint64 mostBytes);
 
-    /// Adds messages to the file. False, with a reason, when they cannot be written; then nothing
-    /// more is written.
+    /// Appends messages to the file. On failure returns false, sets reason() and writes nothing any
+    /// more.
     bool write(const QVector<RecordedMessage>& messages);
 
-    /// Counts messages that were left out before they came here.
+    /// Counts messages that the caller has left out.
     void omit(int messages) { m_omittedLines += messages; }
 
-    /// Puts what was written onto the disk; nothing when it is there.
+    /// Syncs the file to the disk, if anything was written since the last sync.
     void sync();
 
-    /// Writes how the run ended. False with a reason when it cannot be written.
+    /// Writes how the run ended. On failure returns false and sets reason().
     bool finish(RunRecord record);
 
-    /// Of the last failure, as a clause.
+    /// Why the last operation failed, as a clause.
     QString reason() const { return m_reason; }
 
 private:

@@ -15,13 +15,13 @@ namespace {
 using namespace std::chrono_literals;
 
 constexpr auto interval = 200ms;      // between two writes
-constexpr auto syncInterval = 1000ms; // between two confirmations by the disk
-constexpr auto patience = 5s;         // with a disk at the end of the program
-constexpr qint64 usualMostBytes = 64 * 1024 * 1024;
+constexpr auto syncInterval = 1000ms; // between two syncs to the disk
+constexpr auto patience = 5s;         // longest wait of the destructor
+constexpr qint64 usualMostBytes = 64 << 20;
 
 } // namespace
 
-// What both threads use. The writing thread keeps it when it has to be left behind.
+// The state that both threads use. The writing thread keeps it alive if it is detached.
 struct RecordWriter::Shared
 {
     explicit Shared(RunArchive theArchive) : archive(std::move(theArchive)) {}
@@ -31,18 +31,18 @@ struct RecordWriter::Shared
     RunRecord start;
     QString machinesFile;
 
-    std::mutex mutex; // of what follows
+    std::mutex mutex; // guards the members below
     std::condition_variable changed;
     QVector<RecordedMessage> messages;
-    qint64 waiting = 0;   // characters in the messages
-    int omittedLines = 0; // because too many wait
+    qint64 waiting = 0;   // characters in the queued messages
+    int omittedLines = 0; // left out because too many messages are queued
     std::optional<RunRecord> end;
     RunArchive::Limits limits;
-    RecordWriter* writer = nullptr; // null once it is gone
-    bool isAbandoned = false;       // no end will come
+    RecordWriter* writer = nullptr; // null after its destruction
+    bool isAbandoned = false;       // finish() will not be called
     bool isDone = false;
 
-    // Calls a signal of the writer from its own thread.
+    // Emits a signal of the writer in the writer's thread.
     template <typename Signal, typename... Arguments>
     void emitLater(Signal signal, Arguments... arguments)
     {
@@ -53,7 +53,7 @@ struct RecordWriter::Shared
         }
     }
 
-    // A disk that does not keep up must not fill the memory.
+    // A slow disk must not fill the memory.
     void add(const RecordedMessage& message)
     {
         const std::lock_guard<std::mutex> lock(mutex);
@@ -78,7 +78,8 @@ struct RecordWriter::Shared
         return std::exchange(omittedLines, 0);
     }
 
-    // Until there is an end, or time to write again. True when nothing more will come.
+    // Blocks until the end or until the next write is due. Returns true if no more messages will
+    // come.
     bool wait()
     {
         std::unique_lock<std::mutex> lock(mutex);
@@ -178,8 +179,8 @@ void RecordWriter::follow(Shared& shared, const QString& folder)
     close(shared, journal);
 }
 
-// Without an end, since the program ends before its run does, the record stays open and is taken
-// for what it is: of a run that was interrupted.
+// If the program ends before its run, the record gets no end, and the next program marks the run as
+// interrupted.
 void RecordWriter::close(Shared& shared, RecordJournal& journal)
 {
     if (!shared.end) {

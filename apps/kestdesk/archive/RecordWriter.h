@@ -10,11 +10,10 @@
 class RecordJournal;
 struct RecordedMessage;
 
-/// Writes the record of one run, in a thread of its own: a slow disk delays the record and nothing
-/// else. What was appended is in the file at the latest after a second, and on the disk after
-/// another one.
+/// Writes the record of one run in its own thread: a slow disk delays only the record. Appended
+/// messages are in the file after at most one second, and synced to the disk after another one.
 ///
-/// The signals come from the event loop of the thread that the writer lives in.
+/// The signals are emitted in the thread that the writer lives in, from its event loop.
 class RecordWriter : public QObject
 {
     Q_OBJECT
@@ -22,33 +21,32 @@ class RecordWriter : public QObject
 public:
     explicit RecordWriter(RunArchive archive, QObject* parent = nullptr);
 
-    /// Waits for what is still to be written, though not for ever: a disk that does not answer
-    /// costs the rest of the record.
+    /// Waits some seconds until everything is written. If the disk does not answer, the rest of the
+    /// record is lost.
     ~RecordWriter() override;
 
-    /// Of a record, in bytes. Lines of output beyond it are left out and counted; of all other
-    /// messages there may be as much again. To be set before begin().
+    /// Sets the limit for the messages of a record, in bytes. Lines of output beyond it are omitted
+    /// and counted; all other messages may take the same amount again. To be called before begin().
     void setMostBytes(qint64 bytes);
 
     /// Adds the record to the archive, with copies of the model and of the machines file, whose
-    /// path may be empty. To be called once, and before the others.
+    /// path may be empty. To be called once, before append() and finish().
     void begin(const RunRecord& record, const QString& machinesFile);
 
     void append(const RecordedMessage& message);
 
-    /// Completes the record: with how the run ended, which the record says, and with the counts and
-    /// last lines of its messages and the checksums of its files. Then prunes the archive.
+    /// Completes the record with the end of the run from the argument, with the counts and last
+    /// lines of its messages and with the checksums of its files. Then prunes the archive.
     void finish(const RunRecord& record, const RunArchive::Limits& limits);
 
 Q_SIGNALS:
     /// The archive has the record now.
     void created(int number);
 
-    /// The record cannot be made or continued, for that reason, a clause. The run is
-    /// not affected.
+    /// The record cannot be made or continued. The reason is a clause. The run is not affected.
     void failed(const QString& reason);
 
-    /// All is written, or has failed.
+    /// Everything is written, or writing has failed.
     void finished();
 
 private:

@@ -8,7 +8,7 @@
 
 #include <optional>
 
-/// A message of a run as its record keeps it: a line of JSON each.
+/// A message of a run as its record keeps it: one line of JSON.
 struct RecordedMessage
 {
     using Type = common_IProcessMessage::Type;
@@ -25,6 +25,6 @@ struct RecordedMessage
     /// The JSON with a line feed.
     QByteArray toLine() const;
 
-    /// Of a line without its line feed; nothing when it is not a message.
+    /// Parses a line without its line feed; returns nothing if it is not a message.
     static std::optional<RecordedMessage> parse(const QByteArray& line);
 };

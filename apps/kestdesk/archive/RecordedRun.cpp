@@ -20,11 +20,11 @@ using RecordedRun::ModelState;
 using RunSetup::Readiness;
 
 const QString machinesFileOption = QStringLiteral("--machines-file");
-constexpr int behindTheModel = 1; // which is the first argument, whatever its name
-constexpr qint64 megabyte = 1024 * 1024;
+constexpr int behindTheModel = 1; // the model is always the first argument
+constexpr qint64 megabyte = 1 << 20;
 constexpr qint64 largestModel = 64 * megabyte;
 constexpr qint64 largestMachinesFile = megabyte;
-constexpr int mostCopies = 1000; // of a model beside it
+constexpr int mostCopies = 1000; // of a model in its folder
 
 Readiness problem(const QString& text)
 {
@@ -48,7 +48,7 @@ QString copyPath(const RunRecord& record, int attempt)
         suffix);
 }
 
-// What is missing to start the run as it was; empty when nothing is.
+// What is missing to start the run as it was, as a clause; empty if nothing is missing.
 QString missingPart(const Run& run, const RunRecord& record)
 {
     const QFileInfo program(record.program);
@@ -65,8 +65,8 @@ QString missingPart(const Run& run, const RunRecord& record)
                : QStringLiteral("there is no model %1").arg(run.model());
 }
 
-// Replaces the name of the machines file that the run had, which was deleted with it, by that of a
-// new copy.
+// Replaces the name of the run's machines file, which was deleted at the end of the run, by the
+// name of a new copy.
 Readiness addMachinesFile(ComponentRunner& runner, const RunRecord& record, QStringList& arguments)
 {
     const int option = arguments.indexOf(machinesFileOption, behindTheModel);
@@ -89,6 +89,26 @@ Readiness addMachinesFile(ComponentRunner& runner, const RunRecord& record, QStr
     }
     arguments[option + 1] = QDir::toNativeSeparators(copy);
     return {};
+}
+
+Readiness setUpRecorded(const Run& run, const RunRecord& record)
+{
+    ComponentRunner& runner = *run.runner();
+    runner.deleteTemporaryFiles();
+    const QString missing = missingPart(run, record);
+    if (!missing.isEmpty()) {
+        return problem(missing);
+    }
+    QStringList arguments = record.arguments;
+    arguments.first() = QFileInfo(run.model()).fileName();
+    Readiness readiness = addMachinesFile(runner, record, arguments);
+    if (readiness.isReady()) {
+        runner.setExecutable(QFileInfo(record.program));
+        runner.setWorkingDirectory(record.workingDirectory);
+        runner.setArguments(arguments);
+        runner.setProcessEnvironment(record.environment);
+    }
+    return readiness;
 }
 
 } // namespace
@@ -155,20 +175,5 @@ Readiness RecordedRun::setUp(Run& run, const RunRecord& record, common_CommonSet
     if (!hasCommand(record)) {
         return run.setUp(RunOptionWords::options(record.runOptions), settings);
     }
-    ComponentRunner& runner = *run.runner();
-    runner.deleteTemporaryFiles();
-    const QString missing = missingPart(run, record);
-    if (!missing.isEmpty()) {
-        return problem(missing);
-    }
-    QStringList arguments = record.arguments;
-    arguments.first() = QFileInfo(run.model()).fileName();
-    Readiness readiness = addMachinesFile(runner, record, arguments);
-    if (readiness.isReady()) {
-        runner.setExecutable(QFileInfo(record.program));
-        runner.setWorkingDirectory(record.workingDirectory);
-        runner.setArguments(arguments);
-        runner.setProcessEnvironment(record.environment);
-    }
-    return readiness;
+    return run.setUpBy([&run, &record] { return setUpRecorded(run, record); });
 }

@@ -7,45 +7,46 @@
 
 class common_CommonSettingsSet;
 
-/// Runs a recorded run once more, exactly as it was: the same program, arguments, environment and
-/// folder, and the same machines file, whatever the user's launch options are by now.
+/// Repeats a recorded run exactly: with the same program, arguments, environment, folder and
+/// machines file, whatever the current launch options.
 namespace RecordedRun {
 
-/// What has become of the model since.
+/// The model now, compared with the record.
 enum class ModelState {
-    Unchanged, ///< as it was, or the record does not know how it was
+    Unchanged, ///< unchanged, or the record has no checksum
     Changed,
     Missing ///< not there, or not readable
 };
 
-/// Reads the model.
+/// Compares the model with the record. Reads the model: waits for the disk.
 ModelState modelState(const RunRecord& record);
 
-/// Whether the record has the model as it was.
+/// Whether the record has a copy of the model.
 bool hasModelCopy(const RunRecord& record);
 
-/// Where writeModel() has written the model.
+/// Result of writeModel().
 struct ModelFile
 {
-    QString path;    ///< empty where that failed
+    QString path;    ///< empty on failure
     QString problem; ///< why it failed, as a clause
 };
 
-/// Writes the model as it was beside the model, where the files are that it may refer to:
-/// dipole-run17.nec. A file that has this content already is used; others are never overwritten.
+/// Writes the recorded copy of the model into the model's folder, which has the files that it may
+/// refer to: dipole-run17.nec. An existing file with the same content is used; other files are
+/// never overwritten.
 ModelFile writeModel(const RunRecord& record);
 
-/// Whether the record says how the run is started. Of a run that was refused before its component
-/// could be started it does not.
+/// Whether the record has the command of the run. It has none if the run was refused before its
+/// component could be started.
 bool hasCommand(const RunRecord& record);
 
-/// A run of that model, which is the recorded one or what writeModel() has written. Null when this
-/// kestdesk does not know the component.
+/// Makes a run of that model: the recorded one or the file of writeModel(). Null if this kestdesk
+/// does not know the component.
 std::unique_ptr<Run> make(const RunRecord& record, const QString& model,
                           common_ActivePtr<ComponentRunner> runner, QObject* parent = nullptr);
 
-/// Makes the run ready to start, in place of Run::setUp(). A run without a command is set up as the
-/// user's launch options say now, with the recorded run options.
+/// Makes the run ready to start, instead of Run::setUp(). A run without a recorded command is set
+/// up with the current launch options and the recorded run options.
 RunSetup::Readiness setUp(Run& run, const RunRecord& record, common_CommonSettingsSet& settings);
 
 } // namespace RecordedRun

@@ -25,7 +25,7 @@ namespace {
 const QString newPrefix = QStringLiteral(".new-");
 const QString removedPrefix = QStringLiteral(".removed-");
 const QString machinesCopy = QStringLiteral("machines.kest");
-constexpr qint64 megabyte = 1024 * 1024;
+constexpr qint64 megabyte = 1 << 20;
 constexpr qint64 largestMachinesFile = megabyte;
 
 qint64 folderSize(const QString& folder)
@@ -100,7 +100,7 @@ std::optional<RunRecord> RunArchive::record(int number) const
     return found;
 }
 
-// The record is made whole under another name, so that nobody meets half of one.
+// The record is completed under a temporary name, so that other programs never read half of one.
 RunArchive::Addition RunArchive::add(RunRecord record, const QString& machinesFile) const
 {
     if (!QDir().mkpath(m_folder)) {
@@ -125,7 +125,7 @@ RunArchive::Addition RunArchive::add(RunRecord record, const QString& machinesFi
     return addition;
 }
 
-// The next number that is free; another program may take it in between.
+// The next unused number; another program may take it in between.
 RunArchive::Addition RunArchive::moveIn(const QString& newFolder) const
 {
     constexpr int mostAttempts = 1000;
@@ -184,7 +184,7 @@ qint64 RunArchive::size() const
     return folderSize(m_folder);
 }
 
-// What programs were killed over: records half made or half deleted.
+// Records that killed programs have left half made or half deleted.
 void RunArchive::removeLeft() const
 {
     const QRegularExpression pattern(

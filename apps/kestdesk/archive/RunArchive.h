@@ -7,13 +7,13 @@
 
 #include <optional>
 
-/// The records of the user's runs, a folder each below one folder. Several programs may use the
-/// archive at once. Nothing here keeps a state: every call asks the disk, and may be made from any
+/// The records of the user's runs, each in its own subfolder of one folder. Several programs may
+/// use the archive at once. Stateless: every call accesses the disk and may be made from any
 /// thread.
 class RunArchive
 {
 public:
-    /// What the archive may hold; running runs do not count.
+    /// The limits of the archive. Running runs do not count.
     struct Limits
     {
         int days = 0;
@@ -27,39 +27,39 @@ public:
 
     QString folder() const { return m_folder; }
 
-    /// Those of all records, in ascending order.
+    /// The numbers of all records, in ascending order.
     QVector<int> numbers() const;
 
-    /// All of them, the newest first.
+    /// All readable records, the newest first.
     QVector<RunRecord> records() const;
 
-    /// Nothing when there is no such record, or when it cannot be read.
+    /// A record; nothing if it does not exist or cannot be read.
     std::optional<RunRecord> record(int number) const;
 
-    /// What add() has done.
+    /// Result of add().
     struct Addition
     {
-        int number = 0; ///< 0 when there is no record
+        int number = 0; ///< 0 on failure
         QString folder;
-        QString problem; ///< why there is no record, as a clause
+        QString problem; ///< why add() failed, as a clause
     };
 
-    /// Adds a record of a run that begins now, with a copy of its model and, unless the path is
+    /// Adds a record of a run that starts now, with a copy of its model and, unless the path is
     /// empty, of its machines file.
     Addition add(RunRecord record, const QString& machinesFile) const;
 
-    /// Deletes a record, also one that cannot be read. False when its run is still running, or when
-    /// it cannot be deleted.
+    /// Deletes a record, even an unreadable one. False if its run still runs or if it cannot be
+    /// deleted.
     bool remove(int number) const;
 
-    /// Gives records that were interrupted the end that can be told from their messages.
+    /// Completes the records of interrupted runs with an end derived from their messages.
     void closeInterrupted() const;
 
-    /// Deletes the oldest records, until the rest is inside the limits; the newest one stays.
-    /// Returns how many it has deleted.
+    /// Deletes the oldest records until the rest is within the limits; the newest one stays.
+    /// Returns the number of deleted records.
     int prune(const Limits& limits) const;
 
-    /// Bytes.
+    /// Size of all records, in bytes.
     qint64 size() const;
 
 private:

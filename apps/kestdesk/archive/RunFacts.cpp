@@ -20,7 +20,7 @@ namespace {
 
 using Options = common_ComponentsLaunchOptions;
 
-// Where the file cannot be read, runs are not started.
+// An unreadable file needs no handling here: such runs are not started.
 QVector<RunRecord::Option> launchOptions()
 {
     const Options::Pointer options = Options::create(ReadOnlyAccess);

@@ -8,13 +8,13 @@
 
 #include <optional>
 
-/// What the archive keeps of one run, except for its messages: how it was started, and once it has
-/// ended, how that came about. A plain value.
+/// The record of one run except for its messages: how it was started and, after the end, how it
+/// ended. A plain value.
 struct RunRecord
 {
     enum class State {
-        Running,     ///< the program that follows the run has not written its end, and is alive
-        Interrupted, ///< it has not written the end, and has ended itself: killed, or a power cut
+        Running,     ///< the program that follows the run is alive and has not written the end
+        Interrupted, ///< that program has ended without writing the end: killed, or a power cut
         Valid,
         Fault,
         NotStarted,
@@ -68,19 +68,19 @@ struct RunRecord
     int cores = 0;
     int segments = 0;    ///< of the model; 0 when it could not be read
     int frequencies = 0; ///< of its sweep; 0 when it could not be read
-    int processes = 1;   ///< how many solve it at once
+    int processes = 1;   ///< number of processes that solve the model at once
     int repeats = 0;     ///< number of the run that this one repeats; 0 when it repeats none
     QDateTime started;   ///< UTC
 
     // How it ended.
     State state = State::Running;
-    QDateTime ended;      ///< UTC; of an interrupted run that of the last message
+    QDateTime ended;      ///< UTC; for an interrupted run the time of the last message
     qint64 duration = 0;  ///< milliseconds
     QString outcome;      ///< in a few words: "fault, SIGKILL"
     QString reason;       ///< a clause whose subject is the component; may be empty
     QString problem;      ///< why it could not be started, as a clause; may be empty
-    QString stoppedBy;    ///< in words, as in "stopped by"; empty when it was not stopped from here
-    int exitCode = 0;     ///< or the number of the signal
+    QString stoppedBy;    ///< in words that follow "stopped by"; empty if kestdesk did not stop it
+    int exitCode = 0;     ///< exit code, or number of the signal
     bool isCrash = false; ///< whether the code is that of a signal
     int totalPercentage = 0;
     int errors = 0;
@@ -88,7 +88,7 @@ struct RunRecord
     int notices = 0;
     QStringList lastLines; ///< of the output
     QVector<File> files;
-    int omittedLines = 0; ///< lines of output that the limit of a record left out
+    int omittedLines = 0; ///< lines of output beyond the size limit of a record
     QString gap;          ///< why the record is not complete, as a clause; empty when it is
 
     bool hasEnded() const { return state != State::Running; }
@@ -96,22 +96,22 @@ struct RunRecord
     /// The word for the state: "running", "interrupted", "valid", ...
     static QString word(State state);
 
-    /// Absolute path of the copy of the model; empty without one.
+    /// Absolute path of the copy of the model; empty if there is none.
     QString modelCopyPath() const;
 
     /// The options that differ from the installation's defaults.
     QVector<Option> changedOptions() const;
 
-    /// The two parts, each written into a file of its own.
+    /// The two parts, which are written into separate files.
     QJsonObject startToJson() const;
     QJsonObject endToJson() const;
 
     /// Both parts with the number and the state, for other programs.
     QJsonObject toJson() const;
 
-    /// Nothing when it is not the first part of a record of a known format.
+    /// Reads the first part; nothing if the object is not one, or has an unknown format.
     static std::optional<RunRecord> fromStart(const QJsonObject& json);
 
-    /// Adds the second part. False, with nothing changed, when it is not one.
+    /// Reads the second part. False, and nothing is changed, if the object is not one.
     bool readEnd(const QJsonObject& json);
 };

@@ -9,7 +9,7 @@
 
 namespace {
 
-// The launch options of today play no part in a run that is repeated.
+// A repeated run does not depend on the current launch options.
 void addRepeated(const RunRecord& repeated, RunRecord& record)
 {
     record.repeats = repeated.number;
@@ -83,7 +83,7 @@ void RunRecorder::add(const Run& run, const common_IProcessMessage& message)
     m_writer.append({run.elapsed(), type, text});
 }
 
-// A run that was refused has not been recorded yet.
+// A refused run has no record yet.
 void RunRecorder::end(const Run& run)
 {
     begin(run);

@@ -7,7 +7,7 @@
 
 #include <optional>
 
-/// Makes the record of a run while it runs, whatever becomes of the run.
+/// Writes the record of a run while it runs, as an observer of the run.
 class RunRecorder : public QObject
 {
     Q_OBJECT
@@ -16,28 +16,28 @@ public:
     /// The face that shows the run.
     enum class Face { Window, Terminal };
 
-    /// To be made before the run is started. The recorder stays usable when the run is gone.
+    /// To be created before the run is started. The recorder may outlive the run.
     RunRecorder(Run& run, Face face, RunArchive archive, const RunArchive::Limits& limits,
                 QObject* parent = nullptr);
 
-    /// What the run is set up with: to be called before it is started, and only then of use.
+    /// Sets the options that the run is set up with. Has an effect only before the start.
     void setRunOptions(common_RunWrapper::RunOptions options) { m_options = options; }
 
-    /// That the run repeats a recorded one (RecordedRun): to be called before it is started, in
-    /// place of setRunOptions().
+    /// Says that the run repeats a recorded one (RecordedRun). To be called before the start,
+    /// instead of setRunOptions().
     void setRepeated(const RunRecord& record);
 
-    /// Of the record in the archive; 0 as long as there is none.
+    /// Number of the record in the archive; 0 while there is none.
     int number() const { return m_number; }
 
-    /// Whether the record is complete, or never will be.
+    /// Whether nothing more will be written: the record is complete, or has failed.
     bool isFinished() const { return m_isFinished; }
 
 Q_SIGNALS:
     /// The archive has the record now.
     void created(int number);
 
-    /// The record is not complete, for that reason, a clause.
+    /// The record is not complete. The reason is a clause.
     void failed(const QString& reason);
 
     /// Nothing more is written.

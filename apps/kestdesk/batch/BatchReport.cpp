@@ -90,7 +90,7 @@ void BatchReport::add(Shown& shown, const common_IProcessMessage& message)
     }
 }
 
-// Lines of runs that go at the same time are told apart by their models.
+// Lines of simultaneous runs begin with the name of their model.
 void BatchReport::writeLine(const Run& run, const QString& text, Terminal::Colour colour)
 {
     m_output->writeLine(m_isNaming ? nameOf(run) + QStringLiteral(": ") + text : text, colour);
@@ -138,8 +138,8 @@ void BatchReport::showSummary(const Shown& shown)
                             counted(run.files().size(), "file"), duration(run.elapsed())));
 }
 
-// The component is what the reason speaks of. The last line has the model's name in any case, and
-// nothing comes behind it: scripts read it.
+// The component is the subject of the reason. The last line always has the model's name, and
+// nothing follows it: scripts read it.
 void BatchReport::showOutcome(const Run& run, int number)
 {
     const RunOutcome& outcome = run.outcome();
@@ -197,7 +197,7 @@ void BatchReport::showStatus()
     m_output->setStatusLine(status());
 }
 
-// Of several runs what fits: how far each is, and how long it still takes.
+// For several runs, as much as fits: the progress and the remaining time of each.
 QString BatchReport::status() const
 {
     QStringList parts;
@@ -219,7 +219,7 @@ QString BatchReport::status() const
     return parts.join(QStringLiteral(" | "));
 }
 
-// Once for all the lines that arrive together.
+// Updates once for all lines that arrive together.
 void BatchReport::flushSoon()
 {
     if (!m_flushTimer.isActive()) {

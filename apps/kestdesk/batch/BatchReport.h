@@ -16,41 +16,42 @@
 class Run;
 class RunForecast;
 
-/// Shows runs on the terminal: what their components print as it comes, how far they are, and a
-/// summary at the end of each and of all.
+/// Shows runs in the terminal: the output of their components, their progress, and a summary at the
+/// end of each run and of the batch.
 class BatchReport : public QObject
 {
     Q_OBJECT
 
 public:
-    /// What became of a model.
+    /// The outcome of a model's run.
     struct Result
     {
         QString model;
-        std::optional<RunOutcome::Kind> outcome; ///< nothing for one that has not been begun
+        std::optional<RunOutcome::Kind> outcome; ///< nothing if the run has not begun
     };
 
     BatchReport();
 
-    /// Whether each line begins with the name of its model, for runs at the same time.
+    /// Whether each line begins with the name of its model, for simultaneous runs.
     void setNaming(bool isNaming) { m_isNaming = isNaming; }
 
-    /// Shows everything on standard error from now on, for standard output that is read by another
-    /// program.
+    /// Writes everything to standard error from now on, because another program reads standard
+    /// output.
     void leaveOutputFree();
 
-    /// Shows a waiting run until end(), which must come before the run is deleted. The forecast
-    /// says how long it still takes; it lives as long as the run.
+    /// Shows a waiting run until end(), which must be called before the run is deleted. The
+    /// forecast gives the remaining time and must live until then.
     void follow(const Run& run, const RunForecast& forecast);
 
-    /// On standard error.
+    /// Writes the text to standard error.
     void reportError(const QString& text);
 
-    /// Shows how a run has ended, and unless it was valid how to see its record again, which has
-    /// the number, 0 for none. Nothing when the run is not shown.
+    /// Shows how a run has ended and, unless it was valid, the command that shows its record. The
+    /// number is that of the record, 0 for none. Does nothing if the run is not shown.
     void end(const Run& run, int number);
 
-    /// After several models: how many ended how, and which of them were not valid.
+    /// Summarises several models: the number of runs for each outcome, and the models whose runs
+    /// were not valid.
     void summarise(const std::vector<Result>& results);
 
 private:
@@ -74,6 +75,6 @@ private:
     std::unique_ptr<Terminal> m_output;
     QTimer m_statusTimer;
     QTimer m_flushTimer;
-    std::vector<std::unique_ptr<Shown>> m_shown; ///< those that have not ended
+    std::vector<std::unique_ptr<Shown>> m_shown; ///< runs that have not ended
     bool m_isNaming = false;
 };

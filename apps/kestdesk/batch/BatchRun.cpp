@@ -14,7 +14,7 @@ constexpr int longestRecording = 5000; // milliseconds that the end of a record 
 
 const QString useLocal = QStringLiteral("\"kestdesk machines use-local\"");
 
-// Why a component is not started, and what the user can do about it in a terminal.
+// Why a component is not started, and how to solve the problem in a terminal.
 QString problemText(const RunSetup::Readiness& readiness, const QString& component)
 {
     switch (readiness.obstacle) {

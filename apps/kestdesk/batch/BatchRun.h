@@ -13,7 +13,7 @@
 
 struct Component;
 
-/// What the runs of a batch have in common.
+/// The common settings of the runs of a batch.
 struct BatchSetting
 {
     const Component& component;
@@ -21,37 +21,37 @@ struct BatchSetting
     RunArchive archive;
     RunArchive::Limits limits;
 
-    /// The run that they repeat exactly, instead of being set up as the launch options say.
+    /// The record to repeat exactly, instead of a set-up with the launch options.
     std::optional<RunRecord> repeated;
 };
 
-/// One model of a batch: its run, how long that still takes, and its record.
+/// One model of a batch: its run, the forecast of its remaining time, and its record.
 class BatchRun : public QObject
 {
     Q_OBJECT
 
 public:
-    /// The setting must outlive this.
+    /// The setting must outlive this object.
     BatchRun(const BatchSetting& setting, const QString& model);
 
     Run& run() { return m_run; }
     const Run& run() const { return m_run; }
     const RunForecast& forecast() const { return m_forecast; }
 
-    /// Of the record; 0 without one.
+    /// Number of the record; 0 without one.
     int number() const { return m_recorder.number(); }
 
     /// Sets the run up and starts or refuses it.
     void start(common_CommonSettingsSet& settings);
 
-    /// The record; where the archive has none, what is known without it.
+    /// The record as JSON. Without a record, the facts that are known.
     QJsonObject toJson() const;
 
 Q_SIGNALS:
-    /// The record is not complete, for that reason, a clause.
+    /// The record is not complete. The reason is a clause.
     void recordFailed(const QString& reason);
 
-    /// The run has ended, and its record is complete or takes too long for that. Comes once.
+    /// The run has ended, and its record is complete or has timed out. Emitted once.
     void finished();
 
 private:
@@ -62,6 +62,6 @@ private:
     Run m_run;
     RunForecast m_forecast;
     RunRecorder m_recorder;
-    QTimer m_recordingTime; ///< runs while the run has ended, but not its record
+    QTimer m_recordingTime; ///< active between the end of the run and that of its record
     bool m_isFinished = false;
 };

@@ -22,7 +22,7 @@ namespace {
 constexpr int exitValid = 0;
 constexpr int exitFault = 1;
 constexpr int exitNotStarted = 2;
-constexpr int exitStopped = 130; // what shells give for a program that Ctrl+C ended
+constexpr int exitStopped = 130; // shells return this for a program that was ended by Ctrl+C
 
 RunArchive::Limits limits()
 {
@@ -44,9 +44,17 @@ BatchSession::BatchSession(const Component& component, common_RunWrapper::RunOpt
     connect(&m_queue, &RunQueue::startRequested, this, &BatchSession::start);
     connect(&m_shutdown, &Shutdown::done, this, &BatchSession::leave);
     StopSignals::watch(this, [this] { onStopRequested(); });
+    closeInterruptedRecords();
 }
 
 BatchSession::~BatchSession() = default;
+
+// The models do not wait for the records of earlier runs.
+void BatchSession::closeInterruptedRecords()
+{
+    m_disk.post(
+        [archive = m_setting.archive](const DiskThread::Answer&) { archive.closeInterrupted(); });
+}
 
 void BatchSession::setJobs(int jobs)
 {
@@ -60,7 +68,7 @@ int BatchSession::exec()
     return QCoreApplication::exec();
 }
 
-// The number of a run in the queue is that of its model, from 1 on.
+// The id of a run in the queue is the number of its model, from 1.
 void BatchSession::queueModels()
 {
     for (const QString& model : qAsConst(m_models)) {
@@ -84,7 +92,7 @@ void BatchSession::start(const QueuedRun& queued)
     run->start(m_settings);
 }
 
-// Once the user has asked to stop, the shutdown decides when to leave.
+// After a request to stop, the shutdown decides when to leave.
 void BatchSession::onFinished(const QueuedRun& queued)
 {
     const BatchRun& run = *m_runs[static_cast<std::size_t>(queued.id - 1)];
@@ -160,7 +168,7 @@ void BatchSession::writeJson() const
     std::fflush(stdout);
 }
 
-// The worst of the outcomes; models that were not begun have been stopped.
+// The worst of the outcomes; models whose run has not begun count as stopped.
 int BatchSession::exitCode() const
 {
     const auto has = [this](RunOutcome::Kind kind) {

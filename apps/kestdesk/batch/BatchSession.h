@@ -2,6 +2,7 @@
 
 #include "BatchReport.h"
 #include "BatchRun.h"
+#include "DiskThread.h"
 #include "RunQueue.h"
 #include "Shutdown.h"
 
@@ -13,34 +14,34 @@
 #include <memory>
 #include <vector>
 
-/// Runs a component on the models, one after the other or several at once, until all are done or
-/// the user stops it.
+/// Runs a component on models, one after the other or several at once, until all are done or the
+/// user stops the session.
 class BatchSession : public QObject
 {
     Q_OBJECT
 
 public:
-    /// With the user's launch options. The component must outlive the session.
+    /// Uses the user's launch options. The component must outlive the session.
     BatchSession(const Component& component, common_RunWrapper::RunOptions options,
                  QStringList models);
     ~BatchSession() override;
 
-    /// How many runs go at the same time, 1 or more; of one model never more than one. To be called
-    /// before exec().
+    /// Sets the number of simultaneous runs, 1 or more; runs of one model are never simultaneous.
+    /// To be called before exec().
     void setJobs(int jobs);
 
-    /// Runs the model as that run was started, instead of as the launch options say now. To be
-    /// called before exec().
+    /// Repeats that run exactly, instead of using the launch options. To be called before exec().
     void repeat(const RunRecord& record) { m_setting.repeated = record; }
 
-    /// Shows the runs on standard error, and writes their records as one JSON object to standard
-    /// output at the end. To be called before exec().
+    /// If true, shows the runs on standard error and writes their records as one JSON object to
+    /// standard output at the end. To be called before exec().
     void setJson(bool isJson);
 
     /// The application's exit code: 0 all valid, 1 a fault, 2 a start that failed, 130 stopped.
     int exec();
 
 private:
+    void closeInterruptedRecords();
     void queueModels();
     void start(const QueuedRun& queued);
     void onFinished(const QueuedRun& queued);
@@ -58,5 +59,6 @@ private:
     Shutdown m_shutdown;
     RunQueue m_queue;
     int m_finishedCount = 0;
-    std::vector<std::unique_ptr<BatchRun>> m_runs; ///< by model; null for those not begun
+    std::vector<std::unique_ptr<BatchRun>> m_runs; ///< by model; null if it has not begun
+    DiskThread m_disk;                             ///< the first to go
 };

@@ -14,7 +14,7 @@ namespace {
 using File = RunComparison::File;
 using State = File::State;
 
-constexpr qint64 largestTable = 64 * 1024 * 1024;
+constexpr qint64 largestTable = 64 << 20;
 
 // Indexed by State.
 constexpr const char* stateWords[] = {"same", "different", "only left", "only right", "unknown"};
@@ -24,7 +24,8 @@ QString relativeName(const RunRecord& record, const RunRecord::File& file)
     return QFileInfo(record.model).absoluteDir().relativeFilePath(file.path);
 }
 
-// What corresponding files of two models have in common: the name without the model's.
+// What the names of corresponding files of two models have in common: the part without the model's
+// name.
 QString key(const RunRecord& record, const RunRecord::File& file)
 {
     const QString name = relativeName(record, file);
@@ -47,7 +48,7 @@ State compare(const RunRecord::File& left, const RunRecord::File& right)
     return left.checksum == right.checksum ? State::Same : State::Different;
 }
 
-// A table that a run has written, if it still is what the run has written.
+// The table that a run has written, if it has not been changed since.
 class WrittenTable
 {
 public:

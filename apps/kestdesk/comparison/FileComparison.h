@@ -4,10 +4,10 @@
 
 class QJsonArray;
 
-/// The part of a comparison of two runs that concerns the files that they have written.
+/// Compares the files that two runs have written.
 namespace FileComparison {
 
-/// All files of both runs, those of the left one first.
+/// All files of both runs, those of the left one first. Waits for the disk.
 QVector<RunComparison::File> of(const RunRecord& left, const RunRecord& right);
 
 QJsonArray toJson(const QVector<RunComparison::File>& files);

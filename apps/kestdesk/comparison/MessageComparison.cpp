@@ -17,7 +17,7 @@ using Type = RecordedMessage::Type;
 
 constexpr Type severities[] = {Type::Error, Type::Warning, Type::Notice};
 
-// In the order in which they came first.
+// In the order of their first occurrence.
 class Occurrences
 {
 public:

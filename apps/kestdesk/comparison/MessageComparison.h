@@ -4,11 +4,11 @@
 
 class QJsonArray;
 
-/// The part of a comparison of two runs that concerns their messages.
+/// Compares the messages of two runs.
 namespace MessageComparison {
 
-/// Errors, warnings and notices whose numbers differ, errors first. Adds to the problems what
-/// cannot be read.
+/// The errors, warnings and notices whose counts differ, errors first. Adds a clause to the
+/// problems for each record whose messages cannot be read.
 QVector<RunComparison::Message> of(const RunRecord& left, const RunRecord& right,
                                    QStringList& problems);
 

@@ -16,7 +16,7 @@ namespace {
 using Field = RunComparison::Field;
 using Fields = QVector<Field>;
 
-constexpr qint64 largestText = 64 * 1024 * 1024;
+constexpr qint64 largestText = 64 << 20;
 
 struct FieldRow
 {
@@ -25,7 +25,7 @@ struct FieldRow
     const char* label;
 };
 
-// Not the arguments: they follow from the rest, and hold the names of temporary files.
+// The arguments are not compared: they follow from the rest and contain names of temporary files.
 // clang-format off
 constexpr FieldRow fieldRows[] = {
     {&RunComparison::run,      "component",        "component"},
@@ -132,7 +132,7 @@ Values environmentOf(const RunRecord& record)
     return values;
 }
 
-// A copy that a record has of a text; without a problem where it has none.
+// The copy of a text in a record. A missing copy is not a problem.
 struct Copy
 {
     Copy(const RunRecord& record, const QString& name)

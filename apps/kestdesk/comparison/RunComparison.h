@@ -8,52 +8,51 @@
 
 #include <optional>
 
-/// The differences between two runs, the left and the right one, as their records tell them. A
-/// plain value.
+/// The differences between the records of two runs, the left and the right one. A plain value.
 struct RunComparison
 {
     /// Compares two records. Reads their messages, the copies of models and machines files, and
     /// tables of results: waits for the disk.
     static RunComparison of(const RunRecord& left, const RunRecord& right);
 
-    /// Something that has a value in each record; the value is empty where it has none.
+    /// A field of the records; the value is empty if a record does not have it.
     struct Field
     {
-        QString name;  ///< as in RunRecord::toJson(); that of a launch option or of a variable
+        QString name;  ///< key in RunRecord::toJson(), launch option or variable
         QString label; ///< for readers
         QString left;
         QString right;
     };
 
-    /// Two texts that the records keep.
+    /// A text that both records keep.
     struct Text
     {
-        QString file; ///< what it is: "model"
+        QString file; ///< kind of text: "model"
         bool isSame = true;
-        QVector<suite::LineChange> changes; ///< none where only the ends of lines differ
-        QString problem; ///< why the changes are not known, as a clause; empty when they are
+        QVector<suite::LineChange> changes; ///< empty if only the line ends differ
+        QString problem; ///< why the texts could not be compared, as a clause; else empty
     };
 
-    /// An error, a warning or a notice that one run has given more often than the other one.
+    /// An error, a warning or a notice that one run has reported more often than the other.
     struct Message
     {
         RecordedMessage::Type type = RecordedMessage::Type::Error;
         QString text;
-        int left = 0; ///< how often
+        int left = 0; ///< number of times
         int right = 0;
     };
 
-    /// A file that one of the runs, or both, have written. Files correspond when their names are
-    /// the same, or differ as the names of the models do.
+    /// A file that one or both of the runs have written. Files correspond if their names are the
+    /// same, or differ only by the names of the models.
     struct File
     {
         enum class State { Same, Different, OnlyLeft, OnlyRight, Unknown };
 
-        QString name; ///< of the left one, or else of the right one, relative to the model's folder
+        QString name; ///< of the left file or else the right one, relative to the model's folder
         State state = State::Unknown;
         std::optional<RunRecord::File> left;
         std::optional<RunRecord::File> right;
-        std::optional<suite::TableDifference> table; ///< of different tables over frequency
+        std::optional<suite::TableDifference> table; ///< for different tables over frequency
         QString problem; ///< why different tables were not compared, as a clause; mostly empty
 
         /// The word for a state: "same", "different", "only left", ...
@@ -65,7 +64,7 @@ struct RunComparison
     qint64 leftDuration = 0; ///< milliseconds
     qint64 rightDuration = 0;
 
-    // Only what differs.
+    // These contain only differences.
     QVector<Field> run;
     QVector<Field> launchOptions;
     QVector<Field> environment;
@@ -75,10 +74,10 @@ struct RunComparison
 
     Text model;
     Text machinesFile;
-    QVector<File> files;  ///< all of them
-    QStringList problems; ///< what else could not be compared, as clauses
+    QVector<File> files;  ///< all files
+    QStringList problems; ///< other parts that could not be compared, as clauses
 
-    /// Whether nothing differs but the times, and everything could be compared.
+    /// Whether nothing but the times differs, and everything could be compared.
     bool isSame() const;
 
     QJsonObject toJson() const;

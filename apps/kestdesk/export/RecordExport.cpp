@@ -19,7 +19,7 @@
 
 namespace {
 
-// Collects what README.txt says.
+// Collects the text of README.txt.
 class Export
 {
 public:
@@ -54,7 +54,7 @@ private:
         m_leftOut.append(QStringLiteral("%1: %2").arg(suite::visibleText(name), reason));
     }
 
-    // A file of the record's own; its name is empty where the record has none.
+    // A file in the record's folder; its name is empty if the record has none.
     bool addPart(const QString& name, const char* meaning)
     {
         const QString path = m_folder.filePath(name);
@@ -99,7 +99,7 @@ private:
         return m_zip.addFile(entry, source.path, source.size);
     }
 
-    // Where a result is as the run has written it.
+    // The path of a result that has not been changed since the run.
     struct Source
     {
         QString path;
@@ -191,8 +191,8 @@ bool moveInto(const QString& source, const QString& path, QString& problem)
 
 } // namespace
 
-// By way of a temporary file: the library writes into the folder of its file, and what is left of a
-// killed program there would be found by users.
+// Uses a temporary folder: the zip library writes its own temporary file beside the target, and a
+// killed program would leave it there for the user to find.
 bool RecordExport::exportRecord(const RunRecord& record, const QString& zipPath, QString& problem,
                                 qint64 mostResultBytes)
 {

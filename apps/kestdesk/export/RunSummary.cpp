@@ -70,7 +70,7 @@ QString modelText(const RunRecord& record)
     return QDir::toNativeSeparators(record.model) + size;
 }
 
-// The component is what the reason speaks of.
+// The component is the subject of the reason.
 void addOutcome(const RunRecord& record, Lines& lines)
 {
     const Kind kind = RunSummary::kind(record.state);
@@ -207,7 +207,7 @@ Lines output(const QString& messagesFile)
     return lines;
 }
 
-// Of a run that still runs, or was interrupted, the record has none.
+// The record of a running or interrupted run has no outcome.
 QStringList lastLines(const RunRecord& record, const QString& messagesFile)
 {
     constexpr int most = 20;

@@ -3,11 +3,11 @@
 #include "RecordedMessage.h"
 #include "RunRecord.h"
 
-/// A record for readers: how the run was started, how it ended and why, what it warned of, and what
-/// it wrote.
+/// A readable summary of a record: how the run was started, how it ended and why, its findings, and
+/// its files.
 namespace RunSummary {
 
-/// A line of it. The text may have come from outside.
+/// A line of the summary. The text may contain control characters from outside.
 struct Line
 {
     enum class Kind { Plain, Valid, Fault, Stopped, Error, Warning, Notice };
@@ -16,7 +16,7 @@ struct Line
     Kind kind = Kind::Plain;
 };
 
-/// Which of the messages follow the facts.
+/// The messages that follow the facts.
 enum class Messages {
     Findings, ///< errors, warnings and notices, the last lines of the output
     Output,   ///< all lines of output, and nothing else
@@ -26,13 +26,13 @@ enum class Messages {
 /// Reads the messages of the record: waits for the disk.
 QVector<Line> of(const RunRecord& record, Messages messages = Messages::Findings);
 
-/// The same in one text.
+/// The whole summary as one text, in UTF-8.
 QByteArray text(const RunRecord& record);
 
-/// The local time of a point in time, to the second.
+/// Formats a time as local time, to the second.
 QString time(const QDateTime& time);
 
-/// The kind that goes with a state.
+/// The kind of line for a state.
 Line::Kind kind(RunRecord::State state);
 
 } // namespace RunSummary

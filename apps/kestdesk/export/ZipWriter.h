@@ -7,27 +7,29 @@
 
 struct zip;
 
-/// Writes a zip file. Nothing is there before commit(), and nothing else stays without it.
+/// Writes a zip file. The file appears only with commit(); without it, nothing is left.
 class ZipWriter
 {
 public:
-    /// The path must not exist, or be a file that may be replaced; its folder must exist.
+    /// An existing file is replaced; the folder must exist.
     explicit ZipWriter(const QString& path);
     ~ZipWriter();
 
     ZipWriter(const ZipWriter&) = delete;
     ZipWriter& operator=(const ZipWriter&) = delete;
 
-    /// Adds an entry with that content. The names have "/" between folders.
+    /// Adds an entry. Folders in names are separated by "/". On failure returns false and sets
+    /// reason().
     bool add(const QString& name, const QByteArray& content);
 
-    /// Adds an entry with the first bytes of a file, which are read by commit().
+    /// Adds an entry with the first `bytes` bytes of a file, which commit() reads. On failure
+    /// returns false and sets reason().
     bool addFile(const QString& name, const QString& path, qint64 bytes);
 
-    /// Writes the file.
+    /// Writes the file. On failure returns false and sets reason().
     bool commit();
 
-    /// Why the last call has failed, as a clause.
+    /// Why the last call failed, as a clause.
     QString reason() const { return m_reason; }
 
 private:
@@ -35,6 +37,6 @@ private:
     bool fail(const char* reason);
 
     struct zip* m_zip = nullptr;
-    std::deque<QByteArray> m_contents; ///< must stay where they are until the end
+    std::deque<QByteArray> m_contents; ///< the library refers to them until commit()
     QString m_reason;
 };

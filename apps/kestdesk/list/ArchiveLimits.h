@@ -2,10 +2,10 @@
 
 #include "RunArchive.h"
 
-/// What the user lets the archive of runs hold.
+/// The limits of the run archive from the user's settings.
 namespace ArchiveLimits {
 
-/// As the user's settings are now.
+/// Reads the settings now.
 RunArchive::Limits ofUser();
 
 } // namespace ArchiveLimits

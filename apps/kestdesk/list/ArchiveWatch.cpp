@@ -17,7 +17,7 @@ namespace {
 constexpr int interval = 1000; // milliseconds between two looks
 constexpr int atOnce = 100;    // records in an answer
 
-// What lists do not show takes most of the memory.
+// Drops what lists do not show: it takes most of the memory.
 void slim(RunRecord& record)
 {
     record.launchOptions.clear();
@@ -26,17 +26,17 @@ void slim(RunRecord& record)
 
 } // namespace
 
-// What the thread knows of the archive; used by its jobs only.
+// The state of the archive at the last look. Only used by jobs of the thread.
 struct ArchiveWatch::Reader
 {
     explicit Reader(RunArchive theArchive) : archive(std::move(theArchive)) {}
 
-    /// What is known of a record.
+    /// The state of a record.
     struct Known
     {
         qint64 stamp = 0;
         bool isFinal = false;
-        std::shared_ptr<MessageReader> messages; // of a running one
+        std::shared_ptr<MessageReader> messages; // only of a running one
         MessageTotals totals;
     };
 
@@ -48,7 +48,7 @@ struct ArchiveWatch::Reader
     QVector<int> takeMissing(const QVector<int>& numbers);
 };
 
-// Of a running record also what its messages say.
+// For a running record, adds the totals of its messages.
 std::optional<RunRecord> ArchiveWatch::Reader::readIfChanged(int number)
 {
     RecordFolder folder(QDir(archive.folder()).filePath(QString::number(number)));
@@ -81,7 +81,7 @@ std::optional<RunRecord> ArchiveWatch::Reader::readIfChanged(int number)
     return record;
 }
 
-// False when there is nothing new.
+// Returns false if nothing is new.
 bool ArchiveWatch::Reader::follow(Known& record, const QString& file)
 {
     if (!record.messages) {
@@ -128,7 +128,7 @@ void ArchiveWatch::start(const RunArchive::Limits& limits)
     refresh();
 }
 
-// Where the disk is slow, no more than one look waits for it.
+// On a slow disk at most one look is queued.
 void ArchiveWatch::refresh()
 {
     if (std::exchange(m_isWanted, true) || m_isLooking) {

@@ -8,8 +8,8 @@
 
 #include <memory>
 
-/// Follows the archive of runs, whoever changes it: this program, another one, or the user with a
-/// file manager. All reading and deleting is done in a thread of its own.
+/// Watches the run archive for changes by this program, by other programs and by the user's file
+/// manager. Reads and deletes in its own thread.
 class ArchiveWatch : public QObject
 {
     Q_OBJECT
@@ -19,27 +19,27 @@ public:
     explicit ArchiveWatch(RunArchive archive, QObject* parent = nullptr);
     ~ArchiveWatch() override;
 
-    /// Gives interrupted records their end, deletes the oldest ones beyond the limits, reads all
-    /// records, and then looks for changes at intervals.
+    /// Completes interrupted records, deletes the oldest ones beyond the limits, reads all records,
+    /// and then looks for changes at intervals.
     void start(const RunArchive::Limits& limits);
 
     /// Looks for changes at once.
     void refresh();
 
-    /// Deletes the records, but those of running runs.
+    /// Deletes the records with these numbers, except those of running runs.
     void remove(const QVector<int>& numbers);
 
-    /// Reads a record whole. The answer comes in this object's thread, unless the context is gone
-    /// by then; nothing when there is no such record.
+    /// Reads a complete record. The answer is called in this object's thread, unless the context
+    /// has been destroyed by then; with nothing if there is no such record.
     using RecordAnswer = std::function<void(const std::optional<RunRecord>& record)>;
     void read(int number, QObject* context, const RecordAnswer& answer);
 
 Q_SIGNALS:
-    /// Records are new or different. They are without launch options and without last lines, which
-    /// lists do not show; of running ones the counts of messages and the progress are up to date.
+    /// Records are new or have changed. They lack the launch options and the last lines, which
+    /// lists do not show. Message counts and progress of running ones are up to date.
     void changed(const QVector<RunRecord>& records);
 
-    /// Records are no longer there.
+    /// Records have been deleted.
     void removed(const QVector<int>& numbers);
 
     /// All records have been read for the first time.
@@ -55,8 +55,8 @@ private:
 
     std::shared_ptr<Reader> m_reader;
     bool m_isLooking = false;
-    bool m_isWanted = false; ///< once more
+    bool m_isWanted = false; ///< another look was requested during the current one
     bool m_isLoaded = false;
     QTimer m_timer;
-    DiskThread m_disk; ///< the first to go
+    DiskThread m_disk; ///< destroyed first
 };

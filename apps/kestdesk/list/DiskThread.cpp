@@ -10,20 +10,20 @@ namespace {
 
 using namespace std::chrono_literals;
 
-constexpr auto patience = 5s; // with a disk at the end
+constexpr auto patience = 5s; // longest wait of the destructor
 
 } // namespace
 
-// What both threads use. The working thread keeps it when it has to be left behind.
+// The state that both threads use. The working thread keeps it alive if it is detached.
 struct DiskThread::Shared
 {
     std::mutex mutex;
     std::condition_variable changed;
     std::deque<Job> jobs;
-    DiskThread* owner = nullptr; // null once it is gone
+    DiskThread* owner = nullptr; // null after its destruction
     bool isDone = false;
 
-    // Nothing when there will be none.
+    // Returns an empty job when the thread has to end.
     Job next()
     {
         std::unique_lock<std::mutex> lock(mutex);

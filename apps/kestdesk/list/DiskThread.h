@@ -6,25 +6,25 @@
 #include <memory>
 #include <thread>
 
-/// A thread for what waits for the disk, so that the thread that shows things never does. It works
-/// off its jobs one after the other.
+/// A thread for jobs that wait for the disk, so that the user interface thread never does. Runs its
+/// jobs one after the other.
 class DiskThread : public QObject
 {
     Q_OBJECT
 
 public:
-    /// Something to be called in the thread that the object lives in, unless the object is gone by
-    /// then.
+    /// A function to be called in the thread that the object lives in, unless the object has been
+    /// destroyed by then.
     using Reply = std::function<void()>;
 
-    /// May be called any number of times, by a job.
+    /// Passes a reply to that thread. A job may call it any number of times.
     using Answer = std::function<void(const Reply& reply)>;
     using Job = std::function<void(const Answer& answer)>;
 
     explicit DiskThread(QObject* parent = nullptr);
 
-    /// Drops the jobs that have not begun, and waits for the one that has, though not for ever: a
-    /// disk that does not answer must not keep a program from ending.
+    /// Drops the jobs that have not begun, and waits some seconds for the one that has: a disk that
+    /// does not answer must not prevent a program from ending.
     ~DiskThread() override;
 
     void post(Job job);

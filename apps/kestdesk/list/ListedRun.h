@@ -4,39 +4,39 @@
 
 class WindowRun;
 
-/// A run in the list of runs: its record, and while this window has it the run itself, which says
-/// more and sooner. A plain value.
+/// A row of the list of runs: the record, and for a run of this session the run itself, which is
+/// more recent. A plain value.
 struct ListedRun
 {
-    RunRecord record;         ///< with number 0 as long as there is none
+    RunRecord record;         ///< its number is 0 while there is no record
     WindowRun* run = nullptr; ///< not owned; null for a run that this window has not started
 
-    /// Absolute path.
+    /// Absolute path of the model.
     QString model() const;
     QString component() const;
 
-    /// Of the record; 0 without one.
+    /// Number of the record; 0 without one.
     int number() const;
 
-    /// The state that the user can choose to see.
+    /// The state by which the list is filtered.
     RunRecord::State state() const;
 
-    /// In a few words; of a fault also what ended the run: "fault, SIGKILL".
+    /// The state in a few words; for a fault with the cause: "fault, SIGKILL".
     QString stateText() const;
 
-    /// The state as a sentence or two, with what the end usually means.
+    /// The state in a sentence or two, with the usual meaning of the end.
     QString explanation() const;
 
-    /// Name of the picture for the state.
+    /// Name of the icon for the state.
     const char* icon() const;
 
-    /// Of the work, in per cent.
+    /// Total percentage, 0 to 100.
     int progress() const;
 
-    /// Milliseconds from the start to now, or to the end.
+    /// Milliseconds from the start until now, or until the end.
     qint64 elapsed() const;
 
-    /// UTC.
+    /// Time of the start, UTC.
     QDateTime started() const;
 
     int errors() const;
@@ -45,9 +45,10 @@ struct ListedRun
     /// "2 errors, 1 warning"; empty without any.
     QString messageText() const;
 
-    /// Which face shows it on which computer, if not this window's on this one: "terminal on b".
+    /// The face and the computer, as far as they differ from this window and this computer:
+    /// "terminal on b".
     QString place() const;
 
-    /// Whether it is still going, here or elsewhere.
+    /// Whether the run still runs, in this program or in another one.
     bool isRunning() const { return state() == RunRecord::State::Running; }
 };

@@ -17,7 +17,7 @@
 namespace {
 
 constexpr int idRole = Qt::UserRole;
-constexpr int mostRows = 5; // that are seen at once
+constexpr int mostRows = 5; // visible without scrolling
 
 QString textOf(const QueuedRun& run)
 {
@@ -90,7 +90,7 @@ QPushButton* QueuePanel::addButton(QWidget* head, const char* name, const char* 
     return button;
 }
 
-// The selection goes with its runs.
+// The selection moves with its runs.
 void QueuePanel::update()
 {
     const QVector<int> selected = selectedIds();
@@ -133,7 +133,7 @@ QVector<int> QueuePanel::selectedIds() const
     return ids;
 }
 
-// -1 when not exactly one is selected.
+// Returns -1 unless exactly one run is selected.
 int QueuePanel::selectedRow() const
 {
     const QList<QListWidgetItem*> items = m_list->selectedItems();

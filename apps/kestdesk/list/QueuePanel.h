@@ -8,8 +8,7 @@ class QListWidget;
 class QPushButton;
 class RunQueue;
 
-/// The runs that wait, where the user can change their order, hold them and remove them. Is shown
-/// while there are any.
+/// Shows the waiting runs; the user can reorder, hold and remove them. Hidden while no run waits.
 class QueuePanel : public QWidget
 {
     Q_OBJECT

@@ -9,7 +9,8 @@
 RunFilter::RunFilter(RunTableModel* runs, QObject* parent)
     : QSortFilterProxyModel(parent), m_runs(runs)
 {
-    // Before this model hears of new rows itself.
+    // Connected before setSourceModel() connects the base class, so that the groups are up to date
+    // when it sorts new rows.
     connect(runs, &QAbstractItemModel::rowsInserted, this, &RunFilter::countGroups);
     connect(runs, &QAbstractItemModel::rowsRemoved, this, &RunFilter::countGroups);
     setSourceModel(runs);
@@ -60,7 +61,7 @@ bool RunFilter::startsGroup(int row) const
     return m_isGrouped && (row == 0 || modelOf(row) != modelOf(row - 1));
 }
 
-// The first run of a model says how many there are.
+// The first run of a model shows how many there are.
 QVariant RunFilter::data(const QModelIndex& index, int role) const
 {
     const bool isHead = m_isGrouped && index.column() == RunTableModel::ModelColumn &&
@@ -104,7 +105,7 @@ bool RunFilter::filterAcceptsRow(int row, const QModelIndex& /*parent*/) const
     });
 }
 
-// What compares as equal is ordered by time, the newest first, whatever the order of the rest.
+// Equal rows are ordered by time, the newest first, whatever the sort order.
 bool RunFilter::lessThan(const QModelIndex& left, const QModelIndex& right) const
 {
     const bool isAscending = sortOrder() == Qt::AscendingOrder;
@@ -127,7 +128,7 @@ bool RunFilter::lessThan(const QModelIndex& left, const QModelIndex& right) cons
     return (left.row() > right.row()) == isAscending;
 }
 
-// Negative when the left one comes first.
+// Returns a negative number if the left one comes first.
 int RunFilter::groupOrder(int leftRow, int rightRow) const
 {
     const QString left = m_runs->listedRun(leftRow).model();

@@ -10,7 +10,7 @@
 
 class RunTableModel;
 
-/// The runs of the list that the user wants to see, in the order in which they do.
+/// Filters and sorts the list of runs.
 class RunFilter : public QSortFilterProxyModel
 {
     Q_OBJECT
@@ -19,23 +19,23 @@ public:
     /// Shows all runs, the newest first. The runs are not owned and must outlive the filter.
     explicit RunFilter(RunTableModel* runs, QObject* parent);
 
-    /// Words that a run must have all of: in the path of its model, its component, state, outcome,
-    /// place or number.
+    /// Shows only runs that contain all of the words in the path of the model, the component,
+    /// state, outcome, place or number.
     void setText(const QString& text);
 
-    /// Only runs in that state; nothing for all.
+    /// Shows only runs in that state; all without one.
     void setState(std::optional<RunRecord::State> state);
 
     /// Keeps the runs of a model together, the model with the newest run first.
     void setGrouped(bool grouped);
     bool isGrouped() const { return m_isGrouped; }
 
-    /// Leaves out all runs that have ended by now, until showAll().
+    /// Hides all runs that have ended by now, until showAll().
     void hideEnded();
     void showAll();
     bool hasHidden() const { return !m_hidden.isEmpty(); }
 
-    /// Whether the row is the first of its model's, with the runs grouped.
+    /// Whether the row is the first of its model. Always false if the runs are not grouped.
     bool startsGroup(int row) const;
 
     QVariant data(const QModelIndex& index, int role) const override;
@@ -49,10 +49,10 @@ private:
     int groupOrder(int leftRow, int rightRow) const;
     void countGroups();
 
-    /// What is known of the runs of a model.
+    /// The runs of one model.
     struct Group
     {
-        qint64 newest = 0; ///< milliseconds
+        qint64 newest = 0; ///< start of the newest run, milliseconds since 1970
         int size = 0;
     };
 

@@ -23,7 +23,7 @@ const struct { const char* text; std::optional<State> state; } stateRows[] = {
 };
 // clang-format on
 
-constexpr int shortestState = 4; // characters that a narrow window shows of a state
+constexpr int shortestState = 4; // characters of a state that a narrow window shows
 
 } // namespace
 

@@ -7,7 +7,7 @@ class QLineEdit;
 class QToolButton;
 class RunFilter;
 
-/// What the user wants to see in the list of runs: words, a state, grouped by model or not.
+/// The controls of the filter: words, a state, grouping by model.
 class RunFilterBar : public QWidget
 {
     Q_OBJECT
@@ -18,10 +18,10 @@ public:
 
     void focusText();
 
-    /// The one that the Tab key leads to last.
+    /// The last control in the tab order.
     QWidget* lastControl() const;
 
-    /// Takes back every choice by which runs may be left out.
+    /// Resets all controls that hide runs.
     void clear();
 
 private:

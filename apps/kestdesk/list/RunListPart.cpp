@@ -67,7 +67,7 @@ void RunListPart::focusFilter()
     m_filter->focusText();
 }
 
-// Only where runs are left out.
+// Shows the count only if runs are left out.
 void RunListPart::updateCount()
 {
     const int shown = m_list->filter()->rowCount();

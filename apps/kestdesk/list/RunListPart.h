@@ -10,28 +10,29 @@ class RunFilterBar;
 class RunListView;
 class RunTableModel;
 
-/// The part of the window with the list of runs and its filter. It follows the archive.
+/// The part of the window with the list of runs and its filter. Follows the archive.
 class RunListPart : public QWidget
 {
     Q_OBJECT
 
 public:
-    /// The runs must outlive this. The button stands beside the filter.
+    /// The runs must outlive this object.
     RunListPart(RunTableModel* runs, RunArchive archive, QWidget* parent);
 
+    /// Puts the button beside the filter and takes the ownership.
     void addButton(QWidget* button);
 
-    /// Lets the tab key reach the filter before the list. To be called when this has its place in
-    /// the window.
+    /// Puts the filter before the list in the tab order. To be called after this widget has been
+    /// added to the window.
     void orderTabs();
 
     RunListView* list() const { return m_list; }
     ArchiveWatch* archive() const { return m_archive; }
 
-    /// Leaves out the runs that have ended; their records stay.
+    /// Hides the runs that have ended; their records stay.
     void clearEnded();
 
-    /// Shows all runs again, whatever was filtered or cleared.
+    /// Shows all runs again: resets the filter and undoes clearEnded().
     void showAll();
 
     void focusFilter();

@@ -19,20 +19,20 @@ constexpr Model::Column shownOrder[] = {
     Model::StateColumn,     Model::MessagesColumn, Model::ProgressColumn, Model::ElapsedColumn,
     Model::RemainingColumn, Model::StartedColumn,  Model::PlaceColumn};
 
-// The others may be cut where there is no room; their tool tips are whole.
+// The other columns may be elided; their tool tips show the whole text.
 bool isFitted(int column)
 {
     return column != Model::ModelColumn && column != Model::FolderColumn;
 }
 
-// These columns take their room only where a run has something to say in them.
+// These columns are shown only if a run has a text in them.
 bool isShownOnlyWithText(int column)
 {
     return column == Model::RemainingColumn || column == Model::MessagesColumn ||
            column == Model::PlaceColumn;
 }
 
-// Digits have one width in nearly all fonts: so there are few different texts.
+// Digits have one width in nearly all fonts: texts that differ in digits alone are measured once.
 QString shape(QString text)
 {
     for (QChar& each : text) {
@@ -87,7 +87,7 @@ void RunListView::arrangeColumns()
     setSortingEnabled(true);
 }
 
-// Once for all changes of a turn.
+// Updates once for all changes in one turn of the event loop.
 void RunListView::scheduleFit()
 {
     if (!m_isFitScheduled) {
@@ -108,7 +108,7 @@ void RunListView::fitColumns()
     }
 }
 
-// The style leaves room for the sign of the order in every column, which only one has.
+// The style reserves space for the sort indicator in every column, but only one column shows it.
 int RunListView::headerWidth(int column) const
 {
     const QString text = m_filter->headerData(column, Qt::Horizontal).toString();
@@ -117,7 +117,7 @@ int RunListView::headerWidth(int column) const
     return fontMetrics().horizontalAdvance(text) + (isSorted ? 4 * em : 2 * em);
 }
 
-// Pixels, of all rows, also of those that are not in sight now.
+// Width in pixels over all rows, including those that are scrolled out of view.
 int RunListView::widestText(int column) const
 {
     QSet<QString> measured;
@@ -169,7 +169,7 @@ void RunListView::select(const WindowRun* run)
     }
 }
 
-// Whatever column is current, what is typed is the beginning of a model's name.
+// Typed text is the beginning of a model's name, whatever the current column.
 void RunListView::keyboardSearch(const QString& search)
 {
     const QModelIndex current = selectionModel()->currentIndex();

@@ -7,7 +7,7 @@ class RunTableModel;
 class WindowRun;
 struct ListedRun;
 
-/// The list of runs, of which any number can be selected.
+/// The table of runs. Any number of rows can be selected.
 class RunListView : public QTableView
 {
     Q_OBJECT
@@ -16,16 +16,16 @@ public:
     /// The runs are not owned and must outlive the list.
     RunListView(RunTableModel* runs, QWidget* parent);
 
-    /// The runs that it shows.
+    /// The shown runs. Owned by this object.
     RunFilter* filter() const { return m_filter; }
 
-    /// The current run, if this session has started it; null when it has not, or without one.
+    /// The current run; null if there is none or if another session has started it.
     WindowRun* selectedRun() const;
 
-    /// The runs that are selected, as they are shown.
+    /// The selected runs, in the order of the rows.
     QVector<ListedRun> selectedRuns() const;
 
-    /// Selects a run alone.
+    /// Selects this run only.
     void select(const WindowRun* run);
 
     void keyboardSearch(const QString& search) override;

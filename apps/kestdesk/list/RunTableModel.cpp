@@ -21,7 +21,7 @@
 
 namespace {
 
-constexpr int timesInterval = 1000; // ms
+constexpr int timesInterval = 1000; // milliseconds
 
 struct ColumnRow
 {
@@ -56,14 +56,14 @@ QString startedText(const ListedRun& row)
                                                               : QStringLiteral("yyyy-MM-dd"));
 }
 
-// Errors count for more than any number of warnings.
+// One error outweighs any number of warnings.
 QVariant messageKey(const ListedRun& row)
 {
     constexpr qint64 manyWarnings = Q_INT64_C(1) << 32;
     return row.errors() * manyWarnings + row.warnings();
 }
 
-// Without a number yet, a run is newer than all that have one.
+// A run without a number yet is newer than all that have one.
 QVariant numberKey(const ListedRun& row)
 {
     return row.number() > 0 ? row.number() : std::numeric_limits<int>::max();
@@ -149,7 +149,7 @@ void RunTableModel::add(WindowRun* run)
     connect(run, &WindowRun::changed, this, [this, run] { onChanged(run); });
 }
 
-// Once the run has a record, that may be here already.
+// The list may contain the run's record already.
 void RunTableModel::onChanged(WindowRun* run)
 {
     int row = rowOf(run);
@@ -202,7 +202,7 @@ void RunTableModel::setRecords(const QVector<RunRecord>& records)
     }
 }
 
-// What is not seen to change is not reported, for views may sort and filter all again then.
+// Invisible changes are not reported, because views may sort and filter all rows after each report.
 void RunTableModel::setRecord(int row, const RunRecord& record)
 {
     ListedRun& changed = m_rows[row];
@@ -235,7 +235,8 @@ int RunTableModel::rowOf(const WindowRun* run) const
     return run == nullptr || found == m_rows.end() ? -1 : int(found - m_rows.begin());
 }
 
-// Of a row that is no run of this session.
+// The row of a record, by its number; -1 if there is none or if it belongs to a run of this
+// session.
 int RunTableModel::rowOfNumber(int number) const
 {
     const auto found = std::find_if(m_rows.begin(), m_rows.end(), [number](const ListedRun& row) {

@@ -7,8 +7,8 @@
 
 class WindowRun;
 
-/// The runs of the archive and those of this session, which are among them as soon as they have a
-/// record. In no particular order.
+/// The runs of the archive and of this session, unordered. A run of this session and its record are
+/// one row.
 class RunTableModel : public QAbstractTableModel
 {
     Q_OBJECT
@@ -30,34 +30,34 @@ public:
     };
 
     enum Role {
-        SortRole = Qt::UserRole, ///< what to compare
-        SearchRole               ///< all that a filter looks into, in the first column
+        SortRole = Qt::UserRole, ///< the value to sort by
+        SearchRole               ///< all texts that a filter searches; first column only
     };
 
     explicit RunTableModel(QObject* parent);
 
-    /// The run stays its parent's.
+    /// Adds a run of this session, without taking ownership.
     void add(WindowRun* run);
 
-    /// Takes the run out of the list; its record stays.
+    /// Removes the run from the list; its record stays.
     void remove(WindowRun* run);
 
-    /// Puts the records into the list, or in place of those of the same numbers.
+    /// Adds the records, or replaces those with the same numbers.
     void setRecords(const QVector<RunRecord>& records);
 
-    /// Takes the records out of the list; runs of this session stay.
+    /// Removes the records from the list; runs of this session stay.
     void removeRecords(const QVector<int>& numbers);
 
-    /// Null for a run of another session, and where there is no such row.
+    /// The run of a row; null for a run of another session and for an invalid row.
     WindowRun* run(int row) const;
 
     /// The row must exist.
     const ListedRun& listedRun(int row) const { return m_rows.at(row); }
 
-    /// -1 when there is none.
+    /// The row of a run of this session; -1 if there is none.
     int rowOf(const WindowRun* run) const;
 
-    /// Of this session, newest last.
+    /// The runs of this session, the newest last.
     const QVector<WindowRun*>& runs() const { return m_runs; }
     QVector<WindowRun*> runningRuns() const;
 

@@ -5,13 +5,14 @@
 
 class Run;
 
-/// Titles of the windows of runs, each of its own within a session.
+/// Window titles of runs, unique within a session.
 class RunTitles
 {
 public:
-    /// The model's name, a number from its second run on, and the component.
+    /// The title of a new run: the model's name, a number from the second run on, and the
+    /// component.
     QString next(const Run& run);
 
 private:
-    QHash<QString, int> m_counts; ///< of the titles without their numbers
+    QHash<QString, int> m_counts; ///< runs so far, by title without number
 };

@@ -87,7 +87,7 @@ void SessionRuns::removeDeleted(const QVector<int>& numbers)
     Q_EMIT changed();
 }
 
-// Destroying a run waits for what is still to be written.
+// The destructor of a run waits until its record is written.
 void SessionRuns::remove(WindowRun* run)
 {
     m_list->remove(run);

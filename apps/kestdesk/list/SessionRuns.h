@@ -12,49 +12,49 @@ class QWidget;
 class RunTableModel;
 class Shutdown;
 
-/// The runs that the window starts, from their start until their records are whole.
+/// The runs that the window starts, from their start until their records are complete.
 class SessionRuns : public QObject
 {
     Q_OBJECT
 
 public:
-    /// All must outlive this.
+    /// The arguments must outlive this object.
     SessionRuns(RunTableModel* list, Shutdown& shutdown, QWidget* window);
 
-    /// Ends the recording of runs that are left.
+    /// Ends the recording of the remaining runs.
     ~SessionRuns() override;
 
-    /// Adds a run to the list and starts it. Null when it did not start, which the user has been
-    /// shown then.
+    /// Adds a run to the list and starts it. The run is owned by this object; null if it did not
+    /// start, after the user has been shown why.
     WindowRun* start(const Component& component, const QString& model,
                      common_RunWrapper::RunOptions options, common_CommonSettingsSet& settings);
 
-    /// The same for a run that repeats a recorded one, on that model.
+    /// The same for a run that repeats a recorded one on that model. False if it did not start.
     bool startAgain(const RunRecord& record, const QString& model,
                     common_CommonSettingsSet& settings);
 
-    /// Takes those that have ended out of this session; their records stay.
+    /// Removes the ended runs from this session; their records stay.
     void removeEnded();
 
-    /// The archive has deleted those records: runs that have ended go with them.
+    /// Removes the ended runs whose records have been deleted from the archive.
     void removeDeleted(const QVector<int>& numbers);
 
-    /// Emits allRecorded() when nothing is left to be written into the records, or when that takes
-    /// too long; at once where nothing is.
+    /// Emits allRecorded() when all records are written, at once if they already are, or after some
+    /// seconds in any case.
     void finishRecords();
 
 Q_SIGNALS:
-    /// A run is new, and the one that the user will want to see.
+    /// A run has been added; the list should select it.
     void added(WindowRun* run);
 
-    /// What is shown of a run has changed.
+    /// The shown data of a run have changed.
     void changed();
 
     void ended(const WindowRun& run);
     void recordFailed(const WindowRun& run);
     void allRecorded();
 
-    /// The archive has something new.
+    /// A record has been added to the archive or changed.
     void archiveChanged();
 
 private:

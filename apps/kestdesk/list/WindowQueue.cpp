@@ -41,7 +41,7 @@ void WindowQueue::readSettings()
     m_queue.setRunsAtOnce(KestdeskSettings::read().runsAtOnce());
 }
 
-// Nothing is started any more once the window is being closed; the user may still change that.
+// While the window is being closed no run starts; the user may still cancel the closing.
 bool WindowQueue::canStart(const QueuedRun& run)
 {
     if (m_shutdown.phase() != Shutdown::Phase::None) {
@@ -49,7 +49,7 @@ bool WindowQueue::canStart(const QueuedRun& run)
     }
     ModelLock lock(run.model);
     if (lock.take()) {
-        return true; // the run takes it again
+        return true; // the run will take the lock itself
     }
     Q_EMIT reported(QStringLiteral("%1 waits: it is being run already, by %2")
                         .arg(suite::visibleFileName(run.model), lock.owner()));

@@ -8,33 +8,34 @@ class SessionRuns;
 class Shutdown;
 class common_CommonSettingsSet;
 
-/// The queue of the window's runs: starts each run when its turn has come, and keeps those that
-/// wait from one session to the next.
+/// Connects the queue with the runs of the window: starts the requested runs, and keeps the waiting
+/// ones until the next session.
 class WindowQueue : public QObject
 {
     Q_OBJECT
 
 public:
-    /// All must outlive this. How many runs go at once is a setting of kestdesk.
+    /// The arguments must outlive this object. The number of simultaneous runs is a setting of
+    /// kestdesk.
     WindowQueue(SessionRuns& runs, common_CommonSettingsSet& settings, const Shutdown& shutdown,
                 QObject* parent);
 
     RunQueue& queue() { return m_queue; }
 
-    /// Takes over what earlier sessions have left.
+    /// Takes over the queues of earlier sessions.
     void restore();
 
-    /// Reads how many runs may go at once again.
+    /// Reads the number of simultaneous runs from the settings again.
     void readSettings();
 
 Q_SIGNALS:
-    /// Before a run is started.
+    /// A run is about to be started.
     void starting();
 
     /// A run of that model has been started.
     void started(const QString& model);
 
-    /// Something that the user should know of, as a sentence.
+    /// A sentence for the user.
     void reported(const QString& text);
 
 private:

@@ -20,7 +20,7 @@
 
 namespace {
 
-// Of the other states the outcome says more.
+// For the other states the outcome is more precise.
 // clang-format off
 const struct { Run::State state; const char* text; } stateTexts[] = {
     {Run::State::Waiting,    "not started"},
@@ -40,7 +40,7 @@ void showNotStarted(QString problem, QWidget* window)
         .display();
 }
 
-// Again after the user has mended what kept it from starting.
+// Repeats the set-up after the user has solved the problem.
 RunSetup::Readiness readinessAfter(const std::function<RunSetup::Readiness()>& setUp,
                                    QWidget* window)
 {
@@ -98,7 +98,7 @@ bool WindowRun::start(const SetUp& setUp, QWidget* window)
         return false;
     }
     makeDialog(window);
-    if (!m_run.start()) { // which the dialog has shown
+    if (!m_run.start()) { // the dialog has shown the reason
         delete m_dialog;
         return false;
     }

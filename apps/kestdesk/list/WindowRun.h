@@ -14,8 +14,8 @@
 class common_CommonSettingsSet;
 class common_KestProcessDialog;
 
-/// A run as the window shows it: with a dialog of its own, with texts for the list of runs, and
-/// with a record in the archive.
+/// A run of the window, with its process dialog, its texts for the list of runs and its record in
+/// the archive.
 class WindowRun : public QObject
 {
     Q_OBJECT
@@ -24,56 +24,59 @@ public:
     /// The component must outlive the run.
     WindowRun(const Component& component, const QString& model, QObject* parent);
 
-    /// Of the dialog; to be set before the start.
+    /// Sets the title of the dialog. To be called before the start.
     void setTitle(const QString& title) { m_title = title; }
 
-    /// Sets the run up and starts it. The dialog gets the window as its parent. False when it did
-    /// not start, which the user has been shown then.
+    /// Sets the run up and starts it. The dialog becomes a child of the window. False if it did not
+    /// start, after the user has been shown why.
     bool start(common_RunWrapper::RunOptions options, common_CommonSettingsSet& settings,
                QWidget* window);
 
-    /// The same for a run that repeats a recorded one exactly. The record is a whole one.
+    /// The same for a run that repeats a recorded one exactly. The record must be complete, with
+    /// launch options.
     bool startAgain(const RunRecord& record, common_CommonSettingsSet& settings, QWidget* window);
 
-    /// Brings the dialog to the front. False when the user has closed it.
+    /// Brings the dialog to the front. False if the user has closed it.
     bool showDialog();
 
     Run& run() { return m_run; }
     const Run& run() const { return m_run; }
 
-    /// The state in a few words; of a fault also what ended the run: "fault, SIGKILL".
+    /// The state in a few words; for a fault with the cause: "fault, SIGKILL".
     QString stateText() const;
 
-    /// The state as a sentence or two, with what the end usually means.
+    /// The state in a sentence or two, with the usual meaning of the end.
     QString explanation() const;
 
-    /// Of the run's record; 0 as long as it has none.
+    /// Number of the run's record; 0 while there is none.
     int number() const { return m_recorder.number(); }
 
-    /// Whether nothing is left to be written into the record.
+    /// Whether the record is completely written.
     bool isRecorded() const;
 
-    /// Why the record is not complete, as a sentence; empty when nothing is wrong with it.
+    /// Why the record is not complete, as a sentence; empty if there is no problem.
     QString recordProblem() const { return m_recordProblem; }
 
-    /// When it was made.
+    /// When this object was created.
     QDateTime started() const { return m_started; }
 
-    /// How many errors and warnings the component has reported.
+    /// The numbers of errors and warnings that the component has reported.
     int errors() const { return m_errors; }
     int warnings() const { return m_warnings; }
 
-    /// How long the run still takes: "about 3:40"; empty while that cannot be said.
+    const RunForecast& forecast() const { return m_forecast; }
+
+    /// The remaining time: "about 3:40"; empty while there is no estimate.
     QString remainingText() const { return m_forecast.shortText(); }
 
     /// The same in milliseconds.
     std::optional<qint64> remaining() const { return m_forecast.remaining(); }
 
-    /// The tables that the results viewer shows, once the component has ended.
+    /// Paths of the tables that the results viewer shows; empty until the component has ended.
     QStringList results() const { return m_results; }
 
 Q_SIGNALS:
-    /// What the list shows has changed.
+    /// The texts for the list have changed.
     void changed();
 
     /// The run has ended.
@@ -85,7 +88,7 @@ Q_SIGNALS:
     /// The record is not complete; recordProblem() says why.
     void recordFailed();
 
-    /// Nothing is left to be written into the record.
+    /// The record is completely written.
     void recorded();
 
 private:

@@ -2,8 +2,8 @@
 
 #include "ComponentRunner.h"
 
-/// A runner whose messages the process dialog can take: it has no place for variables, which the
-/// user may ask components to print, so these come as plain output.
+/// A runner for the process dialog. The dialog does not show variables, which the user may make
+/// components print, so this runner passes them on as plain output.
 class WindowRunner : public ComponentRunner
 {
 protected:

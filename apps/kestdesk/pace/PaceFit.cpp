@@ -5,20 +5,20 @@
 
 namespace {
 
-constexpr double burstGap = 0.25; // of the usual gap: closer points are one
+constexpr double burstGap = 0.25; // of the usual gap: closer points count as one
 constexpr double longGap = 30;    // of the mean of the others
 constexpr int stepsWithoutStart = 4;
-constexpr double pauseLength = 6;    // of what a step usually takes
-constexpr double pauseOfAverage = 5; // and of what an average one takes, for very small steps
+constexpr double pauseLength = 6;    // of a usual step
+constexpr double pauseOfAverage = 5; // and of an average step, for very small steps
 constexpr double halfWeight = 0.25;  // of the run
 constexpr int mostGroups = 6;
 constexpr int groupsOfGrowth = 5;
-constexpr double usualGrowth = 0.25; // of the pace over the run, standard deviation
+constexpr double usualGrowth = 0.25; // standard deviation of the pace's change over the run
 constexpr double leastNoise = 0.02;  // of the pace
 constexpr double leastChange = 0.3;
 constexpr double mostChange = 4;
-constexpr double leastVariation = 0.2; // of the pace from step to step
-constexpr double firstVariation = 0.5; // as long as there are too few steps to tell
+constexpr double leastVariation = 0.2; // of the pace, from step to step
+constexpr double firstVariation = 0.5; // while there are too few steps to measure it
 
 template <typename Steps, typename Value>
 double weightedMean(const Steps& steps, Value value)
@@ -58,7 +58,7 @@ PaceFit::PaceFit(const QVector<PacePoint>& points, double end, Growth growth)
     }
 }
 
-// Mean time between two points, without the few that are many times as long.
+// Mean time between two points, without the few gaps that are many times as long.
 double PaceFit::usualGap(const QVector<PacePoint>& points)
 {
     QVector<double> gaps;
@@ -75,7 +75,7 @@ double PaceFit::usualGap(const QVector<PacePoint>& points)
     return gaps.isEmpty() ? 0 : sum / gaps.size();
 }
 
-// Of a burst the last point stays: then all of its work is done.
+// Keeps the last point of a burst: all work of the burst is done then.
 QVector<PacePoint> PaceFit::withoutBursts(const QVector<PacePoint>& points)
 {
     QVector<PacePoint> result;
@@ -123,8 +123,8 @@ QVector<PaceFit::Step> PaceFit::withoutPauses(const QVector<Step>& steps)
     return result;
 }
 
-// The load of a computer changes for longer than a step, so neighbouring steps err alike. Whether
-// the paces follow a line is judged by groups of steps.
+// The load of a computer changes more slowly than steps follow each other, so the errors of
+// neighbouring steps are correlated. Groups of steps decide whether the paces follow a line.
 QVector<PaceFit::Step> PaceFit::groups(const QVector<Step>& steps)
 {
     QVector<Step> result;
@@ -145,8 +145,8 @@ QVector<PaceFit::Step> PaceFit::groups(const QVector<Step>& steps)
     return result;
 }
 
-// How the pace changes with the work: the slope of a straight line, which is held back by what is
-// usual, since few or uneven steps say little about it.
+// How the pace changes with the work: the slope of a straight line, shrunk towards 0 by the usual
+// variation, because few or uneven steps determine it badly.
 double PaceFit::slope(const QVector<Step>& steps, double range)
 {
     const QVector<Step> all = groups(steps);

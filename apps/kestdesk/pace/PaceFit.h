@@ -4,39 +4,39 @@
 
 #include <QVector>
 
-/// The pace of a run, which is the time that a unit of work takes, from the points it has reached.
+/// The pace of a run, the time that a unit of work takes, fitted to its progress points.
 ///
-/// Results of processes that work side by side come in bursts: those of a burst count as one point.
-/// The start of a phase costs time of its own and is left out as soon as there is enough else. A
-/// step many times as long as usual is a pause (a suspended computer, a stopped process) and counts
-/// as no work. Later steps count more: a quarter of the run later a step has half of its weight.
+/// Results of parallel processes come in bursts: a burst counts as one point. The first step of a
+/// phase includes set-up time and is ignored as soon as there are enough others. A step many times
+/// as long as usual is a pause (a suspended computer, a stopped process) and is ignored. Later
+/// steps have more weight: it doubles with each quarter of the run.
 class PaceFit
 {
 public:
-    /// Whether the cost of the rest follows from how the cost has changed so far, as far as the
-    /// steps show that, or is the same as now.
+    /// Whether the pace of the remaining work continues the trend of the pace so far, or is assumed
+    /// to stay as it is.
     enum class Growth { Ignored, Followed };
 
-    /// The points ascend in both values.
+    /// Both values of the points ascend. `end` is the work of the whole run.
     PaceFit(const QVector<PacePoint>& points, double end, Growth growth);
 
-    /// How many steps the pace comes from. Without any the other values are 0.
+    /// The number of evaluated steps. If it is 0, all other values are 0.
     int steps() const { return m_steps; }
 
-    /// Mean time of a unit of the work that is left, up to the end.
+    /// Mean time of a unit of the remaining work, in milliseconds.
     double pace() const { return m_pace; }
 
-    /// Standard error of the pace, as a part of it.
+    /// Standard error of the pace, as a fraction of it.
     double spread() const { return m_spread; }
 
-    /// Usual and longest time between two points; pauses do not count.
+    /// Usual and longest time between two points, in milliseconds, without pauses.
     double usualStep() const { return m_usualStep; }
     double longestStep() const { return m_longestStep; }
 
 private:
     struct Step
     {
-        double middle = 0; ///< of the work
+        double middle = 0; ///< middle of the step, in units of work
         double work = 0;
         double time = 0;
         double weight = 0;

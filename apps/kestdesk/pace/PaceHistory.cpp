@@ -11,8 +11,8 @@
 
 namespace {
 
-constexpr int mostRuns = 5;                        // that are averaged
-constexpr qint64 mostMessages = 256 * 1024 * 1024; // bytes that are read of a run
+constexpr int mostRuns = 5;                // averaged at most
+constexpr qint64 mostMessages = 256 << 20; // bytes read of one run
 
 struct Candidate
 {
@@ -20,21 +20,21 @@ struct Candidate
     bool isAlike = false;
     double spread = 0;
 
-    // The better one is less.
+    // Sorts the better match first.
     bool operator<(const Candidate& other) const
     {
         return isAlike != other.isAlike ? isAlike : spread < other.spread;
     }
 };
 
-// Nothing is learnt from runs that did not come to their end.
+// Only complete runs are evaluated.
 bool isUsable(const RunRecord& record, const RunSize& size)
 {
     return record.state == RunRecord::State::Valid && record.component == size.component &&
            record.duration > 0 && !RunSize::of(record).isContinued;
 }
 
-// The best ones, equally good, the newest first.
+// The best matches, all equally good, the newest first.
 QVector<Candidate> bestRuns(const QVector<RunRecord>& records, const RunSize& size)
 {
     QVector<Candidate> all;
@@ -50,12 +50,12 @@ QVector<Candidate> bestRuns(const QVector<RunRecord>& records, const RunSize& si
     return all.mid(0, all.value(0).isAlike ? mostRuns : 1);
 }
 
-// When each total percentage came; those that never came, at the end.
+// When each total percentage was reached; for those that were never reported, the end.
 QVector<double> totalTimes(const RunRecord& record, const std::atomic<bool>& isCancelled)
 {
     RunProgress progress;
     MessageReader reader(RecordFolder(record.folder).messagesFile());
-    constexpr qint64 piece = 1024 * 1024;
+    constexpr qint64 piece = 1 << 20;
     const auto take = [&progress](const RecordedMessage& message) {
         progress.add(message.time, message.type, message.text);
     };
@@ -71,7 +71,7 @@ QVector<double> totalTimes(const RunRecord& record, const std::atomic<bool>& isC
     return result;
 }
 
-// Each run's times at this run's pace; their mean.
+// The mean of each run's times, scaled to the size of this run.
 void average(PaceExpectation& expectation, const QVector<Candidate>& runs, const RunSize& size,
              const std::atomic<bool>& isCancelled)
 {

@@ -8,11 +8,11 @@ class RunArchive;
 struct RunRecord;
 struct RunSize;
 
-/// What the archive's runs tell of the pace of a new one.
+/// Derives the expected pace of a new run from the archive.
 namespace PaceHistory {
 
-/// Reads the records, and of a few that match best the messages. Waits for the disk: not for the
-/// thread of a window. Gives up when that becomes true.
+/// Reads all records, and the messages of the few that match best. Waits for the disk: not to be
+/// called in the user interface thread. Stops as soon as isCancelled is true.
 PaceExpectation expectation(const RunArchive& archive, const RunSize& size,
                             const std::atomic<bool>& isCancelled);
 

@@ -1,6 +1,6 @@
 #pragma once
 
-/// When a run had done how much.
+/// A point of a run's progress: the work that is done and the time.
 struct PacePoint
 {
     double work = 0; ///< in any unit

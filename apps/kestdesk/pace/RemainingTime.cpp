@@ -9,12 +9,12 @@ constexpr qint64 minute = 60 * second;
 constexpr qint64 hour = 60 * minute;
 constexpr qint64 day = 24 * hour;
 
-constexpr qint64 tooShort = 2 * second; // since the start, for any figure
+constexpr qint64 tooShort = 2 * second; // since the start: no figure before
 constexpr qint64 leastShown = 5 * second;
 constexpr double leastSmoothing = 3 * second;
 constexpr double smoothing = 0.1; // of the remaining time
 
-// Times up to a limit are rounded to a step.
+// Times up to the limit are rounded to the step.
 constexpr struct
 {
     qint64 limit;
@@ -58,7 +58,8 @@ void RemainingTime::update(qint64 now, std::optional<double> remaining)
     }
 }
 
-// The estimated end follows the estimates with a delay of a tenth of the time that is left.
+// The shown end is a low-pass of the estimates, with a time constant of a tenth of the remaining
+// time.
 void RemainingTime::smooth(qint64 now, double remaining)
 {
     const double end = static_cast<double>(now) + remaining;

@@ -4,32 +4,32 @@
 
 #include <optional>
 
-/// The remaining time as it is shown: it counts down evenly, and changes of the estimate are worked
-/// in little by little. The text changes in steps that grow with the time, and only goes up when
-/// the time has grown by more than such a step.
+/// The remaining time for display: it counts down evenly and follows changes of the estimate
+/// smoothly. The text is rounded to steps that grow with the time, and only increases if the time
+/// has grown by more than such a step.
 class RemainingTime
 {
 public:
-    /// The estimate at that time after the start, both in milliseconds; nothing when there is
-    /// none. To be called about once a second.
+    /// Sets the estimate (nothing if there is none) at the time `now` after the start, both in
+    /// milliseconds. To be called about once a second.
     void update(qint64 now, std::optional<double> remaining);
 
-    /// "about 3:40 left"; empty when there is nothing to show.
+    /// "about 3:40 left"; empty if there is nothing to show.
     QString text() const;
 
     /// The same for a table: "about 3:40".
     QString shortText() const;
 
-    /// What is shown, in milliseconds; nothing when there is nothing to show.
+    /// The shown time in milliseconds; nothing if none is shown.
     std::optional<qint64> milliseconds() const;
 
-    /// A time in milliseconds in words, rounded: "45 s", "3:40", "25 min", "2 h", "3 days".
+    /// Formats milliseconds, rounded: "45 s", "3:40", "25 min", "2 h", "3 days".
     static QString rounded(qint64 milliseconds);
 
 private:
     void smooth(qint64 now, double remaining);
 
-    std::optional<double> m_end; ///< after the start, milliseconds
+    std::optional<double> m_end; ///< smoothed end, milliseconds after the start
     qint64 m_lastUpdate = 0;
     qint64 m_shown = 0; ///< milliseconds, a whole number of steps
 };

@@ -35,7 +35,7 @@ RunForecast::RunForecast(const Run& run, RunArchive archive, QObject* parent)
     });
 }
 
-// What still reads notices that soon.
+// Lets a job that still reads stop soon.
 RunForecast::~RunForecast()
 {
     *m_isCancelled = true;
@@ -76,7 +76,7 @@ void RunForecast::readHistory()
     }));
 }
 
-// A run that has been asked to stop ends when it likes.
+// The end of a run that was asked to stop cannot be estimated.
 void RunForecast::update()
 {
     std::optional<double> remaining;

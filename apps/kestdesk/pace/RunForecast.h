@@ -14,18 +14,18 @@
 
 class Run;
 
-/// Tells how long a run still takes, from the runs in the archive and from its own pace. The
-/// archive is read in a thread; until that is done, nothing is told.
+/// Estimates the remaining time of a run from the runs in the archive and from its own pace. The
+/// archive is read in a thread; until that is done, there is no estimate.
 class RunForecast : public QObject
 {
     Q_OBJECT
 
 public:
-    /// To be made before the run is started; usable until the run is gone.
+    /// To be created before the run is started. The run must outlive the forecast.
     RunForecast(const Run& run, RunArchive archive, QObject* parent = nullptr);
     ~RunForecast() override;
 
-    /// "about 3:40 left"; empty while that cannot be said, and when the run does not run.
+    /// "about 3:40 left"; empty if there is no estimate or the run does not run.
     QString text() const;
 
     /// The same for a table: "about 3:40".
@@ -47,7 +47,7 @@ private:
     RunArchive m_archive;
     RunPace m_pace;
     RemainingTime m_remaining;
-    bool m_isReady = false; ///< what was to be read is read
+    bool m_isReady = false; ///< the archive has been read
     QString m_shown;
     QTimer m_timer;
     QFutureWatcher<PaceExpectation> m_reading;

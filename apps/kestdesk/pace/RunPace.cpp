@@ -11,8 +11,8 @@ namespace {
 constexpr int complete = RunProgress::complete;
 constexpr double mostSpread = 0.25;
 constexpr int leastSteps = 3;
-constexpr double leastPhase = 50;     // of the total: then the phase is most of the work
-constexpr double mostAfterwards = 15; // of the total: more is not only the results' writing
+constexpr double leastPhase = 50;     // of the total: from here on the phase is most of the work
+constexpr double mostAfterwards = 15; // of the total: more than this is not just writing results
 constexpr double standstill = 5;      // of the longest step
 constexpr double patience = 10000;    // milliseconds
 
@@ -44,8 +44,7 @@ std::optional<RunPace::Estimate> RunPace::remaining(qint64 now) const
     return isPhaseMostOfTheWork() ? fromPhase(now) : fromTotal(now);
 }
 
-// The work is measured by the time that it took in the earlier runs, so the pace is expected to
-// be 1.
+// Work is measured by the time it took in the earlier runs, so the expected pace is 1.
 std::optional<RunPace::Estimate> RunPace::fromEarlierRuns(qint64 now) const
 {
     const int total = m_progress.total();
@@ -82,7 +81,7 @@ std::optional<RunPace::Estimate> RunPace::fromPhase(qint64 now) const
                         afterPhase(), now);
 }
 
-// What is done before the total moves for the first time has no percentage of its own.
+// Work before the first change of the total has no percentage.
 std::optional<RunPace::Estimate> RunPace::fromTotal(qint64 now) const
 {
     QVector<PacePoint> points = totalWork();
@@ -108,8 +107,8 @@ std::optional<RunPace::Estimate> RunPace::extrapolated(const PaceFit& fit, const
     return Estimate{rest - qMin(sinceLast, qMin(step, rest)), fit.spread()};
 }
 
-// Without earlier runs the end is taken to cost as much for a percent as what came before the
-// phase.
+// Without earlier runs, a percent after the phase is assumed to cost as much as a percent before
+// it.
 double RunPace::afterPhase() const
 {
     const double end = m_progress.phaseEnd();
@@ -121,8 +120,8 @@ double RunPace::afterPhase() const
                       : 0;
 }
 
-// From 0 to 1. Percentages are cut to whole numbers: where they count frequencies, few of them, the
-// number of frequencies is more exact.
+// The part of the phase that is done, from 0 to 1. Percentages are truncated to whole numbers: if
+// they count a few frequencies, the number of frequencies is more exact.
 QVector<PacePoint> RunPace::phaseWork() const
 {
     QVector<PacePoint> points = m_progress.phasePoints();
@@ -142,7 +141,7 @@ QVector<PacePoint> RunPace::phaseWork() const
     return points;
 }
 
-// One point for each value that the total has had.
+// One point for each value of the total.
 QVector<PacePoint> RunPace::totalWork() const
 {
     const QVector<qint64>& times = m_progress.totalTimes();

@@ -7,31 +7,31 @@
 
 class PaceFit;
 
-/// Estimates how long a run still takes, from the percentages that it reports and from what earlier
-/// runs let expect.
+/// Estimates the remaining time of a run from its reported percentages and from earlier runs.
 ///
-/// Where an earlier run was alike, its curve of the total percentage is the measure of the work,
-/// and its pace is taken over; each step of this run's own then counts more than it. Otherwise the
-/// measure is the percentage of the phase, if that is most of the work, or else the total.
+/// If there is a similar earlier run, its curve of the total percentage over time measures the
+/// work, and its pace is the first estimate; this run's own steps have more weight. Otherwise the
+/// work is measured by the percentage of the phase, if the phase is most of the work, or else by
+/// the total percentage.
 class RunPace
 {
 public:
     struct Estimate
     {
         double remaining = 0; ///< milliseconds
-        double spread = 0;    ///< standard error of the pace, as a part of it
+        double spread = 0;    ///< standard error of the pace, as a fraction of it
 
-        /// Whether it is worth being shown.
+        /// Whether the estimate is accurate enough to be shown.
         bool isReliable() const;
     };
 
     void expect(PaceExpectation expectation);
 
-    /// Takes a message of the run into account. The time is in milliseconds since the start.
+    /// Adds a message of the run. The time is in milliseconds since the start.
     void add(qint64 time, common_IProcessMessage::Type type, const QString& text);
 
-    /// At a time not before the last message's; nothing when it cannot be told, or when the run
-    /// does not get on.
+    /// The estimate at a time, in milliseconds since the start, not before that of the last
+    /// message; nothing if there is no estimate or the run makes no progress.
     std::optional<Estimate> remaining(qint64 now) const;
 
 private:

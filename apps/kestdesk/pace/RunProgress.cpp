@@ -35,7 +35,7 @@ void RunProgress::addPhase(qint64 time, int percentage)
     m_time = time;
 }
 
-// Before the phase has moved, the total still says what was done before it.
+// Until the phase has its first progress, the total is the work before the phase.
 void RunProgress::addTotal(qint64 time, int percentage)
 {
     if (percentage == m_total) {

@@ -6,7 +6,7 @@
 
 #include <QVector>
 
-/// When a run reported which percentages: of the phase that it is in, and of all of its work.
+/// The course of a run's percentages: of its current phase, and of all of its work.
 class RunProgress
 {
 public:
@@ -14,27 +14,28 @@ public:
 
     RunProgress();
 
-    /// Takes a message of the run into account; those that are no percentages count for nothing.
-    /// The time is in milliseconds since the start.
+    /// Adds a message of the run; messages other than percentages are ignored. The time is in
+    /// milliseconds since the start.
     void add(qint64 time, common_IProcessMessage::Type type, const QString& text);
 
     int total() const { return m_total; }
 
-    /// Of the last change.
+    /// Time of the last change, in milliseconds since the start.
     qint64 time() const { return m_time; }
 
-    /// When the total was that much or more for the first time, for 0 to 100; -1 where it was not
-    /// yet.
+    /// When the total first reached each percentage from 0 to 100, in milliseconds since the start;
+    /// -1 if it has not yet.
     const QVector<qint64>& totalTimes() const { return m_totalTimes; }
 
-    /// The points of the phase: its percentages.
+    /// The points of the current phase; work is its percentage.
     const QVector<PacePoint>& phasePoints() const { return m_phasePoints; }
 
-    /// The total when the phase began, and when that was.
+    /// The total percentage and the time, in milliseconds since the start, at which the phase
+    /// began.
     int phaseBegin() const { return m_phaseBegin; }
     qint64 phaseBeginTime() const { return m_phaseBeginTime; }
 
-    /// The total that the phase leads to, if it goes on as it does; 100 as long as that is open.
+    /// The extrapolated total percentage at the end of the phase; 100 while it is unknown.
     double phaseEnd() const;
 
 private:

@@ -10,8 +10,8 @@
 
 namespace {
 
-constexpr qint64 largestModel = 64 * 1024 * 1024;
-constexpr double segmentsExponent = 2; // between the filling of a matrix and its solution
+constexpr qint64 largestModel = 64 << 20;
+constexpr double segmentsExponent = 2; // between that of filling a matrix and that of solving it
 constexpr double alikeSegments = 0.2;  // as a logarithm
 
 // Standard deviations of the duration, as parts of it.
@@ -21,10 +21,10 @@ constexpr double otherPlaceSpread = 0.7;
 constexpr double segmentsSpread = 1;    // for e times as many
 constexpr double processesSpread = 0.5; // for e times as many
 
-// Their number of steps depends on their results.
+// Components whose number of steps depends on their results.
 const char* const openEndedComponents[] = {"optkest", "amrkest"};
 
-// Words that let a component go on from earlier results.
+// Arguments that make a component continue from earlier results.
 const char* const continuingWords[] = {"--restart", "--resume"};
 
 double logarithm(int value, int earlier)
@@ -39,7 +39,7 @@ bool hasAny(const QStringList& arguments, const char* const* begin, const char* 
     });
 }
 
-// The host that it was started for, or this one.
+// The host that the run was started for, or this one.
 QString placeOf(const RunRecord& record)
 {
     const int remote = record.arguments.indexOf(QStringLiteral("--remote-host"));

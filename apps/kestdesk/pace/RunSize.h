@@ -5,7 +5,7 @@
 
 struct RunRecord;
 
-/// What decides how long a run takes, as far as it is known before.
+/// The facts known before a run that determine its duration.
 struct RunSize
 {
     QString component;
@@ -14,23 +14,23 @@ struct RunSize
     int segments = 0;    ///< 0 when it is not known
     int frequencies = 0; ///< 0 when it is not known
     int processes = 1;
-    bool isAdaptive = false;  ///< solves fewer frequencies than it counts; false when not known
+    bool isAdaptive = false;  ///< solves fewer frequencies than it counts; false if unknown
     bool isContinued = false; ///< takes over results of an earlier run
 
     static RunSize of(const RunRecord& record);
 
-    /// Adds what the model's file says. Waits for the disk.
+    /// Adds the facts from the model's file. Waits for the disk.
     void readModel();
 
-    /// Whether nothing but an earlier run tells where such a run ends.
+    /// Whether only an earlier run shows where such a run ends.
     bool isOpenEnded() const;
 
-    /// Whether the earlier run's course is that of this one, slower or faster.
+    /// Whether the earlier run had the same course as this one, at another pace.
     bool isAlike(const RunSize& earlier) const;
 
-    /// How many times as long as the earlier run this one should take.
+    /// The expected duration of this run divided by that of the earlier one.
     double ratio(const RunSize& earlier) const;
 
-    /// How sure that is: the standard deviation of the ratio, as a part of it.
+    /// Standard deviation of the ratio, as a fraction of it.
     double spread(const RunSize& earlier) const;
 };

@@ -3,11 +3,11 @@
 class QString;
 class QWidget;
 
-/// What a user can do at once about a machines file that names no host.
+/// Helps with a machines file that names no host.
 namespace MachinesOffer {
 
-/// Shows the problem, a clause, and offers to use this machine, or to change the file. True when
-/// the file was changed and the run is worth another try.
+/// Shows the problem, a clause, and offers to use this machine or to edit the file. True if the
+/// file was changed, so that the set-up should be repeated.
 bool isTaken(const QString& problem, QWidget* window);
 
 } // namespace MachinesOffer

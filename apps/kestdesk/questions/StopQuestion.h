@@ -9,45 +9,54 @@ class QMessageBox;
 class QPushButton;
 class QWidget;
 class Run;
+class RunForecast;
 
-/// A question to the user before runs are stopped, which names them. The Enter and the Escape key
-/// leave them alone. It goes away by itself as soon as the last of the runs has ended.
+/// The question before runs are stopped, with their names, percentages and remaining times. Enter
+/// and Escape keep the runs. The question closes by itself as soon as the last of the runs has
+/// ended.
 class StopQuestion : public QObject
 {
     Q_OBJECT
 
 public:
-    /// What the user is asked about.
+    /// The action to confirm.
     enum class Deed {
         Stop,     ///< stop the run
         StopAll,  ///< stop the runs, and quit
-        ForceAll, ///< end by force the runs that did not stop yet, and quit
+        ForceAll, ///< kill the runs that have not stopped yet, and quit
     };
 
     enum class Answer {
         Keep,
         Stop,
-        Ended, ///< the runs have ended before there was an answer
+        Ended, ///< the runs have ended before the answer
     };
 
-    /// Shows the question and waits for the answer. The window may be destroyed meanwhile, and the
-    /// runs with it, which means to keep them.
-    static Answer ask(Deed deed, const QVector<Run*>& runs, QWidget* window);
+    /// A run to be stopped, and the estimate of its remaining time.
+    struct Subject
+    {
+        QPointer<Run> run;
+        QPointer<const RunForecast> forecast;
+    };
 
-    /// Whether the user wants to be asked before this run is stopped: not when it has just started,
-    /// so that little is lost, or has been asked to stop already.
+    /// Shows the question and returns the answer. Runs an event loop, in which the window and the
+    /// runs may be destroyed: the answer is Keep then.
+    static Answer ask(Deed deed, const QVector<Subject>& runs, QWidget* window);
+
+    /// Whether the settings ask for a question before this run is stopped. Never for a run that has
+    /// just started, with little to lose, or that has already been asked to stop.
     static bool isWanted(const Run& run, const KestdeskSettings& settings);
 
 private:
-    StopQuestion(Deed deed, const QVector<Run*>& runs, QWidget* window);
+    StopQuestion(Deed deed, QVector<Subject> runs, QWidget* window);
 
     Answer answer();
     void addButtons();
     void update();
-    QVector<const Run*> runningRuns() const;
+    QVector<Subject> runningRuns() const;
 
     Deed m_deed;
-    QVector<QPointer<Run>> m_runs;
-    QPointer<QMessageBox> m_box; ///< the window's child
+    QVector<Subject> m_runs;
+    QPointer<QMessageBox> m_box; ///< owned by the window
     QPushButton* m_stop = nullptr;
 };

@@ -2,10 +2,10 @@
 
 #include <QString>
 
-/// What the window says of a model that it cannot use.
+/// The error message for a model that cannot be opened.
 namespace UnreadableModel {
 
-/// A sentence or two. The hint, which may be empty, is one more.
+/// One or two sentences, and the hint, a sentence that may be empty.
 QString text(const QString& path, const QString& hint = QString());
 
 } // namespace UnreadableModel

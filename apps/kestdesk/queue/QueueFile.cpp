@@ -19,7 +19,7 @@
 
 namespace {
 
-constexpr qint64 mostBytes = 4 * 1024 * 1024;
+constexpr qint64 mostBytes = 4 << 20;
 const QString componentKey = QStringLiteral("component");
 const QString modelKey = QStringLiteral("model");
 const QString optionsKey = QStringLiteral("runOptions");
@@ -31,7 +31,7 @@ QString fileName(const QString& mark)
     return QStringLiteral("queue-%1.json").arg(mark);
 }
 
-// Of a file that was left by another process and taken over by this one.
+// The name of a file that another process has left and this one takes over.
 QString leftName()
 {
     const quint32 number = QRandomGenerator::global()->generate();
@@ -55,7 +55,7 @@ QStringList wordsOf(const QJsonValue& list)
     return words;
 }
 
-// Rows that make no sense count for nothing.
+// Invalid rows are skipped.
 void read(const QString& path, QVector<QueuedRun>& runs)
 {
     const QByteArray content = suite::InputFile(path).read(mostBytes).value_or(QByteArray());
@@ -115,8 +115,9 @@ bool QueueFile::replaceFile(const QVector<QueuedRun>& runs)
     return true;
 }
 
-// Renaming decides between programs that find the same file. What is renamed carries the mark of
-// this process until write() has put the runs into the file of this process.
+// If several programs find the same file, the one that succeeds in renaming it takes the runs. The
+// renamed file carries the mark of this process until write() has put the runs into the file of
+// this process.
 QVector<QueuedRun> QueueFile::takeLeft() const
 {
     QVector<QueuedRun> runs;

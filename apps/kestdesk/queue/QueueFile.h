@@ -4,23 +4,23 @@
 
 #include <QVector>
 
-/// Where a queue outlives its program: a file of its own for each program, in the user's folder,
-/// that says which process it belongs to.
+/// The file that keeps a queue beyond the end of its program. Each process has its own in the
+/// user's folder; the name of the file identifies the process.
 class QueueFile
 {
 public:
-    /// Of this process, in that folder.
+    /// The file of this process, in that folder.
     explicit QueueFile(QString folder);
 
-    /// Replaces what the file says; without runs there is no file. False when it cannot be written,
-    /// and then the file says what it has said before.
+    /// Replaces the content of the file, in one step; without runs removes the file. False if that
+    /// fails; then the file keeps its old content.
     bool write(const QVector<QueuedRun>& runs);
 
     /// Why the last write() has failed, as a clause.
     QString reason() const { return m_reason; }
 
-    /// The runs that still waited when their program ended or was killed. They belong to this
-    /// process now and to no other, and stay on the disk until the next write(), which has to
+    /// Takes over the runs that still waited when their program ended or was killed. They belong to
+    /// this process alone from now on, and stay on the disk until the next write(), which has to
     /// include them.
     QVector<QueuedRun> takeLeft() const;
 

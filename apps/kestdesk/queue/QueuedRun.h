@@ -7,9 +7,9 @@
 /// A run that waits for its turn.
 struct QueuedRun
 {
-    int id = 0;        ///< in its queue, for as long as the queue lives
-    QString component; ///< name of one that there is
+    int id = 0;        ///< unique within its queue, not kept on the disk
+    QString component; ///< name of a known component
     QString model;     ///< absolute path
     common_RunWrapper::RunOptions options;
-    bool isHeld = false; ///< is passed over until the user releases it
+    bool isHeld = false; ///< does not start until the user releases it
 };

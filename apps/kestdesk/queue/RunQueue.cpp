@@ -26,7 +26,7 @@ RunQueue::RunQueue(int runsAtOnce, QObject* parent) : QObject(parent), m_runsAtO
     connect(&m_retryTimer, &QTimer::timeout, this, &RunQueue::retry);
 }
 
-// What computes starts when the user wants it, not because a window was opened.
+// Held, because opening a window must not start computations.
 void RunQueue::keepIn(const QueueFile& file)
 {
     m_file = file;
@@ -133,7 +133,7 @@ bool RunQueue::mayBegin(const QueuedRun& run) const
     return !run.isHeld && !m_postponed.contains(run.model) && !containsFile(m_running, run.model);
 }
 
-// -1 when no run can begin now.
+// Returns -1 if no run can start now.
 int RunQueue::nextIndex() const
 {
     if (m_isClosed || m_running.size() >= m_runsAtOnce) {
@@ -144,7 +144,7 @@ int RunQueue::nextIndex() const
     return found == m_runs.end() ? -1 : static_cast<int>(std::distance(m_runs.begin(), found));
 }
 
-// One at a time: whoever starts the run may change the queue.
+// One at a time: the slot that starts the run may change the queue.
 void RunQueue::startNext()
 {
     const int index = nextIndex();

@@ -10,8 +10,9 @@
 
 #include <optional>
 
-/// The runs that wait, in their order, and when which of them begins: so many at once, and those of
-/// one model never at the same time. Who owns the queue starts the runs.
+/// The waiting runs in their order. Decides which of them starts when: at most a given number runs
+/// at once, and never two on one model. The queue only requests the starts; its owner starts the
+/// runs.
 class RunQueue : public QObject
 {
     Q_OBJECT
@@ -19,52 +20,54 @@ class RunQueue : public QObject
 public:
     explicit RunQueue(int runsAtOnce, QObject* parent = nullptr);
 
-    /// Keeps the runs that wait in the file from now on, so that they survive the program. Takes
-    /// over what other programs have left there, each held.
+    /// Keeps the waiting runs in the file from now on, so that they survive the program. Takes over
+    /// the runs that ended programs have left, and holds them.
     void keepIn(const QueueFile& file);
 
-    /// At least 1.
+    /// The number of runs that may run at once, at least 1.
     void setRunsAtOnce(int count);
 
-    /// Puts a run at the end and returns its id. It begins from the event loop.
+    /// Appends a run and returns its id. The run starts from the event loop.
     int add(QueuedRun run);
 
-    /// Lets the next run begin now, not first from the event loop. Nothing where none may begin.
+    /// Starts the next run now instead of from the event loop. Does nothing if none may start.
     void startNext();
 
-    /// Those that wait, the next one first.
+    /// The waiting runs, the next one first.
     const QVector<QueuedRun>& runs() const { return m_runs; }
 
-    /// Of those that have begun and not ended.
+    /// The number of runs that have started and not ended.
     int runningCount() const { return m_running.size(); }
 
-    /// Changes a run that waits; others are left alone. Positions outside of the queue are its
-    /// ends.
+    /// Change a waiting run; ids of other runs are ignored. Positions count from 0; those outside
+    /// of the queue mean its ends.
     void remove(int id);
     void move(int id, int position);
     void setHeld(int id, bool isHeld);
 
-    /// No run begins any more.
+    /// Starts no more runs.
     void close();
 
-    /// The archive has a record of a run that was requested. Until then the file keeps the run.
+    /// To be called when the archive has a record of a requested run. Until then the file keeps the
+    /// run.
     void onRecorded(const QueuedRun& run);
 
-    /// A run that was requested has ended, or was not started.
+    /// To be called when a requested run has ended or was not started.
     void onEnded(const QueuedRun& run);
 
-    /// A run that was requested cannot begin yet, because another program runs its model: it is the
-    /// next one again, and is tried again after some seconds. Others may overtake it.
+    /// To be called when a requested run cannot start yet because another program runs its model.
+    /// It becomes the first of the queue again and is retried after some seconds. Other runs may
+    /// overtake it.
     void postpone(const QueuedRun& run);
 
 Q_SIGNALS:
-    /// It is this run's turn. It is not in the queue any more.
+    /// This run is to be started. It has already left the queue.
     void startRequested(const QueuedRun& run);
 
-    /// The runs that wait are others, or their order is.
+    /// The waiting runs or their order have changed.
     void changed();
 
-    /// The runs that wait are not kept, for that reason, a clause.
+    /// The waiting runs could not be written to the file. The reason is a clause.
     void notKept(const QString& reason);
 
 private:
@@ -77,8 +80,8 @@ private:
     void apply();
 
     QVector<QueuedRun> m_runs;
-    QVector<QueuedRun> m_unrecorded; ///< have been requested
-    QStringList m_running;           ///< models
+    QVector<QueuedRun> m_unrecorded; ///< requested, but without a record yet
+    QStringList m_running;           ///< models of the runs that have started
     QStringList m_postponed;         ///< models
     int m_runsAtOnce;
     int m_lastId = 0;

@@ -6,7 +6,7 @@
 
 class QPlainTextEdit;
 
-/// How a run was started: its command, environment and launch options.
+/// Shows how a run was started: its command, environment and launch options.
 class CommandPage : public QWidget
 {
     Q_OBJECT

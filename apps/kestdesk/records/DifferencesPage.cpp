@@ -57,7 +57,7 @@ QString messageRows(const QVector<RunComparison::Message>& messages)
     return rows;
 }
 
-// As the lines are, with signs before those that one side has alone.
+// The lines as they are, with signs before those that only one side has.
 QString lineText(const RunComparison::Text& text)
 {
     if (text.isSame) {
@@ -161,7 +161,7 @@ void DifferencesPage::readRuns()
     });
 }
 
-// The previous one is the first that is asked about.
+// The previous run is the first choice.
 void DifferencesPage::offer(const QVector<RunRecord>& runs)
 {
     m_others = runs;

@@ -9,8 +9,8 @@
 class QComboBox;
 class QTextBrowser;
 
-/// What is different from another run of the same model. The records are compared in a thread, and
-/// only once the page is seen.
+/// Shows the differences to another run of the same model. The records are compared in a thread,
+/// when the page is first shown.
 class DifferencesPage : public QWidget
 {
     Q_OBJECT
@@ -18,7 +18,7 @@ class DifferencesPage : public QWidget
 public:
     DifferencesPage(RunArchive archive, QWidget* parent);
 
-    /// The run on the right-hand side.
+    /// Sets the run on the right-hand side.
     void setRecord(const RunRecord& record);
 
 protected:
@@ -32,7 +32,7 @@ private:
 
     RunArchive m_archive;
     RunRecord m_record;
-    QVector<RunRecord> m_others; ///< by row of the box
+    QVector<RunRecord> m_others; ///< by index in the combo box
     bool m_isRead = false;
     QComboBox* m_other;
     QTextBrowser* m_text;

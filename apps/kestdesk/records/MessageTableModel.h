@@ -6,8 +6,8 @@
 #include <QSet>
 #include <QTimer>
 
-/// Those messages of a record that the user wants to see: by type, and by a text that they contain.
-/// They are looked through in slices, so that a large record does not hold up the window.
+/// The messages of a record, filtered by type and by a text that they contain. They are filtered in
+/// slices, so that a large record does not block the window.
 class MessageTableModel : public QAbstractTableModel
 {
     Q_OBJECT
@@ -15,18 +15,18 @@ class MessageTableModel : public QAbstractTableModel
 public:
     enum Column { TimeColumn, TypeColumn, TextColumn, ColumnCount };
 
-    /// Shows nothing before setTypes(). The store must outlive the model.
+    /// Empty until setTypes(). The store must outlive the model.
     MessageTableModel(const MessageStore* store, QObject* parent);
 
     void setTypes(const QSet<MessageStore::Type>& types);
 
-    /// Case counts for nothing; an empty text is contained in all.
+    /// Sets the text to search for, ignoring case. An empty text matches all messages.
     void setText(const QString& text);
 
-    /// Of a row, whole.
+    /// The complete text of a row.
     QString text(int row) const;
 
-    /// Whether all messages have been looked through.
+    /// Whether all messages have been filtered.
     bool isComplete() const { return m_scanned == m_store->size(); }
 
     int rowCount(const QModelIndex& parent = QModelIndex()) const override;
@@ -35,7 +35,7 @@ public:
     QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
 
 Q_SIGNALS:
-    /// All messages have been looked through.
+    /// All messages have been filtered.
     void completed();
 
 private:

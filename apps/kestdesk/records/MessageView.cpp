@@ -19,7 +19,7 @@
 
 namespace {
 
-constexpr int sliceSize = 5000; // rows that are searched at once
+constexpr int sliceSize = 5000; // rows searched in one turn of the event loop
 
 const QSet<MessageStore::Type>& outputTypes()
 {
@@ -176,7 +176,7 @@ void MessageView::setFilter(const QString& text)
     m_filter->setText(text);
 }
 
-// From the current row on, round about, in slices.
+// Searches from the current row on, continues at the other end, and works in slices.
 void MessageView::find(bool isForward)
 {
     const int rows = m_model->rowCount();

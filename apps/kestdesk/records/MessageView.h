@@ -26,19 +26,19 @@ public:
         bool isShown;     ///< at first
     };
 
-    /// Without kinds all lines of the output are shown. The store must outlive the view.
+    /// Without kinds the view shows the lines of the output. The store must outlive the view.
     MessageView(const MessageStore* store, const QVector<Kind>& kinds, QWidget* parent);
 
-    /// Of the current message; empty when there is none.
+    /// The text of the current message; empty if there is none.
     QString currentText() const;
 
     MessageTableModel* model() const { return m_model; }
 
-    /// Shows messages that contain the text.
+    /// Shows only messages that contain the text.
     void setFilter(const QString& text);
 
 Q_SIGNALS:
-    /// The user wants to do something about the current message.
+    /// The user has double-clicked the current message or pressed Enter.
     void activated();
 
     void currentChanged();
@@ -55,12 +55,12 @@ private:
     void continueSearch();
     void copy();
 
-    /// A search that is going on.
+    /// The state of a search in progress.
     struct Search
     {
         QString text;
-        int row = 0;  ///< the next one to look at
-        int left = 0; ///< rows to look at
+        int row = 0;  ///< next row to examine
+        int left = 0; ///< number of rows left
         int step = 1;
     };
 

@@ -4,30 +4,30 @@
 
 #include <optional>
 
-/// What a user can do at once about a problem that a message or an outcome tells of.
+/// The actions that a window offers for a problem in a message or an outcome.
 namespace ProblemCures {
 
 enum class Action {
-    OpenCard,       ///< the line of the model that the message names, in the editor
-    UseThisMachine, ///< a machines file with this machine
-    EditMachines,   ///< which hosts are in the machines file
-    InstallEngine,  ///< shows how
-    EditOptions     ///< the launch options
+    OpenCard,       ///< open the line of the model that the message names in the editor
+    UseThisMachine, ///< write a machines file with this machine
+    EditMachines,   ///< edit the hosts of the machines file
+    InstallEngine,  ///< show how to install the engine
+    EditOptions     ///< edit the launch options
 };
 
 /// A row of the table.
 struct Cure
 {
-    const char* pattern; ///< regular expression; what the message contains
+    const char* pattern; ///< regular expression that matches a part of the message
     Action action;
     const char* button;
     const char* hint;
 };
 
-/// The first row that fits; null when nothing can be done from here.
+/// The first row that matches; null if there is none.
 const Cure* find(const QString& message);
 
-/// Where the message is about a line of the model: the line from 1 on, and the file without its
+/// The place in the model that a message names: the line, counted from 1, and the file name without
 /// folder, which may be empty.
 struct Line
 {

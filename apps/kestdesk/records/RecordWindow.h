@@ -16,8 +16,8 @@ class QLabel;
 class QPushButton;
 class QTabWidget;
 
-/// The window of one recorded run: what became of it, its messages, its output, how it was started,
-/// and what is different from other runs. It follows a run that is still going on.
+/// The window of one recorded run: its outcome, its messages, its output, its command, and the
+/// differences to other runs. It follows a run that still runs.
 class RecordWindow : public QDialog
 {
     Q_OBJECT
@@ -28,10 +28,13 @@ public:
     int number() const { return m_number; }
 
 Q_SIGNALS:
-    /// The user wants to run it again.
+    /// The user wants to repeat the run.
     void againRequested(int number);
 
-    /// The user wants a problem to be mended; the message names what about.
+    /// The user has pressed the button that resumes the run.
+    void resumeRequested(int number);
+
+    /// The user has pressed the button of a cure for the message.
     void cureRequested(const ProblemCures::Cure& cure, const QString& message,
                        const RunRecord& record);
 
@@ -41,7 +44,9 @@ private:
     void read();
     void show(const std::optional<RunRecord>& record);
     void makeMessages();
+    void addButton(QWidget* row, QPushButton* button, const char* name);
     void readFileStates();
+    void showResumable(const QString& obstacle);
     void updateTitle();
     void updateCure();
     void useCure();
@@ -60,8 +65,9 @@ private:
     QLabel* m_problem;
     QPushButton* m_cureButton;
     QPushButton* m_againButton;
+    QPushButton* m_resumeButton;
     const ProblemCures::Cure* m_cure = nullptr;
     QString m_cureMessage;
     QTimer m_timer;
-    DiskThread m_disk; ///< the first to go
+    DiskThread m_disk; ///< destroyed first
 };

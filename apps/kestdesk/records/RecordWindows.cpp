@@ -41,6 +41,7 @@ void RecordWindows::open(int number)
     }
     auto* const window = new RecordWindow(m_archive, number, m_window);
     connect(window, &RecordWindow::againRequested, this, &RecordWindows::againRequested);
+    connect(window, &RecordWindow::resumeRequested, this, &RecordWindows::resumeRequested);
     connect(window, &RecordWindow::cureRequested, this, &RecordWindows::cure);
     static_cast<QWidget*>(window)->show();
 }
@@ -67,7 +68,7 @@ void RecordWindows::cure(const ProblemCures::Cure& cure, const QString& message,
     }
 }
 
-// In the file that the message names, which may be one that the model's folder has beside it.
+// Opens the file that the message names, which may be another file in the model's folder.
 void RecordWindows::openCard(const QString& message, const RunRecord& record)
 {
     const auto line = ProblemCures::lineOf(message);

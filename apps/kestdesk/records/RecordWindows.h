@@ -7,23 +7,24 @@
 
 class QWidget;
 
-/// The windows of recorded runs, of which each has one at most, and what their buttons do.
+/// The windows of recorded runs, at most one for each, and the actions of their buttons.
 class RecordWindows : public QObject
 {
     Q_OBJECT
 
 public:
-    /// They belong to the window.
+    /// The window becomes the parent of the record windows.
     RecordWindows(RunArchive archive, QWidget* window);
 
-    /// Brings the window of that run to the front, and makes it if need be.
+    /// Brings the window of a run to the front; creates it if necessary.
     void open(int number);
 
-    /// Does what the cure says.
+    /// Performs the cure for the message.
     void cure(const ProblemCures::Cure& cure, const QString& message, const RunRecord& record);
 
 Q_SIGNALS:
     void againRequested(int number);
+    void resumeRequested(int number);
 
     /// A sentence for the status line.
     void reported(const QString& text);

@@ -8,28 +8,36 @@
 #include <QPointer>
 #include <QWidget>
 
-/// Prepares the repetition of a recorded run: reads the record, and asks the user which model is
-/// meant if the model has changed since.
+/// Prepares the repetition of a recorded run: reads the record and, if the model has changed since,
+/// asks the user which version to run.
 class RunAgain : public QObject
 {
     Q_OBJECT
 
 public:
-    /// Questions are shown over the window.
+    /// The window is the parent of questions.
     RunAgain(RunArchive archive, QWidget* window);
 
+    /// As it was.
     void request(int number);
 
+    /// With what the run has left, and with the model as it is.
+    void resume(int number);
+
 Q_SIGNALS:
-    /// The run can be set up, with that model.
+    /// The run can be set up, with that model's path.
     void ready(const RunRecord& record, const QString& model);
 
-    /// It cannot be repeated: a sentence says why.
+    /// The same for a run that is resumed.
+    void readyToResume(const RunRecord& record);
+
+    /// The run cannot be repeated. The problem is a sentence.
     void failed(const QString& problem);
 
 private:
     using ModelState = RecordedRun::ModelState;
 
+    void failWithoutRecord(int number);
     void decide(const RunRecord& record, ModelState state, bool hasCopy);
     void writeModel(const RunRecord& record);
 

@@ -5,7 +5,7 @@
 
 namespace {
 
-// Simplified as at the start of a run.
+// The path is simplified as at the start of a run.
 QString assignment(const QString& entry)
 {
     const int sign = entry.indexOf(QLatin1Char('='));

@@ -4,14 +4,14 @@
 
 #include <QString>
 
-/// The command by which a recorded run is started in a terminal.
+/// The command that starts a recorded run in a terminal.
 namespace ShellCommand {
 
-/// A word that a POSIX shell takes for exactly this text.
+/// Quotes a text as one word of a POSIX shell.
 QString quoted(const QString& word);
 
-/// One line: in the folder of the run, with its environment, its program and its arguments. The
-/// machines file, whose copy for the run is gone, is the one in the record.
+/// The command as one line: with the folder, the environment, the program and the arguments of the
+/// run. The machines file is the copy in the record, because the run's own copy has been deleted.
 QString of(const RunRecord& record);
 
 } // namespace ShellCommand

@@ -38,7 +38,7 @@ QString timeText(const QDateTime& time)
                : QString();
 }
 
-// What a signal usually means is data of the platform.
+// The usual meaning of a signal depends on the platform.
 QString exitText(const RunRecord& record)
 {
     if (record.state == RunRecord::State::Running || record.state == RunRecord::State::NotStarted ||

@@ -4,15 +4,15 @@
 
 #include <QTextBrowser>
 
-/// What became of a run, when and where, in short: the first page of its record.
+/// The first page of a record: outcome, time, place and files of the run.
 class SummaryPage : public QTextBrowser
 {
     Q_OBJECT
 
 public:
-    /// What is known of a file now.
+    /// The state of a file now, compared with the record.
     enum class FileState {
-        Unknown, ///< it is still being looked at
+        Unknown, ///< not compared yet
         Same,
         Changed,
         Gone
@@ -20,10 +20,10 @@ public:
 
     explicit SummaryPage(QWidget* parent);
 
-    /// The states are those of the record's files, of which the last one is the model's; they may
-    /// be empty.
+    /// The states belong to the record's files in order, with the model's state at the end; may be
+    /// empty while they are unknown.
     void show(const RunRecord& record, const QVector<FileState>& states);
 
-    /// Compares the record's files and its model with what is there: waits for the disk.
+    /// Compares the files and the model with the record. Waits for the disk.
     static QVector<FileState> fileStates(const RunRecord& record);
 };

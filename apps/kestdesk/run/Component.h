@@ -4,7 +4,7 @@
 
 #include <QString>
 
-/// A solver component that can be run from here.
+/// A solver component that kestdesk can run.
 struct Component
 {
     using SetUp = bool (common_RunWrapper::*)(common_RunWrapper::Runner& runner,
@@ -12,12 +12,13 @@ struct Component
                                               QFlags<common_RunWrapper::RunOption> options);
 
     const char* name;
-    common_RunWrapper::RunOptions options; ///< those that make a difference to it
+    common_RunWrapper::RunOptions options; ///< the ones that the component supports
     SetUp setUp;
 
-    /// Null when there is no such component.
+    /// The component with that name; null if there is none. Owned by a static table.
     static const Component* find(const QString& name);
 
-    /// The names of those that know the options, or of all, as "a, b, c".
+    /// The names of the components that support all of the options, as "a, b, c"; of all components
+    /// without options.
     static QString names(common_RunWrapper::RunOptions options = {});
 };

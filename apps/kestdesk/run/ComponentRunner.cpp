@@ -18,7 +18,7 @@ void ComponentRunner::deleteTemporaryFiles()
     setTemporaryFilenames({});
 }
 
-// The destructor of QProcess would wait for half a minute, so the runner is never destroyed.
+// The destructor of QProcess would block for half a minute, so the runner is never destroyed.
 void ComponentRunner::abandon()
 {
     static auto* const abandoned = new std::vector<common_ActivePtr<ComponentRunner>>;

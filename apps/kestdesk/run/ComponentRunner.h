@@ -10,15 +10,16 @@ class ComponentRunner : public common_ProcessRunner<common_KestProcessMessage>
 public:
     using StopListener = std::function<void()>;
 
-    /// Is called once for each child that is asked to stop, by whomever; an empty one for none.
+    /// Sets a function that is called once for each child that is asked to stop, whoever asks. An
+    /// empty function removes it.
     void setStopListener(StopListener listener);
 
-    /// Deletes the temporary files of a set-up whose child is not started, and forgets their names.
-    /// No observer is notified.
+    /// Deletes the temporary files of a set-up whose child is not started, and clears the list of
+    /// them. No observer is notified.
     void deleteTemporaryFiles();
 
-    /// Leaves a child that cannot be ended to itself and deletes the temporary files. This runner
-    /// stays in memory until the program ends, so that nothing waits for the child.
+    /// Detaches from a child that cannot be killed, and deletes the temporary files. This runner
+    /// stays in memory until the program ends, because its destructor would wait for the child.
     void abandon();
 
 protected:

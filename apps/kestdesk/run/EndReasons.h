@@ -2,7 +2,7 @@
 
 #include <QString>
 
-/// What the endings of a process usually mean on this platform.
+/// What exit codes and signals (on Windows: exceptions) usually mean on this platform.
 namespace EndReasons {
 
 struct Reason
@@ -10,11 +10,11 @@ struct Reason
     const char* name;    ///< of the signal or exception; empty for exit codes
     const char* meaning; ///< a clause
     int code;
-    bool isCrash;   ///< whether the code is a signal's or an exception's, or else an exit code
-    bool isRequest; ///< somebody asked the process to end
+    bool isCrash;   ///< the code is a signal or an exception, not an exit code
+    bool isRequest; ///< the process was asked to end
 };
 
-/// Null when there is nothing to say.
+/// The row for the code; null if there is none.
 const Reason* find(bool isCrash, int code);
 
 /// How the platform writes the number of a signal or exception: "signal 9".

@@ -1,6 +1,6 @@
 #pragma once
 
-/// What programs of the suite have left behind that were killed.
+/// Files that killed programs of the suite have left behind.
 namespace Leftovers {
 
 /// Removes their temporary folders, their copies of machines files and their locks of models.

@@ -33,7 +33,8 @@ constexpr qint64 largestRecord = 200;
 constexpr qint64 never = -1;
 const QString copyPrefix = QStringLiteral("gui_tmp_machfile_");
 
-// Nothing for what no run can use: such a file is refused by the component, with the reason.
+// Returns nothing for a file that no run can use: the component refuses such a file and gives the
+// reason.
 std::optional<QByteArray> contentOf(const QString& fileName)
 {
     return suite::InputFile(fileName).read(suite::MachinesFile::largestFile);
@@ -50,7 +51,8 @@ QString recordOf(const QString& copy)
     return QStringLiteral("%1/.%2.owner").arg(info.path(), info.fileName());
 }
 
-// False when somebody else's is there. Where none can be written the run goes on without.
+// False if another owner's record exists. If no record can be written, the run continues without
+// one.
 bool writeRecord(const QString& copy)
 {
     QFile record(recordOf(copy));
@@ -62,7 +64,7 @@ bool writeRecord(const QString& copy)
     return true;
 }
 
-/// What a record says.
+/// The content of a record.
 struct Ownership
 {
     QString record;
@@ -70,7 +72,7 @@ struct Ownership
     std::optional<ProcessMark> owner;
     qint64 time = 0;
 
-    // A program may go on that was given the copy, after the one that made it was killed.
+    // A component may still use the copy after the program that made it was killed.
     bool isLeft() const
     {
         return owner && owner->hasEnded() &&
@@ -114,8 +116,8 @@ QVector<Ownership> leftCopies(const QString& folder)
     return result;
 }
 
-// The record goes first: a new copy of this name can be made only when the old one is gone, and
-// finds no record of somebody else then.
+// The record is removed first: a new copy of this name can only be made after the old one is
+// removed, and must not find the record of another owner.
 void remove(const Ownership& left)
 {
     const QFileInfo copy(left.copy);
@@ -126,7 +128,7 @@ void remove(const Ownership& left)
     }
 }
 
-/// Keeps other programs from clearing the same folder meanwhile.
+/// Prevents other programs from clearing the same folder at the same time.
 class ClearingLock
 {
 public:
@@ -173,9 +175,9 @@ void MachinesCopies::removeLeft() const
     }
     const ClearingLock lock(m_folder);
     if (!lock.isTaken()) {
-        return; // somebody else is at it
+        return; // another program is clearing
     }
-    const QVector<Ownership> left = leftCopies(m_folder); // as things are under the lock
+    const QVector<Ownership> left = leftCopies(m_folder); // read while the lock is held
     for (const Ownership& copy : left) {
         remove(copy);
     }
@@ -213,7 +215,7 @@ MachinesCopies::Claim MachinesCopies::claim(ComponentRunner& runner, const Times
     return Claim::Own;
 }
 
-// A name whose owner is written down by somebody else in between is left to them.
+// Skips a name for which another program writes an owner's record in the meantime.
 QString MachinesCopies::add(ComponentRunner& runner, const QByteArray& content) const
 {
     QDir().mkpath(m_folder);
@@ -261,7 +263,7 @@ bool MachinesCopies::waitForFreeName(const Times& times, int lead) const
         if (wait == 0 || wait == nameCount) {
             return wait == 0;
         }
-        QThread::msleep(static_cast<unsigned long>(wait - 1)); // awake for the last one
+        QThread::msleep(static_cast<unsigned long>(wait - 1)); // polls during the last millisecond
     }
     return true;
 }

@@ -7,44 +7,46 @@
 
 class ComponentRunner;
 
-/// The copies of the machines file that runs are given, in the user's folder.
+/// The copies of the machines file that runs use, in the user's folder.
 ///
-/// A copy is named after the millisecond of its making and is never written over, so a run may be
-/// given one that was there already: of another run that is going on, or of a program that was
-/// killed. Beside each copy that is a run's own there is a small hidden file that says whose it is.
+/// A copy is named after the millisecond in which it was made and is never overwritten, so a run
+/// may get a copy that already existed: one of another active run, or one of a program that was
+/// killed. Beside each copy that belongs to a run there is a small hidden file that names the
+/// owner.
 class MachinesCopies
 {
 public:
     enum class Claim {
-        Own,     ///< the runner has no copy, or one that was made for it; the runner deletes it
-        Foreign, ///< the runner's copy is not its own, and the runner does not delete it any more
+        Own,     ///< the runner has no copy, or one that was made for it and that it deletes
+        Foreign, ///< the runner uses a copy of another run, and no longer deletes it
     };
 
-    /// When each copy was written, by its path.
+    /// When each copy was written, in milliseconds since 1970, by its path.
     using Times = QHash<QString, qint64>;
 
     explicit MachinesCopies(QString folder);
 
-    /// Removes the copies that programs of this host have left behind when they were killed; not
-    /// those that a process still has among its arguments.
+    /// Removes the copies that killed programs of this host have left behind, except those that are
+    /// still among the arguments of a process.
     void removeLeft() const;
 
-    /// Those that are there.
+    /// The times of the copies that exist now.
     Times times() const;
 
-    /// After the set-up of a runner: is its copy its own? The times are those before the set-up;
-    /// the copy must be as the machines file is now.
+    /// Finds out whether the copy of a runner that has been set up belongs to it. The times are
+    /// those before the set-up. A copy whose content differs from the machines file is foreign,
+    /// too.
     Claim claim(ComponentRunner& runner, const Times& before) const;
 
-    /// Makes a copy of its own for the runner, with that content, under a name that is free.
-    /// Returns its path; empty when it cannot be made.
+    /// Makes a copy for this runner alone, with that content, under an unused name. Returns its
+    /// path; empty if it cannot be made.
     QString add(ComponentRunner& runner, const QByteArray& content) const;
 
-    /// The millisecond that the runner's copy is named after; -1 when it has none.
+    /// The millisecond that the runner's copy is named after; -1 if it has none.
     static int number(const ComponentRunner& runner);
 
-    /// Waits for a moment from which it takes that many milliseconds to one whose name is free,
-    /// for three seconds at most. False when all names are taken.
+    /// Blocks, for three seconds at most, until the name of the moment that is `lead` milliseconds
+    /// ahead is unused. False if all names are in use.
     bool waitForFreeName(const Times& times, int lead) const;
 
 private:

@@ -30,7 +30,7 @@ MachinesPlaceholder::MachinesPlaceholder(const QString& folder)
     }
 }
 
-// The file goes first: who takes the lock next must not find it.
+// The file is removed first: the next owner of the lock must not find it.
 MachinesPlaceholder::~MachinesPlaceholder()
 {
     if (m_isWritten) {
@@ -55,7 +55,7 @@ bool MachinesPlaceholder::lock()
     return true;
 }
 
-// Another program's, or one that a killed program has left.
+// The placeholder of another program, or one that a killed program has left.
 bool MachinesPlaceholder::isPlaceholder() const
 {
     const QFileInfo info(m_file);
@@ -64,7 +64,8 @@ bool MachinesPlaceholder::isPlaceholder() const
            file.open(QIODevice::ReadOnly) && file.readAll() == content;
 }
 
-// A file that appeared meanwhile is the user's; one that was left is used and then removed.
+// A file that has appeared in the meantime belongs to the user; a placeholder that was left is used
+// and then removed.
 void MachinesPlaceholder::write()
 {
     QFile file(m_file);

@@ -5,18 +5,19 @@
 #include <cstdint>
 #include <string>
 
-/// A machines file without hosts that exists while a run is set up in a job of a scheduler.
+/// A machines file without hosts that exists while a run is set up in a scheduler job.
 ///
-/// The components then use the hosts of the job, but the library sets up no parallel run without a
-/// machines file. Where the user and the installation have none, this one stands in. Of several
-/// programs that use the folder only one has its placeholder at a time; the others wait.
+/// The components then use the hosts of the job, but the library does not set up a parallel run
+/// without a machines file. If neither the user nor the installation has one, the placeholder takes
+/// its place. Only one program at a time has a placeholder in a folder; the others wait.
 class MachinesPlaceholder
 {
 public:
-    /// Writes the user's file into the folder when the program runs in a job and there is no file.
+    /// Writes the user's machines file into the folder if the program runs in a job and has no
+    /// machines file.
     explicit MachinesPlaceholder(const QString& folder);
 
-    /// Removes the file that was written.
+    /// Removes the file if the constructor has written it.
     ~MachinesPlaceholder();
 
     MachinesPlaceholder(const MachinesPlaceholder&) = delete;

@@ -17,7 +17,7 @@ QDir lockFolder()
             QStringLiteral("/locks")};
 }
 
-// A run takes as long as it takes, so no lock is too old.
+// A run may take any time, so locks do not expire.
 std::unique_ptr<QLockFile> makeLock(const QString& path)
 {
     auto lock = std::make_unique<QLockFile>(path);
@@ -72,7 +72,6 @@ void ModelLock::removeLeft()
     const QDir folder = lockFolder();
     const QStringList names = folder.entryList({QStringLiteral("*.lock")}, QDir::Files);
     for (const QString& name : names) {
-        (void)makeLock(folder.filePath(name))
-            ->tryLock(0); // takes over what a dead process has left
+        (void)makeLock(folder.filePath(name))->tryLock(0); // takes over a dead process's lock
     }
 }

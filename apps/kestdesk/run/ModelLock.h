@@ -6,7 +6,7 @@
 
 class QLockFile;
 
-/// Keeps a model to one run at a time, among all programs of this user: two runs would write over
+/// Locks a model for one run at a time, among all programs of this user: two runs would overwrite
 /// each other's results. Symbolic links are followed.
 class ModelLock
 {
@@ -14,16 +14,16 @@ public:
     explicit ModelLock(const QString& model);
     ~ModelLock();
 
-    /// False when another run has the model; true also where no lock can be made. A program that
-    /// was killed has no model any more.
+    /// Takes the lock. False if another run has it; true, too, if no lock file can be made. Locks
+    /// of killed programs do not count.
     bool take();
 
     void release();
 
-    /// Who has the model, after take() has returned false: "process 123 on this machine".
+    /// The owner of the lock, after take() has returned false: "process 123 on this machine".
     QString owner() const;
 
-    /// Removes what programs that were killed have left.
+    /// Removes the lock files of killed programs.
     static void removeLeft();
 
 private:

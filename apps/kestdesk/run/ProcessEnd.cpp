@@ -6,7 +6,7 @@
 
 namespace {
 
-// Shells, and components that tidy up first, add this to the number of the signal.
+// Shells, and components that clean up first, add this to the number of the signal.
 constexpr int shellOffset = 128;
 
 QString meaningOf(const EndReasons::Reason* reason)
@@ -14,7 +14,7 @@ QString meaningOf(const EndReasons::Reason* reason)
     return reason ? QStringLiteral(": ") + QLatin1String(reason->meaning) : QString();
 }
 
-// Of an exit code that stands for a signal.
+// The reason for an exit code that stands for a signal.
 const EndReasons::Reason* signalOf(int exitCode)
 {
     return EndReasons::find(true, exitCode - shellOffset);

@@ -11,19 +11,20 @@ public:
     /// The code is the exit code, or after a crash the number of the signal or exception.
     ProcessEnd(bool isCrash, int code) : m_isCrash(isCrash), m_code(code) {}
 
-    /// Of the runner's last child.
+    /// The end of the runner's last child.
     static ProcessEnd of(const common_ProcessRunnerBase& runner);
 
-    /// By itself, with exit code 0.
+    /// Whether the process ended by itself, with exit code 0.
     bool isGood() const { return !m_isCrash && m_code == 0; }
 
-    /// Whether somebody had asked it to end.
+    /// Whether the signal or exit code shows that the process was asked to end.
     bool isRequested() const;
 
-    /// Such as "SIGKILL" or "exit code 3"; empty when it ended well.
+    /// The signal or exit code: "SIGKILL", "exit code 3"; empty if the process ended well.
     QString name() const;
 
-    /// Such as "was ended by SIGKILL (signal 9): usually ..."; empty when it ended well.
+    /// The end as a clause: "was ended by SIGKILL (signal 9): usually ..."; empty if the process
+    /// ended well.
     QString text() const;
 
 private:

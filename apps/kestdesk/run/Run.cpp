@@ -42,12 +42,18 @@ Run::~Run()
 RunSetup::Readiness Run::setUp(common_RunWrapper::RunOptions options,
                                common_CommonSettingsSet& settings)
 {
+    return setUpBy([&] {
+        return RunSetup::apply(*m_runner, m_component, options, QFileInfo(m_model), settings);
+    });
+}
+
+RunSetup::Readiness Run::setUpBy(const std::function<RunSetup::Readiness()>& makeReady)
+{
     if (!m_lock.take()) {
         return {RunSetup::Obstacle::Busy,
                 QStringLiteral("%1 is being run already, by %2").arg(m_model, m_lock.owner())};
     }
-    RunSetup::Readiness readiness =
-        RunSetup::apply(*m_runner, m_component, options, QFileInfo(m_model), settings);
+    RunSetup::Readiness readiness = makeReady();
     if (!readiness.isReady()) {
         m_runner->deleteTemporaryFiles();
         m_lock.release();
@@ -103,7 +109,7 @@ void Run::onProcessStarted(const QString& /*executable*/, const QStringList& /*a
     setState(State::Running);
 }
 
-// The run ends when the runner is done with the attempt.
+// The run ends when the runner has finished the attempt to start.
 void Run::onFailedProcessStarted(const QString& executable, const QStringList& /*arguments*/,
                                  const QString& errorString)
 {
@@ -136,7 +142,7 @@ void Run::onProcessDone()
 void Run::onExitCodeChanged(int /*exitCode*/)
 {}
 
-// Others may hold the runner for longer than this run lives.
+// Other owners may keep the runner longer than this run exists.
 void Run::releaseRunner()
 {
     stopObserving();
@@ -159,7 +165,7 @@ void Run::setTotalPercentage(int percentage)
     }
 }
 
-// Whether by stop() or by the button of its dialog.
+// By stop() or by the button of the dialog.
 void Run::onStopRequested()
 {
     if (m_stoppedBy.isEmpty()) {

@@ -14,14 +14,16 @@
 #include <QSet>
 #include <QStringList>
 
+#include <functional>
+
 class common_CommonSettingsSet;
 
-/// One run of a component on one model, from its set-up to its end. The terminal and the window
-/// show it; it knows neither of them.
+/// One run of a component on one model, from its set-up to its end. It depends neither on the
+/// terminal nor on the window, which observe it.
 ///
-/// A run is set up, again if need be, and then started or refused. It ends once: as valid, as a
-/// fault, as stopped, or as one that did not start. Each signal comes after the change that it
-/// reports. In a slot the run must not be deleted, except by deleteLater().
+/// A run is set up, more than once if necessary, and then started or refused. It ends once: valid,
+/// with a fault, stopped, or not started. Each signal is emitted after the change that it reports.
+/// A slot must not delete the run, except by deleteLater().
 class Run : public QObject, public common_ObserverOf<common_IProcessRunnerObserver>
 {
     Q_OBJECT
@@ -34,38 +36,41 @@ public:
         Valid,      ///< ended: all of the work was done
         Fault,      ///< ended: something is missing
         NotStarted, ///< ended: could not be started
-        Stopped     ///< ended: somebody asked for it
+        Stopped     ///< ended: it was asked to stop
     };
     Q_ENUM(State)
 
-    /// The component must outlive the run. The model's path may be relative. The runner is for this
-    /// run alone.
+    /// The component must outlive the run. The model's path may be relative. The runner must not be
+    /// used by other runs.
     Run(const Component& component, QString model, common_ActivePtr<ComponentRunner> runner,
         QObject* parent = nullptr);
     ~Run() override;
 
-    /// Makes a waiting run ready to start, as the user's launch options say. Where it is not ready,
-    /// nothing that was made for it is left, and it may be set up again. While another run has the
-    /// model, a run is not ready.
+    /// Makes a waiting run ready to start, with the user's launch options. If it is not ready, all
+    /// temporary files are deleted, and it may be set up again. A run is not ready while another
+    /// run has locked the model.
     RunSetup::Readiness setUp(common_RunWrapper::RunOptions options,
                               common_CommonSettingsSet& settings);
 
-    /// Starts a run that is ready. False when the system cannot start the component: then the run
-    /// has ended, and problem() says why.
+    /// Like setUp(), for a run that the function makes ready in another way.
+    RunSetup::Readiness setUpBy(const std::function<RunSetup::Readiness()>& makeReady);
+
+    /// Starts a run that is ready. False if the system cannot start the component: then the run has
+    /// ended, and problem() gives the reason.
     bool start();
 
-    /// Ends a waiting run as one that was not started, because of that problem.
+    /// Ends a waiting run in the state NotStarted. The problem is a clause.
     void refuse(const QString& problem);
 
     /// Who asked a run to stop.
     enum class Stopper { User, Shutdown };
 
-    /// Asks the component to stop; it may take its time, or not listen. Nothing when it does not
+    /// Asks the component to stop, which it may do later or not at all. Does nothing if it does not
     /// run.
     void stop(Stopper stopper = Stopper::User);
 
-    /// Ends the run as stopped, though its component, which cannot be killed, still runs. Nothing
-    /// when it does not run.
+    /// Ends the run in the state Stopped although its component still runs, because it cannot be
+    /// killed. Does nothing if the component does not run.
     void giveUp();
 
     QString model() const { return m_model; }
@@ -74,28 +79,28 @@ public:
 
     State state() const { return m_state; }
 
-    /// Whether the component runs, asked to stop or not.
+    /// Whether the component runs, also after a request to stop.
     bool isRunning() const { return m_state == State::Running || m_state == State::Stopping; }
 
-    /// Percentages (0 to 100) that the component has reported: of the phase that it is in, and of
-    /// all of its work.
+    /// Percentages (0 to 100) that the component has reported: of its current phase, and of all of
+    /// its work.
     int percentage() const { return m_percentage; }
     int totalPercentage() const { return m_totalPercentage; }
 
     /// The files that the component says it has written, each once, as it names them.
     const QStringList& files() const { return m_files; }
 
-    /// Milliseconds from the start to now, or to the end; 0 for a run that was not started.
+    /// Milliseconds from the start until now, or until the end; 0 for a run that was not started.
     qint64 elapsed() const;
 
-    /// What became of the run, once it has ended.
+    /// How the run ended; valid only after the end.
     const RunOutcome& outcome() const { return m_outcome; }
 
-    /// Who asked the component to stop, in words; empty when it was not asked from here.
+    /// Who asked the component to stop, in words; empty if kestdesk did not ask.
     QString stoppedBy() const { return m_stoppedBy; }
 
-    /// Why the run could not be started, or its component not be ended, as a clause; empty where
-    /// there was no such problem, or where the user has been shown it already.
+    /// Why the run could not be started or its component could not be killed, as a clause; empty if
+    /// there was no such problem, or if the user has already seen it.
     QString problem() const { return m_problem; }
 
 Q_SIGNALS:
@@ -104,10 +109,10 @@ Q_SIGNALS:
     /// totalPercentage() has changed.
     void progressed();
 
-    /// The component has reported something, which percentages and files take into account.
+    /// The component has reported something. The percentages and the files are already up to date.
     void messageReceived(const common_IProcessMessage& message);
 
-    /// The run has ended. It comes once, as the last signal.
+    /// The run has ended. Emitted once, as the last signal.
     void ended();
 
 private:

@@ -4,7 +4,7 @@
 
 #include <QStringList>
 
-/// The words of the command line for the ways to run: "parallel", "remote", "farm-out".
+/// The command line's words for the run options: "parallel", "remote", "farm-out".
 struct RunOptionWord
 {
     const char* word;
@@ -14,13 +14,13 @@ struct RunOptionWord
 
 namespace RunOptionWords {
 
-/// All of them.
+/// All words, one row each.
 const QVector<RunOptionWord>& rows();
 
-/// Those of the options.
+/// The words of the options.
 QStringList of(common_RunWrapper::RunOptions options);
 
-/// The options of those words; words that are none count for nothing.
+/// The options of the words. Unknown words are ignored.
 common_RunWrapper::RunOptions options(const QStringList& words);
 
 } // namespace RunOptionWords

@@ -4,38 +4,39 @@
 
 class ProcessEnd;
 
-/// What became of a run, and why: one rule for the terminal and for the window.
+/// How a run ended, and why: one rule for the terminal and for the window.
 class RunOutcome
 {
 public:
     enum class Kind { Valid, Fault, NotStarted, Stopped };
 
-    /// Of a run that could not be started.
+    /// The outcome of a run that could not be started.
     static RunOutcome notStarted();
 
-    /// Of a run that was asked to stop and whose component cannot be ended.
+    /// The outcome of a run that was asked to stop and whose component cannot be killed.
     static RunOutcome stopped();
 
-    /// Of a run that has ended. Valid is what reported all of the work as done and ended well, even
-    /// if it had been asked to stop: nothing is missing from its results. Stopped is what the user,
-    /// or somebody else, asked to end, however it did; a fault is all the rest.
+    /// The outcome of a run that has ended. A run is valid if it reported 100 % and its process
+    /// ended well, even if it was asked to stop: its results are complete. Otherwise it is stopped
+    /// if it was asked to end, by the user or from outside, whatever its exit code; all other runs
+    /// are faults.
     static RunOutcome of(const ProcessEnd& end, int totalPercentage, bool isStopRequested);
 
-    /// What is done of a run after its component has reported a percentage: what is out of the
-    /// range counts for nothing, as in the run's own window.
+    /// The percentage of a run after its component has reported one. Values that are not numbers
+    /// from 0 to 100 are ignored, as in the process dialog: then the percentage before is returned.
     static int percentage(const QString& reported, int before);
 
     Kind kind() const { return m_kind; }
 
-    /// In one word or a few.
+    /// The kind in one word or a few.
     QString word() const { return word(m_kind); }
     static QString word(Kind kind);
 
-    /// The word, and of a fault what ended the run: "fault, SIGKILL".
+    /// The word; for a fault with the cause: "fault, SIGKILL".
     QString title() const;
 
-    /// Why, as a clause whose subject is the component: "was ended by ..."; empty where the word
-    /// says it all.
+    /// The reason as a clause whose subject is the component: "was ended by ..."; empty if the word
+    /// says everything.
     QString reason() const { return m_reason; }
 
 private:

@@ -24,10 +24,10 @@ namespace {
 
 const QString machinesFileOption = QStringLiteral("--machines-file");
 const QString remoteHostOption = QStringLiteral("--remote-host");
-constexpr int behindTheModel = 1; // which is the first argument, whatever its name
+constexpr int behindTheModel = 1; // the model is always the first argument
 
-// The copy of the machines file that the arguments name, when it is not there: copying fails
-// silently.
+// The copy of the machines file that the arguments name, if it does not exist: the library does not
+// report a failed copy.
 QString missingMachinesFile(const common_ProcessRunnerBase& runner)
 {
     const QStringList arguments = runner.getArguments();
@@ -39,7 +39,7 @@ QString missingMachinesFile(const common_ProcessRunnerBase& runner)
     return QFileInfo(file).isFile() ? QString() : file;
 }
 
-// What is missing before anything can be set up; empty when nothing is.
+// What is missing for a set-up, as a clause; empty if nothing is missing.
 QString missingPart(const Component& component, const QFileInfo& model)
 {
     const QString nameProblem =
@@ -60,10 +60,10 @@ QString missingPart(const Component& component, const QFileInfo& model)
                : QString();
 }
 
-constexpr int longestSearch = 5000; // milliseconds to get a copy that is the run's own
-constexpr int second = 1000;        // milliseconds: there is a name of a copy for each
+constexpr int longestSearch = 5000; // milliseconds to get a copy that belongs to the run alone
+constexpr int second = 1000;        // milliseconds; each has its own name for a copy
 
-// The folder of the copy.
+// The folder of the copies.
 QString userFolder()
 {
     return qEnvironmentVariable("KEST_USER_HOME");
@@ -77,7 +77,7 @@ struct Target
     common_CommonSettingsSet& settings;
 };
 
-// What set-ups before this one have added.
+// Removes what earlier set-ups have added.
 void clear(ComponentRunner& runner)
 {
     runner.clearArguments();
@@ -99,15 +99,15 @@ QString noOwnCopy()
         .arg(userFolder());
 }
 
-// The machines file is that of a run on a remote host, where a job of this machine plays no part.
+// A run on a remote host uses the machines file, whatever job this machine runs in.
 bool isForRemoteHost(const QStringList& arguments, int machinesFile)
 {
     const int host = arguments.indexOf(remoteHostOption, behindTheModel);
     return host >= 0 && host < machinesFile;
 }
 
-// Whether the run has hosts: those of the job that this program runs in, or of the file that the
-// copy was made of.
+// Whether the run has hosts: from the job that this program runs in, or from the file that was
+// copied.
 RunSetup::Readiness hostReadiness(const common_ProcessRunnerBase& runner)
 {
     const QStringList arguments = runner.getArguments();
@@ -133,7 +133,7 @@ bool lacksMachinesFile(common_RunWrapper::RunOptions options)
     return options.testFlag(common_RunWrapper::Parallel) && !common_MachineFileFinder().isValid();
 }
 
-// What is wrong with what was set up; ready when nothing is.
+// Checks the finished set-up.
 RunSetup::Readiness readiness(const common_ProcessRunnerBase& runner)
 {
     const QString missing = missingMachinesFile(runner);
@@ -144,7 +144,8 @@ RunSetup::Readiness readiness(const common_ProcessRunnerBase& runner)
     return hostReadiness(runner);
 }
 
-// Until the copy of the machines file, if there is one, is the run's own.
+// Repeats the set-up until the copy of the machines file, if there is one, belongs to the run
+// alone.
 RunSetup::Readiness setUp(ComponentRunner& runner, const Target& target,
                           const MachinesCopies& copies)
 {
@@ -162,7 +163,7 @@ RunSetup::Readiness setUp(ComponentRunner& runner, const Target& target,
         if (isOwn) {
             return readiness(runner);
         }
-        // From the beginning to the making of the copy.
+        // Milliseconds from the beginning of a set-up until the copy is made.
         const int lead = (made - begun.msec() + second) % second;
         if (deadline.hasExpired() || !copies.waitForFreeName(copies.times(), lead)) {
             return {RunSetup::Obstacle::Problem, noOwnCopy()};

@@ -2,7 +2,7 @@
 
 #include <QString>
 
-/// How figures of runs are written in terminals and in files.
+/// Formats the figures of runs for terminals and files.
 namespace RunTexts {
 
 /// "0:01:02" of milliseconds.

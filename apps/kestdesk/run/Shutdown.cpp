@@ -21,7 +21,7 @@ Shutdown::Shutdown()
     connect(&m_leftovers, &DescendantsEnding::ended, this, &Shutdown::finish);
 }
 
-// A run that has just ended is still in its last callback: what follows comes when that has
+// A run that has just ended is still in its last callback: the next step follows when that has
 // returned.
 void Shutdown::add(Run& run)
 {
@@ -70,7 +70,7 @@ void Shutdown::stopRuns()
     }
 }
 
-// The runs stay until they have noticed, and tidy up after themselves then.
+// The runs stay until they have noticed the end, because they delete their temporary files then.
 void Shutdown::killRuns()
 {
     m_phase = Phase::Killing;

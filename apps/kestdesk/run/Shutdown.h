@@ -9,12 +9,12 @@
 class Run;
 
 /// Ends the runs of this program, and the processes that runs have left behind, before the program
-/// itself ends. Nothing here waits: all of it happens from the event loop.
+/// itself ends. Never blocks: everything happens in the event loop.
 ///
-/// Each request takes a step. The first asks the runs to stop, the next kills their processes; a
-/// run whose component survives that is given up. When no run is left, the processes that runs have
-/// left behind get a time to end by themselves before they are killed, unless there has been a
-/// second request by then.
+/// Each request takes one step. The first asks the runs to stop, the second kills their processes;
+/// a run whose component survives that is given up. When no run is left, the processes that runs
+/// have left behind get some time to end by themselves before they are killed. After a second
+/// request they are killed at once.
 class Shutdown : public QObject
 {
     Q_OBJECT
@@ -30,30 +30,30 @@ public:
 
     Shutdown();
 
-    /// Takes a run into account, best before it is started. It stays the caller's, who may delete
-    /// it at any time.
+    /// Adds a run to end, preferably before it is started. The caller keeps the ownership and may
+    /// delete it at any time.
     void add(Run& run);
 
     Phase phase() const { return m_phase; }
     bool isDone() const { return m_phase == Phase::Done; }
 
-    /// Takes the next step. Where nothing is left to end, that is done at once.
+    /// Takes the next step. If nothing is left to end, done() follows at once.
     void request();
 
-    /// Takes the requests back as long as a run is left. Runs that were asked to stop stay so.
+    /// Cancels the requests, as long as a run is left. A run that was asked to stop still stops.
     void cancel();
 
 Q_SIGNALS:
-    /// The runs have been asked to stop; not without runs.
+    /// The runs have been asked to stop. Not emitted without runs.
     void stopping();
 
     /// No run is left.
     void runsEnded();
 
-    /// Processes are left, which are ended now; comes after runsEnded().
+    /// Processes are left and are ended now. Emitted after runsEnded().
     void clearing();
 
-    /// Nothing is left, or what is left cannot be killed. Comes once, after runsEnded().
+    /// Nothing is left, or what is left cannot be killed. Emitted once, after runsEnded().
     void done();
 
 private:

@@ -4,8 +4,8 @@
 
 struct RunComparison;
 
-/// The differences between two runs in a terminal: "-" before what only the left one has, "+"
-/// before what only the right one has.
+/// Writes the differences between two runs to a terminal: "-" before lines that only the left one
+/// has, "+" before lines that only the right one has.
 namespace ComparisonReport {
 
 void write(const RunComparison& comparison, Terminal& terminal);

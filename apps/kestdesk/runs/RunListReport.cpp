@@ -15,7 +15,7 @@ namespace {
 
 using Cells = QStringList;
 
-// The numbers are flush right.
+// Numbers are right-aligned.
 struct Column
 {
     const char* title;

@@ -3,23 +3,23 @@
 #include <RunRecord.h>
 #include <Terminal.h>
 
-/// A list of recorded runs in a terminal.
+/// Writes a list of recorded runs to a terminal.
 namespace RunListReport {
 
-/// Which of the runs are listed.
+/// The runs to list.
 struct Filter
 {
-    QString model; ///< name of a file, with wildcards, or a path; empty for all
-    QString state; ///< the word; empty for all
-    int most = 0;  ///< how many of the newest; 0 for all
+    QString model; ///< file name with wildcards, or path; empty for all
+    QString state; ///< word of the state; empty for all
+    int most = 0;  ///< number of newest runs; 0 for all
 };
 
 QVector<RunRecord> filtered(const QVector<RunRecord>& records, const Filter& filter);
 
-/// The words for states.
+/// The words of all states.
 QStringList stateWords();
 
-/// A line each, in columns.
+/// Writes one line for each record, in columns.
 void write(const QVector<RunRecord>& records, Terminal& terminal);
 
 } // namespace RunListReport

@@ -4,22 +4,22 @@
 
 #include <optional>
 
-/// The runs that a user names in a terminal: by their numbers, or "last".
+/// Finds the runs that a user names in a terminal: by number, or "last".
 class RunNumbers
 {
 public:
     explicit RunNumbers(RunArchive archive);
 
-    /// The number that the word means; nothing when it is not one, or when there is no run at all.
+    /// The number for a word; nothing if the word is invalid, or if there is no run at all.
     std::optional<int> parse(const QString& word);
 
-    /// The record that the word means; nothing when there is none that can be read.
+    /// The record for a word; nothing if there is no readable one.
     std::optional<RunRecord> record(const QString& word);
 
-    /// Why the last call has returned nothing, as a clause.
+    /// Why the last call returned nothing, as a clause.
     QString problem() const { return m_problem; }
 
-    /// Whether the word was not even a number.
+    /// Whether the last call failed because the word was neither a number nor "last".
     bool isNoNumber() const { return m_isNoNumber; }
 
 private:

@@ -105,7 +105,7 @@ void PreferencesDialog::show(const KestdeskSettings& settings)
 void PreferencesDialog::updateEditors()
 {
     if (m_editors.size() < KestdeskSettings::rows().size()) {
-        return; // still being made
+        return; // the widgets are still being created
     }
     for (const KestdeskSettings::Row& row : KestdeskSettings::rows()) {
         if (row.needs != row.setting) {

@@ -8,19 +8,19 @@
 class QFormLayout;
 class QVBoxLayout;
 
-/// Shows what the user can set for kestdesk itself, in groups, as the rows of KestdeskSettings say.
+/// The dialog for the preferences of kestdesk itself, built from the rows of KestdeskSettings.
 class PreferencesDialog : public QDialog
 {
     Q_OBJECT
 
 public:
-    /// Shows what the settings hold. They must outlive the dialog.
+    /// The settings must outlive the dialog.
     PreferencesDialog(KestdeskSettings& settings, QWidget* parent);
 
-    /// Lets the user change what is in the file now.
+    /// Reads the settings file and runs the dialog.
     static void edit(QWidget* window);
 
-    /// Writes what is shown. Where that is not possible, says why and stays open.
+    /// Writes the settings. On failure shows the reason and stays open.
     void accept() override;
 
 private:

@@ -4,8 +4,8 @@
 
 #include <cstdio>
 
-/// A stream of lines, with colours and one line at its end that changes in place where a person
-/// looks at it, and with neither where it goes into a file or a pipe.
+/// An output stream of lines. On a terminal it has colours and a status line at the end that is
+/// updated in place; in a file or a pipe it has neither.
 class Terminal
 {
 public:
@@ -19,11 +19,12 @@ public:
     Terminal(const Terminal&) = delete;
     Terminal& operator=(const Terminal&) = delete;
 
-    /// Writes a line above the status line. The text is made visible: what a child prints must not
-    /// steer the terminal. The status line is removed until it is set again.
+    /// Writes a line above the status line. Control characters are made visible: output of a child
+    /// must not control the terminal. The status line is removed until it is set again.
     void writeLine(const QString& text, Colour colour = Colour::None);
 
-    /// Shows the text as the last line, cut to the width; nothing where there is no terminal.
+    /// Shows the text as the last line, cut to the width. Does nothing if the stream is not a
+    /// terminal.
     void setStatusLine(const QString& text);
 
     void clearStatusLine();

@@ -3,15 +3,15 @@
 #include <QString>
 #include <QStringList>
 
-/// The models that come with the installation, to try the suite with.
+/// The sample models of the installation.
 namespace SampleModels {
 
-/// Their files, by name; empty where the installation has none.
+/// The paths of the samples, sorted by name; empty if the installation has none.
 QStringList all();
 
-/// A copy of the sample for the user, since components write beside a model and an installation is
-/// not the user's: in the folder "Kest samples" among the user's documents. A copy that is there
-/// stays as it is. Empty when there can be none; then the problem is a clause.
+/// Copies a sample into the folder "Kest samples" in the user's documents, because components write
+/// beside the model and the installation may be read-only. An existing copy is not changed. Returns
+/// the path; on failure an empty one, and the reason in `problem` as a clause.
 QString copyOf(const QString& sample, QString& problem);
 
 } // namespace SampleModels

@@ -4,7 +4,7 @@
 
 class QMenu;
 
-/// What the window shows as long as there is neither a model nor a run: how to begin.
+/// The first steps, shown in the window while there is neither a model nor a run.
 class WelcomePanel : public QWidget
 {
     Q_OBJECT
@@ -15,10 +15,10 @@ public:
 Q_SIGNALS:
     void openRequested();
 
-    /// A model for the user to try, which is the user's own copy of a sample.
+    /// The user has chosen a sample; the path is that of the user's copy.
     void sampleOpened(const QString& path);
 
-    /// There can be no such copy: a sentence that says why.
+    /// The sample could not be copied. The text is a sentence.
     void reported(const QString& text);
 
 private:

@@ -67,7 +67,7 @@ void reportError(const QString& title, const QString& text, QWidget* window)
     common_UserQuery(title, text, common_UserQuery::Error, window, QString()).display();
 }
 
-// What is launched is not ended with the runs.
+// Launched applications are not ended with the runs.
 template <typename Launch>
 bool isStarted(Launch launch)
 {
@@ -134,7 +134,7 @@ void ApplicationMenu::setTargets(const QString& model, const WindowRun* selected
     for (const WindowRun* run : runs) {
         m_allResults += resultsOf(run);
     }
-    m_allResults.removeDuplicates(); // of runs of one model
+    m_allResults.removeDuplicates(); // runs of one model name the same files
     m_viewModel->setEnabled(!m_model.isEmpty());
     m_editModel->setEnabled(!m_model.isEmpty());
     m_showResults->setEnabled(!m_results.isEmpty());
@@ -199,7 +199,7 @@ void ApplicationMenu::launchOnResults(const QStringList& results)
     launch(Launcher::PostKest, files);
 }
 
-// In the folder of the first file.
+// Starts the application in the folder of the first file.
 void ApplicationMenu::launch(Application application, const QStringList& files)
 {
     const QFileInfo first(files.constFirst());

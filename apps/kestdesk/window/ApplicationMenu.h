@@ -7,29 +7,29 @@
 
 class WindowRun;
 
-/// The menu of the suite's other applications, which are launched on the model and on the results
-/// of runs, and outlive this program.
+/// The menu that launches the suite's other applications with the model or with results of runs.
+/// They may outlive this program.
 class ApplicationMenu : public QMenu
 {
     Q_OBJECT
 
 public:
-    /// Messages are shown over the window.
+    /// The window is the parent of messages.
     explicit ApplicationMenu(QWidget* window);
 
-    /// What to launch on: the model's path, empty when none is chosen, and the runs of this
-    /// session. The selected one may be null.
+    /// Sets the files to launch with: the model's path, empty if none is chosen, and the results of
+    /// the runs of this session. The selected run may be null.
     void setTargets(const QString& model, const WindowRun* selected,
                     const QVector<WindowRun*>& runs);
 
     /// Shows the results of the selected run.
     QAction* resultsAction() const { return m_showResults; }
 
-    /// A button that does the same. It is the parent's.
+    /// Makes a button for resultsAction(). The parent owns it.
     QWidget* makeResultsButton(QWidget* parent);
 
 Q_SIGNALS:
-    /// An application starts: a sentence that says which, and on what.
+    /// An application has been launched. The sentence names it and its file.
     void launched(const QString& text);
 
 private:

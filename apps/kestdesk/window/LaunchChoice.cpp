@@ -40,7 +40,7 @@ void LaunchChoice::show(common_RunWrapper::RunOptions options)
     m_menu->setFarmOutTicked(options.testFlag(common_RunWrapper::FarmOut));
 }
 
-// That another program holds the launch options is shown only once.
+// The message that another program has locked the launch options is shown only once.
 void LaunchChoice::save()
 {
     if (m_isLockShown && RunChoice::isLocked()) {

@@ -7,26 +7,27 @@
 class MainMenu;
 class RunPanel;
 
-/// Parallel, remote, farmed out, as the user has ticked them in the window. What is ticked is kept
-/// among the launch options; where that is not possible it counts for this session all the same.
+/// The run options (parallel, remote, farm out) that the user has ticked in the window. They are
+/// stored with the launch options; if that fails, they are still used in this session.
 class LaunchChoice : public QObject
 {
     Q_OBJECT
 
 public:
-    /// The parent owns it. Panel and menu must outlive it.
+    /// Panel and menu must outlive this object.
     LaunchChoice(RunPanel* panel, MainMenu* menu, QObject* parent);
 
-    /// Shows what is kept.
+    /// Shows the stored options.
     void restore();
 
     [[nodiscard]] common_RunWrapper::RunOptions options() const;
 
-    /// Lets the user change the launch options, and shows what is kept if that has changed.
+    /// Opens the dialog for the launch options, and shows the stored run options if they have
+    /// changed.
     void editLaunchOptions(QWidget* window);
 
 Q_SIGNALS:
-    /// The user's new choice was kept, or could not be.
+    /// The new choice was stored, or storing it has failed.
     void saved(bool isKept);
 
 private:
@@ -35,5 +36,5 @@ private:
 
     RunPanel* m_panel;
     MainMenu* m_menu;
-    bool m_isLockShown = false; ///< that another program holds the launch options
+    bool m_isLockShown = false; ///< the message that another program has locked the launch options
 };

@@ -85,7 +85,7 @@ void MainMenu::setStopEnabled(bool enabled)
     action("stopAction")->setEnabled(enabled);
 }
 
-// The one of the menu bar with that title, which is made when there is none.
+// The menu with that title in the menu bar; made if it does not exist.
 QMenu* MainMenu::menu(const QString& title)
 {
     const QList<QAction*> menus = m_window->menuBar()->actions();
@@ -115,7 +115,7 @@ void MainMenu::addAction(const ActionRow& row)
     }
 }
 
-// Behind the entry that opens a file.
+// Adds the recent files behind the entry that opens a file.
 void MainMenu::addRecentMenu()
 {
     m_recentMenu->setIcon(icon("recent"));

@@ -14,7 +14,7 @@ class MainMenu : public QObject
     Q_OBJECT
 
 public:
-    /// Adds the menus to the window, whose child this becomes.
+    /// Adds the menus to the window. The window owns this object.
     MainMenu(QMainWindow* window, common_recent_file_settings* recentFiles);
 
     RecentMenu* recentMenu() const { return m_recentMenu; }
@@ -23,7 +23,7 @@ public:
 
     bool isFarmOutTicked() const;
 
-    /// Without a signal.
+    /// Emits no signal.
     void setFarmOutTicked(bool ticked);
 
     void setFarmOutEnabled(bool enabled);

@@ -39,8 +39,6 @@
 #include <QStatusBar>
 #include <QVBoxLayout>
 
-#include <algorithm>
-
 namespace {
 
 const QString applicationName = QStringLiteral("kestdesk");
@@ -83,7 +81,7 @@ MainWindow::MainWindow(Start start)
 
 MainWindow::~MainWindow()
 {
-    m_runDesk.reset(); // while the window is whole: the runs report their changes to it
+    m_runDesk.reset(); // before the other members: the runs report their changes to the window
 }
 
 void MainWindow::makeContent()
@@ -125,7 +123,7 @@ void MainWindow::makeOutcomeLabel()
 {
     m_outcome = new QLabel(this);
     m_outcome->setObjectName(QStringLiteral("outcomeLabel"));
-    m_outcome->setTextFormat(Qt::PlainText); // names of files are in it
+    m_outcome->setTextFormat(Qt::PlainText); // contains names of files
     m_outcome->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred); // cut, not widened
     statusBar()->addWidget(m_outcome, 1);
 }
@@ -241,7 +239,7 @@ void MainWindow::run()
     m_queue->queue().startNext();
 }
 
-// The processes that a component leaves behind, however it ends, must not get lost.
+// Processes that a component leaves behind become children of this program, which can end them.
 void MainWindow::prepareRun()
 {
     showOutcome(QString());
@@ -253,11 +251,11 @@ void MainWindow::stopRun()
 {
     WindowRun* const run = runToStop();
     if (run != nullptr) {
-        RunStops::stop(run->run(), *this);
+        RunStops::stop(*run, *this);
     }
 }
 
-// The selected run, or else the newest one that is going; null when none is.
+// The selected run, or else the newest running one; null if none runs.
 WindowRun* MainWindow::runToStop() const
 {
     WindowRun* const selected = m_list->selectedRun();
@@ -316,7 +314,7 @@ void MainWindow::onChoiceSaved(bool isKept)
     showOutcome(isKept ? QString() : QStringLiteral("This choice counts for this session only."));
 }
 
-// A run that did not start has been shown already.
+// The user has already seen why a run did not start.
 void MainWindow::onRunEnded(const WindowRun& run)
 {
     if (run.run().state() == Run::State::NotStarted) {
@@ -349,14 +347,11 @@ void MainWindow::quit()
     m_shutdown.request();
 }
 
-// The window stays until nothing is left of the runs.
+// The window stays until all runs and their processes have ended.
 void MainWindow::closeEvent(QCloseEvent* event)
 {
-    const QVector<WindowRun*> running = m_runs->runningRuns();
-    QVector<Run*> runs;
-    std::transform(running.begin(), running.end(), std::back_inserter(runs),
-                   [](WindowRun* run) { return &run->run(); });
-    event->setAccepted(RunStops(m_shutdown, *this).close(runs) && m_isLeaving);
+    const bool mayClose = RunStops(m_shutdown, *this).close(m_runs->runningRuns());
+    event->setAccepted(mayClose && m_isLeaving);
 }
 
 void MainWindow::onRunsStopping()
@@ -364,7 +359,7 @@ void MainWindow::onRunsStopping()
     showOutcome(QStringLiteral("Stopping the runs..."));
 }
 
-// No run may be started any more.
+// From here on no run is started.
 void MainWindow::onClearing()
 {
     showOutcome(QStringLiteral("Ending what the runs have left behind..."));

@@ -22,7 +22,7 @@ class WelcomePanel;
 class WindowRun;
 struct Component;
 
-/// kestdesk's window: a model, how to run it, and the runs, of this session and before.
+/// kestdesk's main window: the model, the run options, and the list of runs.
 class MainWindow : public QMainWindow
 {
     Q_OBJECT
@@ -33,21 +33,21 @@ public:
         NoModel,   ///< without one
     };
 
-    /// As it was at the end of the last session.
+    /// Restores the state of the last session.
     explicit MainWindow(Start start = Start::LastModel);
     ~MainWindow() override;
 
-    /// Opens a model: it becomes the one to run, and the newest of the recent files. Shows an error
-    /// when there is no such file, with the hint, which may be empty.
+    /// Makes this the model to run, and the newest of the recent files. If the file cannot be
+    /// opened, shows an error with the hint, which may be empty.
     void openModel(const QString& path, const QString& hint = QString());
 
-    /// Opens the first of the models. Where there are several, all of them wait in the queue, held.
-    /// Those that cannot be opened are shown, with the hint, and left out.
+    /// Opens the first of the models. If there are several, adds all of them to the queue, held.
+    /// Skips the models that cannot be opened and shows an error with the hint, which may be empty.
     void openModels(const QStringList& paths, const QString& hint = QString());
 
     void setComponent(const Component& component);
 
-    /// Stops the runs and closes the window without asking; asked once more, ends them by force.
+    /// Stops the runs and closes the window without a question. A second call kills the runs.
     void quit();
 
 protected:
@@ -98,9 +98,9 @@ private:
     MainMenu* m_menu = nullptr;
     LaunchChoice* m_choice = nullptr;
     ApplicationMenu* m_applications;
-    QString m_shownModel; ///< of the title
+    QString m_shownModel; ///< in the window title
     OrphanReaper m_reaper;
-    bool m_isLeaving = false; ///< nothing is left to wait for
+    bool m_isLeaving = false; ///< the window closes without further questions
     WindowQueue* m_queue;
     std::unique_ptr<ModelOpener> m_opener;
 };

@@ -63,7 +63,7 @@ void ModelOpener::open(const QStringList& paths, const QString& hint)
                         .arg(namesOf(models)));
 }
 
-// The others are shown in one message.
+// The unreadable models are shown in one message.
 QStringList ModelOpener::readableOnes(const QStringList& paths)
 {
     QStringList readable;

@@ -7,35 +7,36 @@ class LaunchChoice;
 class RunPanel;
 class RunQueue;
 
-/// Opens models as the user chooses, drops or names them: one becomes the model to run, several
-/// wait in the queue.
+/// Opens models that the user chooses, drops or names on the command line: one becomes the model to
+/// run, several are added to the queue.
 class ModelOpener : public QObject
 {
     Q_OBJECT
 
 public:
-    /// The panel says what to run the models with. Its window is the parent of messages. All must
-    /// outlive this.
+    /// The panel gives component and options. Its window is the parent of messages. The arguments
+    /// must outlive this object.
     ModelOpener(RunPanel* panel, const LaunchChoice* choice, RunQueue& queue);
 
-    /// One model. Shows an error when there is no such file, with the hint, which may be empty.
+    /// Opens one model. If the file cannot be opened, shows an error with the hint, which may be
+    /// empty.
     void open(const QString& path, const QString& hint = QString());
 
-    /// The first of the models. Where there are several, all of them wait in the queue, held. Those
-    /// that cannot be opened are shown, with the hint, and left out.
+    /// Opens the first of the models. If there are several, adds all of them to the queue, held.
+    /// Skips the models that cannot be opened and shows an error with the hint, which may be empty.
     void open(const QStringList& paths, const QString& hint = QString());
 
-    /// Those that the user chooses in a dialog.
+    /// Lets the user choose models in a file dialog and opens them.
     void choose();
 
-    /// Puts a model at the end of the queue.
+    /// Appends a model to the queue.
     void queue(const QString& path, bool isHeld);
 
 Q_SIGNALS:
-    /// This is the model to run; its absolute path.
+    /// The model to run has been opened; its absolute path.
     void opened(const QString& path);
 
-    /// Something that the user should know of, as a sentence.
+    /// A sentence for the user.
     void reported(const QString& text);
 
 private:

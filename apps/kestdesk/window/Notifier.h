@@ -2,11 +2,11 @@
 
 #include <QString>
 
-/// Tells the user what happened while another window had the attention.
+/// Desktop notifications, for events while another window is active.
 namespace Notifier {
 
-/// Shows a notification of the desktop where the session has such a service; nothing otherwise.
-/// Does not wait.
+/// Shows a notification if the session has a service for that; does nothing otherwise. Does not
+/// block.
 void show(const QString& title, const QString& text);
 
 } // namespace Notifier

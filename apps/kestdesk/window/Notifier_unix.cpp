@@ -12,7 +12,7 @@ namespace {
 
 constexpr int serverChoosesTime = -1;
 
-// The server may show markup.
+// The server may interpret markup.
 QString plain(const QString& text)
 {
     return text.toHtmlEscaped();
@@ -20,10 +20,11 @@ QString plain(const QString& text)
 
 } // namespace
 
-// The interface of the freedesktop.org notification server, which every Linux desktop has.
+// The interface of the freedesktop.org notification server, which Linux desktops provide.
 void Notifier::show(const QString& title, const QString& text)
 {
-    // A bus that is started for this call is the whole session's.
+    // A session bus that this call starts must not be a child of this program: it serves the whole
+    // session.
     Descendants::startDetached([] { QDBusConnection::sessionBus(); });
     QDBusConnection bus = QDBusConnection::sessionBus();
     if (!bus.isConnected()) {

@@ -5,7 +5,7 @@
 
 namespace {
 
-constexpr int shownFor = 8000; // ms
+constexpr int shownFor = 8000; // milliseconds
 
 } // namespace
 

@@ -2,15 +2,15 @@
 
 #include <common_RunWrapper.h>
 
-/// Parallel, remote, farmed out: the user's choice, kept among the launch options.
+/// The user's choice of run options (parallel, remote, farm out), stored with the launch options.
 namespace RunChoice {
 
 common_RunWrapper::RunOptions load();
 
-/// Whether another program holds the launch options. Saving then shows that to the user.
+/// Whether another program has locked the launch options. save() then shows that to the user.
 bool isLocked();
 
-/// False when the choice could not be kept.
+/// False if the choice could not be stored.
 bool save(common_RunWrapper::RunOptions options);
 
 } // namespace RunChoice

@@ -15,14 +15,14 @@ class RunTableModel;
 class Shutdown;
 class common_CommonSettingsSet;
 
-/// The runs in the window: their list with its actions, those of this session, and the windows of
-/// their records.
+/// The parts of the window that deal with runs: their list with its actions, the runs of this
+/// session, and the windows of their records.
 class RunDesk : public QObject
 {
     Q_OBJECT
 
 public:
-    /// All must outlive this. The list is the parent's.
+    /// The arguments must outlive this object. The window owns the list.
     RunDesk(Shutdown& shutdown, common_CommonSettingsSet& settings, QWidget* window);
 
     /// Also ends the recording of the runs of this session.
@@ -31,7 +31,7 @@ public:
     /// Adds the actions on runs to the menu and to the list.
     void addActions(MainMenu* menu);
 
-    /// Begins to follow the archive.
+    /// Starts to follow the archive.
     void start();
 
     RunTableModel* runs() const { return m_runs; }
@@ -39,17 +39,17 @@ public:
     RunListView* list() const;
     SessionRuns& session() const { return *m_session; }
 
-    /// Shows the current run: in the dialog that it has in this session, or else its record.
+    /// Shows the current run: its dialog, if it has one in this session, or else its record.
     void showRun();
 
-    /// Takes the ended runs out of the list; their records stay.
+    /// Removes the ended runs from the list; their records stay.
     void clearEnded();
 
 Q_SIGNALS:
-    /// What is shown of runs, or which of them are selected, has changed.
+    /// The shown data of runs or the selection have changed.
     void changed();
 
-    /// A run is about to be run again.
+    /// A recorded run is about to be repeated.
     void aboutToRun();
 
     /// A sentence for the status line.
@@ -58,6 +58,8 @@ Q_SIGNALS:
 private:
     void connectParts();
     void runAgain(const RunRecord& record, const QString& model);
+    void resume(const RunRecord& record);
+    void repeat(const RunRecord& record, const QString& model, const QString& report);
 
     common_CommonSettingsSet& m_settings;
     RunTableModel* m_runs;
@@ -65,5 +67,5 @@ private:
     RunAgain* m_again;
     RecordWindows* m_records;
     QWidget* m_window;
-    std::unique_ptr<SessionRuns> m_session; ///< the first to go, while the list is whole
+    std::unique_ptr<SessionRuns> m_session; ///< destroyed first: it reports to the list
 };

@@ -20,7 +20,7 @@ namespace {
 
 using Wrapper = common_RunWrapper;
 
-// The system's messages send the user to these boxes by their names.
+// Messages of the library refer to these boxes by their names.
 // clang-format off
 const struct { Wrapper::RunOption option; const char* text; const char* name; const char* hint; } boxRows[] = {
     {Wrapper::Parallel, "&Parallel", "parallelBox", "Solve with several processes, on the hosts of the machines file"},
@@ -108,7 +108,7 @@ QWidget* RunPanel::makeModelRow()
     m_model->setObjectName(QStringLiteral("modelEdit"));
     m_model->setPlaceholderText(QStringLiteral("Open a model, or drop one on this window"));
     m_model->setClearButtonEnabled(true);
-    m_model->setAcceptDrops(false); // it would take a file for text
+    m_model->setAcceptDrops(false); // it would insert a dropped file as text
     m_model->setAccessibleName(QStringLiteral("Model"));
     label->setBuddy(m_model);
     auto* open = makeButton(QStringLiteral("Op&en..."), QStringLiteral("openButton"),

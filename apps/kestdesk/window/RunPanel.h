@@ -10,7 +10,7 @@ class QLineEdit;
 class QPushButton;
 struct Component;
 
-/// What to run and how: the model, the component, and the "Run/launch" group.
+/// The controls for a new run: the model, the component, and the "Run/launch" group.
 class RunPanel : public QWidget
 {
     Q_OBJECT
@@ -18,22 +18,22 @@ class RunPanel : public QWidget
 public:
     explicit RunPanel(QWidget* parent);
 
-    /// The model's path in native separators, empty when none is chosen.
+    /// The model's path with native separators; empty if none is chosen.
     QString model() const;
     void setModel(const QString& path);
 
     const Component& component() const;
 
-    /// A name that is not known changes nothing.
+    /// Ignores an unknown name.
     void setComponent(const QString& name);
 
-    /// The boxes that are ticked, whether they mean something to the component or not.
+    /// All ticked options, including those that the component does not support.
     common_RunWrapper::RunOptions ticked() const;
     void setTicked(common_RunWrapper::RunOptions options);
 
     void focusRunButton();
 
-    /// Whether there is a run to stop.
+    /// Enables the Stop button.
     void setStopEnabled(bool enabled);
 
 Q_SIGNALS:
@@ -41,10 +41,10 @@ Q_SIGNALS:
     void runRequested();
     void stopRequested();
 
-    /// Another model or component is there to run.
+    /// The model or the component has changed.
     void targetChanged();
 
-    /// The user ticked a box.
+    /// The user has ticked or cleared a box.
     void tickedChanged();
 
 private:

@@ -3,23 +3,24 @@
 #include <QVector>
 
 class QWidget;
-class Run;
 class Shutdown;
+class WindowRun;
 
-/// Stops runs as the user of a window wants it, whom it asks where much may be lost.
+/// Stops runs for the user of a window, after a question if much work would be lost.
 class RunStops
 {
 public:
-    /// Both must outlive this.
+    /// The arguments must outlive this object.
     RunStops(Shutdown& shutdown, QWidget& window) : m_shutdown(shutdown), m_window(window) {}
 
-    /// Stops one run. The window may be destroyed while the user is asked.
-    static void stop(Run& run, QWidget& window);
+    /// Stops one run. The window may be destroyed while the question is shown.
+    static void stop(WindowRun& run, QWidget& window);
 
-    /// The user closes the window: takes the next step of the shutdown, or takes the steps back, as
-    /// the user answers. Where the runs end by themselves before there is an answer, the shutdown
-    /// goes on. Whether the window may close now. The window, and this, may be destroyed meanwhile.
-    bool close(const QVector<Run*>& running);
+    /// To be called when the user closes the window. Depending on the user's answer, takes the next
+    /// step of the shutdown or cancels it. If the runs end by themselves before the answer, the
+    /// shutdown continues. Returns whether the window may close now. The window and this object may
+    /// be destroyed during the call.
+    bool close(const QVector<WindowRun*>& running);
 
 private:
     Shutdown& m_shutdown;

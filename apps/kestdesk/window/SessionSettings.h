@@ -4,7 +4,7 @@
 
 #include <QString>
 
-/// What the window showed when it was closed: the group "session" of the application's settings
+/// The state of the window when it was closed: the group "session" of the application's settings
 /// file.
 class SessionSettings : public common_settings
 {

@@ -8,30 +8,31 @@ class QWidget;
 class RunPanel;
 class common_recent_file_settings;
 
-/// What the window keeps from one session to the next: its place, the model, the component and the
+/// The state that the window keeps between sessions: its geometry, the model, the component and the
 /// recent files.
 class WindowSession
 {
 public:
-    /// The model of the last session; no path when there is none to show.
+    /// The model of the last session.
     struct Model
     {
-        QString path;    ///< absolute
-        QString problem; ///< why the model cannot be shown again; empty where nothing is wrong
+        QString path;    ///< absolute; empty if there is none to show
+        QString problem; ///< why the model cannot be opened again; empty if there is no problem
     };
 
     WindowSession();
 
-    /// Reads the settings, and puts the window and the component back as they were.
+    /// Reads the settings, and restores the window and the component.
     void restore(QWidget& window, RunPanel& panel);
 
-    /// Of the settings that restore() has read.
+    /// The last model from the settings that restore() has read.
     Model lastModel();
 
-    /// Where the last model was not asked for and no other was chosen, it stays the last one.
+    /// Stores the state. If lastModel() was not called and no model was chosen, the last model is
+    /// kept.
     void save(const QWidget& window, const RunPanel& panel);
 
-    /// What runs are set up with.
+    /// The settings for the set-up of runs.
     common_CommonSettingsSet& settings() { return m_settings; }
 
     /// Owned by this object.

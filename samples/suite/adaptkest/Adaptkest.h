@@ -11,8 +11,7 @@
 #include <map>
 #include <memory>
 
-/// Solves a model in rounds ("analyses"), each at the frequencies that follow from the results so
-/// far.
+/// Solves a model in rounds ("analyses"). The frequencies of each follow from the results so far.
 class Adaptkest : public suite::ComponentProgram
 {
     Q_OBJECT
@@ -57,8 +56,8 @@ private:
     std::unique_ptr<suite::AdaptivePlacing> m_placing;
     QString m_takeOverError;
     std::unique_ptr<suite::SweepRunner> m_sweep;
-    QVector<double> m_frequencies;                   ///< of the analysis that runs
-    QVector<suite::AnalysisPoint> m_round;           ///< its results so far
-    std::map<double, suite::AnalysisPoint> m_points; ///< of all whole analyses, by frequency
-    int m_analysis = 0;                              ///< the last whole one
+    QVector<double> m_frequencies;                   ///< of the running analysis
+    QVector<suite::AnalysisPoint> m_round;           ///< results of the running analysis
+    std::map<double, suite::AnalysisPoint> m_points; ///< of all completed analyses, by frequency
+    int m_analysis = 0;                              ///< the last completed one
 };

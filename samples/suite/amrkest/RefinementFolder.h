@@ -6,15 +6,15 @@ namespace suite {
 class ModelFile;
 }
 
-/// The folder beside the model in which the runs of a refinement take place: each iteration and the
-/// refined model's run in a folder of its own.
+/// The folder beside the model with the runs of a refinement: each iteration, and the run of the
+/// refined model, has its own subfolder.
 class RefinementFolder
 {
 public:
     explicit RefinementFolder(const suite::ModelFile& model);
 
-    /// Takes the folder, and removes what an earlier refinement has left in it; false when it
-    /// cannot be used.
+    /// Takes the folder, and removes the files of an earlier refinement. On failure returns false
+    /// and sets error().
     bool open();
     [[nodiscard]] bool isOpen() const { return m_folder.isOpen(); }
 
@@ -25,13 +25,13 @@ public:
     static QString iteration(int number);
     static QString finalRun();
 
-    /// Makes the folder of a run; one that is there already will do.
+    /// Makes the folder of a run, unless it exists. On failure returns false and sets error().
     bool makeFolder(const QString& run) { return m_folder.makeFolder(run); }
 
     /// The absolute path of a run's model ("nec") or of its results ("out", "csv").
     [[nodiscard]] QString filePath(const QString& run, const QString& suffix) const;
 
-    /// Removes what the runs have made, and nothing else.
+    /// Removes the files of the runs, and nothing else.
     void removeRuns() const;
 
 private:

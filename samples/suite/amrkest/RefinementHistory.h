@@ -12,18 +12,18 @@
 /// One step of a refinement.
 struct Iteration
 {
-    int factor = 1; ///< how many pieces each segment of the model was cut into
+    int factor = 1; ///< number of pieces of each segment of the model
     int segments = 0;
     suite::Impedance impedance;
-    std::optional<double> change; ///< since the step before, as a part of the impedance
+    std::optional<double> change; ///< since the step before, as a fraction of the impedance
 };
 
-/// The iterations of a refinement so far, and whether they are enough.
+/// The iterations of a refinement so far. Decides when it ends.
 class RefinementHistory
 {
 public:
-    /// The refinement is to end when the impedance changes by less than the threshold, a part of
-    /// it, or after so many iterations.
+    /// The refinement ends when the impedance changes by less than the threshold, a fraction of it,
+    /// or after the largest number of iterations.
     RefinementHistory(double threshold, int mostIterations);
 
     [[nodiscard]] int mostIterations() const { return m_mostIterations; }
@@ -38,8 +38,8 @@ public:
     /// Adds the next iteration.
     void add(int segments, const suite::Impedance& impedance);
 
-    /// What ends the refinement; nothing when there is to be another iteration. The obstacle says
-    /// why there cannot be one, or is empty. There must be an iteration.
+    /// Why the refinement ends; empty if another iteration follows. The obstacle says why another
+    /// one is impossible, or is empty. There must be an iteration.
     [[nodiscard]] suite::FindingList conclusion(const suite::FindingList& obstacle) const;
 
     /// The threshold in percent, and a line about the last iteration.

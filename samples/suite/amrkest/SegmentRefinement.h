@@ -20,13 +20,13 @@ public:
 
     [[nodiscard]] int segmentCount(int factor) const;
 
-    /// Why the model is not to be divided by a factor; empty when it may be.
+    /// Why the model must not be divided by a factor; empty if it may.
     [[nodiscard]] FindingList obstacle(int factor) const;
 
     /// The refined deck, over the model's own frequencies or at one, in MHz.
     [[nodiscard]] QByteArray deck(int factor, std::optional<double> frequency = std::nullopt) const;
 
-    /// The segment in the middle of those that a segment is divided into, the first and the last.
+    /// The middle one, the first and the last of the segments that a segment is divided into.
     static int middle(int segment, int factor) { return (segment - 1) * factor + (factor + 1) / 2; }
     static int first(int segment, int factor) { return (segment - 1) * factor + 1; }
     static int last(int segment, int factor) { return segment * factor; }

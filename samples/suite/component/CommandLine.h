@@ -7,14 +7,14 @@
 
 namespace suite {
 
-/// A component's command line: the model and the options, each known to the table.
+/// A component's command line: the model, and options from the table.
 class CommandLine
 {
 public:
     /// Reads the words behind the program's name. The group is the component's own.
     CommandLine(OptionGroup group, QStringList arguments);
 
-    /// What is wrong, one text each; empty when everything can be used.
+    /// The errors, one text each; empty if there are none.
     [[nodiscard]] const QStringList& errors() const { return m_errors; }
 
     [[nodiscard]] QString model() const { return m_model; }
@@ -23,11 +23,11 @@ public:
     [[nodiscard]] bool has(OptionGroup group, const QString& name) const;
     [[nodiscard]] QString value(OptionGroup group, const QString& name) const;
 
-    /// How many processes a group's options ask for: a number, "all", or nothing. The option has
-    /// two spellings.
+    /// The number of processes in a group's options: a number, "all", or an empty text. The option
+    /// has two spellings.
     [[nodiscard]] QString processCount(OptionGroup group) const;
 
-    /// All words behind a switch, for the program that they are meant for.
+    /// All words behind a switch, for the program that the switch belongs to.
     [[nodiscard]] QStringList wordsBehind(OptionGroup group, const QString& name) const;
 
     /// The help text of a component.

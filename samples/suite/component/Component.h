@@ -13,19 +13,19 @@ namespace suite {
 constexpr int exitSuccess = 0;
 constexpr int exitFailure = 1;
 
-/// What all components do alike: they read their command line, answer questions for help, and check
-/// the model before anything else.
+/// The common part of all components: reads the command line, prints the help, and checks the
+/// model.
 class Component
 {
 public:
-    /// The name is the program's, the group the one its own options stand in.
+    /// The name is that of the program; the group is that of its own options.
     Component(QString name, OptionGroup group);
 
-    /// Reads the command line. An exit code when nothing is left to do.
+    /// Reads the command line. Returns an exit code if nothing is left to do.
     std::optional<int> readCommandLine(const QStringList& arguments);
 
-    /// Pre-processing: checks the model, prints what was found, its variables and their file where
-    /// asked for. False when the component must end.
+    /// Pre-processing: checks the model, prints the findings and, on request, the variables. False
+    /// if the component must end.
     bool preprocess();
 
     [[nodiscard]] const CommandLine& commandLine() const { return *m_commandLine; }
@@ -33,7 +33,7 @@ public:
     [[nodiscard]] const Preprocessor& preprocessor() const { return *m_preprocessor; }
     MarkerPrinter& printer() { return m_printer; }
 
-    /// The exit code after work without errors: a failure when something could not be printed.
+    /// The exit code after work without errors: a failure if output was lost.
     [[nodiscard]] int printedExitCode() const;
 
     /// A printer of findings about the model.

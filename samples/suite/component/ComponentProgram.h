@@ -16,31 +16,31 @@ class ComponentProgram : public QObject
 public:
     ~ComponentProgram() override;
 
-    /// Reads the command line; an exit code when there is nothing to run.
+    /// Reads the command line. Returns an exit code if there is nothing to run.
     std::optional<int> readCommandLine(const QStringList& arguments);
 
     /// Runs to the end and emits finished().
     void run();
 
-    /// Stops the run because of a signal: the exit code becomes 128 plus its number. That is no
-    /// error, and a notice says so.
+    /// Stops the run because of a signal: the exit code becomes 128 plus its number. Prints a
+    /// notice, not an error.
     void stop(int signal);
 
 Q_SIGNALS:
     void finished(int exitCode);
 
 protected:
-    /// The name is the program's, the group the one its own options stand in.
+    /// The name is that of the program; the group is that of its own options.
     ComponentProgram(const QString& name, OptionGroup group);
 
-    /// Checks the model; false when the run ends there, after a message.
+    /// Checks the model. False if the run ends here, after a message.
     virtual bool preprocess() { return m_component.preprocess(); }
 
-    /// The work behind the check of the model. It may return while processes run; finish()
-    /// is called when the last of them has ended.
+    /// The work after the check of the model. It may return while processes run; finish() is called
+    /// when the last of them has ended.
     virtual void work() = 0;
 
-    /// Begins to end what runs; false when nothing does.
+    /// Starts to end the processes of the work; false if none runs.
     virtual bool stopWork() = 0;
 
     Component& component() { return m_component; }
@@ -60,15 +60,14 @@ protected:
     /// The run will end with a failure whose reason has been printed already.
     void markFailed() { m_exitCode = exitFailure; }
 
-    /// The run will end as one that this signal stops. What another component printed about it has
-    /// been passed on.
+    /// The run will end as stopped by this signal. The message of the other component that was
+    /// stopped has already been passed on.
     void markStopped(int signal);
 
-    /// Prints what was found. False when there are errors among it: then the run will end with a
-    /// failure.
+    /// Prints findings. False if there are errors among them: then the run will end with a failure.
     bool report(const FindingList& findings);
 
-    /// Where no more than the check of the model is asked for, ends the run and returns true.
+    /// If only the check of the model was requested, ends the run and returns true.
     bool finishAfterCheck();
 
     /// False once an error was printed or a stop was asked for.
@@ -80,7 +79,7 @@ protected:
     /// Ends the run, with a failure if there was an error.
     void finish();
 
-    /// Without a reader of its output the run ends, without a message.
+    /// Ends the run, without a message, if its output has lost its reader.
     void checkReader();
 
 private:

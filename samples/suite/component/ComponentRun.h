@@ -6,7 +6,7 @@
 
 namespace suite {
 
-/// A run of another component, whose lines are signalled as they come.
+/// A run of another component. Emits its output line by line.
 class ComponentRun : public ChildProcess
 {
     Q_OBJECT
@@ -14,14 +14,14 @@ class ComponentRun : public ChildProcess
 public:
     explicit ComponentRun(QObject* parent = nullptr);
 
-    /// Starts a component of this installation, which has the given name.
+    /// Starts the component of this installation with that name.
     void startComponent(const QString& name, const QStringList& arguments);
 
-    /// True when the component did all it was asked for.
+    /// Whether the component has succeeded.
     [[nodiscard]] bool isSuccess() const;
 
-    /// What went wrong: its first error, or how it ended. A component that crashed or could not be
-    /// started may not have said why.
+    /// The component's first error, or how it ended if it has printed none, for example after a
+    /// crash.
     [[nodiscard]] QString error() const;
 
 Q_SIGNALS:
@@ -32,7 +32,7 @@ private:
     void readLines(const QByteArray& bytes);
     void readLine(const QByteArray& bytes);
 
-    QByteArray m_unread; ///< the begin of a line
+    QByteArray m_unread; ///< the beginning of a line
     QString m_firstError;
     QByteArray m_errorOutput;
 };

@@ -6,13 +6,14 @@
 
 namespace suite {
 
-/// A part of a component's work that another component does.
+/// A stage of a component's work that runs another component.
 class ComponentStage : public QObject
 {
     Q_OBJECT
 
 public:
-    /// How long its end may take: more than the other component needs to end its own processes.
+    /// The time limits for ending it, longer than the other component needs to end its own
+    /// processes.
     explicit ComponentStage(StopTimes times);
 
     /// Starts a component of this installation.
@@ -21,16 +22,16 @@ public:
     /// Ends it and all its processes; emits ended(). May be called more than once.
     void stop();
 
-    /// How it ended.
+    /// Whether the other component has succeeded.
     [[nodiscard]] bool isSuccess() const { return m_isSuccess; }
     [[nodiscard]] QString error() const { return m_error; }
     [[nodiscard]] int exitCode() const { return m_exitCode; }
 
 Q_SIGNALS:
-    /// A line was printed, also after stop(): what of it the user is to see then is the caller's.
+    /// A line was printed. Also emitted after stop(): the caller decides which lines to show then.
     void printed(const suite::MarkerLine& line);
 
-    /// Nothing runs any more. Emitted once.
+    /// The other component has ended. Emitted once.
     void ended();
 
 private:

@@ -5,9 +5,8 @@
 
 namespace suite {
 
-/// The words of a command line belong to groups: a component starts in its own, and a switch such
-/// as
-/// "--prekest-options" makes the next words belong to another component.
+/// The words of a command line belong to groups. A component's command line starts in its own
+/// group; a switch such as "--prekest-options" begins the group of another component.
 enum class OptionGroup {
     Common,
     Prekest,
@@ -24,7 +23,7 @@ enum class ValueKind {
     Positive,     // a number greater than 0
     ProcessCount, ///< a number from 1, or "all"
     Word,         // one of the row's words
-    Text,         // anything that is no option
+    Text,         // anything but an option
     Hosts,        // words, none of which looks like an option
     OptionalGpus, ///< "2", ":0,1", "2:0,1", or nothing
     Switch,       // none; the words behind it belong to the row's target group

@@ -9,8 +9,8 @@ namespace suite {
 QStringList optionWords(const CommandLine& line, OptionGroup group,
                         const QStringList& without = QStringList());
 
-/// The words that make another component ignore the model's errors where this one does. Empty
-/// where not.
+/// The words that make another component ignore the model's errors; empty if this one does not
+/// ignore them.
 QStringList ignoreErrorsWords(const CommandLine& line);
 
 } // namespace suite

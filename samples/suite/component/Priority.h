@@ -15,11 +15,11 @@ public:
 
     [[nodiscard]] int level() const { return m_level; }
 
-    /// True when this process may give its children the priority; raising it takes a permission.
+    /// Whether this process may give its children the priority. Raising it needs a permission.
     [[nodiscard]] bool isAllowed() const;
 
-    /// What the system calls it; nothing for the normal priority, which leaves processes as they
-    /// are.
+    /// The nice value of the priority; nothing for the normal priority, which does not change
+    /// processes.
     [[nodiscard]] std::optional<int> niceValue() const;
 
 private:

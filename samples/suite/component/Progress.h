@@ -2,8 +2,8 @@
 
 namespace suite {
 
-/// Every component pre-processes the model first and writes its results last. This much of the
-/// whole run is done, in percent, when pre-processing ends and when writing begins.
+/// Every component pre-processes the model first and writes its results last. The part of the whole
+/// run, in percent, that is done when pre-processing ends and when writing begins.
 constexpr int preparedPercentage = 5;
 constexpr int solvedPercentage = 95;
 
@@ -13,14 +13,14 @@ struct ProgressShare
     int begin;
     int end;
 
-    /// How much of the whole run is done when this much of the stage is.
+    /// The percentage of the whole run at the point done/count of the stage.
     [[nodiscard]] constexpr int at(int done, int count) const
     {
         return begin + (end - begin) * done / count;
     }
 };
 
-/// The share of runs that have one stage between these.
+/// The share of a run's only stage between these.
 constexpr ProgressShare solvingShare = {preparedPercentage, solvedPercentage};
 
 } // namespace suite

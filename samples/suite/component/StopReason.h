@@ -4,10 +4,10 @@
 
 #include <optional>
 
-/// The signals that stop a component, and the exit codes that it ends with then.
+/// The signals that stop a component, and the corresponding exit codes.
 namespace suite::StopReason {
 
-/// What the signal is, for the user: "SIGTERM, a request to end".
+/// The signal's name and meaning: "SIGTERM, a request to end".
 QString text(int signal);
 
 /// The exit code after the signal.

@@ -5,9 +5,9 @@
 
 #include <QSocketNotifier>
 
-/// Stands between a component and mpiexec, so that the processes of the parallel runtime end in
-/// good order even when the component is killed: passes both ways what they say to each other, and
-/// ends mpiexec when the component has ended.
+/// Runs between a component and mpiexec, so that the processes of the parallel runtime end properly
+/// even if the component is killed: forwards the data of both, and ends mpiexec when the component
+/// has ended.
 class ParallelGuard : public QObject
 {
     Q_OBJECT
@@ -18,7 +18,7 @@ public:
     void start(const QString& program, const QStringList& arguments);
 
     /// Ends mpiexec: closes its input, which its first process takes as the request to stop
-    /// everything, and uses force when that does not help.
+    /// everything, and kills it if that does not help.
     void stop();
 
 Q_SIGNALS:

@@ -13,16 +13,16 @@ class EvaluationFarm : public QObject
     Q_OBJECT
 
 public:
-    /// A host's name for each place; the options are runkest's.
+    /// Takes the host of each place, and the options for runkest.
     EvaluationFarm(QStringList hosts, QStringList options);
 
     [[nodiscard]] int placeCount() const { return m_hosts.size(); }
     [[nodiscard]] QString host(int place) const { return m_hosts.at(place); }
 
-    /// Starts a run of a model's file on a place that is free.
+    /// Starts a run of a model's file on a free place.
     void start(int place, int run, const QString& model);
 
-    /// Ends all runs; of the signals only ended() follows. May be called more than once.
+    /// Ends all runs; only ended() is emitted from then on. May be called more than once.
     void stop();
 
 Q_SIGNALS:
@@ -35,7 +35,7 @@ Q_SIGNALS:
     /// A run has failed on its host for this reason.
     void failed(int run, const QString& host, const QString& reason);
 
-    /// No run is left after stop().
+    /// After stop(), all runs have ended.
     void ended();
 
 private:

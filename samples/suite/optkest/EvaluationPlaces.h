@@ -3,15 +3,15 @@
 #include "CommandLine.h"
 #include "Finding.h"
 
-/// Where evaluations run, as the options say: on the hosts of a machines file, on each as often as
-/// it takes evaluations, or on this machine.
+/// The places for evaluations according to the options: on the hosts of a machines file, several on
+/// a host if it takes several evaluations, or on this machine.
 class EvaluationPlaces
 {
 public:
     /// Reads the options of optkest, and the machines file that they name.
     explicit EvaluationPlaces(const suite::CommandLine& line);
 
-    /// Errors and warnings for the user; after an error there are no places to use.
+    /// Errors and warnings for the user. After an error there are no places.
     [[nodiscard]] const suite::FindingList& findings() const { return m_findings; }
 
     /// A host's name for each place.

@@ -5,18 +5,18 @@
 #include <QString>
 #include <QVector>
 
-/// One evaluation: the run's number, the value tried, and what came out.
+/// One evaluation: the run's number, the tried value and the result.
 struct Evaluation
 {
     int run = 0;
     double value = 0;
     suite::Impedance impedance;
 
-    /// What is to be made as small as possible, in ohm.
+    /// The quantity to minimise, in ohm.
     [[nodiscard]] double objective() const;
 };
 
-/// What an optimisation knows after each evaluation: enough to continue from there.
+/// The state of an optimisation after each evaluation, sufficient to continue from there.
 struct OptimisationState
 {
     /// At once when runs with different numbers have found the points: no search repeats them.
@@ -30,10 +30,10 @@ struct OptimisationState
     int atOnce = 1;
     QVector<Evaluation> evaluations; ///< in the order of their runs
 
-    /// Whether both are about the same question.
+    /// Whether both optimise the same value of the same model in the same range.
     [[nodiscard]] bool isSameQuestion(const OptimisationState& other) const;
 
-    /// The highest number of a run, 0 without any.
+    /// The highest number of a run; 0 without runs.
     [[nodiscard]] int lastRun() const;
 
     /// Adds an evaluation at its place.

@@ -12,8 +12,8 @@ namespace suite {
 class ResultFiles;
 }
 
-/// The optimiser: tunes a named value of the model until the reactance is least. Each evaluation is
-/// a run of the solver in a folder of its own.
+/// The optimiser: minimises the reactance by tuning a named value of the model. Each evaluation is
+/// a run of the solver in its own folder.
 class Optkest : public suite::ComponentProgram
 {
     Q_OBJECT

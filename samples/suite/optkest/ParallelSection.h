@@ -4,13 +4,13 @@
 
 namespace suite {
 
-/// The section search for several evaluations at once: they cut the gaps on both sides of the best
-/// point into even pieces, so that the interval is as narrow as can be, however they turn out. Two
-/// at once halve it, four make it a third.
+/// The section search for several evaluations at once: they divide the gaps on both sides of the
+/// best point evenly, which gives the narrowest interval in the worst case. Two at once halve it,
+/// four reduce it to a third.
 class ParallelSection : public SectionSearch
 {
 public:
-    /// "atOnce" is the number of evaluations at a time, at least 2.
+    /// `atOnce` is the number of evaluations at a time, at least 2.
     ParallelSection(double low, double high, int atOnce);
 
 protected:

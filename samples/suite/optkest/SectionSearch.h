@@ -5,16 +5,16 @@
 
 namespace suite {
 
-/// Looks for the least value of a function with one minimum, in an interval that shrinks around the
-/// best value seen. It says where to evaluate next and receives the results; in which order these
-/// come, and whether other values were evaluated before, makes no difference.
+/// Searches the minimum of a function with one minimum, in an interval that shrinks around the best
+/// point. It gives the next points to evaluate and takes the results, in any order; results at
+/// other points may be added, too.
 class SectionSearch
 {
 public:
     virtual ~SectionSearch();
 
-    /// Where to evaluate next, in rising order, all at once. Empty when the minimum is known to a
-    /// ten-thousandth of its value.
+    /// The points to evaluate next, in ascending order; they may be evaluated at once. Empty if the
+    /// minimum is known to a ten-thousandth of its value.
     [[nodiscard]] QVector<double> next() const;
 
     /// Adds the function's value at a point of the interval.
@@ -36,8 +36,7 @@ public:
 protected:
     SectionSearch(double low, double high);
 
-    /// Where to evaluate first in an interval, and where in the gaps on both sides of the best
-    /// point.
+    /// The first points in an interval, and the points in the gaps on both sides of the best point.
     [[nodiscard]] virtual QVector<double> firstPoints(double low, double high) const = 0;
     [[nodiscard]] virtual QVector<double> pointsAround(double low, double best,
                                                        double high) const = 0;

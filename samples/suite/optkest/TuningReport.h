@@ -6,17 +6,17 @@ class TuningSearch;
 struct Evaluation;
 struct OptimisationState;
 
-/// What people are shown of an optimisation.
+/// Texts about an optimisation for the user.
 namespace TuningReport {
 
-/// What is to be optimised, as a sentence.
+/// The value to optimise, as a sentence.
 QString question(const OptimisationState& question, int placeCount);
 
 /// The header of the table of evaluations, and a line with the place where one was made.
 QString tableHeader(const OptimisationState& question);
 QString tableLine(const Evaluation& evaluation, const QString& place);
 
-/// What the search has found, and how; it must have evaluated something.
+/// The result of the search as notices. There must be an evaluation.
 suite::FindingList facts(const TuningSearch& search);
 
 } // namespace TuningReport

@@ -7,32 +7,33 @@
 
 #include <memory>
 
-/// The search for the value with the least reactance, in rounds of runs: which run is to try which
-/// value, and what came out so far.
+/// The search for the value with the least reactance, in rounds of runs: assigns values to runs,
+/// and collects the results.
 class TuningSearch
 {
 public:
-    /// The question says what to tune, in which range, and how many evaluations run at once. It
-    /// holds no evaluations yet.
+    /// The question contains the value to tune, its range, and the number of evaluations at once,
+    /// but no evaluations yet.
     explicit TuningSearch(OptimisationState question);
 
     /// Continues from the evaluations of an earlier search for the same value, up to that run.
-    /// Those that this search would not ask for again are used at once; these are returned.
+    /// Evaluations at points that this search would not request itself are used at once and
+    /// returned.
     QVector<Evaluation> restart(const OptimisationState& earlier, int lastRun);
 
-    /// Plans the next round. False when there is nothing left to evaluate, or too much has been.
+    /// Plans the next round. False if nothing is left to evaluate, or after too many evaluations.
     bool planRound();
 
     /// The evaluations of this round that an earlier search has made already.
     [[nodiscard]] const QVector<Evaluation>& knownEvaluations() const { return m_known; }
 
-    /// The runs of this round that are not done yet, with the value that each is to try.
+    /// The runs of this round that are not done yet, with their values.
     [[nodiscard]] const QMap<int, double>& openRuns() const { return m_open; }
 
     /// Adds the result of an open run.
     Evaluation add(int run, const suite::Impedance& impedance);
 
-    /// Ends a round that has no open runs: the next one is planned from what is known then.
+    /// Ends a round that has no open runs.
     void endRound();
 
     /// The part of the work that is done, from 0 to 1.
@@ -44,7 +45,7 @@ public:
     /// The best evaluation so far; there must be one.
     [[nodiscard]] Evaluation best() const;
 
-    /// Whether the reactance is next to nothing at the best value, or goes through 0 close to it.
+    /// Whether the reactance is almost 0 at the best value, or changes its sign close to it.
     [[nodiscard]] bool isResonance() const;
 
     /// Whether the best value is at an end of the range.
@@ -63,7 +64,7 @@ private:
 
     OptimisationState m_state;
     std::unique_ptr<suite::SectionSearch> m_search;
-    QMap<int, Evaluation> m_earlier; ///< that this search would do again
+    QMap<int, Evaluation> m_earlier; ///< that this search may request again
     QVector<Evaluation> m_known;
     QMap<int, double> m_open;
     int m_nextRun = 1;

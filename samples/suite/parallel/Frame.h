@@ -7,14 +7,14 @@
 
 namespace suite {
 
-/// One message between processes of a run that are joined by a stream of bytes.
+/// One message between processes of a run that are connected by a stream of bytes.
 struct Frame
 {
     /// The numbers are part of the protocol.
     enum class Type : quint8 {
-        Alive = 1,    // says that the sender is there
+        Alive = 1,    // the sender is alive
         Hello = 2,    // the protocol's number; the first of all
-        Setup = 3,    // what is to be done
+        Setup = 3,    // the work
         Stop = 4,     // end everything
         Result = 5,   // one frequency of a sweep
         Warning = 6,  ///< a text for the user
@@ -34,8 +34,8 @@ struct Frame
     /// The frame as it goes over the stream.
     [[nodiscard]] QByteArray bytes() const;
 
-    /// A frame whose payload holds the values, one after another; and the way back, which is false
-    /// when the payload is shorter.
+    /// Makes a frame whose payload contains the values in order; reads the values back, or returns
+    /// false if the payload is too short.
     template <typename... Values>
     static Frame of(Type type, const Values&... values)
     {
@@ -59,23 +59,23 @@ private:
     static void prepare(QDataStream& stream) { stream.setVersion(QDataStream::Qt_5_15); }
 };
 
-/// The number of the protocol that both ends must speak.
+/// The version of the protocol, which must be the same at both ends.
 constexpr qint32 frameProtocol = 2;
 
-/// Takes a stream of bytes apart again.
+/// Splits a stream of bytes into frames.
 class FrameReader
 {
 public:
     /// Adds bytes as they come.
     void add(const QByteArray& bytes) { m_bytes += bytes; }
 
-    /// The next whole frame.
+    /// The next complete frame; nothing if there is none yet.
     std::optional<Frame> next();
 
-    /// True when what came is no frame: another program prints on the stream.
+    /// Whether the bytes are not frames, because another program prints on the stream.
     [[nodiscard]] bool isBroken() const { return m_isBroken; }
 
-    /// The bytes that have not been taken as a frame.
+    /// The bytes behind the last frame.
     [[nodiscard]] QByteArray rest() const { return m_bytes.mid(m_start); }
 
 private:

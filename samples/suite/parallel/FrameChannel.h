@@ -9,8 +9,8 @@
 
 namespace suite {
 
-/// Frames over two descriptors of this process, usually its standard channels. Neither reading nor
-/// writing ever waits.
+/// Frames over two descriptors of this process, usually its standard channels. Reading and writing
+/// never block.
 class FrameChannel : public QObject
 {
     Q_OBJECT
@@ -21,7 +21,7 @@ public:
 
     void send(const Frame& frame);
 
-    /// How many bytes the other end has not taken yet.
+    /// The number of bytes that are not written yet.
     [[nodiscard]] qint64 unsent() const { return m_output.unsent(); }
 
 Q_SIGNALS:

@@ -7,7 +7,7 @@
 
 namespace suite {
 
-/// A program that frames are exchanged with over its standard channels, and whether it is alive.
+/// A program that exchanges frames over its standard channels. Watches whether it is alive.
 class FramedProcess : public ChildProcess
 {
     Q_OBJECT
@@ -15,8 +15,9 @@ class FramedProcess : public ChildProcess
 public:
     explicit FramedProcess(QObject* parent = nullptr);
 
-    /// Starts the program and the watch over it; use it in place of start(). The first
-    /// frame may take longer than the silence limit allows later: "startLimit", in ms.
+    /// Starts the program and the watch over it; use it in place of start(). `startLimit` is the
+    /// limit for the first frame, in milliseconds; it may be longer than the silence limit
+    /// afterwards.
     void startFramed(const QString& program, const QStringList& arguments, int startLimit);
 
     void send(const Frame& frame);
@@ -24,16 +25,16 @@ public:
     /// From now on silence is not reported.
     void stopWatching();
 
-    /// The last lines of what the program wrote on its error channel, for messages.
+    /// The last lines from the program's error channel, for messages.
     [[nodiscard]] QString lastWords() const;
 
-    /// Whether any frame has come.
+    /// Whether any frame has arrived.
     [[nodiscard]] bool hasAnswered() const { return m_hasAnswered; }
 
 Q_SIGNALS:
     void received(const suite::Frame& frame);
 
-    /// A line came on the error channel.
+    /// A line has arrived on the error channel.
     void errorLineRead(const QString& line);
 
     /// The program has sent something that is not a frame.

@@ -8,8 +8,8 @@
 
 namespace suite {
 
-/// Watches whether the other ends of a connection are alive: each sends a sign at short intervals,
-/// and one that is silent for some time is lost.
+/// Watches whether the partners of a connection are alive: each sends a heartbeat at short
+/// intervals, and a partner that is silent for too long is lost.
 class Heartbeat : public QObject
 {
     Q_OBJECT
@@ -20,14 +20,14 @@ public:
     void start();
     void stop();
 
-    /// A sign of a partner has arrived.
+    /// To be called when anything from a partner has arrived.
     void noteSign(int partner = 0);
 
-    /// How long a partner may be silent, in ms: from the variable KEST_SILENCE_LIMIT, or 5 seconds.
+    /// The limit for silence in milliseconds: from the variable KEST_SILENCE_LIMIT, or 5 seconds.
     static int silenceLimit();
 
 Q_SIGNALS:
-    /// It is time to tell the partners that this end is there.
+    /// A heartbeat is to be sent to the partners.
     void beat();
 
     /// The partner has been silent for too long.
@@ -39,7 +39,7 @@ private:
     QTimer m_timer;
     QElapsedTimer m_clock;
     qint64 m_lastCheck = 0;
-    std::vector<qint64> m_heard; ///< when, by partner, in ms
+    std::vector<qint64> m_heard; ///< time of the last sign, by partner, in milliseconds
 };
 
 } // namespace suite

@@ -15,14 +15,14 @@ namespace suite {
 /// Where and how a parallel sweep runs.
 struct ParallelSetup
 {
-    std::optional<MachinesFile> machines; ///< none: processes on this machine only
+    std::optional<MachinesFile> machines; ///< nothing: processes on this machine only
     int processes = 1;
     Priority priority;
 };
 
-/// Solves a model at its frequencies by processes of the parallel runtime, on this machine or on
-/// several: "mpiexec" starts the program "sweepkest" on each, and the first of them deals the
-/// frequencies out.
+/// Solves a model at its frequencies with processes of the parallel runtime, on one or several
+/// machines: "mpiexec" starts the program "sweepkest" on each, and the first of them distributes
+/// the frequencies.
 class MpiSweep : public SweepRunner
 {
     Q_OBJECT
@@ -30,7 +30,7 @@ class MpiSweep : public SweepRunner
 public:
     MpiSweep(SweepDeck deck, ParallelSetup setup, bool needsImpedance);
 
-    /// Kills what still runs.
+    /// Kills the processes that still run.
     ~MpiSweep() override;
 
     void start() override;

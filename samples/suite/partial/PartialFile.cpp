@@ -38,7 +38,7 @@ bool PartialFile::openAndLock()
                       QIODevice::Unbuffered)) {
         return refuse(m_file->errorString());
     }
-    // Where the file system has no locks, the run continues without one.
+    // On a file system without locks the run continues without one.
     const bool isUsedByOther =
         ::flock(m_file->handle(), LOCK_EX | LOCK_NB) != 0 && errno == EWOULDBLOCK;
     return (!isUsedByOther && isStillThere()) ||

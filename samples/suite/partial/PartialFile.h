@@ -7,8 +7,8 @@
 
 namespace suite {
 
-/// A file of lines that one process at a time adds to. Each addition is one write, so that a killed
-/// process leaves whole lines, or one at the end without its line end.
+/// A file of lines to which one process at a time appends. Each addition is one write, so that a
+/// killed process leaves complete lines, except that the last one may lack its line end.
 class PartialFile
 {
 public:
@@ -16,22 +16,24 @@ public:
 
     [[nodiscard]] QString path() const { return m_path; }
 
-    /// Whether anything has this name.
+    /// Whether anything exists at the path.
     [[nodiscard]] bool exists() const;
 
-    /// Opens and locks the file that is there. Symbolic links are refused.
+    /// Opens and locks the existing file. Symbolic links are refused. On failure returns false and
+    /// sets error().
     bool open();
 
     [[nodiscard]] bool isOpen() const { return m_file != nullptr; }
 
-    /// Puts a new file with this content in place of the old one, in one step, and locks it. False
-    /// when another process uses the old one.
+    /// Replaces the file by a new one with this content, in one step, and locks it. On failure, for
+    /// example because another process uses the old file, returns false and sets error().
     bool replace(const QByteArray& content);
 
-    /// Adds a line, behind a line end where the last line has none.
+    /// Appends a line. Completes the last line if it has no line end. On failure returns false and
+    /// sets error().
     bool append(const QByteArray& line);
 
-    /// Unlocks the file, which stays.
+    /// Unlocks the file without removing it.
     void close() { m_file.reset(); }
 
     /// Removes the file, unless another process has replaced it.

@@ -9,10 +9,10 @@ namespace suite {
 
 namespace {
 
-// Increased when the rows, or what the engine is given, look different.
+// To be increased when the format of the rows or of the engine's decks changes.
 constexpr int formatNumber = 1;
 
-// The lines by their number.
+// The lines of the header, by index.
 constexpr int titleLine = 0;
 constexpr int formatLine = 1;
 constexpr int cardsLine = 2;

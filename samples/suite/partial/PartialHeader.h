@@ -7,21 +7,21 @@ namespace suite {
 
 class SweepDeck;
 
-/// The comment lines that a file of partial results begins with: what the file is, and the model's
-/// cards and the frequencies that its rows belong to.
+/// The comment lines at the beginning of a file of partial results: a title, and checksums of the
+/// model's cards and of the frequencies.
 class PartialHeader
 {
 public:
     explicit PartialHeader(const SweepDeck& deck);
 
-    /// The lines, with the row of the columns behind them.
+    /// The lines, followed by the row of column names.
     [[nodiscard]] QByteArray bytes() const;
 
-    /// Whether a file's content begins as such a file does, whatever sweep it belongs to.
+    /// Whether a content begins like a file of partial results of any sweep.
     static bool isPartial(const QByteArray& start);
 
-    /// Why rows behind this header do not belong to the sweep, as part of a sentence; empty when
-    /// they do.
+    /// Why rows behind this header do not belong to the sweep, as part of a sentence; empty if they
+    /// do.
     [[nodiscard]] QString differenceTo(const QByteArray& header) const;
 
 private:

@@ -10,7 +10,7 @@ namespace {
 
 constexpr int headerLines = 5;
 
-// Of one line of the header.
+// Longest line of the header.
 constexpr qint64 longestHeaderLine = 1000;
 
 } // namespace
@@ -57,8 +57,8 @@ FindingList PartialResults::resume()
     return findings;
 }
 
-// Why the rows of the file are not for this sweep. The file is open when it is one of partial
-// results.
+// Why the rows of the file do not belong to this sweep; empty if they do. Leaves the file open if
+// it is a file of partial results.
 QString PartialResults::problemOfFile()
 {
     if (!m_file.open()) {

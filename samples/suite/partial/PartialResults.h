@@ -12,40 +12,40 @@ namespace suite {
 
 class EngineOutput;
 
-/// Keeps each result of a sweep in a file beside the model from the moment that it is there, until
-/// the sweep is complete. A run that is stopped, killed or fails leaves the file, and another one
-/// computes only what is missing in it.
+/// Keeps each result of a sweep in a file beside the model until the sweep is complete. A run that
+/// is stopped, killed or fails leaves the file, and another run only computes the missing results.
 class PartialResults
 {
 public:
     PartialResults(const QString& path, const SweepDeck& deck);
 
-    /// Prepares a run that computes everything. An earlier file stays until the first result is
-    /// there; where it cannot be replaced, nothing is kept.
+    /// Prepares a run that computes everything. An earlier file stays until the first result; if it
+    /// cannot be replaced, no results are kept.
     FindingList begin();
 
-    /// Prepares a run that takes over what the file holds. An error when the file cannot be used;
-    /// it stays as it is.
+    /// Prepares a run that takes over the results in the file. Returns an error if the file cannot
+    /// be used, and does not change it then.
     FindingList resume();
 
     [[nodiscard]] bool isFrequency(int index) const { return index >= 0 && index < m_deck.count(); }
 
-    /// The frequencies whose results are not there, by their indices in the sweep.
+    /// The indices of the frequencies without results.
     [[nodiscard]] QVector<int> missing() const;
 
-    /// A result that was taken over. Nothing when it cannot be read any more.
+    /// A result that was taken over; nothing if it can no longer be read.
     [[nodiscard]] std::optional<EngineOutput> takenOver(int index) const;
 
-    /// Keeps a result. What cannot be written is found once; the run continues without the file.
+    /// Keeps a result. Returns a finding the first time that a result cannot be written; the run
+    /// continues without the file.
     FindingList add(int index, const EngineOutput& output);
 
-    /// How many results the file holds.
+    /// The number of results in the file.
     [[nodiscard]] int count() const { return m_count; }
 
-    /// That the file holds results, for the user; empty when it holds none.
+    /// A notice that the file has results; empty if it has none.
     [[nodiscard]] FindingList kept() const;
 
-    /// The sweep is complete.
+    /// Removes the file, because the sweep is complete.
     void remove();
 
     [[nodiscard]] QString path() const { return m_file.path(); }
@@ -63,7 +63,7 @@ private:
     PartialHeader m_header;
     PartialFile m_file;
     std::map<int, qint64> m_rows; ///< where the line of a result begins, by the frequency's index
-    int m_damaged = 0;            ///< lines that are no rows
+    int m_damaged = 0;            ///< number of invalid lines
     int m_count = 0;
     bool m_isContinued = false; ///< the file has a header
     bool m_isKeeping = true;

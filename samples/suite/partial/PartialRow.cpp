@@ -11,13 +11,13 @@ namespace {
 
 constexpr int checksumDigits = 16;
 
-// The cells behind those of the table of results.
+// The cells that follow those of the table of results.
 constexpr int numberCell = 1 + quantityCount;
 constexpr int checksumCell = numberCell + 1;
 constexpr int outputCell = checksumCell + 1;
 constexpr int cellCount = outputCell + 1;
 
-// Of all cells but its own.
+// The checksum of all cells but its own.
 QByteArray checksum(QList<QByteArray> cells)
 {
     cells[checksumCell].clear();

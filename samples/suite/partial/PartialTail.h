@@ -6,14 +6,14 @@
 
 namespace suite {
 
-/// The lines that another process adds to a file of partial results.
+/// Reads the lines that another process appends to a file of partial results.
 class PartialTail
 {
 public:
-    /// What stands before the offset, in bytes, is known.
+    /// Skips the content before the offset, in bytes.
     PartialTail(const QString& path, qint64 offset);
 
-    /// The whole lines that have been added since the last call, with their ends.
+    /// The complete lines that were added since the last call, with their line ends.
     QList<QByteArray> newLines();
 
 private:

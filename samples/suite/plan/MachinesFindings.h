@@ -4,10 +4,11 @@
 
 #include <RunMachines.h>
 
-/// What a component reports about the hosts of its run.
+/// The findings of a component about the hosts of its run.
 namespace suite::MachinesFindings {
 
-/// Adds the errors of the hosts, and whether they are those of a job and not of the machines file.
+/// Adds the errors of the hosts, and a remark if a job's hosts are used instead of the machines
+/// file.
 void add(FindingList& findings, const RunMachines& machines);
 
 } // namespace suite::MachinesFindings

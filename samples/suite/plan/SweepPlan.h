@@ -13,24 +13,24 @@
 
 namespace suite {
 
-/// Where a sweep runs, as the options of runkest say: by engine processes of this component, or by
-/// processes of the parallel runtime.
+/// Decides from the options of runkest where a sweep runs: in engine processes of this component,
+/// or in processes of the parallel runtime.
 class SweepPlan
 {
 public:
     /// Reads the options, the machines file that they name, and the job that this program runs in.
     explicit SweepPlan(const CommandLine& line);
 
-    /// Errors and warnings for the user; after an error there is nothing to be made.
+    /// Errors and warnings for the user. After an error makeRunner() must not be called.
     [[nodiscard]] const FindingList& findings() const { return m_findings; }
 
-    /// How many frequencies are solved at once when there are this many.
+    /// The number of frequencies that are solved at once, for a sweep of this many.
     [[nodiscard]] int processes(int frequencies) const;
 
-    /// The hosts and processes, or how many at once: for a line of text.
+    /// The hosts and processes, or the number of processes, for a line of text.
     [[nodiscard]] QString description(int frequencies) const;
 
-    /// Makes what solves the decks.
+    /// Makes the runner that solves the decks.
     [[nodiscard]] std::unique_ptr<SweepRunner> makeRunner(const SweepDeck& deck,
                                                           bool needsImpedance) const;
 

@@ -4,8 +4,8 @@
 
 namespace suite {
 
-/// How the program that reaches other hosts is called: never asking for anything, and giving up on
-/// a host that does not answer.
+/// Calls the program that reaches other hosts, such that it never asks questions, and gives up if a
+/// host does not answer.
 class SshProgram
 {
 public:

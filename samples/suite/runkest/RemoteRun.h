@@ -10,8 +10,8 @@
 
 #include <memory>
 
-/// A run of the solver on another host: the model goes there over ssh, what is printed there is
-/// printed here as it comes, and the results come back beside the model.
+/// A run of the solver on another host: sends the model over ssh, prints the remote output as it
+/// arrives, and writes the results beside the model.
 class RemoteRun : public suite::ComponentProgram
 {
     Q_OBJECT
@@ -20,7 +20,7 @@ public:
     RemoteRun();
     ~RemoteRun() override;
 
-    /// True when the command line asks for a run on another host.
+    /// Whether the command line requests a run on another host.
     static bool isAskedFor(const QStringList& arguments);
 
 protected:
@@ -57,7 +57,7 @@ private:
     QByteArray m_model;
     QByteArray m_machines;
     bool m_hasMachines = false;
-    std::unique_ptr<suite::PartialResults> m_partial; ///< null where there can be none
+    std::unique_ptr<suite::PartialResults> m_partial; ///< null if the results cannot be kept
     QByteArray m_earlierResults;                      ///< of the run that is resumed
     bool m_hasResults = false;
     bool m_isEnded = false;

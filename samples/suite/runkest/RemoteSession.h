@@ -10,9 +10,9 @@
 
 #include <optional>
 
-/// The other end of a remote run, on the host where it happens: takes the model from standard input
-/// into a folder of its own, runs the solver there and sends back what it prints and writes. When
-/// the connection ends everything here ends.
+/// The other end of a remote run, on the remote host: reads the model from standard input into a
+/// temporary folder, runs the solver there and sends its output and files back. Ends everything
+/// when the connection ends.
 class RemoteSession : public QObject
 {
     Q_OBJECT

@@ -18,10 +18,10 @@ namespace suite {
 
 namespace {
 
-// Counts up when other points would be chosen, or the files look different.
+// To be increased when the choice of points or the format of the files changes.
 constexpr int formatNumber = 1;
 
-// The largest that is read; larger files were not written here.
+// The largest file that is read; this class writes no larger ones.
 constexpr qint64 largestFile = 1 << 30;
 
 QString fileName(int number)
@@ -37,7 +37,7 @@ QJsonObject jsonOf(const AnalysisPoint& point)
             {QStringLiteral("output"), QString::fromLatin1(point.packedOutput.toBase64())}};
 }
 
-// Nothing when a value is missing or contradicts the engine's output.
+// Returns nothing if a value is missing or contradicts the engine's output.
 std::optional<AnalysisPoint> pointOf(const QJsonObject& object)
 {
     AnalysisPoint point;

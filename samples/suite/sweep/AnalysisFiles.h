@@ -12,7 +12,7 @@ class QJsonObject;
 
 namespace suite {
 
-/// One solved frequency of an adaptive run, in MHz, with what the engine wrote.
+/// One solved frequency of an adaptive run, in MHz, with the engine's output.
 struct AnalysisPoint
 {
     AnalysisPoint() = default;
@@ -25,30 +25,32 @@ struct AnalysisPoint
     QByteArray packedOutput;
 };
 
-/// The files in which an adaptive run keeps what it has solved, one for each of its rounds
-/// ("analyses"), counted from 1.
+/// The files in which an adaptive run keeps its results, one for each of its rounds ("analyses"),
+/// counted from 1.
 class AnalysisFiles
 {
 public:
-    /// The key says what the results depend on: files with another key are not read.
+    /// The key identifies what the results depend on: files with another key are not read.
     AnalysisFiles(QString folder, QByteArray key);
 
-    /// What the results of a model depend on, with the tolerance in use.
+    /// The key for a model and a tolerance.
     static QByteArray keyOf(const Model& model, double tolerance);
 
-    /// The names of such files, those that a killed run left half written among them.
+    /// A pattern for the names of such files, including those that a killed run has left half
+    /// written.
     static QRegularExpression names();
 
-    /// Writes an analysis, in one step. Later ones, which an earlier run may have left, go.
+    /// Writes an analysis, in one step, and removes later ones, which an earlier run may have left.
+    /// On failure returns false and sets error().
     bool save(int number, const QVector<AnalysisPoint>& points);
 
-    /// Whether there is anything in the place of an analysis.
+    /// Whether anything exists at the path of an analysis.
     [[nodiscard]] bool exists(int number) const;
 
-    /// Reads an analysis; nothing when it cannot be used.
+    /// Reads an analysis. On failure returns nothing and sets error().
     std::optional<QVector<AnalysisPoint>> load(int number);
 
-    /// What went wrong.
+    /// Why the last operation failed.
     [[nodiscard]] QString error() const { return m_error; }
 
 private:

@@ -64,7 +64,7 @@ void EngineJob::readOutput()
     if (!exitProblem.isEmpty()) {
         m_error = exitProblem;
     }
-    // An engine that cannot write ends in many ways, and tells of none.
+    // An engine that cannot write ends in many ways, none of which names the reason.
     const bool isSuspect = !m_error.isEmpty() || !EngineOutput(m_output).hasImpedance();
     const QString folderProblem =
         isSuspect ? TemporaryFolder::writeProblem(workingDirectory()) : QString();
@@ -75,7 +75,7 @@ void EngineJob::readOutput()
     QFile::remove(filePath(QStringLiteral("nec")));
 }
 
-// Empty when the engine ended well.
+// The error of the engine's exit; empty if it ended well.
 QString EngineJob::exitError() const
 {
     QString how;

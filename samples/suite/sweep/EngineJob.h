@@ -10,18 +10,18 @@ class EngineJob : public EngineProcess
     Q_OBJECT
 
 public:
-    /// The number tells the job's files from those of others in the folder.
+    /// The number distinguishes the job's files from those of others in the folder.
     EngineJob(QString engine, const QString& folder, int number);
 
     /// Writes the deck and starts the engine.
     void solve(const QByteArray& deck);
 
-    /// What went wrong; empty when the output can be used.
+    /// Why the job failed; empty if the output can be used.
     [[nodiscard]] QString error() const { return m_error; }
     [[nodiscard]] QByteArray output() const { return m_output; }
 
 Q_SIGNALS:
-    /// The engine has ended, or could not be started. Told once, from the event loop.
+    /// The engine has ended, or could not be started. Emitted once, from the event loop.
     void done();
 
 private:

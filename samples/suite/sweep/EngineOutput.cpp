@@ -50,7 +50,7 @@ EngineOutput::EngineOutput(const QByteArray& bytes) : m_lines(bytes.split('\n'))
     findImpedance();
 }
 
-// The first source counts.
+// Only the first source is used.
 void EngineOutput::findImpedance()
 {
     const auto header = std::find_if(m_lines.begin(), m_lines.end(), [](const QByteArray& line) {

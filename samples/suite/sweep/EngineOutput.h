@@ -7,23 +7,24 @@
 
 namespace suite {
 
-/// Reads what the engine wrote for one frequency.
+/// Reads the engine's output for one frequency.
 class EngineOutput
 {
 public:
     explicit EngineOutput(const QByteArray& bytes);
 
-    /// True when an input impedance was found that is a number.
+    /// Whether the output has an input impedance that is a finite number.
     [[nodiscard]] bool hasImpedance() const { return m_hasImpedance; }
     [[nodiscard]] Impedance impedance() const { return m_impedance; }
 
-    /// Lines in which the engine reports errors.
+    /// The lines in which the engine reports errors.
     [[nodiscard]] QStringList errorLines() const;
 
     /// The output without the lines that change from run to run.
     [[nodiscard]] QByteArray stableBytes() const;
 
-    /// The same from the first frequency on: what a further frequency adds to the first output.
+    /// The same from the first frequency on: the part to append to the output of an earlier
+    /// frequency.
     [[nodiscard]] QByteArray stableBytesFromFrequency() const;
 
 private:

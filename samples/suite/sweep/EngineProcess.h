@@ -14,13 +14,13 @@ class EngineProcess : public ChildProcess
 public:
     explicit EngineProcess(QObject* parent = nullptr);
 
-    /// Starts the program on two files of its working folder.
+    /// Starts the program with the names of two files in its working folder.
     void startEngine(const QString& program, const QString& deckFile, const QString& outputFile);
 
-    /// The engine's priority; before its start.
+    /// Sets the engine's priority. To be called before the start.
     void setPriority(Priority priority);
 
-    /// What the engine printed on its channels, up to a limit.
+    /// The engine's output on its standard channels, up to a limit.
     [[nodiscard]] QString printedText() const;
 
 private:

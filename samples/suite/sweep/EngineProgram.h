@@ -10,10 +10,10 @@ class EngineProgram
 public:
     EngineProgram();
 
-    /// Absolute path of the program; empty when it is missing.
+    /// Absolute path of the program; empty if it is missing.
     [[nodiscard]] QString path() const { return m_path; }
 
-    /// What is wrong when the path is empty, and how to mend it.
+    /// Why the path is empty, and how to solve the problem.
     [[nodiscard]] QString error() const { return m_error; }
 
 private:

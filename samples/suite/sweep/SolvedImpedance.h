@@ -8,7 +8,7 @@
 
 namespace suite {
 
-/// The impedance that a run of the solver at one frequency has left in its table.
+/// The impedance from the table of a run of the solver at one frequency.
 struct SolvedImpedance
 {
     std::optional<Impedance> impedance;

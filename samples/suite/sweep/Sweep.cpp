@@ -11,7 +11,7 @@ namespace suite {
 
 namespace {
 
-// Results that wait for an earlier frequency take memory: no more of them than this many a process.
+// Results that wait for an earlier frequency take memory: at most this many for each process.
 constexpr int mostWaitingPerProcess = 16;
 
 } // namespace

@@ -11,20 +11,21 @@
 
 namespace suite {
 
-/// Solves a model at its frequencies on this machine, several at once, each by an engine process of
-/// its own.
+/// Solves a model at its frequencies on this machine, several at once, each in its own engine
+/// process.
 class Sweep : public SweepRunner
 {
     Q_OBJECT
 
 public:
-    /// "atOnce" is the number of processes at a time.
+    /// `atOnce` is the number of simultaneous processes. With `needsImpedance`, output without an
+    /// impedance is an error.
     Sweep(SweepDeck deck, QString engine, int atOnce, bool needsImpedance);
 
     void start() override;
     void stop() override;
 
-    /// The priority of the engines; before start().
+    /// Sets the priority of the engines. To be called before start().
     void setPriority(Priority priority) { m_priority = priority; }
 
 private:

@@ -6,7 +6,7 @@ namespace suite {
 
 namespace {
 
-// Plot files would be dropped with the engine's folder.
+// Plot files would be deleted with the engine's folder.
 bool isPassedOn(const Card& card)
 {
     return card.mnemonic != QLatin1String("PL") && card.mnemonic != QLatin1String("FR");

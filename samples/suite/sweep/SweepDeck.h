@@ -6,7 +6,7 @@
 
 namespace suite {
 
-/// Makes the decks that the engine gets: the model's cards in plain form, at one frequency each.
+/// Makes the decks for the engine: the model's cards in plain form, at one frequency each.
 class SweepDeck
 {
 public:
@@ -19,7 +19,7 @@ public:
     [[nodiscard]] int count() const { return m_frequencies.size(); }
     [[nodiscard]] double frequency(int index) const { return m_frequencies.at(index); }
 
-    /// The cards that all decks have in common; the frequency's card is an empty line.
+    /// The common cards of all decks, with an empty line in place of the frequency's card.
     [[nodiscard]] QByteArray cards() const { return m_before + '\n' + m_after; }
 
     /// The same cards at some of the frequencies, by their indices.
@@ -28,7 +28,7 @@ public:
     /// The deck of one frequency.
     [[nodiscard]] QByteArray deck(int index) const;
 
-    /// For the way to another process.
+    /// For transfer to another process.
     friend QDataStream& operator<<(QDataStream& stream, const SweepDeck& deck);
     friend QDataStream& operator>>(QDataStream& stream, SweepDeck& deck);
 

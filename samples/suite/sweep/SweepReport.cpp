@@ -14,7 +14,7 @@ QString fixed(double value, int decimals)
     return std::isfinite(value) ? QString::number(value, 'f', decimals) : QStringLiteral("inf");
 }
 
-// Where the straight line between two points of the sweep has no reactance.
+// The frequency at which the straight line between two points of the sweep has no reactance.
 ResultPoint crossing(const ResultPoint& from, const ResultPoint& to)
 {
     const double x = from.value(Quantity::Reactance);

@@ -6,10 +6,10 @@
 
 #include <QVector>
 
-/// What people are shown of a sweep.
+/// Texts about a sweep for the user.
 namespace suite::SweepReport {
 
-/// The header and a line of the table that is printed.
+/// The header and a line of the printed table.
 QString tableHeader();
 QString tableLine(const ResultPoint& point);
 

@@ -9,25 +9,24 @@ namespace suite {
 
 class ModelFile;
 
-/// What a sweep leaves beside its model: what the engine wrote, and the table of results.
+/// The files that a sweep writes beside its model: the engine's output, and the table of results.
 class SweepResults
 {
 public:
-    /// Opens the files; false when one cannot be written. To be called before the first frequency
-    /// is solved, so that hours of work end in a file that can be written.
+    /// Opens the files; false if one cannot be written. To be called before the first frequency is
+    /// solved, so that hours of work are not lost because a file cannot be written.
     bool open(const ModelFile& model);
 
-    /// Adds the next frequency, in MHz, and what the engine wrote for it; false when it cannot be
-    /// written.
+    /// Adds the engine's output for the next frequency, in MHz; false if it cannot be written.
     bool add(double frequency, const EngineOutput& output);
 
-    /// Writes the table, and puts the new files in place of the old ones.
+    /// Writes the table, and replaces the old files. On failure returns false and sets error().
     bool commit();
 
     [[nodiscard]] QStringList paths() const { return m_files.paths(); }
     [[nodiscard]] const QVector<ResultPoint>& points() const { return m_table.points; }
 
-    /// What went wrong, with the file's name.
+    /// Why the last operation failed, with the file's name.
     [[nodiscard]] QString error() const { return m_files.error(); }
 
 private:

@@ -6,8 +6,8 @@
 
 namespace suite {
 
-/// Solves the decks of a sweep, wherever the engine runs. Results are told strictly in the order of
-/// the frequencies, whatever the order they come in.
+/// Solves the decks of a sweep, wherever the engine runs. Emits solved() strictly in the order of
+/// the frequencies, whatever the order in which results arrive.
 class SweepRunner : public QObject
 {
     Q_OBJECT
@@ -15,33 +15,33 @@ class SweepRunner : public QObject
 public:
     ~SweepRunner() override;
 
-    /// Nothing starts before this is called.
+    /// Starts the sweep.
     virtual void start() = 0;
 
-    /// Ends all processes of the sweep: asks them, and kills after a moment those that stay. Tells
-    /// ended(). May be called more than once.
+    /// Ends all processes of the sweep: asks them to end, and kills the remaining ones after a
+    /// moment. Then emits ended(). May be called more than once.
     virtual void stop() = 0;
 
 Q_SIGNALS:
-    /// The result of a frequency is there, whether or not those before it are.
+    /// The result of a frequency has arrived, perhaps before those of earlier frequencies.
     void arrived(int index, const suite::EngineOutput& output);
 
-    /// The result of the next frequency is there.
+    /// The result of the next frequency is available.
     void solved(int index, const suite::EngineOutput& output);
 
-    /// Something the user should know and the sweep goes on with.
+    /// A text for the user. The sweep continues.
     void warned(const QString& text);
 
     /// The sweep has failed for this reason; ended() follows.
     void failed(const QString& reason);
 
-    /// No process runs any more. Told once.
+    /// All processes have ended. Emitted once.
     void ended(bool isComplete);
 
 protected:
     SweepRunner();
 
-    /// The reasons of a failure that all kinds of sweeps have alike; the frequency is in MHz.
+    /// Common texts for the reason of a failure. The frequency is in MHz.
     static QString frequencyError(double frequency, const QString& reason);
     static QString noImpedanceError();
 };

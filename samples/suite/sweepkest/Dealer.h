@@ -6,14 +6,14 @@
 #include <set>
 #include <vector>
 
-/// The first process: takes the work from its standard input, deals the frequencies out to all
-/// processes including itself, and passes the results on to its standard output.
+/// The first process: reads the work from its standard input, distributes the frequencies to all
+/// processes including itself, and writes the results to its standard output.
 class Dealer : public SweepRank
 {
     Q_OBJECT
 
 public:
-    /// The descriptor is the one to print on.
+    /// `output` is the descriptor to write to.
     Dealer(MpiLink& link, int output);
 
     void stop() override;
@@ -31,9 +31,9 @@ private:
 
     suite::FrameChannel m_user;
     suite::Heartbeat m_userHeartbeat;
-    suite::Frame m_setup;     // as far as it has come
-    std::vector<int> m_dealt; ///< how many frequencies a process has at the moment
-    std::set<int> m_early;    // results that are there before an earlier one
+    suite::Frame m_setup;     // the received part
+    std::vector<int> m_dealt; ///< number of pending frequencies, by process
+    std::set<int> m_early;    // results that have arrived before an earlier one
     int m_count = 0;
     int m_nextDeal = 0;
     int m_nextResult = 0;

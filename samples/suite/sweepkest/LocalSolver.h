@@ -17,23 +17,23 @@ class LocalSolver : public QObject
 public:
     LocalSolver();
 
-    /// Sets what is to be solved; nothing can be queued before.
+    /// Sets the decks to solve. To be called before queue().
     void setUp(const suite::SweepDeck& deck, suite::Priority priority);
 
-    /// How many frequencies there are.
+    /// The number of frequencies.
     [[nodiscard]] int count() const { return m_deck.count(); }
 
-    /// Frequencies that come while one is solved wait.
+    /// Solves a frequency after those that were queued before.
     void queue(int index);
 
-    /// Removes the folder, when nothing is solved any more.
+    /// Removes the folder. To be called when nothing is being solved.
     void clear() { m_folder.reset(); }
 
     /// Ends the engine and removes the folder; emits stopped().
     void stop();
 
 Q_SIGNALS:
-    /// The error is empty when the output can be used.
+    /// The error is empty if the output can be used.
     void solved(int index, const QString& error, const QByteArray& output);
     void stopped();
 
@@ -49,6 +49,6 @@ private:
     std::optional<suite::TemporaryFolder> m_folder;
     ChildProcesses m_processes;
     std::deque<int> m_queue;
-    int m_index = -1; ///< what is solved at the moment
+    int m_index = -1; ///< the frequency that is being solved; -1 for none
     bool m_isStopping = false;
 };

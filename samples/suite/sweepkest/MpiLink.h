@@ -11,7 +11,7 @@
 
 struct MpiTransfer;
 
-/// Frames between the processes of a parallel run. Nothing here ever waits: sending and receiving
+/// Exchanges frames between the processes of a parallel run. Never blocks: sending and receiving
 /// continue from the event loop.
 class MpiLink : public QObject
 {
@@ -29,7 +29,7 @@ public:
     /// Sends to all but this process.
     void sendToOthers(const suite::Frame& frame);
 
-    /// True when nothing is on its way from here any more.
+    /// Whether all frames from this process have been sent.
     [[nodiscard]] bool isIdle() const { return m_sending.empty(); }
 
     void stop() { m_timer.stop(); }

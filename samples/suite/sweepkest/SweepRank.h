@@ -12,19 +12,19 @@ class SweepRank : public QObject
 public:
     ~SweepRank() override;
 
-    /// Ends all that runs here, without the others.
+    /// Ends the work of this process only.
     virtual void stop();
 
-    /// True when it was stopped because the process that distributes the work is silent.
+    /// Whether it was stopped because the process that distributes the work is silent.
     [[nodiscard]] bool isAlone() const { return m_isAlone; }
 
 Q_SIGNALS:
-    /// Everything is done, or has been stopped, and this process can leave; its folder is removed.
+    /// The work is done or has been stopped, the folder is removed, and this process can end.
     void finished();
     void stopped();
 
 protected:
-    /// "partners" is the number of processes whose silence is an error.
+    /// `partners` is the number of processes whose silence is an error.
     SweepRank(MpiLink& link, int partners);
 
     MpiLink& link() { return m_link; }
@@ -35,10 +35,10 @@ protected:
     /// Stops because the process that distributes the work is silent.
     void stopAlone();
 
-    /// Removes what is left of the work and emits finished().
+    /// Cleans up and emits finished().
     void finish();
 
-    /// Prepares the work; a text when the user should know something.
+    /// Prepares the work. Returns a text for the user if there is a problem; else an empty one.
     QString setUp(const suite::Frame& frame);
 
 private:

@@ -2,7 +2,7 @@
 
 #include "SweepRank.h"
 
-/// A process that solves what the dealer gives it.
+/// A process that solves the frequencies that the dealer assigns to it.
 class Worker : public SweepRank
 {
     Q_OBJECT

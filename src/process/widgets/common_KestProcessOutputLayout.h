@@ -33,9 +33,10 @@ public:
     /// Lays out the blocks between the two positions. Returns whether any was not laid out before.
     bool layOut(qreal top, qreal bottom);
 
-    /// From now on a new width measures all blocks of a short text at once. A text that is about as
-    /// high as its view needs that: if estimated heights were too high where measured ones are not,
-    /// the scroll bar would come and go for ever, since each time changes the width.
+    /// From now on every change of the width measures all blocks of a short text at once. A text
+    /// that is about as high as its view needs that: if it fits with measured heights but not with
+    /// estimated ones, the scroll bar appears and disappears for ever, because each change of the
+    /// width replaces measured heights by estimates.
     void measureFew();
 
     /// The number of the first block between the two positions whose height is known; -1 when there
@@ -67,7 +68,7 @@ private:
     mutable std::vector<int> m_laidOut; ///< numbers of blocks that have their lines
     mutable qreal m_widest = 0;
 
-    int m_length = 0; ///< of the text, as far as it is known here
+    int m_length = 0; ///< of the text, at the last change
     bool m_measuresFew = false;
     QSizeF m_announcedSize;
 };
