@@ -21,6 +21,17 @@ files = {
     "docs/environment.md": "| `KEST_HOME` | it |\n| `VISUAL`, `EDITOR` | editors |\n",
     "docs/settings-files.md": "# Files\n\n<!-- KEYS -->\n<!-- end -->\n\nEnd.\n",
     "samples/suite/data/default.ini": "; all\n[options]\nKest.Priority=2\nKest.Host=\n",
+    "docs/help/launch-options.md": "# Options\n\n<!-- OPTIONS -->\n<!-- end -->\n",
+    "include/common_LaunchOptionNames.h": 'constexpr const char* priority    = "Kest.Priority"; ///< 2\n'
+                                          'constexpr const char* host = "Kest.Host";\n'
+                                          'constexpr const char* fixed = "Kest.Fixed";\n',
+    "src/settings/option/common_LaunchOptionTable.cpp":
+        '{keys::priority, Integer, "Process priority", 2, kept},\n'
+        '{keys::host, String, "", 0, kept},\n{keys::fixed, Boolean, "", true, fixed},\n',
+    "apps/kestdesk/options/LaunchOptionTable.cpp":
+        'constexpr const char* solver = "Kest Solver";\n'
+        '{"Kest.Host", solver, "Remote", "&Host", ""},\n'
+        '{"Kest.Priority", solver, "Run", "priorit&y", ""},\n{"Kest.Fixed", solver, "Run", "Fixed", ""},\n',
     "apps/base/Home.cpp": 'const auto home = qgetenv("KEST_HOME");\n'
                           'for (const char* const variable : {"VISUAL", "EDITOR"}) {\n}\n',
 }
@@ -90,10 +101,22 @@ class Docs(unittest.TestCase):
                              "| `options` | `Kest.Priority` | `2` |\n"
                              "| `options` | `Kest.Host` | empty |\n<!-- end -->\n\nEnd.\n")
 
-    def test_other_keys_are_named(self):
-        self.write("samples/suite/data/default.ini", "[options]\nKest.Priority=3\n")
-        self.assert_error("docs/settings-files.md: the table of keys is not that of "
-                          "samples/suite/data/default.ini; call scripts/docs --write")
+    def test_options_are_written(self):
+        with open(os.path.join(self.tree, "docs/help/launch-options.md"), encoding="utf-8") as file:
+            self.assertEqual(file.read(), "# Options\n\n<!-- OPTIONS -->\n"
+                             "| in the window | name | at first |\n|---|---|---|\n"
+                             "| Kest Solver, Remote: Host | `Kest.Host` | empty |\n"
+                             "| Kest Solver, Run: Process priority | `Kest.Priority` | `2` |\n<!-- end -->\n")
+
+    def test_other_tables_are_named(self):
+        error = "{}: the table is not what the sources say; call scripts/docs --write"
+        keys, options = "docs/settings-files.md", "docs/help/launch-options.md"
+        self.write("samples/suite/data/default.ini", "[options]\nKest.Priority=3\nKest.Host=\n")
+        self.assert_error(error.format(keys) + "\n" + error.format(options))
+        self.write("samples/suite/data/default.ini", files["samples/suite/data/default.ini"])
+        self.write("src/settings/option/common_LaunchOptionTable.cpp",
+                   files["src/settings/option/common_LaunchOptionTable.cpp"].replace("Process", "The"))
+        self.assert_error(error.format(options))
 
     def test_comments_may_only_miss_where_names_say_all(self):
         usual = ["Member operator=(const common_A &other) (function)",

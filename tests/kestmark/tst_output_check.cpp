@@ -14,6 +14,24 @@ namespace {
 
 using Type = common_IProcessMessage::Type;
 
+QString page(const char* name)
+{
+    QFile file(text(KEST_DOCS) + QLatin1Char('/') + text(name));
+    return file.open(QIODevice::ReadOnly) ? QString::fromUtf8(file.readAll()) : QString();
+}
+
+// What a pattern captures in all places of a text where it fits.
+QStringList captures(const QString& all, const char* pattern)
+{
+    QStringList result;
+    const QRegularExpression expression(text(pattern), QRegularExpression::MultilineOption);
+    auto matches = expression.globalMatch(all);
+    while (matches.hasNext()) {
+        result.append(matches.next().captured(1));
+    }
+    return result;
+}
+
 QByteArray lines(const QByteArray& line, int count)
 {
     return QByteArray(line + '\n').repeated(count);
@@ -327,6 +345,33 @@ private Q_SLOTS:
             found.append(Remark::word(kind));
         }
         QCOMPARE(QSet<QString>(found.begin(), found.end()).size(), kinds.size());
+        QCOMPARE(captures(page("help/kestmark.md"), "^\\| `([a-z0-9-]+)` \\|"), found);
+    }
+
+    // The protocol's page has the markers and the numbers that the parser has.
+    void pageIsTheProtocol()
+    {
+        const QString protocol = page("marker-protocol.md");
+        const QStringList markers = captures(protocol, "^\\| `(-\\*-[a-z-]+-\\*-)` \\| `");
+        QCOMPARE(markers.size(), static_cast<int>(Type::Variable));
+        for (const QString& marker : markers) {
+            QVERIFY2(MarkerScan::isKnown(marker), qPrintable(marker));
+        }
+        const QRegularExpression row(text("^\\| (`-\\*-percentage.*`) \\| ([0-9]+)"),
+                                     QRegularExpression::MultilineOption);
+        auto rows = row.globalMatch(protocol);
+        int examples = 0;
+        while (rows.hasNext()) {
+            const QRegularExpressionMatch match = rows.next();
+            const QStringList shown = captures(match.captured(1), "`([^`]+)`");
+            for (const QString& line : shown) {
+                const auto messages = common_KestProcessMessage::parseOutput(line);
+                QCOMPARE(messages.size(), 1);
+                QCOMPARE(messages.constFirst().getText(), match.captured(2));
+                ++examples;
+            }
+        }
+        QCOMPARE(examples, 10);
     }
 };
 
