@@ -18,7 +18,9 @@ class KEST_COMMON_EXPORT common_3DMouseOptions : public common_PropertyContainer
                                                  public common_settings
 {
 public:
+    /// Owns the options together with other pointers.
     using Pointer = common_ActivePtr<common_3DMouseOptions, IntrusivePtrActor>;
+    /// The lock of kest.ini; null in a read-only object.
     using LockPointer = common_ActivePtr<common_LockFile, IntrusivePtrActor>;
 
     /// Reads the options from the file. Returns null when the mode is ReadWriteAccess and the file
@@ -43,12 +45,14 @@ public:
     }
     int getRefCount() const override { return m_refCount.value(); }
 
+    /// The sensitivity; 50 at first.
     double getMouseSensitivity() const;
 
     /// Sets the value of the installation's default.ini, or 50. Nothing is written.
     void restoreDefaults() override;
 
 protected:
+    /// For create(). Null makes a read-only object.
     explicit common_3DMouseOptions(LockPointer lockFile);
 
     void doReadSettings(QSettings& settings) override;

@@ -28,11 +28,16 @@ public:
 
     virtual ~common_CommonSettingsSet();
 
+    /// Restores the defaults of geometry and recent files. Nothing is written.
     virtual void restoreDefaults();
+    /// Reads geometry and recent files from the file.
     virtual void readSettings();
+    /// Writes geometry and recent files to the file.
     virtual void writeSettings();
 
+    /// Restores the defaults of the geometry alone. Nothing is written.
     void restore_geometry_settings();
+    /// Restores the defaults of the recent files alone. Nothing is written.
     void restore_recent_file_settings();
 
     /// Owned by this set; null after another set has taken it.
@@ -44,6 +49,7 @@ public:
     /// A new read-only object with the launch options that are in the user's file now.
     common_ActivePtr<common_ComponentsLaunchOptions> getComponentsLaunchOptions() const;
 
+    /// The settings file, with its path.
     QString getFullFilename() const;
 
 private:

@@ -18,9 +18,12 @@ class KEST_COMMON_EXPORT common_GenericProcessMessage : public common_IProcessMe
 public:
     /// Empty text of type Output.
     common_GenericProcessMessage() = default;
+    /// The text is kept as it is.
     common_GenericProcessMessage(Type type, const QString& text);
 
+    /// The line, trimmed by the parser.
     QString getText() const override;
+    /// Output or Error, by the channel, in parsed messages.
     Type getType() const override;
 
     /// Exactly one message of the type, also for an empty text. Carriage returns and line feeds are

@@ -44,6 +44,7 @@ class KEST_COMMON_EXPORT common_KestProcessDialog
     Q_OBJECT
 
 public:
+    /// Holds the runner together with other pointers.
     using Runner =
         common_ActivePtr<common_ProcessRunner<common_KestProcessMessage>, IntrusivePtrActor>;
 
@@ -74,7 +75,9 @@ protected:
     void onProcessDone() override;
     void onExitCodeChanged(int exitCode) override;
 
+    /// While the child runs, asks whether to stop it; without a yes, the dialog stays open.
     void closeEvent(QCloseEvent* event) override;
+    /// Escape closes the dialog, after the same question.
     void keyPressEvent(QKeyEvent* event) override;
 
 private Q_SLOTS:

@@ -72,9 +72,13 @@ public:
     /// entries and entries without exactly one "=" are ignored.
     void setProcessEnvironment(const QStringList& entries);
 
+    /// Replaces all arguments. Asserts, like the other setters, that no child is running.
     void setArguments(const QStringList& arguments);
+    /// Appends one argument.
     void addArgument(const QString& argument);
+    /// Appends the arguments in their order.
     void addArguments(QStringList arguments);
+    /// Removes all arguments.
     void clearArguments();
 
     /// The absolute path of the file, which must not be empty. A relative name is one in the
@@ -84,14 +88,18 @@ public:
     /// The program just as given; a bare name is searched for in the PATH.
     void setExecutable(const QString& executable);
 
+    /// The folder that the child starts in; empty for that of the application.
     void setWorkingDirectory(const QString& directory);
 
     /// Files to delete at the end of a run, after the observers were notified. The list is kept for
     /// later runs. Of a link, the link itself is deleted; failures are ignored.
     void setTemporaryFilenames(const QStringList& filenames);
 
+    /// The arguments of the next run.
     QStringList getArguments() const;
+    /// The program of the next run. A bare name appears as a file of the current folder.
     QFileInfo getExecutable() const;
+    /// As it was set.
     QString getWorkingDirectory() const;
 
     /// Whether a child is running or starting.
@@ -163,11 +171,16 @@ protected:
     /// Appends the text to the log, if logging is on.
     void logToFile(const QString& text);
 
+    /// Calls onProcessStarted() of every observer.
     void notifyProcessStarted();
+    /// Calls onExitCodeChanged(), then onFailedProcessStarted(), of every observer.
     void notifyFailedProcessStarted();
+    /// Calls onProcessMessageReceived() of every observer.
     void notifyProcessMessageReceived(const common_IProcessMessage& message);
+    /// Calls onExitCodeChanged(), then onProcessDone(), of every observer.
     void notifyProcessDone();
 
+    /// The number of runners; see getProcessCount().
     static int s_processCount;
 
 private:

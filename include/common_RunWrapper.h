@@ -26,18 +26,22 @@ class KEST_COMMON_EXPORT common_RunWrapper : public QObject
     Q_OBJECT
 
 public:
+    /// How a component is to run. The numbers are fixed.
     enum RunOption {
         Parallel = 0x1, ///< several processes, on the hosts of the machines file
         Remote = 0x2,   ///< on the remote host
         FarmOut = 0x4   ///< the optimiser's evaluations on the hosts of the machines file
     };
+    /// A combination of RunOption.
     Q_DECLARE_FLAGS(RunOptions, RunOption)
 
+    /// What a parallel run passes to the component. The numbers are fixed.
     enum MachinesFileOption {
         CopyMachinesFile = 0, ///< the count of processes and a copy of the machines file
         ProcessCountOnly = 1  ///< the count only: the file is passed already
     };
 
+    /// The runner that is set up.
     using Runner = common_ProcessRunner<common_KestProcessMessage>;
 
     /// The settings are not owned and must outlive the wrapper.
@@ -50,6 +54,7 @@ public:
 
     /// Always true; the options have no influence.
     bool setupPrekestProcess(Runner& runner, const QFileInfo& modelFile, QFlags<RunOption> options);
+    /// False when a parallel run has no usable machines file.
     bool setupKestProcess(Runner& runner, const QFileInfo& modelFile, QFlags<RunOption> options);
 
     /// A farmed run without a machines file is set up without farming, after a message to the user.

@@ -14,6 +14,7 @@
 class KEST_COMMON_EXPORT common_settings
 {
 public:
+    /// Nothing is read yet. The file need not exist.
     common_settings(const QString& fileName, const QString& groupName, QSettings::Format format);
     common_settings(const common_settings& other) = default;
     common_settings& operator=(const common_settings& other) = default;
