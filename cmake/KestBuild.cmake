@@ -90,10 +90,16 @@ function(kest_on_path component)
 endfunction()
 
 # One shared library of the suite: kest_<name>, known as kest::<name>, with its export macro
-# KEST_<NAME>_EXPORT in kest_<name>_export.h and its exported headers in <include_directory>. <name> is
-# also a component of the installed package (cmake/KestPackage.cmake).
+# KEST_<NAME>_EXPORT in kest_<name>_export.h and its exported headers in <include_directory>. They are
+# installed to include/kest, or to <install_directory> below it, for a library that kest::common does not
+# link publicly: what can be included can then be linked. <name> is also a component of the installed
+# package (cmake/KestPackage.cmake).
 function(kest_library name)
-    cmake_parse_arguments(PARSE_ARGV 1 ARG "" "INCLUDE_DIRECTORY" "SOURCES;PUBLIC_LIBRARIES")
+    cmake_parse_arguments(PARSE_ARGV 1 ARG "" "INCLUDE_DIRECTORY;INSTALL_DIRECTORY" "SOURCES;PUBLIC_LIBRARIES")
+    set(headers ${CMAKE_INSTALL_INCLUDEDIR}/kest)
+    if(ARG_INSTALL_DIRECTORY)
+        string(APPEND headers /${ARG_INSTALL_DIRECTORY})
+    endif()
     set(target kest_${name})
     string(TOUPPER ${target} macro)
     add_library(${target} SHARED ${ARG_SOURCES})
@@ -109,7 +115,7 @@ function(kest_library name)
     target_include_directories(${target} PUBLIC
         $<BUILD_INTERFACE:${ARG_INCLUDE_DIRECTORY}>
         $<BUILD_INTERFACE:${CMAKE_CURRENT_BINARY_DIR}/exported>
-        $<INSTALL_INTERFACE:${CMAKE_INSTALL_INCLUDEDIR}/kest>)
+        $<INSTALL_INTERFACE:${headers}>)
     target_link_libraries(${target} PUBLIC ${ARG_PUBLIC_LIBRARIES})
     target_compile_features(${target} PUBLIC cxx_std_17)
     kest_strict(${target})
@@ -124,8 +130,8 @@ function(kest_library name)
             NAMELINK_COMPONENT Development
         ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR} COMPONENT Development)
     install(DIRECTORY "${ARG_INCLUDE_DIRECTORY}/"
-        DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/kest COMPONENT Development
+        DESTINATION ${headers} COMPONENT Development
         FILES_MATCHING PATTERN "*.h")
     install(FILES "${export_header}"
-        DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/kest COMPONENT Development)
+        DESTINATION ${headers} COMPONENT Development)
 endfunction()

@@ -2,7 +2,7 @@
 # --help. Without Python, and for another system, there are none.
 
 find_program(KEST_PYTHON python3)
-set(KEST_PROGRAMS adaptkest amrkest cadkest editkest kestdesk optkest postkest prekest runkest)
+set(KEST_PROGRAMS adaptkest amrkest cadkest editkest kestdesk kestmark optkest postkest prekest runkest)
 set(KEST_HELP_DIR ${PROJECT_BINARY_DIR}/help)
 file(MAKE_DIRECTORY ${KEST_HELP_DIR})
 

@@ -23,9 +23,9 @@ foreach(name IN ITEMS foundation binfiles common)
         DESTINATION ${KEST_PACKAGE_DIR} COMPONENT Development)
 endforeach()
 
-# kest_pkg_config(name description requires requires_private): kest-<name>.pc, whose prefix follows from
-# its own place, so that the tree can be moved.
-function(kest_pkg_config name description requires requires_private)
+# kest_pkg_config(name headers description requires requires_private): kest-<name>.pc, whose prefix follows
+# from its own place, so that the tree can be moved.
+function(kest_pkg_config name headers description requires requires_private)
     set(file "${CMAKE_CURRENT_BINARY_DIR}/kest-${name}.pc")
     set(directory ${CMAKE_INSTALL_LIBDIR}/pkgconfig)
     file(RELATIVE_PATH to_prefix "/${directory}" "/")
@@ -35,8 +35,8 @@ function(kest_pkg_config name description requires requires_private)
 endfunction()
 
 set(qt Qt${Qt5_VERSION_MAJOR})
-kest_pkg_config(foundation "Counted pointers, observers, properties and services of the Kest suite"
+kest_pkg_config(foundation kest "Counted pointers, observers, properties and services of the Kest suite"
     "${qt}Widgets" "")
-kest_pkg_config(binfiles "Lock files of the Kest suite" "${qt}Core" "")
-kest_pkg_config(common "${PROJECT_DESCRIPTION}" "kest-foundation = ${PROJECT_VERSION}, ${qt}Widgets"
+kest_pkg_config(binfiles kest/binfiles "Lock files of the Kest suite" "${qt}Core" "")
+kest_pkg_config(common kest "${PROJECT_DESCRIPTION}" "kest-foundation = ${PROJECT_VERSION}, ${qt}Widgets"
     "kest-binfiles = ${PROJECT_VERSION}")

@@ -31,6 +31,7 @@
 class KEST_COMMON_EXPORT common_DefaultServices
 {
 public:
+    /// How much of a user interface the services have.
     enum Mode {
         Automatic, ///< Windows if there is a QApplication, else Console
         Windows,   ///< with windows, and a user who answers; needs a QApplication

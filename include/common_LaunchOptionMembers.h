@@ -38,9 +38,13 @@ enum ErrorThreshold {
 };
 
 // The members with their texts for users and their keys, in the order of their numbers.
+/// Of the option Kest.ProcessPriority.
 KEST_COMMON_EXPORT QVector<EnumType> processPriorities();
+/// Of the option Kest.RemoteExecutionMethod.
 KEST_COMMON_EXPORT QVector<EnumType> remoteExecutionMethods();
+/// Of the option Kest.ParallelAuthenticMethod.
 KEST_COMMON_EXPORT QVector<EnumType> parallelAuthenticMethods();
+/// Of the option Amrkest.ErrorThreshold.
 KEST_COMMON_EXPORT QVector<EnumType> errorThresholds();
 
 } // namespace common_LaunchOptionMembers

@@ -17,6 +17,7 @@ constexpr const char* play = "play";       ///< of OK before
 constexpr const char* exclude = "exclude"; ///< of Stop
 
 // Pictures. Both must exist: a missing one is a fatal assertion.
+/// The directory in the application's resources that has the arrows.
 constexpr const char* pictureDirectory = ":/rc/images";
 constexpr const char* detailsShown = "show_details_arrow"; ///< while the details are open
 constexpr const char* detailsHidden = "hide_arrow";        ///< while they are closed

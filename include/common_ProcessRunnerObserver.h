@@ -16,12 +16,17 @@ class KEST_COMMON_EXPORT common_ProcessRunnerObserver
     : public common_ObserverOf<common_IProcessRunnerObserver>
 {
 public:
+    /// Called with the program and its arguments.
     using StartedFunction =
         std::function<void(const QString& executable, const QStringList& arguments)>;
+    /// Called with the program, its arguments and the reason.
     using FailedFunction = std::function<void(
         const QString& executable, const QStringList& arguments, const QString& errorString)>;
+    /// Called with each message.
     using MessageFunction = std::function<void(const common_IProcessMessage& message)>;
+    /// Called at the end of a run.
     using DoneFunction = std::function<void()>;
+    /// Called with the exit code.
     using ExitCodeFunction = std::function<void(int exitCode)>;
 
     /// Observes the runner from now on; null means not observing. The runner is not owned, and
@@ -41,7 +46,9 @@ public:
     // Each sets the function for one notification, in place of the previous one; an empty function
     // ignores the notification. They return this observer, so that calls can be chained.
 
+    /// After the child has been started.
     common_ProcessRunnerObserver& setStartedFunction(StartedFunction function);
+    /// When the child could not be started.
     common_ProcessRunnerObserver& setFailedFunction(FailedFunction function);
 
     /// The message is valid during the call only.

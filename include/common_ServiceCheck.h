@@ -21,6 +21,7 @@ public:
         GuiLauncher = 0x08,    ///< starts other applications with common_KestGuiLauncher
         RenderingDialog = 0x10 ///< shows common_InitialRenderingSettingsDialog
     };
+    /// A combination of Use.
     Q_DECLARE_FLAGS(Uses, Use)
 
     /// The names of the services that these uses need, in the order of common_ServiceNames::all().

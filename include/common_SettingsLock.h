@@ -59,6 +59,7 @@ public:
     /// Removes the lock; does nothing if it is not held.
     void unlock();
 
+    /// Whether this object holds the lock.
     bool isLocked() const;
 
     /// Why the last tryLock() failed.

@@ -9,12 +9,14 @@
 /// A pointer to const counts, too: the count is not part of the object's value.
 struct IntrusivePtrActor
 {
+    /// Adds a reference; the object must not be null.
     template <typename T>
     static void acquire(T* object)
     {
         const_cast<std::remove_const_t<T>*>(object)->reference();
     }
 
+    /// Removes a reference, and deletes the object when it was the last one. Must not be null.
     template <typename T>
     static void release(T* object)
     {
@@ -41,6 +43,7 @@ class common_ActivePtr
 public:
     common_ActivePtr() = default;
 
+    /// A null pointer.
     common_ActivePtr(std::nullptr_t) {}
 
     /// Takes a reference to the object, which was made with new; null makes a null pointer.
@@ -77,12 +80,18 @@ public:
     /// Releases the object and takes a reference to the given one, if any.
     void reset(T* object = nullptr) { common_ActivePtr(object).swap(*this); }
 
+    /// Exchanges the objects; no count changes.
     void swap(common_ActivePtr& other) noexcept { std::swap(m_object, other.m_object); }
 
+    /// The object, still owned by the pointers to it; null for a null pointer.
     T* get() const { return m_object; }
+    /// The object; undefined for a null pointer.
     T* operator->() const { return m_object; }
+    /// The object; undefined for a null pointer.
     T& operator*() const { return *m_object; }
+    /// Whether there is no object.
     bool isNull() const { return !m_object; }
+    /// Whether there is an object.
     explicit operator bool() const { return m_object; }
 
 private:

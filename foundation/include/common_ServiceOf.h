@@ -34,6 +34,7 @@ template <typename T>
 class common_ServiceOf
 {
 public:
+    /// Whether the application has set the service.
     static bool hasService() { return find() != nullptr; }
 
     /// The service; asserts that there is one, with the name, the file and the line given, after

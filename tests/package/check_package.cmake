@@ -79,6 +79,10 @@ expect_refused("0.1 REQUIRED" "version: ${VERSION}")
 
 step(${configure} -S ${CONSUMER_DIRECTORY} -B ${work}/build)
 step(${CMAKE_COMMAND} --build ${work}/build)
+step(${work}/build/locks)
+if(EXISTS ${work}/moved/${INCLUDE_DIRECTORY}/kest/KEST_binfiles.h)
+    message(FATAL_ERROR "who links kest::common alone finds KEST_binfiles.h, and cannot link it")
+endif()
 
 # What pkg-config says is enough to compile, beside what Qt itself wants.
 set(ENV{PKG_CONFIG_PATH} ${work}/moved/${LIBRARY_DIRECTORY}/pkgconfig)
