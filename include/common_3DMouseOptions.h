@@ -12,7 +12,8 @@
 /// The sensitivity of the 3D mouse in the applications' 3D views: the property
 /// "3DMouseSensitivity", kept in the group "3dmouse" of the user's kest.ini.
 ///
-/// A writable object holds the lock of kest.ini for its whole life.
+/// kest.ini is in common_IApplicationInfo::userSettingsDirectory(). A writable object holds its
+/// lock for its whole life; a read-only object can be written, too, without the lock.
 class KEST_COMMON_EXPORT common_3DMouseOptions : public common_PropertyContainer,
                                                  public common_settings
 {

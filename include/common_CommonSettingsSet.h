@@ -17,7 +17,8 @@ class KEST_COMMON_EXPORT common_CommonSettingsSet
 public:
     /// The file is directory/name.ini, the name in lower case. Nothing is read or written yet. When
     /// neither that file nor the installation's default.ini exists, shows a message to the user,
-    /// for which a common_ISplashScreen is hidden. Needs the service common_IApplicationInfo.
+    /// for which a common_ISplashScreen is hidden. Needs the service common_IApplicationInfo, as do
+    /// reading and restoring.
     common_CommonSettingsSet(const QString& directory, const QString& name);
     common_CommonSettingsSet(const common_CommonSettingsSet&) = delete;
 

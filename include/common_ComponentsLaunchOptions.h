@@ -19,8 +19,13 @@
 /// The user's options for launching the solver components: properties by name, kept in the group
 /// "options" of the user's kest.ini, from which the components' command lines are made.
 ///
+/// kest.ini is in common_IApplicationInfo::userSettingsDirectory(). The names of the properties,
+/// their types and defaults are in common_LaunchOptionNames, the members of the enumerated ones in
+/// common_LaunchOptionMembers. Values are not checked.
+///
 /// A writable object holds the lock of kest.ini as long as it exists. Changed values are saved only
-/// by writeSettings().
+/// by writeSettings(). A read-only object can be changed and written, too, and takes no lock: do
+/// that only while a common_SettingsLock is held, or changes of others are undone.
 class KEST_COMMON_EXPORT common_ComponentsLaunchOptions : public common_PropertyContainer,
                                                           public common_IValidatable,
                                                           public common_settings,
@@ -38,7 +43,7 @@ public:
 
     /// Reads the options from the file. Returns null when the mode is ReadWriteAccess and the file
     /// is locked, after a message to the user. Needs the services common_IApplicationInfo and, for
-    /// that message, common_ISession.
+    /// that message, common_ISession. Where no lock can be made, the object is not locked.
     static Pointer create(AccessMode mode);
 
     /// A new read-only object with the values in the file, without unsaved values of the source.

@@ -9,6 +9,9 @@
 /// A line of a program that prints no markers: output from standard output, an error from standard
 /// error.
 ///
+/// Its text keeps ASCII characters only; see parse(). For programs that print other characters,
+/// give common_ProcessRunner a message class of your own, or common_KestProcessMessage.
+///
 /// A value class. Has the static parseOutput() and parseError() that common_ProcessRunner needs.
 class KEST_COMMON_EXPORT common_GenericProcessMessage : public common_IProcessMessage
 {

@@ -14,8 +14,13 @@ class QFileInfo;
 ///
 /// Give it a fresh runner that is not running: a set-up adds to the runner and clears nothing. The
 /// caller starts the runner afterwards. The launch options are read from the user's file at every
-/// step, so that changes count from the next run on. Needs the service common_IApplicationInfo and
-/// the environment variables KEST_HOME and KEST_USER_HOME.
+/// step, so that changes count from the next run on.
+///
+/// Needs the service common_IApplicationInfo, whose userSettingsDirectory() has kest.ini, and the
+/// environment variables KEST_HOME, which has the components, and KEST_USER_HOME, which has the
+/// user's machines.kest and the copies of machines files. common_DefaultServices::setEnvironment()
+/// lets these mean the same folders. The service common_IApplication is optional: without it,
+/// messages are boxes that wait for an answer.
 class KEST_COMMON_EXPORT common_RunWrapper : public QObject
 {
     Q_OBJECT
@@ -44,7 +49,8 @@ public:
     ~common_RunWrapper() override;
 
     // Each returns whether the run may start. If not, the user has been shown the reason, and the
-    // runner is only partly set up.
+    // runner is only partly set up. Without KEST_USER_HOME a run on the installation's machines
+    // file may start, after a message to the user, although its copy of that file is missing.
 
     /// Always true; the options have no influence.
     bool setupPrekestProcess(Runner& runner, const QFileInfo& modelFile, QFlags<RunOption> options);

@@ -7,6 +7,10 @@
 
 /// Base of objects that keep their values in one group of a settings file, which they share with
 /// other objects and processes.
+///
+/// readSettings() and restoreDefaults() need the service common_IApplicationInfo, for the
+/// installation's default.ini. Nothing here takes a lock: hold a common_SettingsLock while settings
+/// are read, changed and written back.
 class KEST_COMMON_EXPORT common_settings
 {
 public:

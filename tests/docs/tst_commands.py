@@ -98,6 +98,8 @@ NOT_RUN = {
     "cmake --preset release && cmake --build --preset release": whole,
     "cmake --preset dev && cmake --build --preset dev": whole,
     "cmake --install build/release --prefix /where/you/like": "tst_package installs",
+    "cmake -S minimal -B build -DCMAKE_PREFIX_PATH=/where/the/library/is": "tst_examples builds it",
+    "cmake --build build": "tst_examples builds it",
     "ctest --preset dev": whole,
     "ctest --preset full": whole,
     "ctest --preset asan": whole,

@@ -75,7 +75,8 @@ constexpr FieldGroup fieldGroups[] = {
 QString textOf(const QJsonValue& json)
 {
     QStringList words;
-    for (const QJsonValue& each : json.toArray()) {
+    const QJsonArray array = json.toArray();
+    for (const QJsonValue& each : array) {
         words.append(each.toString());
     }
     return json.isArray() ? words.join(QLatin1Char(' ')) : json.toVariant().toString();
