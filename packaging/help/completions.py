@@ -116,9 +116,9 @@ def zsh_group(program, group):
     described = " ".join(quoted(f"{command.name}:{zsh_text(command.text)}") for command in group.commands)
     cases = "".join(zsh_command(program, command) for command in group.commands)
     return (f"        {group.name})\n"
-            f"            commands=({described})\n"
+            f"            subcommands=({described})\n"
             f"            if (( CURRENT == 3 )); then\n"
-            f"                _describe command commands\n"
+            f"                _describe command subcommands\n"
             f"                return\n"
             f"            fi\n"
             f"            shift 2 words\n"
@@ -130,11 +130,11 @@ def zsh_group(program, group):
 def zsh(help_):
     lines = [f"#compdef {help_.name}", f"# Completion of {help_.name} for zsh."]
     if help_.groups:
-        lines += ["local -a commands", "if (( CURRENT > 2 )); then", "    case $words[2] in",
+        lines += ["local -a subcommands", "if (( CURRENT > 2 )); then", "    case $words[2] in",
                   "".join(zsh_group(help_.name, group) for group in help_.groups) + "    esac",
                   "elif [[ $words[2] != -* ]]; then",
-                  f"    commands=({' '.join(group.name for group in help_.groups)})",
-                  "    _describe command commands", "fi"]
+                  f"    subcommands=({' '.join(group.name for group in help_.groups)})",
+                  "    _describe command subcommands", "fi"]
     lines.append("_arguments " + " \\\n    ".join(zsh_arguments(help_)))
     return "\n".join(lines) + "\n"
 

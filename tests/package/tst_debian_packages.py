@@ -116,7 +116,7 @@ class Licences(unittest.TestCase):
 class Unpacked(unittest.TestCase):
 
     def test_programs_start_by_their_names(self):
-        for program in ("kestdesk", "cadkest", "editkest", "postkest", "runkest", "prekest"):
+        for program in ("kestdesk", "cadkest", "editkest", "kestmark", "postkest", "runkest", "prekest"):
             self.assertEqual(run(f"{root}/usr/bin/{program}", "--version").splitlines()[0], f"{program} {version}")
 
     def test_the_dipole_is_computed(self):
