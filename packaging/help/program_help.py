@@ -74,9 +74,10 @@ class ProgramHelp:
 
     @property
     def file_patterns(self):
-        """Which files the program takes, such as "*.nec": its arguments name them."""
+        """Which files the program takes, such as "*.nec": its arguments name them. Those that take models
+        say so in their usage."""
         found = re.findall(r"\((\*\.\w+)\)", " ".join(row.text for row in self.arguments))
-        return found or ["*.nec"]
+        return found or ["*.nec" if "model" in " ".join(self.usages).lower() else "*"]
 
 
 def printed(program, option):

@@ -9,7 +9,7 @@ programs = re.compile(
 
 
 def pages_of(tree):
-    names = ["README.md", "DEVELOPERS.md", "samples/suite/README.md"]
+    names = ["README.md", "DEVELOPERS.md", "samples/suite/README.md", "examples/README.md"]
     return names + sorted(os.path.relpath(path, tree) for pattern in ("docs/*.md", "docs/help/*.md")
                           for path in glob.glob(os.path.join(tree, pattern)))
 

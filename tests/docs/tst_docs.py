@@ -32,6 +32,12 @@ files = {
         'constexpr const char* solver = "Kest Solver";\n'
         '{"Kest.Host", solver, "Remote", "&Host", ""},\n'
         '{"Kest.Priority", solver, "Run", "priorit&y", ""},\n{"Kest.Fixed", solver, "Run", "Fixed", ""},\n',
+    "docs/gui-testing.md": "| object | is |\n|---|---|\n| `window` | it |\n"
+                           "| `chart0`, `chart1` | charts |\n| `goButton` | goes |\n",
+    "apps/base/Window.cpp": 'setObjectName(QStringLiteral("window"));\n'
+                            'setObjectName(QStringLiteral("chart%1").arg(number));\nget("noName");\n',
+    "apps/base/Buttons.cpp": 'button->setObjectName(QLatin1String(row.name));\n{"goButton", "&Go"},\n'
+                             'setProperty("squishValue", 1);\n',
     "apps/base/Home.cpp": 'const auto home = qgetenv("KEST_HOME");\n'
                           'for (const char* const variable : {"VISUAL", "EDITOR"}) {\n}\n',
 }
@@ -93,6 +99,20 @@ class Docs(unittest.TestCase):
     def test_old_variables_are_named(self):
         self.write("docs/environment.md", files["docs/environment.md"] + "| `KEST_OLD` | was |\n")
         self.assert_error("docs/environment.md: no source has KEST_OLD")
+
+    def test_new_object_names_are_named(self):
+        for path, source, name in [
+                ("apps/New.cpp", 'setObjectName(QLatin1String("panel"));', "panel"),
+                ("src/New.cpp", 'setObjectName(name);\nadd("stopButton");', "stopButton"),
+                ("src/Bar.cpp", 'createProgressBar("progressBar");', "progressBar")]:
+            with self.subTest(name):
+                self.write(path, source + "\n")
+                self.assert_error(f"docs/gui-testing.md: {name} is missing")
+                os.remove(os.path.join(self.tree, path))
+
+    def test_old_object_names_are_named(self):
+        self.write("docs/gui-testing.md", files["docs/gui-testing.md"] + "| `noName` | was |\n")
+        self.assert_error("docs/gui-testing.md: no source has noName")
 
     def test_keys_are_written(self):
         with open(os.path.join(self.tree, "docs/settings-files.md"), encoding="utf-8") as file:
