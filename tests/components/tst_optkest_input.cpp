@@ -112,12 +112,12 @@ void tst_optkest_input::badInput_data()
         << text("tune --runkest-options --use-gpus 0") << text("ERROR 2001: optkest: unknown");
     QTest::newRow("no folder for the runs")
         << text("blocked")
-        << text("ERROR 2612: blocked.nec: the folder 'blocked.optkest' for the runs "
-                "cannot be made");
+        << text("ERROR 2612: blocked.nec: the folder 'blocked.optkest' cannot be used, "
+                "something else has this name");
     QTest::newRow("folder is a link")
         << text("linked")
-        << text("ERROR 2612: linked.nec: the folder 'linked.optkest' for the runs "
-                "is a link");
+        << text("ERROR 2612: linked.nec: the folder 'linked.optkest' cannot be used, "
+                "something else has this name");
     QTest::newRow("result cannot be written")
         << text("full") << text("ERROR 2701: full.nec: the result file 'full_opt.csv'");
 }
