@@ -61,19 +61,21 @@ if(KEST_PRECOMPILED_HEADERS)
     set_target_properties(kest_precompiled PROPERTIES AUTOMOC OFF)
 endif()
 
-# A program of the sample installation: in <build>/suite/bin, where it runs in place, and installed.
-function(kest_suite_program target)
+# kest_suite_program(target component): a program of the sample installation, in <build>/suite/bin, where
+# it runs in place, and installed with that install component.
+function(kest_suite_program target component)
     file(RELATIVE_PATH to_lib "/${KEST_SUITE_INSTALL_DIR}/bin" "/${CMAKE_INSTALL_LIBDIR}")
     set_target_properties(${target} PROPERTIES
         RUNTIME_OUTPUT_DIRECTORY "${KEST_SUITE_BUILD_DIR}/bin"
         INSTALL_RPATH "$ORIGIN/${to_lib}")
     install(TARGETS ${target}
-        RUNTIME DESTINATION ${KEST_SUITE_INSTALL_DIR}/bin COMPONENT Suite)
+        RUNTIME DESTINATION ${KEST_SUITE_INSTALL_DIR}/bin COMPONENT ${component})
 endfunction()
 
-# Programs of the sample installation that users call by their names: links in the folder of programs,
-# which hold wherever the whole is moved to. A program finds its installation from its own file.
-function(kest_on_path)
+# kest_on_path(component program...): programs of the sample installation that users call by their names:
+# links in the folder of programs, which hold wherever the whole is moved to. A program finds its
+# installation from its own file.
+function(kest_on_path component)
     if(NOT UNIX)
         return()
     endif()
@@ -83,14 +85,21 @@ function(kest_on_path)
         set(link "${CMAKE_CURRENT_BINARY_DIR}/on-path/${target}")
         file(MAKE_DIRECTORY "${CMAKE_CURRENT_BINARY_DIR}/on-path")
         file(CREATE_LINK "${program}" "${link}" SYMBOLIC)
-        install(FILES "${link}" DESTINATION ${CMAKE_INSTALL_BINDIR} COMPONENT Suite)
+        install(FILES "${link}" DESTINATION ${CMAKE_INSTALL_BINDIR} COMPONENT ${component})
     endforeach()
 endfunction()
 
 # One shared library of the suite: kest_<name>, known as kest::<name>, with its export macro
-# KEST_<NAME>_EXPORT in kest_<name>_export.h and its exported headers in <include_directory>.
+# KEST_<NAME>_EXPORT in kest_<name>_export.h and its exported headers in <include_directory>. They are
+# installed to include/kest, or to <install_directory> below it, for a library that kest::common does not
+# link publicly: what can be included can then be linked. <name> is also a component of the installed
+# package (cmake/KestPackage.cmake).
 function(kest_library name)
-    cmake_parse_arguments(PARSE_ARGV 1 ARG "" "INCLUDE_DIRECTORY" "SOURCES;PUBLIC_LIBRARIES")
+    cmake_parse_arguments(PARSE_ARGV 1 ARG "" "INCLUDE_DIRECTORY;INSTALL_DIRECTORY" "SOURCES;PUBLIC_LIBRARIES")
+    set(headers ${CMAKE_INSTALL_INCLUDEDIR}/kest)
+    if(ARG_INSTALL_DIRECTORY)
+        string(APPEND headers /${ARG_INSTALL_DIRECTORY})
+    endif()
     set(target kest_${name})
     string(TOUPPER ${target} macro)
     add_library(${target} SHARED ${ARG_SOURCES})
@@ -106,7 +115,7 @@ function(kest_library name)
     target_include_directories(${target} PUBLIC
         $<BUILD_INTERFACE:${ARG_INCLUDE_DIRECTORY}>
         $<BUILD_INTERFACE:${CMAKE_CURRENT_BINARY_DIR}/exported>
-        $<INSTALL_INTERFACE:${CMAKE_INSTALL_INCLUDEDIR}/kest>)
+        $<INSTALL_INTERFACE:${headers}>)
     target_link_libraries(${target} PUBLIC ${ARG_PUBLIC_LIBRARIES})
     target_compile_features(${target} PUBLIC cxx_std_17)
     kest_strict(${target})
@@ -115,14 +124,14 @@ function(kest_library name)
         VERSION ${PROJECT_VERSION}
         SOVERSION ${PROJECT_VERSION_MAJOR})
 
-    install(TARGETS ${target} EXPORT KestCommonTargets
+    install(TARGETS ${target} EXPORT KestCommon_${name}
         RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR} COMPONENT Runtime
         LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR} COMPONENT Runtime
             NAMELINK_COMPONENT Development
         ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR} COMPONENT Development)
     install(DIRECTORY "${ARG_INCLUDE_DIRECTORY}/"
-        DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/kest COMPONENT Development
+        DESTINATION ${headers} COMPONENT Development
         FILES_MATCHING PATTERN "*.h")
     install(FILES "${export_header}"
-        DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/kest COMPONENT Development)
+        DESTINATION ${headers} COMPONENT Development)
 endfunction()

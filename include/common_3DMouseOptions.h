@@ -12,12 +12,15 @@
 /// The sensitivity of the 3D mouse in the applications' 3D views: the property
 /// "3DMouseSensitivity", kept in the group "3dmouse" of the user's kest.ini.
 ///
-/// A writable object holds the lock of kest.ini for its whole life.
+/// kest.ini is in common_IApplicationInfo::userSettingsDirectory(). A writable object holds its
+/// lock for its whole life; a read-only object can be written, too, without the lock.
 class KEST_COMMON_EXPORT common_3DMouseOptions : public common_PropertyContainer,
                                                  public common_settings
 {
 public:
+    /// Owns the options together with other pointers.
     using Pointer = common_ActivePtr<common_3DMouseOptions, IntrusivePtrActor>;
+    /// The lock of kest.ini; null in a read-only object.
     using LockPointer = common_ActivePtr<common_LockFile, IntrusivePtrActor>;
 
     /// Reads the options from the file. Returns null when the mode is ReadWriteAccess and the file
@@ -42,12 +45,14 @@ public:
     }
     int getRefCount() const override { return m_refCount.value(); }
 
+    /// The sensitivity; 50 at first.
     double getMouseSensitivity() const;
 
     /// Sets the value of the installation's default.ini, or 50. Nothing is written.
     void restoreDefaults() override;
 
 protected:
+    /// For create(). Null makes a read-only object.
     explicit common_3DMouseOptions(LockPointer lockFile);
 
     void doReadSettings(QSettings& settings) override;

@@ -19,8 +19,13 @@
 /// The user's options for launching the solver components: properties by name, kept in the group
 /// "options" of the user's kest.ini, from which the components' command lines are made.
 ///
+/// kest.ini is in common_IApplicationInfo::userSettingsDirectory(). The names of the properties,
+/// their types and defaults are in common_LaunchOptionNames, the members of the enumerated ones in
+/// common_LaunchOptionMembers. Values are not checked.
+///
 /// A writable object holds the lock of kest.ini as long as it exists. Changed values are saved only
-/// by writeSettings().
+/// by writeSettings(). A read-only object can be changed and written, too, and takes no lock: do
+/// that only while a common_SettingsLock is held, or changes of others are undone.
 class KEST_COMMON_EXPORT common_ComponentsLaunchOptions : public common_PropertyContainer,
                                                           public common_IValidatable,
                                                           public common_settings,
@@ -28,14 +33,17 @@ class KEST_COMMON_EXPORT common_ComponentsLaunchOptions : public common_Property
                                                           public common_ConstantLabeledItem
 {
 public:
+    /// Owns the options together with other pointers.
     using Pointer = common_ActivePtr<common_ComponentsLaunchOptions, IntrusivePtrActor>;
+    /// The lock of kest.ini; null in a read-only object.
     using LockPointer = common_ActivePtr<common_LockFile, IntrusivePtrActor>;
 
+    /// The text of getClassID().
     static const char* s_classIdString;
 
     /// Reads the options from the file. Returns null when the mode is ReadWriteAccess and the file
     /// is locked, after a message to the user. Needs the services common_IApplicationInfo and, for
-    /// that message, common_ISession.
+    /// that message, common_ISession. Where no lock can be made, the object is not locked.
     static Pointer create(AccessMode mode);
 
     /// A new read-only object with the values in the file, without unsaved values of the source.
@@ -55,7 +63,9 @@ public:
     }
     int getRefCount() const override { return m_refCount.value(); }
 
+    /// Names the class in scripts.
     QString getClassID() const;
+    /// The name of the options as the user sees it.
     common_Label getLabel() const override;
 
     /// Sets the values of the installation's default.ini, and the built-in defaults of options that
@@ -70,6 +80,7 @@ public:
     // The command lines: one element for each process argument, made from the present values, which
     // are not checked. Free text is split at white space; quotes have no meaning.
 
+    /// For prekest.
     QStringList getPrekestOptions() const;
 
     /// For a sequential runkest.
@@ -81,8 +92,11 @@ public:
     /// The words of the remote host; empty ones are kept, so there is always at least one.
     QStringList getKestRemoteOptions() const;
 
+    /// For adaptkest; runkest passes them on.
     QStringList getAdaptkestOptions() const;
+    /// For optkest.
     QStringList getOptkestOptions() const;
+    /// For amrkest.
     QStringList getAmrkestOptions() const;
 
     /// Assignments NAME=value for the environment of the solver's process. The user's lines are
@@ -96,9 +110,11 @@ public:
     bool isRemoteHostArgumentSpecified() const;
 
 protected:
+    /// For create(). Null makes a read-only object.
     explicit common_ComponentsLaunchOptions(LockPointer lockFile);
 
     common_ComponentsLaunchOptions* clone() const override;
+    /// See getLabel().
     common_Label doGetConstantLabel() const override;
 
     void doReadSettings(QSettings& settings) override;

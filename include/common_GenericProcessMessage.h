@@ -9,15 +9,21 @@
 /// A line of a program that prints no markers: output from standard output, an error from standard
 /// error.
 ///
+/// Its text keeps ASCII characters only; see parse(). For programs that print other characters,
+/// give common_ProcessRunner a message class of your own, or common_KestProcessMessage.
+///
 /// A value class. Has the static parseOutput() and parseError() that common_ProcessRunner needs.
 class KEST_COMMON_EXPORT common_GenericProcessMessage : public common_IProcessMessage
 {
 public:
     /// Empty text of type Output.
     common_GenericProcessMessage() = default;
+    /// The text is kept as it is.
     common_GenericProcessMessage(Type type, const QString& text);
 
+    /// The line, trimmed by the parser.
     QString getText() const override;
+    /// Output or Error, by the channel, in parsed messages.
     Type getType() const override;
 
     /// Exactly one message of the type, also for an empty text. Carriage returns and line feeds are

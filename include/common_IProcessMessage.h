@@ -23,7 +23,9 @@ public:
 
     virtual ~common_IProcessMessage();
 
+    /// What the child printed, without the marker of its type.
     virtual QString getText() const = 0;
+    /// What the text is.
     virtual Type getType() const = 0;
 
 protected:

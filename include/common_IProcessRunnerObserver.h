@@ -11,7 +11,8 @@ class QString;
 class QStringList;
 
 /// Receives the notifications of a process runner. Derive observers from
-/// common_ObserverOf<common_IProcessRunnerObserver>.
+/// common_ObserverOf<common_IProcessRunnerObserver>, or use common_ProcessRunnerObserver, which
+/// calls functions.
 class KEST_COMMON_EXPORT common_IProcessRunnerObserver
 {
 public:
@@ -25,12 +26,13 @@ public:
     /// The child printed something. The message is valid during this call only.
     virtual void onProcessMessageReceived(const common_IProcessMessage& message) = 0;
 
-    /// The child has ended, and all its complete lines were delivered. Called after
-    /// onExitCodeChanged(); the run's temporary files still exist.
+    /// The child has ended, and all its complete lines were delivered; text behind the last line
+    /// end is not. Called after onExitCodeChanged(); the run's temporary files still exist.
     virtual void onProcessDone() = 0;
 
-    /// The exit code, just before onProcessDone() or onFailedProcessStarted(). The observer must
-    /// not be destroyed in this call, because the other one follows.
+    /// The exit code, just before onProcessDone() or onFailedProcessStarted(). Before the latter it
+    /// means nothing: usually 0 or 255. The observer must not be destroyed in this call, because
+    /// the other one follows.
     virtual void onExitCodeChanged(int exitCode) = 0;
 
     virtual ~common_IProcessRunnerObserver();

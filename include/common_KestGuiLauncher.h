@@ -13,6 +13,7 @@ class QWidget;
 class KEST_COMMON_EXPORT common_KestGuiLauncher
 {
 public:
+    /// The applications that can be started. The numbers are fixed.
     enum AppType {
         CadKest = 0,  ///< the model editor
         PostKest = 1, ///< the results viewer

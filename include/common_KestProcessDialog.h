@@ -25,14 +25,18 @@ class QPushButton;
 /// be started, a message box says so, and the dialog stays hidden.
 ///
 /// When the process has ended the button "buttonOk" has the property "squishValue": "valid" when
-/// the last total percentage was 100, else "fault".
+/// the last total percentage was 100, else "fault". Nothing else counts: a run that ends with exit
+/// code 0 and has not reported 100 is a fault, and one that reports 100 and crashes is valid. A
+/// dialog that is not visible, as in a non-interactive application, ignores percentages, so that
+/// each run is a fault.
 ///
 /// The output is shown as rich text, but no file that it names is read. A message of the type
 /// Variable is a fatal assertion: do not ask components to print variables here.
 ///
-/// Needs the services common_IIconUtility, common_IPixmapUtility (the pictures "show_details_arrow"
-/// and "hide_arrow" of ":/rc/images"), common_IApplicationInfo and common_IApplication, and
-/// common_ISession for the message that the settings are locked.
+/// Needs the services common_IIconUtility and common_IPixmapUtility (common_ProcessDialogIcons has
+/// the names that they are asked for), common_IApplicationInfo and common_IApplication, and
+/// common_ISession for the message that the settings are locked. The constructor logs those that
+/// are missing.
 class KEST_COMMON_EXPORT common_KestProcessDialog
     : public QDialog,
       public common_ObserverOf<common_IProcessRunnerObserver>
@@ -40,6 +44,7 @@ class KEST_COMMON_EXPORT common_KestProcessDialog
     Q_OBJECT
 
 public:
+    /// Holds the runner together with other pointers.
     using Runner =
         common_ActivePtr<common_ProcessRunner<common_KestProcessMessage>, IntrusivePtrActor>;
 
@@ -70,7 +75,9 @@ protected:
     void onProcessDone() override;
     void onExitCodeChanged(int exitCode) override;
 
+    /// While the child runs, asks whether to stop it; without a yes, the dialog stays open.
     void closeEvent(QCloseEvent* event) override;
+    /// Escape closes the dialog, after the same question.
     void keyPressEvent(QKeyEvent* event) override;
 
 private Q_SLOTS:

@@ -29,9 +29,12 @@ class KEST_COMMON_EXPORT common_KestProcessMessage : public common_IProcessMessa
 public:
     /// Empty text of type Output.
     common_KestProcessMessage() = default;
+    /// The text is kept as it is.
     common_KestProcessMessage(Type type, const QString& text);
 
+    /// The body of the marker; of a percentage, a decimal integer.
     QString getText() const override;
+    /// The type that the marker stands for.
     Type getType() const override;
 
     /// The messages in one chunk, which is one line or one piece of a long line. Never fails.

@@ -13,7 +13,8 @@ class QFileInfo;
 ///
 /// A line is a host, or host:count with the number of its processes; "#" begins a comment. The file
 /// of the user, in KEST_USER_HOME, comes before that of the installation, in KEST_HOME/shared/mpi.
-/// The constructor searches; make a new finder to see a changed file.
+/// KEST_USER_HOME need not be the folder of kest.ini, which a service names: applications should
+/// let both be the same. The constructor searches; make a new finder to see a changed file.
 class KEST_COMMON_EXPORT common_MachineFileFinder : public QObject
 {
     Q_OBJECT

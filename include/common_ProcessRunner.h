@@ -13,7 +13,8 @@
 ///
 /// TMessage derives from common_IProcessMessage and has the static operations
 /// QVector<TMessage> parseOutput(const QString& line) and parseError(const QString& line).
-/// Use common_KestProcessMessage for solver components, common_GenericProcessMessage for others.
+/// Use common_KestProcessMessage for solver components. For other programs write a class of your
+/// own, or use common_GenericProcessMessage, whose texts lose the characters that are not ASCII.
 template <typename TMessage>
 class common_ProcessRunner : public common_ProcessRunnerBase
 {

@@ -29,13 +29,16 @@ class QProcess;
 /// event loop. The setters assert that no child is running.
 ///
 /// Standard output and standard error are read line by line; common_ProcessRunner turns the lines
-/// into messages. Text behind the last line end is not delivered. Lines are decoded as UTF-8; a
+/// into messages. Text behind the last line end is not delivered, also at the child's end: a
+/// program that ends without a line end loses its last line. Lines are decoded as UTF-8; a
 /// line of more than 1023 bytes is delivered in pieces of that size, each decoded by itself. Bytes
 /// that are not UTF-8, and a character that is cut between two pieces, become Unicode replacement
 /// characters; a byte order mark at the beginning of a piece is dropped.
 ///
-/// Hold a runner by common_ActivePtr: then a callback may release it. In a callback, observers may
-/// start and stop observing, and an observer may destroy itself, but not one whose turn is to come.
+/// Hold a runner by common_ActivePtr: then a callback may release it. Keep it until the child has
+/// ended, because the destructor kills a running child; see there. A runner needs no services. In a
+/// callback, observers may start and stop observing, and an observer may destroy itself, but not
+/// one whose turn is to come.
 ///
 /// A child's standard input is empty.
 ///
@@ -58,8 +61,9 @@ public:
     /// Runners are not copied: asserts, always; throws std::exception should that return.
     common_ProcessRunnerBase& operator=(const common_ProcessRunnerBase& other);
 
-    /// Asks a running child to terminate, and waits for it as QProcess's destructor does. Notifies
-    /// no observers and deletes no temporary files.
+    /// Kills a running child, and waits until it has ended. It is asked to terminate before, but
+    /// gets no time for it: to let a child end by itself, call stopProcess() and keep the runner
+    /// until onProcessDone(). Notifies no observers and deletes no temporary files.
     ~common_ProcessRunnerBase() override;
 
     /// The child's environment is the application's with these "NAME=value" entries on top.
@@ -68,25 +72,34 @@ public:
     /// entries and entries without exactly one "=" are ignored.
     void setProcessEnvironment(const QStringList& entries);
 
+    /// Replaces all arguments. Asserts, like the other setters, that no child is running.
     void setArguments(const QStringList& arguments);
+    /// Appends one argument.
     void addArgument(const QString& argument);
+    /// Appends the arguments in their order.
     void addArguments(QStringList arguments);
+    /// Removes all arguments.
     void clearArguments();
 
-    /// The absolute path of the file, which must not be empty.
+    /// The absolute path of the file, which must not be empty. A relative name is one in the
+    /// current folder, and the PATH is not searched: QFileInfo("echo") means "./echo".
     void setExecutable(const QFileInfo& fileInfo);
 
     /// The program just as given; a bare name is searched for in the PATH.
     void setExecutable(const QString& executable);
 
+    /// The folder that the child starts in; empty for that of the application.
     void setWorkingDirectory(const QString& directory);
 
     /// Files to delete at the end of a run, after the observers were notified. The list is kept for
     /// later runs. Of a link, the link itself is deleted; failures are ignored.
     void setTemporaryFilenames(const QStringList& filenames);
 
+    /// The arguments of the next run.
     QStringList getArguments() const;
+    /// The program of the next run. A bare name appears as a file of the current folder.
     QFileInfo getExecutable() const;
+    /// As it was set.
     QString getWorkingDirectory() const;
 
     /// Whether a child is running or starting.
@@ -96,7 +109,7 @@ public:
     QStringList getTemporaryFilenames() const;
 
     /// The exit code of the last child that ended. After crashExit() on Unix, the number of the
-    /// signal that ended it.
+    /// signal that ended it. After a failed start it means nothing: usually 0 or 255.
     int exitCode() const;
 
     /// Whether the last child ended by itself with exit code 0.
@@ -158,11 +171,16 @@ protected:
     /// Appends the text to the log, if logging is on.
     void logToFile(const QString& text);
 
+    /// Calls onProcessStarted() of every observer.
     void notifyProcessStarted();
+    /// Calls onExitCodeChanged(), then onFailedProcessStarted(), of every observer.
     void notifyFailedProcessStarted();
+    /// Calls onProcessMessageReceived() of every observer.
     void notifyProcessMessageReceived(const common_IProcessMessage& message);
+    /// Calls onExitCodeChanged(), then onProcessDone(), of every observer.
     void notifyProcessDone();
 
+    /// The number of runners; see getProcessCount().
     static int s_processCount;
 
 private:

@@ -56,18 +56,32 @@ public:
 
     /// Always null: the radio buttons exclude each other as siblings.
     QButtonGroup* m_pButtonGroup = nullptr;
+    /// Level of detail of meshes.
     QSlider* m_pMeshesSlider = nullptr;
+    /// Level of detail of geometry.
     QSlider* m_pGeometrySlider = nullptr;
+    /// Displacement of faces.
     QSlider* m_pFaceDisplacementSlider = nullptr;
+    /// All of the widget.
     QGridLayout* m_pMainGrid = nullptr;
+    /// The two radio buttons.
     QVBoxLayout* m_pRadioLayout = nullptr;
+    /// Below the sliders; owned by its layout.
     QSpacerItem* m_pSpacer = nullptr;
+    /// Inside the box of the face displacement.
     QGridLayout* m_pGroupGrid = nullptr;
+    /// The sliders of the levels of detail.
     QGridLayout* m_pTwoSlidersGrid = nullptr;
+    /// Chooses rendering by the graphics hardware.
     QRadioButton* m_pHardwareRadioButton = nullptr;
+    /// Chooses rendering by software.
     QRadioButton* m_pSoftwareRadioButton = nullptr;
+    /// Frame of the face displacement.
     QGroupBox* m_pFaceDisplacementBox = nullptr;
+    /// Explains the face displacement.
     QLabel* m_pFaceDisplacementText = nullptr;
+    /// Of the slider of geometry.
     QLabel* m_pGeometryLabel = nullptr;
+    /// Of the slider of meshes.
     QLabel* m_pMeshesLabel = nullptr;
 };

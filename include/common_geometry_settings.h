@@ -14,16 +14,26 @@ public:
     common_geometry_settings& operator=(const common_geometry_settings& other) = default;
     ~common_geometry_settings() override;
 
+    /// The left edge of the window, in pixels of the screen.
     int x_pos() const { return m_values.xPosition; }
+    /// The top edge of the window, in pixels of the screen.
     int y_pos() const { return m_values.yPosition; }
+    /// The width of the window that is not maximised, in pixels.
     int width() const { return m_values.width; }
+    /// The height of the window that is not maximised, in pixels.
     int height() const { return m_values.height; }
+    /// Whether the window is maximised.
     bool isMaximised() const { return m_values.maximised; }
 
+    /// In pixels; not checked, and not written before writeSettings(). So are the others.
     void set_x_pos(int position) { m_values.xPosition = position; }
+    /// In pixels; not checked.
     void set_y_pos(int position) { m_values.yPosition = position; }
+    /// In pixels; not checked.
     void set_width(int width) { m_values.width = width; }
+    /// In pixels; not checked.
     void set_height(int height) { m_values.height = height; }
+    /// Position and size are kept for when the window is not maximised.
     void set_isMaximised(bool maximised) { m_values.maximised = maximised; }
 
     /// Copies the values of the other object, and not its file name.

@@ -19,6 +19,7 @@ public:
     common_recent_file_settings& operator=(const common_recent_file_settings& other) = default;
     ~common_recent_file_settings() override;
 
+    /// The paths, newest first.
     QStringList recentFiles() const { return m_recentFiles; }
 
     /// Removes the first entry that contains the path, and puts the path first, in place of the
@@ -28,11 +29,14 @@ public:
     /// Removes the first entry; asserts that there is one.
     void removeNewestFile();
 
+    /// How many files the list takes.
     int getMaxRecentFiles() const { return m_maxRecentFiles; }
+    /// Does not shorten the list.
     void setMaxRecentFiles(int count) { m_maxRecentFiles = count; }
 
     /// Whether the application offers to restore the last session.
     bool getRecentSession() const { return m_recentSession; }
+    /// See getRecentSession().
     void setRecentSession(bool offered) { m_recentSession = offered; }
 
     /// Copies the list of the other object, and nothing else.

@@ -7,9 +7,14 @@
 
 /// Base of objects that keep their values in one group of a settings file, which they share with
 /// other objects and processes.
+///
+/// readSettings() and restoreDefaults() need the service common_IApplicationInfo, for the
+/// installation's default.ini. Nothing here takes a lock: hold a common_SettingsLock while settings
+/// are read, changed and written back.
 class KEST_COMMON_EXPORT common_settings
 {
 public:
+    /// Nothing is read yet. The file need not exist.
     common_settings(const QString& fileName, const QString& groupName, QSettings::Format format);
     common_settings(const common_settings& other) = default;
     common_settings& operator=(const common_settings& other) = default;

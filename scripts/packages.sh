@@ -1,5 +1,32 @@
 # For ./run and ./check: makes sure that Debian packages are there. To be sourced.
 
+# Whether to install without a question: where the caller says so (--yes), and where there is no terminal
+# to ask at, or a service for continuous integration.
+install_at_once=
+if [ ! -t 0 ] || [ ! -t 2 ] || [ "${CI:-}" = true ]; then
+    install_at_once=yes
+fi
+
+# confirm_install PACKAGE...: asks whether to install them; ends the program after a no.
+confirm_install() {
+    local answer
+    if [ -n "$install_at_once" ]; then
+        return 0
+    fi
+    echo "These packages are missing: $*" >&2
+    while true; do
+        if ! read -r -p "Install them? [Y/n] " answer; then
+            answer=no
+        fi
+        case ${answer,,} in
+            '' | y | yes) return 0 ;;
+            n | no)
+                echo "Nothing was installed. To install them yourself: apt-get install $*" >&2
+                exit 1 ;;
+        esac
+    done
+}
+
 # install_missing PACKAGE...: installs those of the packages that are not, and nothing else.
 install_missing() {
     local missing=() package
@@ -15,6 +42,7 @@ install_missing() {
     if [ ${#missing[@]} -eq 0 ]; then
         return 0
     fi
+    confirm_install "${missing[@]}"
     local as_root=()
     if [ "$(id -u)" -ne 0 ]; then
         as_root=(sudo)
@@ -25,5 +53,5 @@ install_missing() {
         apt-get -qq -y --no-install-recommends install "${missing[@]}" >/dev/null
 }
 
-build_packages=(cmake ninja-build g++ pkgconf qtbase5-dev libqt5svg5-dev libqt5charts5-dev
+build_packages=(cmake ninja-build g++ pkgconf python3 qtbase5-dev libqt5svg5-dev libqt5charts5-dev
     libspnav-dev libzip-dev nec2c mpich libmpich-dev openssh-client)

@@ -2,10 +2,7 @@
 
 #include "Installation.h"
 
-#include <common_EnvironmentVariablesExt.h>
-
-#include <QDir>
-#include <QStandardPaths>
+#include <common_DefaultServices.h>
 
 #include <utility>
 
@@ -24,11 +21,7 @@ QString ApplicationInfo::installationDirectory() const
 
 QString ApplicationInfo::userSettingsDirectory() const
 {
-    const QString home = common_EnvironmentVariablesExt::getVariableExpanded("KEST_USER_HOME");
-    return home.isEmpty()
-               ? QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation) +
-                     QStringLiteral("/kest")
-               : QDir(home).absolutePath();
+    return common_DefaultServices::userSettingsDirectory();
 }
 
 QString ApplicationInfo::defaultSettingsDirectory() const

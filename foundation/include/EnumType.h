@@ -8,6 +8,7 @@
 struct EnumType
 {
     EnumType() = default;
+    /// Text for the user, stored value, and key for scripts.
     EnumType(QString memberText, int memberValue, QString memberKey)
         : text(std::move(memberText)), value(memberValue), key(std::move(memberKey))
     {}

@@ -17,8 +17,11 @@ public:
     }
     ~common_AutoCounter() = default;
 
+    /// Adds 1.
     void increment() { ++m_value; }
+    /// Subtracts 1; the caller checks for 0.
     void decrement() { --m_value; }
+    /// The number now; another thread may change it at any time.
     int value() const { return m_value; }
 
 private:

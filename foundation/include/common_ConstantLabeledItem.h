@@ -12,6 +12,7 @@ public:
     virtual int getRefCount() const = 0;
     virtual ~common_ConstantLabeledItem();
 
+    /// The label, as doGetConstantLabel() gives it.
     virtual common_Label getLabel() const;
 
 protected:
@@ -19,5 +20,6 @@ protected:
     common_ConstantLabeledItem(const common_ConstantLabeledItem&) = default;
     common_ConstantLabeledItem& operator=(const common_ConstantLabeledItem&) = default;
 
+    /// Must return the same label in every call.
     virtual common_Label doGetConstantLabel() const = 0;
 };

@@ -15,6 +15,8 @@ public:
     virtual int getRefCount() const = 0;
     virtual ~common_IPropertyContainer();
 
+    /// Whether the container holds a property of that name. A registered one that was never
+    /// referred to is not held.
     virtual bool hasProperty(const QString& name) const = 0;
 
     /// The names of the properties held, in the order of their registration.

@@ -38,6 +38,7 @@ public:
         m_observerConnectionMap.remove(pObservable);
     }
 
+    /// Whether this observes the observable.
     bool isObserving(common_ObservableVia<T>* pObservable) const
     {
         return m_observerConnectionMap.contains(pObservable);

@@ -64,7 +64,9 @@ protected:
         Strict   ///< asserts that each has an observer, leaves one without an owner as it is
     };
 
+    /// The connections in the order in which they were attached; they are owned by the observers.
     QVector<common_ObserverConnection<T>*>& getObservers() { return m_observers; }
+    /// The same, for reading.
     const QVector<common_ObserverConnection<T>*>& getObservers() const { return m_observers; }
 
     /// Calls an operation without arguments on every observer; see notifyObservers().

@@ -33,6 +33,7 @@ class KEST_FOUNDATION_EXPORT common_PropertyContainer
 public:
     ~common_PropertyContainer() override;
 
+    /// Whether a property of that name is held.
     bool hasProperty(const QString& name) const override;
     QStringList getProperties() const override;
     common_Property operator[](const QString& name) const override;

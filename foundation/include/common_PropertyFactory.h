@@ -18,6 +18,7 @@ public:
     /// reference stays valid until the process ends.
     static common_PropertyMetaData& getMetaData(const QString& name);
 
+    /// Whether a property of that name is registered.
     static bool hasMetaData(const QString& name);
 
     /// All names, in the order of registration.

@@ -10,8 +10,10 @@
 class KEST_FOUNDATION_EXPORT common_PropertyMetaData
 {
 public:
+    /// One member of an enumerated property.
     using EnumType = ::EnumType;
 
+    /// The type of the values. The numbers are fixed.
     enum Type {
         Boolean = 1,
         String = 2,
@@ -19,10 +21,12 @@ public:
         Double = 5
     };
 
+    /// How many values a property has.
     enum Cardinality {
         Single = 0 ///< one value
     };
 
+    /// How the value is kept. The numbers are fixed.
     enum Flag {
         Persistent = 1, ///< a settings file keeps the value
         Assigned = 2,   ///< the container gives the property a value by itself
@@ -36,15 +40,21 @@ public:
     common_PropertyMetaData(const QString& name, const QString& label, Type type,
                             Cardinality cardinality, int flags);
 
+    /// The key in containers and settings files.
     QString name() const { return m_name; }
+    /// The text for the user; may be empty.
     QString label() const { return m_label; }
+    /// Decides how values are converted.
     Type type() const { return m_type; }
+    /// Always Single.
     Cardinality cardinality() const { return m_cardinality; }
+    /// A combination of Flag and of bits of the application.
     int flags() const { return m_flags; }
 
     /// The members of an enumerated property, in order; empty for any other.
     QVector<EnumType> getEnumList() const { return m_enumList; }
 
+    /// Makes the property enumerated: its integer is the value of one of these members.
     void setEnumerated(const QVector<EnumType>& members) { m_enumList = members; }
 
 private:

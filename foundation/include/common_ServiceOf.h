@@ -14,9 +14,19 @@ public:
 
     /// Sets the service; null removes it.
     static void set(const char* interfaceName, void* service);
+
+    /// Logs that the service of that name is needed and not set, and which call sets it.
+    static void reportMissing(const char* name);
 };
 
 /// Access to the service that the application offers through the interface T, if it offers one.
+///
+/// An application sets its services at the start, before it uses the library:
+///
+///     common_ServiceOf<common_ISession>::setService(&session);
+///
+/// Which ones are needed is said by common_ServiceCheck; common_DefaultServices sets all of them.
+/// Both are in kest::common.
 ///
 /// There is one table of services for the whole process. A static member of this template would
 /// exist once in every library, and a library would not see the application's services.
@@ -24,12 +34,16 @@ template <typename T>
 class common_ServiceOf
 {
 public:
+    /// Whether the application has set the service.
     static bool hasService() { return find() != nullptr; }
 
-    /// The service; asserts that there is one, with the name, the file and the line given. Use
-    /// GET_SERVICE(T), which fills them in.
+    /// The service; asserts that there is one, with the name, the file and the line given, after
+    /// the call that sets the service was logged. Use GET_SERVICE(T), which fills them in.
     static T* getService(const char* name, const char* file, int line)
     {
+        if (!hasService()) {
+            common_ServiceTable::reportMissing(name);
+        }
         COMMON_ASSERT_AT(hasService(), name, file, line);
         return find();
     }

@@ -11,7 +11,9 @@
 class KEST_FOUNDATION_EXPORT common_UserMessage
 {
 public:
+    /// How serious the message is. The numbers are fixed.
     enum MessageType { Information = 0, Warning = 1, Error = 2 };
+    /// How the text is read. The numbers are fixed.
     enum MessageFormat { PlainText = 0, RichText = 1 };
 
     /// The code identifies the message for support staff.
@@ -22,9 +24,13 @@ public:
     common_UserMessage& operator=(const common_UserMessage&) = delete;
     virtual ~common_UserMessage();
 
+    /// What the user reads, in the format of format().
     QString text() const { return m_text; }
+    /// For support staff; may be empty.
     QString code() const { return m_code; }
+    /// How serious the message is.
     MessageType type() const { return m_type; }
+    /// Whether the text has markup.
     MessageFormat format() const { return m_format; }
 
     void reference() { m_refCount.increment(); }

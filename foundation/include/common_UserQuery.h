@@ -17,7 +17,9 @@ class QWidget;
 class KEST_FOUNDATION_EXPORT common_UserQuery
 {
 public:
+    /// The icon of the box. The numbers are fixed.
     enum MessageType { Error = 0, Warning = 1, Information = 2 };
+    /// Which key chooses a button. The numbers are fixed.
     enum OptionDefaultType {
         NoDefault = 0,
         EnterDefault = 1, ///< the Enter key chooses it

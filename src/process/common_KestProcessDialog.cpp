@@ -6,10 +6,11 @@
 #include "widgets/common_ProcessDialogServices.h"
 #include "widgets/common_ProcessDialogWidgets.h"
 
-#include "common_LaunchOptionKeys.h"
-
 #include <common_ComponentsLaunchOptions.h>
 #include <common_IProcessMessage.h>
+#include <common_LaunchOptionNames.h>
+#include <common_ProcessDialogIcons.h>
+#include <common_ServiceCheck.h>
 #include <common_UserQuery.h>
 
 #include <QAction>
@@ -41,7 +42,7 @@ QString promptText()
 
 QString detailsShownKey()
 {
-    return QLatin1String(common_LaunchOptionKeys::runDetailsShown);
+    return QLatin1String(common_LaunchOptionNames::runDetailsShown);
 }
 
 // A bar that is not visible keeps its value.
@@ -53,6 +54,16 @@ void showPercentage(QProgressBar* bar, const QString& text)
     }
 }
 
+// Some services are used only in the middle of a run, or when a file is locked.
+void reportMissingServices()
+{
+    const QString problem = common_ServiceCheck::problem(common_ServiceCheck::ProcessDialog);
+    if (!problem.isEmpty()) {
+        qWarning("common_KestProcessDialog: %s", qUtf8Printable(problem));
+    }
+}
+
+// The names of the outcomes are those of their icons.
 void setOutcome(QPushButton* button, const char* outcome)
 {
     button->setIcon(common_ProcessDialogServices::icon(outcome));
@@ -64,6 +75,7 @@ void setOutcome(QPushButton* button, const char* outcome)
 common_KestProcessDialog::common_KestProcessDialog(Runner runner, QWidget* parent)
     : QDialog(parent, Qt::WindowMinimizeButtonHint), m_pRunner(std::move(runner))
 {
+    reportMissingServices();
     setAttribute(Qt::WA_DeleteOnClose);
     startObserving(m_pRunner.get());
     setWindowFlags(windowFlags() & ~Qt::WindowContextHelpButtonHint);
@@ -72,11 +84,11 @@ common_KestProcessDialog::common_KestProcessDialog(Runner runner, QWidget* paren
     auto* const layout = new QVBoxLayout(this);
     layout->addLayout(createProgressLayout());
     m_pNoticesCount = new QLabel(QString::number(0));
-    m_pNoticesBox = widgets::createCountBox("info", m_pNoticesCount,
+    m_pNoticesBox = widgets::createCountBox(common_ProcessDialogIcons::info, m_pNoticesCount,
                                             QStringLiteral("distinct notice(s) occurred"));
     layout->addWidget(m_pNoticesBox);
     m_pWarningsCount = new QLabel(QString::number(0));
-    m_pWarningsBox = widgets::createCountBox("warning", m_pWarningsCount,
+    m_pWarningsBox = widgets::createCountBox(common_ProcessDialogIcons::warning, m_pWarningsCount,
                                              QStringLiteral("distinct warning(s) occurred"));
     layout->addWidget(m_pWarningsBox);
     m_pInfoLabel = common_CommandLabel::create();
@@ -205,7 +217,8 @@ void common_KestProcessDialog::onProcessDone()
     m_pOkButton->setFocus();
     m_pBusyLabel->movie()->stop();
     const bool complete = m_pTotalProgressBar->value() == m_pTotalProgressBar->maximum();
-    setOutcome(m_pOkButton, complete ? "valid" : "fault");
+    setOutcome(m_pOkButton,
+               complete ? common_ProcessDialogIcons::valid : common_ProcessDialogIcons::fault);
 }
 
 void common_KestProcessDialog::onExitCodeChanged(int /*exitCode*/)

@@ -96,7 +96,7 @@ private Q_SLOTS:
         const ApplicationRequest request = ApplicationRequest::read(program, words(line));
         QCOMPARE(request.task.problem, QString());
         QCOMPARE(request.windowSystem, windowSystem);
-        QVERIFY(!request.isQuestion);
+        QVERIFY(!request.isStandalone);
         QCOMPARE(request.task.run(), exitCode);
     }
 
@@ -117,7 +117,30 @@ private Q_SLOTS:
         const ApplicationRequest request = ApplicationRequest::read(program, words(line));
         QCOMPARE(request.task.problem, QString());
         QCOMPARE(request.windowSystem, WindowSystem::None);
-        QVERIFY(request.isQuestion);
+        QVERIFY(request.isStandalone);
+    }
+
+    void consoleProgramNeedsNothing()
+    {
+        ApplicationDescription program;
+        program.identity.name = text("program");
+        program.consoleCommands = {{"check", {}, "[FILE]", "check it", runCommand}};
+        const QVector<QPair<const char*, int>> rows = {{"check", commandCode},
+                                                       {"check a", commandCode},
+                                                       {"check a b", 2},
+                                                       {"chek", 2},
+                                                       {"", 2},
+                                                       {"--help", 0},
+                                                       {"--version", 0},
+                                                       {"-v", 0},
+                                                       {"--nonsense", 2}};
+        for (const auto& [line, exitCode] : rows) {
+            const ApplicationRequest request = ApplicationRequest::read(program, words(text(line)));
+            QCOMPARE(request.task.problem, QString());
+            QCOMPARE(request.windowSystem, WindowSystem::None);
+            QVERIFY(request.isStandalone);
+            QCOMPARE(request.task.run(), exitCode);
+        }
     }
 
     void mistakesAreProblems_data()
@@ -152,7 +175,7 @@ private Q_SLOTS:
         const ApplicationRequest request = ApplicationRequest::read(program, words(line));
         QCOMPARE(request.task.problem, problem);
         QCOMPARE(request.windowSystem, windowSystem);
-        QVERIFY(!request.isQuestion);
+        QVERIFY(!request.isStandalone);
     }
 
     void sizesHaveLimits_data()

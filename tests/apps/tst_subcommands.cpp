@@ -73,6 +73,12 @@ private Q_SLOTS:
                       "  Values are kept.\n"));
     }
 
+    void programOfCommandsAloneHasAUsage()
+    {
+        const SubcommandGroup alone(QString(), {{"list", {}, "", "show all", note}}, QString());
+        QCOMPARE(alone.usage(), text("Usage: program COMMAND\n  list  show all\n"));
+    }
+
     void commandsGetTheirWords_data()
     {
         QTest::addColumn<QString>("words");
@@ -94,6 +100,7 @@ private Q_SLOTS:
         row("find a --flag --state good b", "a b option 5 good");
         row("find a b --wait 9 --state=so=so", "a b option 9 so=so");
         row("drop", "no option 5");
+        row("get -", "- no option 5");
         row("drop a b c d --flag", "a b c d option 5");
     }
 

@@ -51,6 +51,7 @@ using Pointer = common_ActivePtr<Counted>;
 static_assert(!std::is_convertible<Pointer, bool>::value, "bool only where it is asked for");
 static_assert(std::is_nothrow_move_constructible<Pointer>::value, "containers move it");
 static_assert(!std::is_convertible<Pointer, common_ActivePtr<Special>>::value, "no downcast");
+static_assert(!std::is_convertible<common_ActivePtr<const Counted>, Pointer>::value, "stays const");
 
 } // namespace
 
@@ -68,6 +69,17 @@ private Q_SLOTS:
         QVERIFY(!pointer);
         QVERIFY(pointer == nullptr);
         QCOMPARE(pointer.get(), static_cast<Counted*>(nullptr));
+    }
+
+    void holdsAConstantObject()
+    {
+        common_ActivePtr<const Counted> pointer(new Counted);
+        QCOMPARE(pointer->getRefCount(), 1);
+        const Pointer changeable(new Special);
+        pointer = changeable;
+        QCOMPARE(Counted::s_alive, 1);
+        QCOMPARE(changeable->getRefCount(), 2);
+        QCOMPARE(pointer->number, 7);
     }
 
     void constructionFromARawPointerTakesAReference()

@@ -1,6 +1,7 @@
 #include "WindowTest.h"
 
 #include <QMessageBox>
+#include <QRegularExpression>
 
 #include <csignal>
 
@@ -109,6 +110,61 @@ private Q_SLOTS:
         m_stage->window().close();
         QCOMPARE(unwilling.texts, QStringList({text("Stop long.nec, 50 %?"),
                                                text("Stop long.nec, 50 %, and quit?")}));
+    }
+
+    void remainingTimeIsInTheQuestionAndFollowsTheRun()
+    {
+        m_stage->askFromTheStart();
+        startWaitingRun("steady", "long.nec");
+        QTRY_VERIFY_WITH_TIMEOUT(!m_stage->cell(0, "Remaining").isEmpty(), longTime);
+        const QRegularExpression form(text("^Stop long\\.nec, [0-9]+ %, about [0-9]+ s left\\?$"));
+        QString later;
+        BoxAnswerer patient([&later](QMessageBox& box) {
+            const QString first = box.text();
+            const bool isUpdated =
+                QTest::qWaitFor([&] { return box.text() != first; }, longTime / 2);
+            later = isUpdated ? box.text() : text("the same");
+            box.reject();
+        });
+        m_stage->pressStop();
+        QCOMPARE(patient.texts.size(), 1);
+        QVERIFY2(form.match(patient.texts.first()).hasMatch(), qPrintable(patient.texts.first()));
+        QVERIFY2(form.match(later).hasMatch(), qPrintable(later));
+    }
+
+    // Nothing else changes any more.
+    void remainingTimeGoesFromTheQuestionWhenItIsNoLongerKnown()
+    {
+        m_stage->askFromTheStart();
+        startWaitingRun("paused", "long.nec");
+        QTRY_COMPARE_WITH_TIMEOUT(m_stage->cell(0, "Progress"), text("50 %"), longTime);
+        QVERIFY(!m_stage->cell(0, "Remaining").isEmpty());
+        bool hasGone = false;
+        BoxAnswerer patient([&hasGone](QMessageBox& box) {
+            hasGone = QTest::qWaitFor([&] { return box.text() == text("Stop long.nec, 50 %?"); },
+                                      longTime / 2);
+            box.reject();
+        });
+        m_stage->pressStop();
+        QVERIFY(hasGone);
+        QCOMPARE(patient.texts.size(), 1);
+        QVERIFY2(patient.texts.first().startsWith(text("Stop long.nec, 50 %, about ")),
+                 qPrintable(patient.texts.first()));
+    }
+
+    void ofSeveralRunsEachHasItsRemainingTime()
+    {
+        startWaitingRun("steady", "a.nec");
+        startWaitingRun("wait", "b.nec");
+        QTRY_VERIFY_WITH_TIMEOUT(!m_stage->cell(0, "Remaining").isEmpty(), longTime);
+        BoxAnswerer unwilling(WindowStage::pressing(Qt::Key_Escape));
+        m_stage->window().close();
+        QCOMPARE(unwilling.texts.size(), 1);
+        const QRegularExpression form(
+            text("^Stop these 2 runs, and quit\\?\n\na\\.nec, [0-9]+ %, about [0-9]+ s left\n"
+                 "b\\.nec, 0 %$"));
+        QVERIFY2(form.match(unwilling.texts.first()).hasMatch(),
+                 qPrintable(unwilling.texts.first()));
     }
 
     void ofManyRunsTheFirstAreNamed()

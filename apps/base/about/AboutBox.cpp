@@ -8,6 +8,7 @@
 #include <common_IApplicationInfo.h>
 #include <common_ServiceOf.h>
 
+#include <QCoreApplication>
 #include <QMessageBox>
 #include <QPointer>
 

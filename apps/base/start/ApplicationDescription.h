@@ -33,6 +33,11 @@ struct ApplicationDescription
     /// Groups of subcommands.
     QVector<SubcommandGroup> commandGroups;
 
+    /// The commands of a program that has no window. It consists of these alone, and needs no
+    /// installation and no services; of the rest of this description it uses the identity and the
+    /// notes.
+    QVector<Subcommand> consoleCommands;
+
     /// Called before the services are set and the task is run; may be empty.
     std::function<void()> prepare;
 

@@ -124,11 +124,32 @@ ApplicationRequest readOptions(const ApplicationDescription& application, const 
     return {isInteractive ? WindowSystem::Display : application.nonInteractiveSystem, false, task};
 }
 
+QString programVersion()
+{
+    return Versions::program() + QLatin1Char('\n');
+}
+
+// Of a program without a window.
+ApplicationRequest consoleRequest(const ApplicationDescription& application,
+                                  const QStringList& words)
+{
+    const QString first = words.value(1);
+    if (first == QLatin1String("--version") || first == QLatin1String("-v")) {
+        return answer(programVersion);
+    }
+    const SubcommandGroup group(QString(), application.consoleCommands, application.notes);
+    const QStringList rest = words.mid(1);
+    return {WindowSystem::None, true, {QString(), [group, rest] { return group.run(rest); }}};
+}
+
 } // namespace
 
 ApplicationRequest ApplicationRequest::read(const ApplicationDescription& application,
                                             const QStringList& words)
 {
+    if (!application.consoleCommands.isEmpty()) {
+        return consoleRequest(application, words);
+    }
     const QString first = words.value(1);
     const auto group =
         std::find_if(application.commandGroups.begin(), application.commandGroups.end(),

@@ -11,7 +11,7 @@ struct ApplicationDescription;
 struct ApplicationRequest
 {
     WindowSystem windowSystem = WindowSystem::None;
-    bool isQuestion = false; ///< only prints a text, such as the help
+    bool isStandalone = false; ///< needs no installation and no services, as the help does
     ApplicationTask task;
 
     /// The words include the program's name. Needs no application object, but the task does. Qt's

@@ -94,7 +94,7 @@ int ApplicationStart::run(const ApplicationDescription& application, int argc, c
     if (!request.task.problem.isEmpty()) {
         return refuse(request.task.problem, arguments.hint());
     }
-    if (request.isQuestion) {
+    if (request.isStandalone) {
         return completed(request.task);
     }
     const QString folderProblem = SuiteFolders::problem();

@@ -50,8 +50,9 @@ SubcommandGroup::SubcommandGroup(QString name, QVector<Subcommand> commands, QSt
 QString SubcommandGroup::usage() const
 {
     const int width = widthOf(m_commands);
-    QString text =
-        QStringLiteral("Usage: %1 %2 COMMAND\n").arg(QCoreApplication::applicationName(), m_name);
+    QStringList words = {QCoreApplication::applicationName(), m_name, QStringLiteral("COMMAND")};
+    words.removeAll(QString());
+    QString text = QStringLiteral("Usage: %1\n").arg(words.join(QLatin1Char(' ')));
     for (const Subcommand& command : m_commands) {
         text += lineOf(command, width);
     }

@@ -9,7 +9,8 @@
 class SubcommandGroup
 {
 public:
-    /// The notes are lines that the help has below the commands.
+    /// The notes are lines that the help has below the commands. The name is empty for the commands
+    /// of a program that has no others.
     SubcommandGroup(QString name, QVector<Subcommand> commands, QString notes);
 
     QString name() const { return m_name; }

@@ -22,7 +22,7 @@ void SubcommandWords::read(QStringList words)
             std::find_if(options.cbegin(), options.cend(), [&name](const SubcommandOption& row) {
                 return name == QLatin1String(row.name);
             });
-        if (!word.startsWith(QLatin1Char('-'))) {
+        if (!word.startsWith(QLatin1Char('-')) || word == QLatin1String("-")) {
             m_operands.append(word);
         } else if (option != options.cend()) {
             readOption(*option, word, words);

@@ -11,8 +11,8 @@ struct SubcommandOption;
 class SubcommandWords
 {
 public:
-    /// Separates options from operands; options may stand anywhere. The command must outlive this
-    /// object.
+    /// Separates options from operands; options may stand anywhere. "-" alone is an operand. The
+    /// command must outlive this object.
     SubcommandWords(const Subcommand& command, QStringList words);
 
     /// Why the words are invalid; empty if the command can be run.

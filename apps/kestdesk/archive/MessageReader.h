@@ -18,7 +18,7 @@ public:
 
     /// Passes on the messages that were added since the last call, at most about `mostBytes` of
     /// them. False if there are none.
-    bool read(const Take& take, qint64 mostBytes = 1024 * 1024);
+    bool read(const Take& take, qint64 mostBytes = 1 << 20);
 
     /// Passes on all remaining messages.
     void readAll(const Take& take);

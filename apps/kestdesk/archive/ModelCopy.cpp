@@ -10,7 +10,7 @@
 namespace {
 
 const QString copyName = QStringLiteral("model.nec");
-constexpr qint64 largestModel = 64 * 1024 * 1024;
+constexpr qint64 largestModel = 64 << 20;
 
 QString checksum(const QByteArray& bytes)
 {

@@ -15,7 +15,7 @@ namespace {
 
 const QString startFile = QStringLiteral("run.json");
 const QString endFile = QStringLiteral("end.json");
-constexpr qint64 mostBytes = 16 * 1024 * 1024; // of a part
+constexpr qint64 mostBytes = 16 << 20; // of a part
 
 std::optional<QJsonObject> readObject(const QString& path)
 {

@@ -9,7 +9,7 @@
 
 namespace {
 
-constexpr qint64 largestCopy = 1024 * 1024; // of a table
+constexpr qint64 largestCopy = 1 << 20; // of a table
 constexpr int mostCopies = 20;
 
 void addChecksum(RunRecord::File& entry)

@@ -16,7 +16,7 @@ using namespace std::chrono_literals;
 
 constexpr auto interval = 200ms;      // between two writes
 constexpr auto syncInterval = 1000ms; // between two syncs to the disk
-constexpr qint64 usualMostBytes = 64 * 1024 * 1024;
+constexpr qint64 usualMostBytes = 64 << 20;
 
 } // namespace
 

@@ -21,7 +21,7 @@ using RunSetup::Readiness;
 
 const QString machinesFileOption = QStringLiteral("--machines-file");
 constexpr int behindTheModel = 1; // the model is always the first argument
-constexpr qint64 megabyte = 1024 * 1024;
+constexpr qint64 megabyte = 1 << 20;
 constexpr qint64 largestModel = 64 * megabyte;
 constexpr qint64 largestMachinesFile = megabyte;
 constexpr int mostCopies = 1000; // of a model in its folder
@@ -91,6 +91,26 @@ Readiness addMachinesFile(ComponentRunner& runner, const RunRecord& record, QStr
     return {};
 }
 
+Readiness setUpRecorded(const Run& run, const RunRecord& record)
+{
+    ComponentRunner& runner = *run.runner();
+    runner.deleteTemporaryFiles();
+    const QString missing = missingPart(run, record);
+    if (!missing.isEmpty()) {
+        return problem(missing);
+    }
+    QStringList arguments = record.arguments;
+    arguments.first() = QFileInfo(run.model()).fileName();
+    Readiness readiness = addMachinesFile(runner, record, arguments);
+    if (readiness.isReady()) {
+        runner.setExecutable(QFileInfo(record.program));
+        runner.setWorkingDirectory(record.workingDirectory);
+        runner.setArguments(arguments);
+        runner.setProcessEnvironment(record.environment);
+    }
+    return readiness;
+}
+
 } // namespace
 
 ModelState RecordedRun::modelState(const RunRecord& record)
@@ -155,20 +175,5 @@ Readiness RecordedRun::setUp(Run& run, const RunRecord& record, common_CommonSet
     if (!hasCommand(record)) {
         return run.setUp(RunOptionWords::options(record.runOptions), settings);
     }
-    ComponentRunner& runner = *run.runner();
-    runner.deleteTemporaryFiles();
-    const QString missing = missingPart(run, record);
-    if (!missing.isEmpty()) {
-        return problem(missing);
-    }
-    QStringList arguments = record.arguments;
-    arguments.first() = QFileInfo(run.model()).fileName();
-    Readiness readiness = addMachinesFile(runner, record, arguments);
-    if (readiness.isReady()) {
-        runner.setExecutable(QFileInfo(record.program));
-        runner.setWorkingDirectory(record.workingDirectory);
-        runner.setArguments(arguments);
-        runner.setProcessEnvironment(record.environment);
-    }
-    return readiness;
+    return run.setUpBy([&run, &record] { return setUpRecorded(run, record); });
 }

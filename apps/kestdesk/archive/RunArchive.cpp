@@ -25,7 +25,7 @@ namespace {
 const QString newPrefix = QStringLiteral(".new-");
 const QString removedPrefix = QStringLiteral(".removed-");
 const QString machinesCopy = QStringLiteral("machines.kest");
-constexpr qint64 megabyte = 1024 * 1024;
+constexpr qint64 megabyte = 1 << 20;
 constexpr qint64 largestMachinesFile = megabyte;
 
 qint64 folderSize(const QString& folder)

@@ -82,13 +82,13 @@ QVector<RunRecord::File> files(const Run& run)
 
 RunRecord RunFacts::ofProgram(const Run& run)
 {
-    const ComponentRunner& runner = *run.runner();
+    const common_ActivePtr<ComponentRunner> runner = run.runner();
     RunRecord record;
     record.component = run.componentName();
     record.model = QFileInfo(run.model()).absoluteFilePath();
-    record.program = runner.getExecutable().filePath();
-    record.arguments = runner.getArguments();
-    record.workingDirectory = runner.getWorkingDirectory();
+    record.program = runner->getExecutable().filePath();
+    record.arguments = runner->getArguments();
+    record.workingDirectory = runner->getWorkingDirectory();
     addComputer(record);
     return record;
 }

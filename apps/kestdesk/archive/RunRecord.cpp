@@ -99,7 +99,8 @@ void readValue(const QJsonValue& json, int& value)
 void readValue(const QJsonValue& json, QStringList& value)
 {
     value.clear();
-    for (const QJsonValue& each : json.toArray()) {
+    const QJsonArray array = json.toArray();
+    for (const QJsonValue& each : array) {
         value.append(each.toString());
     }
 }
@@ -144,7 +145,8 @@ QJsonArray optionsToJson(const QVector<RunRecord::Option>& options)
 QVector<RunRecord::Option> optionsOf(const QJsonValue& json)
 {
     QVector<RunRecord::Option> options;
-    for (const QJsonValue& each : json.toArray()) {
+    const QJsonArray array = json.toArray();
+    for (const QJsonValue& each : array) {
         options.append({each[QStringLiteral("name")].toString(),
                         each[QStringLiteral("value")].toString(),
                         each[QStringLiteral("default")].toString()});
@@ -167,7 +169,8 @@ QJsonArray filesToJson(const QVector<RunRecord::File>& files)
 QVector<RunRecord::File> filesOf(const QJsonValue& json)
 {
     QVector<RunRecord::File> files;
-    for (const QJsonValue& each : json.toArray()) {
+    const QJsonArray array = json.toArray();
+    for (const QJsonValue& each : array) {
         const double size = each[QStringLiteral("size")].toDouble(-1);
         files.append({each[QStringLiteral("path")].toString(), static_cast<qint64>(size),
                       each[QStringLiteral("checksum")].toString(),

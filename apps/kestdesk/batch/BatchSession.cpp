@@ -44,9 +44,17 @@ BatchSession::BatchSession(const Component& component, common_RunWrapper::RunOpt
     connect(&m_queue, &RunQueue::startRequested, this, &BatchSession::start);
     connect(&m_shutdown, &Shutdown::done, this, &BatchSession::leave);
     StopSignals::watch(this, [this] { onStopRequested(); });
+    closeInterruptedRecords();
 }
 
 BatchSession::~BatchSession() = default;
+
+// The models do not wait for the records of earlier runs.
+void BatchSession::closeInterruptedRecords()
+{
+    m_disk.post(
+        [archive = m_setting.archive](const DiskThread::Answer&) { archive.closeInterrupted(); });
+}
 
 void BatchSession::setJobs(int jobs)
 {

@@ -2,6 +2,7 @@
 
 #include "BatchReport.h"
 #include "BatchRun.h"
+#include "DiskThread.h"
 #include "RunQueue.h"
 #include "Shutdown.h"
 
@@ -40,6 +41,7 @@ public:
     int exec();
 
 private:
+    void closeInterruptedRecords();
     void queueModels();
     void start(const QueuedRun& queued);
     void onFinished(const QueuedRun& queued);
@@ -58,4 +60,5 @@ private:
     RunQueue m_queue;
     int m_finishedCount = 0;
     std::vector<std::unique_ptr<BatchRun>> m_runs; ///< by model; null if it has not begun
+    DiskThread m_disk;                             ///< the first to go
 };

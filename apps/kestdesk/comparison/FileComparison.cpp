@@ -14,7 +14,7 @@ namespace {
 using File = RunComparison::File;
 using State = File::State;
 
-constexpr qint64 largestTable = 64 * 1024 * 1024;
+constexpr qint64 largestTable = 64 << 20;
 
 // Indexed by State.
 constexpr const char* stateWords[] = {"same", "different", "only left", "only right", "unknown"};

@@ -16,7 +16,7 @@ namespace {
 using Field = RunComparison::Field;
 using Fields = QVector<Field>;
 
-constexpr qint64 largestText = 64 * 1024 * 1024;
+constexpr qint64 largestText = 64 << 20;
 
 struct FieldRow
 {
@@ -75,7 +75,8 @@ constexpr FieldGroup fieldGroups[] = {
 QString textOf(const QJsonValue& json)
 {
     QStringList words;
-    for (const QJsonValue& each : json.toArray()) {
+    const QJsonArray array = json.toArray();
+    for (const QJsonValue& each : array) {
         words.append(each.toString());
     }
     return json.isArray() ? words.join(QLatin1Char(' ')) : json.toVariant().toString();

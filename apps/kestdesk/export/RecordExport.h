@@ -9,7 +9,7 @@ struct RunRecord;
 namespace RecordExport {
 
 /// Default limit for the result files in an export, in bytes.
-constexpr qint64 usualResultBytes = 100 * 1000 * 1000;
+constexpr qint64 usualResultBytes = 100'000'000;
 
 /// Writes a zip file with the record, its summary, its messages, the copies of the model and of the
 /// machines file, and the files that the run has written, up to `mostResultBytes`. Its README.txt

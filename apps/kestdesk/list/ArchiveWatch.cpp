@@ -44,7 +44,7 @@ struct ArchiveWatch::Reader
     QHash<int, Known> known;
 
     std::optional<RunRecord> readIfChanged(int number);
-    bool follow(Known& record, const QString& folder);
+    bool follow(Known& record, const QString& file);
     QVector<int> takeMissing(const QVector<int>& numbers);
 };
 

@@ -80,7 +80,7 @@ void QueuePanel::makeButtons(QWidget* head)
 }
 
 QPushButton* QueuePanel::addButton(QWidget* head, const char* name, const char* text,
-                                   const char* toolTip, void (QueuePanel::*slot)())
+                                   const char* toolTip, void (QueuePanel::*slot)()) const
 {
     auto* const button = new QPushButton(QLatin1String(text), head);
     button->setObjectName(QLatin1String(name));

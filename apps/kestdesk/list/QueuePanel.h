@@ -20,7 +20,7 @@ public:
 private:
     void makeButtons(QWidget* head);
     QPushButton* addButton(QWidget* head, const char* name, const char* text, const char* toolTip,
-                           void (QueuePanel::*slot)());
+                           void (QueuePanel::*slot)()) const;
     void update();
     void updateButtons();
     QVector<int> selectedIds() const;

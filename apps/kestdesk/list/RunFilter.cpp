@@ -67,7 +67,7 @@ QVariant RunFilter::data(const QModelIndex& index, int role) const
     const bool isHead = m_isGrouped && index.column() == RunTableModel::ModelColumn &&
                         (role == Qt::DisplayRole || role == Qt::FontRole) &&
                         startsGroup(index.row());
-    const QVariant value = QSortFilterProxyModel::data(index, role);
+    QVariant value = QSortFilterProxyModel::data(index, role);
     if (!isHead) {
         return value;
     }

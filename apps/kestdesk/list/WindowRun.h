@@ -64,6 +64,8 @@ public:
     int errors() const { return m_errors; }
     int warnings() const { return m_warnings; }
 
+    const RunForecast& forecast() const { return m_forecast; }
+
     /// The remaining time: "about 3:40"; empty while there is no estimate.
     QString remainingText() const { return m_forecast.shortText(); }
 

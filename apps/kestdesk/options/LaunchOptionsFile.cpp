@@ -1,10 +1,10 @@
 #include "LaunchOptionsFile.h"
 
-#include <KEST_binfiles.h>
 #include <common_IApplicationInfo.h>
 #include <common_PropertyFactory.h>
 #include <common_PropertyMetaData.h>
 #include <common_ServiceOf.h>
+#include <common_SettingsLock.h>
 
 #include <QDir>
 #include <QFileInfo>
@@ -15,32 +15,6 @@
 #include <system_error>
 
 namespace {
-
-struct LockOwner
-{
-    qint64 process; ///< 0 when nobody holds the file, or it cannot be told
-    QString program;
-    QString host;
-};
-
-// Nothing that steers a terminal.
-QString shown(const char* name)
-{
-    QString text = QString::fromUtf8(name);
-    std::replace_if(
-        text.begin(), text.end(), [](QChar each) { return !each.isPrint(); }, QLatin1Char('?'));
-    return text;
-}
-
-LockOwner lockOwner()
-{
-    char host[256] = "";
-    char program[256] = "";
-    const qint64 process =
-        KEST_binfiles_lock_owner_program(LaunchOptionsFile::name().toStdWString().c_str(), host,
-                                         sizeof host, program, sizeof program);
-    return {process, shown(program), shown(host)};
-}
 
 QString defaultsName()
 {
@@ -126,16 +100,11 @@ LaunchOptionsFile::Saving LaunchOptionsFile::save(common_ComponentsLaunchOptions
 
 bool LaunchOptionsFile::isOwned()
 {
-    return lockOwner().process != 0;
+    return !common_SettingsLock(name()).owner().isEmpty();
 }
 
 QString LaunchOptionsFile::owner()
 {
-    const LockOwner owner = lockOwner();
-    if (owner.process == 0) {
-        return QStringLiteral("another process");
-    }
-    const QString process = QStringLiteral("process %1 on %2").arg(owner.process).arg(owner.host);
-    return owner.program.isEmpty() ? process
-                                   : QStringLiteral("%1 as %2").arg(owner.program, process);
+    const QString owner = common_SettingsLock(name()).owner();
+    return owner.isEmpty() ? QStringLiteral("another process") : owner;
 }

@@ -11,8 +11,8 @@
 
 namespace {
 
-constexpr int mostRuns = 5;                        // averaged at most
-constexpr qint64 mostMessages = 256 * 1024 * 1024; // bytes read of one run
+constexpr int mostRuns = 5;                // averaged at most
+constexpr qint64 mostMessages = 256 << 20; // bytes read of one run
 
 struct Candidate
 {
@@ -55,7 +55,7 @@ QVector<double> totalTimes(const RunRecord& record, const std::atomic<bool>& isC
 {
     RunProgress progress;
     MessageReader reader(RecordFolder(record.folder).messagesFile());
-    constexpr qint64 piece = 1024 * 1024;
+    constexpr qint64 piece = 1 << 20;
     const auto take = [&progress](const RecordedMessage& message) {
         progress.add(message.time, message.type, message.text);
     };

@@ -10,7 +10,7 @@
 
 namespace {
 
-constexpr qint64 largestModel = 64 * 1024 * 1024;
+constexpr qint64 largestModel = 64 << 20;
 constexpr double segmentsExponent = 2; // between that of filling a matrix and that of solving it
 constexpr double alikeSegments = 0.2;  // as a logarithm
 

@@ -2,6 +2,7 @@
 
 #include "KestdeskSettings.h"
 #include "Run.h"
+#include "RunForecast.h"
 
 #include <VisibleText.h>
 
@@ -9,6 +10,8 @@
 #include <QPushButton>
 
 #include <algorithm>
+#include <iterator>
+#include <utility>
 
 namespace {
 
@@ -38,21 +41,26 @@ const DeedRow& rowOf(StopQuestion::Deed deed)
                          [deed](const DeedRow& row) { return row.deed == deed; });
 }
 
-QString nameOf(const Run& run)
+// "long.nec, 41 %, about 3:40 left", without the time where it is not known.
+QString nameOf(const StopQuestion::Subject& subject)
 {
-    return QStringLiteral("%1, %2 %")
-        .arg(suite::visibleFileName(run.model()), QString::number(run.totalPercentage()));
+    QStringList parts = {suite::visibleFileName(subject.run->model()),
+                         QStringLiteral("%1 %").arg(subject.run->totalPercentage())};
+    if (subject.forecast && !subject.forecast->text().isEmpty()) {
+        parts.append(subject.forecast->text());
+    }
+    return parts.join(QStringLiteral(", "));
 }
 
-QString textOf(const DeedRow& row, const QVector<const Run*>& runs)
+QString textOf(const DeedRow& row, const QVector<StopQuestion::Subject>& runs)
 {
     if (runs.size() == 1) {
         return QString(QLatin1String(row.oneRun))
-            .replace(QLatin1String("%1"), nameOf(*runs.first()));
+            .replace(QLatin1String("%1"), nameOf(runs.first()));
     }
     QStringList lines = {QString(QLatin1String(row.someRuns)).arg(runs.size()), QString()};
-    for (const Run* const run : runs.mid(0, mostNamed)) {
-        lines.append(nameOf(*run));
+    for (const StopQuestion::Subject& run : runs.mid(0, mostNamed)) {
+        lines.append(nameOf(run));
     }
     if (runs.size() > mostNamed) {
         lines.append(QStringLiteral("and %1 more").arg(runs.size() - mostNamed));
@@ -62,7 +70,7 @@ QString textOf(const DeedRow& row, const QVector<const Run*>& runs)
 
 } // namespace
 
-StopQuestion::Answer StopQuestion::ask(Deed deed, const QVector<Run*>& runs, QWidget* window)
+StopQuestion::Answer StopQuestion::ask(Deed deed, const QVector<Subject>& runs, QWidget* window)
 {
     StopQuestion question(deed, runs, window);
     return question.answer();
@@ -74,18 +82,19 @@ bool StopQuestion::isWanted(const Run& run, const KestdeskSettings& settings)
            run.elapsed() >= qint64(settings.secondsUntilAsking()) * millisecondsPerSecond;
 }
 
-StopQuestion::StopQuestion(Deed deed, const QVector<Run*>& runs, QWidget* window)
+StopQuestion::StopQuestion(Deed deed, QVector<Subject> runs, QWidget* window)
     : m_deed(deed)
+    , m_runs(std::move(runs))
     , m_box(new QMessageBox(QMessageBox::Warning, QLatin1String(rowOf(deed).title), QString(),
                             QMessageBox::NoButton, window))
 {
     m_box->setObjectName(QStringLiteral("stopQuestion"));
     m_box->setTextFormat(Qt::PlainText); // contains names of files
     addButtons();
-    for (Run* const run : runs) {
-        m_runs.append(run);
-        connect(run, &Run::stateChanged, this, &StopQuestion::update);
-        connect(run, &Run::progressed, this, &StopQuestion::update);
+    for (const Subject& subject : qAsConst(m_runs)) {
+        connect(subject.run, &Run::stateChanged, this, &StopQuestion::update);
+        connect(subject.run, &Run::progressed, this, &StopQuestion::update);
+        connect(subject.forecast, &RunForecast::changed, this, &StopQuestion::update);
     }
 }
 
@@ -117,7 +126,7 @@ StopQuestion::Answer StopQuestion::answer()
 
 void StopQuestion::update()
 {
-    const QVector<const Run*> runs = runningRuns();
+    const QVector<Subject> runs = runningRuns();
     if (!m_box) {
         return;
     }
@@ -128,13 +137,10 @@ void StopQuestion::update()
     m_box->setText(textOf(rowOf(m_deed), runs));
 }
 
-QVector<const Run*> StopQuestion::runningRuns() const
+QVector<StopQuestion::Subject> StopQuestion::runningRuns() const
 {
-    QVector<const Run*> result;
-    for (const QPointer<Run>& run : m_runs) {
-        if (run && run->isRunning()) {
-            result.append(run);
-        }
-    }
+    QVector<Subject> result;
+    std::copy_if(m_runs.cbegin(), m_runs.cend(), std::back_inserter(result),
+                 [](const Subject& subject) { return subject.run && subject.run->isRunning(); });
     return result;
 }

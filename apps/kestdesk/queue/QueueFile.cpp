@@ -19,7 +19,7 @@
 
 namespace {
 
-constexpr qint64 mostBytes = 4 * 1024 * 1024;
+constexpr qint64 mostBytes = 4 << 20;
 const QString componentKey = QStringLiteral("component");
 const QString modelKey = QStringLiteral("model");
 const QString optionsKey = QStringLiteral("runOptions");
@@ -49,7 +49,8 @@ QJsonObject toJson(const QueuedRun& run)
 QStringList wordsOf(const QJsonValue& list)
 {
     QStringList words;
-    for (const QJsonValue& word : list.toArray()) {
+    const QJsonArray array = list.toArray();
+    for (const QJsonValue& word : array) {
         words.append(word.toString());
     }
     return words;
@@ -60,7 +61,8 @@ void read(const QString& path, QVector<QueuedRun>& runs)
 {
     const QByteArray content = suite::InputFile(path).read(mostBytes).value_or(QByteArray());
     const QJsonObject json = QJsonDocument::fromJson(content).object();
-    for (const QJsonValue& row : json.value(runsKey).toArray()) {
+    const QJsonArray array = json.value(runsKey).toArray();
+    for (const QJsonValue& row : array) {
         QueuedRun run;
         run.component = row[componentKey].toString();
         run.model = row[modelKey].toString();

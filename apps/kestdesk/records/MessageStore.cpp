@@ -4,8 +4,8 @@
 
 namespace {
 
-constexpr int interval = 500;            // milliseconds between two reads of a growing file
-constexpr qint64 pieceSize = 256 * 1024; // bytes of one read
+constexpr int interval = 500;           // milliseconds between two reads of a growing file
+constexpr qint64 pieceSize = 256 << 10; // bytes of one read
 
 } // namespace
 

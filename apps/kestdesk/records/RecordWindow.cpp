@@ -4,6 +4,8 @@
 #include "DifferencesPage.h"
 #include "MessageView.h"
 #include "RecordFolder.h"
+#include "ResumedRun.h"
+#include "ToolTip.h"
 
 #include <VisibleText.h>
 
@@ -49,6 +51,7 @@ RecordWindow::RecordWindow(RunArchive archive, int number, QWidget* parent)
     , m_problem(new QLabel(this))
     , m_cureButton(new QPushButton(this))
     , m_againButton(new QPushButton(QStringLiteral("Run &again exactly"), this))
+    , m_resumeButton(new QPushButton(QStringLiteral("R&esume"), this))
 {
     setObjectName(QStringLiteral("recordWindow"));
     setAttribute(Qt::WA_DeleteOnClose);
@@ -81,24 +84,30 @@ QWidget* RecordWindow::makeButtons()
     m_problem->setObjectName(QStringLiteral("recordProblemLabel"));
     m_problem->setTextFormat(Qt::PlainText);
     m_problem->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
-    m_cureButton->setObjectName(QStringLiteral("cureButton"));
-    m_cureButton->setAutoDefault(false);
+    layout->addWidget(m_problem, 1);
+    addButton(row, m_cureButton, "cureButton");
     m_cureButton->hide();
-    m_againButton->setObjectName(QStringLiteral("runAgainButton"));
-    m_againButton->setAutoDefault(false);
+    addButton(row, m_resumeButton, "resumeRecordButton");
+    m_resumeButton->setEnabled(false);
+    addButton(row, m_againButton, "runAgainButton");
     m_againButton->setEnabled(false);
     auto* closeButton = new QPushButton(QStringLiteral("Close"), row);
-    closeButton->setObjectName(QStringLiteral("closeRecordButton"));
-    closeButton->setAutoDefault(false);
+    addButton(row, closeButton, "closeRecordButton");
     connect(m_cureButton, &QPushButton::clicked, this, &RecordWindow::useCure);
     connect(m_againButton, &QPushButton::clicked, this,
             [this] { Q_EMIT againRequested(m_number); });
+    connect(m_resumeButton, &QPushButton::clicked, this,
+            [this] { Q_EMIT resumeRequested(m_number); });
     connect(closeButton, &QPushButton::clicked, this, &QWidget::close);
-    layout->addWidget(m_problem, 1);
-    layout->addWidget(m_cureButton);
-    layout->addWidget(m_againButton);
-    layout->addWidget(closeButton);
     return row;
+}
+
+// None of them is pressed by the Enter key in a text field.
+void RecordWindow::addButton(QWidget* row, QPushButton* button, const char* name)
+{
+    button->setObjectName(QLatin1String(name));
+    button->setAutoDefault(false);
+    row->layout()->addWidget(button);
 }
 
 void RecordWindow::read()
@@ -155,12 +164,25 @@ void RecordWindow::makeMessages()
 void RecordWindow::readFileStates()
 {
     m_disk.post([this, record = m_record](const DiskThread::Answer& answer) {
+        const QString obstacle = ResumedRun::obstacle(record);
+        answer([this, obstacle] { showResumable(obstacle); });
         const QVector<SummaryPage::FileState> states = SummaryPage::fileStates(record);
         answer([this, states] {
             m_fileStates = states;
             m_summary->show(m_record, m_fileStates);
         });
     });
+}
+
+void RecordWindow::showResumable(const QString& obstacle)
+{
+    const QString hint =
+        obstacle.isEmpty()
+            ? QStringLiteral("Runs it again and computes only what this run has not kept")
+            : obstacle;
+    m_resumeButton->setEnabled(obstacle.isEmpty());
+    m_resumeButton->setToolTip(ToolTip::of(hint));
+    m_resumeButton->setAccessibleDescription(hint);
 }
 
 void RecordWindow::updateTitle()

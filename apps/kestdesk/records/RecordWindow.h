@@ -31,6 +31,9 @@ Q_SIGNALS:
     /// The user wants to repeat the run.
     void againRequested(int number);
 
+    /// The user has pressed the button that resumes the run.
+    void resumeRequested(int number);
+
     /// The user has pressed the button of a cure for the message.
     void cureRequested(const ProblemCures::Cure& cure, const QString& message,
                        const RunRecord& record);
@@ -41,7 +44,9 @@ private:
     void read();
     void show(const std::optional<RunRecord>& record);
     void makeMessages();
+    void addButton(QWidget* row, QPushButton* button, const char* name);
     void readFileStates();
+    void showResumable(const QString& obstacle);
     void updateTitle();
     void updateCure();
     void useCure();
@@ -60,6 +65,7 @@ private:
     QLabel* m_problem;
     QPushButton* m_cureButton;
     QPushButton* m_againButton;
+    QPushButton* m_resumeButton;
     const ProblemCures::Cure* m_cure = nullptr;
     QString m_cureMessage;
     QTimer m_timer;

@@ -41,6 +41,7 @@ void RecordWindows::open(int number)
     }
     auto* const window = new RecordWindow(m_archive, number, m_window);
     connect(window, &RecordWindow::againRequested, this, &RecordWindows::againRequested);
+    connect(window, &RecordWindow::resumeRequested, this, &RecordWindows::resumeRequested);
     connect(window, &RecordWindow::cureRequested, this, &RecordWindows::cure);
     static_cast<QWidget*>(window)->show();
 }

@@ -24,6 +24,7 @@ public:
 
 Q_SIGNALS:
     void againRequested(int number);
+    void resumeRequested(int number);
 
     /// A sentence for the status line.
     void reported(const QString& text);

@@ -1,5 +1,7 @@
 #include "RunAgain.h"
 
+#include "ResumedRun.h"
+
 #include <VisibleText.h>
 
 #include <common_UserQuery.h>
@@ -63,15 +65,38 @@ void RunAgain::request(int number)
     m_disk.post([this, archive = m_archive, number](const DiskThread::Answer& answer) {
         const auto record = archive.record(number);
         if (!record) {
-            answer([this, number] {
-                Q_EMIT failed(QStringLiteral("There is no record of run %1 any more.").arg(number));
-            });
+            answer([this, number] { failWithoutRecord(number); });
             return;
         }
         const ModelState state = RecordedRun::modelState(*record);
         const bool hasCopy = RecordedRun::hasModelCopy(*record);
         answer([this, record, state, hasCopy] { decide(*record, state, hasCopy); });
     });
+}
+
+void RunAgain::resume(int number)
+{
+    m_disk.post([this, archive = m_archive, number](const DiskThread::Answer& answer) {
+        const auto record = archive.record(number);
+        if (!record) {
+            answer([this, number] { failWithoutRecord(number); });
+            return;
+        }
+        const QString obstacle = ResumedRun::obstacle(*record);
+        answer([this, record, obstacle] {
+            if (obstacle.isEmpty()) {
+                Q_EMIT readyToResume(ResumedRun::of(*record));
+            } else {
+                Q_EMIT failed(
+                    QStringLiteral("Run %1 is not resumed. %2").arg(record->number).arg(obstacle));
+            }
+        });
+    });
+}
+
+void RunAgain::failWithoutRecord(int number)
+{
+    Q_EMIT failed(QStringLiteral("There is no record of run %1 any more.").arg(number));
 }
 
 void RunAgain::decide(const RunRecord& record, ModelState state, bool hasCopy)

@@ -18,11 +18,18 @@ public:
     /// The window is the parent of questions.
     RunAgain(RunArchive archive, QWidget* window);
 
+    /// As it was.
     void request(int number);
+
+    /// With what the run has left, and with the model as it is.
+    void resume(int number);
 
 Q_SIGNALS:
     /// The run can be set up, with that model's path.
     void ready(const RunRecord& record, const QString& model);
+
+    /// The same for a run that is resumed.
+    void readyToResume(const RunRecord& record);
 
     /// The run cannot be repeated. The problem is a sentence.
     void failed(const QString& problem);
@@ -30,6 +37,7 @@ Q_SIGNALS:
 private:
     using ModelState = RecordedRun::ModelState;
 
+    void failWithoutRecord(int number);
     void decide(const RunRecord& record, ModelState state, bool hasCopy);
     void writeModel(const RunRecord& record);
 

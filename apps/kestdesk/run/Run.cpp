@@ -42,12 +42,18 @@ Run::~Run()
 RunSetup::Readiness Run::setUp(common_RunWrapper::RunOptions options,
                                common_CommonSettingsSet& settings)
 {
+    return setUpBy([&] {
+        return RunSetup::apply(*m_runner, m_component, options, QFileInfo(m_model), settings);
+    });
+}
+
+RunSetup::Readiness Run::setUpBy(const std::function<RunSetup::Readiness()>& makeReady)
+{
     if (!m_lock.take()) {
         return {RunSetup::Obstacle::Busy,
                 QStringLiteral("%1 is being run already, by %2").arg(m_model, m_lock.owner())};
     }
-    RunSetup::Readiness readiness =
-        RunSetup::apply(*m_runner, m_component, options, QFileInfo(m_model), settings);
+    RunSetup::Readiness readiness = makeReady();
     if (!readiness.isReady()) {
         m_runner->deleteTemporaryFiles();
         m_lock.release();

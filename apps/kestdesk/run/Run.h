@@ -14,6 +14,8 @@
 #include <QSet>
 #include <QStringList>
 
+#include <functional>
+
 class common_CommonSettingsSet;
 
 /// One run of a component on one model, from its set-up to its end. It depends neither on the
@@ -49,6 +51,9 @@ public:
     /// run has locked the model.
     RunSetup::Readiness setUp(common_RunWrapper::RunOptions options,
                               common_CommonSettingsSet& settings);
+
+    /// Like setUp(), for a run that the function makes ready in another way.
+    RunSetup::Readiness setUpBy(const std::function<RunSetup::Readiness()>& makeReady);
 
     /// Starts a run that is ready. False if the system cannot start the component: then the run has
     /// ended, and problem() gives the reason.

@@ -5,6 +5,7 @@
 #include <ErrorOutput.h>
 #include <Leftovers.h>
 #include <RecordedRun.h>
+#include <ResumedRun.h>
 
 namespace {
 
@@ -16,12 +17,20 @@ int fail(const QString& problem)
     return exitNotStarted;
 }
 
+int execOn(const QString& model, const RunRecord& record, bool isJson)
+{
+    Leftovers::remove();
+    BatchSession session(*Component::find(record.component), {}, {model});
+    session.repeat(record);
+    session.setJson(isJson);
+    return session.exec();
+}
+
 } // namespace
 
 int RepeatedRun::exec(const RunRecord& record, bool isJson)
 {
-    const Component* const component = Component::find(record.component);
-    if (component == nullptr) {
+    if (Component::find(record.component) == nullptr) {
         return fail(QStringLiteral("this kestdesk knows no component %1").arg(record.component));
     }
     QString model = record.model;
@@ -44,9 +53,13 @@ int RepeatedRun::exec(const RunRecord& record, bool isJson)
                 .arg(record.number)
                 .arg(model));
     }
-    Leftovers::remove();
-    BatchSession session(*component, {}, {model});
-    session.repeat(record);
-    session.setJson(isJson);
-    return session.exec();
+    return execOn(model, record, isJson);
+}
+
+int RepeatedRun::resume(const RunRecord& record, bool isJson)
+{
+    const QString obstacle = ResumedRun::obstacle(record);
+    return obstacle.isEmpty()
+               ? execOn(record.model, ResumedRun::of(record), isJson)
+               : fail(QStringLiteral("run %1 is not resumed. %2").arg(record.number).arg(obstacle));
 }

@@ -44,6 +44,7 @@ constexpr SubcommandOption daysOption = {"--days", "N", 0, mostDays};
 constexpr SubcommandOption megabytesOption = {"--megabytes", "N", 0, mostMegabytes};
 constexpr SubcommandOption largestOption = {"--megabytes", "N", 1, mostMegabytes};
 constexpr SubcommandOption allOption = {"--all"};
+constexpr SubcommandOption resumeOption = {"--resume"};
 
 int fail(const QString& problem, int exitCode = exitFailed)
 {
@@ -159,7 +160,12 @@ int again(const SubcommandWords& words)
 {
     RunNumbers numbers(archive());
     const auto record = numbers.record(words.operands().constFirst());
-    return record ? RepeatedRun::exec(*record, words.has(jsonOption.name)) : fail(numbers);
+    if (!record) {
+        return fail(numbers);
+    }
+    const bool isJson = words.has(jsonOption.name);
+    return words.has(resumeOption.name) ? RepeatedRun::resume(*record, isJson)
+                                        : RepeatedRun::exec(*record, isJson);
 }
 
 int compare(const SubcommandWords& words)
@@ -185,7 +191,7 @@ int compare(const SubcommandWords& words)
 
 int exportRun(const SubcommandWords& words)
 {
-    constexpr qint64 megabyte = 1000 * 1000;
+    constexpr qint64 megabyte = 1'000'000;
     RunNumbers numbers(archive());
     const auto record = numbers.record(words.operands().at(0));
     const QString& path = words.operands().at(1);
@@ -293,7 +299,7 @@ SubcommandGroup RunsCommand::group()
     return {QStringLiteral("runs"), {
         {"list",    {jsonOption, modelOption, stateOption, lastOption}, "", "show the recorded runs, the newest first",           list},
         {"show",    {jsonOption, messagesOption, outputOption}, "[NUMBER]", "show how a run was started and how it ended",        show},
-        {"again",   {jsonOption},                      "NUMBER",            "run it once more, exactly as it was",                again},
+        {"again",   {jsonOption, resumeOption},        "NUMBER",            "run it once more, or resume it, exactly as it was",  again},
         {"compare", {jsonOption},                      "NUMBER NUMBER",     "show how two runs differ, and their results",        compare},
         {"export",  {largestOption},                   "NUMBER FILE.zip",   "write one file for the support",                     exportRun},
         {"clean",   {daysOption, megabytesOption, allOption}, "[NUMBER...]", "delete old records, or those of the numbers, or all", clean},

@@ -39,8 +39,6 @@
 #include <QStatusBar>
 #include <QVBoxLayout>
 
-#include <algorithm>
-
 namespace {
 
 const QString applicationName = QStringLiteral("kestdesk");
@@ -253,7 +251,7 @@ void MainWindow::stopRun()
 {
     WindowRun* const run = runToStop();
     if (run != nullptr) {
-        RunStops::stop(run->run(), *this);
+        RunStops::stop(*run, *this);
     }
 }
 
@@ -352,11 +350,8 @@ void MainWindow::quit()
 // The window stays until all runs and their processes have ended.
 void MainWindow::closeEvent(QCloseEvent* event)
 {
-    const QVector<WindowRun*> running = m_runs->runningRuns();
-    QVector<Run*> runs;
-    std::transform(running.begin(), running.end(), std::back_inserter(runs),
-                   [](WindowRun* run) { return &run->run(); });
-    event->setAccepted(RunStops(m_shutdown, *this).close(runs) && m_isLeaving);
+    const bool mayClose = RunStops(m_shutdown, *this).close(m_runs->runningRuns());
+    event->setAccepted(mayClose && m_isLeaving);
 }
 
 void MainWindow::onRunsStopping()

@@ -4,10 +4,12 @@
 #include "Descendants.h"
 #include "RecordExport.h"
 #include "RecordFolder.h"
+#include "ResumedRun.h"
 #include "RunFilter.h"
 #include "RunListPart.h"
 #include "RunListView.h"
 #include "ShellCommand.h"
+#include "ToolTip.h"
 
 #include <VisibleText.h>
 
@@ -22,6 +24,7 @@
 #include <QMenu>
 #include <QMessageBox>
 #include <QPointer>
+#include <QPushButton>
 #include <QUrl>
 
 #include <algorithm>
@@ -118,6 +121,7 @@ struct RunActions::Row
 const RunActions::Row RunActions::rows[] = {
     {"showRecordAction",  "Show recor&d",           "Ctrl+R",       "Show what is kept of the selected runs: messages, output, command, differences", true,  &RunActions::showRecords},
     {"runAgainAction",    "Run &again exactly",     "Ctrl+F5",      "Run the same command with the same options on the same model",                    true,  &RunActions::runAgain},
+    {"resumeRunAction",   "Resu&me",                "",             "Run it again and compute only what the stopped run has not kept",                true,  &RunActions::resume},
     {"openFolderAction",  "Open f&older",           "",             "Show the model's folder in the file manager",                                    true,  &RunActions::openFolders},
     {"copyCommandAction", "Copy comma&nd",          "Ctrl+Shift+C", "Copy the command of the selected runs for a terminal",                           true,  &RunActions::copyCommands},
     {"exportRunAction",   "E&xport record...",      "",             "Put all that is kept of the selected run, and its results, into one zip file for somebody else", true, &RunActions::exportRecord},
@@ -128,12 +132,16 @@ const RunActions::Row RunActions::rows[] = {
 // clang-format on
 
 RunActions::RunActions(RunListPart* part, QMenu* menu, QWidget* window)
-    : QObject(window), m_part(part), m_window(window)
+    : QObject(window)
+    , m_part(part)
+    , m_window(window)
+    , m_resumeButton(new QPushButton(QStringLiteral("Resume"), part))
 {
     menu->addSeparator();
     for (const Row& row : rows) {
         addAction(row, menu);
     }
+    makeResumeButton();
     connect(m_part->list(), &RunListView::selectedRunChanged, this, &RunActions::update);
     connect(m_part->list()->model(), &QAbstractItemModel::dataChanged, this, &RunActions::update);
     connect(menu, &QMenu::aboutToShow, this, &RunActions::update);
@@ -157,6 +165,13 @@ void RunActions::addAction(const Row& row, QMenu* menu)
     }
 }
 
+void RunActions::makeResumeButton()
+{
+    m_resumeButton->setObjectName(QStringLiteral("resumeRunButton"));
+    connect(m_resumeButton, &QPushButton::clicked, this, &RunActions::resume);
+    m_part->addButton(m_resumeButton);
+}
+
 QAction* RunActions::action(const char* name) const
 {
     return m_window->findChild<QAction*>(QLatin1String(name));
@@ -172,6 +187,43 @@ void RunActions::update()
     action("openFolderAction")->setEnabled(!runs.isEmpty());
     action("copyCommandAction")->setEnabled(std::any_of(runs.begin(), runs.end(), hasCommand));
     action("deleteRunsAction")->setEnabled(!endedOf(runs).isEmpty());
+    updateResume(runs);
+}
+
+// The disk is asked in its thread; only the answer to the latest question counts.
+void RunActions::updateResume(const QVector<ListedRun>& runs)
+{
+    const int look = ++m_resumeLook;
+    if (runs.size() != 1 || !hasRecord(runs.first())) {
+        showResumable(QStringLiteral("Select one run that was stopped or interrupted."));
+        return;
+    }
+    RunRecord record = runs.first().record;
+    record.state = runs.first().state();
+    m_disk.post([this, record, look](const DiskThread::Answer& answer) {
+        const QString obstacle = ResumedRun::obstacle(record);
+        answer([this, obstacle, look] {
+            if (look == m_resumeLook) {
+                showResumable(obstacle);
+            }
+        });
+    });
+}
+
+void RunActions::showResumable(const QString& obstacle)
+{
+    QAction* const resume = action("resumeRunAction");
+    const bool isPossible = obstacle.isEmpty();
+    const QString hint =
+        isPossible
+            ? QStringLiteral("Run it again and compute only what the stopped run has not kept")
+            : obstacle;
+    resume->setEnabled(isPossible);
+    resume->setToolTip(hint);
+    resume->setStatusTip(hint);
+    m_resumeButton->setEnabled(isPossible);
+    m_resumeButton->setToolTip(ToolTip::of(hint));
+    m_resumeButton->setAccessibleDescription(hint);
 }
 
 // Reads the record again: the list's copy of a running run is not complete.
@@ -214,6 +266,14 @@ void RunActions::runAgain()
     const QVector<ListedRun> runs = m_part->list()->selectedRuns();
     if (runs.size() == 1 && hasRecord(runs.first())) {
         Q_EMIT againRequested(runs.first().number());
+    }
+}
+
+void RunActions::resume()
+{
+    const QVector<ListedRun> runs = m_part->list()->selectedRuns();
+    if (runs.size() == 1 && hasRecord(runs.first())) {
+        Q_EMIT resumeRequested(runs.first().number());
     }
 }
 

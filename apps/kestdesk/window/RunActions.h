@@ -8,6 +8,7 @@
 class ArchiveWatch;
 class QAction;
 class QMenu;
+class QPushButton;
 class RunListPart;
 
 /// The actions on the selected runs, in the window's menu and in the list's context menu.
@@ -22,6 +23,7 @@ public:
 Q_SIGNALS:
     void recordRequested(int number);
     void againRequested(int number);
+    void resumeRequested(int number);
 
     /// A sentence for the status line.
     void reported(const QString& text);
@@ -31,11 +33,15 @@ private:
     static const Row rows[];
 
     void addAction(const Row& row, QMenu* menu);
+    void makeResumeButton();
     void update();
+    void updateResume(const QVector<ListedRun>& runs);
+    void showResumable(const QString& obstacle);
     QAction* action(const char* name) const;
 
     void showRecords();
     void runAgain();
+    void resume();
     void openFolders();
     void copyCommands();
     void exportRecord();
@@ -46,5 +52,7 @@ private:
 
     RunListPart* m_part;
     QWidget* m_window;
-    DiskThread m_disk; ///< the last member: its jobs use the others
+    QPushButton* m_resumeButton;
+    int m_resumeLook = 0; ///< number of the latest look at what can be resumed
+    DiskThread m_disk;    ///< the last member: its jobs use the others
 };

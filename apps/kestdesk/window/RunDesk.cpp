@@ -38,8 +38,10 @@ void RunDesk::connectParts()
     connect(list(), &QTableView::activated, this, &RunDesk::showRun);
     connect(list(), &RunListView::selectedRunChanged, this, &RunDesk::changed);
     connect(m_records, &RecordWindows::againRequested, m_again, &RunAgain::request);
+    connect(m_records, &RecordWindows::resumeRequested, m_again, &RunAgain::resume);
     connect(m_records, &RecordWindows::reported, this, &RunDesk::reported);
     connect(m_again, &RunAgain::ready, this, &RunDesk::runAgain);
+    connect(m_again, &RunAgain::readyToResume, this, &RunDesk::resume);
     connect(m_again, &RunAgain::failed, this, &RunDesk::reported);
 }
 
@@ -49,6 +51,7 @@ void RunDesk::addActions(MainMenu* menu)
     auto* const actions = new RunActions(m_listPart, menu->runMenu(), m_window);
     connect(actions, &RunActions::recordRequested, m_records, &RecordWindows::open);
     connect(actions, &RunActions::againRequested, m_again, &RunAgain::request);
+    connect(actions, &RunActions::resumeRequested, m_again, &RunAgain::resume);
     connect(actions, &RunActions::reported, this, &RunDesk::reported);
 }
 
@@ -84,9 +87,19 @@ void RunDesk::clearEnded()
 
 void RunDesk::runAgain(const RunRecord& record, const QString& model)
 {
+    repeat(record, model, QStringLiteral("Run %1 is run again").arg(record.number));
+}
+
+void RunDesk::resume(const RunRecord& record)
+{
+    repeat(record, record.model, QStringLiteral("Run %1 is resumed").arg(record.number));
+}
+
+void RunDesk::repeat(const RunRecord& record, const QString& model, const QString& report)
+{
     Q_EMIT aboutToRun();
     if (m_session->startAgain(record, model, m_settings)) {
-        Q_EMIT reported(QStringLiteral("Run %1 is run again").arg(record.number));
+        Q_EMIT reported(report);
     }
     Q_EMIT changed();
 }

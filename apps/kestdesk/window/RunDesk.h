@@ -58,6 +58,8 @@ Q_SIGNALS:
 private:
     void connectParts();
     void runAgain(const RunRecord& record, const QString& model);
+    void resume(const RunRecord& record);
+    void repeat(const RunRecord& record, const QString& model, const QString& report);
 
     common_CommonSettingsSet& m_settings;
     RunTableModel* m_runs;

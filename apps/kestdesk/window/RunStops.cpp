@@ -1,25 +1,37 @@
 #include "RunStops.h"
 
 #include "KestdeskSettings.h"
-#include "Run.h"
 #include "Shutdown.h"
 #include "StopQuestion.h"
+#include "WindowRun.h"
 
 #include <QPointer>
 #include <QWidget>
 
-void RunStops::stop(Run& run, QWidget& window)
+#include <algorithm>
+#include <iterator>
+
+namespace {
+
+StopQuestion::Subject subjectOf(WindowRun* run)
 {
-    const QPointer<Run> stopped(&run);
-    const bool isAgreed =
-        !StopQuestion::isWanted(run, KestdeskSettings::read()) ||
-        StopQuestion::ask(StopQuestion::Deed::Stop, {&run}, &window) == StopQuestion::Answer::Stop;
+    return {&run->run(), &run->forecast()};
+}
+
+} // namespace
+
+void RunStops::stop(WindowRun& run, QWidget& window)
+{
+    const QPointer<Run> stopped(&run.run());
+    const bool isAgreed = !StopQuestion::isWanted(run.run(), KestdeskSettings::read()) ||
+                          StopQuestion::ask(StopQuestion::Deed::Stop, {subjectOf(&run)}, &window) ==
+                              StopQuestion::Answer::Stop;
     if (isAgreed && stopped) {
         stopped->stop();
     }
 }
 
-bool RunStops::close(const QVector<Run*>& running)
+bool RunStops::close(const QVector<WindowRun*>& running)
 {
     if (running.isEmpty()) {
         m_shutdown.request();
@@ -29,7 +41,9 @@ bool RunStops::close(const QVector<Run*>& running)
     const StopQuestion::Deed deed = m_shutdown.phase() == Shutdown::Phase::None
                                         ? StopQuestion::Deed::StopAll
                                         : StopQuestion::Deed::ForceAll;
-    const StopQuestion::Answer answer = StopQuestion::ask(deed, running, &m_window);
+    QVector<StopQuestion::Subject> runs;
+    std::transform(running.cbegin(), running.cend(), std::back_inserter(runs), subjectOf);
+    const StopQuestion::Answer answer = StopQuestion::ask(deed, runs, &m_window);
     if (!window) {
         return true;
     }

@@ -12,6 +12,8 @@ extern "C" {
 #include <wchar.h>
 #endif
 
+/* Locks of files. Link kest::binfiles; kest::common alone does not have this header. */
+
 /* What KEST_binfiles_set_lock_hard returns. */
 enum KEST_binfiles_lock_status {
     KEST_BINFILES_LOCK_TAKEN = 0,

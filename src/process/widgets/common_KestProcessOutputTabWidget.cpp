@@ -6,6 +6,7 @@
 #include "common_LineStyle.h"
 
 #include <common_IIconUtility.h>
+#include <common_ProcessDialogIcons.h>
 #include <common_ServiceOf.h>
 
 #include <QAction>
@@ -25,11 +26,11 @@ constexpr double tabStopDistance = 56.0;
 constexpr int lightWeight = 2;
 constexpr int descriptionColumn = 2;
 
-QIcon icon(const QString& name)
+QIcon icon(const char* name)
 {
     return common_ServiceOf<common_IIconUtility>::getService("common_IIconUtility", sourceFile,
                                                              __LINE__)
-        ->getIcon(name);
+        ->getIcon(QLatin1String(name));
 }
 
 } // namespace
@@ -40,11 +41,12 @@ common_KestProcessOutputTabWidget::common_KestProcessOutputTabWidget(QWidget* pa
     setMinimumSize(0, smallestHeight);
     addOutputView();
     m_noticesTable = addTable(QStringLiteral("Notice"), QStringLiteral("Notices"),
-                              QStringLiteral("info"), SLOT(onNoticeSelected(int, int)));
-    m_warningsTable = addTable(QStringLiteral("Warning"), QStringLiteral("Warnings"),
-                               QStringLiteral("warning"), SLOT(onWarningSelected(int, int)));
+                              common_ProcessDialogIcons::info, SLOT(onNoticeSelected(int, int)));
+    m_warningsTable =
+        addTable(QStringLiteral("Warning"), QStringLiteral("Warnings"),
+                 common_ProcessDialogIcons::warning, SLOT(onWarningSelected(int, int)));
     m_errorsView = new TextEdit(TextEdit::Following::Bottom, this);
-    addTab(m_errorsView, icon(QStringLiteral("fault")), QStringLiteral("Errors"));
+    addTab(m_errorsView, icon(common_ProcessDialogIcons::fault), QStringLiteral("Errors"));
 }
 
 common_KestProcessOutputTabWidget::~common_KestProcessOutputTabWidget() = default;
@@ -138,7 +140,7 @@ void common_KestProcessOutputTabWidget::addOutputView()
 }
 
 Table* common_KestProcessOutputTabWidget::addTable(const QString& name, const QString& tabText,
-                                                   const QString& iconName, const char* slot)
+                                                   const char* iconName, const char* slot)
 {
     auto* const table = new Table(name, this);
     addTab(table, icon(iconName), tabText);

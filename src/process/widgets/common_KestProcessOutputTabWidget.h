@@ -39,7 +39,7 @@ private:
     QString colourise(const QString& text, const QColor& colour);
     void addOutputView();
     common_KestProcessOutputTableWidget* addTable(const QString& name, const QString& tabText,
-                                                  const QString& iconName, const char* slot);
+                                                  const char* iconName, const char* slot);
     int list(common_KestProcessOutputTableWidget* table, const QString& message,
              const QString& keyword, const QString& tabText, int count);
     void selectInOutput(const common_KestProcessOutputTableWidget* table, int row);

@@ -4,6 +4,7 @@
 #include <common_IApplicationInfo.h>
 #include <common_IIconUtility.h>
 #include <common_IPixmapUtility.h>
+#include <common_ProcessDialogIcons.h>
 #include <common_ServiceOf.h>
 
 #include <QIcon>
@@ -18,7 +19,8 @@ bool getPixmap(QPixmap& pixmap, const char* name)
 {
     return common_ServiceOf<common_IPixmapUtility>::getService("common_IPixmapUtility", sourceFile,
                                                                __LINE__)
-        ->getPixmap(pixmap, QStringLiteral(":/rc/images"), QLatin1String(name));
+        ->getPixmap(pixmap, QLatin1String(common_ProcessDialogIcons::pictureDirectory),
+                    QLatin1String(name));
 }
 
 } // namespace
@@ -33,12 +35,12 @@ QIcon common_ProcessDialogServices::icon(const char* name)
 QIcon common_ProcessDialogServices::detailsIcon()
 {
     QPixmap detailsShownArrow;
-    COMMON_ASSERT_AT(getPixmap(detailsShownArrow, "show_details_arrow"),
+    COMMON_ASSERT_AT(getPixmap(detailsShownArrow, common_ProcessDialogIcons::detailsShown),
                      "GET_SERVICE(common_IPixmapUtility)->getPixmap(detailsShownArrow, "
                      "\"show_details_arrow\")",
                      sourceFile, __LINE__);
     QPixmap detailsHiddenArrow;
-    COMMON_ASSERT_AT(getPixmap(detailsHiddenArrow, "hide_arrow"),
+    COMMON_ASSERT_AT(getPixmap(detailsHiddenArrow, common_ProcessDialogIcons::detailsHidden),
                      "GET_SERVICE(common_IPixmapUtility)->getPixmap(detailsHiddenArrow, "
                      "\"hide_arrow\")",
                      sourceFile, __LINE__);

@@ -2,6 +2,8 @@
 
 #include "common_ProcessDialogServices.h"
 
+#include <common_ProcessDialogIcons.h>
+
 #include <QFont>
 #include <QFontMetrics>
 #include <QGroupBox>
@@ -76,7 +78,7 @@ QPushButton* common_ProcessDialogWidgets::createOkButton()
     QPushButton* const button = createButton("buttonOk", "OK");
     button->setAutoDefault(true);
     button->setDefault(true);
-    button->setIcon(services::icon("play"));
+    button->setIcon(services::icon(common_ProcessDialogIcons::play));
     return button;
 }
 
@@ -85,7 +87,7 @@ QPushButton* common_ProcessDialogWidgets::createStopButton()
     QPushButton* const button = createButton("buttonStop", "Stop");
     button->setAutoDefault(true);
     button->setEnabled(false);
-    button->setIcon(services::icon("exclude"));
+    button->setIcon(services::icon(common_ProcessDialogIcons::exclude));
     return button;
 }
 

@@ -2,7 +2,8 @@
 
 #include <common_ComponentsLaunchOptions.h>
 
-#include "common_LaunchOptionKeys.h"
+#include <common_LaunchOptionMembers.h>
+#include <common_LaunchOptionNames.h>
 
 #include <QRegExp>
 
@@ -10,11 +11,8 @@
 
 namespace {
 
-namespace keys = common_LaunchOptionKeys;
-
-constexpr int normalPriority = 2;
-constexpr int mpiExecution = 1;
-constexpr int localRunOnly = 2;
+namespace keys = common_LaunchOptionNames;
+namespace members = common_LaunchOptionMembers;
 
 QRegExp whiteSpace()
 {
@@ -26,7 +24,7 @@ QString authenticationWord(int method)
 {
     switch (method) {
     case 0:
-    case localRunOnly:
+    case members::ParallelAuthenticMethodTypeNone:
         return QStringLiteral("localonly");
     case 1:
         return QStringLiteral("sspi");
@@ -160,7 +158,7 @@ QStringList common_ComponentsLaunchOptions::getEnvironmentOptions() const
 
 bool common_ComponentsLaunchOptions::isLocalOnlySpecified() const
 {
-    return integer(keys::kestParallelAuthenticMethod) == localRunOnly;
+    return integer(keys::kestParallelAuthenticMethod) == members::ParallelAuthenticMethodTypeNone;
 }
 
 bool common_ComponentsLaunchOptions::isRemoteHostArgumentSpecified() const
@@ -263,14 +261,14 @@ void common_ComponentsLaunchOptions::addGPUCommandOptions(QStringList& list) con
 void common_ComponentsLaunchOptions::addPriorityOption(QStringList& list) const
 {
     const int priority = integer(keys::kestProcessPriority);
-    if (priority != normalPriority) {
+    if (priority != members::NormalProcessPriority) {
         addCommandOption(list, QStringLiteral("--priority %1").arg(priority));
     }
 }
 
 void common_ComponentsLaunchOptions::addRemoteMethodOption(QStringList& list, bool remoteRun) const
 {
-    if (integer(keys::kestRemoteExecutionMethod) == mpiExecution && remoteRun &&
+    if (integer(keys::kestRemoteExecutionMethod) == members::MPIExecutionMethod && remoteRun &&
         isRemoteHostArgumentSpecified()) {
         addCommandOption(list, QStringLiteral("--remote-use-mpi"));
     }

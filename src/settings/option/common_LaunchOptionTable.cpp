@@ -1,7 +1,7 @@
 #include "common_LaunchOptionTable.h"
 
-#include "common_LaunchOptionKeys.h"
-
+#include <common_LaunchOptionMembers.h>
+#include <common_LaunchOptionNames.h>
 #include <common_PropertyFactory.h>
 
 #include <algorithm>
@@ -9,46 +9,10 @@
 namespace {
 
 // clang-format off
-QVector<EnumType> processPriorities()
-{
-    return {
-        {QStringLiteral("Idle"), 0, QStringLiteral("IdleProcessPriority")},
-        {QStringLiteral("Low"), 1, QStringLiteral("LowProcessPriority")},
-        {QStringLiteral("Normal"), 2, QStringLiteral("NormalProcessPriority")},
-        {QStringLiteral("High"), 3, QStringLiteral("HighProcessPriority")},
-        {QStringLiteral("Highest"), 4, QStringLiteral("HighestProcessPriority")},
-    };
-}
-
-QVector<EnumType> remoteExecutionMethods()
-{
-    return {
-        {QStringLiteral("ssh/rsh (must be installed on remote and local machine)"), 0, QStringLiteral("sshrshExecutionMethod")},
-        {QStringLiteral("MPI (Windows only)"), 1, QStringLiteral("MPIExecutionMethod")},
-    };
-}
-
-QVector<EnumType> parallelAuthenticMethods()
-{
-    return {
-        {QStringLiteral("Use SSPI (Active Directory) integration (Windows only, requires domain)"), 1, QStringLiteral("ParallelAuthenticMethodTypeSSPI")},
-        {QStringLiteral("Local run only (no authentication required)"), 2, QStringLiteral("ParallelAuthenticMethodTypeNone")},
-        {QStringLiteral("Default (rsh/ssh for UNIX, PowerShell remoting for Windows)"), 3, QStringLiteral("ParallelAuthenticMethodTypeDefault")},
-    };
-}
-
-QVector<EnumType> errorThresholds()
-{
-    return {
-        {QStringLiteral("High (fewer iterations and resources)"), 0, QStringLiteral("HighErrorThreshold")},
-        {QStringLiteral("Normal (default)"), 1, QStringLiteral("NormalErrorThreshold")},
-        {QStringLiteral("Low (more iterations and resources)"), 2, QStringLiteral("LowErrorThreshold")},
-    };
-}
-
 QVector<common_LaunchOption> optionTable()
 {
-    namespace keys = common_LaunchOptionKeys;
+    namespace keys = common_LaunchOptionNames;
+    namespace members = common_LaunchOptionMembers;
     constexpr auto Boolean = common_PropertyMetaData::Boolean;
     constexpr auto String = common_PropertyMetaData::String;
     constexpr auto Integer = common_PropertyMetaData::Integer;
@@ -59,16 +23,16 @@ QVector<common_LaunchOption> optionTable()
         // key, type, label, default, flags, position in writing, in reading, members[, smallest]
         {keys::prekestAdvancedOptions,              String,  "",                                               0,     kept,    4,  4, {}},
         {keys::kestCheckGeometryOnly,               Boolean, "",                                               false, kept,    5,  5, {}},
-        {keys::kestProcessPriority,                 Integer, "Process priority",                               2,     kept,    7,  7, processPriorities()},
+        {keys::kestProcessPriority,                 Integer, "Process priority",                               2,     kept,    7,  7, members::processPriorities()},
         {keys::kestUseGPUforNVIDIA,                 Boolean, "",                                               false, kept,    8,  8, {}},
         {keys::kestRemoteHost,                      String,  "",                                               0,     kept,   12, 12, {}},
-        {keys::kestRemoteExecutionMethod,           Integer, "",                                               1,     kept,   13, 13, remoteExecutionMethods()},
+        {keys::kestRemoteExecutionMethod,           Integer, "",                                               1,     kept,   13, 13, members::remoteExecutionMethods()},
         {keys::kestSpecifyParallelProcesses,        Boolean, "",                                               false, kept,   14, 14, {}},
         {keys::prekestContinueWithErrors,           Boolean, "",                                               false, kept,    1,  1, {}},
         {keys::kestNumberOfParallelProcesses,       Integer, "",                                               1,     kept,   15, 15, {}},
         {keys::kestUseSharedMemory,                 Boolean, "",                                               false, kept,   16, 16, {}},
         {keys::kestParallelEnvOptions,              Integer, "",                                               0,     kept,   17, 17, {}},
-        {keys::kestParallelAuthenticMethod,         Integer, "Parallel authentication method",                 1,     kept,   18, 18, parallelAuthenticMethods()},
+        {keys::kestParallelAuthenticMethod,         Integer, "Parallel authentication method",                 1,     kept,   18, 18, members::parallelAuthenticMethods()},
         {keys::kestAdvancedOptions,                 String,  "",                                               0,     kept,   19, 19, {}},
         {keys::adaptkestRestartAnalysisNumber,      Boolean, "",                                               false, kept,   20, 20, {}},
         {keys::adaptkestAnalysisNumber,             Integer, "",                                               1,     kept,   21, 21, {}},
@@ -86,7 +50,7 @@ QVector<common_LaunchOption> optionTable()
         {keys::prekestExportVariablesToOutFile,     Boolean, "",                                               false, kept,    3,  3, {}},
         {keys::runDetailsShown,                     Boolean, "Show the details on the Kest Solver run dialog", false, kept,   39, 39, {}},
         {keys::kestExportSPICEMTLCircuitFiles,      Boolean, "",                                               false, kept,    6,  6, {}},
-        {keys::amrkestErrorThreshold,               Integer, "",                                               1,     kept,   27, 26, errorThresholds()},
+        {keys::amrkestErrorThreshold,               Integer, "",                                               1,     kept,   27, 26, members::errorThresholds()},
         {keys::amrkestFrequency,                    String,  "",                                               0,     kept,   31, 30, {}},
         {keys::amrkestMaximumIterations,            Integer, "",                                               1,     kept,   33, 32, {}},
         {keys::amrkestAdvancedOptions,              String,  "",                                               0,     kept,   34, 33, {}},

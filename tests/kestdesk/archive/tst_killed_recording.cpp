@@ -92,6 +92,38 @@ private Q_SLOTS:
         QCOMPARE(archive.record(1)->totalPercentage, 50);
         endProcesses(desk);
     }
+
+    void laterBatchRunWritesTheEndOfAnInterruptedRecord_data()
+    {
+        QTest::addColumn<QStringList>("jobs");
+        QTest::newRow("one at a time") << QStringList();
+        QTest::newRow("two at once") << QStringList({text("--jobs"), text("2")});
+    }
+
+    void laterBatchRunWritesTheEndOfAnInterruptedRecord()
+    {
+        QFETCH(QStringList, jobs);
+        Desk desk;
+        QVERIFY(QFile::link(text(FAKE_COMPONENT), desk.path("home/bin/runkest")));
+        writeFile(desk.path("models/m.nec"), "halfway");
+        writeFile(desk.path("models/n.nec"), "valid");
+        QProcess process;
+        desk.start(process, {text("--non-interactive"), text("m.nec")});
+        const QString messages = desk.path("user/runs/1/messages.jsonl");
+        QTRY_VERIFY_WITH_TIMEOUT(contentOf(messages).contains("up"), 30000);
+        process.kill();
+        QVERIFY(process.waitForFinished(30000));
+        endProcesses(desk);
+        const QString end = desk.path("user/runs/1/end.json");
+        QVERIFY(!QFile::exists(end));
+        const Desk::Result result =
+            desk.run(QStringList{text("--non-interactive")} + jobs + QStringList{text("n.nec")});
+        QCOMPARE(result.exitCode, 0);
+        QVERIFY(contentOf(end).contains("\"state\": \"interrupted\""));
+        const auto record = RunArchive(desk.path("user/runs")).record(1);
+        QCOMPARE(record->outcome, text("interrupted"));
+        QCOMPARE(record->totalPercentage, 50);
+    }
 };
 
 QTEST_GUILESS_MAIN(tst_killed_recording)

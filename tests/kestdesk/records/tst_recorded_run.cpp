@@ -1,5 +1,6 @@
 #include "RunStage.h"
 
+#include <ModelLock.h>
 #include <RecordedRun.h>
 #include <RunRecorder.h>
 
@@ -225,6 +226,22 @@ private Q_SLOTS:
         const RunRecord again = repeat(original, original.model);
         QCOMPARE(again.state, RunRecord::State::NotStarted);
         QVERIFY2(again.problem.contains(problem), qPrintable(again.problem));
+    }
+
+    // Two runs would write over each other's results.
+    void modelIsNotRunTwiceAtATime()
+    {
+        const std::unique_ptr<Run> run = m_stage->makeRun("valid");
+        const RunRecord original = record(*run);
+        {
+            ModelLock other(original.model);
+            QVERIFY(other.take());
+            const RunRecord again = repeat(original, original.model);
+            QCOMPARE(again.state, RunRecord::State::NotStarted);
+            QVERIFY2(again.problem.contains(text("is being run already")),
+                     qPrintable(again.problem));
+        }
+        QCOMPARE(repeat(original, original.model).state, RunRecord::State::Valid);
     }
 
     // What kept it from starting may be mended by now.

@@ -306,6 +306,23 @@ private Q_SLOTS:
         QCOMPARE(m_stage->archive().numbers().size(), 3);
     }
 
+    void stoppedRunIsResumed()
+    {
+        useScript("echo \"got $*\"; exit 3\n");
+        writeFile(m_desk->path("models/m.nec"), "old\n");
+        QCOMPARE(m_desk->run({text("--non-interactive"), text("m.nec")}).exitCode, 1);
+        const Desk::Result refused = runs({text("again"), text("1"), text("--resume")});
+        QCOMPARE(refused.exitCode, 2);
+        QVERIFY2(refused.errors.contains(text("run 1 is not resumed. There is no m.partial")),
+                 qPrintable(refused.errors));
+        writeFile(m_desk->path("models/m.partial"), "kept\n");
+        writeFile(m_desk->path("models/m.nec"), "new\n"); // the component decides whether it fits
+        const Desk::Result result = runs({text("again"), text("1"), text("--resume")});
+        QCOMPARE(result.exitCode, 1);
+        QVERIFY2(result.output.contains(text("got m.nec --resume ")), qPrintable(result.output));
+        QCOMPARE(m_stage->archive().record(2)->repeats, 1);
+    }
+
     void batchRunGivesJsonAndNothingElse()
     {
         useScript("echo hello; echo '-*-total-percentage-*-100%'; test \"$1\" != bad.nec\n");

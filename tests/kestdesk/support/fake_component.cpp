@@ -9,6 +9,7 @@
 //   silent     ends well and reports nothing
 //   files      reports some files, one of them twice, and that all is done
 //   steady     reports a hundredth of the work after the other, for six seconds, and ends
+//   paused     reports half of it in the same way, and then waits to be terminated
 //   wait       waits to be terminated
 //   halfway    reports that half is done, and waits to be terminated
 //   beyond     reports half, then more than all, and waits to be terminated
@@ -187,10 +188,10 @@ void beValid()
     say("-*-total-percentage-*-100%");
 }
 
-void beSteady()
+void reportSteadily(int last)
 {
     say("up");
-    for (int percentage = 1; percentage <= 100; ++percentage) {
+    for (int percentage = 1; percentage <= last; ++percentage) {
         usleep(60000);
         report(percentage);
     }
@@ -215,7 +216,8 @@ int main(int argc, char* argv[])
         {"broken", [] { beValid(), std::raise(SIGKILL); }},
         {"silent", [] { say("up"); }},
         {"files", reportFiles},
-        {"steady", beSteady},
+        {"steady", [] { reportSteadily(100); }},
+        {"paused", [] { reportSteadily(50), waitForEver(); }},
         {"wait", [] { wait(false, false); }},
         {"halfway", [] { say("-*-total-percentage-*-50%"), wait(false, false); }},
         {"beyond", [] { report(50), report(250), wait(false, false); }},

@@ -1,0 +1,10 @@
+#pragma once
+
+#include <ApplicationDescription.h>
+
+/// kestmark as its command line knows it.
+namespace CommandLine {
+
+ApplicationDescription application();
+
+} // namespace CommandLine

@@ -1,0 +1,113 @@
+#include "TextReport.h"
+
+#include "CheckedPiece.h"
+#include "OutputSummary.h"
+#include "TypeWord.h"
+
+#include <VisibleText.h>
+
+#include <QStringList>
+
+namespace {
+
+constexpr int longestText = 300;
+constexpr int typeWidth = 16;
+constexpr int numberWidth = 6;
+
+QString shown(const QString& text)
+{
+    return text.size() <= longestText ? suite::visibleText(text)
+                                      : suite::visibleText(text.left(longestText)) +
+                                            QStringLiteral("... (%1 characters)").arg(text.size());
+}
+
+QString label(const CheckedPiece& piece)
+{
+    const QString line = QString::number(piece.line);
+    return piece.isOnlyOne ? line : QStringLiteral("%1.%2").arg(line).arg(piece.number);
+}
+
+QString explanation(const CheckedMessage& message)
+{
+    QString text = QStringLiteral("\"%1\"").arg(shown(message.text));
+    if (message.type == common_IProcessMessage::LineFeed) {
+        text = QStringLiteral("an empty line");
+    } else if (message.type == common_IProcessMessage::Percentage ||
+               message.type == common_IProcessMessage::TotalPercentage) {
+        text = message.text + QStringLiteral(" %");
+    }
+    if (message.isRepeated) {
+        text += QStringLiteral(", repeated from the marker before");
+    }
+    if (message.listed) {
+        text += QStringLiteral(", listed as %1 | %2")
+                    .arg(shown(message.listed->identifier), shown(message.listed->description));
+    }
+    return text;
+}
+
+QString counted(qint64 count, const char* noun)
+{
+    return QStringLiteral("%1 %2%3").arg(QString::number(count), QLatin1String(noun),
+                                         count == 1 ? QString() : QStringLiteral("s"));
+}
+
+QString counts(const OutputSummary& summary)
+{
+    QStringList parts;
+    for (std::size_t type = 0; type < summary.messages.size(); ++type) {
+        if (summary.messages[type] > 0) {
+            parts.append(QStringLiteral("%1 %2")
+                             .arg(summary.messages[type])
+                             .arg(typeWord(static_cast<common_IProcessMessage::Type>(type))));
+        }
+    }
+    return parts.isEmpty() ? QStringLiteral("no messages") : parts.join(QStringLiteral(", "));
+}
+
+} // namespace
+
+TextReport::TextReport(std::FILE* stream, ReportStyle style) : m_stream(stream), m_style(style)
+{}
+
+void TextReport::add(const CheckedPiece& piece)
+{
+    if (m_style == ReportStyle::RemarksOnly && piece.remarks.isEmpty()) {
+        return;
+    }
+    if (piece.messages.isEmpty()) {
+        writeLine(QStringLiteral("%1  nothing").arg(label(piece), numberWidth));
+    }
+    for (const CheckedMessage& message : piece.messages) {
+        writeLine(QStringLiteral("%1  %2  %3")
+                      .arg(label(piece), numberWidth)
+                      .arg(typeWord(message.type), -typeWidth)
+                      .arg(explanation(message)));
+    }
+    for (const Remark& remark : piece.remarks) {
+        writeLine(QStringLiteral("%1  ! %2: %3")
+                      .arg(QString(), numberWidth)
+                      .arg(remark.word(), shown(remark.text)));
+    }
+    std::fflush(m_stream);
+}
+
+void TextReport::add(const Remark& remark)
+{
+    writeLine(QStringLiteral("%1: %2").arg(remark.word(), shown(remark.text)));
+}
+
+void TextReport::finish(const OutputSummary& summary)
+{
+    writeLine(QStringLiteral("%1: %2").arg(counted(summary.lines, "line"), counts(summary)));
+    writeLine(counted(summary.remarks, "remark"));
+}
+
+void TextReport::fail(const QString& /*problem*/)
+{}
+
+void TextReport::writeLine(const QString& text)
+{
+    const QByteArray bytes = text.toUtf8() + '\n';
+    std::fwrite(bytes.constData(), 1, static_cast<std::size_t>(bytes.size()), m_stream);
+}

@@ -1,0 +1,8 @@
+#include "CommandLine.h"
+
+#include <ApplicationStart.h>
+
+int main(int argc, char* argv[])
+{
+    return ApplicationStart::run(CommandLine::application(), argc, argv);
+}

@@ -1,0 +1,23 @@
+# The program in the README is the minimal example, line by line: what readers copy is what is built.
+file(READ ${README} readme)
+string(FIND "${readme}" "\n```cpp\n" begin)
+if(begin EQUAL -1)
+    message(FATAL_ERROR "${README} has no C++ code")
+endif()
+math(EXPR begin "${begin} + 8")
+string(SUBSTRING "${readme}" ${begin} -1 rest)
+string(FIND "${rest}" "\n```\n" length)
+math(EXPR length "${length} + 1")
+string(SUBSTRING "${rest}" 0 ${length} block)
+
+file(READ ${EXAMPLE} example)
+string(FIND "${example}" "#include" begin)
+string(SUBSTRING "${example}" ${begin} -1 program)
+if(NOT block STREQUAL program)
+    message(FATAL_ERROR "The program in ${README} is not that in ${EXAMPLE}:\n${block}")
+endif()
+
+string(FIND "${rest}" "\n```cpp\n" another)
+if(NOT another EQUAL -1)
+    message(FATAL_ERROR "${README} has C++ code that is not compiled")
+endif()
