@@ -1,11 +1,11 @@
 #include "WorkFolder.h"
 
+#include <PlainText.h>
+
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
 #include <QSysInfo>
-
-#include <PlainText.h>
 
 #include <cerrno>
 #include <cstring>
