@@ -50,9 +50,11 @@ void tst_adaptkest_faults_state::secondRunIsRefused()
     QVERIFY(m_runs->waitForProcesses(4));
     const SuiteResult second = run("m");
     QCOMPARE(second.exitCode, 1);
-    QCOMPARE(second.bodies(text("error")),
-             QStringList(text("ERROR 2722: m.nec: the folder 'm.adaptkest' cannot be used, another "
-                              "run of adaptkest on this model uses it")));
+    QCOMPARE(
+        second.bodies(text("error")),
+        QStringList(text("ERROR 2722: m.nec: the folder 'm.adaptkest' cannot be used, another "
+                         "run of adaptkest on this model, process %1 on %2, uses it")
+                        .arg(QString::number(first.processId()), QSysInfo::machineHostName())));
     QVERIFY(QFile::exists(m_runs->path(text("m.adaptkest/made_by_adaptkest"))));
     QVERIFY(first.waitForFinished());
     QCOMPARE(first.exitCode(), 0);

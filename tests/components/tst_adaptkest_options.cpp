@@ -1,5 +1,6 @@
 #include "AdaptkestParts.h"
 #include "MarkedRuns.h"
+#include "OptionChecks.h"
 #include "ResultTable.h"
 #include "SuiteRun.h"
 
@@ -7,7 +8,6 @@
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
-#include <QRegularExpression>
 #include <QTemporaryDir>
 #include <QtTest>
 
@@ -82,21 +82,16 @@ void tst_adaptkest_options::nothingIsKeptUnasked()
 
 void tst_adaptkest_options::anyPathWorks_data()
 {
-    QTest::addColumn<QString>("path");
-    for (const char* path : {"plain", "two words/two words", "it's \"q\" $(x);&/m'\"",
-                             "f\xc3\xbcr/\xe6\x97\xa5\xe6\x9c\xac", "-dash/-m"}) {
-        QTest::newRow(path) << QString::fromUtf8(path);
-    }
+    addModelPaths();
 }
 
 void tst_adaptkest_options::anyPathWorks()
 {
     QFETCH(QString, path);
     const QTemporaryDir folder;
-    const QFileInfo file(folder.filePath(path + text(".nec")));
-    QVERIFY(QDir().mkpath(file.absolutePath()));
-    QVERIFY(!writeFile(file.absolutePath(), file.fileName(), adaptiveDipole()).isEmpty());
-    const SuiteResult result = runSuite(runkestProgram(), {file.filePath()}, QDir::tempPath(),
+    const QString file = writeModelAt(folder.path(), path, adaptiveDipole());
+    QVERIFY(!file.isEmpty());
+    const SuiteResult result = runSuite(runkestProgram(), {file}, QDir::tempPath(),
                                         environmentWith(text("LC_ALL"), text("C")));
     QCOMPARE(result.exitCode, 0);
     QVERIFY(ResultTable::read(folder.filePath(path + text(".csv"))).points.size() > 10);
@@ -130,11 +125,8 @@ void tst_adaptkest_options::optionsOfTheFrontEnd()
 
 void tst_adaptkest_options::wrongOptions_data()
 {
-    QTest::addColumn<QStringList>("arguments");
-    QTest::addColumn<QString>("error");
-    const auto add = [](const char* arguments, const char* error) {
-        QTest::newRow(arguments) << words(arguments) << text(error);
-    };
+    WrongOptions::addColumns();
+    const auto add = &WrongOptions::add;
     add("m --restart", "ERROR 2001: adaptkest: the value is missing of option '--restart'");
     add("m --restart last", "ERROR 2001: adaptkest: option --restart needs a whole number");
     add("m --restart -1", "ERROR 2001: adaptkest: option --restart needs a whole number");
@@ -156,22 +148,16 @@ void tst_adaptkest_options::wrongOptions()
     MarkedRuns runs;
     QVERIFY(!writeFile(runs.folder(), text("m.nec"), adaptiveDipole()).isEmpty());
     const SuiteResult result = runSuite(program(), arguments, runs.folder(), runs.environment());
-    QCOMPARE(result.exitCode, 1);
-    const QStringList errors = result.bodies(text("error"));
-    QVERIFY(!errors.isEmpty());
-    QVERIFY2(errors.first().startsWith(error), qPrintable(errors.first()));
+    verifyRefusal(result, error);
     QCOMPARE(runs.entries(), words("m.nec"));
 }
 
 void tst_adaptkest_options::helpNamesItsOptions()
 {
     const SuiteResult result = runSuite(program(), words("--help"), QDir::tempPath());
-    QCOMPARE(result.exitCode, 0);
     for (const char* option : {"--restart", "--keep-files", "-np", "--runkest-options",
                                "--machines-file", "--prekest-options", "--ignore-errors"}) {
-        QCOMPARE(
-            result.lines.filter(QRegularExpression(text("^  %1 ").arg(text(option)))).isEmpty(),
-            false);
+        verifyHelp(result, option);
     }
 }
 

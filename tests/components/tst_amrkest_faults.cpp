@@ -253,9 +253,11 @@ void tst_amrkest_faults::secondRunIsRefused()
     QVERIFY(m_runs->waitForProcesses(3));
     const SuiteResult second = run();
     QCOMPARE(second.exitCode, 1);
-    QCOMPARE(second.bodies(text("error")),
-             QStringList(text("ERROR 2722: m.nec: the folder 'm.amrkest' cannot be used, another "
-                              "run of amrkest on this model uses it")));
+    QCOMPARE(
+        second.bodies(text("error")),
+        QStringList(text("ERROR 2722: m.nec: the folder 'm.amrkest' cannot be used, another "
+                         "run of amrkest on this model, process %1 on %2, uses it")
+                        .arg(QString::number(first.processId()), QSysInfo::machineHostName())));
     QVERIFY(first.waitForFinished());
     QCOMPARE(first.exitCode(), 0);
     QVERIFY(readFile(m_runs->path(text("m_amr.csv"))).startsWith("frequency_MHz,"));

@@ -1,6 +1,8 @@
 #include "AmrkestParts.h"
 #include "MarkedRuns.h"
+#include "OptionChecks.h"
 #include "ResultTable.h"
+#include "SpiedInstallation.h"
 #include "SuiteRun.h"
 
 #include <QDir>
@@ -31,36 +33,6 @@ private Q_SLOTS:
     void helpNamesItsOptions();
 };
 
-namespace {
-
-// A folder with amrkest and a runkest that writes down how it is called before it works.
-class SpiedInstallation
-{
-public:
-    SpiedInstallation()
-    {
-        QDir(m_folder.path()).mkdir(text("bin"));
-        QFile::copy(::program(), program());
-        const QByteArray script = "#!/bin/sh\n(IFS='|'; echo \"$*\") >> '" + calls().toUtf8() +
-                                  "'\nexec '" + runkestProgram().toUtf8() + "' \"$@\"\n";
-        const QString path = writeFile(m_folder.filePath(text("bin")), text("runkest"), script);
-        QFile::setPermissions(path, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
-    }
-
-    QString program() const { return m_folder.filePath(text("bin/amrkest")); }
-    QStringList calledWith() const
-    {
-        return QString::fromUtf8(readFile(calls())).split(QLatin1Char('\n'), Qt::SkipEmptyParts);
-    }
-
-private:
-    QString calls() const { return m_folder.filePath(text("calls")); }
-
-    QTemporaryDir m_folder;
-};
-
-} // namespace
-
 void tst_amrkest_options::runkestOptionsArePassedOn_data()
 {
     QTest::addColumn<QString>("options");
@@ -85,7 +57,7 @@ void tst_amrkest_options::runkestOptionsArePassedOn()
     QFETCH(QString, options);
     QFETCH(QString, expected);
     const QTemporaryDir folder;
-    const SpiedInstallation spied;
+    const SpiedInstallation spied(program(), "exec \"$RUNKEST\" \"$@\"");
     QVERIFY(!writeFile(folder.path(), text("m.nec"), coarseDipole()).isEmpty());
     const SuiteResult result = runSuite(
         spied.program(), QStringList(text("m")) + words(qPrintable(options)), folder.path());
@@ -156,28 +128,21 @@ void tst_amrkest_options::checkOnlySolvesNothing()
 
 void tst_amrkest_options::anyPathWorks_data()
 {
-    QTest::addColumn<QString>("path");
-    for (const char* path :
-         {"plain", "two words/two words", "it's \"q\" $(x);&/m'\"",
-          "f\xc3\xbcr/\xe6\x97\xa5\xe6\x9c\xac", "-dash/-m", "dots/a.b (c)[d]+"}) {
-        QTest::newRow(path) << QString::fromUtf8(path);
-    }
+    addModelPaths();
 }
 
 void tst_amrkest_options::anyPathWorks()
 {
     QFETCH(QString, path);
     const QTemporaryDir folder;
-    const QFileInfo file(folder.filePath(path + text(".nec")));
-    QVERIFY(QDir().mkpath(file.absolutePath()));
-    QVERIFY(!writeFile(file.absolutePath(), file.fileName(), coarseDipole()).isEmpty());
-    const SuiteResult result = runSuite(program(), {file.filePath()}, QDir::tempPath(),
-                                        environmentWith(text("LC_ALL"), text("C")));
+    const QString file = writeModelAt(folder.path(), path, coarseDipole());
+    QVERIFY(!file.isEmpty());
+    const SuiteResult result =
+        runSuite(program(), {file}, QDir::tempPath(), environmentWith(text("LC_ALL"), text("C")));
     QCOMPARE(result.bodies(text("error")), QStringList());
     QCOMPARE(result.exitCode, 0);
     QCOMPARE(ResultTable::read(folder.filePath(path + text("_amr.csv"))).points.size(), 5);
-    QCOMPARE(QDir(file.absolutePath()).entryList(QDir::AllEntries | QDir::NoDotAndDotDot).size(),
-             5);
+    QCOMPARE(QFileInfo(file).dir().entryList(QDir::AllEntries | QDir::NoDotAndDotDot).size(), 5);
 }
 
 void tst_amrkest_options::optionsOfTheFrontEnd_data()
@@ -214,11 +179,8 @@ void tst_amrkest_options::optionsOfTheFrontEnd()
 
 void tst_amrkest_options::wrongOptions_data()
 {
-    QTest::addColumn<QStringList>("arguments");
-    QTest::addColumn<QString>("error");
-    const auto add = [](const char* arguments, const char* error) {
-        QTest::newRow(arguments) << words(arguments) << text(error);
-    };
+    WrongOptions::addColumns();
+    const auto add = &WrongOptions::add;
     add("m --max-iterations 0",
         "ERROR 2001: amrkest: option --max-iterations needs a whole number");
     add("m --max-iterations -1", "ERROR 2001: amrkest: option --max-iterations needs");
@@ -253,22 +215,17 @@ void tst_amrkest_options::wrongOptions()
     writeFile(runs.folder(), text("wave.nec"),
               QByteArray(deck).replace("EX 0 1 3 0 1 0", "EX 1 1 1 0 0 0 0 0 0 0"));
     const SuiteResult result = runSuite(program(), arguments, runs.folder(), runs.environment());
-    QCOMPARE(result.exitCode, 1);
-    const QStringList errors = result.bodies(text("error"));
-    QVERIFY(!errors.isEmpty());
-    QVERIFY2(errors.first().startsWith(error), qPrintable(errors.first()));
+    verifyRefusal(result, error);
     QCOMPARE(runs.entries(), words("m.nec patch.nec wave.nec"));
-    QVERIFY(!result.hasText(text("-*-total-percentage-*-100%")));
 }
 
 void tst_amrkest_options::helpNamesItsOptions()
 {
     const SuiteResult result = runSuite(program(), words("--help"), QDir::tempPath());
-    QCOMPARE(result.exitCode, 0);
     for (const char* option :
          {"--max-iterations", "--frequency", "--error-threshold", "--keep-files",
           "--skip-final-solve", "--runkest-options", "--priority", "--ignore-errors"}) {
-        QVERIFY2(result.hasText(text("  ") + text(option) + QLatin1Char(' ')), option);
+        verifyHelp(result, option);
     }
 }
 

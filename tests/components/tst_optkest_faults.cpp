@@ -29,12 +29,12 @@ private Q_SLOTS:
     void killedAtAnyMoment();
     void closedOutputEndsTheOptimisation();
     void secondOptimisationIsRefused();
-    void lockOfADeadProcessIsTakenOver_data();
-    void lockOfADeadProcessIsTakenOver();
+    void folderOfAKilledRunIsTakenOver();
     void brokenEngine_data();
     void brokenEngine();
     void failureKeepsWhatIsDone();
     void fullDiskAtTheEnd();
+    void folderOfSomethingElseIsLeftAlone();
     void stateThatCannotBeWritten();
 
 private:
@@ -193,7 +193,7 @@ void tst_optkest_faults::stoppedAtAnyMoment()
             QDir(m_model->path("tune.optkest")).entryList(QDir::AllEntries | QDir::NoDotAndDotDot);
         QVERIFY2(left.isEmpty() || left.contains(text("optkest.json")),
                  qPrintable(left.join(QLatin1Char(' '))));
-        QVERIFY(!left.contains(text("final")) && !left.contains(text("optkest.lock")));
+        QVERIFY(!left.contains(text("final")));
         const QStringList runs = m_model->runs();
         for (const QString& run : runs) {
             const QDir folder(m_model->path("tune.optkest") + QLatin1Char('/') + run);
@@ -253,8 +253,9 @@ void tst_optkest_faults::secondOptimisationIsRefused()
         const SuiteResult second = m_model->run(text(options));
         QCOMPARE(second.exitCode, 1);
         const QString expected =
-            QStringLiteral("ERROR 2612: tune.nec: another optkest, process %1 on %2, is working on "
-                           "this model")
+            QStringLiteral(
+                "ERROR 2612: tune.nec: the folder 'tune.optkest' cannot be used, another "
+                "run of optkest on this model, process %1 on %2, uses it")
                 .arg(QString::number(process.processId()), QSysInfo::machineHostName());
         QCOMPARE(second.bodies(text("error")), QStringList(expected));
     }
@@ -264,30 +265,17 @@ void tst_optkest_faults::secondOptimisationIsRefused()
     QCOMPARE(process.exitCode(), 128 + SIGTERM);
 }
 
-void tst_optkest_faults::lockOfADeadProcessIsTakenOver_data()
+void tst_optkest_faults::folderOfAKilledRunIsTakenOver()
 {
-    QTest::addColumn<QByteArray>("lock");
-    QTest::newRow("of a killed one") << QByteArray();
-    QTest::newRow("cut off") << QByteArray("12");
-}
-
-void tst_optkest_faults::lockOfADeadProcessIsTakenOver()
-{
-    QFETCH(QByteArray, lock);
     QProcess process;
     start(process, text("hang"), text("-np 1"));
     QVERIFY(QTest::qWaitFor([this] { return m_model->processCount() >= 3; }, 20000));
+    const qint64 pid = process.processId();
     process.kill();
     QVERIFY(process.waitForFinished());
-    QVERIFY(QFile::exists(m_model->path("tune.optkest/optkest.lock")));
-    if (!lock.isEmpty()) {
-        QFile file(m_model->path("tune.optkest/optkest.lock"));
-        QVERIFY(file.open(QIODevice::WriteOnly));
-        file.write(lock);
-        file.flush();
-        QVERIFY(file.setFileTime(QDateTime::currentDateTime().addSecs(-60),
-                                 QFileDevice::FileModificationTime));
-    }
+    QFile mark(m_model->path("tune.optkest/made_by_optkest"));
+    QVERIFY(mark.open(QIODevice::ReadOnly));
+    QVERIFY(mark.readAll().startsWith(text("process %1 on ").arg(pid).toUtf8()));
     QCOMPARE(m_model->run(text("-np 4")).exitCode, 0);
 }
 
@@ -371,9 +359,25 @@ void tst_optkest_faults::fullDiskAtTheEnd()
     verifyRestart(text("-np 4"));
 }
 
+void tst_optkest_faults::folderOfSomethingElseIsLeftAlone()
+{
+    QVERIFY(m_model->folder().mkpath(text("tune.optkest/run_0001")));
+    const QString notes =
+        writeFile(m_model->path("tune.optkest/run_0001"), text("model.nec"), "mine");
+    QVERIFY(!notes.isEmpty());
+    const SuiteResult result = m_model->run(text("-r"));
+    QCOMPARE(result.exitCode, 1);
+    QCOMPARE(result.bodies(text("error")),
+             QStringList(text("ERROR 2612: tune.nec: the folder 'tune.optkest' cannot be used, it "
+                              "was not made by optkest")));
+    QCOMPARE(readFile(notes), QByteArray("mine"));
+    verifyOldResults();
+}
+
 void tst_optkest_faults::stateThatCannotBeWritten()
 {
     QVERIFY(m_model->folder().mkpath(text("tune.optkest/optkest.json")));
+    QVERIFY(!writeFile(m_model->path("tune.optkest"), text("made_by_optkest"), "").isEmpty());
     const SuiteResult result = m_model->run();
     QCOMPARE(result.exitCode, 1);
     QVERIFY2(

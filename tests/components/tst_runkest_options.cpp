@@ -1,3 +1,4 @@
+#include "OptionChecks.h"
 #include "RunkestParts.h"
 #include "SuiteRun.h"
 
@@ -81,22 +82,15 @@ void tst_runkest_options::variablesAreWritten()
 
 void tst_runkest_options::anyPathWorks_data()
 {
-    QTest::addColumn<QString>("path");
-    for (const char* path : {"plain", "two words/two words", "it's \"q\" $(x);&/m'\"",
-                             "f\xc3\xbcr/\xe6\x97\xa5\xe6\x9c\xac", "-dash/-m"}) {
-        QTest::newRow(path) << QString::fromUtf8(path);
-    }
+    addModelPaths();
 }
 
 void tst_runkest_options::anyPathWorks()
 {
     QFETCH(QString, path);
     const QTemporaryDir folder;
-    const QString full = folder.filePath(path + text(".nec"));
-    QVERIFY(QDir().mkpath(QFileInfo(full).absolutePath()));
-    QVERIFY(!writeFile(QFileInfo(full).absolutePath(), QFileInfo(full).fileName(),
-                       deckOf(dipoleCards()))
-                 .isEmpty());
+    const QString full = writeModelAt(folder.path(), path, deckOf(dipoleCards()));
+    QVERIFY(!full.isEmpty());
     QProcessEnvironment environment = environmentWith(text("LC_ALL"), text("C"));
     const SuiteResult result = runSuite(runkestProgram(), {full}, QDir::tempPath(), environment);
     QCOMPARE(result.exitCode, 0);

@@ -1,9 +1,10 @@
+#include "MessageValue.h"
+
 #include <common_GenericProcessMessage.h>
 
 #include <QtTest>
 
 #include <type_traits>
-#include <utility>
 
 namespace {
 
@@ -11,10 +12,6 @@ using Message = common_GenericProcessMessage;
 
 static_assert(std::has_virtual_destructor<common_IProcessMessage>::value, "handed out by the base");
 static_assert(std::is_abstract<common_IProcessMessage>::value, "only an interface");
-static_assert(std::is_copy_constructible<Message>::value, "a value");
-static_assert(std::is_copy_assignable<Message>::value, "a value");
-static_assert(std::is_move_constructible<Message>::value, "a value");
-static_assert(std::is_move_assignable<Message>::value, "a value");
 
 } // namespace
 
@@ -36,27 +33,9 @@ private Q_SLOTS:
         QCOMPARE(int(Message::Variable), 8);
     }
 
-    void isEmptyOutputByDefault()
-    {
-        const Message message;
-        QCOMPARE(message.getText(), QString());
-        QCOMPARE(message.getType(), Message::Output);
-    }
+    void isEmptyOutputByDefault() { MessageValue<Message>::isEmptyOutputByDefault(); }
 
-    void copiesAndMovesBothFields()
-    {
-        const Message message(Message::Warning, QStringLiteral("hot"));
-        Message copy(message);
-        Message assigned;
-        assigned = copy;
-        const Message moved(std::move(copy));
-        Message moveAssigned;
-        moveAssigned = std::move(assigned);
-        for (const Message* each : {&message, &moved, &std::as_const(moveAssigned)}) {
-            QCOMPARE(each->getText(), QStringLiteral("hot"));
-            QCOMPARE(each->getType(), Message::Warning);
-        }
-    }
+    void copiesAndMovesBothFields() { MessageValue<Message>::copiesAndMovesBothFields(); }
 
     void givesOneMessageWithTheText_data()
     {

@@ -1,3 +1,5 @@
+#include "MessageValue.h"
+
 #include <MarkerPattern.h>
 #include <TestRandom.h>
 
@@ -5,19 +7,10 @@
 
 #include <QtTest>
 
-#include <type_traits>
-#include <utility>
-
 namespace {
 
 using Message = common_KestProcessMessage;
 using Expected = MarkerPattern::Message;
-
-static_assert(std::is_base_of<common_IProcessMessage, Message>::value, "for the process runner");
-static_assert(std::is_copy_constructible<Message>::value, "a value");
-static_assert(std::is_copy_assignable<Message>::value, "a value");
-static_assert(std::is_move_constructible<Message>::value, "a value");
-static_assert(std::is_move_assignable<Message>::value, "a value");
 
 QString described(const QVector<Expected>& messages)
 {
@@ -77,27 +70,9 @@ class tst_common_KestProcessMessage : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void isEmptyOutputByDefault()
-    {
-        const Message message;
-        QCOMPARE(message.getText(), QString());
-        QCOMPARE(message.getType(), Message::Output);
-    }
+    void isEmptyOutputByDefault() { MessageValue<Message>::isEmptyOutputByDefault(); }
 
-    void copiesAndMovesBothFields()
-    {
-        const Message message(Message::File, text("out.log"));
-        Message copy(message);
-        Message assigned;
-        assigned = copy;
-        const Message moved(std::move(copy));
-        Message moveAssigned;
-        moveAssigned = std::move(assigned);
-        for (const Message* each : {&message, &moved, &std::as_const(moveAssigned)}) {
-            QCOMPARE(each->getText(), text("out.log"));
-            QCOMPARE(each->getType(), Message::File);
-        }
-    }
+    void copiesAndMovesBothFields() { MessageValue<Message>::copiesAndMovesBothFields(); }
 
     void decodes_data()
     {

@@ -31,6 +31,31 @@ struct DeckMistake
     {
         QTest::newRow(name) << deck << number << line << QString::fromLatin1(reason);
     }
+
+    /// Adds a row for a mistake that no table has.
+    static void add(const char* name, const QByteArray& deck, int number, int line,
+                    const char* reason)
+    {
+        DeckMistake{name, line, "", number, reason}.add(deck);
+    }
+};
+
+/// The current row of such a test: a deck, and the report that it must lead to.
+struct ReportedDeck
+{
+    QByteArray deck;
+    int number = 0;
+    int line = 0;
+    QString reason;
+
+    static ReportedDeck ofRow()
+    {
+        QFETCH(QByteArray, deck);
+        QFETCH(int, number);
+        QFETCH(int, line);
+        QFETCH(QString, reason);
+        return {deck, number, line, reason};
+    }
 };
 
 /// The good dipole with one line replaced. Several cards may stand in for one, and none.

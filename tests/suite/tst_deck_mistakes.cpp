@@ -21,15 +21,6 @@ private:
     static void addControlRows();
 };
 
-namespace {
-
-void addRow(const char* name, const QByteArray& deck, int number, int line, const char* reason)
-{
-    DeckMistake{name, line, "", number, reason}.add(deck);
-}
-
-} // namespace
-
 void tst_deck_mistakes::mistakeIsReported_data()
 {
     DeckMistake::addColumns();
@@ -77,37 +68,42 @@ void tst_deck_mistakes::addCardRows()
         row.add(changed(row.line, utf8(row.text)));
     }
     const QString blanks(130, QLatin1Char(' '));
-    addRow("card too long", changed(3, utf8("GW 1 21 0 0 -0.25 0 0 0.25") + blanks + utf8("0.001")),
-           2107, 3, "at most 132");
-    addRow("comment too long", changed(1, utf8("CM ") + QString(131, QLatin1Char('x'))), 2107, 1,
-           "134 bytes");
-    addRow("byte order mark", QByteArray("\xef\xbb\xbf") + deckOf(dipoleCards().mid(2)), 2017, 1,
-           "byte order mark");
+    DeckMistake::add("card too long",
+                     changed(3, utf8("GW 1 21 0 0 -0.25 0 0 0.25") + blanks + utf8("0.001")), 2107,
+                     3, "at most 132");
+    DeckMistake::add("comment too long", changed(1, utf8("CM ") + QString(131, QLatin1Char('x'))),
+                     2107, 1, "134 bytes");
+    DeckMistake::add("byte order mark", QByteArray("\xef\xbb\xbf") + deckOf(dipoleCards().mid(2)),
+                     2017, 1, "byte order mark");
 }
 
 void tst_deck_mistakes::addOrderRows()
 {
-    addRow("comments not ended", changed(2, QString()), 2201, 2, "CE");
-    addRow("comment among geometry", changed(4, utf8("CM late\nGE 0")), 2202, 4, "CM");
-    addRow("second comments' end", changed(2, utf8("CE\nCE")), 2202, 3, "CE");
-    addRow("control before GE", changed(4, utf8("GN 1\nGE 0")), 2203, 4, "GN");
-    addRow("wire after GE", changed(5, utf8("GW 2 5 1 0 0 1 0 1 0.001\nFR 0 1 0 0 300 0")), 2204, 5,
-           "GW");
-    addRow("second GE", changed(4, utf8("GE 0\nGE 0")), 2204, 5, "GE");
-    addRow("no GE", changed(4, QString()), 2205, 7, "GE");
-    addRow("no wire", changed(3, QString()), 2206, 7, "no wire");
-    addRow("no FR", changed(5, QString()), 2207, 7, "FR");
-    addRow("two FR", changed(5, utf8("FR 0 1 0 0 300 0\nFR 0 1 0 0 310 0")), 2208, 6, "line 5");
-    addRow("no EX", changed(6, QString()), 2209, 7, "EX");
-    addRow("no XQ", changed(7, QString()), 2210, 7, "nothing would be computed");
-    addRow("XQ before EX", changed(6, utf8("XQ\nEX 0 1 11 0 1 0")), 2211, 6, "first EX");
-    addRow("RP before FR", changed(5, utf8("EX 0 1 11\nRP 0 1 1 1000\nFR 0 1 0 0 300 0")), 2211, 6,
-           "first FR");
-    addRow("no EN", changed(8, QString()), 2212, 7, "EN");
-    addRow("only comments", QByteArray("CM nothing\nCE\n"), 2206, 2, "no wire");
-    addRow("taper of nothing", changed(4, utf8("GC 0 0 1 0.001 0.001\nGE 0")), 2213, 4, "GC");
-    addRow("patch not continued", changed(4, utf8("SP 0 1 1 1 1 0 0 0.1\nGE 0")), 2214, 4, "SC");
-    addRow("patch of nothing", changed(4, utf8("SC 0 1 1 1 1\nGE 0")), 2214, 4, "SP or SM");
+    DeckMistake::add("comments not ended", changed(2, QString()), 2201, 2, "CE");
+    DeckMistake::add("comment among geometry", changed(4, utf8("CM late\nGE 0")), 2202, 4, "CM");
+    DeckMistake::add("second comments' end", changed(2, utf8("CE\nCE")), 2202, 3, "CE");
+    DeckMistake::add("control before GE", changed(4, utf8("GN 1\nGE 0")), 2203, 4, "GN");
+    DeckMistake::add("wire after GE",
+                     changed(5, utf8("GW 2 5 1 0 0 1 0 1 0.001\nFR 0 1 0 0 300 0")), 2204, 5, "GW");
+    DeckMistake::add("second GE", changed(4, utf8("GE 0\nGE 0")), 2204, 5, "GE");
+    DeckMistake::add("no GE", changed(4, QString()), 2205, 7, "GE");
+    DeckMistake::add("no wire", changed(3, QString()), 2206, 7, "no wire");
+    DeckMistake::add("no FR", changed(5, QString()), 2207, 7, "FR");
+    DeckMistake::add("two FR", changed(5, utf8("FR 0 1 0 0 300 0\nFR 0 1 0 0 310 0")), 2208, 6,
+                     "line 5");
+    DeckMistake::add("no EX", changed(6, QString()), 2209, 7, "EX");
+    DeckMistake::add("no XQ", changed(7, QString()), 2210, 7, "nothing would be computed");
+    DeckMistake::add("XQ before EX", changed(6, utf8("XQ\nEX 0 1 11 0 1 0")), 2211, 6, "first EX");
+    DeckMistake::add("RP before FR", changed(5, utf8("EX 0 1 11\nRP 0 1 1 1000\nFR 0 1 0 0 300 0")),
+                     2211, 6, "first FR");
+    DeckMistake::add("no EN", changed(8, QString()), 2212, 7, "EN");
+    DeckMistake::add("only comments", QByteArray("CM nothing\nCE\n"), 2206, 2, "no wire");
+    DeckMistake::add("taper of nothing", changed(4, utf8("GC 0 0 1 0.001 0.001\nGE 0")), 2213, 4,
+                     "GC");
+    DeckMistake::add("patch not continued", changed(4, utf8("SP 0 1 1 1 1 0 0 0.1\nGE 0")), 2214, 4,
+                     "SC");
+    DeckMistake::add("patch of nothing", changed(4, utf8("SC 0 1 1 1 1\nGE 0")), 2214, 4,
+                     "SP or SM");
 }
 
 void tst_deck_mistakes::addGeometryRows()
@@ -143,12 +139,13 @@ void tst_deck_mistakes::addGeometryRows()
     for (const DeckMistake& row : afterWire) {
         row.add(changed(4, utf8(row.text) + utf8("\nGE 0")));
     }
-    addRow("taper of radius 0", changed(4, utf8("GW 2 5 1 0 0 1 0 1 0\nGC 0 0 1 0 0.1\nGE 0")),
-           2304, 5, "is 0");
-    addRow("wire below ground", changed(4, utf8("GE 1")), 2309, 3, "goes below");
-    addRow("wire in the ground plane",
-           changed(3, utf8("GW 1 21 0 0 0 0 0.5 0 0.001\nGE 1")).replace("GE 0\n", ""), 2309, 3,
-           "lies in");
+    DeckMistake::add("taper of radius 0",
+                     changed(4, utf8("GW 2 5 1 0 0 1 0 1 0\nGC 0 0 1 0 0.1\nGE 0")), 2304, 5,
+                     "is 0");
+    DeckMistake::add("wire below ground", changed(4, utf8("GE 1")), 2309, 3, "goes below");
+    DeckMistake::add("wire in the ground plane",
+                     changed(3, utf8("GW 1 21 0 0 0 0 0.5 0 0.001\nGE 1")).replace("GE 0\n", ""),
+                     2309, 3, "lies in");
 }
 
 void tst_deck_mistakes::addControlRows()
@@ -193,23 +190,20 @@ void tst_deck_mistakes::addControlRows()
 
 void tst_deck_mistakes::mistakeIsReported()
 {
-    QFETCH(QByteArray, deck);
-    QFETCH(int, number);
-    QFETCH(int, line);
-    QFETCH(QString, reason);
+    const ReportedDeck expected = ReportedDeck::ofRow();
     const QTemporaryDir folder;
-    QVERIFY(!writeFile(folder.path(), utf8("bad.nec"), deck).isEmpty());
+    QVERIFY(!writeFile(folder.path(), utf8("bad.nec"), expected.deck).isEmpty());
 
     const SuiteResult result = runSuite(prekestProgram(), {utf8("bad.nec")}, folder.path());
 
     QCOMPARE(result.exitCode, 1);
     QVERIFY(!result.isCrash);
     const QStringList errors = result.bodies(utf8("error"));
-    const QStringList matching =
-        errors.filter(QRegularExpression(QStringLiteral("^ERROR %1: .*\\(bad\\.nec, line %2[,)]")
-                                             .arg(QString::number(number), QString::number(line))));
+    const QStringList matching = errors.filter(QRegularExpression(
+        QStringLiteral("^ERROR %1: .*\\(bad\\.nec, line %2[,)]")
+            .arg(QString::number(expected.number), QString::number(expected.line))));
     QVERIFY2(matching.size() == 1, qPrintable(errors.join(QLatin1Char('\n'))));
-    QVERIFY2(matching.first().contains(reason), qPrintable(matching.first()));
+    QVERIFY2(matching.first().contains(expected.reason), qPrintable(matching.first()));
     QVERIFY(result.bodies(utf8("total-percentage")).isEmpty());
 }
 

@@ -67,16 +67,16 @@ void tst_named_values_mistakes::addDefinitionRows()
         row.add(deckWith((QByteArray(row.text) + "\nSY H=0.25").constData(), wireLine));
     }
     const QByteArray blanks(1000, ' ');
-    QTest::newRow("too long") << deckWith(("SY H=" + blanks + "0.25\nSY H=0.25").constData(),
-                                          wireLine)
-                              << 2107 << 4 << latin1("at most 1000");
+    DeckMistake::add("too long",
+                     deckWith(("SY H=" + blanks + "0.25\nSY H=0.25").constData(), wireLine), 2107,
+                     4, "at most 1000");
     QByteArray many;
     for (int i = 0; i < 1001; ++i) {
         many += "SY A" + QByteArray::number(i) + "=1\n";
     }
-    QTest::newRow("too many") << deckWith((many + "SY H=0.25").constData(),
-                                          "GW 1 21 0 0 -0.25 0 0 0.25 0.001")
-                              << 2128 << 1004 << latin1("more than 1000 names");
+    DeckMistake::add("too many",
+                     deckWith((many + "SY H=0.25").constData(), "GW 1 21 0 0 -0.25 0 0 0.25 0.001"),
+                     2128, 1004, "more than 1000 names");
 }
 
 void tst_named_values_mistakes::addFieldRows()
@@ -100,19 +100,19 @@ void tst_named_values_mistakes::addFieldRows()
     for (const DeckMistake& row : table) {
         row.add(deckWith("SY H=0.25", row.text));
     }
-    QTest::newRow("used before it is defined")
-        << deckWith("GW 1 21 0 0 -0.25 0 0 H 0.001", "SY H=0.25") << 2124 << 4
-        << latin1("no SY card before it");
-    QTest::newRow("defined behind the end")
-        << deckWith("SY A=1", "GW 1 21 0 0 -0.25 0 0 H 0.001") + "SY H=0.25\n"
-        << 2124 << 5 << latin1("'H'");
-    QTest::newRow("plain cards stay checked")
-        << deckWith("SY H=0.25", "GW 1 21.5 0 0 -H 0 0 H 0.001") << 2105 << 5 << latin1("'21.5'");
-    QTest::newRow("cannot be shortened enough")
-        << deckWith("SY H=0.25", QByteArray("GW 1 21 0." + QByteArray(60, '0') + " 0." +
-                                            QByteArray(50, '0') + " -H/3 0 H/7 H 0.001")
-                                     .constData())
-        << 2107 << 5 << latin1("at most 132");
+    DeckMistake::add("used before it is defined",
+                     deckWith("GW 1 21 0 0 -0.25 0 0 H 0.001", "SY H=0.25"), 2124, 4,
+                     "no SY card before it");
+    DeckMistake::add("defined behind the end",
+                     deckWith("SY A=1", "GW 1 21 0 0 -0.25 0 0 H 0.001") + "SY H=0.25\n", 2124, 5,
+                     "'H'");
+    DeckMistake::add("plain cards stay checked",
+                     deckWith("SY H=0.25", "GW 1 21.5 0 0 -H 0 0 H 0.001"), 2105, 5, "'21.5'");
+    DeckMistake::add("cannot be shortened enough",
+                     deckWith("SY H=0.25", QByteArray("GW 1 21 0." + QByteArray(60, '0') + " 0." +
+                                                      QByteArray(50, '0') + " -H/3 0 H/7 H 0.001")
+                                               .constData()),
+                     2107, 5, "at most 132");
 }
 
 void tst_named_values_mistakes::addOptimisationRows()
@@ -146,11 +146,8 @@ void tst_named_values_mistakes::addOptimisationRows()
 
 void tst_named_values_mistakes::mistakeIsReported()
 {
-    QFETCH(QByteArray, deck);
-    QFETCH(int, number);
-    QFETCH(int, line);
-    QFETCH(QString, reason);
-    const Preprocessor checked(deck);
+    const ReportedDeck expected = ReportedDeck::ofRow();
+    const Preprocessor checked(expected.deck);
     bool isFound = false;
     QStringList all;
     const auto findings = checked.findings().sorted();
@@ -159,8 +156,9 @@ void tst_named_values_mistakes::mistakeIsReported()
                        .arg(finding.number())
                        .arg(finding.line)
                        .arg(finding.reason));
-        isFound = isFound || (finding.number() == number && finding.line == line &&
-                              finding.reason.contains(reason));
+        isFound =
+            isFound || (finding.number() == expected.number && finding.line == expected.line &&
+                        finding.reason.contains(expected.reason));
     }
     QVERIFY2(isFound, qPrintable(all.join(QLatin1Char('\n'))));
 }

@@ -16,7 +16,6 @@ using namespace std::chrono_literals;
 
 constexpr auto interval = 200ms;      // between two writes
 constexpr auto syncInterval = 1000ms; // between two syncs to the disk
-constexpr auto patience = 5s;         // longest wait of the destructor
 constexpr qint64 usualMostBytes = 64 << 20;
 
 } // namespace
@@ -40,7 +39,7 @@ struct RecordWriter::Shared
     RunArchive::Limits limits;
     RecordWriter* writer = nullptr; // null after its destruction
     bool isAbandoned = false;       // finish() will not be called
-    bool isDone = false;
+    bool isClosed = false;          // nothing more is written
 
     // Emits a signal of the writer in the writer's thread.
     template <typename Signal, typename... Arguments>
@@ -57,7 +56,7 @@ struct RecordWriter::Shared
     void add(const RecordedMessage& message)
     {
         const std::lock_guard<std::mutex> lock(mutex);
-        if (isDone || waiting > mostBytes) {
+        if (isClosed || waiting > mostBytes) {
             ++omittedLines;
             return;
         }
@@ -87,11 +86,18 @@ struct RecordWriter::Shared
         return end || isAbandoned;
     }
 
-    void setDone()
+    void abandon()
     {
         const std::lock_guard<std::mutex> lock(mutex);
-        isDone = true;
+        writer = nullptr;
+        isAbandoned = true;
         changed.notify_all();
+    }
+
+    void setClosed()
+    {
+        const std::lock_guard<std::mutex> lock(mutex);
+        isClosed = true;
     }
 };
 
@@ -103,21 +109,8 @@ RecordWriter::RecordWriter(RunArchive archive, QObject* parent)
 
 RecordWriter::~RecordWriter()
 {
-    if (!m_thread.joinable()) {
-        return;
-    }
-    std::unique_lock<std::mutex> lock(m_shared->mutex);
-    m_shared->writer = nullptr;
-    m_shared->isAbandoned = true;
-    m_shared->changed.notify_all();
-    const bool isDone =
-        m_shared->changed.wait_for(lock, patience, [this] { return m_shared->isDone; });
-    lock.unlock();
-    if (isDone) {
-        m_thread.join();
-    } else {
-        m_thread.detach();
-    }
+    m_shared->abandon();
+    m_thread.end();
 }
 
 void RecordWriter::setMostBytes(qint64 bytes)
@@ -129,7 +122,7 @@ void RecordWriter::begin(const RunRecord& record, const QString& machinesFile)
 {
     m_shared->start = record;
     m_shared->machinesFile = machinesFile;
-    m_thread = std::thread(&RecordWriter::work, m_shared);
+    m_thread.start([shared = m_shared] { work(*shared); });
 }
 
 void RecordWriter::append(const RecordedMessage& message)
@@ -145,17 +138,17 @@ void RecordWriter::finish(const RunRecord& record, const RunArchive::Limits& lim
     m_shared->changed.notify_all();
 }
 
-void RecordWriter::work(const std::shared_ptr<Shared>& shared)
+void RecordWriter::work(Shared& shared)
 {
-    const RunArchive::Addition addition = shared->archive.add(shared->start, shared->machinesFile);
+    const RunArchive::Addition addition = shared.archive.add(shared.start, shared.machinesFile);
     if (addition.number > 0) {
-        shared->emitLater(&RecordWriter::created, addition.number);
-        follow(*shared, addition.folder);
+        shared.emitLater(&RecordWriter::created, addition.number);
+        follow(shared, addition.folder);
     } else {
-        shared->emitLater(&RecordWriter::failed, addition.problem);
+        shared.emitLater(&RecordWriter::failed, addition.problem);
     }
-    shared->emitLater(&RecordWriter::finished);
-    shared->setDone();
+    shared.emitLater(&RecordWriter::finished);
+    shared.setClosed();
 }
 
 void RecordWriter::follow(Shared& shared, const QString& folder)

@@ -1,11 +1,11 @@
 #pragma once
 
+#include "DetachableThread.h"
 #include "RunArchive.h"
 
 #include <QObject>
 
 #include <memory>
-#include <thread>
 
 class RecordJournal;
 struct RecordedMessage;
@@ -51,10 +51,10 @@ Q_SIGNALS:
 
 private:
     struct Shared;
-    static void work(const std::shared_ptr<Shared>& shared);
+    static void work(Shared& shared);
     static void follow(Shared& shared, const QString& folder);
     static void close(Shared& shared, RecordJournal& journal);
 
     std::shared_ptr<Shared> m_shared;
-    std::thread m_thread;
+    DetachableThread m_thread;
 };

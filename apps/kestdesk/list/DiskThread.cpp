@@ -1,18 +1,9 @@
 #include "DiskThread.h"
 
-#include <chrono>
 #include <condition_variable>
 #include <deque>
 #include <mutex>
 #include <utility>
-
-namespace {
-
-using namespace std::chrono_literals;
-
-constexpr auto patience = 5s; // longest wait of the destructor
-
-} // namespace
 
 // The state that both threads use. The working thread keeps it alive if it is detached.
 struct DiskThread::Shared
@@ -21,7 +12,6 @@ struct DiskThread::Shared
     std::condition_variable changed;
     std::deque<Job> jobs;
     DiskThread* owner = nullptr; // null after its destruction
-    bool isDone = false;
 
     // Returns an empty job when the thread has to end.
     Job next()
@@ -44,10 +34,10 @@ struct DiskThread::Shared
         }
     }
 
-    void setDone()
+    void close()
     {
         const std::lock_guard<std::mutex> lock(mutex);
-        isDone = true;
+        owner = nullptr;
         changed.notify_all();
     }
 };
@@ -55,22 +45,13 @@ struct DiskThread::Shared
 DiskThread::DiskThread(QObject* parent) : QObject(parent), m_shared(std::make_shared<Shared>())
 {
     m_shared->owner = this;
-    m_thread = std::thread(&DiskThread::work, m_shared);
+    m_thread.start([shared = m_shared] { work(shared); });
 }
 
 DiskThread::~DiskThread()
 {
-    std::unique_lock<std::mutex> lock(m_shared->mutex);
-    m_shared->owner = nullptr;
-    m_shared->changed.notify_all();
-    const bool isDone =
-        m_shared->changed.wait_for(lock, patience, [this] { return m_shared->isDone; });
-    lock.unlock();
-    if (isDone) {
-        m_thread.join();
-    } else {
-        m_thread.detach();
-    }
+    m_shared->close();
+    m_thread.end();
 }
 
 void DiskThread::post(Job job)
@@ -85,5 +66,4 @@ void DiskThread::work(const std::shared_ptr<Shared>& shared)
     while (const Job job = shared->next()) {
         job([&shared](const Reply& reply) { shared->answer(reply); });
     }
-    shared->setDone();
 }

@@ -1,10 +1,11 @@
 #pragma once
 
+#include "DetachableThread.h"
+
 #include <QObject>
 
 #include <functional>
 #include <memory>
-#include <thread>
 
 /// A thread for jobs that wait for the disk, so that the user interface thread never does. Runs its
 /// jobs one after the other.
@@ -34,5 +35,5 @@ private:
     static void work(const std::shared_ptr<Shared>& shared);
 
     std::shared_ptr<Shared> m_shared;
-    std::thread m_thread;
+    DetachableThread m_thread;
 };

@@ -1,6 +1,6 @@
 #include "RunTableModel.h"
 
-#include "RunTimes.h"
+#include "RunTexts.h"
 #include "ToolTip.h"
 #include "WindowRun.h"
 
@@ -86,7 +86,7 @@ const ColumnRow columns[RunTableModel::ColumnCount] = {
     {"Component", false, [](const ListedRun& row) { return row.component(); },                            nullptr},
     {"State",     false, [](const ListedRun& row) { return row.stateText(); },                            nullptr},
     {"Progress",  true,  [](const ListedRun& row) { return QStringLiteral("%1 %").arg(row.progress()); }, [](const ListedRun& row) { return QVariant(row.progress()); }},
-    {"Elapsed",   true,  [](const ListedRun& row) { return RunTimes::text(row.elapsed()); },              [](const ListedRun& row) { return QVariant(row.elapsed()); }},
+    {"Elapsed",   true,  [](const ListedRun& row) { return RunTexts::shortClockTime(row.elapsed()); },    [](const ListedRun& row) { return QVariant(row.elapsed()); }},
     {"Remaining", true,  remainingText,                                                                   remainingKey},
     {"No.",       true,  numberText,                                                                      numberKey},
     {"Folder",    false, [](const ListedRun& row) { return suite::visiblePath(folderOf(row)); },          nullptr},

@@ -1,6 +1,6 @@
 #include "DifferencesPage.h"
 
-#include "RunTimes.h"
+#include "RunTexts.h"
 
 #include <VisibleText.h>
 
@@ -204,8 +204,8 @@ void DifferencesPage::show(const RunComparison& comparison)
         QStringLiteral("<table cellspacing=4>%1%2</table>")
             .arg(row(QString(), QStringLiteral("<b>run %1</b>").arg(comparison.leftNumber),
                      QStringLiteral("<b>run %1</b>").arg(comparison.rightNumber)),
-                 row(QStringLiteral("Took"), RunTimes::text(comparison.leftDuration),
-                     RunTimes::text(comparison.rightDuration)));
+                 row(QStringLiteral("Took"), RunTexts::shortClockTime(comparison.leftDuration),
+                     RunTexts::shortClockTime(comparison.rightDuration)));
     const QString same = comparison.isSame()
                              ? QStringLiteral("<p>There is no difference but the times.</p>")
                              : QString();

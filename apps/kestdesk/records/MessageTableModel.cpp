@@ -1,6 +1,6 @@
 #include "MessageTableModel.h"
 
-#include "RunTimes.h"
+#include "RunTexts.h"
 #include "ToolTip.h"
 
 #include <VisibleText.h>
@@ -136,7 +136,7 @@ QVariant MessageTableModel::data(const QModelIndex& index, int role) const
     const MessageStore::Message& message = m_store->at(m_shown.at(index.row()));
     const int column = index.column();
     if (role == Qt::DisplayRole) {
-        return column == TimeColumn   ? RunTimes::text(message.time)
+        return column == TimeColumn   ? RunTexts::shortClockTime(message.time)
                : column == TypeColumn ? wordOf(message.type)
                                       : suite::visibleText(withoutLineEnd(text(index.row())));
     }

@@ -1,7 +1,7 @@
 #include "SummaryPage.h"
 
 #include "EndReasons.h"
-#include "RunTimes.h"
+#include "RunTexts.h"
 
 #include <VisibleText.h>
 
@@ -103,7 +103,7 @@ QString timeRows(const RunRecord& record)
     return row(QStringLiteral("Started"), timeText(record.started)) +
            row(QStringLiteral("Ended"), timeText(record.ended)) +
            row(QStringLiteral("Took"),
-               record.hasEnded() ? RunTimes::text(record.duration) : QString()) +
+               record.hasEnded() ? RunTexts::shortClockTime(record.duration) : QString()) +
            row(QStringLiteral("Repeats"),
                record.repeats == 0 ? QString() : QStringLiteral("run %1").arg(record.repeats));
 }

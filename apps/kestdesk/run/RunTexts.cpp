@@ -1,12 +1,31 @@
 #include "RunTexts.h"
 
+namespace {
+
+QString twoDigits(qint64 number)
+{
+    return QStringLiteral("%1").arg(number, 2, 10, QLatin1Char('0'));
+}
+
+QString minutesAndSeconds(const QString& minutes, qint64 seconds)
+{
+    return minutes + QLatin1Char(':') + twoDigits(seconds % 60);
+}
+
+} // namespace
+
 QString RunTexts::clockTime(qint64 milliseconds)
 {
     const qint64 seconds = milliseconds / 1000;
-    return QStringLiteral("%1:%2:%3")
-        .arg(seconds / 3600)
-        .arg(seconds / 60 % 60, 2, 10, QLatin1Char('0'))
-        .arg(seconds % 60, 2, 10, QLatin1Char('0'));
+    return QString::number(seconds / 3600) + QLatin1Char(':') +
+           minutesAndSeconds(twoDigits(seconds / 60 % 60), seconds);
+}
+
+QString RunTexts::shortClockTime(qint64 milliseconds)
+{
+    const qint64 seconds = milliseconds / 1000;
+    return seconds < 3600 ? minutesAndSeconds(QString::number(seconds / 60), seconds)
+                          : clockTime(milliseconds);
 }
 
 QString RunTexts::duration(qint64 milliseconds)

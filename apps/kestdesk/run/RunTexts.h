@@ -5,10 +5,13 @@
 /// Formats the figures of runs for terminals and files.
 namespace RunTexts {
 
-/// "0:01:02" of milliseconds.
+/// Milliseconds as "0:01:02", always with hours: for lines that are updated or aligned.
 QString clockTime(qint64 milliseconds);
 
-/// "1.2 s", or as clockTime() from a minute on.
+/// Milliseconds as "0:07", "12:34" or "1:02:03", with hours only if there are any.
+QString shortClockTime(qint64 milliseconds);
+
+/// Milliseconds as "1.2 s", or as clockTime() from a minute on.
 QString duration(qint64 milliseconds);
 
 /// "1 error", "2 errors".

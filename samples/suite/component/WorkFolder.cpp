@@ -1,8 +1,11 @@
 #include "WorkFolder.h"
 
+#include <PlainText.h>
+
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
+#include <QSysInfo>
 
 #include <cerrno>
 #include <cstring>
@@ -19,6 +22,8 @@ namespace {
 
 // Another run may remove the folder between two of our steps.
 constexpr int mostAttempts = 10;
+
+constexpr qint64 longestOwner = 500; // bytes
 
 QString systemError()
 {
@@ -42,7 +47,9 @@ QStringList entriesOf(const QString& path)
                                 QDir::NoDotAndDotDot);
 }
 
-void removePlainFiles(const QString& folder, const QRegularExpression& names)
+// A link is removed itself, never its target.
+void removePlainFiles(const QString& folder, const QRegularExpression& names,
+                      WorkFolder::Links links = WorkFolder::Links::Keep)
 {
     if (!isRealFolder(folder)) {
         return;
@@ -50,7 +57,8 @@ void removePlainFiles(const QString& folder, const QRegularExpression& names)
     const QStringList entries = entriesOf(folder);
     for (const QString& entry : entries) {
         const QFileInfo info(QDir(folder).filePath(entry));
-        if (info.isFile() && !info.isSymLink() && names.match(entry).hasMatch()) {
+        if (names.match(entry).hasMatch() &&
+            (info.isSymLink() ? links == WorkFolder::Links::Remove : info.isFile())) {
             QFile::remove(info.filePath());
         }
     }
@@ -103,9 +111,9 @@ WorkFolder::Attempt WorkFolder::tryOpen()
                  : QStringLiteral("it cannot be opened, ") + systemError());
         return Attempt::Failed;
     }
-    // Where the file system knows no locks the run goes on without.
+    // On a file system without locks the run continues without one.
     if (::flock(descriptor, LOCK_EX | LOCK_NB) != 0 && errno == EWOULDBLOCK) {
-        fail(QStringLiteral("another run of %1 on this model uses it").arg(m_program));
+        fail(QStringLiteral("another run of %1 on this model%2 uses it").arg(m_program, owner()));
         ::close(descriptor);
         return Attempt::Failed;
     }
@@ -120,7 +128,8 @@ WorkFolder::Attempt WorkFolder::tryOpen()
     return Attempt::Done;
 }
 
-// An empty folder is as good as a new one: an earlier run may have been killed right there.
+// An empty folder is taken over like a new one: an earlier run may have been killed before it wrote
+// the mark.
 bool WorkFolder::takeOver()
 {
     const QString mark = path(markName());
@@ -135,11 +144,36 @@ bool WorkFolder::takeOver()
     } else if (!isOurs) {
         fail(QStringLiteral("it was not made by %1").arg(m_program));
     }
-    if (!isOurs) {
+    if (isOurs) {
+        writeOwner();
+    } else {
         ::close(m_descriptor);
         m_descriptor = -1;
     }
     return isOurs;
+}
+
+// Only for messages: on a full disk the mark stays empty.
+void WorkFolder::writeOwner() const
+{
+    QFile file(path(markName()));
+    if (file.open(QIODevice::WriteOnly | QIODevice::Truncate)) {
+        file.write(QStringLiteral("process %1 on %2\n")
+                       .arg(QString::number(::getpid()), QSysInfo::machineHostName())
+                       .toUtf8());
+    }
+}
+
+// ", process 123 on node1,"; empty if it is unknown.
+QString WorkFolder::owner() const
+{
+    const QFileInfo info(path(markName()));
+    QFile file(info.filePath());
+    if (!info.isFile() || info.isSymLink() || !file.open(QIODevice::ReadOnly)) {
+        return {};
+    }
+    const QString text = QString::fromUtf8(file.readLine(longestOwner)).trimmed();
+    return text.isEmpty() ? QString() : QStringLiteral(", ") + excerpt(text) + QLatin1Char(',');
 }
 
 QString WorkFolder::path(const QString& name) const
@@ -160,7 +194,8 @@ void WorkFolder::removeFiles(const QRegularExpression& names) const
     removePlainFiles(m_path, names);
 }
 
-void WorkFolder::removeFolder(const QString& name, const QRegularExpression& names) const
+void WorkFolder::removeFolder(const QString& name, const QRegularExpression& names,
+                              Links links) const
 {
     for (int end = name.indexOf(QLatin1Char('/')); end >= 0;
          end = name.indexOf(QLatin1Char('/'), end + 1)) {
@@ -168,7 +203,7 @@ void WorkFolder::removeFolder(const QString& name, const QRegularExpression& nam
             return;
         }
     }
-    removePlainFiles(path(name), names);
+    removePlainFiles(path(name), names, links);
     ::rmdir(QFile::encodeName(path(name)).constData());
 }
 

@@ -1,47 +1,34 @@
 #pragma once
 
-#include <QLockFile>
-#include <QString>
+#include "WorkFolder.h"
 
-/// The folder that holds the runs of an optimisation, a folder each, and its state. One
-/// optimisation at a time has it. Files that are not the optimisation's are left alone.
+/// The folder beside the model with the runs of an optimisation, each in its own subfolder, and the
+/// state of the optimisation.
 class RunFolder
 {
 public:
-    /// The number that stands for the last run, of the tuned model.
+    /// The number of the last run, that of the tuned model.
     static constexpr int finalRun = 0;
 
     explicit RunFolder(const QString& path);
 
-    /// Releases the folder, and removes it when it is empty.
-    ~RunFolder();
-
-    RunFolder(const RunFolder&) = delete;
-    RunFolder& operator=(const RunFolder&) = delete;
-    RunFolder(RunFolder&&) = delete;
-    RunFolder& operator=(RunFolder&&) = delete;
-
-    /// Makes the folder and takes it; an error text on failure.
+    /// Makes and locks the folder. Returns an error text on failure.
     [[nodiscard]] QString open();
 
     [[nodiscard]] QString statePath() const;
 
-    /// A file of a run by its suffix: "nec", "out" or "csv".
+    /// The absolute path of a file of a run, by its suffix: "nec", "out" or "csv".
     [[nodiscard]] QString filePath(int run, const QString& suffix) const;
 
-    /// Makes a run's folder, with nothing but this deck in it; an error text on failure.
+    /// Makes the folder of a run, removes the files of an earlier one, and writes the deck. Returns
+    /// an error text on failure.
     [[nodiscard]] QString prepareRun(int run, const QByteArray& deck);
 
     void removeRun(int run);
 
-    /// Removes all runs behind this one, and the state too if none is left.
+    /// Removes all runs with higher numbers, and for 0 the state, too.
     void removeRunsBehind(int run);
 
 private:
-    [[nodiscard]] QString takeLock();
-    [[nodiscard]] QString folderOf(int run) const;
-
-    QString m_path;
-    QLockFile m_lock;
-    bool m_isOpen = false;
+    suite::WorkFolder m_folder;
 };
