@@ -1,7 +1,6 @@
 #pragma once
 
-class QString;
-class QStringList;
+#include <QStringList>
 
 /// How many processes of a component solve a model at once, as far as its arguments say.
 namespace ProcessCount {

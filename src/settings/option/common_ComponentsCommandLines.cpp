@@ -4,7 +4,7 @@
 
 #include "common_LaunchOptionKeys.h"
 
-#include <QRegExp>
+#include <QRegularExpression>
 
 #include <utility>
 
@@ -16,9 +16,9 @@ constexpr int normalPriority = 2;
 constexpr int mpiExecution = 1;
 constexpr int localRunOnly = 2;
 
-QRegExp whiteSpace()
+QRegularExpression whiteSpace()
 {
-    return QRegExp(QStringLiteral("\\s"));
+    return QRegularExpression(QStringLiteral("\\s"));
 }
 
 // 0 is not a member of the enumeration; old files contain it, and it means a local run.
