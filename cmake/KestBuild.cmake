@@ -55,7 +55,7 @@ if(KEST_PRECOMPILED_HEADERS)
     file(GENERATE OUTPUT ${source} CONTENT "")
     add_library(kest_precompiled OBJECT ${source})
     kest_strict(kest_precompiled WITHOUT_PRECOMPILED_HEADERS)
-    target_link_libraries(kest_precompiled PRIVATE Qt5::Core)
+    target_link_libraries(kest_precompiled PRIVATE Qt${KEST_QT_MAJOR}::Core)
     target_precompile_headers(kest_precompiled PRIVATE
         <QtCore/QtCore> <algorithm> <array> <functional> <memory> <optional> <utility> <vector>)
     set_target_properties(kest_precompiled PROPERTIES AUTOMOC OFF)

@@ -34,7 +34,7 @@ function(kest_pkg_config name headers description requires requires_private)
     install(FILES "${file}" DESTINATION ${directory} COMPONENT Development)
 endfunction()
 
-set(qt Qt${Qt5_VERSION_MAJOR})
+set(qt Qt${KEST_QT_MAJOR})
 kest_pkg_config(foundation kest "Counted pointers, observers, properties and services of the Kest suite"
     "${qt}Widgets" "")
 kest_pkg_config(binfiles kest/binfiles "Lock files of the Kest suite" "${qt}Core" "")

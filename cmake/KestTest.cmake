@@ -75,7 +75,7 @@ function(kest_test name)
     cmake_parse_arguments(PARSE_ARGV 1 ARG "" "TIMEOUT;FUNCTION_TIMEOUT"
         "SOURCES;LIBRARIES;ENVIRONMENT;LABELS")
     add_executable(${name} ${name}.cpp ${ARG_SOURCES})
-    target_link_libraries(${name} PRIVATE ${ARG_LIBRARIES} Qt5::Test)
+    target_link_libraries(${name} PRIVATE ${ARG_LIBRARIES} Qt${KEST_QT_MAJOR}::Test)
     kest_strict(${name})
     if(NOT ARG_LABELS)
         set(ARG_LABELS ${KEST_TEST_LABELS})

@@ -6,9 +6,9 @@
 #include <common_ObserverOf.h>
 #include <kest_common_export.h>
 
+#include <QStringList>
+
 class common_IProcessMessage;
-class QString;
-class QStringList;
 
 /// Receives the notifications of a process runner. Derive observers from
 /// common_ObserverOf<common_IProcessRunnerObserver>, or use common_ProcessRunnerObserver, which

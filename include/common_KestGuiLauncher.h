@@ -2,8 +2,8 @@
 
 #include <kest_common_export.h>
 
-class QString;
-class QStringList;
+#include <QStringList>
+
 class QWidget;
 
 /// Starts the suite's other applications as detached processes, which may outlive this one.

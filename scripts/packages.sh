@@ -55,3 +55,4 @@ install_missing() {
 
 build_packages=(cmake ninja-build g++ pkgconf python3 qtbase5-dev libqt5svg5-dev libqt5charts5-dev
     libspnav-dev libzip-dev nec2c mpich libmpich-dev openssh-client)
+qt6_packages=(qt6-base-dev qt6-svg-dev qt6-charts-dev libqt6opengl6-dev)

@@ -81,7 +81,7 @@ void DeckEditor::goToLine(int line)
 
 int DeckEditor::marginWidth() const
 {
-    const int digits = std::max(leastDigits, QString::number(blockCount()).size());
+    const int digits = std::max<int>(leastDigits, QString::number(blockCount()).size());
     return 3 * space + fontMetrics().height() +
            digits * fontMetrics().horizontalAdvance(QLatin1Char('9'));
 }

@@ -4,7 +4,6 @@
 #include <OutputFile.h>
 
 #include <QCryptographicHash>
-#include <QTextCodec>
 
 #include <algorithm>
 
@@ -12,14 +11,12 @@ namespace {
 
 constexpr qint64 largestDeck = 16 << 20;   // bytes
 constexpr qint64 largestSaved = 512 << 20; // bytes; what was typed may be more than can be opened
-constexpr const char* utf8 = "UTF-8";
 const QByteArray byteOrderMark = QByteArrayLiteral("\xef\xbb\xbf");
 
 bool isUtf8(const QByteArray& bytes)
 {
-    QTextCodec::ConverterState state;
-    QTextCodec::codecForName(utf8)->toUnicode(bytes.constData(), bytes.size(), &state);
-    return state.invalidChars == 0 && state.remainingChars == 0;
+    const QByteArray text = 'x' + bytes; // a byte order mark at the begin would be skipped
+    return QString::fromUtf8(text).toUtf8() == text;
 }
 
 // An editor takes these for line breaks, and could not tell later what they were.

@@ -8,7 +8,6 @@
 #include <QGraphicsLineItem>
 #include <QLineSeries>
 #include <QMouseEvent>
-#include <QValueAxis>
 
 #include <algorithm>
 #include <cmath>
@@ -16,8 +15,6 @@
 
 using suite::Quantity;
 using suite::ResultPoint;
-
-using namespace QtCharts;
 
 namespace {
 
@@ -80,9 +77,9 @@ QVector<QPointF> thinned(const QVector<QPointF>& points)
     const int bundle = 2 * points.size() / mostPoints + 1;
     QVector<QPointF> result = {points.first()};
     for (int first = 0; first < points.size(); first += bundle) {
-        const auto ends =
-            std::minmax_element(points.begin() + first,
-                                points.begin() + std::min(first + bundle, points.size()), isLower);
+        const auto ends = std::minmax_element(
+            points.begin() + first, points.begin() + std::min<int>(first + bundle, points.size()),
+            isLower);
         result.append(*std::min(ends.first, ends.second));
         result.append(*std::max(ends.first, ends.second));
     }

@@ -1,16 +1,14 @@
 #pragma once
 
+#include "ChartNames.h"
 #include "Result.h"
 
 #include <QChartView>
+#include <QValueAxis>
 
 #include <optional>
 
 class QGraphicsLineItem;
-
-namespace QtCharts {
-class QValueAxis;
-} // namespace QtCharts
 
 /// The range of frequencies that charts show together, in MHz.
 struct FrequencyWindow
@@ -21,7 +19,7 @@ struct FrequencyWindow
 
 /// One quantity of all results over frequency. The pointer's frequency is signalled, and marked by
 /// a line.
-class QuantityChart : public QtCharts::QChartView
+class QuantityChart : public QChartView
 {
     Q_OBJECT
 
@@ -73,8 +71,8 @@ private:
     void placeMark();
 
     suite::Quantity m_quantity;
-    QtCharts::QValueAxis* m_frequencyAxis = nullptr;
-    QtCharts::QValueAxis* m_valueAxis = nullptr;
+    QValueAxis* m_frequencyAxis = nullptr;
+    QValueAxis* m_valueAxis = nullptr;
     QGraphicsLineItem* m_mark = nullptr;
     std::optional<double> m_marked;
     double m_labelRoom = 0;

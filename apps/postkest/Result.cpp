@@ -56,7 +56,7 @@ std::optional<double> Result::valueAt(double frequency, Quantity quantity) const
 {
     ResultPoint wanted;
     wanted.frequency = frequency;
-    const auto* right = std::lower_bound(points.begin(), points.end(), wanted, isEarlier);
+    const auto right = std::lower_bound(points.begin(), points.end(), wanted, isEarlier);
     if (right == points.end()) {
         return std::nullopt;
     }

@@ -4,7 +4,7 @@
 #include <common_PropertyReference.h>
 #include <kest_foundation_export.h>
 
-class QStringList;
+#include <QStringList>
 
 /// A reference-counted object that holds properties by name.
 class KEST_FOUNDATION_EXPORT common_IPropertyContainer

@@ -2,9 +2,9 @@
 
 #include <kest_foundation_export.h>
 
+#include <QStringList>
+
 class common_PropertyMetaData;
-class QString;
-class QStringList;
 
 /// The registry of all properties of the process. Libraries register theirs when they are loaded,
 /// before main() begins.

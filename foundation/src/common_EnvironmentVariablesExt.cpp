@@ -28,11 +28,11 @@ QString expanded(const QString& value, const QStringList& enclosing)
     QRegularExpressionMatchIterator matches = reference.globalMatch(value);
     while (matches.hasNext()) {
         const QRegularExpressionMatch match = matches.next();
-        result += value.midRef(copied, match.capturedStart() - copied);
+        result += value.mid(copied, match.capturedStart() - copied);
         result += variableExpanded(match.captured(match.lastCapturedIndex()), enclosing);
         copied = match.capturedEnd();
     }
-    return result + value.midRef(copied);
+    return result + value.mid(copied);
 }
 
 } // namespace

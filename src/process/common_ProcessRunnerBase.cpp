@@ -4,6 +4,7 @@
 #include "common_ProcessRunnerDelivery.h"
 
 #include <ConsoleWindow.h>
+#include <QtVersion.h>
 #include <common_EnvironmentVariablesExt.h>
 #include <common_IProcessMessage.h>
 #include <common_ProcessRunnerMediator.h>
@@ -257,7 +258,7 @@ void common_ProcessRunnerBase::logProcessOutput()
                                          QStringLiteral(".log"));
     m_pLogFile->open(QIODevice::WriteOnly | QIODevice::Append | QIODevice::Text);
     m_logStream.setDevice(m_pLogFile.get());
-    m_logStream.setCodec("UTF-8");
+    QtVersion::setUtf8(m_logStream);
     logToFile(QStringLiteral("\n%1\n").arg(QDateTime::currentDateTime().toString(Qt::TextDate)));
 }
 

@@ -104,9 +104,9 @@ QStringList common_MachineFileFinder::parseMachinesFile()
     }
     const QByteArray bytes = file.readAll();
     const QString text = QString::fromUtf8(bytes.constData(), bytes.size()); // including NUL
-    const QVector<QStringRef> lines = text.splitRef(QLatin1Char('\n'), Qt::SkipEmptyParts);
-    for (const QStringRef& line : lines) {
-        const QStringRef entry = line.left(line.indexOf(QLatin1Char('#')));
+    const QList<QStringView> lines = QStringView(text).split(QLatin1Char('\n'), Qt::SkipEmptyParts);
+    for (const QStringView line : lines) {
+        const QStringView entry = line.left(line.indexOf(QLatin1Char('#')));
         if (!entry.trimmed().isEmpty()) {
             entries.append(entry.toString());
         }

@@ -1,5 +1,7 @@
 #include "common_SettingsDraft.h"
 
+#include "common_IniText.h"
+
 #include <QFile>
 #include <QFileInfo>
 
@@ -51,13 +53,24 @@ QString common_SettingsDraft::finish(QSettings::Format format)
 bool common_SettingsDraft::readBack(QSettings::Format format)
 {
     const QString name = fileName() + QStringLiteral(".written");
-    QFile file(name);
-    if (!QFile::rename(fileName(), name) || !file.open(QIODevice::ReadOnly) ||
-        !m_values.areSame(common_SettingsValues(QSettings(name, format)))) {
+    QFile written(name);
+    if (!QFile::rename(fileName(), name) || !written.open(QIODevice::ReadOnly)) {
         return false;
     }
-    m_content = file.readAll();
-    return true;
+    const QByteArray content = written.readAll();
+    m_content = common_IniText::escaped(content);
+    if (m_content != content) {
+        return isSavedAs(name + QStringLiteral(".escaped"), format);
+    }
+    return m_values.areSame(common_SettingsValues(QSettings(name, format)));
+}
+
+bool common_SettingsDraft::isSavedAs(const QString& name, QSettings::Format format) const
+{
+    QFile file(name);
+    const bool isFilled = file.open(QIODevice::WriteOnly) &&
+                          file.write(m_content) == m_content.size() && file.flush();
+    return isFilled && m_values.areSame(common_SettingsValues(QSettings(name, format)));
 }
 
 QString common_SettingsDraft::noRoom() const

@@ -37,6 +37,7 @@ public:
 
 private:
     bool readBack(QSettings::Format format);
+    bool isSavedAs(const QString& name, QSettings::Format format) const;
     QString noRoom() const;
 
     QTemporaryDir m_folder;

@@ -1,6 +1,7 @@
 #include "common_SettingsFile.h"
 
 #include "common_IniRepair.h"
+#include "common_IniText.h"
 #include "common_SettingsDraft.h"
 #include "common_WriteGuard.h"
 
@@ -105,10 +106,11 @@ bool isDamaged(const QSettings& settings, const QByteArray& content)
             common_SettingsValues(settings).countNothing() > content.count("@Invalid()"));
 }
 
-// The content in a form that QSettings reads in a reasonable time.
+// The content in a form that every QSettings reads alike, and in a reasonable time.
 QByteArray readable(const QByteArray& content)
 {
-    return common_IniRepair::isNeeded(content) ? common_IniRepair::repaired(content) : content;
+    return common_IniText::readable(
+        common_IniRepair::isNeeded(content) ? common_IniRepair::repaired(content) : content);
 }
 
 QString limitText()
@@ -188,7 +190,7 @@ void common_SettingsFile::read(const QString& group, const Access& read, Damage 
     QByteArray content;
     QString failure = load(content);
     std::unique_ptr<common_SettingsDraft> draft;
-    if (failure.isEmpty() && common_IniRepair::isNeeded(content)) {
+    if (failure.isEmpty() && readable(content) != content) {
         draft = repairedCopy(content, failure);
     }
     if (!failure.isEmpty()) {

@@ -16,12 +16,32 @@ QByteArray streamed(const QVariant& value)
     return bytes;
 }
 
+// Halves of characters have no UTF-8: where QSettings writes that, this is what is left of them.
+QString withoutHalves(QString text)
+{
+    for (int i = 0; i < text.size(); ++i) {
+        const bool isPair =
+            text.at(i).isHighSurrogate() && i + 1 < text.size() && text.at(i + 1).isLowSurrogate();
+        if (isPair) {
+            ++i;
+        } else if (text.at(i).isSurrogate()) {
+            text[i] = QChar::ReplacementCharacter;
+        }
+    }
+    return text;
+}
+
 QStringList texts(const QVariant& value)
 {
     if (!value.isValid()) {
         return QStringList();
     }
-    return value.canConvert<QStringList>() ? value.toStringList() : QStringList(value.toString());
+    QStringList result =
+        value.canConvert<QStringList>() ? value.toStringList() : QStringList(value.toString());
+    for (QString& text : result) {
+        text = withoutHalves(text);
+    }
+    return result;
 }
 
 // A number becomes a text, an empty list becomes nothing.

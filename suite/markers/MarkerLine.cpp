@@ -15,7 +15,7 @@ MarkerLine MarkerLine::parse(const QByteArray& line)
 
 int MarkerLine::percentage() const
 {
-    return body.leftRef(body.indexOf(QLatin1Char('%'))).toInt();
+    return body.left(body.indexOf(QLatin1Char('%'))).toInt();
 }
 
 } // namespace suite

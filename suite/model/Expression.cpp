@@ -161,7 +161,7 @@ private:
             return 0;
         }
         bool isNumber = false;
-        const double value = m_text.midRef(start, m_place - start).toDouble(&isNumber);
+        const double value = QStringView(m_text).mid(start, m_place - start).toDouble(&isNumber);
         if (!isNumber) {
             fail(ExpressionFault::OutOfRange);
         }

@@ -9,11 +9,7 @@
 
 #include <memory>
 
-#ifdef Q_OS_UNIX
-#include <csignal>
-#include <sys/resource.h>
 #include <unistd.h>
-#endif
 
 inline const QByteArray header =
     QByteArrayLiteral("frequency_MHz,resistance_ohm,reactance_ohm,swr\n");
@@ -31,29 +27,6 @@ struct Answer
     QString errors;
 };
 
-// A program that may write only so many bytes into a file, or that is no superuser's.
-class LimitedProcess : public QProcess
-{
-public:
-    qint64 mostBytes = 0;
-    bool isOrdinaryUser = false;
-
-protected:
-    void setupChildProcess() override
-    {
-#ifdef Q_OS_UNIX
-        if (mostBytes > 0) {
-            const rlimit tight = {static_cast<rlim_t>(mostBytes), static_cast<rlim_t>(mostBytes)};
-            std::signal(SIGXFSZ, SIG_DFL); // as at a shell
-            ::setrlimit(RLIMIT_FSIZE, &tight);
-        }
-        if (isOrdinaryUser && ::geteuid() == 0 && ::setuid(65534) != 0) {
-            ::_exit(99);
-        }
-#endif
-    }
-};
-
 /// postkest without a window, in a folder with two results.
 class PostkestRun
 {
@@ -65,11 +38,18 @@ protected:
         write("second.csv", header + "150,20,-20,8\n250,80,20,1.5\n");
     }
 
+    /// The program may write only so many bytes into a file, and is no superuser's if wanted.
     Answer run(const QStringList& arguments, qint64 mostBytes = 0, bool isOrdinaryUser = false)
     {
-        LimitedProcess process;
-        process.mostBytes = mostBytes;
-        process.isOrdinaryUser = isOrdinaryUser;
+        QStringList command = {text("env"), text("--default-signal=XFSZ")}; // as at a shell
+        if (mostBytes > 0) {
+            command += {text("prlimit"), text("--fsize=") + QString::number(mostBytes)};
+        }
+        if (isOrdinaryUser && ::geteuid() == 0) {
+            command += {text("setpriv"), text("--reuid=65534")};
+        }
+        command += text(POSTKEST);
+        QProcess process;
         QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
         environment.insert(text("QT_QPA_PLATFORM"), text("xcb"));
         environment.insert(text("DISPLAY"), text(":9999")); // none is needed
@@ -77,7 +57,7 @@ protected:
         environment.insert(text("KEST_USER_HOME"), path("."));
         process.setProcessEnvironment(environment);
         process.setWorkingDirectory(m_folder->path());
-        process.start(text(POSTKEST), arguments);
+        process.start(command.first(), command.mid(1) + arguments);
         if (!process.waitForFinished(240000) || process.exitStatus() != QProcess::NormalExit) {
             return Answer();
         }

@@ -38,10 +38,9 @@ protected:
         QCOMPARE(m_charts.size(), suite::quantityCount);
     }
 
-    QtCharts::QValueAxis* axisOf(int place, Qt::Orientation orientation) const
+    QValueAxis* axisOf(int place, Qt::Orientation orientation) const
     {
-        return qobject_cast<QtCharts::QValueAxis*>(
-            m_charts.at(place)->chart()->axes(orientation).first());
+        return qobject_cast<QValueAxis*>(m_charts.at(place)->chart()->axes(orientation).first());
     }
 
     std::unique_ptr<ResultView> m_view;

@@ -90,9 +90,8 @@ protected:
     {
         const auto curves =
             m_window->findChild<QuantityChart*>(QStringLiteral("chart0"))->chart()->series();
-        return curves.isEmpty()
-                   ? QPointF()
-                   : qobject_cast<QtCharts::QLineSeries*>(curves.last())->pointsVector().last();
+        return curves.isEmpty() ? QPointF()
+                                : qobject_cast<QLineSeries*>(curves.last())->points().last();
     }
 
     std::unique_ptr<QTemporaryDir> m_folder;

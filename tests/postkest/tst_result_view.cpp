@@ -35,8 +35,9 @@ private Q_SLOTS:
             QVERIFY(!chart->chart()->legend()->isVisible());
         }
         const auto* reactance =
-            qobject_cast<QtCharts::QLineSeries*>(m_charts.at(1)->chart()->series().first());
-        QCOMPARE(reactance->pointsVector(), (QVector<QPointF>{{100, -50}, {200, 0}, {300, 60}}));
+            qobject_cast<QLineSeries*>(m_charts.at(1)->chart()->series().first());
+        QCOMPARE(reactance->points().toVector(),
+                 (QVector<QPointF>{{100, -50}, {200, 0}, {300, 60}}));
     }
 
     void markStandsAtThePointedFrequencyWhateverTheSize()
@@ -48,7 +49,7 @@ private Q_SLOTS:
         for (const QSize& size : {QSize(800, 700), QSize(500, 600), QSize(1000, 800)}) {
             m_view->resize(size);
             QCoreApplication::processEvents();
-            const QtCharts::QChart* chart = m_charts.first()->chart();
+            const QChart* chart = m_charts.first()->chart();
             const auto lines = chart->childItems();
             const auto found = std::find_if(lines.begin(), lines.end(), [](const auto* item) {
                 return item->type() == QGraphicsLineItem::Type;
@@ -143,9 +144,8 @@ private Q_SLOTS:
             lines += QByteArray::number(i) + ',' + odd.value(i, "50") + ",3,1\n";
         }
         m_view->setResults({makeResult(QStringLiteral("long"), lines)});
-        const auto* curve =
-            qobject_cast<QtCharts::QLineSeries*>(m_charts.first()->chart()->series().first());
-        const QVector<QPointF> points = curve->pointsVector();
+        const auto* curve = qobject_cast<QLineSeries*>(m_charts.first()->chart()->series().first());
+        const QVector<QPointF> points = curve->points().toVector();
         QVERIFY2(points.size() <= 10000, qPrintable(QString::number(points.size())));
         QCOMPARE(points.first(), QPointF(1, 50));
         QCOMPARE(points.last(), QPointF(100000, 50));
@@ -168,8 +168,7 @@ private Q_SLOTS:
         QCoreApplication::processEvents();
         QVERIFY(m_view->colour(0).lightness() > before.lightness());
         QVERIFY(legendText().contains(m_view->colour(0).name()));
-        const auto* curve =
-            qobject_cast<QtCharts::QLineSeries*>(m_charts.first()->chart()->series().first());
+        const auto* curve = qobject_cast<QLineSeries*>(m_charts.first()->chart()->series().first());
         QCOMPARE(curve->pen().color(), m_view->colour(0));
         QCOMPARE(axisOf(0, Qt::Vertical)->labelsColor(), QColor(Qt::white));
         QCOMPARE(m_charts.first()->backgroundBrush().color(), QColor(20, 20, 20));

@@ -18,7 +18,7 @@ private Q_SLOTS:
         m_view->setResults(twoResults());
         for (const QuantityChart* chart : qAsConst(m_charts)) {
             const auto* axis =
-                qobject_cast<QtCharts::QValueAxis*>(chart->chart()->axes(Qt::Horizontal).first());
+                qobject_cast<QValueAxis*>(chart->chart()->axes(Qt::Horizontal).first());
             QCOMPARE(axis->min(), 100.0);
             QCOMPARE(axis->max(), 300.0);
         }
@@ -27,8 +27,8 @@ private Q_SLOTS:
     void standingWaveRatiosAboveTenAreOutOfTheChart()
     {
         m_view->setResults(twoResults());
-        const auto* axis = qobject_cast<QtCharts::QValueAxis*>(
-            m_charts.at(2)->chart()->axes(Qt::Vertical).first());
+        const auto* axis =
+            qobject_cast<QValueAxis*>(m_charts.at(2)->chart()->axes(Qt::Vertical).first());
         QVERIFY2(axis->min() >= 0 && axis->min() <= 1, qPrintable(QString::number(axis->min())));
         QVERIFY2(axis->max() >= 10 && axis->max() < 15, qPrintable(QString::number(axis->max())));
     }

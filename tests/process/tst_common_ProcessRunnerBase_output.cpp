@@ -1,13 +1,13 @@
 #include "LineRunner.h"
 
 #include <FileSizeLimit.h>
+#include <LatinLocale.h>
 #include <RecordingObserver.h>
 
 #include <common_ProcessRunnerBase.h>
 
 #include <QDateTime>
 #include <QTemporaryDir>
-#include <QTextCodec>
 #include <QtTest>
 
 #include <unistd.h>
@@ -178,8 +178,7 @@ private Q_SLOTS:
             QCOMPARE(channel.first->size(), channel.second ? count : 0);
             for (int i = 0; i < channel.first->size(); ++i) {
                 const QString& line = channel.first->at(i);
-                if (line.size() != 55 ||
-                    line.leftRef(line.indexOf(QLatin1Char('.'))).toInt() != i) {
+                if (line.size() != 55 || line.left(line.indexOf(QLatin1Char('.'))).toInt() != i) {
                     QFAIL(qPrintable(line));
                 }
             }
@@ -283,14 +282,12 @@ private Q_SLOTS:
     {
         QTemporaryDir folder;
         qputenv(logVariable, folder.path().toLocal8Bit());
-        QTextCodec* const ofTheLocale = QTextCodec::codecForLocale();
-        QTextCodec::setCodecForLocale(QTextCodec::codecForName("ISO-8859-1"));
         {
+            const LatinLocale locale;
             LineRunner runner;
             setUp(runner, {text("out"), text("\\xe2\\x82\\xac\\n")});
             QVERIFY(runWithEventLoop(runner));
         }
-        QTextCodec::setCodecForLocale(ofTheLocale);
         QVERIFY(logOf(folder.filePath(text("out.log"))).endsWith(text("\xe2\x82\xac\n")));
     }
 

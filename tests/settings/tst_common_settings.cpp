@@ -167,7 +167,7 @@ private Q_SLOTS:
         QVariant read;
         settings.onRead = [&read](QSettings& open) { read = open.value(QStringLiteral("key")); };
         settings.readSettings();
-        if (value.type() == QVariant::StringList) {
+        if (value.userType() == QMetaType::QStringList) {
             QCOMPARE(read.toStringList(), value.toStringList());
             return;
         }

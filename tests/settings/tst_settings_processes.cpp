@@ -46,7 +46,7 @@ int slowestOf(SettingsProcess& process)
     const QString said = process.said();
     const QString what = QStringLiteral("slowest ");
     bool isNumber = false;
-    const int milliseconds = said.midRef(what.size()).toInt(&isNumber);
+    const int milliseconds = said.mid(what.size()).toInt(&isNumber);
     return said.startsWith(what) && isNumber && process.hasEndedWell() ? milliseconds : -1;
 }
 
@@ -159,7 +159,7 @@ private Q_SLOTS:
             seen.insert(text.at(0));
         }
         qInfo("slowest read and write after a kill: %lld ms; %d different texts found", slowest,
-              seen.size());
+              static_cast<int>(seen.size()));
         QVERIFY(slowest < atOnce);
         QVERIFY(!seen.isEmpty());
 

@@ -1,12 +1,12 @@
 #include "FileName.h"
 #include "VisibleText.h"
 
+#include <LatinLocale.h>
 #include <NativeRun.h>
 #include <Text.h>
 
 #include <QFile>
 #include <QTemporaryDir>
-#include <QTextCodec>
 #include <QUrl>
 #include <QtTest>
 
@@ -78,12 +78,14 @@ private Q_SLOTS:
     // What the session cannot say is no mistake of the name.
     void sessionWithoutUtf8IsTold()
     {
-        QTextCodec* const before = QTextCodec::codecForLocale();
-        QTextCodec::setCodecForLocale(QTextCodec::codecForName("ISO-8859-1"));
+        const LatinLocale locale;
         const QString western = FileName::problem(text("café.nec"));
         const QString eastern = FileName::problem(text("模型.nec"));
-        QTextCodec::setCodecForLocale(before);
         QCOMPARE(western, QString());
+        if (!LatinLocale::isPossible) {
+            QCOMPARE(eastern, QString());
+            return;
+        }
         QVERIFY2(eastern.contains(text("LC_ALL=C.UTF-8")) && !eastern.contains(text("rename")),
                  qPrintable(eastern));
     }

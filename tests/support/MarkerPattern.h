@@ -2,7 +2,7 @@
 
 #include <common_IProcessMessage.h>
 
-#include <QRegExp>
+#include <QRegularExpression>
 #include <QString>
 #include <QVector>
 
@@ -35,9 +35,9 @@ inline QString withoutBogusErrors(QString text)
 
 inline QString percentage(const QString& body)
 {
-    QRegExp pattern(QStringLiteral("[0-9]{0,3}%"));
-    const int position = pattern.indexIn(body);
-    return QString::number(body.midRef(position, pattern.matchedLength() - 1).toInt());
+    const QRegularExpression pattern(QStringLiteral("([0-9]{0,3})%"));
+    const QRegularExpressionMatch match = pattern.match(body);
+    return QString::number((match.hasMatch() ? match.captured(1) : body).toInt());
 }
 
 inline Message message(const QString& marker, const QString& body)
@@ -97,14 +97,14 @@ inline QVector<Message> parse(QString text)
         return {};
     }
     text = withoutBogusErrors(text);
-    QRegExp pattern(QStringLiteral("\\-\\*\\-[a-z]*[\\-]?[a-z]*\\-\\*\\-"));
+    const QRegularExpression pattern(QStringLiteral("\\-\\*\\-[a-z]*+[\\-]?[a-z]*+\\-\\*\\-"));
     QVector<int> positions;
     QVector<int> lengths;
-    int position = pattern.indexIn(text, 0);
-    while (position >= 0) {
-        positions.append(position);
-        lengths.append(pattern.matchedLength());
-        position = pattern.indexIn(text, position + pattern.matchedLength());
+    QRegularExpressionMatchIterator matches = pattern.globalMatch(text);
+    while (matches.hasNext()) {
+        const QRegularExpressionMatch match = matches.next();
+        positions.append(match.capturedStart());
+        lengths.append(match.capturedLength());
     }
     if (positions.isEmpty()) {
         return {{common_IProcessMessage::Output, text}};

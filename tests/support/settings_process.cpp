@@ -16,10 +16,13 @@
 //                               writes a text of LENGTH letters where no file may exceed BYTES
 //   write-within-limited FILE BYTES LENGTH
 //                               the same from within another write of the same file
+//   store FILE SEED             writes values of all kinds, the same ones for the same seed
+//   show FILE                   prints these values
 //
 // Says "slowest MILLISECONDS" of its writes where it counts them.
 #include <FakeServices.h>
 #include <SettingsObjects.h>
+#include <VariousSettings.h>
 
 #include <KEST_binfiles.h>
 #include <common_ComponentsLaunchOptions.h>
@@ -280,6 +283,25 @@ int writeWithinLimited(const QStringList& arguments)
     return 0;
 }
 
+int store(const QStringList& arguments)
+{
+    const FakeApplicationInfo info;
+    VariousSettings settings(arguments.at(0), arguments.at(1).toUInt());
+    settings.writeSettings();
+    return 0;
+}
+
+int show(const QStringList& arguments)
+{
+    const FakeApplicationInfo info;
+    VariousSettings settings(arguments.at(0), 0);
+    settings.readSettings();
+    for (const QString& line : std::as_const(settings.read)) {
+        std::puts(line.toUtf8().constData());
+    }
+    return 0;
+}
+
 struct Command
 {
     int argumentCount;
@@ -301,6 +323,8 @@ const std::map<QString, Command>& commands()
         {QStringLiteral("rewrite"),       {2, rewrite}},
         {QStringLiteral("write-limited"), {3, writeLimited}},
         {QStringLiteral("write-within-limited"), {3, writeWithinLimited}},
+        {QStringLiteral("store"),         {2, store}},
+        {QStringLiteral("show"),          {1, show}},
     };
     // clang-format on
     return table;

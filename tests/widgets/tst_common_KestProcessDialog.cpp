@@ -217,7 +217,7 @@ void tst_common_KestProcessDialog::has82Columns()
     QCOMPARE(stage.info()->minimumWidth(), width);
     QCOMPARE(stage.tabs()->font().family(), QStringLiteral("Courier"));
     QCOMPARE(stage.tabs()->font().pointSize(), 9);
-    QCOMPARE(stage.tabs()->font().weight(), static_cast<int>(QFont::Normal));
+    QCOMPARE(int(stage.tabs()->font().weight()), static_cast<int>(QFont::Normal));
     QCOMPARE(stage.tabs()->font().styleHint(), QFont::TypeWriter);
     QCOMPARE(stage.info()->font(), QLabel().font());
 }

@@ -2,6 +2,8 @@
 
 #include <DialogStage.h>
 
+#include <QtVersion.h>
+
 #include <QAction>
 #include <QClipboard>
 #include <QtTest>
@@ -81,7 +83,7 @@ void tst_common_KestProcessOutputTableWidget::hasItsColumns()
     QCOMPARE(table->contextMenuPolicy(), Qt::ActionsContextMenu);
     QCOMPARE(table->font().family(), QStringLiteral("Courier"));
     QCOMPARE(table->font().pointSize(), 9);
-    QCOMPARE(table->font().weight(), 2);
+    QCOMPARE(int(table->font().weight()), QtVersion::fontWeight(2));
     QVERIFY(!table->font().italic());
     QCOMPARE(table->item(0, 0)->textAlignment(), static_cast<int>(Qt::AlignCenter));
     QCOMPARE(table->item(0, 1)->textAlignment(), static_cast<int>(Qt::AlignCenter));

@@ -2,11 +2,12 @@
 
 #include "ApplicationDescription.h"
 #include "ApplicationRequest.h"
-#include "Display.h"
 #include "ErrorOutput.h"
 #include "Services.h"
 #include "SuiteFolders.h"
+#include "WindowDisplay.h"
 
+#include <QtVersion.h>
 #include <WriteFailures.h>
 
 #include <ProgramArguments.h>
@@ -44,7 +45,7 @@ int completed(const ApplicationTask& task)
 // files of its own in the root folder.
 QString windowSystemProblem(WindowSystem windowSystem, const QString& alternative)
 {
-    if (windowSystem == WindowSystem::Display && !Display::exists()) {
+    if (windowSystem == WindowSystem::Display && !WindowDisplay::exists()) {
         return QStringLiteral("there is no display for the window; --non-interactive ") +
                alternative;
     }
@@ -53,8 +54,7 @@ QString windowSystemProblem(WindowSystem windowSystem, const QString& alternativ
 
 void setUpPixels()
 {
-    QCoreApplication::setAttribute(Qt::AA_EnableHighDpiScaling);
-    QCoreApplication::setAttribute(Qt::AA_UseHighDpiPixmaps);
+    QtVersion::useAllPixels();
     QGuiApplication::setHighDpiScaleFactorRoundingPolicy(
         Qt::HighDpiScaleFactorRoundingPolicy::PassThrough);
 }

@@ -108,7 +108,7 @@ void MeshBuilder::addTube(const QVector<QVector3D>& chain, const QVector<Paint>&
     const auto firstRing = quint32(m_mesh.points.size());
     for (int i = 0; i < points.size(); ++i) {
         const Section& before = sections[std::max(i - 1, 0)];
-        const Section& behind = sections[std::min(i, sections.size() - 1)];
+        const Section& behind = sections[std::min<int>(i, sections.size() - 1)];
         for (int side = 0; side < sideCount; ++side) {
             addPoint(points[i] +
                      mitred(before.spoke(side) * radius, before.direction, behind.direction));

@@ -45,8 +45,8 @@ public:
     {
         const QVector<Place> places = m_places.value(tag);
         const int begin = std::max(first, 1) - 1;
-        return places.mid(std::min(begin, places.size()),
-                          std::max(0, std::min(last, places.size()) - begin));
+        return places.mid(std::min<int>(begin, places.size()),
+                          std::max(0, std::min<int>(last, places.size()) - begin));
     }
 
     [[nodiscard]] QVector<Place> all(int tag) const { return m_places.value(tag); }

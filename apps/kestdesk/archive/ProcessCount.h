@@ -1,7 +1,6 @@
 #pragma once
 
-class QString;
-class QStringList;
+#include <QStringList>
 
 /// The number of processes that solve a model at once, from the arguments of the component.
 namespace ProcessCount {

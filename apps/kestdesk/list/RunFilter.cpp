@@ -116,7 +116,7 @@ bool RunFilter::lessThan(const QModelIndex& left, const QModelIndex& right) cons
     const QVariant leftKey = left.data(RunTableModel::SortRole);
     const QVariant rightKey = right.data(RunTableModel::SortRole);
     if (leftKey != rightKey) {
-        return leftKey.type() == QVariant::String
+        return leftKey.userType() == QMetaType::QString
                    ? leftKey.toString().localeAwareCompare(rightKey.toString()) < 0
                    : leftKey.toLongLong() < rightKey.toLongLong();
     }

@@ -204,7 +204,7 @@ void MachinesReport::writeEntries(Terminal& terminal, int processes) const
     const QVector<MachinesFile::Entry> shown = file.entries().mid(0, shownEntries);
     int width = 0;
     for (const MachinesFile::Entry& entry : shown) {
-        width = std::max(width, std::min(withBrackets(entry.host).size(), widestHost));
+        width = std::max(width, std::min<int>(withBrackets(entry.host).size(), widestHost));
     }
     for (const MachinesFile::Entry& entry : shown) {
         terminal.writeLine(

@@ -59,8 +59,8 @@ bool writeRecord(const QString& copy)
     if (!record.open(QIODevice::WriteOnly | QIODevice::NewOnly)) {
         return !record.exists();
     }
-    record.write(ProcessMark::own().word().toLatin1() + ' ' + QByteArray::number(timeOf(copy)) +
-                 '\n');
+    record.write(ProcessMark::own().word().toLatin1() + ' ' +
+                 QByteArray::number(timeOf(QFileInfo(copy))) + '\n');
     return true;
 }
 
@@ -244,7 +244,7 @@ QString MachinesCopies::add(ComponentRunner& runner, const QByteArray& content) 
 int MachinesCopies::number(const ComponentRunner& runner)
 {
     const QString copy = runner.getTemporaryFilenames().value(0);
-    return copy.isEmpty() ? -1 : copy.midRef(copy.lastIndexOf(QLatin1Char('_')) + 1).toInt();
+    return copy.isEmpty() ? -1 : copy.mid(copy.lastIndexOf(QLatin1Char('_')) + 1).toInt();
 }
 
 bool MachinesCopies::waitForFreeName(const Times& times, int lead) const

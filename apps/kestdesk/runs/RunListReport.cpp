@@ -95,7 +95,7 @@ void RunListReport::write(const QVector<RunRecord>& records, Terminal& terminal)
     for (const RunRecord& record : records) {
         rows.append(cellsOf(record));
         for (int i = 0; i < columnCount; ++i) {
-            widths[i] = std::max(widths.at(i), rows.constLast().at(i).size());
+            widths[i] = std::max<int>(widths.at(i), rows.constLast().at(i).size());
         }
     }
     terminal.writeLine(lineOf(titles, widths));

@@ -46,5 +46,6 @@ TunedModel::Piece TunedModel::line(int number) const
         start = m_bytes.indexOf('\n', start) + 1;
     }
     const int lineFeed = m_bytes.indexOf('\n', start);
-    return {start, (lineFeed < 0 ? m_bytes.size() : lineFeed) - start};
+    const int end = lineFeed < 0 ? m_bytes.size() : lineFeed;
+    return {start, end - start};
 }

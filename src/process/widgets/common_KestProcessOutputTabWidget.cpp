@@ -5,6 +5,7 @@
 #include "common_KestProcessOutputTextEdit.h"
 #include "common_LineStyle.h"
 
+#include <QtVersion.h>
 #include <common_IIconUtility.h>
 #include <common_ProcessDialogIcons.h>
 #include <common_ServiceOf.h>
@@ -23,7 +24,7 @@ using Table = common_KestProcessOutputTableWidget;
 constexpr const char* sourceFile = "src/process/widgets/common_KestProcessOutputTabWidget.cpp";
 constexpr int smallestHeight = 300;
 constexpr double tabStopDistance = 56.0;
-constexpr int lightWeight = 2;
+constexpr int lightWeight = QtVersion::fontWeight(2);
 constexpr int descriptionColumn = 2;
 
 QIcon icon(const char* name)

@@ -1,5 +1,7 @@
 #include "common_KestProcessOutputTableWidget.h"
 
+#include <QtVersion.h>
+
 #include <QAction>
 #include <QClipboard>
 #include <QElapsedTimer>
@@ -15,7 +17,7 @@ enum Column { IdentifierColumn, CountColumn, DescriptionColumn, ColumnCount };
 
 constexpr int identifierWidth = 80;
 constexpr int countWidth = 45;
-constexpr int lightWeight = 2;
+constexpr int lightWeight = QtVersion::fontWeight(2);
 constexpr qint64 fittingTime = 10; // milliseconds a turn
 
 /// A count that is calculated when it is read.

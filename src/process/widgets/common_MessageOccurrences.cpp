@@ -56,7 +56,7 @@ int common_MessageOccurrences::count(int row) const
 
 // Texts are the same when they are equal letter by letter without regard to case, as
 // QString::compare() does it. QString::toCaseFolded() would turn some letters into several.
-uint common_MessageOccurrences::Text::hash(uint seed) const
+common_MessageOccurrences::HashValue common_MessageOccurrences::Text::hash(HashValue seed) const
 {
     QString folded = spelling;
     for (QChar& character : folded) {

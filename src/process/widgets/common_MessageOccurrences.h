@@ -26,6 +26,8 @@ public:
     int count(int row) const;
 
 private:
+    using HashValue = decltype(qHash(QString()));
+
     /// A text, all of whose spellings are equal.
     struct Text
     {
@@ -35,8 +37,8 @@ private:
         {
             return left.spelling.compare(right.spelling, Qt::CaseInsensitive) == 0;
         }
-        friend uint qHash(const Text& text, uint seed) { return text.hash(seed); }
-        uint hash(uint seed) const;
+        friend HashValue qHash(const Text& text, HashValue seed) { return text.hash(seed); }
+        HashValue hash(HashValue seed) const;
     };
 
     /// Neighbouring rows of a family with the same count.

@@ -5,7 +5,7 @@
 #include <common_LaunchOptionMembers.h>
 #include <common_LaunchOptionNames.h>
 
-#include <QRegExp>
+#include <QRegularExpression>
 
 #include <utility>
 
@@ -14,9 +14,9 @@ namespace {
 namespace keys = common_LaunchOptionNames;
 namespace members = common_LaunchOptionMembers;
 
-QRegExp whiteSpace()
+QRegularExpression whiteSpace()
 {
-    return QRegExp(QStringLiteral("\\s"));
+    return QRegularExpression(QStringLiteral("\\s"));
 }
 
 // 0 is not a member of the enumeration; old files contain it, and it means a local run.

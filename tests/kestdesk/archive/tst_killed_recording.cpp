@@ -63,7 +63,8 @@ private Q_SLOTS:
         }
         const auto first = archive.record(1);
         QVERIFY(first);
-        qInfo("%d records, %d interruptions seen", archive.records().size(), interrupted);
+        qInfo("%d records, %d interruptions seen", static_cast<int>(archive.records().size()),
+              interrupted);
     }
 
     // What was printed more than a second before the kill is there.

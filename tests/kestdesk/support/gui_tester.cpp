@@ -9,6 +9,8 @@
 //   click     true when there was something to click on
 //   picture   true when the picture of the widget's window is written to "file"
 //   close     true
+#include <ChartNames.h>
+
 #include <QAbstractItemView>
 #include <QApplication>
 #include <QChart>
@@ -58,17 +60,18 @@ QJsonValue rowsOf(const QWidget* widget)
 
 QJsonValue curvesOf(const QWidget* widget)
 {
-    const auto* const view = qobject_cast<const QtCharts::QChartView*>(widget);
+    const auto* const view = qobject_cast<const QChartView*>(widget);
     QJsonArray curves;
     if (view == nullptr) {
         return curves;
     }
-    const QList<QtCharts::QAbstractSeries*> shown = view->chart()->series();
-    for (const QtCharts::QAbstractSeries* const each : shown) {
-        const auto* const series = qobject_cast<const QtCharts::QXYSeries*>(each);
+    const QList<QAbstractSeries*> shown = view->chart()->series();
+    for (const QAbstractSeries* const each : shown) {
+        const auto* const series = qobject_cast<const QXYSeries*>(each);
         QJsonArray points;
-        const QVector<QPointF> values =
-            series != nullptr && series->isVisible() ? series->pointsVector() : QVector<QPointF>();
+        const QVector<QPointF> values = series != nullptr && series->isVisible()
+                                            ? series->points().toVector()
+                                            : QVector<QPointF>();
         for (const QPointF& point : values) {
             points.append(QJsonArray({point.x(), point.y()}));
         }

@@ -1,9 +1,9 @@
 #pragma once
 
 /// The display for windows.
-namespace Display {
+namespace WindowDisplay {
 
 /// Whether there is a display. Without one, Qt aborts a program that uses windows.
 bool exists();
 
-} // namespace Display
+} // namespace WindowDisplay

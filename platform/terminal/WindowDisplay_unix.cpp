@@ -1,11 +1,11 @@
-#include "Display.h"
+#include "WindowDisplay.h"
 
 #include <QtGlobal>
 
 #include <algorithm>
 #include <iterator>
 
-bool Display::exists()
+bool WindowDisplay::exists()
 {
     constexpr const char* variables[] = {"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM"};
     return std::any_of(std::begin(variables), std::end(variables),

@@ -1,6 +1,0 @@
-#include "Display.h"
-
-bool Display::exists()
-{
-    return true;
-}

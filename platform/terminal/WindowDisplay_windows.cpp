@@ -1,0 +1,6 @@
+#include "WindowDisplay.h"
+
+bool WindowDisplay::exists()
+{
+    return true;
+}
