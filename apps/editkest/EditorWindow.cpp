@@ -4,8 +4,10 @@
 #include "DeckEditor.h"
 #include "DeckHighlighter.h"
 #include "FileDrop.h"
+#include "FindingMender.h"
 #include "HelpMenu.h"
 #include "OpenDialog.h"
+#include "RecentMenu.h"
 #include "WindowGeometry.h"
 #include "WindowTitle.h"
 
@@ -28,7 +30,9 @@
 #include <QLabel>
 #include <QListWidget>
 #include <QMenuBar>
+#include <QPushButton>
 #include <QStatusBar>
+#include <QVBoxLayout>
 
 #include <algorithm>
 
@@ -97,15 +101,10 @@ void EditorWindow::makeContent()
     connect(m_editor, &DeckEditor::paletteChanged, highlighter,
             [this, highlighter] { highlighter->setPalette(m_editor->palette()); });
     setCentralWidget(m_editor);
-    m_findings = new QListWidget(this);
-    m_findings->setObjectName(QStringLiteral("findingList"));
-    m_findings->setAccessibleName(QStringLiteral("Findings"));
-    const int side = m_findings->fontMetrics().height();
-    m_findings->setIconSize(QSize(side, side));
     auto* dock = new QDockWidget(QStringLiteral("Findings"), this);
     dock->setObjectName(QStringLiteral("findingDock"));
     dock->setFeatures(QDockWidget::DockWidgetMovable);
-    dock->setWidget(m_findings);
+    dock->setWidget(makeFindings());
     addDockWidget(Qt::BottomDockWidgetArea, dock);
     m_summary = new QLabel(this);
     m_summary->setObjectName(QStringLiteral("summary"));
@@ -119,13 +118,31 @@ void EditorWindow::makeContent()
     GET_SERVICE(common_HelpClient)->registerPage(this, applicationName);
 }
 
+QWidget* EditorWindow::makeFindings()
+{
+    auto* panel = new QWidget(this);
+    m_findings = new QListWidget(panel);
+    m_findings->setObjectName(QStringLiteral("findingList"));
+    m_findings->setAccessibleName(QStringLiteral("Findings"));
+    const int side = m_findings->fontMetrics().height();
+    m_findings->setIconSize(QSize(side, side));
+    m_mender = new FindingMender(m_editor, m_findings);
+    auto* layout = new QVBoxLayout(panel);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->addWidget(m_findings, 1);
+    layout->addWidget(m_mender->makeButton(panel), 0, Qt::AlignRight);
+    return panel;
+}
+
 void EditorWindow::makeFileMenu()
 {
     QMenu* menu = menuBar()->addMenu(QStringLiteral("&File"));
     menu->addAction(icon(QStringLiteral("open")), QStringLiteral("&Open..."), this,
                     &EditorWindow::chooseDeck, QKeySequence::Open);
-    QMenu* recent = menu->addMenu(icon(QStringLiteral("recent")), QStringLiteral("Open &recent"));
-    connect(recent, &QMenu::aboutToShow, this, [this, recent] { listRecentFiles(*recent); });
+    auto* recent = new RecentMenu(menu, m_settings.recentFiles());
+    recent->setIcon(icon(QStringLiteral("recent")));
+    connect(recent, &RecentMenu::fileChosen, this, &EditorWindow::openDeck);
+    menu->addMenu(recent);
     QAction* saveAction = menu->addAction(QStringLiteral("&Save"));
     saveAction->setObjectName(QStringLiteral("saveAction"));
     saveAction->setShortcut(QKeySequence::Save);
@@ -150,17 +167,7 @@ void EditorWindow::makeEditMenu()
         menu->addAction(QStringLiteral("&Next finding"), this, &EditorWindow::goToNextFinding,
                         QKeySequence(QStringLiteral("F8")));
     next->setObjectName(QStringLiteral("nextFindingAction"));
-}
-
-void EditorWindow::listRecentFiles(QMenu& menu)
-{
-    menu.clear();
-    const QStringList files = m_settings.recentFiles()->recentFiles();
-    for (const QString& file : files) {
-        QString shown = suite::visibleText(file);
-        shown.replace(QLatin1Char('&'), QStringLiteral("&&"));
-        menu.addAction(shown, this, [this, file] { openDeck(file); });
-    }
+    menu->addAction(m_mender->action());
 }
 
 void EditorWindow::chooseDeck()
@@ -243,6 +250,7 @@ bool EditorWindow::saveTo(const QString& path)
 void EditorWindow::showFindings(const QVector<suite::Finding>& findings)
 {
     m_editor->setFindings(findings);
+    const int current = m_findings->currentRow();
     m_findings->clear();
     int errors = 0;
     int warnings = 0;
@@ -257,6 +265,8 @@ void EditorWindow::showFindings(const QVector<suite::Finding>& findings)
         errors += isError ? 1 : 0;
         warnings += finding.severity() == suite::Severity::Warning ? 1 : 0;
     }
+    m_findings->setCurrentRow(std::min(current, m_findings->count() - 1));
+    m_mender->setFindings(findings);
     m_summary->setText(QStringLiteral("Errors: %1  Warnings: %2").arg(errors).arg(warnings));
 }
 

@@ -10,6 +10,7 @@
 
 class DeckCheck;
 class DeckEditor;
+class FindingMender;
 class QAction;
 class QLabel;
 class QListWidget;
@@ -42,7 +43,7 @@ private:
     void makeContent();
     void makeFileMenu();
     void makeEditMenu();
-    void listRecentFiles(QMenu& menu);
+    QWidget* makeFindings();
     void chooseDeck();
     void openDropped(const QStringList& paths);
     void saveAs();
@@ -59,5 +60,6 @@ private:
     DeckEditor* m_editor = nullptr;
     DeckCheck* m_check;
     QListWidget* m_findings = nullptr;
+    FindingMender* m_mender = nullptr;
     QLabel* m_summary = nullptr;
 };

@@ -4,6 +4,7 @@
 #include "FileDrop.h"
 #include "HelpMenu.h"
 #include "OpenDialog.h"
+#include "RecentMenu.h"
 #include "ResultView.h"
 #include "ToolTip.h"
 #include "WindowGeometry.h"
@@ -95,8 +96,11 @@ void ViewerWindow::makeFileMenu()
         menu->addAction(icon(QStringLiteral("open")), QStringLiteral("&Open results..."), this,
                         &ViewerWindow::chooseResults, QKeySequence::Open);
     open->setObjectName(QStringLiteral("openAction"));
-    QMenu* recent = menu->addMenu(icon(QStringLiteral("recent")), QStringLiteral("Open &recent"));
-    connect(recent, &QMenu::aboutToShow, this, [this, recent] { listRecentFiles(*recent); });
+    auto* recent = new RecentMenu(menu, m_settings.recentFiles());
+    recent->setIcon(icon(QStringLiteral("recent")));
+    connect(recent, &RecentMenu::fileChosen, this,
+            [this](const QString& path) { openResults({path}); });
+    menu->addMenu(recent);
     QAction* save = menu->addAction(QStringLiteral("&Export..."), this, &ViewerWindow::exportView,
                                     QKeySequence(QStringLiteral("Ctrl+E")));
     save->setObjectName(QStringLiteral("exportAction"));
@@ -150,17 +154,6 @@ void ViewerWindow::chooseResults()
 {
     openResults(OpenDialog::files(this, QStringLiteral("Open results"), folder(),
                                   QStringLiteral("Results (*.csv);;All (*)")));
-}
-
-void ViewerWindow::listRecentFiles(QMenu& menu)
-{
-    menu.clear();
-    const QStringList files = m_settings.recentFiles()->recentFiles();
-    for (const QString& file : files) {
-        QString shown = suite::visibleText(file);
-        shown.replace(QLatin1Char('&'), QStringLiteral("&&"));
-        menu.addAction(shown, this, [this, file] { openResults({file}); });
-    }
 }
 
 void ViewerWindow::exportView()

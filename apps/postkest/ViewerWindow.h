@@ -32,7 +32,6 @@ private:
     void makeFileMenu();
     void makeViewMenu();
     void chooseResults();
-    void listRecentFiles(QMenu& menu);
     void exportView();
     void reloadAll();
     void reload(const QString& path);

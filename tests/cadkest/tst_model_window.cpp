@@ -1,4 +1,5 @@
 #include <FakeServices.h>
+#include <SmallScreen.h>
 #include <Text.h>
 
 #include <FileName.h>
@@ -65,6 +66,14 @@ private:
 
 private Q_SLOTS:
     void init() { m_folder = std::make_unique<QTemporaryDir>(); }
+
+    void windowFitsASmallScreen()
+    {
+        MainWindow window;
+        QCOMPARE(SmallScreen::excess(window), QString());
+        open(window, write(deck(2)));
+        QCOMPARE(SmallScreen::excess(window), QString());
+    }
 
     void namesCannotTurnTheWindowsTexts()
     {

@@ -1,5 +1,6 @@
 #include "RenderingStage.h"
 
+#include <SmallScreen.h>
 #include <Text.h>
 
 #include <RenderingDialog.h>
@@ -66,6 +67,8 @@ private Q_SLOTS:
         m_dialog.reset();
         m_stage.reset();
     }
+
+    void dialogFitsASmallScreen() { QCOMPARE(SmallScreen::excess(open()), QString()); }
 
     void showsTheSettings_data()
     {

@@ -1,5 +1,7 @@
 #include "WindowTest.h"
 
+#include <RunArchive.h>
+#include <SmallScreen.h>
 #include <Unprivileged.h>
 
 #include <HelpClient.h>
@@ -69,31 +71,64 @@ private Q_SLOTS:
                  qPrintable(QStringLiteral("%1 %2").arg(off.x()).arg(off.y())));
     }
 
-    void windowAndItsDialogsFitASmallScreen_data()
+    void dialogsFitASmallScreen_data()
     {
         QTest::addColumn<QString>("action");
         for (const char* const name :
-             {"launchOptionsAction", "machinesFileAction", "preferencesAction", "aboutAction"}) {
+             {"launchOptionsAction", "machinesFileAction", "preferencesAction", "aboutAction",
+              "deleteRunsAction", "runAgainAction", "stopAction", "quitAction"}) {
             QTest::newRow(name) << text(name);
         }
     }
 
-    // 1280 by 720, less the frames and the panels of a desktop.
-    void windowAndItsDialogsFitASmallScreen()
+    // Each action has a run to ask about.
+    void dialogsFitASmallScreen()
     {
         QFETCH(QString, action);
-        const QSize room(1260, 660);
-        QSize least = m_stage->window().minimumSizeHint();
-        QCOMPARE(least.boundedTo(room), least);
-        int count = 0;
-        const ModalVisitor visitor([&](QDialog& dialog) {
-            ++count;
-            least = dialog.minimumSizeHint().expandedTo(dialog.minimumSize());
-            dialog.reject();
-        });
-        m_stage->find<QAction>(qPrintable(action))->trigger();
-        QCOMPARE(count, 1);
-        QCOMPARE(least.boundedTo(room), least);
+        m_stage->askFromTheStart();
+        m_stage->run(m_stage->model("m.nec", "fault"));
+        QTRY_COMPARE_WITH_TIMEOUT(m_stage->state(), text("fault, exit code 3"), longTime);
+        QTRY_COMPARE_WITH_TIMEOUT(m_stage->cell(0, "No."), text("1"), longTime);
+        const RunArchive archive(m_stage->desk().path("user/runs"));
+        QTRY_VERIFY_WITH_TIMEOUT(archive.record(1)->hasEnded(), longTime);
+        startWaitingRun("wait", "a model with a name that is somewhat longer than usual.nec");
+        m_stage->model("m.nec", "valid"); // changed since
+        auto* const list = m_stage->find<QTableView>("runList");
+        list->selectRow(m_stage->rowOf(0));
+        QTRY_VERIFY_WITH_TIMEOUT(m_stage->find<QAction>(qPrintable(action))->isEnabled(), longTime);
+        QStringList found;
+        {
+            const ModalVisitor visitor([&found](QDialog& dialog) {
+                found.append(SmallScreen::excess(dialog));
+                dialog.reject();
+            });
+            m_stage->find<QAction>(qPrintable(action))->trigger();
+            QTRY_COMPARE_WITH_TIMEOUT(found.size(), 1, longTime);
+        }
+        QCOMPARE(found, QStringList(QString()));
+        m_stage->endRuns(SIGKILL);
+        QTRY_VERIFY_WITH_TIMEOUT(m_stage->state(1).startsWith(text("fault")), longTime);
+    }
+
+    void windowsFitASmallScreen()
+    {
+        QVERIFY(m_stage->find<QWidget>("welcomePanel")->isVisible());
+        QCOMPARE(SmallScreen::excess(m_stage->window()), QString());
+        QStringList models;
+        for (const char* const name : {"a.nec", "b.nec", "c.nec"}) {
+            models.append(m_stage->model(name, "valid"));
+        }
+        m_stage->window().openModels(models); // which wait
+        m_stage->run(m_stage->model("m.nec", "errs 2101: unknown card 'QX' (m.nec, line 1)"));
+        QTRY_VERIFY_WITH_TIMEOUT(m_stage->find<QPushButton>("runCureButton")->isVisible(),
+                                 longTime);
+        QVERIFY(m_stage->find<QWidget>("queuePanel")->isVisible());
+        QCOMPARE(SmallScreen::excess(m_stage->window()), QString());
+        QCOMPARE(SmallScreen::excess(*m_stage->dialogs().constFirst()), QString());
+        m_stage->find<QAction>("showRecordAction")->trigger();
+        auto* const record = m_stage->find<QDialog>("recordWindow");
+        QTRY_VERIFY_WITH_TIMEOUT(record->findChild<QTableView*>(text("messageTable")), longTime);
+        QCOMPARE(SmallScreen::excess(*record), QString());
     }
 
     void aboutTellsTheVersionAndTheInstallation()

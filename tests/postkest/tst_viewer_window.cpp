@@ -3,7 +3,9 @@
 #include "ViewerStage.h"
 #include "ViewerWindow.h"
 
+#include <BoxAnswerer.h>
 #include <HelpPage.h>
+#include <SmallScreen.h>
 
 #include <QAction>
 #include <QDropEvent>
@@ -49,6 +51,39 @@ private Q_SLOTS:
         QVERIFY(m_window->windowTitle().startsWith(QStringLiteral("second.csv (")));
         QCOMPARE(list()->item(1)->icon().pixmap(12).toImage().pixelColor(6, 6),
                  m_window->findChild<ResultView*>()->colour(1));
+    }
+
+    void windowAndItsBoxFitASmallScreen()
+    {
+        open({path("first run.csv"), path("second.csv")});
+        ViewerWindow& window = *m_window;
+        QCOMPARE(SmallScreen::excess(window), QString());
+        QStringList found;
+        BoxAnswerer reader([&found](QMessageBox& box) {
+            found.append(SmallScreen::excess(box));
+            box.reject();
+        });
+        window.findChild<QAction*>(QStringLiteral("aboutAction"))->trigger();
+        QCOMPARE(found, QStringList(QString()));
+    }
+
+    void recentFileThatIsGoneIsGrey()
+    {
+        open({path("first run.csv"), path("second.csv")});
+        auto* const menu = m_window->findChild<QMenu*>(QStringLiteral("recentMenu"));
+        QVERIFY(menu != nullptr);
+        QVERIFY(QFile::remove(path("first run.csv")));
+        Q_EMIT menu->aboutToShow();
+        QCOMPARE(menu->actions().size(), 2);
+        QTRY_VERIFY(!menu->actions().at(1)->isEnabled());
+        QVERIFY(menu->actions().at(1)->text().contains(QStringLiteral("first run.csv")));
+        QVERIFY(menu->actions().at(0)->isEnabled());
+        list()->setCurrentRow(1);
+        QTest::keyClick(list(), Qt::Key_Delete);
+        QCOMPARE(list()->count(), 1);
+        menu->actions().at(0)->trigger();
+        QCOMPARE(list()->count(), 2);
+        QVERIFY(m_window->windowTitle().startsWith(QStringLiteral("second.csv")));
     }
 
     void withoutResultsItSaysHowToOpenSome()

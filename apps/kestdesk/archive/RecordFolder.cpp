@@ -61,6 +61,29 @@ std::optional<RunRecord> RecordFolder::read() const
     return record;
 }
 
+// Its end may be whole, and so may the copy of the model.
+std::optional<RunRecord> RecordFolder::readDamaged() const
+{
+    const QDir folder(m_path);
+    if (!folder.exists()) {
+        return std::nullopt;
+    }
+    RunRecord record;
+    record.folder = folder.absolutePath();
+    const auto end = readObject(folder.filePath(endFile));
+    if (!end || !record.readEnd(*end)) {
+        record.ended = QFileInfo(messagesFile()).lastModified().toUTC();
+    }
+    record.started = record.ended.isValid() ? record.ended.addMSecs(-record.duration)
+                                            : QFileInfo(m_path).lastModified().toUTC();
+    record.state = RunRecord::State::Damaged;
+    record.outcome.clear();
+    record.reason.clear();
+    record.problem = QStringLiteral("%1 cannot be read")
+                         .arg(QDir::toNativeSeparators(folder.filePath(startFile)));
+    return record;
+}
+
 qint64 RecordFolder::stamp() const
 {
     const auto timeOf = [this](const QString& name) {

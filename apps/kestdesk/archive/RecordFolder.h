@@ -17,6 +17,10 @@ public:
     /// The record, without its number; nothing if there is none.
     std::optional<RunRecord> read() const;
 
+    /// What is known of a record that cannot be read, in the state Damaged; nothing if the folder
+    /// does not exist.
+    std::optional<RunRecord> readDamaged() const;
+
     /// A value that changes whenever a part is written; 0 if there is no record. Does not read the
     /// content.
     qint64 stamp() const;

@@ -4,6 +4,7 @@
 #include "MachinesCopies.h"
 #include "RunOptionWords.h"
 
+#include <HostRemoval.h>
 #include <InputFile.h>
 #include <OutputFile.h>
 
@@ -73,9 +74,7 @@ Readiness addMachinesFile(ComponentRunner& runner, const RunRecord& record, QStr
     if (option < 0 || option + 1 >= arguments.size()) {
         return {};
     }
-    suite::InputFile file(QDir(record.folder).filePath(record.machinesCopy));
-    const auto content =
-        record.machinesCopy.isEmpty() ? std::nullopt : file.read(largestMachinesFile);
+    const auto content = RecordedRun::machinesFile(record);
     if (!content) {
         return problem(QStringLiteral("the record of run %1 has no copy of the machines file")
                            .arg(record.number));
@@ -153,6 +152,15 @@ ModelFile RecordedRun::writeModel(const RunRecord& record)
     return {{},
             QStringLiteral("too many copies of the model are in %1")
                 .arg(QFileInfo(record.model).path())};
+}
+
+std::optional<QByteArray> RecordedRun::machinesFile(const RunRecord& record)
+{
+    suite::InputFile file(QDir(record.folder).filePath(record.machinesCopy));
+    const auto content =
+        record.machinesCopy.isEmpty() ? std::nullopt : file.read(largestMachinesFile);
+    return content ? std::optional(suite::HostRemoval(*content, record.leftOutHosts).content())
+                   : std::nullopt;
 }
 
 bool RecordedRun::hasCommand(const RunRecord& record)

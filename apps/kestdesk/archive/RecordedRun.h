@@ -4,6 +4,7 @@
 #include "RunRecord.h"
 
 #include <memory>
+#include <optional>
 
 class common_CommonSettingsSet;
 
@@ -35,6 +36,10 @@ struct ModelFile
 /// refer to: dipole-run17.nec. An existing file with the same content is used; other files are
 /// never overwritten.
 ModelFile writeModel(const RunRecord& record);
+
+/// The machines file for a repetition: that of the run, with the left-out hosts as comments. Nothing
+/// without a readable copy.
+std::optional<QByteArray> machinesFile(const RunRecord& record);
 
 /// Whether the record has the command of the run. It has none if the run was refused before its
 /// component could be started.

@@ -91,6 +91,30 @@ QVector<RunRecord> RunArchive::records() const
     return result;
 }
 
+QVector<RunRecord> RunArchive::allRecords() const
+{
+    QVector<RunRecord> result;
+    const QVector<int> all = numbers();
+    for (auto number = all.crbegin(); number != all.crend(); ++number) {
+        if (auto found = recordOrDamaged(*number)) {
+            result.append(std::move(*found));
+        }
+    }
+    return result;
+}
+
+std::optional<RunRecord> RunArchive::recordOrDamaged(int number) const
+{
+    auto found = record(number);
+    if (!found) {
+        found = RecordFolder(path(number)).readDamaged();
+        if (found) {
+            found->number = number;
+        }
+    }
+    return found;
+}
+
 std::optional<RunRecord> RunArchive::record(int number) const
 {
     auto found = RecordFolder(path(number)).read();

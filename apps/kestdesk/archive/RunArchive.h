@@ -33,8 +33,14 @@ public:
     /// All readable records, the newest first.
     QVector<RunRecord> records() const;
 
+    /// All records with the damaged ones, the newest first.
+    QVector<RunRecord> allRecords() const;
+
     /// A record; nothing if it does not exist or cannot be read.
     std::optional<RunRecord> record(int number) const;
+
+    /// A record, or what is known of a damaged one; nothing if it does not exist.
+    std::optional<RunRecord> recordOrDamaged(int number) const;
 
     /// Result of add().
     struct Addition

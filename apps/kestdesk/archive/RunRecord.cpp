@@ -13,8 +13,8 @@ const QString formatKey = QStringLiteral("format");
 const QString stateKey = QStringLiteral("state");
 
 // Indexed by RunRecord::State.
-constexpr const char* stateWords[] = {"running", "interrupted",     "valid",
-                                      "fault",   "could not start", "stopped"};
+constexpr const char* stateWords[] = {"running",         "interrupted", "valid",  "fault",
+                                      "could not start", "stopped",     "damaged"};
 
 // The keys of the members, by type.
 template <typename T>
@@ -47,6 +47,7 @@ constexpr Member<QStringList> startLists[] = {
     {"runOptions",  &RunRecord::runOptions},
     {"arguments",   &RunRecord::arguments},
     {"environment", &RunRecord::environment},
+    {"leftOutHosts", &RunRecord::leftOutHosts},
 };
 constexpr Member<int> startNumbers[] = {
     {"cores",       &RunRecord::cores},

@@ -18,7 +18,8 @@ struct RunRecord
         Valid,
         Fault,
         NotStarted,
-        Stopped
+        Stopped,
+        Damaged ///< what says how it was started cannot be read
     };
 
     /// A launch option, as text.
@@ -66,11 +67,12 @@ struct RunRecord
     QString qtVersion;
     QString installation;
     int cores = 0;
-    int segments = 0;    ///< of the model; 0 when it could not be read
-    int frequencies = 0; ///< of its sweep; 0 when it could not be read
-    int processes = 1;   ///< number of processes that solve the model at once
-    int repeats = 0;     ///< number of the run that this one repeats; 0 when it repeats none
-    QDateTime started;   ///< UTC
+    int segments = 0;         ///< of the model; 0 when it could not be read
+    int frequencies = 0;      ///< of its sweep; 0 when it could not be read
+    int processes = 1;        ///< number of processes that solve the model at once
+    int repeats = 0;          ///< number of the run that this one repeats; 0 when it repeats none
+    QStringList leftOutHosts; ///< hosts of the repeated run's machines file that are left out
+    QDateTime started;        ///< UTC
 
     // How it ended.
     State state = State::Running;

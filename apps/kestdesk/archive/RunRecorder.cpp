@@ -14,6 +14,7 @@ void addRepeated(const RunRecord& repeated, RunRecord& record)
 {
     record.repeats = repeated.number;
     if (RecordedRun::hasCommand(repeated)) {
+        record.leftOutHosts = repeated.leftOutHosts;
         record.environment = repeated.environment;
         record.launchOptions = repeated.launchOptions;
     }

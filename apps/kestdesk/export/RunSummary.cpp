@@ -22,8 +22,8 @@ constexpr int mostFindings = 50; // of each severity
 constexpr int labelWidth = 12;
 
 // Indexed by RunRecord::State.
-constexpr Kind stateKinds[] = {Kind::Plain, Kind::Fault, Kind::Valid,
-                               Kind::Fault, Kind::Fault, Kind::Stopped};
+constexpr Kind stateKinds[] = {Kind::Plain, Kind::Fault,   Kind::Valid,  Kind::Fault,
+                               Kind::Fault, Kind::Stopped, Kind::Warning};
 
 struct Severity
 {

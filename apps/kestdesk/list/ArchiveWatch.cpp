@@ -62,7 +62,7 @@ std::optional<RunRecord> ArchiveWatch::Reader::readIfChanged(int number)
         entry = Known();
         entry.stamp = stamp;
     }
-    auto record = archive.record(number);
+    auto record = archive.recordOrDamaged(number);
     if (record && record->state == RunRecord::State::Interrupted && record->outcome.isEmpty()) {
         InterruptedRun::close(folder.path());
         record = archive.record(number);

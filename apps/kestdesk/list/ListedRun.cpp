@@ -2,6 +2,7 @@
 
 #include "WindowRun.h"
 
+#include <QFileInfo>
 #include <QSysInfo>
 
 #include <algorithm>
@@ -19,6 +20,7 @@ const struct { State state; const char* icon; } stateIcons[] = {
     {State::Fault,       "fault"},
     {State::NotStarted,  "fault"},
     {State::Stopped,     "exclude"},
+    {State::Damaged,     "warning"},
 };
 // clang-format on
 
@@ -58,6 +60,11 @@ QString ListedRun::model() const
     return run != nullptr ? run->run().model() : record.model;
 }
 
+QString ListedRun::folder() const
+{
+    return model().isEmpty() ? record.folder : QFileInfo(model()).absolutePath();
+}
+
 QString ListedRun::component() const
 {
     return run != nullptr ? run->run().componentName() : record.component;
@@ -91,8 +98,8 @@ QString ListedRun::explanation() const
     if (run != nullptr) {
         return run->explanation();
     }
-    QString text =
-        record.reason.isEmpty() ? stateText() : RunRecord::word(record.state) + QLatin1Char('.');
+    const bool isAlone = record.reason.isEmpty() && record.state != State::Damaged;
+    QString text = isAlone ? stateText() : RunRecord::word(record.state) + QLatin1Char('.');
     if (!record.reason.isEmpty()) {
         text += QStringLiteral(" It %1.").arg(record.reason);
     }

@@ -11,8 +11,14 @@ struct ListedRun
     RunRecord record;         ///< its number is 0 while there is no record
     WindowRun* run = nullptr; ///< not owned; null for a run that this window has not started
 
-    /// Absolute path of the model.
+    /// Absolute path of the model; empty for a damaged record.
     QString model() const;
+
+    /// Absolute path of the model's folder, or else of the record's.
+    QString folder() const;
+
+    /// Whether there is a record that can be read.
+    bool hasRecord() const { return number() > 0 && state() != RunRecord::State::Damaged; }
     QString component() const;
 
     /// Number of the record; 0 without one.

@@ -20,6 +20,7 @@ const struct { const char* text; std::optional<State> state; } stateRows[] = {
     {"Stopped",         State::Stopped},
     {"Not started",     State::NotStarted},
     {"Interrupted",     State::Interrupted},
+    {"Damaged",         State::Damaged},
 };
 // clang-format on
 

@@ -52,6 +52,11 @@ void RunListPart::addButton(QWidget* button)
     layout()->itemAt(0)->layout()->addWidget(button);
 }
 
+void RunListPart::addBar(QWidget* bar)
+{
+    layout()->addWidget(bar);
+}
+
 void RunListPart::clearEnded()
 {
     m_list->filter()->hideEnded();

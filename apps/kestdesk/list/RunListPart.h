@@ -22,6 +22,9 @@ public:
     /// Puts the button beside the filter and takes the ownership.
     void addButton(QWidget* button);
 
+    /// Adds a bar below the list.
+    void addBar(QWidget* bar);
+
     /// Puts the filter before the list in the tab order. To be called after this widget has been
     /// added to the window.
     void orderTabs();

@@ -33,7 +33,7 @@ struct ColumnRow
 
 QString folderOf(const ListedRun& row)
 {
-    return QFileInfo(row.model()).path();
+    return row.folder();
 }
 
 QString remainingText(const ListedRun& row)

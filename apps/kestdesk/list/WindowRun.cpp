@@ -69,6 +69,7 @@ WindowRun::WindowRun(const Component& component, const QString& model, QObject* 
     connect(&m_recorder, &RunRecorder::created, this, &WindowRun::changed);
     connect(&m_recorder, &RunRecorder::created, this, &WindowRun::recordMade);
     connect(&m_recorder, &RunRecorder::failed, this, &WindowRun::onRecordFailed);
+    connect(&m_recorder, &RunRecorder::finished, this, &WindowRun::changed);
     connect(&m_recorder, &RunRecorder::finished, this, &WindowRun::recorded);
 }
 

@@ -80,9 +80,22 @@ MachinesDialog::MachinesDialog(QWidget* parent)
     resize(QSize(unit * 90, unit * 75).boundedTo(screen()->availableSize() * 9 / 10));
 }
 
-bool MachinesDialog::edit(QWidget* parent)
+bool MachinesDialog::edit(QWidget* parent, const QString& host)
 {
-    return MachinesDialog(parent).exec() == Accepted;
+    MachinesDialog dialog(parent);
+    dialog.goToHost(host);
+    return dialog.exec() == Accepted;
+}
+
+void MachinesDialog::goToHost(const QString& host)
+{
+    const MachinesFile file = MachinesFile::parse(typed());
+    for (const MachinesFile::Entry& entry : file.hosts()) {
+        if (entry.host.compare(host, Qt::CaseInsensitive) == 0) {
+            m_text->goToLine(entry.line);
+            m_text->setFocus();
+        }
+    }
 }
 
 void MachinesDialog::makeWidgets()

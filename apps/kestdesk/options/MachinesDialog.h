@@ -22,8 +22,8 @@ class MachinesDialog : public QDialog
 public:
     explicit MachinesDialog(QWidget* parent);
 
-    /// True when the file was saved.
-    static bool edit(QWidget* parent);
+    /// True when the file was saved. Begins at the line of the host, if one is given.
+    static bool edit(QWidget* parent, const QString& host = QString());
 
 public Q_SLOTS:
     /// Saves and closes. With mistakes, or after a change by another program, the user is asked
@@ -36,6 +36,7 @@ public Q_SLOTS:
 private:
     void makeWidgets();
     void load();
+    void goToHost(const QString& host);
     QByteArray typed() const;
     bool isChanged() const;
     void check();

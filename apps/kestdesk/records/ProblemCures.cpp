@@ -18,7 +18,8 @@ constexpr Cure cures[] = {
     {"No machines file|the machines file .* is missing",              Action::UseThisMachine, "&Use this machine",        "Makes a machines file that names this machine"},
     {"names no host",                                                 Action::UseThisMachine, "&Use this machine",        "Adds this machine to the machines file"},
     {"remote host has not been provided|no host",                     Action::EditOptions,    "Choose the &host...",      "Opens the component launch options, which name the remote host"},
-    {"cannot be reached|unknown host|not reachable|host .* (failed|does not answer)", Action::EditMachines, "Leave the host &out...", "Opens the machines file, to take the host out or to mark it as a comment"},
+    {"host '[^']+' (cannot be reached|does not answer|gives no connection|is not connected)", Action::LeaveHostOut, "Run without the &host...", "Runs it again with the host's line of the machines file as a comment; asks first"},
+    {"cannot be reached|unknown host|not reachable|host .* failed",   Action::EditMachines,   "Edit the &machines file...", "Opens the machines file, to take the host out or to mark it as a comment"},
     {"machines file",                                                 Action::EditMachines,   "Edit the &machines file...", "Opens the machines file"},
 };
 // clang-format on
@@ -47,4 +48,10 @@ std::optional<ProblemCures::Line> ProblemCures::lineOf(const QString& message)
 {
     const auto place = suite::Place::at(message.trimmed());
     return place && place->line > 0 ? std::optional(Line{place->file, place->line}) : std::nullopt;
+}
+
+QString ProblemCures::hostOf(const QString& message)
+{
+    static const QRegularExpression host(QStringLiteral("host '([^']+)'"));
+    return host.match(message).captured(1);
 }

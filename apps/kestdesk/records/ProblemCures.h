@@ -10,6 +10,7 @@ namespace ProblemCures {
 enum class Action {
     OpenCard,       ///< open the line of the model that the message names in the editor
     UseThisMachine, ///< write a machines file with this machine
+    LeaveHostOut,   ///< run again without the host that the message names
     EditMachines,   ///< edit the hosts of the machines file
     InstallEngine,  ///< show how to install the engine
     EditOptions     ///< edit the launch options
@@ -35,5 +36,8 @@ struct Line
     int line = 0;
 };
 std::optional<Line> lineOf(const QString& message);
+
+/// The host that a message is about; empty for none.
+QString hostOf(const QString& message);
 
 } // namespace ProblemCures

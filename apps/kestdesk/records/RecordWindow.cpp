@@ -1,6 +1,7 @@
 #include "RecordWindow.h"
 
 #include "CommandPage.h"
+#include "CureBar.h"
 #include "DifferencesPage.h"
 #include "MessageView.h"
 #include "RecordFolder.h"
@@ -15,7 +16,6 @@
 
 #include <QHBoxLayout>
 #include <QIcon>
-#include <QLabel>
 #include <QPushButton>
 #include <QShortcut>
 #include <QTabWidget>
@@ -48,8 +48,7 @@ RecordWindow::RecordWindow(RunArchive archive, int number, QWidget* parent)
     , m_summary(new SummaryPage(m_tabs))
     , m_command(new CommandPage(m_tabs))
     , m_differences(new DifferencesPage(m_archive, m_tabs))
-    , m_problem(new QLabel(this))
-    , m_cureButton(new QPushButton(this))
+    , m_cure(new CureBar("recordProblemLabel", "cureButton", this))
     , m_againButton(new QPushButton(QStringLiteral("Run &again exactly"), this))
     , m_resumeButton(new QPushButton(QStringLiteral("R&esume"), this))
 {
@@ -81,19 +80,14 @@ QWidget* RecordWindow::makeButtons()
     auto* row = new QWidget(this);
     auto* layout = new QHBoxLayout(row);
     layout->setContentsMargins(0, 0, 0, 0);
-    m_problem->setObjectName(QStringLiteral("recordProblemLabel"));
-    m_problem->setTextFormat(Qt::PlainText);
-    m_problem->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
-    layout->addWidget(m_problem, 1);
-    addButton(row, m_cureButton, "cureButton");
-    m_cureButton->hide();
+    layout->addWidget(m_cure, 1);
     addButton(row, m_resumeButton, "resumeRecordButton");
     m_resumeButton->setEnabled(false);
     addButton(row, m_againButton, "runAgainButton");
     m_againButton->setEnabled(false);
     auto* closeButton = new QPushButton(QStringLiteral("Close"), row);
     addButton(row, closeButton, "closeRecordButton");
-    connect(m_cureButton, &QPushButton::clicked, this, &RecordWindow::useCure);
+    connect(m_cure, &CureBar::cureRequested, this, &RecordWindow::cureRequested);
     connect(m_againButton, &QPushButton::clicked, this,
             [this] { Q_EMIT againRequested(m_number); });
     connect(m_resumeButton, &QPushButton::clicked, this,
@@ -122,7 +116,7 @@ void RecordWindow::show(const std::optional<RunRecord>& record)
 {
     if (!record) {
         m_timer.stop();
-        m_problem->setText(QStringLiteral("The record has been deleted."));
+        m_cure->setText(QStringLiteral("The record has been deleted."));
         return;
     }
     const bool wasRunning = m_store == nullptr || m_record.state == RunRecord::State::Running;
@@ -157,7 +151,7 @@ void RecordWindow::makeMessages()
     m_tabs->insertTab(1, m_messages, QStringLiteral("&Messages"));
     m_tabs->insertTab(2, output, QStringLiteral("&Output"));
     connect(m_messages, &MessageView::currentChanged, this, &RecordWindow::updateCure);
-    connect(m_messages, &MessageView::activated, this, &RecordWindow::useCure);
+    connect(m_messages, &MessageView::activated, m_cure, &CureBar::use);
     connect(m_tabs, &QTabWidget::currentChanged, this, &RecordWindow::updateCure);
 }
 
@@ -205,24 +199,5 @@ QString RecordWindow::problem() const
 
 void RecordWindow::updateCure()
 {
-    m_cureMessage = problem();
-    m_cure = ProblemCures::find(m_cureMessage);
-    m_problem->clear();
-    if (m_cure != nullptr) {
-        const QString text = suite::visibleText(m_cureMessage.trimmed());
-        m_cureButton->setText(QLatin1String(m_cure->button));
-        m_cureButton->setToolTip(QLatin1String(m_cure->hint));
-        m_cureButton->setAccessibleDescription(QLatin1String(m_cure->hint));
-        m_problem->setText(text);
-        m_problem->setToolTip(text.toHtmlEscaped());
-    }
-    m_cureButton->setVisible(m_cure != nullptr);
-    m_cureButton->updateGeometry();
-}
-
-void RecordWindow::useCure()
-{
-    if (m_cure != nullptr) {
-        Q_EMIT cureRequested(*m_cure, m_cureMessage, m_record);
-    }
+    m_cure->setProblem(problem(), m_record);
 }

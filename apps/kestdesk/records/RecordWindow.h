@@ -9,10 +9,10 @@
 #include <QTimer>
 
 class CommandPage;
+class CureBar;
 class DifferencesPage;
 class MessageStore;
 class MessageView;
-class QLabel;
 class QPushButton;
 class QTabWidget;
 
@@ -49,7 +49,6 @@ private:
     void showResumable(const QString& obstacle);
     void updateTitle();
     void updateCure();
-    void useCure();
     QString problem() const;
 
     RunArchive m_archive;
@@ -62,12 +61,9 @@ private:
     DifferencesPage* m_differences;
     MessageStore* m_store = nullptr;
     MessageView* m_messages = nullptr;
-    QLabel* m_problem;
-    QPushButton* m_cureButton;
+    CureBar* m_cure;
     QPushButton* m_againButton;
     QPushButton* m_resumeButton;
-    const ProblemCures::Cure* m_cure = nullptr;
-    QString m_cureMessage;
     QTimer m_timer;
     DiskThread m_disk; ///< destroyed first
 };

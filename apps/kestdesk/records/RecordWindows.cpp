@@ -56,6 +56,9 @@ void RecordWindows::cure(const ProblemCures::Cure& cure, const QString& message,
     case ProblemCures::Action::UseThisMachine:
         useThisMachine();
         break;
+    case ProblemCures::Action::LeaveHostOut:
+        Q_EMIT againWithoutRequested(record.number, ProblemCures::hostOf(message));
+        break;
     case ProblemCures::Action::EditMachines:
         MachinesDialog::edit(m_window);
         break;
@@ -65,6 +68,15 @@ void RecordWindows::cure(const ProblemCures::Cure& cure, const QString& message,
     case ProblemCures::Action::EditOptions:
         LaunchOptionsDialog::edit(m_window);
         break;
+    }
+}
+
+void RecordWindows::editHost(const RunRecord& record, const QString& host)
+{
+    if (record.arguments.contains(QStringLiteral("--remote-host"))) {
+        LaunchOptionsDialog::edit(m_window);
+    } else {
+        MachinesDialog::edit(m_window, host);
     }
 }
 

@@ -1,7 +1,9 @@
 #include "RunAgain.h"
 
+#include "LeaveOutQuestion.h"
 #include "ResumedRun.h"
 
+#include <HostRemoval.h>
 #include <VisibleText.h>
 
 #include <common_UserQuery.h>
@@ -54,6 +56,18 @@ Choice ask(const RunRecord& record, bool isThere, bool hasCopy, QWidget* window)
     }
 }
 
+// Why the run cannot do without the host; empty when it can.
+QString obstacleOf(const suite::HostRemoval& removal, const QString& host)
+{
+    const QString name = suite::visibleText(host);
+    if (removal.lines().isEmpty()) {
+        return QStringLiteral("The host %1 is not in the machines file of the run.").arg(name);
+    }
+    return removal.leavesHosts()
+               ? QString()
+               : QStringLiteral("%1 is the only host in the machines file of the run.").arg(name);
+}
+
 } // namespace
 
 RunAgain::RunAgain(RunArchive archive, QWidget* window)
@@ -68,10 +82,54 @@ void RunAgain::request(int number)
             answer([this, number] { failWithoutRecord(number); });
             return;
         }
-        const ModelState state = RecordedRun::modelState(*record);
-        const bool hasCopy = RecordedRun::hasModelCopy(*record);
-        answer([this, record, state, hasCopy] { decide(*record, state, hasCopy); });
+        answer([this, record] { prepare(*record); });
     });
+}
+
+void RunAgain::prepare(const RunRecord& record)
+{
+    m_disk.post([this, record](const DiskThread::Answer& answer) {
+        const ModelState state = RecordedRun::modelState(record);
+        const bool hasCopy = RecordedRun::hasModelCopy(record);
+        answer([this, record, state, hasCopy] { decide(record, state, hasCopy); });
+    });
+}
+
+void RunAgain::requestWithout(int number, const QString& host)
+{
+    m_disk.post([this, archive = m_archive, number, host](const DiskThread::Answer& answer) {
+        const auto record = archive.record(number);
+        if (!record) {
+            answer([this, number] { failWithoutRecord(number); });
+            return;
+        }
+        const suite::HostRemoval removal(RecordedRun::machinesFile(*record).value_or(QByteArray()),
+                                         {host});
+        const QString problem = obstacleOf(removal, host);
+        const QStringList lines = removal.lines();
+        answer([this, record, host, problem, lines] {
+            if (problem.isEmpty()) {
+                leaveOut(*record, host, lines);
+            } else {
+                Q_EMIT hostNotLeftOut(*record, host, problem);
+            }
+        });
+    });
+}
+
+void RunAgain::leaveOut(RunRecord record, const QString& host, const QStringList& lines)
+{
+    const QPointer<RunAgain> guard(this); // the window may be destroyed meanwhile
+    const auto answer = LeaveOutQuestion::ask(record.number, host, lines, m_window);
+    if (guard.isNull()) {
+        return;
+    }
+    if (answer == LeaveOutQuestion::Answer::EditFile) {
+        Q_EMIT hostNotLeftOut(record, host, QString());
+    } else if (answer == LeaveOutQuestion::Answer::RunAgain) {
+        record.leftOutHosts.append(host);
+        prepare(record);
+    }
 }
 
 void RunAgain::resume(int number)

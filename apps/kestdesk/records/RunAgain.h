@@ -21,6 +21,9 @@ public:
     /// As it was.
     void request(int number);
 
+    /// As it was, but without a host of its machines file; the user is asked.
+    void requestWithout(int number, const QString& host);
+
     /// With what the run has left, and with the model as it is.
     void resume(int number);
 
@@ -31,6 +34,10 @@ Q_SIGNALS:
     /// The same for a run that is resumed.
     void readyToResume(const RunRecord& record);
 
+    /// The host stays: the user wants to edit the file, or the host cannot be left out. The problem
+    /// is a sentence and may be empty.
+    void hostNotLeftOut(const RunRecord& record, const QString& host, const QString& problem);
+
     /// The run cannot be repeated. The problem is a sentence.
     void failed(const QString& problem);
 
@@ -38,6 +45,8 @@ private:
     using ModelState = RecordedRun::ModelState;
 
     void failWithoutRecord(int number);
+    void leaveOut(RunRecord record, const QString& host, const QStringList& lines);
+    void prepare(const RunRecord& record);
     void decide(const RunRecord& record, ModelState state, bool hasCopy);
     void writeModel(const RunRecord& record);
 

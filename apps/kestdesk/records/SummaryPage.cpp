@@ -105,7 +105,9 @@ QString timeRows(const RunRecord& record)
            row(QStringLiteral("Took"),
                record.hasEnded() ? RunTexts::shortClockTime(record.duration) : QString()) +
            row(QStringLiteral("Repeats"),
-               record.repeats == 0 ? QString() : QStringLiteral("run %1").arg(record.repeats));
+               record.repeats == 0 ? QString() : QStringLiteral("run %1").arg(record.repeats)) +
+           row(QStringLiteral("Without hosts"),
+               html(record.leftOutHosts.join(QStringLiteral(", "))));
 }
 
 QString placeRows(const RunRecord& record)

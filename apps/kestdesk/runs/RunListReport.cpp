@@ -65,7 +65,7 @@ QStringList RunListReport::stateWords()
     using State = RunRecord::State;
     QStringList words;
     for (const State state : {State::Running, State::Interrupted, State::Valid, State::Fault,
-                              State::NotStarted, State::Stopped}) {
+                              State::NotStarted, State::Stopped, State::Damaged}) {
         words.append(RunRecord::word(state));
     }
     return words;

@@ -70,23 +70,6 @@ RunArchive archive()
     return result;
 }
 
-void warnOfDamaged(const RunArchive& archive, const QVector<RunRecord>& records)
-{
-    QStringList damaged;
-    const QVector<int> numbers = archive.numbers();
-    for (const int number : numbers) {
-        const bool isRead =
-            std::any_of(records.cbegin(), records.cend(),
-                        [number](const RunRecord& record) { return record.number == number; });
-        if (!isRead) {
-            damaged.append(QString::number(number));
-        }
-    }
-    if (!damaged.isEmpty()) {
-        fail(QStringLiteral("records that cannot be read: ") + damaged.join(QStringLiteral(", ")));
-    }
-}
-
 int list(const SubcommandWords& words)
 {
     const RunListReport::Filter filter = {words.text(modelOption.name),
@@ -99,8 +82,7 @@ int list(const SubcommandWords& words)
                     exitRefused);
     }
     const RunArchive runs = archive();
-    const QVector<RunRecord> all = runs.records();
-    warnOfDamaged(runs, all);
+    const QVector<RunRecord> all = runs.allRecords();
     const QVector<RunRecord> found = RunListReport::filtered(all, filter);
     if (words.has(jsonOption.name)) {
         QJsonArray array;
@@ -260,7 +242,7 @@ int cleanNumbers(const QStringList& words)
 int cleanAll()
 {
     const RunArchive runs = archive();
-    const QVector<RunRecord> all = runs.records();
+    const QVector<RunRecord> all = runs.allRecords();
     return report(
         static_cast<int>(std::count_if(all.cbegin(), all.cend(), [&runs](const RunRecord& record) {
             return runs.remove(record.number);

@@ -63,7 +63,7 @@ QVector<ListedRun> endedOf(const QVector<ListedRun>& runs)
 
 bool hasRecord(const ListedRun& run)
 {
-    return run.number() > 0;
+    return run.hasRecord();
 }
 
 bool hasCommand(const ListedRun& run)
@@ -283,7 +283,7 @@ void RunActions::openFolders()
     QStringList folders;
     const QVector<ListedRun> runs = m_part->list()->selectedRuns();
     for (const ListedRun& run : runs) {
-        folders.append(QFileInfo(run.model()).absolutePath());
+        folders.append(run.folder());
     }
     folders.removeDuplicates();
     for (const QString& folder : folders.mid(0, mostFolders)) {

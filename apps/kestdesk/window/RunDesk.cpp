@@ -2,6 +2,7 @@
 
 #include "ArchiveLimits.h"
 #include "ArchiveWatch.h"
+#include "CureBar.h"
 #include "MainMenu.h"
 #include "RecordWindows.h"
 #include "RunActions.h"
@@ -9,6 +10,7 @@
 #include "RunListPart.h"
 #include "RunListView.h"
 #include "RunTableModel.h"
+#include "SelectedProblem.h"
 
 #include <QAction>
 
@@ -23,6 +25,7 @@ RunDesk::RunDesk(Shutdown& shutdown, common_CommonSettingsSet& settings, QWidget
     , m_session(std::make_unique<SessionRuns>(m_runs, shutdown, window))
 {
     connectParts();
+    makeCureBar();
 }
 
 RunDesk::~RunDesk() = default;
@@ -39,10 +42,29 @@ void RunDesk::connectParts()
     connect(list(), &RunListView::selectedRunChanged, this, &RunDesk::changed);
     connect(m_records, &RecordWindows::againRequested, m_again, &RunAgain::request);
     connect(m_records, &RecordWindows::resumeRequested, m_again, &RunAgain::resume);
+    connect(m_records, &RecordWindows::againWithoutRequested, m_again, &RunAgain::requestWithout);
+    connect(m_again, &RunAgain::hostNotLeftOut, this, &RunDesk::editHost);
     connect(m_records, &RecordWindows::reported, this, &RunDesk::reported);
     connect(m_again, &RunAgain::ready, this, &RunDesk::runAgain);
     connect(m_again, &RunAgain::readyToResume, this, &RunDesk::resume);
     connect(m_again, &RunAgain::failed, this, &RunDesk::reported);
+}
+
+// For the run that is selected, which is the newest one at first.
+void RunDesk::makeCureBar()
+{
+    auto* const bar = new CureBar("runProblemLabel", "runCureButton", m_listPart);
+    new SelectedProblem(list(), bar, RunArchive::ofUser(), m_listPart);
+    connect(bar, &CureBar::cureRequested, m_records, &RecordWindows::cure);
+    m_listPart->addBar(bar);
+}
+
+void RunDesk::editHost(const RunRecord& record, const QString& host, const QString& problem)
+{
+    if (!problem.isEmpty()) {
+        Q_EMIT reported(problem);
+    }
+    m_records->editHost(record, host);
 }
 
 void RunDesk::addActions(MainMenu* menu)
@@ -72,7 +94,7 @@ void RunDesk::showRun()
         return;
     }
     const QVector<ListedRun> selected = list()->selectedRuns();
-    if (!selected.isEmpty() && selected.first().number() > 0) {
+    if (!selected.isEmpty() && selected.first().hasRecord()) {
         m_records->open(selected.first().number());
     } else if (run != nullptr) {
         Q_EMIT reported(QStringLiteral("The window of this run has been closed."));

@@ -57,6 +57,8 @@ Q_SIGNALS:
 
 private:
     void connectParts();
+    void makeCureBar();
+    void editHost(const RunRecord& record, const QString& host, const QString& problem);
     void runAgain(const RunRecord& record, const QString& model);
     void resume(const RunRecord& record);
     void repeat(const RunRecord& record, const QString& model, const QString& report);

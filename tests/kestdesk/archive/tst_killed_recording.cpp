@@ -45,7 +45,7 @@ private Q_SLOTS:
             QProcess process;
             desk.start(process, {text("--non-interactive"), text("--jobs"), text("2"),
                                  text("a.nec"), text("b.nec"), text("a.nec"), text("c.nec")});
-            QTest::qSleep(QRandomGenerator::global()->bounded(longest));
+            QTest::qSleep(QRandomGenerator::global()->bounded(1, longest));
             process.kill();
             QVERIFY(process.waitForFinished(30000));
             const QVector<RunRecord> records = archive.records();

@@ -270,6 +270,25 @@ private Q_SLOTS:
         ArchiveStage::write(folderOf(3) + QStringLiteral("/end.json"), "");
         QCOMPARE(numbersOf(m_stage->archive()), QVector<int>({3, 1}));
     }
+
+    void damagedRecordTellsWhatIsLeft()
+    {
+        m_stage->addEnded();
+        m_stage->addEnded();
+        ArchiveStage::write(folderOf(1) + QStringLiteral("/run.json"), "");
+        QVERIFY(QFile::remove(folderOf(2) + QStringLiteral("/run.json")));
+        QVERIFY(QFile::remove(folderOf(2) + QStringLiteral("/end.json")));
+        QVERIFY(!m_stage->archive().record(1));
+        const QVector<RunRecord> all = m_stage->archive().allRecords();
+        QCOMPARE(all.size(), 2);
+        for (const RunRecord& record : all) {
+            QCOMPARE(record.state, RunRecord::State::Damaged);
+            QCOMPARE(record.folder, folderOf(record.number));
+            QVERIFY(record.started.isValid() && record.hasEnded());
+        }
+        QCOMPARE(all.last().number, 1);
+        QVERIFY(!m_stage->archive().recordOrDamaged(3));
+    }
 };
 
 QTEST_GUILESS_MAIN(tst_run_archive)

@@ -19,8 +19,8 @@ RunRecord fullRecord()
                           &record.problem,      &record.stoppedBy,    &record.gap}) {
         *text = QStringLiteral("text \"%1\" \u00e4\n").arg(next++);
     }
-    for (QStringList* list :
-         {&record.runOptions, &record.arguments, &record.environment, &record.lastLines}) {
+    for (QStringList* list : {&record.runOptions, &record.arguments, &record.environment,
+                              &record.leftOutHosts, &record.lastLines}) {
         *list = QStringList{QString(), QString::number(next++)};
     }
     for (int* number : {&record.cores, &record.segments, &record.frequencies, &record.processes,
@@ -62,7 +62,7 @@ private Q_SLOTS:
         QVERIFY(read->readEnd(record.endToJson()));
         QCOMPARE(read->startToJson(), record.startToJson());
         QCOMPARE(read->endToJson(), record.endToJson());
-        QCOMPARE(record.startToJson().size(), 27);
+        QCOMPARE(record.startToJson().size(), 28);
         QCOMPARE(record.endToJson().size(), 17);
         QCOMPARE(read->files.at(0).size, Q_INT64_C(5000000000));
         QCOMPARE(read->duration, Q_INT64_C(5000000001));
@@ -81,7 +81,7 @@ private Q_SLOTS:
                 QString::fromUtf8(QJsonDocument(QJsonArray{value}).toJson(QJsonDocument::Compact)));
         }
         QCOMPARE(values.size(), json.size());
-        QCOMPARE(json.size(), 27 + 17 + 2);
+        QCOMPARE(json.size(), 28 + 17 + 2);
     }
 
     void everyEndHasItsWord_data()

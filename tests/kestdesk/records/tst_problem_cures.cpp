@@ -23,7 +23,12 @@ private Q_SLOTS:
         QTest::newRow("bad engine") << "the engine '/x' cannot be started" << Action::InstallEngine;
         QTest::newRow("no file")    << "No machines file could be found." << Action::UseThisMachine;
         QTest::newRow("no host")    << "the machines file /u/machines.kest names no host" << Action::UseThisMachine;
-        QTest::newRow("dead host")  << "the host 'b' cannot be reached, 'ssh' cannot be started" << Action::EditMachines;
+        QTest::newRow("dead host")  << "the host 'b' cannot be reached any more by ssh (code 255)" << Action::LeaveHostOut;
+        QTest::newRow("mute host")  << "the host 'b' does not answer any more" << Action::LeaveHostOut;
+        QTest::newRow("far host")   << "the host 'b' gives no connection to the installation (code 255)" << Action::LeaveHostOut;
+        QTest::newRow("lost host")  << "the host 'b' is not connected any more (code 255)" << Action::LeaveHostOut;
+        QTest::newRow("some host")  << "a host cannot be reached" << Action::EditMachines;
+        QTest::newRow("bad file")   << "the machines file '/u/machines.kest' has an error in line 2" << Action::EditMachines;
         QTest::newRow("remote")     << "Unable to do remote launching since the remote host has not been provided." << Action::EditOptions;
         // clang-format on
     }
@@ -45,6 +50,13 @@ private Q_SLOTS:
              {"", "the disk is full", "line 12", "was ended by SIGKILL"}) {
             QVERIFY2(ProblemCures::find(QString::fromLatin1(message)) == nullptr, message);
         }
+    }
+
+    void hostIsFound()
+    {
+        QCOMPARE(ProblemCures::hostOf(QStringLiteral("the host 'node-1.net' does not answer")),
+                 QStringLiteral("node-1.net"));
+        QCOMPARE(ProblemCures::hostOf(QStringLiteral("a host cannot be reached")), QString());
     }
 
     void lineIsFound()

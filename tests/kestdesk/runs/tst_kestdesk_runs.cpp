@@ -204,19 +204,33 @@ private Q_SLOTS:
         QVERIFY(!json({text("show"), text("--json")}).contains(text("messages")));
     }
 
-    void damagedRecordsAreNamedAndCanBeDeleted()
+    void damagedRecordsAreListedAndCanBeDeleted()
     {
         m_stage->add(m_stage->valid());
         const RunRecord damaged = m_stage->add(m_stage->valid());
         writeFile(QDir(damaged.folder).filePath(text("run.json")), "{\"format\": 1, \"sta");
         const Desk::Result listed = runs({text("list")});
         QCOMPARE(listed.exitCode, 0);
-        QCOMPARE(listed.errors, text("kestdesk: records that cannot be read: 2\n"));
+        QCOMPARE(listed.errors, QString());
+        const QStringList lines = listed.output.split(QLatin1Char('\n'));
+        QVERIFY2(lines.at(1).startsWith(text("  2  ")) && lines.at(1).contains(text("  damaged  ")),
+                 qPrintable(lines.at(1)));
+        QVERIFY(lines.at(2).contains(text("  valid  ")));
+        const QJsonObject only =
+            json({text("list"), text("--state"), text("damaged"), text("--json")});
+        QCOMPARE(only[text("runs")].toArray().size(), 1);
+        const QJsonValue found = only[text("runs")][0];
+        QCOMPARE(found[text("number")].toInt(), 2);
+        QCOMPARE(found[text("folder")].toString(), damaged.folder);
+        QCOMPARE(found[text("duration")].toInt(), 5000); // its end is whole
+        QVERIFY(found[text("problem")].toString().endsWith(text("run.json cannot be read")));
         const Desk::Result shown = runs({text("show"), text("2")});
         QCOMPARE(shown.exitCode, 1);
         QVERIFY2(shown.errors.contains(text("the record of run 2 in ")), qPrintable(shown.errors));
         QCOMPARE(runs({text("clean"), text("2")}).exitCode, 0);
         QCOMPARE(m_stage->archive().numbers(), QVector<int>{1});
+        writeFile(m_stage->archive().folder() + text("/1/run.json"), "");
+        QCOMPARE(runs({text("clean"), text("--all")}).output, text("Deleted 1 record.\n"));
     }
 
     void recordWithoutItsFilesIsShown()

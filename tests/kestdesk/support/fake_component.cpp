@@ -10,6 +10,7 @@
 //   files      reports some files, one of them twice, and that all is done
 //   steady     reports a hundredth of the work after the other, for six seconds, and ends
 //   paused     reports half of it in the same way, and then waits to be terminated
+//   errs MESSAGE  reports that error, and ends with exit code 3
 //   wait       waits to be terminated
 //   halfway    reports that half is done, and waits to be terminated
 //   beyond     reports half, then more than all, and waits to be terminated
@@ -197,6 +198,14 @@ void reportSteadily(int last)
     }
 }
 
+void reportError()
+{
+    std::string message;
+    std::getline(model() >> std::ws, message);
+    std::printf("-*-error-*-%s\n", message.c_str());
+    std::exit(3);
+}
+
 void reportFiles()
 {
     for (const char* const line : {"-*-file-*-b.csv", "-*-file-*-a.csv", "-*-file-*-b.csv"}) {
@@ -221,6 +230,7 @@ int main(int argc, char* argv[])
         {"wait", [] { wait(false, false); }},
         {"halfway", [] { say("-*-total-percentage-*-50%"), wait(false, false); }},
         {"beyond", [] { report(50), report(250), wait(false, false); }},
+        {"errs", reportError},
         {"tidy", beTidy},
         {"stubborn", [] { wait(true, true); }},
         {"forgetful", [] { wait(true, false); }},

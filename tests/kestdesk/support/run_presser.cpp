@@ -1,8 +1,13 @@
-// A plugin for any program of Qt: plays the user of kestdesk who presses Run once a model is there.
+// A plugin for any program of Qt: plays the user of kestdesk who presses Run once a model is there,
+// or another button, which KEST_TEST_BUTTON names, once it can be pressed. Makes the file that
+// KEST_TEST_UP names when the window is there.
 #include <QAbstractButton>
 #include <QApplication>
+#include <QFile>
 #include <QGenericPlugin>
 #include <QTimer>
+
+#include <algorithm>
 
 namespace {
 
@@ -10,12 +15,20 @@ QAbstractButton* runButton()
 {
     const QWidgetList windows = QApplication::topLevelWidgets();
     for (const QWidget* const window : windows) {
-        auto* const button = window->findChild<QAbstractButton*>(QStringLiteral("runButton"));
+        auto* const button = window->findChild<QAbstractButton*>(
+            qEnvironmentVariable("KEST_TEST_BUTTON", QStringLiteral("runButton")));
         if (button != nullptr && button->isVisible() && button->isEnabled()) {
             return button;
         }
     }
     return nullptr;
+}
+
+bool isWindowThere()
+{
+    const QWidgetList windows = QApplication::topLevelWidgets();
+    return std::any_of(windows.begin(), windows.end(),
+                       [](const QWidget* window) { return window->isVisible(); });
 }
 
 class Presser : public QTimer
@@ -30,12 +43,20 @@ public:
 private:
     void look()
     {
+        if (!m_isUp && isWindowThere()) {
+            m_isUp = true;
+            if (qEnvironmentVariableIsSet("KEST_TEST_UP")) {
+                QFile(qEnvironmentVariable("KEST_TEST_UP")).open(QIODevice::WriteOnly);
+            }
+        }
         QAbstractButton* const button = runButton();
         if (button != nullptr) {
             stop();
             button->click();
         }
     }
+
+    bool m_isUp = false;
 };
 
 } // namespace
