@@ -37,8 +37,8 @@ struct ModelFile
 /// never overwritten.
 ModelFile writeModel(const RunRecord& record);
 
-/// The machines file for a repetition: that of the run, with the left-out hosts as comments. Nothing
-/// without a readable copy.
+/// The machines file for a repetition: that of the run, with the left-out hosts as comments.
+/// Nothing without a readable copy.
 std::optional<QByteArray> machinesFile(const RunRecord& record);
 
 /// Whether the record has the command of the run. It has none if the run was refused before its
