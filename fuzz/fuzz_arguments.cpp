@@ -49,7 +49,7 @@ void fuzz(FuzzedInput input)
     const bool isRefused = !request.task.problem.isEmpty();
     const bool isOfATask = !isRefused && (seen.isWindow || seen.isBatch);
     require(isRefused || request.task.run, "there is something to do, or a refusal says why");
-    require(!isRefused || !request.isQuestion, "an answer is no refusal");
+    require(!isRefused || !request.isStandalone, "an answer is no refusal");
     require(!isOfATask || !seen.isBatch || !seen.files.isEmpty(), "a run has a model");
     require(!isOfATask || !seen.isWindow || seen.files.size() <= 1, "the window takes one model");
     require(!isOfATask || (request.windowSystem == WindowSystem::Display) == seen.isWindow,
