@@ -14,9 +14,6 @@ public:
 
     /// Sets the service; null removes it.
     static void set(const char* interfaceName, void* service);
-
-    /// Logs that the service of that name is needed and not set, and which call sets it.
-    static void reportMissing(const char* name);
 };
 
 /// Access to the service that the application offers through the interface T, if it offers one.
@@ -37,13 +34,11 @@ public:
     /// Whether the application has set the service.
     static bool hasService() { return find() != nullptr; }
 
-    /// The service; asserts that there is one, with the name, the file and the line given, after
-    /// the call that sets the service was logged. Use GET_SERVICE(T), which fills them in.
+    /// The service; asserts that there is one, with the name, the file and the line given. An
+    /// assertion "common_ISession" means that the application has not called
+    /// common_ServiceOf<common_ISession>::setService(). Use GET_SERVICE(T), which fills them in.
     static T* getService(const char* name, const char* file, int line)
     {
-        if (!hasService()) {
-            common_ServiceTable::reportMissing(name);
-        }
         COMMON_ASSERT_AT(hasService(), name, file, line);
         return find();
     }

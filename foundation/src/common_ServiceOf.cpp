@@ -1,7 +1,5 @@
 #include <common_ServiceOf.h>
 
-#include <QtGlobal>
-
 #include <map>
 #include <string>
 
@@ -24,11 +22,4 @@ void* common_ServiceTable::find(const char* interfaceName)
 void common_ServiceTable::set(const char* interfaceName, void* service)
 {
     services()[interfaceName] = service;
-}
-
-void common_ServiceTable::reportMissing(const char* name)
-{
-    qCritical("The service %s is missing. The application must set it before, by "
-              "common_ServiceOf<%s>::setService() or by common_DefaultServices.",
-              name, name);
 }

@@ -160,8 +160,9 @@ private Q_SLOTS:
         QCOMPARE(list->contextMenuPolicy(), Qt::ActionsContextMenu);
         QList<QAction*> expected;
         for (const char* const name :
-             {"showRunAction", "showRecordAction", "runAgainAction", "openFolderAction",
-              "copyCommandAction", "exportRunAction", "deleteRunsAction", "showResultsAction"}) {
+             {"showRunAction", "showRecordAction", "runAgainAction", "resumeRunAction",
+              "openFolderAction", "copyCommandAction", "exportRunAction", "deleteRunsAction",
+              "showResultsAction"}) {
             expected.append(m_stage->find<QAction>(name));
         }
         QCOMPARE(list->actions(), expected);

@@ -31,7 +31,7 @@ def setUpModule():
     os.makedirs(programs)
     for name in ("run", "check", "scripts/packages.sh"):
         shutil.copy(os.path.join(tree, name), os.path.join(place, name))
-    for folder in "platform foundation include src suite apps samples tests benchmarks fuzz".split():
+    for folder in "platform foundation include src suite apps samples examples tests benchmarks fuzz".split():
         os.makedirs(os.path.join(place, folder))
     with open(os.path.join(place, "src", "one.cpp"), "w", encoding="utf-8"):
         pass
