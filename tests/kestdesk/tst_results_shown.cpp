@@ -53,7 +53,7 @@ int pixelCount(const QImage& picture, const QColor& colour)
 
 void install(const QString& prefix)
 {
-    for (const char* const component : {"Runtime", "Suite"}) {
+    for (const char* const component : {"Runtime", "Applications", "Postkest", "Suite"}) {
         QProcess installer;
         installer.start(text(CMAKE_PROGRAM),
                         {text("--install"), text(BUILD_FOLDER), text("--prefix"), prefix,

@@ -20,6 +20,7 @@ RunListPart::RunListPart(RunTableModel* runs, RunArchive archive, QWidget* paren
     , m_filter(new RunFilterBar(m_list->filter(), this))
     , m_label(new QLabel(QStringLiteral("His&tory:"), this))
     , m_count(new QLabel(this))
+    , m_foot(new QHBoxLayout)
 {
     m_label->setBuddy(m_list);
     m_count->setObjectName(QStringLiteral("runCountLabel"));
@@ -32,6 +33,7 @@ RunListPart::RunListPart(RunTableModel* runs, RunArchive archive, QWidget* paren
     layout->setContentsMargins(0, 0, 0, 0);
     layout->addLayout(head);
     layout->addWidget(m_list, 1);
+    layout->addLayout(m_foot);
     connect(m_archive, &ArchiveWatch::changed, m_runs, &RunTableModel::setRecords);
     connect(m_archive, &ArchiveWatch::removed, m_runs, &RunTableModel::removeRecords);
     for (const auto signal :
@@ -52,9 +54,14 @@ void RunListPart::addButton(QWidget* button)
     layout()->itemAt(0)->layout()->addWidget(button);
 }
 
+void RunListPart::addButtonBelow(QWidget* button)
+{
+    m_foot->addWidget(button);
+}
+
 void RunListPart::addBar(QWidget* bar)
 {
-    layout()->addWidget(bar);
+    m_foot->insertWidget(0, bar, 1);
 }
 
 void RunListPart::clearEnded()

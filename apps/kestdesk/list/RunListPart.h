@@ -5,6 +5,7 @@
 #include <QWidget>
 
 class ArchiveWatch;
+class QHBoxLayout;
 class QLabel;
 class RunFilterBar;
 class RunListView;
@@ -22,7 +23,10 @@ public:
     /// Puts the button beside the filter and takes the ownership.
     void addButton(QWidget* button);
 
-    /// Adds a bar below the list.
+    /// Puts the button below the list, beside the bar, and takes the ownership.
+    void addButtonBelow(QWidget* button);
+
+    /// Adds a bar below the list, beside the buttons, and takes the ownership.
     void addBar(QWidget* bar);
 
     /// Puts the filter before the list in the tab order. To be called after this widget has been
@@ -49,4 +53,5 @@ private:
     RunFilterBar* m_filter;
     QLabel* m_label;
     QLabel* m_count;
+    QHBoxLayout* m_foot; ///< below the list: a bar, and buttons
 };

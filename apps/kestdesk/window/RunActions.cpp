@@ -169,7 +169,7 @@ void RunActions::makeResumeButton()
 {
     m_resumeButton->setObjectName(QStringLiteral("resumeRunButton"));
     connect(m_resumeButton, &QPushButton::clicked, this, &RunActions::resume);
-    m_part->addButton(m_resumeButton);
+    m_part->addButtonBelow(m_resumeButton);
 }
 
 QAction* RunActions::action(const char* name) const
@@ -222,6 +222,7 @@ void RunActions::showResumable(const QString& obstacle)
     resume->setToolTip(hint);
     resume->setStatusTip(hint);
     m_resumeButton->setEnabled(isPossible);
+    m_resumeButton->setVisible(isPossible); // a small window has no room for what cannot be done
     m_resumeButton->setToolTip(ToolTip::of(hint));
     m_resumeButton->setAccessibleDescription(hint);
 }

@@ -143,6 +143,7 @@ private Q_SLOTS:
         const QString reason = text("There is no m.partial beside the model to continue from.");
         QTRY_COMPARE_WITH_TIMEOUT(action()->statusTip(), reason, longTime);
         QVERIFY(!action()->isEnabled() && !button()->isEnabled());
+        QVERIFY(button()->isHidden());
         QVERIFY(button()->toolTip().contains(reason));
         QCOMPARE(button()->accessibleDescription(), reason);
         list()->clearSelection();
