@@ -33,10 +33,22 @@ inline QString withoutBogusErrors(QString text)
     return text;
 }
 
+// The pattern finds nothing in text with half a character (a surrogate without the other). None is
+// part of a marker, so any other character in the place of surrogates gives the same matches.
+inline QString searchable(QString text)
+{
+    for (QChar& character : text) {
+        if (character.isSurrogate()) {
+            character = QChar(QChar::ReplacementCharacter);
+        }
+    }
+    return text;
+}
+
 inline QString percentage(const QString& body)
 {
     const QRegularExpression pattern(QStringLiteral("([0-9]{0,3})%"));
-    const QRegularExpressionMatch match = pattern.match(body);
+    const QRegularExpressionMatch match = pattern.match(searchable(body));
     return QString::number((match.hasMatch() ? match.captured(1) : body).toInt());
 }
 
@@ -100,7 +112,7 @@ inline QVector<Message> parse(QString text)
     const QRegularExpression pattern(QStringLiteral("\\-\\*\\-[a-z]*+[\\-]?[a-z]*+\\-\\*\\-"));
     QVector<int> positions;
     QVector<int> lengths;
-    QRegularExpressionMatchIterator matches = pattern.globalMatch(text);
+    QRegularExpressionMatchIterator matches = pattern.globalMatch(searchable(text));
     while (matches.hasNext()) {
         const QRegularExpressionMatch match = matches.next();
         positions.append(match.capturedStart());
