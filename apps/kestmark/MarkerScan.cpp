@@ -85,7 +85,7 @@ MarkerScan::NearMiss fencedText(const QString& text)
 
 QVector<MarkerScan::Found> MarkerScan::markers(const QString& text)
 {
-    static const QRegularExpression pattern(QStringLiteral("-\\*-[a-z]*-?[a-z]*-\\*-"));
+    static const QRegularExpression pattern(QStringLiteral("-\\*-[a-z]*+-?[a-z]*+-\\*-"));
     QVector<Found> result;
     if (!text.contains(QLatin1Char('*'))) {
         return result;
@@ -93,7 +93,8 @@ QVector<MarkerScan::Found> MarkerScan::markers(const QString& text)
     auto matches = pattern.globalMatch(text);
     while (matches.hasNext()) {
         const QRegularExpressionMatch match = matches.next();
-        result.append({match.capturedStart(), match.capturedEnd(), match.captured()});
+        result.append({static_cast<int>(match.capturedStart()),
+                       static_cast<int>(match.capturedEnd()), match.captured()});
     }
     return result;
 }

@@ -1,7 +1,7 @@
 #pragma once
 
-class QString;
-class QStringList;
+#include <QStringList>
+
 class QWidget;
 
 /// A question to the user before a run is repeated without one of its hosts.
