@@ -105,7 +105,7 @@ void fuzz(FuzzedInput input)
     for (std::size_t i = 0; arrived < stream.size(); ++i) {
         const Step& step = steps[i % steps.size()];
         ChunkDevice device(stream.mid(arrived, step.arriving));
-        arrived = std::min(arrived + step.arriving, stream.size());
+        arrived = std::min<int>(arrived + step.arriving, stream.size());
         buffer.readFrom(device);
         next = taken(buffer, next, pieces.end(), step.taken);
         require(buffer.hasLine() == (next != pieces.end() && next->lineEnd <= arrived),

@@ -113,8 +113,8 @@ private Q_SLOTS:
         QCOMPARE(view.camera().orientation(), second.orientation());
         QVERIFY(view.camera().middle() != second.middle());
 
-        QWheelEvent wheel({200, 200}, view.mapToGlobal({200, 200}), {}, {0, 120}, Qt::NoButton,
-                          Qt::NoModifier, Qt::NoScrollPhase, false);
+        QWheelEvent wheel({200, 200}, view.mapToGlobal(QPoint(200, 200)), {}, {0, 120},
+                          Qt::NoButton, Qt::NoModifier, Qt::NoScrollPhase, false);
         QApplication::sendEvent(&view, &wheel);
         QVERIFY(view.camera().height() < second.height());
     }

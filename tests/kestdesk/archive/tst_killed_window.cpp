@@ -193,7 +193,7 @@ private Q_SLOTS:
                 return record.state == RunRecord::State::Interrupted;
             });
         qInfo("%d kills, %d of them at work, %d records, %d interrupted, %d models still wait",
-              rounds, atWork, records.size(), static_cast<int>(interrupted),
+              rounds, atWork, static_cast<int>(records.size()), static_cast<int>(interrupted),
               static_cast<int>(queued().size()));
         QVERIFY(!records.isEmpty());
     }
