@@ -9,13 +9,13 @@
 
 namespace {
 
-constexpr ushort lastAscii = 0x7f;
+constexpr ushort lastPlain = 0x7e; // Qt 5 writes the delete character behind it as an escape
 constexpr ushort lastLatin1 = 0xff;
 
-bool isAscii(const QByteArray& content)
+bool isPlain(const QByteArray& content)
 {
     return std::all_of(content.begin(), content.end(),
-                       [](char byte) { return static_cast<uchar>(byte) <= lastAscii; });
+                       [](char byte) { return static_cast<uchar>(byte) <= lastPlain; });
 }
 
 bool isHexDigit(ushort character)
@@ -45,8 +45,8 @@ private:
         if (m_isAfterBackslash) {
             m_isAfterBackslash = false;
             addAfterBackslash(character);
-        } else if (character <= lastAscii) {
-            addAscii(static_cast<char>(character));
+        } else if (character <= lastPlain) {
+            addPlain(static_cast<char>(character));
         } else {
             addEscape(character);
         }
@@ -56,7 +56,7 @@ private:
     void addAfterBackslash(ushort character)
     {
         m_isAfterEscape = false;
-        if (character <= lastAscii) {
+        if (character <= lastPlain) {
             m_result += static_cast<char>(character);
             m_continuedBy = character == '\r' ? '\n' : character == '\n' ? '\r' : '\0';
         } else if (m_part == Part::Value) {
@@ -66,7 +66,7 @@ private:
         }
     }
 
-    void addAscii(char character)
+    void addPlain(char character)
     {
         m_isAfterEscape = m_isAfterEscape && m_part == Part::Value && isHexDigit(character);
         if (m_isAfterEscape) { // it would be taken for a digit of the escape
@@ -146,12 +146,12 @@ private:
 
 QByteArray common_IniText::escaped(const QByteArray& written)
 {
-    return isAscii(written) ? written : Escaper().escaped(QString::fromUtf8(written));
+    return isPlain(written) ? written : Escaper().escaped(QString::fromUtf8(written));
 }
 
 QByteArray common_IniText::readable(const QByteArray& content)
 {
     const bool isRead =
-        !QtVersion::readsSettingsAsUtf8 || isAscii(content) || content.startsWith("\xef\xbb\xbf");
+        !QtVersion::readsSettingsAsUtf8 || isPlain(content) || content.startsWith("\xef\xbb\xbf");
     return isRead ? content : Escaper().escaped(QString::fromLatin1(content));
 }

@@ -23,6 +23,7 @@ private Q_SLOTS:
         QTest::newRow("before an escape")  << QByteArray("a=\xc3\xa9\\n1\n")   << QByteArray("a=\\xe9\\n1\n");
         QTest::newRow("other scripts")     << QByteArray("a=\xe6\xbc\xa2, \xc3\xa9\n") << QByteArray("a=\\x6f22, \\xe9\n");
         QTest::newRow("two halves")        << QByteArray("a=\xf0\x9f\x94\x92\n") << QByteArray("a=\\xd83d\\xdd12\n");
+        QTest::newRow("delete character")  << QByteArray("a=\x7f" "1\n")      << QByteArray("a=\\x7f\\x31\n");
         QTest::newRow("several values")    << QByteArray("a=\xc3\xa9\n1=\"\\\"=\xc3\xa9\"\n") << QByteArray("a=\\xe9\n1=\"\\\"=\\xe9\"\n");
         // clang-format on
     }
