@@ -215,7 +215,7 @@ MachinesEditor::Answer MachinesEditor::judge(const QByteArray& edited) const
     if (file.isValid()) {
         return Answer::Save;
     }
-    if (!TerminalDevice::isPerson(stdin)) {
+    if (!TerminalDevice::isAnyTerminal(stdin)) {
         return Answer::Keep;
     }
     for (;;) {

@@ -135,7 +135,7 @@ void MachinesReport::write(Terminal& terminal) const
     if (!m_job.error().isEmpty()) {
         terminal.writeLine(m_job.error(), Terminal::Colour::Red);
     }
-    if (m_machines.areOfJob()) {
+    if (m_machines.isFromJob()) {
         writeJob(terminal);
     } else if (m_finder.isValid()) {
         writeFile(terminal);
@@ -259,7 +259,7 @@ QByteArray MachinesReport::json() const
         {QStringLiteral("entries"), entriesJson(file)},
         {QStringLiteral("findings"), findingsJson(file)},
         {QStringLiteral("findingCounts"), countsJson(file)},
-        {QStringLiteral("job"), jobJson(m_job, m_machines.areOfJob())},
+        {QStringLiteral("job"), jobJson(m_job, m_machines.isFromJob())},
     };
     return QJsonDocument(report).toJson();
 }

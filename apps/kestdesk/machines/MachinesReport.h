@@ -17,7 +17,7 @@ public:
     MachinesReport();
 
     /// Whether there is a file or a job.
-    bool isFound() const { return m_machines.areThere(); }
+    bool isFound() const { return m_machines.hasSource(); }
 
     /// Whether runs can use what was found.
     bool isUsable() const { return isFound() && m_machines.errors().isEmpty(); }

@@ -241,7 +241,7 @@ QString MachinesCopies::add(ComponentRunner& runner, const QByteArray& content) 
     return QString();
 }
 
-int MachinesCopies::number(const ComponentRunner& runner)
+int MachinesCopies::millisecondOf(const ComponentRunner& runner)
 {
     const QString copy = runner.getTemporaryFilenames().value(0);
     return copy.isEmpty() ? -1 : copy.mid(copy.lastIndexOf(QLatin1Char('_')) + 1).toInt();
