@@ -197,7 +197,7 @@ void keep(const RunArchive& archive, RunRecord record, const Course& course)
     }
 }
 
-PaceExpectation expectationOf(const RunArchive& archive, RunRecord record)
+PaceExpectation expectationOf(const RunArchive& archive, const RunRecord& record)
 {
     const std::atomic<bool> isCancelled(false);
     RunSize size = RunSize::of(record);

@@ -285,9 +285,8 @@ private Q_SLOTS:
         QApplication::setActiveWindow(&m_stage->window());
         QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return,
                         Qt::KeyboardModifiers(modifiers));
-        const auto* const record = m_stage->find<QDialog>("recordWindow");
-        QVERIFY(record != nullptr);
-        QTRY_COMPARE(record->windowTitle(), text("Run 1: m.nec"));
+        QTRY_VERIFY_WITH_TIMEOUT(m_stage->find<QDialog>("recordWindow") != nullptr, longTime);
+        QTRY_COMPARE(m_stage->find<QDialog>("recordWindow")->windowTitle(), text("Run 1: m.nec"));
     }
 
     void windowAndStatesHaveTheirIcons()

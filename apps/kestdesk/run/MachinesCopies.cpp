@@ -220,7 +220,7 @@ QString MachinesCopies::add(ComponentRunner& runner, const QByteArray& content) 
 {
     QDir().mkpath(m_folder);
     for (int number = 0; number < nameCount; ++number) {
-        const QString path = pathOf(number);
+        QString path = pathOf(number);
         QFile file(path);
         if (!file.open(QIODevice::WriteOnly | QIODevice::NewOnly | QIODevice::Unbuffered)) {
             if (file.exists()) {
