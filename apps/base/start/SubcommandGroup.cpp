@@ -35,7 +35,7 @@ int widthOf(const QVector<Subcommand>& commands)
 QString lineOf(const Subcommand& command, int width)
 {
     const QString syntax = command.syntax();
-    const QString meaning = QLatin1String(command.meaning);
+    const QString meaning = QCoreApplication::translate("Subcommand", command.meaning);
     return syntax.size() <= width
                ? QStringLiteral("  %1  %2\n").arg(syntax, -width).arg(meaning)
                : QStringLiteral("  %1\n  %2  %3\n").arg(syntax, QString(width, u' '), meaning);
