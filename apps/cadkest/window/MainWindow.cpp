@@ -48,8 +48,8 @@ void setMessage(QLabel* label, const QString& text)
 
 QString renderingName(Rendering rendering)
 {
-    return rendering == Rendering::Hardware ? tr("Hardware rendering")
-                                            : tr("Software rendering");
+    return rendering == Rendering::Hardware ? MainWindow::tr("Hardware rendering")
+                                            : MainWindow::tr("Software rendering");
 }
 
 } // namespace
@@ -205,28 +205,25 @@ void MainWindow::showErrors(const QString& name, const QStringList& errors, bool
     if (errors.size() > lines.size()) {
         lines.append(tr("and %1 more").arg(errors.size() - lines.size()));
     }
-    lines.prepend(isShown
-                      ? tr("%1 has mistakes; what could be read is shown:").arg(name)
-                      : tr("%1 cannot be shown:").arg(name));
+    lines.prepend(isShown ? tr("%1 has mistakes; what could be read is shown:").arg(name)
+                          : tr("%1 cannot be shown:").arg(name));
     setMessage(m_modelMessage, lines.join(QLatin1Char('\n')));
 }
 
 void MainWindow::showRendering(const QString& error)
 {
     m_renderingName->setText(renderingName(m_view->rendering()));
-    setMessage(
-        m_renderingMessage,
-        error.isEmpty()
-            ? QString()
-            : tr("Hardware rendering is not available: %1. Software rendering is used.")
-                  .arg(error));
+    setMessage(m_renderingMessage,
+               error.isEmpty()
+                   ? QString()
+                   : tr("Hardware rendering is not available: %1. Software rendering is used.")
+                         .arg(error));
 }
 
 void MainWindow::askForModel()
 {
-    const QString name =
-        OpenDialog::file(this, tr("Open model"), QFileInfo(m_path).absolutePath(),
-                         tr("Models (*.nec);;All files (*)"));
+    const QString name = OpenDialog::file(this, tr("Open model"), QFileInfo(m_path).absolutePath(),
+                                          tr("Models (*.nec);;All files (*)"));
     if (!name.isEmpty()) {
         openModel(name);
     }
@@ -234,14 +231,12 @@ void MainWindow::askForModel()
 
 void MainWindow::savePicture()
 {
-    const QString name = QFileDialog::getSaveFileName(this, tr("Save picture"),
-                                                      QFileInfo(m_path).absolutePath(),
-                                                      tr("Pictures (*.png)"));
+    const QString name = QFileDialog::getSaveFileName(
+        this, tr("Save picture"), QFileInfo(m_path).absolutePath(), tr("Pictures (*.png)"));
     if (name.isEmpty()) {
         return;
     }
     const QString error = writePicture(m_view->picture(), name);
-    statusBar()->showMessage(error.isEmpty()
-                                 ? tr("%1 is saved").arg(suite::visiblePath(name))
-                                 : tr("The picture is not saved: %1").arg(error));
+    statusBar()->showMessage(error.isEmpty() ? tr("%1 is saved").arg(suite::visiblePath(name))
+                                             : tr("The picture is not saved: %1").arg(error));
 }

@@ -7,6 +7,7 @@
 #include <MachinesFile.h>
 #include <StopSignals.h>
 
+#include <QCoreApplication>
 #include <QDir>
 #include <QEventLoop>
 #include <QFile>
@@ -20,6 +21,12 @@
 #include <cstdio>
 
 namespace {
+
+/// Translates the texts of this file.
+struct Texts
+{
+    Q_DECLARE_TR_FUNCTIONS(MachinesEditor)
+};
 
 constexpr int exitDone = 0;
 constexpr int exitNotSaved = 1;
@@ -120,8 +127,7 @@ int MachinesEditor::exec()
 bool MachinesEditor::readOriginal()
 {
     if (!m_store.readError().isEmpty()) {
-        reportError(
-            QStringLiteral("cannot read %1: %2").arg(m_store.fileName(), m_store.readError()));
+        reportError(Texts::tr("cannot read %1: %2").arg(m_store.fileName(), m_store.readError()));
         return false;
     }
     m_begun = m_store.origin().isEmpty() ? QByteArray(fileTemplate) : m_store.content();
@@ -137,7 +143,7 @@ bool MachinesEditor::makeCopy()
     copy.setAutoRemove(false);
     if (!copy.open() || copy.write(m_begun) != m_begun.size() || !copy.flush()) {
         reportError(
-            QStringLiteral("cannot write in %1: %2").arg(file.absolutePath(), copy.errorString()));
+            Texts::tr("cannot write in %1: %2").arg(file.absolutePath(), copy.errorString()));
         copy.remove();
         return false;
     }
@@ -151,7 +157,7 @@ int MachinesEditor::editCopy()
     const QStringList command = editorCommand();
     if (command.isEmpty()) {
         QFile::remove(m_copyName);
-        reportError(QStringLiteral("there is no editor; VISUAL or EDITOR names one"));
+        reportError(Texts::tr("there is no editor; VISUAL or EDITOR names one"));
         return exitImpossible;
     }
     QProcess editor;
@@ -160,15 +166,15 @@ int MachinesEditor::editCopy()
     EditorWait wait(editor);
     editor.start(command.first(), command.mid(1) + QStringList(m_copyName));
     if (!editor.waitForStarted(-1)) {
-        reportError(QStringLiteral("cannot start the editor %1: %2")
-                        .arg(command.first(), editor.errorString()));
+        reportError(
+            Texts::tr("cannot start the editor %1: %2").arg(command.first(), editor.errorString()));
         return MachinesFileStore::contentOf(m_copyName) == m_begun
                    ? (QFile::remove(m_copyName), exitImpossible)
-                   : keepCopy(QStringLiteral("nothing was saved"));
+                   : keepCopy(Texts::tr("nothing was saved"));
     }
     wait.wait();
     if (editor.exitStatus() != QProcess::NormalExit || editor.exitCode() != 0) {
-        const QString reason = QStringLiteral("the editor did not end well; nothing was saved");
+        const QString reason = Texts::tr("the editor did not end well; nothing was saved");
         return MachinesFileStore::contentOf(m_copyName) == m_begun ? dropCopy(reason)
                                                                    : keepCopy(reason);
     }
@@ -181,11 +187,11 @@ int MachinesEditor::conclude()
         QString error;
         const std::optional<QByteArray> edited = MachinesFileStore::contentOf(m_copyName, &error);
         if (!edited) {
-            return keepCopy(QStringLiteral("cannot read what was edited: %1").arg(error));
+            return keepCopy(Texts::tr("cannot read what was edited: %1").arg(error));
         }
         if (*edited == m_begun) {
             QFile::remove(m_copyName);
-            Terminal(stdout).writeLine(QStringLiteral("Nothing was changed."));
+            Terminal(stdout).writeLine(Texts::tr("Nothing was changed."));
             return exitDone;
         }
         const Answer answer = judge(*edited);
@@ -193,10 +199,10 @@ int MachinesEditor::conclude()
             return save(*edited);
         }
         if (answer == Answer::Discard) {
-            return dropCopy(QStringLiteral("nothing was saved"));
+            return dropCopy(Texts::tr("nothing was saved"));
         }
         if (answer == Answer::Keep) {
-            return keepCopy(QStringLiteral("a file with errors is not saved"));
+            return keepCopy(Texts::tr("a file with errors is not saved"));
         }
         const int failure = editCopy();
         if (failure != exitDone) {
@@ -219,7 +225,8 @@ MachinesEditor::Answer MachinesEditor::judge(const QByteArray& edited) const
         return Answer::Keep;
     }
     for (;;) {
-        std::fputs("Edit again, save anyway, or discard? [e/s/d] ", stderr);
+        std::fputs(qUtf8Printable(Texts::tr("Edit again, save anyway, or discard? [e/s/d] ")),
+                   stderr);
         const std::optional<QString> line = readLine();
         if (!line) {
             return Answer::Keep;
@@ -239,21 +246,21 @@ MachinesEditor::Answer MachinesEditor::judge(const QByteArray& edited) const
 int MachinesEditor::save(const QByteArray& edited)
 {
     if (m_store.hasChanged()) {
-        return keepCopy(QStringLiteral("%1 was changed meanwhile and is left as it is")
-                            .arg(m_store.fileName()));
+        return keepCopy(
+            Texts::tr("%1 was changed meanwhile and is left as it is").arg(m_store.fileName()));
     }
     const QString error = m_store.save(edited);
     if (!error.isEmpty()) {
-        return keepCopy(QStringLiteral("cannot write %1: %2").arg(m_store.fileName(), error));
+        return keepCopy(Texts::tr("cannot write %1: %2").arg(m_store.fileName(), error));
     }
     QFile::remove(m_copyName);
-    Terminal(stdout).writeLine(QStringLiteral("Saved %1.").arg(m_store.fileName()));
+    Terminal(stdout).writeLine(Texts::tr("Saved %1.").arg(m_store.fileName()));
     return exitDone;
 }
 
 int MachinesEditor::keepCopy(const QString& reason) const
 {
-    reportError(QStringLiteral("%1; what you edited is in %2").arg(reason, m_copyName));
+    reportError(Texts::tr("%1; what you edited is in %2").arg(reason, m_copyName));
     return exitNotSaved;
 }
 

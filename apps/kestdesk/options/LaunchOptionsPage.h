@@ -51,7 +51,7 @@ private:
         QLabel* message; ///< hidden while all is right
     };
 
-    QGroupBox* makeGroup(const QString& tab, const QString& title);
+    QGroupBox* makeGroup(const QString& tab, const QString& name);
     void addField(const LaunchOptionRow& row, QGroupBox* group, QGridLayout* grid);
     void addMachines(QGroupBox* group, QGridLayout* grid) const;
     const Field& field(const QString& key) const;

@@ -1,6 +1,38 @@
 #include "RunTexts.h"
 
+#include <QCoreApplication>
+
 namespace {
+
+/// Translates the texts of this file.
+struct Texts
+{
+    Q_DECLARE_TR_FUNCTIONS(RunTexts)
+};
+
+struct Noun
+{
+    const char* noun;
+    const char* one;
+    const char* many;
+};
+
+// clang-format off
+constexpr Noun nouns[] = {
+    {"core",    QT_TRANSLATE_NOOP("RunTexts", "%1 core"),    QT_TRANSLATE_NOOP("RunTexts", "%1 cores")},
+    {"error",   QT_TRANSLATE_NOOP("RunTexts", "%1 error"),   QT_TRANSLATE_NOOP("RunTexts", "%1 errors")},
+    {"file",    QT_TRANSLATE_NOOP("RunTexts", "%1 file"),    QT_TRANSLATE_NOOP("RunTexts", "%1 files")},
+    {"host",    QT_TRANSLATE_NOOP("RunTexts", "%1 host"),    QT_TRANSLATE_NOOP("RunTexts", "%1 hosts")},
+    {"line",    QT_TRANSLATE_NOOP("RunTexts", "%1 line"),    QT_TRANSLATE_NOOP("RunTexts", "%1 lines")},
+    {"model",   QT_TRANSLATE_NOOP("RunTexts", "%1 model"),   QT_TRANSLATE_NOOP("RunTexts", "%1 models")},
+    {"notice",  QT_TRANSLATE_NOOP("RunTexts", "%1 notice"),  QT_TRANSLATE_NOOP("RunTexts", "%1 notices")},
+    {"process", QT_TRANSLATE_NOOP("RunTexts", "%1 process"), QT_TRANSLATE_NOOP("RunTexts", "%1 processes")},
+    {"record",  QT_TRANSLATE_NOOP("RunTexts", "%1 record"),  QT_TRANSLATE_NOOP("RunTexts", "%1 records")},
+    {"second",  QT_TRANSLATE_NOOP("RunTexts", "%1 second"),  QT_TRANSLATE_NOOP("RunTexts", "%1 seconds")},
+    {"segment", QT_TRANSLATE_NOOP("RunTexts", "%1 segment"), QT_TRANSLATE_NOOP("RunTexts", "%1 segments")},
+    {"warning", QT_TRANSLATE_NOOP("RunTexts", "%1 warning"), QT_TRANSLATE_NOOP("RunTexts", "%1 warnings")},
+};
+// clang-format on
 
 QString twoDigits(qint64 number)
 {
@@ -37,15 +69,19 @@ QString RunTexts::duration(qint64 milliseconds)
 
 QString RunTexts::counted(int count, const char* noun)
 {
-    return QStringLiteral("%1 %2%3").arg(count).arg(QLatin1String(noun),
-                                                    QLatin1String(count == 1 ? "" : "s"));
+    const auto* const row =
+        std::find_if(std::begin(nouns), std::end(nouns), [noun](const Noun& each) {
+            return QLatin1String(each.noun) == QLatin1String(noun);
+        });
+    Q_ASSERT(row != std::end(nouns));
+    return Texts::tr(count == 1 ? row->one : row->many).arg(count);
 }
 
 QString RunTexts::size(qint64 bytes)
 {
     constexpr int thousand = 1000;
     if (bytes < 0) {
-        return QStringLiteral("missing");
+        return Texts::tr("missing");
     }
     if (bytes < thousand) {
         return QStringLiteral("%1 B").arg(bytes);
