@@ -49,7 +49,7 @@ constexpr MeasuredModel models[] = {
 };
 
 // Fifteen dipoles side by side: 315 segments.
-const QByteArray wallDeck = "CM Fifteen dipoles\n"
+constexpr char wallDeck[] = "CM Fifteen dipoles\n"
                             "CE\n"
                             "GW 1 21 0 0 -0.25 0 0 0.25 0.001\n"
                             "GM 1 14 0 0 0 0.2 0 0 1\n"

@@ -36,8 +36,8 @@ Numbers numbersOf(const Lines& lines, QHash<QByteArray, int>& known)
     Numbers numbers;
     numbers.reserve(static_cast<std::size_t>(lines.size()));
     for (const QByteArray& line : lines) {
-        auto found = known.constFind(line);
-        if (found == known.constEnd()) {
+        auto found = known.find(line);
+        if (found == known.end()) {
             found = known.insert(line, known.size());
         }
         numbers.push_back(found.value());

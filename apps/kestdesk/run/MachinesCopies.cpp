@@ -244,7 +244,7 @@ QString MachinesCopies::add(ComponentRunner& runner, const QByteArray& content) 
 int MachinesCopies::millisecondOf(const ComponentRunner& runner)
 {
     const QString copy = runner.getTemporaryFilenames().value(0);
-    return copy.isEmpty() ? -1 : copy.mid(copy.lastIndexOf(QLatin1Char('_')) + 1).toInt();
+    return copy.isEmpty() ? -1 : copy.section(QLatin1Char('_'), -1).toInt();
 }
 
 bool MachinesCopies::waitForFreeName(const Times& times, int lead) const
