@@ -48,8 +48,8 @@ void setMessage(QLabel* label, const QString& text)
 
 QString renderingName(Rendering rendering)
 {
-    return rendering == Rendering::Hardware ? QStringLiteral("Hardware rendering")
-                                            : QStringLiteral("Software rendering");
+    return rendering == Rendering::Hardware ? tr("Hardware rendering")
+                                            : tr("Software rendering");
 }
 
 } // namespace
@@ -125,7 +125,7 @@ void MainWindow::makeMenus()
         {"actionReload", "&Reload", Qt::Key_F5, &MainWindow::reload},
         {"actionSavePicture", "Save &picture...", QKeySequence::Save, &MainWindow::savePicture},
     }};
-    QMenu* menu = menuBar()->addMenu(QStringLiteral("&File"));
+    QMenu* menu = menuBar()->addMenu(tr("&File"));
     m_fileMenu = menu;
     for (const Item& item : items) {
         QAction* action = menu->addAction(QString::fromLatin1(item.text), this, item.act);
@@ -133,11 +133,11 @@ void MainWindow::makeMenus()
         action->setShortcut(item.keys);
     }
     menu->addSeparator();
-    QAction* quit = menu->addAction(QStringLiteral("&Quit"), this, &QWidget::close);
+    QAction* quit = menu->addAction(tr("&Quit"), this, &QWidget::close);
     quit->setObjectName(QStringLiteral("actionQuit"));
     quit->setShortcut(QKeySequence::Quit);
     makeViewMenu();
-    m_settingsMenu = menuBar()->addMenu(QStringLiteral("&Settings"));
+    m_settingsMenu = menuBar()->addMenu(tr("&Settings"));
 }
 
 void MainWindow::makeViewMenu()
@@ -155,8 +155,8 @@ void MainWindow::makeViewMenu()
         {"actionAlongX", "Along &x\t3", Direction::X},
         {"actionAbove", "From &above\t7", Direction::Z},
     }};
-    QMenu* menu = menuBar()->addMenu(QStringLiteral("&View"));
-    menu->addAction(QStringLiteral("&Fit\tHome"), m_view, &SceneView::fit)
+    QMenu* menu = menuBar()->addMenu(tr("&View"));
+    menu->addAction(tr("&Fit\tHome"), m_view, &SceneView::fit)
         ->setObjectName(QStringLiteral("actionFit"));
     menu->addSeparator();
     for (const Item& item : items) {
@@ -165,7 +165,7 @@ void MainWindow::makeViewMenu()
         action->setObjectName(QString::fromLatin1(item.name));
     }
     menu->addSeparator();
-    QAction* thickness = menu->addAction(QStringLiteral("&True radii"));
+    QAction* thickness = menu->addAction(tr("&True radii"));
     thickness->setObjectName(QStringLiteral("actionTrueRadii"));
     thickness->setCheckable(true);
     connect(thickness, &QAction::toggled, this, [this](bool isTrue) {
@@ -203,11 +203,11 @@ void MainWindow::showErrors(const QString& name, const QStringList& errors, bool
     }
     QStringList lines = errors.mid(0, mostErrorsShown);
     if (errors.size() > lines.size()) {
-        lines.append(QStringLiteral("and %1 more").arg(errors.size() - lines.size()));
+        lines.append(tr("and %1 more").arg(errors.size() - lines.size()));
     }
     lines.prepend(isShown
-                      ? QStringLiteral("%1 has mistakes; what could be read is shown:").arg(name)
-                      : QStringLiteral("%1 cannot be shown:").arg(name));
+                      ? tr("%1 has mistakes; what could be read is shown:").arg(name)
+                      : tr("%1 cannot be shown:").arg(name));
     setMessage(m_modelMessage, lines.join(QLatin1Char('\n')));
 }
 
@@ -218,15 +218,15 @@ void MainWindow::showRendering(const QString& error)
         m_renderingMessage,
         error.isEmpty()
             ? QString()
-            : QStringLiteral("Hardware rendering is not available: %1. Software rendering is used.")
+            : tr("Hardware rendering is not available: %1. Software rendering is used.")
                   .arg(error));
 }
 
 void MainWindow::askForModel()
 {
     const QString name =
-        OpenDialog::file(this, QStringLiteral("Open model"), QFileInfo(m_path).absolutePath(),
-                         QStringLiteral("Models (*.nec);;All files (*)"));
+        OpenDialog::file(this, tr("Open model"), QFileInfo(m_path).absolutePath(),
+                         tr("Models (*.nec);;All files (*)"));
     if (!name.isEmpty()) {
         openModel(name);
     }
@@ -234,14 +234,14 @@ void MainWindow::askForModel()
 
 void MainWindow::savePicture()
 {
-    const QString name = QFileDialog::getSaveFileName(this, QStringLiteral("Save picture"),
+    const QString name = QFileDialog::getSaveFileName(this, tr("Save picture"),
                                                       QFileInfo(m_path).absolutePath(),
-                                                      QStringLiteral("Pictures (*.png)"));
+                                                      tr("Pictures (*.png)"));
     if (name.isEmpty()) {
         return;
     }
     const QString error = writePicture(m_view->picture(), name);
     statusBar()->showMessage(error.isEmpty()
-                                 ? QStringLiteral("%1 is saved").arg(suite::visiblePath(name))
-                                 : QStringLiteral("The picture is not saved: %1").arg(error));
+                                 ? tr("%1 is saved").arg(suite::visiblePath(name))
+                                 : tr("The picture is not saved: %1").arg(error));
 }
