@@ -80,8 +80,8 @@ private:
         if (!text.contains(QLatin1Char('%'))) {
             m_texts.insert(text);
         } else if (text.count(letter) >= leastLetters) {
-            const QString escaped = QRegularExpression::escape(text).replace(
-                argument, QStringLiteral(".+"));
+            const QString escaped =
+                QRegularExpression::escape(text).replace(argument, QStringLiteral(".+"));
             m_patterns.append(QRegularExpression(QRegularExpression::anchoredPattern(escaped)));
         }
     }

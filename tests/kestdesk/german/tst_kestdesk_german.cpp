@@ -153,11 +153,13 @@ private Q_SLOTS:
             QTest::newRow(command) << text(command).split(QLatin1Char(' ')) << text(german);
         };
         add("options get No.Such", "die Option „No.Such“ gibt es nicht");
-        add("options set Kest.NumberOfParallelProcesses=x", "nimmt eine ganze Zahl von 1 bis 4096 an");
+        add("options set Kest.NumberOfParallelProcesses=x",
+            "nimmt eine ganze Zahl von 1 bis 4096 an");
         add("runs show 7", "Lauf 7 gibt es nicht");
         add("machines show", "Es gibt keine Rechnerdatei.");
         add("--non-interactive --jobs 0 m.nec", "--jobs nimmt eine Zahl von 1 bis 1000 an");
-        add("--component nosuch --non-interactive m.nec", "„nosuch“ ist kein Name einer Komponente");
+        add("--component nosuch --non-interactive m.nec",
+            "„nosuch“ ist kein Name einer Komponente");
         add("--component prekest --parallel --non-interactive m.nec",
             "--parallel hat für prekest keine Bedeutung");
     }

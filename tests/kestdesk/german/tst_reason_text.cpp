@@ -114,8 +114,8 @@ private Q_SLOTS:
     {
         QStringList words = RunListReport::stateWords();
         using State = RunComparison::File::State;
-        for (const State state : {State::Same, State::Different, State::OnlyLeft, State::OnlyRight,
-                                  State::Unknown}) {
+        for (const State state :
+             {State::Same, State::Different, State::OnlyLeft, State::OnlyRight, State::Unknown}) {
             words.append(RunComparison::File::word(state));
         }
         using Type = RecordedMessage::Type;

@@ -80,9 +80,10 @@ private Q_SLOTS:
     {
         runToTheEnd("dies 50 9", "Fehler, SIGKILL");
         check(m_stage->window());
-        QVERIFY2(m_stage->outcomeText().startsWith(text("runkest von m.nec: Fehler. Die Komponente "
-                                                        "wurde durch SIGKILL (Signal 9) beendet: ")),
-                 qPrintable(m_stage->outcomeText()));
+        QVERIFY2(
+            m_stage->outcomeText().startsWith(text("runkest von m.nec: Fehler. Die Komponente "
+                                                   "wurde durch SIGKILL (Signal 9) beendet: ")),
+            qPrintable(m_stage->outcomeText()));
     }
 
     void windowWithAQueue()
@@ -127,7 +128,8 @@ private Q_SLOTS:
             }
             check(dialog);
         }));
-        QVERIFY2(question.startsWith(text("slow.nec, 50 %")) && question.endsWith(text(" stoppen?")),
+        QVERIFY2(question.startsWith(text("slow.nec, 50 %")) &&
+                     question.endsWith(text(" stoppen?")),
                  qPrintable(question));
         QVERIFY(buttons.contains(text("&Weiterlaufen lassen")));
         checkAccelerators(buttons);
@@ -144,7 +146,8 @@ private Q_SLOTS:
         QTRY_COMPARE_WITH_TIMEOUT(tabs->count(), 5, longTime);
         QTRY_COMPARE_WITH_TIMEOUT(window->windowTitle(), text("Lauf 1: m.nec"), longTime);
         check(*window);
-        const QString summary = window->findChild<QTextBrowser*>(text("summaryPage"))->toPlainText();
+        const QString summary =
+            window->findChild<QTextBrowser*>(text("summaryPage"))->toPlainText();
         for (const char* const part : {"Fehler, Exit-Code 3", "endete mit dem Exit-Code 3",
                                        "0 Fehler, 0 Warnungen, 0 Hinweise", "Erledigt"}) {
             QVERIFY2(summary.contains(text(part)), qPrintable(summary));
@@ -166,8 +169,7 @@ private Q_SLOTS:
     void acceleratorsOfTheWindowDiffer()
     {
         QStringList texts = textsOf(m_stage->window().menuBar()->actions());
-        const QList<QWidget*> widgets =
-            m_stage->window().centralWidget()->findChildren<QWidget*>();
+        const QList<QWidget*> widgets = m_stage->window().centralWidget()->findChildren<QWidget*>();
         for (const QWidget* const widget : widgets) {
             if (const auto* const label = qobject_cast<const QLabel*>(widget)) {
                 texts.append(label->text());
