@@ -167,8 +167,8 @@ private:
         }
         lines +=
             {QString(),
-             Texts::tr("The record names the user, the computer, folders, and variables of the"),
-             Texts::tr("environment that are set in the launch options.")};
+             Texts::tr("The record names the user, the computer, folders, and variables of the\n"
+                       "environment that are set in the launch options.")};
         return lines.join(QLatin1Char('\n')).toUtf8() + '\n';
     }
 

@@ -68,7 +68,7 @@ QString LocalMachines::hosts() const
     }
     const int more = m_file.entryCount() - shown.size();
     const QString named = shown.join(QStringLiteral(", "));
-    return more > 0 ? Texts::tr("%1 and %2 more").arg(named).arg(more) : named;
+    return more > 0 ? Texts::tr("%1 and %2 more").arg(named, QString::number(more)) : named;
 }
 
 QString LocalMachines::error() const

@@ -118,10 +118,10 @@ SubcommandGroup MachinesCommand::group()
 {
     // clang-format off
     return {QStringLiteral("machines"), {
-        {"show",      {jsonOption},    "", "show the machines file in use and what is wrong with it", show},
-        {"check",     {timeoutOption}, "", "and ask each host whether it answers, and for its cores", check},
-        {"edit",      {},              "", "change the user's machines file with $VISUAL or $EDITOR", edit},
-        {"use-local", {replaceOption}, "", "let the user's machines file name this machine alone",    useLocal},
+        {"show",      {jsonOption},    "", QT_TRANSLATE_NOOP("Subcommand", "show the machines file in use and what is wrong with it"), show},
+        {"check",     {timeoutOption}, "", QT_TRANSLATE_NOOP("Subcommand", "and ask each host whether it answers, and for its cores"), check},
+        {"edit",      {},              "", QT_TRANSLATE_NOOP("Subcommand", "change the user's machines file with $VISUAL or $EDITOR"), edit},
+        {"use-local", {replaceOption}, "", QT_TRANSLATE_NOOP("Subcommand", "let the user's machines file name this machine alone"),    useLocal},
     }, Texts::tr("  Exit code: 0 all fine, 1 something is wrong, 2 it could not be done, 130 stopped.\n")};
     // clang-format on
 }

@@ -273,11 +273,11 @@ SubcommandGroup OptionsCommand::group()
 {
     // clang-format off
     return {QStringLiteral("options"), {
-        {"list",    {jsonOption}, "",              "show all options as NAME=VALUE",       list},
-        {"get",     {},           "NAME",          "show the value of one",                get},
-        {"set",     {waitOption}, "NAME=VALUE...", "change some, all or none of them",     set},
-        {"restore", {waitOption}, "",              "take the installation's defaults",     restore},
-        {"values",  {},           "NAME",          "show the words that one accepts",      showValues},
+        {"list",    {jsonOption}, "",              QT_TRANSLATE_NOOP("Subcommand", "show all options as NAME=VALUE"),       list},
+        {"get",     {},           "NAME",          QT_TRANSLATE_NOOP("Subcommand", "show the value of one"),                get},
+        {"set",     {waitOption}, "NAME=VALUE...", QT_TRANSLATE_NOOP("Subcommand", "change some, all or none of them"),     set},
+        {"restore", {waitOption}, "",              QT_TRANSLATE_NOOP("Subcommand", "take the installation's defaults"),     restore},
+        {"values",  {},           "NAME",          QT_TRANSLATE_NOOP("Subcommand", "show the words that one accepts"),      showValues},
     }, Texts::tr("  While another process holds the options, set and restore wait for %1 seconds, or for\n"
                       "  those of --wait; 0 waits not at all.\n").arg(defaultWait)};
     // clang-format on

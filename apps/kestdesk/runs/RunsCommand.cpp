@@ -283,12 +283,12 @@ SubcommandGroup RunsCommand::group()
 {
     // clang-format off
     return {QStringLiteral("runs"), {
-        {"list",    {jsonOption, modelOption, stateOption, lastOption}, "", "show the recorded runs, the newest first",           list},
-        {"show",    {jsonOption, messagesOption, outputOption}, "[NUMBER]", "show how a run was started and how it ended",        show},
-        {"again",   {jsonOption, resumeOption},        "NUMBER",            "run it once more, or resume it, exactly as it was",  again},
-        {"compare", {jsonOption},                      "NUMBER NUMBER",     "show how two runs differ, and their results",        compare},
-        {"export",  {largestOption},                   "NUMBER FILE.zip",   "write one file for the support",                     exportRun},
-        {"clean",   {daysOption, megabytesOption, allOption}, "[NUMBER...]", "delete old records, or those of the numbers, or all", clean},
+        {"list",    {jsonOption, modelOption, stateOption, lastOption}, "", QT_TRANSLATE_NOOP("Subcommand", "show the recorded runs, the newest first"),           list},
+        {"show",    {jsonOption, messagesOption, outputOption}, "[NUMBER]", QT_TRANSLATE_NOOP("Subcommand", "show how a run was started and how it ended"),        show},
+        {"again",   {jsonOption, resumeOption},        "NUMBER",            QT_TRANSLATE_NOOP("Subcommand", "run it once more, or resume it, exactly as it was"),  again},
+        {"compare", {jsonOption},                      "NUMBER NUMBER",     QT_TRANSLATE_NOOP("Subcommand", "show how two runs differ, and their results"),        compare},
+        {"export",  {largestOption},                   "NUMBER FILE.zip",   QT_TRANSLATE_NOOP("Subcommand", "write one file for the support"),                     exportRun},
+        {"clean",   {daysOption, megabytesOption, allOption}, "[NUMBER...]", QT_TRANSLATE_NOOP("Subcommand", "delete old records, or those of the numbers, or all"), clean},
     }, Texts::tr("  A NUMBER is that of \"list\", or \"last\". Exit code: 0 done, 1 no such run or failed, 2 wrong\n"
                       "  command. Of \"compare\": 0 the same, 1 different, 2 not compared. Of \"again\": that of the run.\n")};
     // clang-format on

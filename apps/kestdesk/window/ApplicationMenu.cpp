@@ -205,9 +205,10 @@ void ApplicationMenu::launch(Application application, const QStringList& files)
     if (isStarted(
             [&] { return Launcher::launch(m_window, application, files, first.absolutePath()); })) {
         const QFileInfo program(Launcher::getExecutableString(application));
-        const QString text =
-            files.size() == 1 ? tr("Opening %1 in %2").arg(suite::visibleFileName(first.filePath()))
-                              : tr("Opening %1 results in %2").arg(files.size());
-        Q_EMIT launched(text.arg(program.baseName()));
+        const QString name = program.baseName();
+        Q_EMIT launched(
+            files.size() == 1
+                ? tr("Opening %1 in %2").arg(suite::visibleFileName(first.filePath()), name)
+                : tr("Opening %1 results in %2").arg(QString::number(files.size()), name));
     }
 }

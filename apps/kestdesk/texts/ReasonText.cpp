@@ -132,7 +132,7 @@ QRegularExpression expressionOf(const char* text)
 {
     QString pattern = QRegularExpression::escape(QLatin1String(text));
     for (const char* const argument : {"\\%1", "\\%2", "\\%3"}) {
-        pattern.replace(QLatin1String(argument), QLatin1String("(.+)"));
+        pattern.replace(QLatin1String(argument), QLatin1String("(.+?)"));
     }
     return QRegularExpression(QRegularExpression::anchoredPattern(pattern),
                               QRegularExpression::DotMatchesEverythingOption);
