@@ -121,14 +121,15 @@ void MainWindow::makeMenus()
         void (MainWindow::*act)();
     };
     const std::array<Item, 3> items = {{
-        {"actionOpen", "&Open...", QKeySequence::Open, &MainWindow::askForModel},
-        {"actionReload", "&Reload", Qt::Key_F5, &MainWindow::reload},
-        {"actionSavePicture", "Save &picture...", QKeySequence::Save, &MainWindow::savePicture},
+        {"actionOpen", QT_TR_NOOP("&Open..."), QKeySequence::Open, &MainWindow::askForModel},
+        {"actionReload", QT_TR_NOOP("&Reload"), Qt::Key_F5, &MainWindow::reload},
+        {"actionSavePicture", QT_TR_NOOP("Save &picture..."), QKeySequence::Save,
+         &MainWindow::savePicture},
     }};
     QMenu* menu = menuBar()->addMenu(tr("&File"));
     m_fileMenu = menu;
     for (const Item& item : items) {
-        QAction* action = menu->addAction(QString::fromLatin1(item.text), this, item.act);
+        QAction* action = menu->addAction(tr(item.text), this, item.act);
         action->setObjectName(QString::fromLatin1(item.name));
         action->setShortcut(item.keys);
     }
@@ -150,17 +151,17 @@ void MainWindow::makeViewMenu()
         Direction direction;
     };
     static constexpr std::array<Item, 4> items = {{
-        {"actionCorner", "From a &corner\t0", Direction::Isometric},
-        {"actionAlongY", "Along &y\t1", Direction::Y},
-        {"actionAlongX", "Along &x\t3", Direction::X},
-        {"actionAbove", "From &above\t7", Direction::Z},
+        {"actionCorner", QT_TR_NOOP("From a &corner\t0"), Direction::Isometric},
+        {"actionAlongY", QT_TR_NOOP("Along &y\t1"), Direction::Y},
+        {"actionAlongX", QT_TR_NOOP("Along &x\t3"), Direction::X},
+        {"actionAbove", QT_TR_NOOP("From &above\t7"), Direction::Z},
     }};
     QMenu* menu = menuBar()->addMenu(tr("&View"));
     menu->addAction(tr("&Fit\tHome"), m_view, &SceneView::fit)
         ->setObjectName(QStringLiteral("actionFit"));
     menu->addSeparator();
     for (const Item& item : items) {
-        QAction* action = menu->addAction(QString::fromLatin1(item.text), this,
+        QAction* action = menu->addAction(tr(item.text), this,
                                           [this, item] { m_view->lookFrom(item.direction); });
         action->setObjectName(QString::fromLatin1(item.name));
     }
