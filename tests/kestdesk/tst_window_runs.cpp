@@ -344,6 +344,8 @@ private Q_SLOTS:
         const BoxAnswerer willing(WindowStage::agreeing());
         m_stage->pressStop();
         QTRY_COMPARE_WITH_TIMEOUT(m_stage->state(), text("stopped"), longTime);
+        // The list changes once more when the record is complete.
+        QTRY_VERIFY_WITH_TIMEOUT(m_stage->window().findChild<WindowRun*>()->isRecorded(), longTime);
         const QString ended = m_stage->cell(0, "Elapsed");
         const auto isCalm = [&changes] {
             changes.clear();
