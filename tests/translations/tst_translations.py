@@ -116,7 +116,7 @@ class Translations(unittest.TestCase):
             ("&amp;Datei öffnen …", "&amp;&amp;Datei öffnen …", "has another number of accelerators"),
             ("&amp;Datei öffnen …", "&amp;Datei öffnen", 'ends with "" and not with "…"'),
             ("&amp;Datei öffnen …", " &amp;Datei öffnen …", "has other blanks at the beginning"),
-            ("&amp;Datei öffnen …", "&amp;Datei öffnen\tF1 …", "has other tabulators"),
+            ("&amp;Datei öffnen …", "&amp;Datei\töffnen …", "has other tabulators"),
             ("„%1“", "&quot;%1&quot;", "has English quotation marks"),
             ("<translation>&", '<translation type="unfinished">&', "is not finished"),
         ]:
