@@ -3019,7 +3019,7 @@ Die Aufzeichnung von Lauf %2 hat es, wie es war.</translation>
     <name>RunFilterBar</name>
     <message>
         <source>All states</source>
-        <translation>Alle Zustände</translation>
+        <translation>Alle</translation>
     </message>
     <message>
         <source>Running</source>

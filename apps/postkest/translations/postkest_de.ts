@@ -9,7 +9,7 @@
     </message>
     <message>
         <source>Shows what runs of solver components found: resistance, reactance and standing wave ratio over frequency.</source>
-        <translation>Zeigt, was Läufe von Löserkomponenten ergeben haben: Wirkwiderstand, Blindwiderstand und Stehwellenverhältnis über der Frequenz.</translation>
+        <translation>Zeigt, was Läufe von Solver-Komponenten ergeben haben: Wirkwiderstand, Blindwiderstand und Stehwellenverhältnis über der Frequenz.</translation>
     </message>
     <message>
         <source>0 written, 1 a result or the file to write is bad, 2 wrong command line.</source>
@@ -89,7 +89,7 @@
     <name>ViewerWindow</name>
     <message>
         <source>Shows what runs of solver components found.</source>
-        <translation>Zeigt, was Läufe von Löserkomponenten ergeben haben.</translation>
+        <translation>Zeigt, was Läufe von Solver-Komponenten ergeben haben.</translation>
     </message>
     <message>
         <source>Results</source>

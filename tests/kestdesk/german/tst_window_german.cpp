@@ -3,6 +3,7 @@
 #include <GermanTexts.h>
 #include <ShownTexts.h>
 
+#include <QMenuBar>
 #include <QMessageBox>
 #include <QTextBrowser>
 
@@ -121,8 +122,10 @@ private Q_SLOTS:
         QString question;
         QStringList buttons;
         QVERIFY(visit("stopAction", [&](QDialog& dialog) {
-            question = qobject_cast<QMessageBox&>(dialog).text();
-            const QList<QAbstractButton*> all = qobject_cast<QMessageBox&>(dialog).buttons();
+            const auto* const box = qobject_cast<QMessageBox*>(&dialog);
+            QVERIFY(box != nullptr);
+            question = box->text();
+            const QList<QAbstractButton*> all = box->buttons();
             for (const QAbstractButton* const button : all) {
                 buttons.append(button->text());
             }
@@ -159,7 +162,8 @@ private Q_SLOTS:
         checkAccelerators(textsOf(m_stage->window().menuBar()->actions()));
         const QList<QMenu*> menus = m_stage->window().menuBar()->findChildren<QMenu*>();
         QVERIFY(!menus.isEmpty());
-        for (QAction* const action : m_stage->window().menuBar()->actions()) {
+        const QList<QAction*> actions = m_stage->window().menuBar()->actions();
+        for (const QAction* const action : actions) {
             Q_EMIT action->menu()->aboutToShow();
             checkAccelerators(textsOf(action->menu()->actions()));
         }
