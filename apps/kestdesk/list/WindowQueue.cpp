@@ -34,17 +34,13 @@ void WindowQueue::restore()
     const int count = m_queue.runs().size();
     QStringList report;
     if (count > 0) {
-<<<<<<< HEAD
-        Q_EMIT reported(tr("Runs of an earlier session are held in the queue: %1").arg(count));
-=======
-        report.append(
-            QStringLiteral("Runs of an earlier session are held in the queue: %1").arg(count));
->>>>>>> mut13
+        report.append(tr("Runs of an earlier session are held in the queue: %1").arg(count));
     }
     if (!damaged.isEmpty()) {
-        report.append(QStringLiteral("Not all runs of an earlier session could be read; the "
-                                     "damaged file of its queue is kept as %1")
-                          .arg(damaged.join(QStringLiteral(", "))));
+        report.append(
+            tr("Not all runs of an earlier session could be read; the damaged file of its "
+               "queue is kept as %1")
+                .arg(damaged.join(QStringLiteral(", "))));
     }
     if (!report.isEmpty()) {
         Q_EMIT reported(report.join(QStringLiteral(". ")));
