@@ -1,6 +1,8 @@
 #pragma once
 
 #include <QCoreApplication>
+#include <QLibraryInfo>
+#include <QString>
 #include <QTextStream>
 
 #include <array>
@@ -52,6 +54,16 @@ inline void useAllPixels()
 #if QT_VERSION < QT_VERSION_CHECK(6, 0, 0)
     QCoreApplication::setAttribute(Qt::AA_EnableHighDpiScaling);
     QCoreApplication::setAttribute(Qt::AA_UseHighDpiPixmaps);
+#endif
+}
+
+/// The folder of the translations of Qt's own texts.
+inline QString translationsFolder()
+{
+#if QT_VERSION >= QT_VERSION_CHECK(6, 0, 0)
+    return QLibraryInfo::path(QLibraryInfo::TranslationsPath);
+#else
+    return QLibraryInfo::location(QLibraryInfo::TranslationsPath);
 #endif
 }
 

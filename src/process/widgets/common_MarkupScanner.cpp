@@ -185,7 +185,7 @@ QString common_MarkupScanner::readEntity()
     }
     const bool endsHere = m_end == End::OfAll && m_position + length == m_text.size();
     if (endsHere || hasNext(QLatin1Char(';'), static_cast<int>(length))) {
-        const QString resolved = common_markupEntity(rest.left(length));
+        QString resolved = common_markupEntity(rest.left(length));
         if (!resolved.isNull()) {
             m_position = std::min(m_position + length + 1, m_text.size());
             return resolved;
