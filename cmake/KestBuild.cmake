@@ -133,6 +133,9 @@ function(kest_library name)
         EXPORT_NAME ${name}
         VERSION ${PROJECT_VERSION}
         SOVERSION ${PROJECT_VERSION_MAJOR})
+    if(WIN32) # beside the programs, where they find it
+        set_target_properties(${target} PROPERTIES RUNTIME_OUTPUT_DIRECTORY "${KEST_SUITE_BUILD_DIR}/bin")
+    endif()
 
     install(TARGETS ${target} EXPORT KestCommon_${name}
         RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR} COMPONENT Runtime

@@ -31,12 +31,37 @@ function(kest_label_test name)
     set_tests_properties(${name} PROPERTIES LABELS "${ARGN}")
 endfunction()
 
+# The reasons why tests are not there on Windows, or fail there: see the top of the file.
+set(kest_windows_reasons)
+if(WIN32)
+    file(STRINGS ${PROJECT_SOURCE_DIR}/tests/windows/reasons.txt kest_windows_reasons REGEX "^[^#]")
+endif()
+
+# kest_is_absent(variable name): whether this system has no such test.
+function(kest_is_absent variable name)
+    string(REPLACE "." "[.]" pattern "${name}")
+    set(rows ${kest_windows_reasons})
+    list(FILTER rows INCLUDE REGEX "^${pattern} +absent ")
+    if(rows)
+        set(${variable} ON PARENT_SCOPE)
+    else()
+        set(${variable} OFF PARENT_SCOPE)
+    endif()
+endfunction()
+
+# All that tests of a cross build need: other targets of the tests are not built.
+if(WIN32)
+    add_custom_target(kest_tests)
+    set(KEST_WINE_PATH
+        "${KEST_SUITE_BUILD_DIR}/bin:${KEST_WINDOWS_CACHE}/qt/bin:${KEST_WINDOWS_CACHE}/libraries/bin")
+endif()
+
 # kest_add_test(name COMMAND ... [LABELS label...] [ENVIRONMENT NAME=value...] [TIMEOUT seconds]
 #               [FUNCTION_TIMEOUT seconds]): without labels, those in KEST_TEST_LABELS of the folder
 # apply. The limits are for the whole program and for one of its test functions; who needs a longer
 # one says why. With KEST_FULL_TESTS a function has ten minutes.
 function(kest_add_test name)
-    cmake_parse_arguments(PARSE_ARGV 1 ARG "" "TIMEOUT;FUNCTION_TIMEOUT"
+    cmake_parse_arguments(PARSE_ARGV 1 ARG "QTEST" "TIMEOUT;FUNCTION_TIMEOUT"
         "COMMAND;ENVIRONMENT;LABELS")
     if(NOT ARG_LABELS)
         set(ARG_LABELS ${KEST_TEST_LABELS})
@@ -60,12 +85,23 @@ function(kest_add_test name)
         list(JOIN command "\t" words)
         set_property(GLOBAL APPEND_STRING PROPERTY KEST_TEST_PROGRAMS
             "${name}\t${timeout}\t${CMAKE_CURRENT_BINARY_DIR}\t${words}\n")
+    elseif(CMAKE_HOST_UNIX)
+        set(is_qtest)
+        if(ARG_QTEST)
+            set(is_qtest --qtest)
+        endif()
+        add_test(NAME ${name} COMMAND
+            ${PROJECT_SOURCE_DIR}/tests/windows/under-wine ${is_qtest} ${environment} ${ARG_COMMAND})
+        set_tests_properties(${name} PROPERTIES ENVIRONMENT
+            "KEST_WINE_PREFIX=${PROJECT_BINARY_DIR}/wine;KEST_WINE_PATH=${KEST_WINE_PATH};KEST_TEST_LAUNCHER=${PROJECT_BINARY_DIR}/tests/windows/kest_test_launcher.exe")
     else()
         add_test(NAME ${name} COMMAND ${ARG_COMMAND})
         set_tests_properties(${name} PROPERTIES
             ENVIRONMENT "QT_QPA_PLATFORM=offscreen;${environment}")
     endif()
     set_tests_properties(${name} PROPERTIES TIMEOUT ${timeout})
+    kest_is_absent(is_absent ${name})
+    set_tests_properties(${name} PROPERTIES DISABLED ${is_absent})
     kest_label_test(${name} ${ARG_LABELS})
 endfunction()
 
@@ -98,7 +134,11 @@ function(kest_test name)
     target_link_libraries(${name} PRIVATE ${ARG_LIBRARIES} Qt${KEST_QT_MAJOR}::Test)
     target_compile_options(${name} PRIVATE ${KEST_TEST_COMPILE_OPTIONS})
     kest_strict(${name} PRECOMPILED_HEADERS kest_precompiled_for_tests)
-    if(KEST_LLD)
+    kest_is_absent(is_absent ${name})
+    if(WIN32 AND NOT is_absent)
+        add_dependencies(kest_tests ${name})
+    endif()
+    if(KEST_LLD AND UNIX)
         target_link_options(${name} PRIVATE -fuse-ld=lld)
     endif()
     if(NOT ARG_SOURCES)
@@ -111,7 +151,7 @@ function(kest_test name)
         set_property(GLOBAL APPEND PROPERTY KEST_UNIT_SOURCES
             ${CMAKE_CURRENT_SOURCE_DIR}/${name}.cpp)
     endif()
-    kest_add_test(${name}
+    kest_add_test(${name} QTEST
         COMMAND $<TARGET_FILE:${name}>
         LABELS ${ARG_LABELS}
         ENVIRONMENT ${ARG_ENVIRONMENT}
@@ -135,7 +175,7 @@ function(kest_test_on_display name test)
     if(NOT ARG_LABELS)
         set(ARG_LABELS process window)
     endif()
-    if(KEST_XVFB_RUN)
+    if(KEST_XVFB_RUN AND UNIX)
         kest_add_test(${name}
             COMMAND ${KEST_XVFB_RUN} -a -s "-screen 0 1400x1000x24" $<TARGET_FILE:${test}>
             LABELS ${ARG_LABELS}

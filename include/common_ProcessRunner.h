@@ -31,24 +31,33 @@ public:
     ~common_ProcessRunner() override = default;
 
 protected:
-    void onOutputRecieved(const QString& line) override
-    {
-        notifyMessages(TMessage::parseOutput(line));
-    }
-
-    void onErrorRecieved(const QString& line) override
-    {
-        notifyMessages(TMessage::parseError(line));
-    }
+    void onOutputRecieved(const QString& line) override;
+    void onErrorRecieved(const QString& line) override;
 
 private:
-    void notifyMessages(const QVector<TMessage>& messages)
-    {
-        for (const TMessage& message : messages) {
-            notifyProcessMessageReceived(message);
-        }
-    }
+    void notifyMessages(const QVector<TMessage>& messages);
 };
+
+// Not within the class: mingw-w64 does not export what is defined there.
+template <typename TMessage>
+void common_ProcessRunner<TMessage>::onOutputRecieved(const QString& line)
+{
+    notifyMessages(TMessage::parseOutput(line));
+}
+
+template <typename TMessage>
+void common_ProcessRunner<TMessage>::onErrorRecieved(const QString& line)
+{
+    notifyMessages(TMessage::parseError(line));
+}
+
+template <typename TMessage>
+void common_ProcessRunner<TMessage>::notifyMessages(const QVector<TMessage>& messages)
+{
+    for (const TMessage& message : messages) {
+        notifyProcessMessageReceived(message);
+    }
+}
 
 extern template class KEST_COMMON_EXPORT common_ProcessRunner<common_GenericProcessMessage>;
 extern template class KEST_COMMON_EXPORT common_ProcessRunner<common_KestProcessMessage>;

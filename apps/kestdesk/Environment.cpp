@@ -3,10 +3,10 @@
 #include "ApplicationInfo.h"
 #include "Installation.h"
 
+#include <EnvironmentVariable.h>
 #include <common_EnvironmentVariablesExt.h>
 
 #include <QDir>
-#include <QFile>
 
 namespace {
 
@@ -14,7 +14,7 @@ void setFolder(const char* variable, const QString& fallback)
 {
     const QString value = common_EnvironmentVariablesExt::getVariableExpanded(variable);
     const QString folder = QDir(value.isEmpty() ? fallback : value).absolutePath();
-    qputenv(variable, QFile::encodeName(QDir::cleanPath(folder)));
+    EnvironmentVariable::set(QLatin1String(variable), QDir::cleanPath(folder));
 }
 
 } // namespace

@@ -4,6 +4,7 @@
 #include "LockOwner.h"
 
 #include <KEST_binfiles_paths.h>
+#include <SamePath.h>
 
 #include <QDir>
 #include <QFileInfo>
@@ -43,8 +44,9 @@ QString lockPath(const QString& path)
 
 bool isHeldHere(const QString& path)
 {
-    return std::any_of(locks().cbegin(), locks().cend(),
-                       [&path](const Locks::value_type& held) { return held.second.path == path; });
+    return std::any_of(locks().cbegin(), locks().cend(), [&path](const Locks::value_type& held) {
+        return SamePath::areEqual(held.second.path, path);
+    });
 }
 
 uint64_t newHandle()
@@ -89,7 +91,7 @@ int KEST_binfiles_set_lock_hard(const wchar_t* path, int /*option*/, uint64_t* h
 int KEST_binfiles_remove_lock(const wchar_t* path, uint64_t handle)
 {
     const auto held = locks().find(handle);
-    if (held == locks().end() || held->second.path != realPath(path)) {
+    if (held == locks().end() || !SamePath::areEqual(held->second.path, realPath(path))) {
         return 1;
     }
     locks().erase(held);

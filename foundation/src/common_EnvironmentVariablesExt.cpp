@@ -1,6 +1,7 @@
 #include <common_EnvironmentVariablesExt.h>
 
-#include <QByteArray>
+#include <EnvironmentVariable.h>
+
 #include <QRegularExpression>
 #include <QStringList>
 
@@ -10,27 +11,42 @@ QString expanded(const QString& value, const QStringList& enclosing);
 
 QString variableExpanded(const QString& name, const QStringList& enclosing)
 {
-    if (enclosing.contains(name)) {
+    if (enclosing.contains(name, EnvironmentVariable::caseOfNames())) {
         return QString();
     }
-    return expanded(qEnvironmentVariable(name.toLocal8Bit().constData()), QStringList(enclosing)
-                                                                              << name);
+    return expanded(EnvironmentVariable::value(name), QStringList(enclosing) << name);
+}
+
+// Other names, such as ProgramFiles(x86), are those of variables only if there are such variables.
+bool isReference(const QString& name)
+{
+    static const QRegularExpression usualName(QStringLiteral("^[A-Za-z_][A-Za-z0-9_]*$"));
+    return EnvironmentVariable::exists(name) ||
+           (!EnvironmentVariable::unknownReferencesStay() && usualName.match(name).hasMatch());
 }
 
 // enclosing has the names of the variables that are being expanded around this value.
 QString expanded(const QString& value, const QStringList& enclosing)
 {
     static const QRegularExpression reference(
-        QStringLiteral(R"(\$\{([A-Za-z_]\w*)\}|\$([A-Za-z_]\w*)|%([A-Za-z_]\w*)%)"));
+        QStringLiteral(R"(\$\{([^\W\d]\w*)\}|\$([^\W\d]\w*)|%([^%=\r\n]+)%)"),
+        QRegularExpression::UseUnicodePropertiesOption);
 
     QString result;
     int copied = 0;
-    QRegularExpressionMatchIterator matches = reference.globalMatch(value);
-    while (matches.hasNext()) {
-        const QRegularExpressionMatch match = matches.next();
+    QRegularExpressionMatch match = reference.match(value);
+    while (match.hasMatch()) {
+        const QString name = match.captured(match.lastCapturedIndex());
+        const bool isExpanded = isReference(name);
+        const int end = isExpanded ? match.capturedEnd() : match.capturedStart() + 1;
         result.append(value.constData() + copied, match.capturedStart() - copied);
-        result += variableExpanded(match.captured(match.lastCapturedIndex()), enclosing);
-        copied = match.capturedEnd();
+        if (isExpanded) {
+            result += variableExpanded(name, enclosing);
+        } else {
+            result += value.at(end - 1);
+        }
+        copied = end;
+        match = reference.match(value, copied);
     }
     return result + value.mid(copied);
 }

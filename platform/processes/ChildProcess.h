@@ -41,8 +41,8 @@ public:
     void setErrors(Errors errors) { m_setup.errors = errors; }
     void setTerminal(Terminal terminal) { m_setup.terminal = terminal; }
 
-    /// The scheduling priority as a nice value; has no effect if it is not permitted, and on other
-    /// systems than Unix.
+    /// The scheduling priority as a nice value, on Windows as the nearest priority class; has no
+    /// effect if it is not permitted.
     void setNiceValue(int value) { m_setup.niceValue = value; }
 
     /// The program is not killed when this one ends, because it notices the end itself.

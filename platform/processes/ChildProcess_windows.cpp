@@ -2,19 +2,101 @@
 
 #include <QProcess>
 
+#include <windows.h>
+
+#include <tlhelp32.h>
+
+namespace {
+
+// What QProcess takes for a crash.
+constexpr UINT killedCode = 0xF291;
+
+struct Priority
+{
+    int leastNiceValue;
+    DWORD priorityClass;
+};
+
+// From the lowest priority on.
+constexpr Priority priorities[] = {{15, IDLE_PRIORITY_CLASS},
+                                   {5, BELOW_NORMAL_PRIORITY_CLASS},
+                                   {-4, NORMAL_PRIORITY_CLASS},
+                                   {-9, ABOVE_NORMAL_PRIORITY_CLASS},
+                                   {-20, HIGH_PRIORITY_CLASS}};
+
+DWORD priorityClass(int niceValue)
+{
+    for (const Priority& priority : priorities) {
+        if (niceValue >= priority.leastNiceValue) {
+            return priority.priorityClass;
+        }
+    }
+    return HIGH_PRIORITY_CLASS;
+}
+
+// A process that was created suspended has one thread.
+void resume(DWORD process)
+{
+    const HANDLE snapshot = CreateToolhelp32Snapshot(TH32CS_SNAPTHREAD, 0);
+    THREADENTRY32 entry = {};
+    entry.dwSize = sizeof entry;
+    for (BOOL more = Thread32First(snapshot, &entry); more; more = Thread32Next(snapshot, &entry)) {
+        if (entry.th32OwnerProcessID == process) {
+            const HANDLE thread = OpenThread(THREAD_SUSPEND_RESUME, FALSE, entry.th32ThreadID);
+            ResumeThread(thread);
+            CloseHandle(thread);
+        }
+    }
+    CloseHandle(snapshot);
+}
+
+BOOL WINAPI ignoreEvent(DWORD /*event*/)
+{
+    return TRUE;
+}
+
+// Asks the processes of a group to end, as Ctrl+Break does. The event reaches a console that this
+// process is attached to; the child's is another one where this process has none.
+void interruptGroup(DWORD process)
+{
+    if (GetConsoleCP() != 0) {
+        GenerateConsoleCtrlEvent(CTRL_BREAK_EVENT, process);
+    } else if (AttachConsole(process)) {
+        SetConsoleCtrlHandler(ignoreEvent, TRUE);
+        GenerateConsoleCtrlEvent(CTRL_BREAK_EVENT, process);
+        FreeConsole();
+        SetConsoleCtrlHandler(ignoreEvent, FALSE);
+    }
+}
+
+} // namespace
+
+/// The process, in a job of its own: its descendants are in it, too.
 class ChildProcess::Process : public QProcess
 {
 public:
     explicit Process(ChildProcess& owner);
+    ~Process() override { CloseHandle(m_job); }
+
+    Process(const Process&) = delete;
+    Process& operator=(const Process&) = delete;
 
     /// False when the program cannot be started.
     bool start(const QStringList& words);
 
+    void killJob() const { TerminateJobObject(m_job, killedCode); }
+    [[nodiscard]] bool isJobAlive() const;
+
 private:
+    void setChannels();
+    void enterJob() const;
+
     ChildProcess& m_owner;
+    HANDLE m_job;
 };
 
-ChildProcess::Process::Process(ChildProcess& owner) : m_owner(owner)
+ChildProcess::Process::Process(ChildProcess& owner)
+    : m_owner(owner), m_job(CreateJobObjectW(nullptr, nullptr))
 {
     QObject::connect(this, &QProcess::readyReadStandardOutput, &m_owner,
                      [this] { Q_EMIT m_owner.outputRead(readAllStandardOutput()); });
@@ -28,7 +110,7 @@ ChildProcess::Process::Process(ChildProcess& owner) : m_owner(owner)
                      });
 }
 
-bool ChildProcess::Process::start(const QStringList& words)
+void ChildProcess::Process::setChannels()
 {
     const Setup& setup = m_owner.m_setup;
     setWorkingDirectory(setup.folder);
@@ -39,8 +121,44 @@ bool ChildProcess::Process::start(const QStringList& words)
         setProcessChannelMode(setup.errors == Errors::WithOutput ? QProcess::MergedChannels
                                                                  : QProcess::ForwardedErrorChannel);
     }
+}
+
+// Suspended until it is in its job, so that it starts no process outside.
+bool ChildProcess::Process::start(const QStringList& words)
+{
+    setChannels();
+    const DWORD priority = priorityClass(m_owner.m_setup.niceValue.value_or(0));
+    setCreateProcessArgumentsModifier([priority](QProcess::CreateProcessArguments* arguments) {
+        arguments->flags |= CREATE_SUSPENDED | CREATE_NEW_PROCESS_GROUP | priority;
+    });
     QProcess::start(words.first(), words.mid(1));
-    return waitForStarted(-1);
+    if (!waitForStarted(-1)) {
+        return false;
+    }
+    enterJob();
+    resume(static_cast<DWORD>(processId()));
+    return true;
+}
+
+void ChildProcess::Process::enterJob() const
+{
+    if (!m_owner.m_setup.endsByItself) {
+        JOBOBJECT_EXTENDED_LIMIT_INFORMATION limits = {};
+        limits.BasicLimitInformation.LimitFlags = JOB_OBJECT_LIMIT_KILL_ON_JOB_CLOSE;
+        SetInformationJobObject(m_job, JobObjectExtendedLimitInformation, &limits, sizeof limits);
+    }
+    const HANDLE process =
+        OpenProcess(PROCESS_SET_QUOTA | PROCESS_TERMINATE, FALSE, static_cast<DWORD>(processId()));
+    AssignProcessToJobObject(m_job, process);
+    CloseHandle(process);
+}
+
+bool ChildProcess::Process::isJobAlive() const
+{
+    JOBOBJECT_BASIC_ACCOUNTING_INFORMATION counts = {};
+    return QueryInformationJobObject(m_job, JobObjectBasicAccountingInformation, &counts,
+                                     sizeof counts, nullptr) != 0 &&
+           counts.ActiveProcesses > 0;
 }
 
 ChildProcess::ChildProcess(QObject* parent)
@@ -52,6 +170,7 @@ ChildProcess::~ChildProcess()
 {
     m_process->disconnect(this);
     if (isRunning()) {
+        m_process->killJob();
         m_process->kill();
         m_process->waitForFinished();
     }
@@ -85,16 +204,15 @@ void ChildProcess::closeInput()
 
 void ChildProcess::terminateGroup() const
 {
-    m_process->terminate();
+    interruptGroup(static_cast<DWORD>(m_process->processId()));
 }
 
-// The process alone: what it has started stays.
 void ChildProcess::killGroup() const
 {
-    m_process->kill();
+    m_process->killJob();
 }
 
 bool ChildProcess::isGroupAlive() const
 {
-    return isRunning();
+    return m_process->isJobAlive();
 }

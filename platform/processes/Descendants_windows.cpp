@@ -1,82 +1,94 @@
 #include "Descendants.h"
 
-#include <QMultiHash>
-#include <QSet>
 #include <QVector>
+
+#include <cstddef>
+#include <memory>
 
 #include <windows.h>
 
-#include <tlhelp32.h>
-
 namespace {
 
-using Children = QMultiHash<DWORD, DWORD>; // by parent
-
-Children allChildren()
+/// The job of this process and its descendants: what is in it ends with this process. Programs that
+/// may outlive it are started outside.
+class OwnJob
 {
-    const HANDLE snapshot = CreateToolhelp32Snapshot(TH32CS_SNAPPROCESS, 0);
-    if (snapshot == INVALID_HANDLE_VALUE) {
-        return {};
+public:
+    OwnJob() : m_job(CreateJobObjectW(nullptr, nullptr))
+    {
+        setLimits(0);
+        m_isEntered = AssignProcessToJobObject(m_job, GetCurrentProcess()) != 0;
     }
-    Children children;
-    PROCESSENTRY32 entry = {};
-    entry.dwSize = sizeof entry;
-    for (BOOL more = Process32First(snapshot, &entry); more;
-         more = Process32Next(snapshot, &entry)) {
-        children.insert(entry.th32ParentProcessID, entry.th32ProcessID);
+    OwnJob(const OwnJob&) = delete;
+    OwnJob& operator=(const OwnJob&) = delete;
+
+    void startOutside(const std::function<void()>& start)
+    {
+        setLimits(JOB_OBJECT_LIMIT_SILENT_BREAKAWAY_OK);
+        start();
+        setLimits(0);
     }
-    CloseHandle(snapshot);
-    return children;
-}
 
-// By number; they keep their parent's number, too.
-QSet<DWORD>& detachedProcesses()
-{
-    static QSet<DWORD> processes;
-    return processes;
-}
-
-QVector<DWORD> descendants()
-{
-    const Children children = allChildren();
-    QVector<DWORD> result;
-    for (const DWORD child : children.values(GetCurrentProcessId())) {
-        if (!detachedProcesses().contains(child)) {
-            result.append(child);
+    QVector<DWORD> others() const
+    {
+        constexpr DWORD most = 1000;
+        constexpr std::size_t size =
+            sizeof(JOBOBJECT_BASIC_PROCESS_ID_LIST) + most * sizeof(ULONG_PTR);
+        const auto buffer = std::make_unique<std::byte[]>(size);
+        auto* const list = reinterpret_cast<JOBOBJECT_BASIC_PROCESS_ID_LIST*>(buffer.get());
+        QVector<DWORD> result;
+        if (!m_isEntered || !QueryInformationJobObject(m_job, JobObjectBasicProcessIdList, list,
+                                                       static_cast<DWORD>(size), nullptr)) {
+            return result;
         }
+        for (DWORD i = 0; i < list->NumberOfProcessIdsInList; ++i) {
+            const auto process = static_cast<DWORD>(list->ProcessIdList[i]);
+            if (process != GetCurrentProcessId()) {
+                result.append(process);
+            }
+        }
+        return result;
     }
-    for (int next = 0; next < result.size(); ++next) {
-        result += QVector<DWORD>::fromList(children.values(result[next]));
+
+private:
+    void setLimits(DWORD more)
+    {
+        JOBOBJECT_EXTENDED_LIMIT_INFORMATION limits = {};
+        limits.BasicLimitInformation.LimitFlags = JOB_OBJECT_LIMIT_KILL_ON_JOB_CLOSE | more;
+        SetInformationJobObject(m_job, JobObjectExtendedLimitInformation, &limits, sizeof limits);
     }
-    return result;
+
+    HANDLE m_job; ///< closed by the system at the end of this process, whatever ends it
+    bool m_isEntered = false;
+};
+
+OwnJob& ownJob()
+{
+    static OwnJob job;
+    return job;
 }
 
 } // namespace
 
-// Windows has no such thing.
+// Processes that are started before do not count.
 void Descendants::adoptOrphans()
-{}
+{
+    ownJob();
+}
 
 void Descendants::startDetached(const std::function<void()>& start)
 {
-    const QList<DWORD> before = allChildren().values(GetCurrentProcessId());
-    start();
-    const QList<DWORD> after = allChildren().values(GetCurrentProcessId());
-    for (const DWORD child : after) {
-        if (!before.contains(child)) {
-            detachedProcesses().insert(child);
-        }
-    }
+    ownJob().startOutside(start);
 }
 
 bool Descendants::isAnySeen()
 {
-    return !descendants().isEmpty();
+    return !ownJob().others().isEmpty();
 }
 
 void Descendants::killAll()
 {
-    const QVector<DWORD> processes = descendants();
+    const QVector<DWORD> processes = ownJob().others();
     for (const DWORD process : processes) {
         const HANDLE handle = OpenProcess(PROCESS_TERMINATE, FALSE, process);
         if (handle) {

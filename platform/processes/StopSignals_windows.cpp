@@ -51,16 +51,35 @@ Watch::~Watch()
     }
 }
 
+// The system ends the program as soon as this function returns from one of these events, or after
+// some seconds: the other threads have this time to end it themselves.
+[[noreturn]] void waitForTheEnd()
+{
+    while (true) {
+        Sleep(INFINITE);
+    }
+}
+
+bool isEndOfConsole(DWORD event)
+{
+    return event == CTRL_CLOSE_EVENT || event == CTRL_LOGOFF_EVENT || event == CTRL_SHUTDOWN_EVENT;
+}
+
 BOOL WINAPI Watch::passOn(DWORD event)
 {
-    if (event != CTRL_C_EVENT && event != CTRL_BREAK_EVENT) {
-        return FALSE;
-    }
     const int number = event == CTRL_C_EVENT ? SIGINT : SIGTERM;
-    const QMutexLocker lock(&watchLock);
-    Watch* const watch = newestWatch;
-    return watch && QMetaObject::invokeMethod(
-                        watch, [watch, number] { watch->m_onStop(number); }, Qt::QueuedConnection);
+    bool isPassedOn = false;
+    {
+        const QMutexLocker lock(&watchLock);
+        Watch* const watch = newestWatch;
+        isPassedOn =
+            watch && QMetaObject::invokeMethod(
+                         watch, [watch, number] { watch->m_onStop(number); }, Qt::QueuedConnection);
+    }
+    if (isPassedOn && isEndOfConsole(event)) {
+        waitForTheEnd();
+    }
+    return isPassedOn;
 }
 
 } // namespace

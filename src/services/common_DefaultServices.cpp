@@ -4,6 +4,7 @@
 #include "common_ThemeIcons.h"
 #include "common_ThemePixmaps.h"
 
+#include <EnvironmentVariable.h>
 #include <common_EnvironmentVariablesExt.h>
 #include <common_HelpClient.h>
 #include <common_IApplication.h>
@@ -12,7 +13,6 @@
 
 #include <QApplication>
 #include <QDir>
-#include <QFile>
 #include <QStandardPaths>
 
 #include <utility>
@@ -150,6 +150,6 @@ void common_DefaultServices::setEnvironment()
 {
     const QString installation = installationDirectory();
     const QString userSettings = userSettingsDirectory();
-    qputenv("KEST_HOME", QFile::encodeName(installation));
-    qputenv("KEST_USER_HOME", QFile::encodeName(userSettings));
+    EnvironmentVariable::set(QStringLiteral("KEST_HOME"), installation);
+    EnvironmentVariable::set(QStringLiteral("KEST_USER_HOME"), userSettings);
 }

@@ -5,14 +5,18 @@
 #include "common_SettingsDraft.h"
 #include "common_WriteGuard.h"
 
+#include <FileReplacement.h>
 #include <KEST_binfiles_paths.h>
 #include <MarkedFolders.h>
+#include <SamePath.h>
 #include <SpecialPath.h>
 #include <common_settings.h>
 
 #include <QDir>
+#include <QElapsedTimer>
 #include <QFileInfo>
 #include <QSaveFile>
+#include <QThread>
 #include <QVector>
 
 #include <algorithm>
@@ -21,6 +25,7 @@
 namespace {
 
 constexpr qint64 megabyte = 1 << 20;
+constexpr unsigned long replacementPause = 5; // milliseconds
 
 /// A file that this process is changing.
 struct OpenChange
@@ -41,8 +46,9 @@ QString copyInChange(const QString& file)
 {
     const QVector<OpenChange>& changes = openChanges();
     const auto found =
-        std::find_if(changes.cbegin(), changes.cend(),
-                     [&file](const OpenChange& change) { return change.file == file; });
+        std::find_if(changes.cbegin(), changes.cend(), [&file](const OpenChange& change) {
+            return SamePath::areEqual(change.file, file);
+        });
     return found == changes.cend() ? QString() : found->copy;
 }
 
@@ -291,12 +297,21 @@ QString common_SettingsFile::replace(const QByteArray& content) const
     if (content.size() > common_settings::largestFile) {
         return QStringLiteral("it would become ") + limitText();
     }
-    QSaveFile file(KEST_binfiles_real_path(m_fileName));
-    if (!file.open(QIODevice::WriteOnly) || file.write(content) != content.size() ||
-        !file.commit()) {
-        return file.errorString();
+    QElapsedTimer waiting;
+    waiting.start();
+    while (true) {
+        QSaveFile file(KEST_binfiles_real_path(m_fileName));
+        if (!file.open(QIODevice::WriteOnly) || file.write(content) != content.size()) {
+            return file.errorString();
+        }
+        if (file.commit()) {
+            return QString();
+        }
+        if (waiting.elapsed() >= FileReplacement::longestWait()) {
+            return file.errorString();
+        }
+        QThread::msleep(replacementPause);
     }
-    return QString();
 }
 
 bool common_SettingsFile::keepIfDamaged(const QSettings& settings, const QByteArray& content) const

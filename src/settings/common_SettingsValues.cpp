@@ -1,5 +1,7 @@
 #include "common_SettingsValues.h"
 
+#include <SettingsKeys.h>
+
 #include <QDataStream>
 #include <QSettings>
 #include <QStringList>
@@ -69,7 +71,8 @@ common_SettingsValues::common_SettingsValues(const QSettings& settings)
     const QStringList keys = settings.allKeys();
     for (const QString& key : keys) {
         if (isProper(key)) {
-            m_values.insert(m_values.cend(), key, settings.value(key));
+            m_values.insert(m_values.cend(), SettingsKeys::comparable(key),
+                            {key, settings.value(key)});
         }
     }
 }
@@ -78,12 +81,16 @@ bool common_SettingsValues::areSame(const common_SettingsValues& read) const
 {
     return m_values.size() == read.m_values.size() &&
            std::equal(m_values.keyBegin(), m_values.keyEnd(), read.m_values.keyBegin()) &&
-           std::equal(m_values.cbegin(), m_values.cend(), read.m_values.cbegin(), isSame);
+           std::equal(m_values.cbegin(), m_values.cend(), read.m_values.cbegin(),
+                      [](const Value& mine, const Value& other) {
+                          return isSame(mine.value, other.value);
+                      });
 }
 
 int common_SettingsValues::countNothing() const
 {
-    return static_cast<int>(std::count_if(m_values.cbegin(), m_values.cend(), isNothing));
+    return static_cast<int>(std::count_if(m_values.cbegin(), m_values.cend(),
+                                          [](const Value& one) { return isNothing(one.value); }));
 }
 
 void common_SettingsValues::applyTo(QSettings& settings) const
@@ -94,8 +101,9 @@ void common_SettingsValues::applyTo(QSettings& settings) const
 void common_SettingsValues::applyChangesTo(QSettings& settings, const common_SettingsValues& before,
                                            const QString& prefix) const
 {
-    apply(settings,
-          [&](const QString& key) { return key.startsWith(prefix) || !hasSame(key, before); });
+    apply(settings, [&before, this, start = SettingsKeys::comparable(prefix)](const QString& key) {
+        return key.startsWith(start) || !hasSame(key, before);
+    });
 }
 
 bool common_SettingsValues::hasSame(const QString& key, const common_SettingsValues& other) const
@@ -104,7 +112,7 @@ bool common_SettingsValues::hasSame(const QString& key, const common_SettingsVal
     const auto theirs = other.m_values.constFind(key);
     const bool isMine = mine != m_values.cend();
     const bool isTheirs = theirs != other.m_values.cend();
-    return isMine == isTheirs && (!isMine || isSame(*mine, *theirs));
+    return isMine == isTheirs && (!isMine || isSame(mine->value, theirs->value));
 }
 
 // With a key QSettings removes all keys below it, of which some may be to stay.
@@ -112,10 +120,9 @@ void common_SettingsValues::apply(QSettings& settings,
                                   const std::function<bool(const QString&)>& isWanted) const
 {
     const common_SettingsValues present(settings);
-    const QStringList presentKeys = present.m_values.keys();
-    for (const QString& key : presentKeys) {
-        if (!m_values.contains(key) && isWanted(key)) {
-            settings.remove(key);
+    for (auto value = present.m_values.cbegin(); value != present.m_values.cend(); ++value) {
+        if (!m_values.contains(value.key()) && isWanted(value.key())) {
+            settings.remove(value->key);
         }
     }
     const common_SettingsValues left(settings);
@@ -123,7 +130,7 @@ void common_SettingsValues::apply(QSettings& settings,
         const QString& key = value.key();
         const bool isLost = present.m_values.contains(key) && !left.m_values.contains(key);
         if (isLost || (isWanted(key) && !hasSame(key, left))) {
-            settings.setValue(key, *value);
+            settings.setValue(value->key, value->value);
         }
     }
 }

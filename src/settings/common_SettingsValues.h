@@ -36,8 +36,15 @@ public:
                         const QString& prefix) const;
 
 private:
+    // These take comparable keys.
     bool hasSame(const QString& key, const common_SettingsValues& other) const;
     void apply(QSettings& settings, const std::function<bool(const QString&)>& isWanted) const;
 
-    QMap<QString, QVariant> m_values;
+    struct Value
+    {
+        QString key; ///< as it is written in the file
+        QVariant value;
+    };
+
+    QMap<QString, Value> m_values; ///< by their comparable keys
 };

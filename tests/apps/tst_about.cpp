@@ -78,6 +78,10 @@ private Q_SLOTS:
         file.close();
         qputenv("KEST_NEC2C", QFile::encodeName(program));
         QCOMPARE(EngineVersion::ask(), text("unknown version (") + program + text(")"));
+        EngineVersion later;
+        QSignalSpy found(&later, &EngineVersion::found);
+        later.start();
+        QTRY_COMPARE_WITH_TIMEOUT(found.size(), 1, 1000); // at once, and not when its time is over
     }
 
     void librariesHaveVersionsAndLicences_data()

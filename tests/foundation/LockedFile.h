@@ -4,13 +4,11 @@
 
 #include <KEST_binfiles.h>
 
+#include <QDateTime>
 #include <QFile>
 #include <QTemporaryDir>
 
 #include <memory>
-
-#include <fcntl.h>
-#include <sys/stat.h>
 
 inline constexpr qint64 atOnce = 1000; // milliseconds
 
@@ -35,8 +33,10 @@ inline QString statusOfOtherProcess(const QString& file)
 
 inline void makeOld(const QString& file)
 {
-    const timespec times[] = {{1, 0}, {1, 0}};
-    ::utimensat(AT_FDCWD, QFile::encodeName(file).constData(), times, 0);
+    QFile opened(file);
+    if (opened.open(QIODevice::ReadWrite)) {
+        opened.setFileTime(QDateTime::fromSecsSinceEpoch(1), QFileDevice::FileModificationTime);
+    }
 }
 
 inline bool write(const QString& name, const QByteArray& content)

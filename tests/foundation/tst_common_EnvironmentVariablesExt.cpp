@@ -1,5 +1,7 @@
 #include <common_EnvironmentVariablesExt.h>
 
+#include <EnvironmentVariable.h>
+
 #include <QtTest>
 
 namespace {
@@ -14,7 +16,6 @@ struct Variable
 constexpr Variable variables[] = {
     {"KEST_T_HOME",   "/home/kest"},
     {"KEST_T_NESTED", "${KEST_T_HOME}/logs"},
-    {"KEST_T_EMPTY",  ""},
     {"KEST_T_SELF",   "a${KEST_T_SELF}b"},
     {"KEST_T_ONE",    "1${KEST_T_TWO}"},
     {"KEST_T_TWO",    "2%KEST_T_THREE%"},
@@ -54,8 +55,6 @@ private Q_SLOTS:
         QTest::newRow("percent")                 << QByteArray("%KEST_T_HOME%x")            << "/home/kestx";
         QTest::newRow("all three")               << QByteArray("${KEST_T_HOME}$KEST_T_HOME%KEST_T_HOME%") << "/home/kest/home/kest/home/kest";
         QTest::newRow("reference in a value")    << QByteArray("$KEST_T_NESTED/run")        << "/home/kest/logs/run";
-        QTest::newRow("unset")                   << QByteArray("a${KEST_T_UNSET}b")         << "ab";
-        QTest::newRow("set but empty")           << QByteArray("a%KEST_T_EMPTY%b")          << "ab";
         QTest::newRow("refers to itself")        << QByteArray("<$KEST_T_SELF>")            << "<ab>";
         QTest::newRow("circle")                  << QByteArray("$KEST_T_ONE")               << "123";
         QTest::newRow("twice is no circle")      << QByteArray("$KEST_T_HOME:$KEST_T_HOME") << "/home/kest:/home/kest";
@@ -71,8 +70,46 @@ private Q_SLOTS:
     {
         QFETCH(QByteArray, value);
         QFETCH(QString, expanded);
-        qputenv("KEST_T_VALUE", value);
+        EnvironmentVariable::set(QStringLiteral("KEST_T_VALUE"), QString::fromUtf8(value));
         QCOMPARE(common_EnvironmentVariablesExt::getVariableExpanded("KEST_T_VALUE"), expanded);
+    }
+
+    void expandsNamesOfAnyCharacters_data()
+    {
+        QTest::addColumn<QString>("value");
+        QTest::addColumn<QString>("expanded");
+        // clang-format off
+        QTest::newRow("percent, brackets")    << QStringLiteral("<%KEST_T (x86)%>")      << QStringLiteral("<Läufe (x86)>");
+        QTest::newRow("percent, umlaut")      << QStringLiteral("<%KEST_T_ä%>")          << QStringLiteral("<Ω>");
+        QTest::newRow("braces, umlaut")       << QStringLiteral("<${KEST_T_ä}>")         << QStringLiteral("<Ω>");
+        QTest::newRow("dollar, umlaut")       << QStringLiteral("$KEST_T_ä")             << QStringLiteral("Ω");
+        QTest::newRow("unknown brackets")     << QStringLiteral("<%KEST_T (x64)%>")      << QStringLiteral("<%KEST_T (x64)%>");
+        QTest::newRow("behind a lone sign")   << QStringLiteral("50% of %KEST_T (x86)%") << QStringLiteral("50% of Läufe (x86)");
+        QTest::newRow("between lone signs")   << QStringLiteral("1% %KEST_T_ä% 2%")      << QStringLiteral("1% Ω 2%");
+        QTest::newRow("share of a host")      << QStringLiteral("\\\\host\\logs$\\x")    << QStringLiteral("\\\\host\\logs$\\x");
+        // clang-format on
+    }
+
+    void expandsNamesOfAnyCharacters()
+    {
+        QFETCH(QString, value);
+        QFETCH(QString, expanded);
+        QVERIFY(EnvironmentVariable::set(QStringLiteral("KEST_T (x86)"),
+                                         QStringLiteral("Läufe (x86)")));
+        QVERIFY(EnvironmentVariable::set(QStringLiteral("KEST_T_ä"), QStringLiteral("Ω")));
+        QVERIFY(EnvironmentVariable::set(QStringLiteral("KEST_T_VALUE"), value));
+        QCOMPARE(common_EnvironmentVariablesExt::getVariableExpanded("KEST_T_VALUE"), expanded);
+    }
+
+    // On Windows "$" is a usual part of the names of shares.
+    void aReferenceToNoVariableIsEmptyOrStaysAsTheSystemHasIt()
+    {
+        const bool stays = EnvironmentVariable::unknownReferencesStay();
+        qputenv("KEST_T_EMPTY", "");
+        qputenv("KEST_T_VALUE", "//host/$KEST_T_NONE/%KEST_T_EMPTY%/${KEST_T_NONE}");
+        QCOMPARE(common_EnvironmentVariablesExt::getVariableExpanded("KEST_T_VALUE"),
+                 stays ? QStringLiteral("//host/$KEST_T_NONE/%KEST_T_EMPTY%/${KEST_T_NONE}")
+                       : QStringLiteral("//host///"));
     }
 
     void aVariableThatRefersToItselfEndsWithNothing()

@@ -23,27 +23,22 @@
 #include <FakeServices.h>
 #include <SettingsObjects.h>
 #include <VariousSettings.h>
+#include <limitFileSize.h>
 
 #include <KEST_binfiles.h>
 #include <common_ComponentsLaunchOptions.h>
 #include <common_LockFile.h>
 
 #include <QCoreApplication>
+#include <QDateTime>
 #include <QElapsedTimer>
 #include <QFile>
 #include <QProcess>
 #include <QThread>
 
-#include <csignal>
 #include <cstdio>
 #include <functional>
 #include <map>
-
-#include <fcntl.h>
-#include <sys/resource.h>
-#include <sys/stat.h>
-#include <sys/time.h>
-#include <unistd.h>
 
 namespace {
 
@@ -101,25 +96,23 @@ int lockForEver(const QStringList& arguments)
 }
 
 // As a process leaves it that was killed right after it had made it, some time ago.
-void leaveLockFile(const QByteArray& path)
+void leaveLockFile(const QString& path)
 {
-    const int file = ::open(path.constData(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666);
-    if (file >= 0) {
-        const timespec times[] = {{1, 0}, {1, 0}};
-        ::futimens(file, times);
-        ::close(file);
+    QFile file(path);
+    if (file.open(QIODevice::WriteOnly | QIODevice::NewOnly)) {
+        file.setFileTime(QDateTime::fromSecsSinceEpoch(1), QFileDevice::FileModificationTime);
     }
 }
 
-bool holdAlone(const QByteArray& marker)
+bool holdAlone(const QString& marker)
 {
-    const int file = ::open(marker.constData(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666);
-    if (file < 0) {
+    QFile file(marker);
+    if (!file.open(QIODevice::WriteOnly | QIODevice::NewOnly)) {
         return false;
     }
-    ::close(file);
-    ::usleep(200);
-    return ::unlink(marker.constData()) == 0;
+    file.close();
+    QThread::usleep(200);
+    return file.remove();
 }
 
 int race(const QStringList& arguments)
@@ -133,10 +126,10 @@ int race(const QStringList& arguments)
             QThread::usleep(100);
             continue;
         }
-        clashes += holdAlone(QFile::encodeName(path + QStringLiteral(".holder"))) ? 0 : 1;
+        clashes += holdAlone(path + QStringLiteral(".holder")) ? 0 : 1;
         KEST_binfiles_remove_lock(path.toStdWString().c_str(), handle);
         if (--rounds % 2 == 0) {
-            leaveLockFile(QFile::encodeName(path + QStringLiteral(".kestlock")));
+            leaveLockFile(path + QStringLiteral(".kestlock"));
         }
     }
     return say("clashes", clashes);
@@ -231,20 +224,12 @@ int rewrite(const QStringList& arguments)
     }
 }
 
-bool limitFileSize(const QString& bytes)
-{
-    std::signal(SIGXFSZ, SIG_IGN);
-    const rlim_t most = bytes.toULongLong();
-    const rlimit limit = {most, most};
-    return ::setrlimit(RLIMIT_FSIZE, &limit) == 0;
-}
-
 int writeLimited(const QStringList& arguments)
 {
     const FakeApplicationInfo info;
     TextSettings settings(arguments.at(0));
     settings.text = QString(arguments.at(2).toInt(), QLatin1Char('x'));
-    if (!limitFileSize(arguments.at(1))) {
+    if (!limitFileSize(arguments.at(1).toULongLong())) {
         return 1;
     }
     settings.writeSettings();
@@ -276,7 +261,7 @@ int writeWithinLimited(const QStringList& arguments)
     TextSettings inner(arguments.at(0));
     OuterSettings outer(arguments.at(0), inner);
     inner.text = outer.text = QString(arguments.at(2).toInt(), QLatin1Char('x'));
-    if (!limitFileSize(arguments.at(1))) {
+    if (!limitFileSize(arguments.at(1).toULongLong())) {
         return 1;
     }
     outer.writeSettings();

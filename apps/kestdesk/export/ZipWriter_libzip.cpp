@@ -1,13 +1,13 @@
 #include "ZipWriter.h"
 
-#include <QFile>
+#include <NameBytes.h>
 
 #include <zip.h>
 
 ZipWriter::ZipWriter(const QString& path)
 {
     int code = 0;
-    m_zip = zip_open(QFile::encodeName(path).constData(), ZIP_CREATE | ZIP_TRUNCATE, &code);
+    m_zip = zip_open(NameBytes::of(path).constData(), ZIP_CREATE | ZIP_TRUNCATE, &code);
     if (m_zip == nullptr) {
         zip_error_t error;
         zip_error_init_with_code(&error, code);
@@ -37,7 +37,7 @@ bool ZipWriter::add(const QString& name, const QByteArray& content)
 bool ZipWriter::addFile(const QString& name, const QString& path, qint64 bytes)
 {
     return m_zip != nullptr &&
-           addSource(name, zip_source_file(m_zip, QFile::encodeName(path).constData(), 0, bytes));
+           addSource(name, zip_source_file(m_zip, NameBytes::of(path).constData(), 0, bytes));
 }
 
 bool ZipWriter::addSource(const QString& name, struct zip_source* source)

@@ -9,6 +9,7 @@ namespace suite::StopReason {
 namespace {
 
 constexpr int signalBase = 128;
+constexpr int hangUp = 1; // SIGHUP, which not every system has
 
 struct Row
 {
@@ -19,7 +20,7 @@ struct Row
 constexpr Row table[] = {
     {SIGTERM, "SIGTERM, a request to end"},
     {SIGINT, "SIGINT, an interrupt from the keyboard"},
-    {SIGHUP, "SIGHUP, the end of its terminal or connection"},
+    {hangUp, "SIGHUP, the end of its terminal or connection"},
 };
 
 const Row* rowOf(int signal)

@@ -2,19 +2,13 @@
 
 #include <PlainText.h>
 
+#include <QCoreApplication>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
 #include <QSysInfo>
 
-#include <cerrno>
-#include <cstring>
 #include <utility>
-
-#include <fcntl.h>
-#include <sys/file.h>
-#include <sys/stat.h>
-#include <unistd.h>
 
 namespace suite {
 
@@ -24,16 +18,6 @@ namespace {
 constexpr int mostAttempts = 10;
 
 constexpr qint64 longestOwner = 500; // bytes
-
-QString systemError()
-{
-    return QString::fromLocal8Bit(std::strerror(errno));
-}
-
-bool makeDirectory(const QString& path)
-{
-    return ::mkdir(QFile::encodeName(path).constData(), 0777) == 0;
-}
 
 bool isRealFolder(const QString& path)
 {
@@ -74,7 +58,6 @@ WorkFolder::~WorkFolder()
 {
     if (isOpen()) {
         removeIfEmpty();
-        ::close(m_descriptor);
     }
 }
 
@@ -95,37 +78,27 @@ bool WorkFolder::open()
 
 WorkFolder::Attempt WorkFolder::tryOpen()
 {
-    const QByteArray name = QFile::encodeName(m_path);
-    if (!makeDirectory(m_path) && errno != EEXIST) {
-        fail(QStringLiteral("it cannot be made, ") + systemError());
-        return Attempt::Failed;
-    }
-    const int descriptor =
-        ::open(name.constData(), O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC);
-    if (descriptor < 0) {
-        if (errno == ENOENT) {
-            return Attempt::Again;
-        }
-        fail(errno == ENOTDIR || errno == ELOOP
-                 ? QStringLiteral("something else has this name")
-                 : QStringLiteral("it cannot be opened, ") + systemError());
+    if (!m_folder.make(m_path)) {
+        fail(QStringLiteral("it cannot be made, ") + m_folder.error());
         return Attempt::Failed;
     }
     // On a file system without locks the run continues without one.
-    if (::flock(descriptor, LOCK_EX | LOCK_NB) != 0 && errno == EWOULDBLOCK) {
-        fail(QStringLiteral("another run of %1 on this model%2 uses it").arg(m_program, owner()));
-        ::close(descriptor);
-        return Attempt::Failed;
-    }
-    struct stat opened = {};
-    struct stat current = {};
-    if (::fstat(descriptor, &opened) != 0 || ::lstat(name.constData(), &current) != 0 ||
-        opened.st_ino != current.st_ino || opened.st_dev != current.st_dev) {
-        ::close(descriptor);
+    switch (m_folder.hold(m_path)) {
+    case HeldFolder::Result::Held:
+        return Attempt::Done;
+    case HeldFolder::Result::Missing:
         return Attempt::Again;
+    case HeldFolder::Result::InUse:
+        fail(QStringLiteral("another run of %1 on this model%2 uses it").arg(m_program, owner()));
+        break;
+    case HeldFolder::Result::OtherKind:
+        fail(QStringLiteral("something else has this name"));
+        break;
+    case HeldFolder::Result::Failed:
+        fail(QStringLiteral("it cannot be opened, ") + m_folder.error());
+        break;
     }
-    m_descriptor = descriptor;
-    return Attempt::Done;
+    return Attempt::Failed;
 }
 
 // An empty folder is taken over like a new one: an earlier run may have been killed before it wrote
@@ -147,8 +120,7 @@ bool WorkFolder::takeOver()
     if (isOurs) {
         writeOwner();
     } else {
-        ::close(m_descriptor);
-        m_descriptor = -1;
+        m_folder.release();
     }
     return isOurs;
 }
@@ -159,7 +131,8 @@ void WorkFolder::writeOwner() const
     QFile file(path(markName()));
     if (file.open(QIODevice::WriteOnly | QIODevice::Truncate)) {
         file.write(QStringLiteral("process %1 on %2\n")
-                       .arg(QString::number(::getpid()), QSysInfo::machineHostName())
+                       .arg(QString::number(QCoreApplication::applicationPid()),
+                            QSysInfo::machineHostName())
                        .toUtf8());
     }
 }
@@ -183,7 +156,7 @@ QString WorkFolder::path(const QString& name) const
 
 bool WorkFolder::makeFolder(const QString& name)
 {
-    if (makeDirectory(path(name)) || (errno == EEXIST && isRealFolder(path(name)))) {
+    if (QDir().mkdir(path(name)) || isRealFolder(path(name))) {
         return true;
     }
     return fail(QStringLiteral("no folder '%1' can be made in it").arg(name));
@@ -204,7 +177,7 @@ void WorkFolder::removeFolder(const QString& name, const QRegularExpression& nam
         }
     }
     removePlainFiles(path(name), names, links);
-    ::rmdir(QFile::encodeName(path(name)).constData());
+    QDir().rmdir(path(name));
 }
 
 bool WorkFolder::fail(const QString& reason)
@@ -218,7 +191,7 @@ void WorkFolder::removeIfEmpty()
 {
     if (entriesOf(m_path) == QStringList(markName())) {
         QFile::remove(path(markName()));
-        ::rmdir(QFile::encodeName(m_path).constData());
+        m_folder.remove();
     }
 }
 

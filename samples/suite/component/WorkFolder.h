@@ -1,5 +1,7 @@
 #pragma once
 
+#include <HeldFolder.h>
+
 #include <QRegularExpression>
 #include <QString>
 
@@ -23,7 +25,7 @@ public:
     /// Makes the folder, or takes that of an earlier run. On failure returns false and sets
     /// error().
     bool open();
-    [[nodiscard]] bool isOpen() const { return m_descriptor >= 0; }
+    [[nodiscard]] bool isOpen() const { return m_folder.isHeld(); }
 
     /// Why the last operation failed, with the folder's name.
     [[nodiscard]] QString error() const { return m_error; }
@@ -59,7 +61,7 @@ private:
     QString m_path;
     QString m_program;
     QString m_error;
-    int m_descriptor = -1;
+    HeldFolder m_folder;
 };
 
 } // namespace suite

@@ -1,15 +1,12 @@
 #include "PartialFile.h"
 
+#include <FileLock.h>
+#include <FileReplacement.h>
 #include <InputFile.h>
 #include <OutputFile.h>
 #include <WriteAll.h>
 
 #include <QFileInfo>
-
-#include <cerrno>
-
-#include <sys/file.h>
-#include <sys/stat.h>
 
 namespace suite {
 
@@ -39,9 +36,7 @@ bool PartialFile::openAndLock()
         return refuse(m_file->errorString());
     }
     // On a file system without locks the run continues without one.
-    const bool isUsedByOther =
-        ::flock(m_file->handle(), LOCK_EX | LOCK_NB) != 0 && errno == EWOULDBLOCK;
-    return (!isUsedByOther && isStillThere()) ||
+    return (FileLock::take(*m_file) && FileLock::isAtItsPath(*m_file)) ||
            refuse(QStringLiteral("another run of this model writes it"));
 }
 
@@ -49,6 +44,9 @@ bool PartialFile::replace(const QByteArray& content)
 {
     if (!isOpen() && exists() && !open()) {
         return false;
+    }
+    if (!FileReplacement::isPossibleWhileOpen()) {
+        m_file.reset();
     }
     OutputFile output(m_path);
     return (output.replace(content) || refuse(output.reason())) && openAndLock();
@@ -66,19 +64,14 @@ bool PartialFile::append(const QByteArray& line)
 
 void PartialFile::remove()
 {
-    if (m_file && isStillThere()) {
+    const bool isOwn = m_file && FileLock::isAtItsPath(*m_file);
+    if (!FileReplacement::isPossibleWhileOpen()) {
+        m_file.reset();
+    }
+    if (isOwn) {
         QFile::remove(m_path);
     }
     m_file.reset();
-}
-
-bool PartialFile::isStillThere() const
-{
-    struct stat opened = {};
-    struct stat current = {};
-    return ::fstat(m_file->handle(), &opened) == 0 &&
-           ::lstat(QFile::encodeName(m_path).constData(), &current) == 0 &&
-           opened.st_ino == current.st_ino && opened.st_dev == current.st_dev;
 }
 
 bool PartialFile::refuse(const QString& error)

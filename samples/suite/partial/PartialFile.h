@@ -44,7 +44,6 @@ public:
 
 private:
     bool openAndLock();
-    [[nodiscard]] bool isStillThere() const;
     bool refuse(const QString& error);
 
     QString m_path;

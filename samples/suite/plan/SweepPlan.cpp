@@ -3,6 +3,7 @@
 #include "EngineProgram.h"
 #include "MachinesFindings.h"
 #include "MpiSweep.h"
+#include "ParallelRuns.h"
 #include "Sweep.h"
 
 #include <HostName.h>
@@ -103,6 +104,11 @@ void SweepPlan::readProcesses(const CommandLine& line)
 // The runtime's own list of hosts knows no such addresses.
 void SweepPlan::checkHosts()
 {
+    const QString obstacle = ParallelRuns::obstacle();
+    if (!obstacle.isEmpty()) {
+        m_findings.add(FindingKind::BadCommandLine, 0, {obstacle});
+        return;
+    }
     if (!m_machines) {
         return;
     }

@@ -1,25 +1,11 @@
 #include "RemoteRun.h"
-#include "RemoteSession.h"
+#include "RemoteServer.h"
 #include "Runkest.h"
 
 #include <ProgramArguments.h>
-#include <StopSignals.h>
 #include <WriteFailures.h>
 
 #include <QCoreApplication>
-
-namespace {
-
-int runSession()
-{
-    RemoteSession session;
-    QObject::connect(&session, &RemoteSession::finished, QCoreApplication::instance(),
-                     &QCoreApplication::exit, Qt::QueuedConnection);
-    StopSignals::watch(&session, [&session] { session.stop(); });
-    return QCoreApplication::exec();
-}
-
-} // namespace
 
 // runkest checks a model, solves it over its frequencies and writes the results beside it, here or
 // on another host.
@@ -29,7 +15,7 @@ int main(int argc, char* argv[])
     const QCoreApplication application(argc, argv);
     const QStringList arguments = suite::ProgramArguments::given(argc, argv);
     if (arguments == QStringList(QStringLiteral("--remote-session"))) {
-        return runSession();
+        return RemoteServer::serve();
     }
     if (RemoteRun::isAskedFor(arguments)) {
         RemoteRun run;

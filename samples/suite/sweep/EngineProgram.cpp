@@ -1,5 +1,6 @@
 #include "EngineProgram.h"
 
+#include <QCoreApplication>
 #include <QFileInfo>
 #include <QStandardPaths>
 
@@ -9,7 +10,10 @@ EngineProgram::EngineProgram()
 {
     const QString chosen = qEnvironmentVariable("KEST_NEC2C");
     const QString name = chosen.isEmpty() ? QStringLiteral("nec2c") : chosen;
-    const QString found = QStandardPaths::findExecutable(name);
+    QString found = QStandardPaths::findExecutable(name);
+    if (found.isEmpty() && chosen.isEmpty()) { // an installation may bring it along
+        found = QStandardPaths::findExecutable(name, {QCoreApplication::applicationDirPath()});
+    }
     if (!found.isEmpty()) {
         m_path = QFileInfo(found).absoluteFilePath();
     } else if (chosen.isEmpty()) {

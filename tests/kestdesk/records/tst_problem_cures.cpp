@@ -56,6 +56,8 @@ private Q_SLOTS:
     {
         QCOMPARE(ProblemCures::hostOf(QStringLiteral("the host 'node-1.net' does not answer")),
                  QStringLiteral("node-1.net"));
+        QCOMPARE(ProblemCures::hostOf(QStringLiteral("the host 'a' does not answer to 'b'")),
+                 QStringLiteral("a"));
         QCOMPARE(ProblemCures::hostOf(QStringLiteral("a host cannot be reached")), QString());
     }
 

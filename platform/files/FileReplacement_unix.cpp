@@ -1,0 +1,11 @@
+#include "FileReplacement.h"
+
+bool FileReplacement::isPossibleWhileOpen()
+{
+    return true;
+}
+
+int FileReplacement::longestWait()
+{
+    return 0;
+}

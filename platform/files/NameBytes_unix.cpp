@@ -1,0 +1,8 @@
+#include "NameBytes.h"
+
+#include <QFile>
+
+QByteArray NameBytes::of(const QString& path)
+{
+    return QFile::encodeName(path);
+}

@@ -1,0 +1,6 @@
+#include "NameBytes.h"
+
+QByteArray NameBytes::of(const QString& path)
+{
+    return path.toUtf8();
+}

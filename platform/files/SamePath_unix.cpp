@@ -1,0 +1,6 @@
+#include "SamePath.h"
+
+bool SamePath::areEqual(const QString& path, const QString& other)
+{
+    return path == other;
+}

@@ -1,0 +1,6 @@
+#include "SettingsKeys.h"
+
+QString SettingsKeys::comparable(const QString& key)
+{
+    return key;
+}

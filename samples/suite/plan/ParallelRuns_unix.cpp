@@ -1,0 +1,6 @@
+#include "ParallelRuns.h"
+
+QString suite::ParallelRuns::obstacle()
+{
+    return QString();
+}

@@ -1,0 +1,6 @@
+#include "limitFileSize.h"
+
+bool limitFileSize(quint64 /*bytes*/)
+{
+    return false;
+}
