@@ -54,5 +54,6 @@ install_missing() {
 }
 
 build_packages=(cmake ninja-build g++ pkgconf python3 qtbase5-dev libqt5svg5-dev libqt5charts5-dev
-    libspnav-dev libzip-dev nec2c mpich libmpich-dev openssh-client)
-qt6_packages=(qt6-base-dev qt6-svg-dev qt6-charts-dev libqt6opengl6-dev)
+    qttools5-dev qttools5-dev-tools libspnav-dev libzip-dev nec2c mpich libmpich-dev openssh-client)
+qt6_packages=(qt6-base-dev qt6-svg-dev qt6-charts-dev libqt6opengl6-dev qt6-tools-dev
+    qt6-l10n-tools)

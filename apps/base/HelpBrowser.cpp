@@ -22,7 +22,7 @@ HelpBrowser::HelpBrowser(HelpPages pages, QWidget* parent)
 {
     setOpenLinks(false);
     setObjectName(QStringLiteral("helpBrowser"));
-    setAccessibleName(QStringLiteral("Help page"));
+    setAccessibleName(tr("Help page"));
     connect(this, &QTextBrowser::anchorClicked, this, &HelpBrowser::onAnchorClicked);
 }
 

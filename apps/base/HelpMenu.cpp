@@ -25,11 +25,13 @@ void showHelp(QMainWindow& window)
 void HelpMenu::addTo(QMainWindow& window, const QString& purpose)
 {
     const QString name = GET_SERVICE(common_IApplicationInfo)->applicationName();
-    QMenu* const menu = window.menuBar()->addMenu(QStringLiteral("&Help"));
-    QAction* const help = menu->addAction(QStringLiteral("&Help on %1\tF1").arg(name));
+    QMenu* const menu = window.menuBar()->addMenu(QCoreApplication::translate("HelpMenu", "&Help"));
+    QAction* const help =
+        menu->addAction(QCoreApplication::translate("HelpMenu", "&Help on %1\tF1").arg(name));
     help->setObjectName(QStringLiteral("helpAction"));
     QObject::connect(help, &QAction::triggered, &window, [&window] { showHelp(window); });
-    QAction* const about = menu->addAction(QStringLiteral("&About %1").arg(name));
+    QAction* const about =
+        menu->addAction(QCoreApplication::translate("HelpMenu", "&About %1").arg(name));
     about->setObjectName(QStringLiteral("aboutAction"));
     QObject::connect(about, &QAction::triggered, &window,
                      [&window, purpose] { AboutBox::show(window, purpose); });

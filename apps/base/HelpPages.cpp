@@ -47,10 +47,9 @@ QString HelpPages::missingPage(const QUrl& address) const
 {
     QString page = address.path().mid(1);
     page.chop(page.endsWith(suffix) ? suffix.size() : 0);
-    return QStringLiteral(
-               "# This page is missing\n\n"
-               "The installation has no help page `%1`. The pages are in this folder:\n\n"
-               "    %2\n\n"
-               "[To the contents](index.md)\n")
+    return tr("# This page is missing\n\n"
+              "The installation has no help page `%1`. The pages are in this folder:\n\n"
+              "    %2\n\n"
+              "[To the contents](index.md)\n")
         .arg(page, QDir::toNativeSeparators(m_directory));
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QByteArray>
+#include <QCoreApplication>
 #include <QString>
 
 #include <optional>
@@ -11,6 +12,8 @@ class QUrl;
 /// the folder is ever read.
 class HelpPages
 {
+    Q_DECLARE_TR_FUNCTIONS(HelpPages)
+
 public:
     explicit HelpPages(QString directory);
 

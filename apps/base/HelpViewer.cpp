@@ -13,7 +13,7 @@ HelpViewer::HelpViewer(const HelpPages& pages, QWidget* parent)
     setObjectName(QStringLiteral("helpViewer"));
     setAttribute(Qt::WA_DeleteOnClose);
     setWindowFlag(Qt::WindowContextHelpButtonHint, false);
-    setWindowTitle(QStringLiteral("Help"));
+    setWindowTitle(tr("Help"));
     m_message->setObjectName(QStringLiteral("helpMessage"));
     m_message->setTextFormat(Qt::PlainText);
     m_message->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
@@ -48,9 +48,9 @@ QBoxLayout* HelpViewer::makeButtons()
         layout->addWidget(button);
         return button;
     };
-    auto* const contents = add(QStringLiteral("&Contents"), QStringLiteral("helpContents"));
-    auto* const back = add(QStringLiteral("&Back"), QStringLiteral("helpBack"));
-    auto* const forward = add(QStringLiteral("&Forward"), QStringLiteral("helpForward"));
+    auto* const contents = add(tr("&Contents"), QStringLiteral("helpContents"));
+    auto* const back = add(tr("&Back"), QStringLiteral("helpBack"));
+    auto* const forward = add(tr("&Forward"), QStringLiteral("helpForward"));
     layout->addStretch();
     back->setEnabled(false);
     forward->setEnabled(false);
@@ -65,7 +65,7 @@ QBoxLayout* HelpViewer::makeButtons()
 
 void HelpViewer::onLeftToTheUser(const QUrl& address)
 {
-    m_message->setText(QStringLiteral("The help opens nothing outside of itself. The address is %1")
+    m_message->setText(tr("The help opens nothing outside of itself. The address is %1")
                            .arg(address.toDisplayString()));
     m_message->show();
 }

@@ -39,6 +39,7 @@ void ScriptRecorder::recordCommand(common_ActivePtr<common_DomainEntity> entity,
 
 void ScriptRecorder::reportError(const QString& reason) const
 {
-    std::fprintf(stderr, "%s: cannot record to %s: %s\n", qPrintable(m_applicationName),
-                 qPrintable(suite::visiblePath(m_fileName)), qPrintable(reason));
+    const QString text = tr("%1: cannot record to %2: %3")
+                             .arg(m_applicationName, suite::visiblePath(m_fileName), reason);
+    std::fprintf(stderr, "%s\n", qPrintable(text));
 }

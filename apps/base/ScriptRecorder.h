@@ -2,12 +2,15 @@
 
 #include <common_IScriptRecorder.h>
 
+#include <QCoreApplication>
 #include <QString>
 
 /// Appends what the user does to the file that KEST_SCRIPT names, a command a line, behind the
 /// label of the object that it is done to.
 class ScriptRecorder : public common_IScriptRecorder
 {
+    Q_DECLARE_TR_FUNCTIONS(ScriptRecorder)
+
 public:
     /// The name is that of the application, for error messages.
     explicit ScriptRecorder(QString applicationName);

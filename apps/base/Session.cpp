@@ -27,6 +27,6 @@ void Session::showUserMessage(common_ActivePtr<common_UserMessage> message, QWid
                     QMessageBox::Ok, parent);
     box.setTextFormat(message->format() == common_UserMessage::RichText ? Qt::RichText
                                                                         : Qt::PlainText);
-    box.setInformativeText(QStringLiteral("Message %1").arg(message->code()));
+    box.setInformativeText(tr("Message %1").arg(message->code()));
     box.exec();
 }

@@ -2,6 +2,7 @@
 
 #include <common_ISession.h>
 
+#include <QCoreApplication>
 #include <QString>
 
 #include <utility>
@@ -9,6 +10,8 @@
 /// Tells the user: on standard error, or in a box.
 class Session : public common_ISession
 {
+    Q_DECLARE_TR_FUNCTIONS(Session)
+
 public:
     Session(QString applicationName, bool nonInteractive)
         : m_applicationName(std::move(applicationName)), m_nonInteractive(nonInteractive)

@@ -7,6 +7,7 @@
 #include <PictureOptions.h>
 
 #include <QCommandLineParser>
+#include <QCoreApplication>
 
 #include <algorithm>
 #include <iterator>
@@ -32,7 +33,8 @@ constexpr DirectionName directionNames[] = {
 
 PictureOptions pictureOptions()
 {
-    return {QStringLiteral("The picture's file (default: MODEL.png beside the model)."),
+    return {QCoreApplication::translate(
+                "CommandLine", "The picture's file (default: MODEL.png beside the model)."),
             {1280, 800},
             16,
             8192};
@@ -46,13 +48,15 @@ QVector<ApplicationOption> options()
     return pictureOptions().options() +
            QVector<ApplicationOption>{
                {{viewOption,
-                 QStringLiteral("Look from a corner (iso, the default), along an axis (x, y) "
-                                "or from above (z)."),
-                 QStringLiteral("view"), QStringLiteral("iso")},
+                 QCoreApplication::translate(
+                     "CommandLine", "Look from a corner (iso, the default), along an axis (x, y) "
+                                    "or from above (z)."),
+                 QCoreApplication::translate("CommandLine", "view"), QStringLiteral("iso")},
                 true,
                 QString()},
-               {{paletteOption, QStringLiteral("Colours: light (default) or dark."),
-                 QStringLiteral("name"), QStringLiteral("light")},
+               {{paletteOption,
+                 QCoreApplication::translate("CommandLine", "Colours: light (default) or dark."),
+                 QCoreApplication::translate("CommandLine", "name"), QStringLiteral("light")},
                 true,
                 QString()},
                {tries, false, QString()}};
@@ -60,12 +64,14 @@ QVector<ApplicationOption> options()
 
 QString countProblem(const QStringList& models)
 {
-    return models.size() > 1 ? QStringLiteral("more than one model") : QString();
+    return models.size() > 1 ? QCoreApplication::translate("CommandLine", "more than one model")
+                             : QString();
 }
 
 QString nameProblem(const QStringList& models)
 {
-    return models.value(0).isEmpty() ? QStringLiteral("no model given") : QString();
+    return models.value(0).isEmpty() ? QCoreApplication::translate("CommandLine", "no model given")
+                                     : QString();
 }
 
 // Why there is no such view; empty when the direction has been set.
@@ -75,7 +81,8 @@ QString readDirection(const QString& text, Direction& direction)
         std::begin(directionNames), std::end(directionNames),
         [&text](const DirectionName& each) { return text == QLatin1String(each.name); });
     if (row == std::end(directionNames)) {
-        return QStringLiteral("\"%1\" is no view: iso, x, y or z").arg(text);
+        return QCoreApplication::translate("CommandLine", "\"%1\" is no view: iso, x, y or z")
+            .arg(text);
     }
     direction = row->direction;
     return QString();
@@ -85,7 +92,8 @@ QString paletteProblem(const QString& name)
 {
     return name == QLatin1String("light") || name == QLatin1String("dark")
                ? QString()
-               : QStringLiteral("\"%1\" is no palette: light or dark").arg(name);
+               : QCoreApplication::translate("CommandLine", "\"%1\" is no palette: light or dark")
+                     .arg(name);
 }
 
 QString outputProblem(const QCommandLineParser& parser)
@@ -94,7 +102,9 @@ QString outputProblem(const QCommandLineParser& parser)
     return !PictureOptions::hasOutput(parser) ||
                    output.endsWith(QLatin1String(".png"), Qt::CaseInsensitive)
                ? QString()
-               : QStringLiteral("\"%1\" is no name for a picture: it must end in .png").arg(output);
+               : QCoreApplication::translate("CommandLine",
+                                             "\"%1\" is no name for a picture: it must end in .png")
+                     .arg(output);
 }
 
 ApplicationTask pictureTask(const QCommandLineParser& parser)
@@ -132,15 +142,18 @@ ApplicationDescription CommandLine::application()
 {
     ApplicationDescription result;
     result.identity = {QStringLiteral("cadkest"), QStringLiteral("models/dipole.nec")};
-    result.purpose = QStringLiteral("Shows a model's wires in three dimensions.");
-    result.exitCodes = QStringLiteral("0 the picture was made, 1 it was not,\n"
-                                      "2 the command line is wrong.");
-    result.nonInteractiveHelp =
-        QStringLiteral("Make a picture (PNG) of the model, without a window.");
-    result.displayAlternative = QStringLiteral("makes a picture without one");
+    result.purpose =
+        QCoreApplication::translate("CommandLine", "Shows a model's wires in three dimensions.");
+    result.exitCodes =
+        QCoreApplication::translate("CommandLine", "0 the picture was made, 1 it was not,\n"
+                                                   "2 the command line is wrong.");
+    result.nonInteractiveHelp = QCoreApplication::translate(
+        "CommandLine", "Make a picture (PNG) of the model, without a window.");
+    result.displayAlternative =
+        QCoreApplication::translate("CommandLine", "makes a picture without one");
     result.options = options();
-    result.fileKind = QStringLiteral("model");
-    result.fileHelp = QStringLiteral("A model file (*.nec).");
+    result.fileKind = QCoreApplication::translate("CommandLine", "model");
+    result.fileHelp = QCoreApplication::translate("CommandLine", "A model file (*.nec).");
     result.windowTask = windowTask;
     result.nonInteractiveTask = pictureTask;
     result.nonInteractiveSystem = WindowSystem::Offscreen;

@@ -4,6 +4,8 @@
 #include "Scene.h"
 #include "SoftwareRenderer.h"
 
+#include <QCoreApplication>
+
 #include <cstdio>
 #include <cstdlib>
 
@@ -64,11 +66,11 @@ QString errorOf(HardwareRenderer& renderer)
     const Frame frame = testFrame();
     const QImage drawn = renderer.render(frame);
     if (drawn.size() != frame.size) {
-        return QStringLiteral("OpenGL draws nothing");
+        return QCoreApplication::translate("ProbeCommand", "OpenGL draws nothing");
     }
     return areAlike(drawn, SoftwareRenderer().render(frame))
                ? QString()
-               : QStringLiteral("OpenGL draws wrong pictures");
+               : QCoreApplication::translate("ProbeCommand", "OpenGL draws wrong pictures");
 }
 
 } // namespace

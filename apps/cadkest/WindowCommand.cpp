@@ -29,7 +29,8 @@ void addRenderingAction(MainWindow& window, RenderingSettings& settings,
                         RenderingSwitch& renderingSwitch)
 {
     QAction* action = window.settingsMenu()->addAction(
-        QStringLiteral("&Rendering..."), &window, [&window, &settings, &renderingSwitch] {
+        QCoreApplication::translate("WindowCommand", "&Rendering..."), &window,
+        [&window, &settings, &renderingSwitch] {
             RenderingDialog dialog(window.view(), &settings, &window);
             QObject::connect(&dialog, &RenderingDialog::applied, &window, [&] {
                 window.view()->setFaceDisplacement(settings.faceDisplacement);
@@ -46,7 +47,8 @@ void prepare(MainWindow& window, const common_CommonSettingsSet& settings)
     const QString name = GET_SERVICE(common_IApplicationInfo)->applicationName();
     window.setWindowIcon(GET_SERVICE(common_IIconUtility)->getIcon(name));
     GET_SERVICE(common_HelpClient)->registerPage(&window, name);
-    HelpMenu::addTo(window, QStringLiteral("Shows a model's wires in three dimensions."));
+    HelpMenu::addTo(window, QCoreApplication::translate(
+                                "WindowCommand", "Shows a model's wires in three dimensions."));
     WindowGeometry::restore(window, *settings.geometry());
     window.addRecentMenu(new RecentMenu(&window, settings.recentFiles()));
     const auto mouse = common_3DMouseOptions::create(ReadOnlyAccess);

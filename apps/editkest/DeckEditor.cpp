@@ -34,7 +34,7 @@ bool isShown(const suite::Finding& finding)
 DeckEditor::DeckEditor(QWidget* parent) : QPlainTextEdit(parent), m_margin(new FindingMargin(this))
 {
     setObjectName(QStringLiteral("deckEditor"));
-    setAccessibleName(QStringLiteral("Deck"));
+    setAccessibleName(tr("Deck"));
     setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
     setLineWrapMode(QPlainTextEdit::NoWrap);
     setTabChangesFocus(false);

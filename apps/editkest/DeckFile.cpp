@@ -57,7 +57,7 @@ bool DeckFile::load(const QString& path)
         return fail(file.reason());
     }
     if (!decode(*bytes)) {
-        return fail(QStringLiteral("it holds characters that are no text"));
+        return fail(tr("it holds characters that are no text"));
     }
     m_path = path;
     m_fingerprint = fingerprint(path);
@@ -69,7 +69,7 @@ bool DeckFile::save(const QString& path, const QString& text)
 {
     if (m_form.encoding == Encoding::Latin1 &&
         !isLatin1(text, m_form.hasShownReturns ? shownReturn : QChar())) {
-        return fail(QStringLiteral("it holds characters that the file's encoding (Latin-1) lacks"));
+        return fail(tr("it holds characters that the file's encoding (Latin-1) lacks"));
     }
     suite::OutputFile file(path);
     if (!file.replace(bytes(text))) {

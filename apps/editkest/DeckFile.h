@@ -1,12 +1,15 @@
 #pragma once
 
 #include <QByteArray>
+#include <QCoreApplication>
 #include <QString>
 
 /// A deck's text as an editor has it, and how it stands in the file: what was not edited comes back
 /// byte for byte.
 class DeckFile
 {
+    Q_DECLARE_TR_FUNCTIONS(DeckFile)
+
 public:
     /// Reads a file. False when it cannot be edited: error() says why, and nothing has changed.
     bool load(const QString& path);

@@ -39,7 +39,6 @@
 namespace {
 
 const QString applicationName = QStringLiteral("editkest");
-const QString deckFilter = QStringLiteral("Models (*.nec);;All (*)");
 constexpr int lineRole = Qt::UserRole;
 
 QIcon icon(const QString& name)
@@ -64,10 +63,15 @@ QIcon severityIcon(suite::Severity severity)
     return icon(QLatin1String(row->icon));
 }
 
+QString deckFilter()
+{
+    return EditorWindow::tr("Models (*.nec);;All (*)");
+}
+
 bool isYes(common_UserQuery& query)
 {
-    query.addOption(QStringLiteral("Yes"), QMessageBox::YesRole);
-    query.addOption(QStringLiteral("No"), QMessageBox::NoRole, common_UserQuery::EscapeDefault);
+    query.addOption(EditorWindow::tr("Yes"), QMessageBox::YesRole);
+    query.addOption(EditorWindow::tr("No"), QMessageBox::NoRole, common_UserQuery::EscapeDefault);
     return query.display() == QMessageBox::YesRole;
 }
 
@@ -83,7 +87,7 @@ EditorWindow::EditorWindow(const QString& model)
     makeContent();
     makeFileMenu();
     makeEditMenu();
-    HelpMenu::addTo(*this, QStringLiteral("Edits models and checks them while they are edited."));
+    HelpMenu::addTo(*this, tr("Edits models and checks them while they are edited."));
     m_settings.readSettings();
     WindowGeometry::restore(*this, *m_settings.geometry());
     updateTitle();
@@ -101,7 +105,7 @@ void EditorWindow::makeContent()
     connect(m_editor, &DeckEditor::paletteChanged, highlighter,
             [this, highlighter] { highlighter->setPalette(m_editor->palette()); });
     setCentralWidget(m_editor);
-    auto* dock = new QDockWidget(QStringLiteral("Findings"), this);
+    auto* dock = new QDockWidget(tr("Findings"), this);
     dock->setObjectName(QStringLiteral("findingDock"));
     dock->setFeatures(QDockWidget::DockWidgetMovable);
     dock->setWidget(makeFindings());
@@ -123,7 +127,7 @@ QWidget* EditorWindow::makeFindings()
     auto* panel = new QWidget(this);
     m_findings = new QListWidget(panel);
     m_findings->setObjectName(QStringLiteral("findingList"));
-    m_findings->setAccessibleName(QStringLiteral("Findings"));
+    m_findings->setAccessibleName(tr("Findings"));
     const int side = m_findings->fontMetrics().height();
     m_findings->setIconSize(QSize(side, side));
     m_mender = new FindingMender(m_editor, m_findings);
@@ -136,44 +140,42 @@ QWidget* EditorWindow::makeFindings()
 
 void EditorWindow::makeFileMenu()
 {
-    QMenu* menu = menuBar()->addMenu(QStringLiteral("&File"));
-    menu->addAction(icon(QStringLiteral("open")), QStringLiteral("&Open..."), this,
-                    &EditorWindow::chooseDeck, QKeySequence::Open);
+    QMenu* menu = menuBar()->addMenu(tr("&File"));
+    menu->addAction(icon(QStringLiteral("open")), tr("&Open..."), this, &EditorWindow::chooseDeck,
+                    QKeySequence::Open);
     auto* recent = new RecentMenu(menu, m_settings.recentFiles());
     recent->setIcon(icon(QStringLiteral("recent")));
     connect(recent, &RecentMenu::fileChosen, this, &EditorWindow::openDeck);
     menu->addMenu(recent);
-    QAction* saveAction = menu->addAction(QStringLiteral("&Save"));
+    QAction* saveAction = menu->addAction(tr("&Save"));
     saveAction->setObjectName(QStringLiteral("saveAction"));
     saveAction->setShortcut(QKeySequence::Save);
     connect(saveAction, &QAction::triggered, this, &EditorWindow::save);
-    menu->addAction(QStringLiteral("Save &as..."), this, &EditorWindow::saveAs,
+    menu->addAction(tr("Save &as..."), this, &EditorWindow::saveAs,
                     QKeySequence(QStringLiteral("Ctrl+Shift+S")))
         ->setObjectName(QStringLiteral("saveAsAction"));
     menu->addSeparator();
-    menu->addAction(QStringLiteral("&Quit"), this, &QWidget::close,
-                    QKeySequence(QStringLiteral("Ctrl+Q")));
+    menu->addAction(tr("&Quit"), this, &QWidget::close, QKeySequence(QStringLiteral("Ctrl+Q")));
 }
 
 void EditorWindow::makeEditMenu()
 {
-    QMenu* menu = menuBar()->addMenu(QStringLiteral("&Edit"));
-    menu->addAction(QStringLiteral("&Undo"), m_editor, &QPlainTextEdit::undo, QKeySequence::Undo)
+    QMenu* menu = menuBar()->addMenu(tr("&Edit"));
+    menu->addAction(tr("&Undo"), m_editor, &QPlainTextEdit::undo, QKeySequence::Undo)
         ->setObjectName(QStringLiteral("undoAction"));
-    menu->addAction(QStringLiteral("&Redo"), m_editor, &QPlainTextEdit::redo, QKeySequence::Redo)
+    menu->addAction(tr("&Redo"), m_editor, &QPlainTextEdit::redo, QKeySequence::Redo)
         ->setObjectName(QStringLiteral("redoAction"));
     menu->addSeparator();
-    QAction* next =
-        menu->addAction(QStringLiteral("&Next finding"), this, &EditorWindow::goToNextFinding,
-                        QKeySequence(QStringLiteral("F8")));
+    QAction* next = menu->addAction(tr("&Next finding"), this, &EditorWindow::goToNextFinding,
+                                    QKeySequence(QStringLiteral("F8")));
     next->setObjectName(QStringLiteral("nextFindingAction"));
     menu->addAction(m_mender->action());
 }
 
 void EditorWindow::chooseDeck()
 {
-    const QString path = OpenDialog::file(this, QStringLiteral("Open a model"),
-                                          QFileInfo(m_file.path()).absolutePath(), deckFilter);
+    const QString path = OpenDialog::file(this, tr("Open a model"),
+                                          QFileInfo(m_file.path()).absolutePath(), deckFilter());
     if (!path.isEmpty()) {
         openDeck(path);
     }
@@ -186,10 +188,10 @@ bool EditorWindow::openDeck(const QString& path)
     }
     const QString absolute = suite::ModelFile(path).path();
     if (!m_file.load(absolute)) {
-        common_UserQuery(QStringLiteral("Model not opened"),
-                         QStringLiteral("%1\ncannot be edited: %2.")
-                             .arg(suite::visiblePath(absolute), m_file.error()),
-                         common_UserQuery::Error, this, QString())
+        common_UserQuery(
+            tr("Model not opened"),
+            tr("%1\ncannot be edited: %2.").arg(suite::visiblePath(absolute), m_file.error()),
+            common_UserQuery::Error, this, QString())
             .display();
         return false;
     }
@@ -205,7 +207,7 @@ void EditorWindow::openDropped(const QStringList& paths)
 {
     if (openDeck(paths.first()) && paths.size() > 1) {
         statusBar()->showMessage(
-            QStringLiteral("Of %1 models that were dropped, one was opened").arg(paths.size()));
+            tr("Of %1 models that were dropped, one was opened").arg(paths.size()));
     }
 }
 
@@ -225,8 +227,8 @@ bool EditorWindow::save()
 
 void EditorWindow::saveAs()
 {
-    const QString path = QFileDialog::getSaveFileName(this, QStringLiteral("Save the model as"),
-                                                      m_file.path(), deckFilter);
+    const QString path =
+        QFileDialog::getSaveFileName(this, tr("Save the model as"), m_file.path(), deckFilter());
     if (!path.isEmpty() && saveTo(path)) {
         m_settings.recentFiles()->addRecentFile(path);
     }
@@ -235,10 +237,10 @@ void EditorWindow::saveAs()
 bool EditorWindow::saveTo(const QString& path)
 {
     if (!m_file.save(path, m_editor->deck())) {
-        common_UserQuery(QStringLiteral("Model not saved"),
-                         QStringLiteral("%1\ncannot be written: %2.")
-                             .arg(suite::visiblePath(path), m_file.error()),
-                         common_UserQuery::Error, this, QString())
+        common_UserQuery(
+            tr("Model not saved"),
+            tr("%1\ncannot be written: %2.").arg(suite::visiblePath(path), m_file.error()),
+            common_UserQuery::Error, this, QString())
             .display();
         return false;
     }
@@ -267,7 +269,7 @@ void EditorWindow::showFindings(const QVector<suite::Finding>& findings)
     }
     m_findings->setCurrentRow(std::min(current, m_findings->count() - 1));
     m_mender->setFindings(findings);
-    m_summary->setText(QStringLiteral("Errors: %1  Warnings: %2").arg(errors).arg(warnings));
+    m_summary->setText(tr("Errors: %1  Warnings: %2").arg(errors).arg(warnings));
 }
 
 void EditorWindow::goToFinding(QListWidgetItem* item)
@@ -297,14 +299,11 @@ bool EditorWindow::mayDiscard()
     if (!m_editor->document()->isModified()) {
         return true;
     }
-    common_UserQuery query(QStringLiteral("Unsaved changes"),
-                           QStringLiteral("The model has been changed. Save it?"),
+    common_UserQuery query(tr("Unsaved changes"), tr("The model has been changed. Save it?"),
                            common_UserQuery::Warning, this, QString());
-    query.addOption(QStringLiteral("&Save"), QMessageBox::AcceptRole,
-                    common_UserQuery::EnterDefault);
-    query.addOption(QStringLiteral("&Discard"), QMessageBox::DestructiveRole);
-    query.addOption(QStringLiteral("Cancel"), QMessageBox::RejectRole,
-                    common_UserQuery::EscapeDefault);
+    query.addOption(tr("&Save"), QMessageBox::AcceptRole, common_UserQuery::EnterDefault);
+    query.addOption(tr("&Discard"), QMessageBox::DestructiveRole);
+    query.addOption(tr("Cancel"), QMessageBox::RejectRole, common_UserQuery::EscapeDefault);
     const int answer = query.display();
     return answer == QMessageBox::DestructiveRole || (answer == QMessageBox::AcceptRole && save());
 }
@@ -314,9 +313,9 @@ bool EditorWindow::mayOverwrite()
     if (!m_file.isChangedOutside()) {
         return true;
     }
-    common_UserQuery query(QStringLiteral("The file has changed"),
-                           QStringLiteral("%1\nwas changed by another program since it was opened "
-                                          "here. Replace what that wrote?")
+    common_UserQuery query(tr("The file has changed"),
+                           tr("%1\nwas changed by another program since it was opened "
+                              "here. Replace what that wrote?")
                                .arg(suite::visiblePath(m_file.path())),
                            common_UserQuery::Warning, this, QString());
     return isYes(query);
@@ -325,7 +324,7 @@ bool EditorWindow::mayOverwrite()
 void EditorWindow::updateTitle()
 {
     const QString tail = QStringLiteral("[*] - editkest");
-    setWindowTitle(m_file.path().isEmpty() ? QStringLiteral("New model") + tail
+    setWindowTitle(m_file.path().isEmpty() ? tr("New model") + tail
                                            : WindowTitle::of(m_file.path(), tail));
     setWindowModified(m_editor->document()->isModified());
 }

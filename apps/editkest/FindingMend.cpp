@@ -2,6 +2,8 @@
 
 #include <CardRules.h>
 
+#include <QCoreApplication>
+
 #include <algorithm>
 #include <iterator>
 
@@ -105,8 +107,8 @@ std::optional<FindingMend> insertion(const MissingCard& missing, const QStringLi
     if (hasCard(lines, mnemonic)) {
         return std::nullopt;
     }
-    return FindingMend{QStringLiteral("&Insert %1").arg(mnemonic), FindingMend::Kind::Insert,
-                       firstLine(lines, missing.isBehind), card};
+    return FindingMend{QCoreApplication::translate("FindingMend", "&Insert %1").arg(mnemonic),
+                       FindingMend::Kind::Insert, firstLine(lines, missing.isBehind), card};
 }
 
 std::optional<FindingMend> withoutBlanks(int line, const QStringList& lines)
@@ -117,7 +119,8 @@ std::optional<FindingMend> withoutBlanks(int line, const QStringList& lines)
     if (first == text.cbegin() || first == text.cend()) {
         return std::nullopt;
     }
-    return FindingMend{QStringLiteral("Remove the &blanks"), FindingMend::Kind::Replace, line,
+    return FindingMend{QCoreApplication::translate("FindingMend", "Remove the &blanks"),
+                       FindingMend::Kind::Replace, line,
                        text.mid(static_cast<int>(std::distance(text.cbegin(), first)))};
 }
 

@@ -55,12 +55,11 @@ std::optional<FindingMend> FindingMender::current() const
 void FindingMender::update()
 {
     const std::optional<FindingMend> found = current();
-    m_action->setText(found ? found->title : QStringLiteral("&Mend"));
-    m_action->setToolTip(
-        !found ? QStringLiteral("Select a finding that can be mended in one step")
-        : found->kind == FindingMend::Kind::Insert
-            ? QStringLiteral("Inserts \"%1\" as line %2").arg(found->text).arg(found->line)
-            : QStringLiteral("Makes line %1 \"%2\"").arg(found->line).arg(found->text));
+    m_action->setText(found ? found->title : tr("&Mend"));
+    m_action->setToolTip(!found ? tr("Select a finding that can be mended in one step")
+                         : found->kind == FindingMend::Kind::Insert
+                             ? tr("Inserts \"%1\" as line %2").arg(found->text).arg(found->line)
+                             : tr("Makes line %1 \"%2\"").arg(found->line).arg(found->text));
     m_action->setEnabled(found.has_value());
 }
 

@@ -14,10 +14,17 @@
 #include <PlainText.h>
 
 #include <QCommandLineParser>
+#include <QCoreApplication>
 #include <QFileInfo>
 #include <QLoggingCategory>
 
 namespace {
+
+/// Translates the texts of this file.
+struct Texts
+{
+    Q_DECLARE_TR_FUNCTIONS(CommandLine)
+};
 
 const QString componentOption = QStringLiteral("component");
 const QString jsonOption = QStringLiteral("json");
@@ -28,34 +35,33 @@ QVector<ApplicationOption> options()
 {
     QVector<ApplicationOption> result = {
         {{componentOption,
-          QStringLiteral("The component to run: %1. Without it, runkest.").arg(Component::names()),
+          Texts::tr("The component to run: %1. Without it, runkest.").arg(Component::names()),
           QStringLiteral("name"), QStringLiteral("runkest")},
          false,
          QString()}};
     for (const RunOptionWord& row : RunOptionWords::rows()) {
-        const QString help = QStringLiteral("%1 For %2.")
-                                 .arg(QLatin1String(row.meaning), Component::names(row.option));
+        const QString help =
+            Texts::tr("%1 For %2.").arg(RunOptionWords::shown(row), Component::names(row.option));
         result.append(
-            {{QLatin1String(row.word), help}, true, QStringLiteral("the window has a box for it")});
+            {{QLatin1String(row.word), help}, true, Texts::tr("the window has a box for it")});
     }
-    result.append({{jobsOption, QStringLiteral("Run up to N models at the same time."),
+    result.append({{jobsOption, Texts::tr("Run up to N models at the same time."),
                     QStringLiteral("N"), QStringLiteral("1")},
                    true,
-                   QStringLiteral("the window has a setting for it")});
-    result.append(
-        {{jsonOption, QStringLiteral("At the end, the runs as JSON on standard output; all "
-                                     "else goes to standard error.")},
-         true,
-         QString()});
+                   Texts::tr("the window has a setting for it")});
+    result.append({{jsonOption, Texts::tr("At the end, the runs as JSON on standard output; all "
+                                          "else goes to standard error.")},
+                   true,
+                   QString()});
     return result;
 }
 
 QString componentProblem(const QString& name)
 {
     return name == QLatin1String("adaptkest")
-               ? QStringLiteral("adaptkest is started by runkest and not by itself; its launch "
-                                "options are set with \"kestdesk options\"")
-               : QStringLiteral("\"%1\" is no name of a component; the components are %2")
+               ? Texts::tr("adaptkest is started by runkest and not by itself; its launch "
+                           "options are set with \"kestdesk options\"")
+               : Texts::tr("\"%1\" is no name of a component; the components are %2")
                      .arg(name, Component::names());
 }
 
@@ -63,7 +69,7 @@ QString runOptionProblem(const QCommandLineParser& parser, const Component& comp
 {
     for (const RunOptionWord& row : RunOptionWords::rows()) {
         if (parser.isSet(QLatin1String(row.word)) && !(component.options & row.option)) {
-            return QStringLiteral("--%1 has no meaning for %2, only for %3")
+            return Texts::tr("--%1 has no meaning for %2, only for %3")
                 .arg(QLatin1String(row.word), QLatin1String(component.name),
                      Component::names(row.option));
         }
@@ -89,8 +95,7 @@ QString commandHint(const QStringList& models)
     }
     const QString command =
         NearWord::of(word, {OptionsCommand::group().name(), MachinesCommand::group().name()});
-    return command.isEmpty() ? QString()
-                             : QStringLiteral("did you mean \"kestdesk %1\"?").arg(command);
+    return command.isEmpty() ? QString() : Texts::tr("did you mean \"kestdesk %1\"?").arg(command);
 }
 
 QString withHint(const QString& problem, const QString& hint)
@@ -110,9 +115,8 @@ QString modelsProblem(const QCommandLineParser& parser)
     const QStringList models = parser.positionalArguments();
     const QString hint = commandHint(models);
     return problem.isEmpty() && !hint.isEmpty()
-               ? withHint(
-                     QStringLiteral("there is no model %1").arg(suite::excerpt(models.first())),
-                     hint)
+               ? withHint(Texts::tr("there is no model %1").arg(suite::excerpt(models.first())),
+                          hint)
                : problem;
 }
 
@@ -133,7 +137,7 @@ QString jobsProblem(const QCommandLineParser& parser)
     const int jobs = typed.toInt();
     return jobs >= 1 && jobs <= mostJobs
                ? QString()
-               : QStringLiteral("--jobs takes a number from 1 to %1, and not \"%2\"")
+               : Texts::tr("--jobs takes a number from 1 to %1, and not \"%2\"")
                      .arg(mostJobs)
                      .arg(suite::excerpt(typed));
 }
@@ -171,13 +175,12 @@ ApplicationDescription CommandLine::application()
 {
     ApplicationDescription result;
     result.identity = {QStringLiteral("kestdesk"), QStringLiteral("models/dipole.nec")};
-    result.purpose = QStringLiteral(
+    result.purpose = Texts::tr(
         "Opens a window that runs the suite's solver components on models. With --non-interactive "
         "runs a component on each model in this terminal, with the user's launch options, and "
         "shows what it prints.");
-    result.exitCodes =
-        QStringLiteral("0 all models valid, 1 fault, 2 could not start, 130 stopped.");
-    result.notes = QStringLiteral(
+    result.exitCodes = Texts::tr("0 all models valid, 1 fault, 2 could not start, 130 stopped.");
+    result.notes = Texts::tr(
         "\nCtrl+C stops the component, a second one ends at once.\n\n"
         "Environment:\n"
         "  KEST_HOME       the installation with the components; without it, the one beside "
@@ -188,11 +191,11 @@ ApplicationDescription CommandLine::application()
         "  KEST_SSH        the program to reach hosts with; without it, ssh\n"
         "  KEST_SCRIPT     a file to record commands in\n"
         "  NO_COLOR        set to anything: no colours");
-    result.nonInteractiveHelp = QStringLiteral("Run in this terminal, without a window.");
-    result.displayAlternative = QStringLiteral("runs models in this terminal");
+    result.nonInteractiveHelp = Texts::tr("Run in this terminal, without a window.");
+    result.displayAlternative = Texts::tr("runs models in this terminal");
     result.options = options();
     result.fileKind = QStringLiteral("model");
-    result.fileHelp = QStringLiteral("Model files (*.nec).");
+    result.fileHelp = Texts::tr("Model files (*.nec).");
     result.fileSyntax = QStringLiteral("[model...]");
     result.commandGroups = {OptionsCommand::group(), MachinesCommand::group(),
                             RunsCommand::group()};

@@ -4,5 +4,5 @@
 
 int main(int argc, char* argv[])
 {
-    return ApplicationStart::run(CommandLine::application(), argc, argv);
+    return ApplicationStart::run(CommandLine::application, argc, argv);
 }

@@ -13,8 +13,9 @@ namespace {
 
 PictureOptions pictureOptions()
 {
-    return {QStringLiteral("The file to write: .png, .svg, or .csv for a table of all results. "
-                           "Without it a .png beside the first result."),
+    return {QCoreApplication::translate(
+                "CommandLine", "The file to write: .png, .svg, or .csv for a table of all results. "
+                               "Without it a .png beside the first result."),
             {1000, 900},
             100,
             10000};
@@ -55,16 +56,20 @@ ApplicationDescription CommandLine::application()
 {
     ApplicationDescription result;
     result.identity = {QStringLiteral("postkest"), QString()};
-    result.purpose = QStringLiteral("Shows what runs of solver components found: resistance, "
-                                    "reactance and standing wave ratio over frequency.");
-    result.exitCodes = QStringLiteral("0 written, 1 a result or the file to write is bad, 2 wrong "
-                                      "command line.");
-    result.nonInteractiveHelp = QStringLiteral("Write the charts into a file, without a window.");
-    result.displayAlternative = QStringLiteral("writes charts without one");
+    result.purpose = QCoreApplication::translate(
+        "CommandLine", "Shows what runs of solver components found: resistance, "
+                       "reactance and standing wave ratio over frequency.");
+    result.exitCodes = QCoreApplication::translate(
+        "CommandLine", "0 written, 1 a result or the file to write is bad, 2 wrong "
+                       "command line.");
+    result.nonInteractiveHelp = QCoreApplication::translate(
+        "CommandLine", "Write the charts into a file, without a window.");
+    result.displayAlternative =
+        QCoreApplication::translate("CommandLine", "writes charts without one");
     result.options = pictureOptions().options();
-    result.fileKind = QStringLiteral("result");
-    result.fileHelp = QStringLiteral("Results (*.csv).");
-    result.fileSyntax = QStringLiteral("[result...]");
+    result.fileKind = QCoreApplication::translate("CommandLine", "result");
+    result.fileHelp = QCoreApplication::translate("CommandLine", "Results (*.csv).");
+    result.fileSyntax = QCoreApplication::translate("CommandLine", "[result...]");
     result.windowTask = windowTask;
     result.nonInteractiveTask = exportTask;
     result.nonInteractiveSystem = WindowSystem::Offscreen;

@@ -8,6 +8,7 @@
 #include <VisibleText.h>
 
 #include <QBuffer>
+#include <QCoreApplication>
 #include <QFileInfo>
 #include <QLocale>
 #include <QPainter>
@@ -35,7 +36,7 @@ QByteArray svg(ResultView& view)
     generator.setOutputDevice(&buffer);
     generator.setSize(view.charts().size());
     generator.setViewBox(view.charts().rect());
-    generator.setTitle(QStringLiteral("Results"));
+    generator.setTitle(QCoreApplication::translate("Export", "Results"));
     view.charts().render(&generator);
     return bytes;
 }
@@ -67,7 +68,7 @@ QString save(const QString& path, const QByteArray& bytes)
 {
     suite::OutputFile file(path);
     return file.replace(bytes) ? QString()
-                               : QStringLiteral("%1 cannot be written: %2")
+                               : QCoreApplication::translate("Export", "%1 cannot be written: %2")
                                      .arg(suite::visibleText(path), file.reason());
 }
 
@@ -77,7 +78,8 @@ QString Export::write(const QString& path, ResultView& view, const QVector<Resul
                       const QVector<Result>& others)
 {
     if (isOneOf(path, results) || isOneOf(path, others) || suite::ResultTable::isTable(path)) {
-        return QStringLiteral("%1 is a result of a run: it is not overwritten")
+        return QCoreApplication::translate("Export",
+                                           "%1 is a result of a run: it is not overwritten")
             .arg(suite::visibleText(path));
     }
     const QString suffix = QFileInfo(path).suffix().toLower();
@@ -86,7 +88,8 @@ QString Export::write(const QString& path, ResultView& view, const QVector<Resul
             return save(path, format.make(view, results));
         }
     }
-    return QStringLiteral("%1 is neither .png nor .svg nor .csv").arg(suite::visibleText(path));
+    return QCoreApplication::translate("Export", "%1 is neither .png nor .svg nor .csv")
+        .arg(suite::visibleText(path));
 }
 
 QByteArray Export::table(const QVector<Result>& results)

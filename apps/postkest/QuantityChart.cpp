@@ -30,9 +30,9 @@ constexpr int mostPoints = 8000; // of a curve: more than a screen has columns
 
 // clang-format off
 const struct { Quantity quantity; const char* title; } titles[] = {
-    {Quantity::Resistance,        "Resistance / \u03a9"},
-    {Quantity::Reactance,         "Reactance / \u03a9"},
-    {Quantity::StandingWaveRatio, "SWR (50 \u03a9)"},
+    {Quantity::Resistance,        QT_TRANSLATE_NOOP("QuantityChart", "Resistance / Ω")},
+    {Quantity::Reactance,         QT_TRANSLATE_NOOP("QuantityChart", "Reactance / Ω")},
+    {Quantity::StandingWaveRatio, QT_TRANSLATE_NOOP("QuantityChart", "SWR (50 Ω)")},
 };
 
 // Axes of ratios: up to where, and the steps. Above the last nothing is to be read from a curve.
@@ -249,7 +249,7 @@ void QuantityChart::noteLayout()
 
 void QuantityChart::setFrequencyTitle(bool isShown)
 {
-    m_frequencyAxis->setTitleText(isShown ? QStringLiteral("Frequency / MHz") : QString());
+    m_frequencyAxis->setTitleText(isShown ? tr("Frequency / MHz") : QString());
 }
 
 void QuantityChart::mark(std::optional<double> frequency)
@@ -263,7 +263,7 @@ QString QuantityChart::title(Quantity quantity)
     const auto* row =
         std::find_if(std::begin(titles), std::end(titles),
                      [quantity](const auto& each) { return each.quantity == quantity; });
-    return QString::fromUtf8(row->title);
+    return QuantityChart::tr(row->title);
 }
 
 QColor QuantityChart::colour(int place) const

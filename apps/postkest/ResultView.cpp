@@ -15,13 +15,19 @@ using suite::ResultPoint;
 
 namespace {
 
-const QString nothingPointed =
-    QStringLiteral("Point at a chart, or use the arrow keys, to read values.");
-const QString nothingShown =
-    QStringLiteral("Open results of runs (Ctrl+O), or drop them on this window.");
 constexpr double longNumber = 1e9; // is shown with its power of ten
 constexpr int mostReadoutLines = 8;
 constexpr double leastWindow = 1e-6; // of a frequency: a smaller one has no numbers for its labels
+
+QString nothingPointed()
+{
+    return ResultView::tr("Point at a chart, or use the arrow keys, to read values.");
+}
+
+QString nothingShown()
+{
+    return ResultView::tr("Open results of runs (Ctrl+O), or drop them on this window.");
+}
 
 FrequencyWindow windowOf(const QVector<Result>& results)
 {
@@ -125,7 +131,7 @@ void ResultView::setResults(const QVector<Result>& results)
 // Pointing at a chart must not change its height; many results are to be scrolled.
 void ResultView::reserveReadout()
 {
-    m_readout->setText(m_results.isEmpty() ? nothingShown : readout(0));
+    m_readout->setText(m_results.isEmpty() ? nothingShown() : readout(0));
     const int mostHeight = mostReadoutLines * fontMetrics().lineSpacing();
     m_readoutArea->setFixedHeight(std::min(m_readout->sizeHint().height(), mostHeight));
     showReadout();
@@ -134,9 +140,9 @@ void ResultView::reserveReadout()
 void ResultView::showReadout()
 {
     if (m_results.isEmpty()) {
-        m_readout->setText(nothingShown);
+        m_readout->setText(nothingShown());
     } else {
-        m_readout->setText(m_pointed ? readout(*m_pointed) : nothingPointed);
+        m_readout->setText(m_pointed ? readout(*m_pointed) : nothingPointed());
     }
 }
 

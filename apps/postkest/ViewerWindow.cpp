@@ -62,7 +62,7 @@ ViewerWindow::ViewerWindow(const QStringList& paths)
     makeContent();
     makeFileMenu();
     makeViewMenu();
-    HelpMenu::addTo(*this, QStringLiteral("Shows what runs of solver components found."));
+    HelpMenu::addTo(*this, tr("Shows what runs of solver components found."));
     m_settings.readSettings();
     WindowGeometry::restore(*this, *m_settings.geometry());
     connect(m_watch, &ResultWatch::changed, this, &ViewerWindow::reload);
@@ -77,11 +77,11 @@ void ViewerWindow::makeContent()
     setCentralWidget(m_view);
     m_list = new QListWidget(this);
     m_list->setObjectName(QStringLiteral("resultList"));
-    m_list->setAccessibleName(QStringLiteral("Results"));
+    m_list->setAccessibleName(tr("Results"));
     const int side = m_list->fontMetrics().height();
     m_list->setIconSize(QSize(side, side));
     connect(m_list, &QListWidget::itemChanged, this, &ViewerWindow::noteVisibility);
-    auto* dock = new QDockWidget(QStringLiteral("Results"), this);
+    auto* dock = new QDockWidget(tr("Results"), this);
     dock->setObjectName(QStringLiteral("resultDock"));
     dock->setFeatures(QDockWidget::DockWidgetMovable);
     dock->setWidget(m_list);
@@ -91,32 +91,30 @@ void ViewerWindow::makeContent()
 
 void ViewerWindow::makeFileMenu()
 {
-    QMenu* menu = menuBar()->addMenu(QStringLiteral("&File"));
-    QAction* open =
-        menu->addAction(icon(QStringLiteral("open")), QStringLiteral("&Open results..."), this,
-                        &ViewerWindow::chooseResults, QKeySequence::Open);
+    QMenu* menu = menuBar()->addMenu(tr("&File"));
+    QAction* open = menu->addAction(icon(QStringLiteral("open")), tr("&Open results..."), this,
+                                    &ViewerWindow::chooseResults, QKeySequence::Open);
     open->setObjectName(QStringLiteral("openAction"));
     auto* recent = new RecentMenu(menu, m_settings.recentFiles());
     recent->setIcon(icon(QStringLiteral("recent")));
     connect(recent, &RecentMenu::fileChosen, this,
             [this](const QString& path) { openResults({path}); });
     menu->addMenu(recent);
-    QAction* save = menu->addAction(QStringLiteral("&Export..."), this, &ViewerWindow::exportView,
+    QAction* save = menu->addAction(tr("&Export..."), this, &ViewerWindow::exportView,
                                     QKeySequence(QStringLiteral("Ctrl+E")));
     save->setObjectName(QStringLiteral("exportAction"));
     menu->addSeparator();
-    menu->addAction(QStringLiteral("&Quit"), this, &QWidget::close,
-                    QKeySequence(QStringLiteral("Ctrl+Q")));
+    menu->addAction(tr("&Quit"), this, &QWidget::close, QKeySequence(QStringLiteral("Ctrl+Q")));
 }
 
 void ViewerWindow::makeViewMenu()
 {
-    QMenu* menu = menuBar()->addMenu(QStringLiteral("&View"));
-    QAction* again = menu->addAction(QStringLiteral("&Reload"), this, &ViewerWindow::reloadAll,
+    QMenu* menu = menuBar()->addMenu(tr("&View"));
+    QAction* again = menu->addAction(tr("&Reload"), this, &ViewerWindow::reloadAll,
                                      QKeySequence(QStringLiteral("F5")));
     again->setObjectName(QStringLiteral("reloadAction"));
-    QAction* remove = menu->addAction(QStringLiteral("Re&move result"), this,
-                                      &ViewerWindow::removeSelected, QKeySequence::Delete);
+    QAction* remove = menu->addAction(tr("Re&move result"), this, &ViewerWindow::removeSelected,
+                                      QKeySequence::Delete);
     remove->setObjectName(QStringLiteral("removeAction"));
 }
 
@@ -152,24 +150,23 @@ QString ViewerWindow::folder() const
 
 void ViewerWindow::chooseResults()
 {
-    openResults(OpenDialog::files(this, QStringLiteral("Open results"), folder(),
-                                  QStringLiteral("Results (*.csv);;All (*)")));
+    openResults(
+        OpenDialog::files(this, tr("Open results"), folder(), tr("Results (*.csv);;All (*)")));
 }
 
 void ViewerWindow::exportView()
 {
     const QString path = QFileDialog::getSaveFileName(
-        this, QStringLiteral("Export"), QDir(folder()).filePath(QStringLiteral("results.png")),
-        QStringLiteral("Picture (*.png);;Drawing (*.svg);;Table (*.csv)"));
+        this, tr("Export"), QDir(folder()).filePath(QStringLiteral("results.png")),
+        tr("Picture (*.png);;Drawing (*.svg);;Table (*.csv)"));
     if (path.isEmpty()) {
         return;
     }
     const QString error = Export::write(path, *m_view, visibleResults(), m_results);
     if (error.isEmpty()) {
-        statusBar()->showMessage(QStringLiteral("Written: %1").arg(suite::visiblePath(path)));
+        statusBar()->showMessage(tr("Written: %1").arg(suite::visiblePath(path)));
     } else {
-        common_UserQuery(QStringLiteral("Not exported"), error, common_UserQuery::Error, this,
-                         QString())
+        common_UserQuery(tr("Not exported"), error, common_UserQuery::Error, this, QString())
             .display();
     }
 }
@@ -188,8 +185,7 @@ void ViewerWindow::reload(const QString& path)
         if (m_results.at(place).path == path) {
             m_results[place] = Result::read(path);
             updateItem(place);
-            statusBar()->showMessage(
-                QStringLiteral("Read again: %1").arg(m_results.at(place).shownName()));
+            statusBar()->showMessage(tr("Read again: %1").arg(m_results.at(place).shownName()));
         }
     }
     showResults();
@@ -237,10 +233,9 @@ void ViewerWindow::updateItem(int place)
     const Result& result = m_results.at(place);
     const QString path = QDir::toNativeSeparators(result.path);
     m_list->item(place)->setToolTip(ToolTip::of(
-        result.error.isEmpty() ? path : path + QStringLiteral("\nNot shown: ") + result.error));
+        result.error.isEmpty() ? path : tr("%1\nNot shown: %2").arg(path, result.error)));
     if (!result.error.isEmpty()) {
-        statusBar()->showMessage(
-            QStringLiteral("%1 is not shown: %2").arg(result.shownName(), result.error));
+        statusBar()->showMessage(tr("%1 is not shown: %2").arg(result.shownName(), result.error));
     }
 }
 

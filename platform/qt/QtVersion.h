@@ -1,6 +1,8 @@
 #pragma once
 
 #include <QCoreApplication>
+#include <QLibraryInfo>
+#include <QString>
 #include <QTextStream>
 
 #include <array>
@@ -31,6 +33,10 @@ constexpr int fontWeight(int weight)
 /// Whether QSettings takes bytes beyond ASCII in a file for UTF-8, instead of Latin-1.
 constexpr bool readsSettingsAsUtf8 = QT_VERSION >= QT_VERSION_CHECK(6, 0, 0);
 
+/// Whether a comment in rich text begins with "<!--" as in HTML, instead of "<!-" and any two
+/// characters.
+constexpr bool readsCommentsAsHtml = QT_VERSION >= QT_VERSION_CHECK(6, 0, 0);
+
 /// Makes the stream read and write UTF-8 in every locale.
 inline void setUtf8(QTextStream& stream)
 {
@@ -48,6 +54,16 @@ inline void useAllPixels()
 #if QT_VERSION < QT_VERSION_CHECK(6, 0, 0)
     QCoreApplication::setAttribute(Qt::AA_EnableHighDpiScaling);
     QCoreApplication::setAttribute(Qt::AA_UseHighDpiPixmaps);
+#endif
+}
+
+/// The folder of the translations of Qt's own texts.
+inline QString translationsFolder()
+{
+#if QT_VERSION >= QT_VERSION_CHECK(6, 0, 0)
+    return QLibraryInfo::path(QLibraryInfo::TranslationsPath);
+#else
+    return QLibraryInfo::location(QLibraryInfo::TranslationsPath);
 #endif
 }
 

@@ -30,7 +30,7 @@ files = {
         '{keys::host, String, "", 0, kept},\n{keys::fixed, Boolean, "", true, fixed},\n',
     "apps/kestdesk/options/LaunchOptionTable.cpp":
         'constexpr const char* solver = "Kest Solver";\n'
-        '{"Kest.Host", solver, "Remote", "&Host", ""},\n'
+        '{"Kest.Host", solver, QT_TR_NOOP("Remote"), QT_TR_NOOP("&Host"), ""},\n'
         '{"Kest.Priority", solver, "Run", "priorit&y", ""},\n{"Kest.Fixed", solver, "Run", "Fixed", ""},\n',
     "docs/gui-testing.md": "| object | is |\n|---|---|\n| `window` | it |\n"
                            "| `chart0`, `chart1` | charts |\n| `goButton` | goes |\n",

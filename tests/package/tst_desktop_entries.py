@@ -28,7 +28,7 @@ def setUpModule():
 
 def entries(program):
     with open(f"{share}/applications/{program}.desktop", encoding="utf-8") as file:
-        return dict(re.findall(r"^(\w+)=(.*)$", file.read(), re.M))
+        return dict(re.findall(r"^([\w\[\]]+)=(.*)$", file.read(), re.M))
 
 
 class DesktopEntries(unittest.TestCase):
@@ -41,6 +41,12 @@ class DesktopEntries(unittest.TestCase):
         for program in programs:
             self.assertEqual(entries(program)["Exec"].split()[0], program)
             self.assertTrue(os.access(f"{prefix}/bin/{program}", os.X_OK))
+
+    def test_are_also_in_german(self):
+        for program in programs:
+            rows = entries(program)
+            for key in ("GenericName", "Comment", "Keywords"):
+                self.assertNotEqual(rows[f"{key}[de]"], rows[key])
 
     def test_have_icons(self):
         icons = f"{share}/icons/hicolor/scalable"

@@ -17,7 +17,7 @@ namespace {
 QString textOf(const QString& purpose, const QString& engine)
 {
     const auto* const info = GET_SERVICE(common_IApplicationInfo);
-    return QStringLiteral("%1 %2\n%3\nInstallation: %4\n\n%5")
+    return QCoreApplication::translate("AboutBox", "%1 %2\n%3\nInstallation: %4\n\n%5")
         .arg(info->applicationName(), QCoreApplication::applicationVersion(), purpose,
              suite::visiblePath(info->installationDirectory()), Versions::parts(engine));
 }
@@ -26,10 +26,11 @@ QString textOf(const QString& purpose, const QString& engine)
 
 void AboutBox::show(QWidget& window, const QString& purpose)
 {
-    const QPointer<QMessageBox> box = new QMessageBox(
-        QMessageBox::Information,
-        QStringLiteral("About %1").arg(GET_SERVICE(common_IApplicationInfo)->applicationName()),
-        textOf(purpose, QStringLiteral("...")), QMessageBox::Ok, &window);
+    const QPointer<QMessageBox> box =
+        new QMessageBox(QMessageBox::Information,
+                        QCoreApplication::translate("AboutBox", "About %1")
+                            .arg(GET_SERVICE(common_IApplicationInfo)->applicationName()),
+                        textOf(purpose, QStringLiteral("...")), QMessageBox::Ok, &window);
     box->setObjectName(QStringLiteral("aboutBox"));
     box->setTextFormat(Qt::PlainText);
     box->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);

@@ -10,7 +10,6 @@ namespace {
 constexpr int patience = 2000;     // milliseconds
 constexpr int longestAnswer = 100; // characters
 constexpr int killedWithin = 1000; // milliseconds
-const QString unknown = QStringLiteral("unknown version");
 
 QString chosenProgram()
 {
@@ -38,7 +37,7 @@ void EngineVersion::start()
 {
     m_program = QStandardPaths::findExecutable(chosenProgram());
     if (m_program.isEmpty()) {
-        setText(QStringLiteral("%1 is not in the search path").arg(chosenProgram()));
+        setText(tr("%1 is not in the search path").arg(chosenProgram()));
         return;
     }
     m_process.setStandardInputFile(QProcess::nullDevice());
@@ -62,7 +61,8 @@ void EngineVersion::read()
                              .section(QLatin1Char('\n'), 0, 0)
                              .trimmed()
                              .left(longestAnswer);
-    setText(QStringLiteral("%1 (%2)").arg(line.isEmpty() ? unknown : suite::visibleText(line),
+    setText(QStringLiteral("%1 (%2)").arg(line.isEmpty() ? tr("unknown version")
+                                                         : suite::visibleText(line),
                                           suite::visiblePath(m_program)));
 }
 

@@ -8,8 +8,8 @@ namespace {
 // Those of Qt have Qt's version.
 // clang-format off
 const struct { const char* application; const char* library; const char* licence; } libraries[] = {
-    {"",         "Qt",        "LGPL version 3"},
-    {"postkest", "Qt Charts", "GPL version 3"},
+    {"",         "Qt",        QT_TRANSLATE_NOOP("Versions", "LGPL version 3")},
+    {"postkest", "Qt Charts", QT_TRANSLATE_NOOP("Versions", "GPL version 3")},
 };
 // clang-format on
 
@@ -23,13 +23,13 @@ QString Versions::program()
 
 QString Versions::parts(const QString& engine)
 {
-    QStringList lines = {QStringLiteral("Engine: ") + engine};
+    QStringList lines = {QCoreApplication::translate("Versions", "Engine: %1").arg(engine)};
     for (const auto& row : libraries) {
         const QString application = QLatin1String(row.application);
         if (application.isEmpty() || application == QCoreApplication::applicationName()) {
             lines.append(QStringLiteral("%1 %2, %3")
                              .arg(QLatin1String(row.library), QLatin1String(qVersion()),
-                                  QLatin1String(row.licence)));
+                                  QCoreApplication::translate("Versions", row.licence)));
         }
     }
     return lines.join(QLatin1Char('\n'));

@@ -19,9 +19,11 @@ const QString helpAllOption = QStringLiteral("help-all");
 
 void addOptions(QCommandLineParser& parser, const ApplicationDescription& application)
 {
-    parser.setApplicationDescription(application.purpose +
-                                     QStringLiteral("\n\nExit code of --non-interactive: ") +
-                                     application.exitCodes + application.notes);
+    parser.setApplicationDescription(
+        application.purpose + QStringLiteral("\n\n") +
+        QCoreApplication::translate("ApplicationRequest", "Exit code of --non-interactive: %1")
+            .arg(application.exitCodes) +
+        application.notes);
     parser.addHelpOption();
     parser.addVersionOption();
     parser.addOption({nonInteractiveOption, application.nonInteractiveHelp});
@@ -60,7 +62,7 @@ QString windowProblem(const ApplicationDescription& application, const QCommandL
     if (unfit == application.options.end()) {
         return QString();
     }
-    const QString text = QStringLiteral("--%1 needs --%2")
+    const QString text = QCoreApplication::translate("ApplicationRequest", "--%1 needs --%2")
                              .arg(unfit->option.names().constFirst(), nonInteractiveOption);
     return unfit->windowHint.isEmpty() ? text : text + QStringLiteral("; ") + unfit->windowHint;
 }
@@ -79,10 +81,14 @@ ApplicationTask nonInteractiveTask(const ApplicationDescription& application,
 {
     const QStringList files = parser.positionalArguments();
     if (files.isEmpty()) {
-        return {QStringLiteral("no %1 given").arg(application.fileKind), {}};
+        return {QCoreApplication::translate("ApplicationRequest", "no %1 given")
+                    .arg(application.fileKind),
+                {}};
     }
     if (files.contains(QString())) {
-        return {QStringLiteral("the name of a %1 is empty").arg(application.fileKind), {}};
+        return {QCoreApplication::translate("ApplicationRequest", "the name of a %1 is empty")
+                    .arg(application.fileKind),
+                {}};
     }
     return application.nonInteractiveTask(parser);
 }

@@ -5,6 +5,7 @@
 #include "ErrorOutput.h"
 #include "Services.h"
 #include "SuiteFolders.h"
+#include "Translations.h"
 #include "WindowDisplay.h"
 
 #include <QtVersion.h>
@@ -37,7 +38,8 @@ int completed(const ApplicationTask& task)
     if (suite::StandardOutput::flush() || exitCode != 0) {
         return exitCode;
     }
-    ErrorOutput::print(QStringLiteral("the output could not be written"));
+    ErrorOutput::print(
+        QCoreApplication::translate("ApplicationStart", "the output could not be written"));
     return exitIncomplete;
 }
 
@@ -46,10 +48,26 @@ int completed(const ApplicationTask& task)
 QString windowSystemProblem(WindowSystem windowSystem, const QString& alternative)
 {
     if (windowSystem == WindowSystem::Display && !WindowDisplay::exists()) {
-        return QStringLiteral("there is no display for the window; --non-interactive ") +
-               alternative;
+        return QCoreApplication::translate(
+                   "ApplicationStart", "there is no display for the window; --non-interactive %1")
+            .arg(alternative);
     }
     return windowSystem == WindowSystem::None ? QString() : suite::TemporaryFolder::placeProblem();
+}
+
+bool canStart(WindowSystem windowSystem)
+{
+    return windowSystemProblem(windowSystem, QString()).isEmpty();
+}
+
+// Translations need an application object, of a kind that can always be made.
+int refuseWindowSystem(WindowSystem windowSystem,
+                       const std::function<ApplicationDescription()>& describe,
+                       suite::ProgramArguments& arguments)
+{
+    const QCoreApplication object(arguments.count(), arguments.values());
+    Translations::install();
+    return refuse(windowSystemProblem(windowSystem, describe().displayAlternative));
 }
 
 void setUpPixels()
@@ -76,20 +94,23 @@ std::unique_ptr<QCoreApplication> makeApplicationObject(WindowSystem windowSyste
 
 } // namespace
 
-int ApplicationStart::run(const ApplicationDescription& application, int argc, char* argv[])
+int ApplicationStart::run(const std::function<ApplicationDescription()>& describe, int argc,
+                          char* argv[])
 {
-    QCoreApplication::setApplicationName(application.identity.name);
+    const ApplicationDescription untranslated = describe();
+    QCoreApplication::setApplicationName(untranslated.identity.name);
     QCoreApplication::setApplicationVersion(suite::version());
     suite::ProgramArguments arguments(argc, argv);
     const WindowSystem windowSystem =
-        ApplicationRequest::read(application, arguments.words()).windowSystem;
-    const QString startProblem = windowSystemProblem(windowSystem, application.displayAlternative);
-    if (!startProblem.isEmpty()) {
-        return refuse(startProblem);
+        ApplicationRequest::read(untranslated, arguments.words()).windowSystem;
+    if (!canStart(windowSystem)) {
+        return refuseWindowSystem(windowSystem, describe, arguments);
     }
     const auto applicationObject = makeApplicationObject(windowSystem, arguments);
+    Translations::install();
 
-    // Once more, as Qt's own options are gone now.
+    // Once more, as Qt's own options are gone now, and texts are in the user's language.
+    const ApplicationDescription application = describe();
     const ApplicationRequest request = ApplicationRequest::read(application, arguments.words());
     if (!request.task.problem.isEmpty()) {
         return refuse(request.task.problem, arguments.hint());

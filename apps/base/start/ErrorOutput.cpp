@@ -26,5 +26,6 @@ void ErrorOutput::printRefusal(const QString& text, const QString& hint)
     if (!hint.isEmpty()) {
         printLine(hint);
     }
-    printLine(QStringLiteral("Try \"%1 --help\".").arg(QCoreApplication::applicationName()));
+    printLine(QCoreApplication::translate("ErrorOutput", "Try \"%1 --help\".")
+                  .arg(QCoreApplication::applicationName()));
 }

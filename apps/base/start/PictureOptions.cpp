@@ -1,6 +1,7 @@
 #include "PictureOptions.h"
 
 #include <QCommandLineParser>
+#include <QCoreApplication>
 
 #include <algorithm>
 
@@ -24,8 +25,13 @@ QSize parseSize(const QString& text)
 QVector<ApplicationOption> PictureOptions::options() const
 {
     const QString usual = QStringLiteral("%1x%2").arg(usualSize.width()).arg(usualSize.height());
-    return {{{outputOption, outputHelp, QStringLiteral("file")}, true, QString()},
-            {{sizeOption, QStringLiteral("The picture's size in pixels (default: %1).").arg(usual),
+    return {{{outputOption, outputHelp, QCoreApplication::translate("PictureOptions", "file")},
+             true,
+             QString()},
+            {{sizeOption,
+              QCoreApplication::translate("PictureOptions",
+                                          "The picture's size in pixels (default: %1).")
+                  .arg(usual),
               QStringLiteral("WxH"), usual},
              true,
              QString()}};
@@ -46,10 +52,12 @@ QString PictureOptions::sizeProblem(const QCommandLineParser& parser) const
     const QSize chosen = size(parser);
     const bool isValid = std::min(chosen.width(), chosen.height()) >= leastSide &&
                          std::max(chosen.width(), chosen.height()) <= greatestSide;
-    return isValid ? QString()
-                   : QStringLiteral("\"%1\" is no size: width x height, from %2 to %3 pixels")
-                         .arg(parser.value(sizeOption), QString::number(leastSide),
-                              QString::number(greatestSide));
+    return isValid
+               ? QString()
+               : QCoreApplication::translate(
+                     "PictureOptions", "\"%1\" is no size: width x height, from %2 to %3 pixels")
+                     .arg(parser.value(sizeOption), QString::number(leastSide),
+                          QString::number(greatestSide));
 }
 
 QSize PictureOptions::size(const QCommandLineParser& parser)

@@ -1,5 +1,7 @@
 #include "QtOptions.h"
 
+#include <QCoreApplication>
+
 #include <algorithm>
 #include <iterator>
 
@@ -14,17 +16,17 @@ struct QtOption
 
 // clang-format off
 constexpr QtOption qtOptions[] = {
-    {"display",            "name",     "The X display to use, in place of $DISPLAY."},
-    {"platform",           "name",     "The plugin for the window system, such as xcb, wayland or offscreen."},
-    {"platformpluginpath", "folder",   "Where such plugins are."},
-    {"platformtheme",      "name",     "The theme of the desktop."},
-    {"plugin",             "name",     "A generic plugin to load; may be given several times."},
-    {"qwindowgeometry",    "geometry", "Place and size of the first window, such as 800x600+50+50."},
-    {"qwindowicon",        "file",     "The icon of windows."},
-    {"qwindowtitle",       "text",     "The title of the first window."},
-    {"reverse",            "",         "Lay windows out from right to left."},
-    {"style",              "name",     "The style of widgets, such as fusion."},
-    {"stylesheet",         "file",     "A style sheet for widgets."},
+    {"display",            QT_TRANSLATE_NOOP("QtOptions", "name"),     QT_TRANSLATE_NOOP("QtOptions", "The X display to use, in place of $DISPLAY.")},
+    {"platform",           QT_TRANSLATE_NOOP("QtOptions", "name"),     QT_TRANSLATE_NOOP("QtOptions", "The plugin for the window system, such as xcb, wayland or offscreen.")},
+    {"platformpluginpath", QT_TRANSLATE_NOOP("QtOptions", "folder"),   QT_TRANSLATE_NOOP("QtOptions", "Where such plugins are.")},
+    {"platformtheme",      QT_TRANSLATE_NOOP("QtOptions", "name"),     QT_TRANSLATE_NOOP("QtOptions", "The theme of the desktop.")},
+    {"plugin",             QT_TRANSLATE_NOOP("QtOptions", "name"),     QT_TRANSLATE_NOOP("QtOptions", "A generic plugin to load; may be given several times.")},
+    {"qwindowgeometry",    QT_TRANSLATE_NOOP("QtOptions", "geometry"), QT_TRANSLATE_NOOP("QtOptions", "Place and size of the first window, such as 800x600+50+50.")},
+    {"qwindowicon",        QT_TRANSLATE_NOOP("QtOptions", "file"),     QT_TRANSLATE_NOOP("QtOptions", "The icon of windows.")},
+    {"qwindowtitle",       QT_TRANSLATE_NOOP("QtOptions", "text"),     QT_TRANSLATE_NOOP("QtOptions", "The title of the first window.")},
+    {"reverse",            "",         QT_TRANSLATE_NOOP("QtOptions", "Lay windows out from right to left.")},
+    {"style",              QT_TRANSLATE_NOOP("QtOptions", "name"),     QT_TRANSLATE_NOOP("QtOptions", "The style of widgets, such as fusion.")},
+    {"stylesheet",         QT_TRANSLATE_NOOP("QtOptions", "file"),     QT_TRANSLATE_NOOP("QtOptions", "A style sheet for widgets.")},
     {"fontengine",         "",         ""},
     {"geometry",           "",         ""},
     {"icon",               "",         ""},
@@ -54,8 +56,9 @@ QList<QCommandLineOption> QtOptions::all()
     QList<QCommandLineOption> result;
     for (const QtOption& row : qtOptions) {
         if (*row.meaning != '\0') {
-            result.append(QCommandLineOption(QLatin1String(row.name), QLatin1String(row.meaning),
-                                             QLatin1String(row.valueName)));
+            result.append(QCommandLineOption(
+                QLatin1String(row.name), QCoreApplication::translate("QtOptions", row.meaning),
+                QCoreApplication::translate("QtOptions", row.valueName)));
         }
     }
     return result;

@@ -27,7 +27,7 @@ struct Subcommand
     QVector<SubcommandOption> options;
     const char* operands; ///< "NAME" for a word, "NAME..." for one or more, "[NAME]" for one that
                           ///< may be missing, "[NAME...]" for any number; several with blanks
-    const char* meaning;
+    const char* meaning;  ///< QT_TRANSLATE_NOOP("Subcommand", ...)
     int (*run)(const SubcommandWords& words); ///< returns the exit code
 
     /// The name with the options and the operands, for the help.

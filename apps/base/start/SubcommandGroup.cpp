@@ -35,7 +35,7 @@ int widthOf(const QVector<Subcommand>& commands)
 QString lineOf(const Subcommand& command, int width)
 {
     const QString syntax = command.syntax();
-    const QString meaning = QLatin1String(command.meaning);
+    const QString meaning = QCoreApplication::translate("Subcommand", command.meaning);
     return syntax.size() <= width
                ? QStringLiteral("  %1  %2\n").arg(syntax, -width).arg(meaning)
                : QStringLiteral("  %1\n  %2  %3\n").arg(syntax, QString(width, u' '), meaning);
@@ -52,7 +52,7 @@ QString SubcommandGroup::usage() const
     const int width = widthOf(m_commands);
     QStringList words = {QCoreApplication::applicationName(), m_name, QStringLiteral("COMMAND")};
     words.removeAll(QString());
-    QString text = QStringLiteral("Usage: %1\n").arg(words.join(QLatin1Char(' ')));
+    QString text = tr("Usage: %1\n").arg(words.join(QLatin1Char(' ')));
     for (const Subcommand& command : m_commands) {
         text += lineOf(command, width);
     }
@@ -70,9 +70,8 @@ int SubcommandGroup::run(const QStringList& words) const
         std::find_if(m_commands.begin(), m_commands.end(),
                      [&name](const Subcommand& row) { return name == QLatin1String(row.name); });
     if (command == m_commands.end()) {
-        return refuse(words.isEmpty()
-                          ? QStringLiteral("no command given")
-                          : QStringLiteral("unknown command \"%1\"").arg(suite::excerpt(name)));
+        return refuse(words.isEmpty() ? tr("no command given")
+                                      : tr("unknown command \"%1\"").arg(suite::excerpt(name)));
     }
     const SubcommandWords rest(*command, words.mid(1));
     return rest.problem().isEmpty() ? command->run(rest) : refuse(rest.problem());

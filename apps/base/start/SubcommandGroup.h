@@ -2,12 +2,15 @@
 
 #include "Subcommand.h"
 
+#include <QCoreApplication>
 #include <QStringList>
 #include <QVector>
 
 /// The subcommands behind one first word, such as those of "kestdesk options".
 class SubcommandGroup
 {
+    Q_DECLARE_TR_FUNCTIONS(SubcommandGroup)
+
 public:
     /// The notes are lines that the help has below the commands. The name is empty for the commands
     /// of a program that has no others.

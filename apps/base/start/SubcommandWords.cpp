@@ -6,6 +6,24 @@
 
 #include <algorithm>
 
+namespace {
+
+// What the values are called in messages.
+[[maybe_unused]] constexpr const char* valueWords[] = {
+    QT_TRANSLATE_NOOP("SubcommandOption", "seconds"),
+    QT_TRANSLATE_NOOP("SubcommandOption", "name"),
+    QT_TRANSLATE_NOOP("SubcommandOption", "word"),
+    QT_TRANSLATE_NOOP("SubcommandOption", "n"),
+};
+
+QString valueWord(const SubcommandOption& option)
+{
+    const QByteArray word = QByteArray(option.valueName).toLower();
+    return QCoreApplication::translate("SubcommandOption", word.constData());
+}
+
+} // namespace
+
 SubcommandWords::SubcommandWords(const Subcommand& command, QStringList words) : m_command(command)
 {
     read(std::move(words));
@@ -27,7 +45,7 @@ void SubcommandWords::read(QStringList words)
         } else if (option != options.cend()) {
             readOption(*option, word, words);
         } else {
-            setProblem(QStringLiteral("unknown option \"%1\"").arg(suite::excerpt(name)));
+            setProblem(tr("unknown option \"%1\"").arg(suite::excerpt(name)));
         }
     }
 }
@@ -37,13 +55,13 @@ void SubcommandWords::readOption(const SubcommandOption& option, const QString& 
                                  QStringList& rest)
 {
     if (has(option.name)) {
-        setProblem(QStringLiteral("%1 is given twice").arg(QLatin1String(option.name)));
+        setProblem(tr("%1 is given twice").arg(QLatin1String(option.name)));
     }
     m_values.insert(QLatin1String(option.name), QString());
     const bool isJoined = word.contains(QLatin1Char('='));
     if (!option.takesValue()) {
         if (isJoined) {
-            setProblem(QStringLiteral("%1 takes no value").arg(QLatin1String(option.name)));
+            setProblem(tr("%1 takes no value").arg(QLatin1String(option.name)));
         }
     } else if (isJoined) {
         readValue(option, word.section(QLatin1Char('='), 1));
@@ -57,9 +75,7 @@ void SubcommandWords::readValue(const SubcommandOption& option, const QString& t
     if (option.takesNumber()) {
         setProblem(numberProblem(option, typed));
     } else if (typed.isEmpty()) {
-        setProblem(QStringLiteral("%1 takes a %2")
-                       .arg(QLatin1String(option.name),
-                            QString(QLatin1String(option.valueName)).toLower()));
+        setProblem(tr("%1 takes a %2").arg(QLatin1String(option.name), valueWord(option)));
     }
     m_values.insert(QLatin1String(option.name), typed);
 }
@@ -70,9 +86,8 @@ QString SubcommandWords::numberProblem(const SubcommandOption& option, const QSt
     const int number = typed.toInt(&isNumber);
     return isNumber && number >= option.least && number <= option.most
                ? QString()
-               : QStringLiteral("%1 takes whole %2 from %3 to %4, and not \"%5\"")
-                     .arg(QLatin1String(option.name),
-                          QString(QLatin1String(option.valueName)).toLower(),
+               : tr("%1 takes whole %2 from %3 to %4, and not \"%5\"")
+                     .arg(QLatin1String(option.name), valueWord(option),
                           QString::number(option.least), QString::number(option.most),
                           suite::excerpt(typed));
 }
@@ -89,11 +104,10 @@ void SubcommandWords::checkCount()
     const bool isOpen = all.contains(QLatin1String("..."));
     const QString missing = names.value(m_operands.size());
     if (!missing.isEmpty() && !missing.startsWith(QLatin1Char('['))) {
-        setProblem(
-            QStringLiteral("%1 is missing").arg(missing.section(QLatin1String("..."), 0, 0)));
+        setProblem(tr("%1 is missing").arg(missing.section(QLatin1String("..."), 0, 0)));
     } else if (m_operands.size() > names.size() && !isOpen) {
-        setProblem(QStringLiteral("unexpected argument \"%1\"")
-                       .arg(suite::excerpt(m_operands.at(names.size()))));
+        setProblem(
+            tr("unexpected argument \"%1\"").arg(suite::excerpt(m_operands.at(names.size()))));
     }
 }
 

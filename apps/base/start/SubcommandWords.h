@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QCoreApplication>
 #include <QMap>
 #include <QString>
 #include <QStringList>
@@ -10,6 +11,8 @@ struct SubcommandOption;
 /// The words behind the name of a subcommand.
 class SubcommandWords
 {
+    Q_DECLARE_TR_FUNCTIONS(SubcommandWords)
+
 public:
     /// Separates options from operands; options may stand anywhere. "-" alone is an operand. The
     /// command must outlive this object.

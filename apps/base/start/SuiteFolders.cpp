@@ -1,5 +1,6 @@
 #include "SuiteFolders.h"
 
+#include <QCoreApplication>
 #include <QFile>
 
 QString SuiteFolders::problem()
@@ -7,8 +8,10 @@ QString SuiteFolders::problem()
     for (const char* const variable : {"KEST_HOME", "KEST_USER_HOME"}) {
         const QByteArray name = qgetenv(variable);
         if (QFile::encodeName(QFile::decodeName(name)) != name) {
-            return QStringLiteral("%1 names a folder with characters that cannot be read; the name "
-                                  "must be text in the encoding of this session, such as UTF-8")
+            return QCoreApplication::translate(
+                       "SuiteFolders",
+                       "%1 names a folder with characters that cannot be read; the name "
+                       "must be text in the encoding of this session, such as UTF-8")
                 .arg(QLatin1String(variable));
         }
     }

@@ -5,6 +5,7 @@
 
 #include <common_UserQuery.h>
 
+#include <QCoreApplication>
 #include <QDir>
 #include <QFileDialog>
 #include <QUrl>
@@ -41,15 +42,17 @@ void reportUnlisted(const QFileDialog& dialog, QWidget* parent)
     }
     QStringList lines = names.mid(0, mostNamed);
     if (names.size() > lines.size()) {
-        lines.append(QStringLiteral("and %1 more").arg(names.size() - lines.size()));
+        lines.append(QCoreApplication::translate("OpenDialog", "and %1 more")
+                         .arg(names.size() - lines.size()));
     }
-    common_UserQuery(
-        QStringLiteral("Files that are not listed"),
-        QStringLiteral("Files in\n%1\nwere not listed, because their names are not UTF-8; rename "
-                       "them to open them:\n%2")
-            .arg(suite::visiblePath(dialog.directory().absolutePath()),
-                 lines.join(QLatin1Char('\n'))),
-        common_UserQuery::Information, parent, QString())
+    common_UserQuery(QCoreApplication::translate("OpenDialog", "Files that are not listed"),
+                     QCoreApplication::translate(
+                         "OpenDialog",
+                         "Files in\n%1\nwere not listed, because their names are not UTF-8; rename "
+                         "them to open them:\n%2")
+                         .arg(suite::visiblePath(dialog.directory().absolutePath()),
+                              lines.join(QLatin1Char('\n'))),
+                     common_UserQuery::Information, parent, QString())
         .display();
 }
 

@@ -13,8 +13,8 @@ namespace {
 
 // clang-format off
 const struct { FileProbe::Answer answer; const char* reason; } obstacles[] = {
-    {FileProbe::Answer::Unreadable, "There is no such file any more, or it cannot be read"},
-    {FileProbe::Answer::None,       "Its folder does not answer; the network may be gone"},
+    {FileProbe::Answer::Unreadable, QT_TRANSLATE_NOOP("RecentMenu", "There is no such file any more, or it cannot be read")},
+    {FileProbe::Answer::None,       QT_TRANSLATE_NOOP("RecentMenu", "Its folder does not answer; the network may be gone")},
 };
 // clang-format on
 
@@ -23,13 +23,13 @@ QString obstacle(FileProbe::Answer answer)
 {
     const auto* row = std::find_if(std::begin(obstacles), std::end(obstacles),
                                    [answer](const auto& each) { return each.answer == answer; });
-    return row == std::end(obstacles) ? QString() : QLatin1String(row->reason);
+    return row == std::end(obstacles) ? QString() : RecentMenu::tr(row->reason);
 }
 
 } // namespace
 
 RecentMenu::RecentMenu(QWidget* parent, common_recent_file_settings* settings)
-    : QMenu(QStringLiteral("Open &recent"), parent), m_settings(settings)
+    : QMenu(tr("Open &recent"), parent), m_settings(settings)
 {
     setObjectName(QStringLiteral("recentMenu"));
     setToolTipsVisible(true);
@@ -57,7 +57,7 @@ void RecentMenu::list()
         updateEntry(*entry);
     }
     if (files.isEmpty()) {
-        addAction(QStringLiteral("No recent files"))->setEnabled(false);
+        addAction(tr("No recent files"))->setEnabled(false);
         return;
     }
     check(files);

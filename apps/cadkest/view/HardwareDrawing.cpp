@@ -108,9 +108,9 @@ HardwareDrawing::HardwareDrawing()
         m_program.addShaderFromSourceCode(QOpenGLShader::Fragment, fragmentShader) &&
         m_program.link();
     if (!isLinked) {
-        m_error = QStringLiteral("OpenGL refuses the shaders: %1").arg(m_program.log().trimmed());
+        m_error = tr("OpenGL refuses the shaders: %1").arg(m_program.log().trimmed());
     } else if (!m_buffer.create()) {
-        m_error = QStringLiteral("OpenGL gives no memory");
+        m_error = tr("OpenGL gives no memory");
     }
 }
 

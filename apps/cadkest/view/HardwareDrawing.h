@@ -2,6 +2,7 @@
 
 #include "Renderer.h"
 
+#include <QCoreApplication>
 #include <QOpenGLBuffer>
 #include <QOpenGLShaderProgram>
 #include <QString>
@@ -11,6 +12,8 @@
 /// one context current.
 class HardwareDrawing
 {
+    Q_DECLARE_TR_FUNCTIONS(HardwareDrawing)
+
 public:
     HardwareDrawing();
 

@@ -20,15 +20,15 @@ HardwareRenderer::HardwareRenderer()
     const QSurfaceFormat format = HardwareDrawing::surfaceFormat();
     m_context->setFormat(format);
     if (!m_context->create()) {
-        m_error = QStringLiteral("this display has no OpenGL");
+        m_error = tr("this display has no OpenGL");
         return;
     }
     m_surface->setFormat(format);
     m_surface->create();
     if (!makeCurrent()) {
-        m_error = QStringLiteral("OpenGL does not start");
+        m_error = tr("OpenGL does not start");
     } else if (!QOpenGLFramebufferObject::hasOpenGLFramebufferObjects()) {
-        m_error = QStringLiteral("the OpenGL of this display is too old");
+        m_error = tr("the OpenGL of this display is too old");
     } else {
         m_drawing = std::make_unique<HardwareDrawing>();
         m_error = m_drawing->error();

@@ -2,6 +2,7 @@
 
 #include "Renderer.h"
 
+#include <QCoreApplication>
 #include <QString>
 
 class QOffscreenSurface;
@@ -13,6 +14,8 @@ class HardwareDrawing;
 /// Draws by OpenGL into a picture, without a window.
 class HardwareRenderer : public Renderer
 {
+    Q_DECLARE_TR_FUNCTIONS(HardwareRenderer)
+
 public:
     HardwareRenderer();
     ~HardwareRenderer() override;

@@ -3,6 +3,7 @@
 #include "RoundLength.h"
 #include "Scene.h"
 
+#include <QCoreApplication>
 #include <QPainter>
 
 #include <algorithm>
@@ -75,9 +76,27 @@ int paintLine(QPainter& painter, int top, const QString& text, const QColor& pat
     return top + height + 2;
 }
 
-QString counted(int count, const QString& one, const QString& many)
+QString wireText(int count)
 {
-    return QStringLiteral("%L1 %2").arg(count).arg(count == 1 ? one : many);
+    return (count == 1 ? QCoreApplication::translate("Overlay", "%L1 wire")
+                       : QCoreApplication::translate("Overlay", "%L1 wires"))
+        .arg(count);
+}
+
+QString segmentText(int count)
+{
+    return (count == 1 ? QCoreApplication::translate("Overlay", "%L1 segment")
+                       : QCoreApplication::translate("Overlay", "%L1 segments"))
+        .arg(count);
+}
+
+QString patchText(int count)
+{
+    return (count == 1
+                ? QCoreApplication::translate("Overlay", "%L1 card of surface patches is not shown")
+                : QCoreApplication::translate("Overlay",
+                                              "%L1 cards of surface patches are not shown"))
+        .arg(count);
 }
 
 } // namespace
@@ -94,10 +113,12 @@ void Overlay::paint(QPainter& painter, const Frame& frame, const QSize& size) co
         top = paintLine(painter, top, line);
     }
     if (hasFeeds) {
-        top = paintLine(painter, top, QStringLiteral("source"), frame.colours[Paint::Feed]);
+        top = paintLine(painter, top, QCoreApplication::translate("Overlay", "source"),
+                        frame.colours[Paint::Feed]);
     }
     if (hasLoads) {
-        paintLine(painter, top, QStringLiteral("load"), frame.colours[Paint::Load]);
+        paintLine(painter, top, QCoreApplication::translate("Overlay", "load"),
+                  frame.colours[Paint::Load]);
     }
     paintScaleBar(painter, frame, size);
     painter.save();
@@ -112,18 +133,14 @@ Overlay overlayOf(const Scene& scene, const QString& title)
     overlay.hasFeeds = scene.feedCount() > 0;
     overlay.hasLoads = scene.loadCount() > 0;
     const suite::Structure& structure = scene.structure;
-    overlay.lines =
-        QStringList{title, counted(structure.wires.size(), QStringLiteral("wire, "),
-                                   QStringLiteral("wires, ")) +
-                               counted(structure.segmentCount(), QStringLiteral("segment"),
-                                       QStringLiteral("segments"))};
+    overlay.lines = QStringList{title, wireText(structure.wires.size()) + QStringLiteral(", ") +
+                                           segmentText(structure.segmentCount())};
     if (structure.patchCards > 0) {
-        overlay.lines.append(counted(structure.patchCards,
-                                     QStringLiteral("card of surface patches is not shown"),
-                                     QStringLiteral("cards of surface patches are not shown")));
+        overlay.lines.append(patchText(structure.patchCards));
     }
     if (scene.isCut) {
-        overlay.lines.append(QStringLiteral("not complete: there are more segments"));
+        overlay.lines.append(
+            QCoreApplication::translate("Overlay", "not complete: there are more segments"));
     }
     return overlay;
 }

@@ -27,7 +27,7 @@ void HardwareOffer::make()
         return;
     }
     m_dialog = std::make_unique<common_InitialRenderingSettingsDialog>(
-        m_window, QStringLiteral("Settings > Rendering"), true);
+        m_window, tr("Settings > Rendering"), true);
     if (!m_dialog->Test()) {
         finish(false);
         return;

@@ -17,13 +17,13 @@ QString reasonOf(const QByteArray& output)
 {
     const QString text = QString::fromLocal8Bit(output).trimmed();
     const QString last = text.section(QLatin1Char('\n'), -1).left(longestReason);
-    return last.isEmpty() ? QStringLiteral("OpenGL does not work") : suite::visibleText(last);
+    return last.isEmpty() ? HardwareProbe::tr("OpenGL does not work") : suite::visibleText(last);
 }
 
 QString errorOf(QProcess& process)
 {
     if (process.exitStatus() == QProcess::CrashExit) {
-        return QStringLiteral("OpenGL crashed when it was tried");
+        return HardwareProbe::tr("OpenGL crashed when it was tried");
     }
     return process.exitCode() == 0 ? QString() : reasonOf(process.readAllStandardOutput());
 }
@@ -35,7 +35,7 @@ HardwareProbe::HardwareProbe(QString program) : m_program(std::move(program))
     m_patience.setSingleShot(true);
     m_patience.setInterval(usualPatience);
     connect(&m_patience, &QTimer::timeout, this,
-            [this] { finish(QStringLiteral("OpenGL gave no answer when it was tried")); });
+            [this] { finish(HardwareProbe::tr("OpenGL gave no answer when it was tried")); });
 }
 
 HardwareProbe::~HardwareProbe()
@@ -55,7 +55,7 @@ void HardwareProbe::start()
             [this, process] { finish(errorOf(*process)); });
     connect(process, &QProcess::errorOccurred, this, [this, process](QProcess::ProcessError error) {
         if (error == QProcess::FailedToStart) {
-            finish(QStringLiteral("it could not be tried: %1").arg(process->errorString()));
+            finish(HardwareProbe::tr("it could not be tried: %1").arg(process->errorString()));
         }
     });
     m_patience.start();

@@ -48,8 +48,8 @@ void setMessage(QLabel* label, const QString& text)
 
 QString renderingName(Rendering rendering)
 {
-    return rendering == Rendering::Hardware ? QStringLiteral("Hardware rendering")
-                                            : QStringLiteral("Software rendering");
+    return rendering == Rendering::Hardware ? MainWindow::tr("Hardware rendering")
+                                            : MainWindow::tr("Software rendering");
 }
 
 } // namespace
@@ -121,23 +121,24 @@ void MainWindow::makeMenus()
         void (MainWindow::*act)();
     };
     const std::array<Item, 3> items = {{
-        {"actionOpen", "&Open...", QKeySequence::Open, &MainWindow::askForModel},
-        {"actionReload", "&Reload", Qt::Key_F5, &MainWindow::reload},
-        {"actionSavePicture", "Save &picture...", QKeySequence::Save, &MainWindow::savePicture},
+        {"actionOpen", QT_TR_NOOP("&Open..."), QKeySequence::Open, &MainWindow::askForModel},
+        {"actionReload", QT_TR_NOOP("&Reload"), Qt::Key_F5, &MainWindow::reload},
+        {"actionSavePicture", QT_TR_NOOP("Save &picture..."), QKeySequence::Save,
+         &MainWindow::savePicture},
     }};
-    QMenu* menu = menuBar()->addMenu(QStringLiteral("&File"));
+    QMenu* menu = menuBar()->addMenu(tr("&File"));
     m_fileMenu = menu;
     for (const Item& item : items) {
-        QAction* action = menu->addAction(QString::fromLatin1(item.text), this, item.act);
+        QAction* action = menu->addAction(tr(item.text), this, item.act);
         action->setObjectName(QString::fromLatin1(item.name));
         action->setShortcut(item.keys);
     }
     menu->addSeparator();
-    QAction* quit = menu->addAction(QStringLiteral("&Quit"), this, &QWidget::close);
+    QAction* quit = menu->addAction(tr("&Quit"), this, &QWidget::close);
     quit->setObjectName(QStringLiteral("actionQuit"));
     quit->setShortcut(QKeySequence::Quit);
     makeViewMenu();
-    m_settingsMenu = menuBar()->addMenu(QStringLiteral("&Settings"));
+    m_settingsMenu = menuBar()->addMenu(tr("&Settings"));
 }
 
 void MainWindow::makeViewMenu()
@@ -150,22 +151,22 @@ void MainWindow::makeViewMenu()
         Direction direction;
     };
     static constexpr std::array<Item, 4> items = {{
-        {"actionCorner", "From a &corner\t0", Direction::Isometric},
-        {"actionAlongY", "Along &y\t1", Direction::Y},
-        {"actionAlongX", "Along &x\t3", Direction::X},
-        {"actionAbove", "From &above\t7", Direction::Z},
+        {"actionCorner", QT_TR_NOOP("From a &corner\t0"), Direction::Isometric},
+        {"actionAlongY", QT_TR_NOOP("Along &y\t1"), Direction::Y},
+        {"actionAlongX", QT_TR_NOOP("Along &x\t3"), Direction::X},
+        {"actionAbove", QT_TR_NOOP("From &above\t7"), Direction::Z},
     }};
-    QMenu* menu = menuBar()->addMenu(QStringLiteral("&View"));
-    menu->addAction(QStringLiteral("&Fit\tHome"), m_view, &SceneView::fit)
+    QMenu* menu = menuBar()->addMenu(tr("&View"));
+    menu->addAction(tr("&Fit\tHome"), m_view, &SceneView::fit)
         ->setObjectName(QStringLiteral("actionFit"));
     menu->addSeparator();
     for (const Item& item : items) {
-        QAction* action = menu->addAction(QString::fromLatin1(item.text), this,
+        QAction* action = menu->addAction(tr(item.text), this,
                                           [this, item] { m_view->lookFrom(item.direction); });
         action->setObjectName(QString::fromLatin1(item.name));
     }
     menu->addSeparator();
-    QAction* thickness = menu->addAction(QStringLiteral("&True radii"));
+    QAction* thickness = menu->addAction(tr("&True radii"));
     thickness->setObjectName(QStringLiteral("actionTrueRadii"));
     thickness->setCheckable(true);
     connect(thickness, &QAction::toggled, this, [this](bool isTrue) {
@@ -203,30 +204,27 @@ void MainWindow::showErrors(const QString& name, const QStringList& errors, bool
     }
     QStringList lines = errors.mid(0, mostErrorsShown);
     if (errors.size() > lines.size()) {
-        lines.append(QStringLiteral("and %1 more").arg(errors.size() - lines.size()));
+        lines.append(tr("and %1 more").arg(errors.size() - lines.size()));
     }
-    lines.prepend(isShown
-                      ? QStringLiteral("%1 has mistakes; what could be read is shown:").arg(name)
-                      : QStringLiteral("%1 cannot be shown:").arg(name));
+    lines.prepend(isShown ? tr("%1 has mistakes; what could be read is shown:").arg(name)
+                          : tr("%1 cannot be shown:").arg(name));
     setMessage(m_modelMessage, lines.join(QLatin1Char('\n')));
 }
 
 void MainWindow::showRendering(const QString& error)
 {
     m_renderingName->setText(renderingName(m_view->rendering()));
-    setMessage(
-        m_renderingMessage,
-        error.isEmpty()
-            ? QString()
-            : QStringLiteral("Hardware rendering is not available: %1. Software rendering is used.")
-                  .arg(error));
+    setMessage(m_renderingMessage,
+               error.isEmpty()
+                   ? QString()
+                   : tr("Hardware rendering is not available: %1. Software rendering is used.")
+                         .arg(error));
 }
 
 void MainWindow::askForModel()
 {
-    const QString name =
-        OpenDialog::file(this, QStringLiteral("Open model"), QFileInfo(m_path).absolutePath(),
-                         QStringLiteral("Models (*.nec);;All files (*)"));
+    const QString name = OpenDialog::file(this, tr("Open model"), QFileInfo(m_path).absolutePath(),
+                                          tr("Models (*.nec);;All files (*)"));
     if (!name.isEmpty()) {
         openModel(name);
     }
@@ -234,14 +232,12 @@ void MainWindow::askForModel()
 
 void MainWindow::savePicture()
 {
-    const QString name = QFileDialog::getSaveFileName(this, QStringLiteral("Save picture"),
-                                                      QFileInfo(m_path).absolutePath(),
-                                                      QStringLiteral("Pictures (*.png)"));
+    const QString name = QFileDialog::getSaveFileName(
+        this, tr("Save picture"), QFileInfo(m_path).absolutePath(), tr("Pictures (*.png)"));
     if (name.isEmpty()) {
         return;
     }
     const QString error = writePicture(m_view->picture(), name);
-    statusBar()->showMessage(error.isEmpty()
-                                 ? QStringLiteral("%1 is saved").arg(suite::visiblePath(name))
-                                 : QStringLiteral("The picture is not saved: %1").arg(error));
+    statusBar()->showMessage(error.isEmpty() ? tr("%1 is saved").arg(suite::visiblePath(name))
+                                             : tr("The picture is not saved: %1").arg(error));
 }

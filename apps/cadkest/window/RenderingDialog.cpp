@@ -23,7 +23,7 @@ RenderingDialog::RenderingDialog(SceneView* view, RenderingSettings* settings, Q
     , m_widget(new common_RenderingSettingsWidget(this, nullptr, {}, oneSlider))
 {
     setObjectName(QStringLiteral("renderingDialog"));
-    setWindowTitle(QStringLiteral("Rendering"));
+    setWindowTitle(tr("Rendering"));
     auto* buttons = new QDialogButtonBox(
         QDialogButtonBox::Ok | QDialogButtonBox::Apply | QDialogButtonBox::Cancel, this);
     auto* layout = new QVBoxLayout(this);

@@ -24,7 +24,7 @@ RenderingSwitch::~RenderingSwitch()
 void RenderingSwitch::start()
 {
     if (m_settings->rendering == Rendering::Hardware && m_settings->isUnproven) {
-        m_window->refuseHardware(QStringLiteral(
+        m_window->refuseHardware(tr(
             "the program ended when it was last switched on (Settings, Rendering tries it again)"));
         return;
     }
@@ -41,7 +41,7 @@ void RenderingSwitch::change(Rendering rendering)
     } else if (m_window->view()->rendering() == rendering) {
         Q_EMIT changed(true);
     } else {
-        m_window->statusBar()->showMessage(QStringLiteral("Trying hardware rendering..."));
+        m_window->statusBar()->showMessage(tr("Trying hardware rendering..."));
         m_probe.start();
     }
 }

@@ -5,10 +5,17 @@
 #include <ModelFile.h>
 #include <VisibleText.h>
 
+#include <QCoreApplication>
 #include <QDir>
 #include <QFileInfo>
 
 namespace {
+
+/// Translates the texts of this file.
+struct Texts
+{
+    Q_DECLARE_TR_FUNCTIONS(ResumedRun)
+};
 
 const QString resumeOption = QStringLiteral("--resume");
 constexpr int behindTheModel = 1; // which is the first argument, whatever its name
@@ -28,11 +35,11 @@ QString obstacleOfState(const RunRecord& record)
 {
     switch (record.state) {
     case RunRecord::State::Running:
-        return QStringLiteral("The run is still going on.");
+        return Texts::tr("The run is still going on.");
     case RunRecord::State::Valid:
-        return QStringLiteral("The run has done all of its work.");
+        return Texts::tr("The run has done all of its work.");
     case RunRecord::State::NotStarted:
-        return QStringLiteral("The run was not started.");
+        return Texts::tr("The run was not started.");
     default:
         return QString();
     }
@@ -47,16 +54,15 @@ QString ResumedRun::obstacle(const RunRecord& record)
         return ofState;
     }
     if (record.component != solver || !RecordedRun::hasCommand(record)) {
-        return QStringLiteral("Runs of %1 cannot be resumed.")
-            .arg(suite::visibleText(record.component));
+        return Texts::tr("Runs of %1 cannot be resumed.").arg(suite::visibleText(record.component));
     }
     if (!QFileInfo(record.model).isFile()) {
-        return QStringLiteral("The model %1 is no longer there.")
+        return Texts::tr("The model %1 is no longer there.")
             .arg(suite::visibleFileName(record.model));
     }
     const QString file = suite::ModelFile(record.model).resultPath(QStringLiteral("partial"));
     return isLeft(record) ? QString()
-                          : QStringLiteral("There is no %1 beside the model to continue from.")
+                          : Texts::tr("There is no %1 beside the model to continue from.")
                                 .arg(suite::visibleFileName(file));
 }
 

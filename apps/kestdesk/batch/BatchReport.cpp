@@ -1,5 +1,6 @@
 #include "BatchReport.h"
 
+#include "ReasonText.h"
 #include "Run.h"
 #include "RunForecast.h"
 #include "RunTexts.h"
@@ -111,7 +112,7 @@ void BatchReport::end(const Run& run, int number)
         return;
     }
     if (!run.problem().isEmpty()) {
-        reportError(run.problem());
+        reportError(ReasonText::shown(run.problem()));
     }
     showSummary(**found);
     showOutcome(run, number);
@@ -129,9 +130,9 @@ void BatchReport::showSummary(const Shown& shown)
         return counted(shown.counts[type], noun);
     };
     for (const QString& file : run.files()) {
-        writeLine(run, QStringLiteral("wrote %1").arg(file));
+        writeLine(run, tr("wrote %1").arg(file));
     }
-    writeLine(run, QStringLiteral("%1, %2, %3, %4 in %5")
+    writeLine(run, tr("%1, %2, %3, %4 in %5")
                        .arg(count(common_IProcessMessage::Error, "error"),
                             count(common_IProcessMessage::Warning, "warning"),
                             count(common_IProcessMessage::Notice, "notice"),
@@ -147,11 +148,13 @@ void BatchReport::showOutcome(const Run& run, int number)
     const bool needsExplanation =
         outcome.kind() == RunOutcome::Kind::Fault || outcome.kind() == RunOutcome::Kind::NotStarted;
     if (number > 0 && needsExplanation) {
-        writeLine(run,
-                  QStringLiteral("\"kestdesk runs show %1\" shows this run again").arg(number));
+        writeLine(run, tr("\"kestdesk runs show %1\" shows this run again").arg(number));
     }
     if (!outcome.reason().isEmpty()) {
-        writeLine(run, QStringLiteral("%1 %2").arg(run.componentName(), outcome.reason()), colour);
+        writeLine(
+            run,
+            QStringLiteral("%1 %2").arg(run.componentName(), ReasonText::shown(outcome.reason())),
+            colour);
     }
     m_output->writeLine(QStringLiteral("%1: %2").arg(nameOf(run), outcome.word()), colour);
 }
@@ -209,7 +212,7 @@ QString BatchReport::status() const
             parts.append(QStringLiteral("%1 %2%").arg(nameOf(run)).arg(run.totalPercentage()) +
                          comma + left);
         } else {
-            parts.append(QStringLiteral("[%1] %2% in all, phase %3%, %4  %5")
+            parts.append(tr("[%1] %2% in all, phase %3%, %4  %5")
                              .arg(progressBar(run.totalPercentage()))
                              .arg(run.totalPercentage(), 3)
                              .arg(run.percentage(), 3)

@@ -2,6 +2,7 @@
 
 #include "Component.h"
 #include "KestdeskSettings.h"
+#include "ReasonText.h"
 #include "StopSignals.h"
 
 #include <common_IApplicationInfo.h>
@@ -86,7 +87,8 @@ void BatchSession::start(const QueuedRun& queued)
     m_report.follow(run->run(), run->forecast());
     m_shutdown.add(run->run());
     connect(run.get(), &BatchRun::recordFailed, this, [this](const QString& reason) {
-        m_report.reportError(QStringLiteral("the record of this run is not complete: ") + reason);
+        m_report.reportError(
+            tr("the record of this run is not complete: %1").arg(ReasonText::shown(reason)));
     });
     connect(run.get(), &BatchRun::finished, this, [this, queued] { onFinished(queued); });
     run->start(m_settings);
@@ -115,7 +117,7 @@ void BatchSession::setJson(bool isJson)
 void BatchSession::onStopRequested()
 {
     if (m_shutdown.phase() == Shutdown::Phase::None) {
-        m_report.reportError(QStringLiteral("stopping; once more ends at once"));
+        m_report.reportError(tr("stopping; once more ends at once"));
     }
     m_queue.close();
     m_shutdown.request();

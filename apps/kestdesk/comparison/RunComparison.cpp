@@ -2,9 +2,11 @@
 
 #include "FileComparison.h"
 #include "MessageComparison.h"
+#include "ReasonText.h"
 
 #include <InputFile.h>
 
+#include <QCoreApplication>
 #include <QDir>
 #include <QJsonArray>
 #include <QMap>
@@ -12,6 +14,12 @@
 #include <algorithm>
 
 namespace {
+
+/// Translates the texts of this file.
+struct Texts
+{
+    Q_DECLARE_TR_FUNCTIONS(RunComparison)
+};
 
 using Field = RunComparison::Field;
 using Fields = QVector<Field>;
@@ -28,33 +36,33 @@ struct FieldRow
 // The arguments are not compared: they follow from the rest and contain names of temporary files.
 // clang-format off
 constexpr FieldRow fieldRows[] = {
-    {&RunComparison::run,      "component",        "component"},
-    {&RunComparison::run,      "model",            "model"},
-    {&RunComparison::run,      "segments",         "segments"},
-    {&RunComparison::run,      "frequencies",      "frequencies"},
-    {&RunComparison::run,      "runOptions",       "run options"},
-    {&RunComparison::run,      "processes",        "processes"},
-    {&RunComparison::run,      "program",          "program"},
-    {&RunComparison::run,      "workingDirectory", "folder"},
-    {&RunComparison::computer, "host",             "host"},
-    {&RunComparison::computer, "system",           "system"},
-    {&RunComparison::computer, "processor",        "processor"},
-    {&RunComparison::computer, "cores",            "cores"},
-    {&RunComparison::computer, "user",             "user"},
-    {&RunComparison::computer, "suiteVersion",     "version of the suite"},
-    {&RunComparison::computer, "qtVersion",        "version of Qt"},
-    {&RunComparison::computer, "installation",     "installation"},
-    {&RunComparison::outcome,  "state",            "state"},
-    {&RunComparison::outcome,  "outcome",          "outcome"},
-    {&RunComparison::outcome,  "reason",           "reason"},
-    {&RunComparison::outcome,  "problem",          "problem"},
-    {&RunComparison::outcome,  "stoppedBy",        "stopped by"},
-    {&RunComparison::outcome,  "exitCode",         "exit code or signal"},
-    {&RunComparison::outcome,  "isCrash",          "ended by a signal"},
-    {&RunComparison::outcome,  "totalPercentage",  "percent done"},
-    {&RunComparison::outcome,  "errors",           "errors"},
-    {&RunComparison::outcome,  "warnings",         "warnings"},
-    {&RunComparison::outcome,  "notices",          "notices"},
+    {&RunComparison::run,      "component",        QT_TRANSLATE_NOOP("RunComparison", "component")},
+    {&RunComparison::run,      "model",            QT_TRANSLATE_NOOP("RunComparison", "model")},
+    {&RunComparison::run,      "segments",         QT_TRANSLATE_NOOP("RunComparison", "segments")},
+    {&RunComparison::run,      "frequencies",      QT_TRANSLATE_NOOP("RunComparison", "frequencies")},
+    {&RunComparison::run,      "runOptions",       QT_TRANSLATE_NOOP("RunComparison", "run options")},
+    {&RunComparison::run,      "processes",        QT_TRANSLATE_NOOP("RunComparison", "processes")},
+    {&RunComparison::run,      "program",          QT_TRANSLATE_NOOP("RunComparison", "program")},
+    {&RunComparison::run,      "workingDirectory", QT_TRANSLATE_NOOP("RunComparison", "folder")},
+    {&RunComparison::computer, "host",             QT_TRANSLATE_NOOP("RunComparison", "host")},
+    {&RunComparison::computer, "system",           QT_TRANSLATE_NOOP("RunComparison", "system")},
+    {&RunComparison::computer, "processor",        QT_TRANSLATE_NOOP("RunComparison", "processor")},
+    {&RunComparison::computer, "cores",            QT_TRANSLATE_NOOP("RunComparison", "cores")},
+    {&RunComparison::computer, "user",             QT_TRANSLATE_NOOP("RunComparison", "user")},
+    {&RunComparison::computer, "suiteVersion",     QT_TRANSLATE_NOOP("RunComparison", "version of the suite")},
+    {&RunComparison::computer, "qtVersion",        QT_TRANSLATE_NOOP("RunComparison", "version of Qt")},
+    {&RunComparison::computer, "installation",     QT_TRANSLATE_NOOP("RunComparison", "installation")},
+    {&RunComparison::outcome,  "state",            QT_TRANSLATE_NOOP("RunComparison", "state")},
+    {&RunComparison::outcome,  "outcome",          QT_TRANSLATE_NOOP("RunComparison", "outcome")},
+    {&RunComparison::outcome,  "reason",           QT_TRANSLATE_NOOP("RunComparison", "reason")},
+    {&RunComparison::outcome,  "problem",          QT_TRANSLATE_NOOP("RunComparison", "problem")},
+    {&RunComparison::outcome,  "stoppedBy",        QT_TRANSLATE_NOOP("RunComparison", "stopped by")},
+    {&RunComparison::outcome,  "exitCode",         QT_TRANSLATE_NOOP("RunComparison", "exit code or signal")},
+    {&RunComparison::outcome,  "isCrash",          QT_TRANSLATE_NOOP("RunComparison", "ended by a signal")},
+    {&RunComparison::outcome,  "totalPercentage",  QT_TRANSLATE_NOOP("RunComparison", "percent done")},
+    {&RunComparison::outcome,  "errors",           QT_TRANSLATE_NOOP("RunComparison", "errors")},
+    {&RunComparison::outcome,  "warnings",         QT_TRANSLATE_NOOP("RunComparison", "warnings")},
+    {&RunComparison::outcome,  "notices",          QT_TRANSLATE_NOOP("RunComparison", "notices")},
 };
 // clang-format on
 
@@ -90,7 +98,7 @@ void compareFields(const RunRecord& left, const RunRecord& right, RunComparison&
         const QLatin1String name(row.name);
         if (leftJson.value(name) != rightJson.value(name)) {
             (result.*row.group)
-                .append({name, QLatin1String(row.label), textOf(leftJson.value(name)),
+                .append({name, Texts::tr(row.label), textOf(leftJson.value(name)),
                          textOf(rightJson.value(name))});
         }
     }
@@ -208,11 +216,11 @@ RunComparison RunComparison::of(const RunRecord& left, const RunRecord& right)
     compareFields(left, right, result);
     result.launchOptions = differences(optionsOf(left), optionsOf(right));
     result.environment = differences(environmentOf(left), environmentOf(right));
-    result.model = compareTexts(QStringLiteral("model"), Copy(left, left.modelCopy),
-                                Copy(right, right.modelCopy));
+    result.model = compareTexts(QLatin1String(QT_TRANSLATE_NOOP("ComparisonReport", "model")),
+                                Copy(left, left.modelCopy), Copy(right, right.modelCopy));
     result.machinesFile =
-        compareTexts(QStringLiteral("machines file"), Copy(left, left.machinesCopy),
-                     Copy(right, right.machinesCopy));
+        compareTexts(QLatin1String(QT_TRANSLATE_NOOP("ComparisonReport", "machines file")),
+                     Copy(left, left.machinesCopy), Copy(right, right.machinesCopy));
     result.messages = MessageComparison::of(left, right, result.problems);
     result.files = FileComparison::of(left, right);
     return result;
@@ -228,6 +236,16 @@ bool RunComparison::isSame() const
     });
     return !hasFields && !hasFiles && messages.isEmpty() && problems.isEmpty() && model.isSame &&
            machinesFile.isSame;
+}
+
+QVector<RunComparison::Field> RunComparison::shownOutcome() const
+{
+    QVector<Field> fields = outcome;
+    for (Field& field : fields) {
+        field.left = ReasonText::shown(field.left);
+        field.right = ReasonText::shown(field.right);
+    }
+    return fields;
 }
 
 QJsonObject RunComparison::toJson() const

@@ -19,7 +19,7 @@ struct RunComparison
     struct Field
     {
         QString name;  ///< key in RunRecord::toJson(), launch option or variable
-        QString label; ///< for readers
+        QString label; ///< in the user's language
         QString left;
         QString right;
     };
@@ -79,6 +79,9 @@ struct RunComparison
 
     /// Whether nothing but the times differs, and everything could be compared.
     bool isSame() const;
+
+    /// The fields of the group "outcome" with their values in the user's language.
+    QVector<Field> shownOutcome() const;
 
     QJsonObject toJson() const;
 };

@@ -11,6 +11,7 @@
 #include <TemporaryFolder.h>
 #include <VisibleText.h>
 
+#include <QCoreApplication>
 #include <QCryptographicHash>
 #include <QDir>
 #include <QFileInfo>
@@ -18,6 +19,12 @@
 #include <QSet>
 
 namespace {
+
+/// Translates the texts of this file.
+struct Texts
+{
+    Q_DECLARE_TR_FUNCTIONS(RecordExport)
+};
 
 // Collects the text of README.txt.
 class Export
@@ -29,23 +36,26 @@ public:
 
     bool write()
     {
-        return add(QStringLiteral("summary.txt"), "the run for readers",
+        return add(QStringLiteral("summary.txt"), Texts::tr("the run for readers"),
                    RunSummary::text(m_record)) &&
-               add(QStringLiteral("record.json"), "how the run was started and how it ended",
+               add(QStringLiteral("record.json"),
+                   Texts::tr("how the run was started and how it ended"),
                    QJsonDocument(m_record.toJson()).toJson()) &&
-               addPart(QFileInfo(RecordFolder(m_record.folder).messagesFile()).fileName(),
-                       "what the component reported, a line of JSON each, with milliseconds") &&
-               addPart(m_record.modelCopy, "the model as it was") &&
-               addPart(m_record.machinesCopy, "the machines file as it was") && addResults() &&
-               m_zip.add(QStringLiteral("README.txt"), readme()) && m_zip.commit();
+               addPart(
+                   QFileInfo(RecordFolder(m_record.folder).messagesFile()).fileName(),
+                   Texts::tr(
+                       "what the component reported, a line of JSON each, with milliseconds")) &&
+               addPart(m_record.modelCopy, Texts::tr("the model as it was")) &&
+               addPart(m_record.machinesCopy, Texts::tr("the machines file as it was")) &&
+               addResults() && m_zip.add(QStringLiteral("README.txt"), readme()) && m_zip.commit();
     }
 
     QString reason() const { return m_zip.reason(); }
 
 private:
-    bool add(const QString& name, const char* meaning, const QByteArray& content)
+    bool add(const QString& name, const QString& meaning, const QByteArray& content)
     {
-        m_contents.append(QStringLiteral("%1: %2").arg(name, QLatin1String(meaning)));
+        m_contents.append(QStringLiteral("%1: %2").arg(name, meaning));
         return m_zip.add(name, content);
     }
 
@@ -55,7 +65,7 @@ private:
     }
 
     // A file in the record's folder; its name is empty if the record has none.
-    bool addPart(const QString& name, const char* meaning)
+    bool addPart(const QString& name, const QString& meaning)
     {
         const QString path = m_folder.filePath(name);
         if (name.isEmpty()) {
@@ -66,7 +76,7 @@ private:
             leaveOut(name, file.reason());
             return true;
         }
-        m_contents.append(QStringLiteral("%1: %2").arg(name, QLatin1String(meaning)));
+        m_contents.append(QStringLiteral("%1: %2").arg(name, meaning));
         return m_zip.addFile(name, path, QFileInfo(path).size());
     }
 
@@ -89,13 +99,16 @@ private:
             return true;
         }
         if (source.size > m_left) {
-            leaveOut(name, QStringLiteral("it is too large (%1)").arg(RunTexts::size(source.size)));
+            leaveOut(name, Texts::tr("it is too large (%1)").arg(RunTexts::size(source.size)));
             return true;
         }
         m_left -= source.size;
         const QString entry = entryName(name);
-        m_contents.append(QStringLiteral("%1: a file that the run has written%2")
-                              .arg(suite::visibleText(entry), source.remark));
+        m_contents.append((source.mayHaveChanged
+                               ? Texts::tr("%1: a file that the run has written; it may have been "
+                                           "changed since")
+                               : Texts::tr("%1: a file that the run has written"))
+                              .arg(suite::visibleText(entry)));
         return m_zip.addFile(entry, source.path, source.size);
     }
 
@@ -105,7 +118,7 @@ private:
         QString path;
         qint64 size = 0;
         QString problem; ///< why there is none, as a clause
-        QString remark;
+        bool mayHaveChanged = false;
     };
 
     Source sourceOf(const RunRecord::File& file) const
@@ -120,20 +133,14 @@ private:
         });
         const QString sum = QString::fromLatin1(hash.result().toHex());
         if (isRead && (file.checksum.isEmpty() || sum == file.checksum)) {
-            return {file.path,
-                    size,
-                    {},
-                    file.checksum.isEmpty() ? QStringLiteral("; it may have been changed since")
-                                            : QString()};
+            return {file.path, size, {}, file.checksum.isEmpty()};
         }
         const QString copy = m_folder.filePath(file.copy);
         if (!file.copy.isEmpty() && QFileInfo(copy).isFile()) {
-            return {copy, QFileInfo(copy).size(), {}, {}};
+            return {copy, QFileInfo(copy).size(), {}, false};
         }
-        return {{},
-                0,
-                isRead ? QStringLiteral("it has been changed since the run") : input.reason(),
-                {}};
+        return {
+            {}, 0, isRead ? Texts::tr("it has been changed since the run") : input.reason(), false};
     }
 
     // Files of several folders may have the same name.
@@ -149,19 +156,19 @@ private:
 
     QByteArray readme() const
     {
-        QStringList lines = {QStringLiteral("The record of run %1 of %2")
+        QStringList lines = {Texts::tr("The record of run %1 of %2")
                                  .arg(m_record.number)
                                  .arg(suite::visibleFileName(m_record.model)),
                              QString()};
         lines += m_contents;
         if (!m_leftOut.isEmpty()) {
-            lines += {QString(), QStringLiteral("Left out:")};
+            lines += {QString(), Texts::tr("Left out:")};
             lines += m_leftOut;
         }
-        lines += {QString(),
-                  QStringLiteral(
-                      "The record names the user, the computer, folders, and variables of the"),
-                  QStringLiteral("environment that are set in the launch options.")};
+        lines +=
+            {QString(),
+             Texts::tr("The record names the user, the computer, folders, and variables of the\n"
+                       "environment that are set in the launch options.")};
         return lines.join(QLatin1Char('\n')).toUtf8() + '\n';
     }
 
@@ -183,8 +190,7 @@ bool moveInto(const QString& source, const QString& path, QString& problem)
     }) && output.commit();
     if (!isWritten) {
         const QString reason = output.reason().isEmpty() ? input.reason() : output.reason();
-        problem =
-            QStringLiteral("%1 cannot be written: %2").arg(QDir::toNativeSeparators(path), reason);
+        problem = Texts::tr("%1 cannot be written: %2").arg(QDir::toNativeSeparators(path), reason);
     }
     return isWritten;
 }
@@ -204,7 +210,7 @@ bool RecordExport::exportRecord(const RunRecord& record, const QString& zipPath,
     const QString temporary = folder.filePath(QStringLiteral("record.zip"));
     Export content(record, temporary, mostResultBytes);
     if (!content.write()) {
-        problem = QStringLiteral("%1 cannot be written: %2").arg(temporary, content.reason());
+        problem = Texts::tr("%1 cannot be written: %2").arg(temporary, content.reason());
         return false;
     }
     return moveInto(temporary, zipPath, problem);

@@ -1,17 +1,25 @@
 #include "RunSummary.h"
 
 #include "MessageReader.h"
+#include "ReasonText.h"
 #include "RecordFolder.h"
 #include "RunTexts.h"
 
 #include <VisibleText.h>
 
+#include <QCoreApplication>
 #include <QDir>
 #include <QFileInfo>
 
 #include <algorithm>
 
 namespace {
+
+/// Translates the texts of this file.
+struct Texts
+{
+    Q_DECLARE_TR_FUNCTIONS(RunSummary)
+};
 
 using Line = RunSummary::Line;
 using Kind = Line::Kind;
@@ -42,11 +50,10 @@ Kind kindOf(Type type)
     return found == end ? Kind::Plain : found->kind;
 }
 
-void addFact(const char* label, const QString& value, Lines& lines)
+void addFact(const QString& label, const QString& value, Lines& lines)
 {
     if (!value.isEmpty()) {
-        lines.append({QStringLiteral("  %1 %2").arg(QLatin1String(label), -labelWidth).arg(value),
-                      Kind::Plain});
+        lines.append({QStringLiteral("  %1 %2").arg(label, -labelWidth).arg(value), Kind::Plain});
     }
 }
 
@@ -59,14 +66,13 @@ QString joined(const QStringList& parts)
 
 QString modelText(const RunRecord& record)
 {
-    const QString size =
-        record.segments > 0
-            ? QStringLiteral(" (%1, %2)")
-                  .arg(RunTexts::counted(record.segments, "segment"),
-                       record.frequencies == 1
-                           ? QStringLiteral("1 frequency")
-                           : QStringLiteral("%1 frequencies").arg(record.frequencies))
-            : QString();
+    const QString size = record.segments > 0
+                             ? QStringLiteral(" (%1, %2)")
+                                   .arg(RunTexts::counted(record.segments, "segment"),
+                                        record.frequencies == 1
+                                            ? Texts::tr("1 frequency")
+                                            : Texts::tr("%1 frequencies").arg(record.frequencies))
+                             : QString();
     return QDir::toNativeSeparators(record.model) + size;
 }
 
@@ -74,72 +80,75 @@ QString modelText(const RunRecord& record)
 void addOutcome(const RunRecord& record, Lines& lines)
 {
     const Kind kind = RunSummary::kind(record.state);
-    const QString outcome =
-        record.outcome.isEmpty() ? RunRecord::word(record.state) : record.outcome;
-    lines.append({QStringLiteral("Run %1: %2, %3")
+    const QString outcome = ReasonText::shown(
+        record.outcome.isEmpty() ? RunRecord::word(record.state) : record.outcome);
+    lines.append({Texts::tr("Run %1: %2, %3")
                       .arg(record.number)
                       .arg(QFileInfo(record.model).fileName(), outcome),
                   kind});
     if (!record.reason.isEmpty()) {
-        lines.append({record.component + QLatin1Char(' ') + record.reason, kind});
+        lines.append(
+            {record.component + QLatin1Char(' ') + ReasonText::shown(record.reason), kind});
     }
     if (!record.problem.isEmpty()) {
-        lines.append({record.problem, kind});
+        lines.append({ReasonText::shown(record.problem), kind});
     }
     if (!record.gap.isEmpty()) {
-        lines.append({QStringLiteral("the record is not complete: ") + record.gap, Kind::Warning});
+        lines.append(
+            {Texts::tr("the record is not complete: %1").arg(ReasonText::shown(record.gap)),
+             Kind::Warning});
     }
 }
 
 void addStart(const RunRecord& record, Lines& lines)
 {
-    addFact("model", modelText(record), lines);
-    addFact("component", record.component, lines);
-    addFact("run options", record.runOptions.join(QStringLiteral(", ")), lines);
-    addFact("processes", record.processes > 1 ? QString::number(record.processes) : QString(),
-            lines);
-    addFact("from", record.face, lines);
-    addFact("started", RunSummary::time(record.started), lines);
+    addFact(Texts::tr("model"), modelText(record), lines);
+    addFact(Texts::tr("component"), record.component, lines);
+    addFact(Texts::tr("run options"), record.runOptions.join(QStringLiteral(", ")), lines);
+    addFact(Texts::tr("processes"),
+            record.processes > 1 ? QString::number(record.processes) : QString(), lines);
+    addFact(Texts::tr("from"), ReasonText::shown(record.face), lines);
+    addFact(Texts::tr("started"), RunSummary::time(record.started), lines);
     if (record.hasEnded()) {
-        addFact("ended", RunSummary::time(record.ended), lines);
-        addFact("duration", RunTexts::duration(record.duration), lines);
-        addFact("done", QStringLiteral("%1 %").arg(record.totalPercentage), lines);
+        addFact(Texts::tr("ended"), RunSummary::time(record.ended), lines);
+        addFact(Texts::tr("duration"), RunTexts::duration(record.duration), lines);
+        addFact(Texts::tr("done"), QStringLiteral("%1 %").arg(record.totalPercentage), lines);
     }
-    addFact("stopped by", record.stoppedBy, lines);
+    addFact(Texts::tr("stopped by"), ReasonText::shown(record.stoppedBy), lines);
 }
 
 void addSurroundings(const RunRecord& record, Lines& lines)
 {
-    addFact("program", record.program, lines);
-    addFact("arguments", record.arguments.join(QLatin1Char(' ')), lines);
-    addFact("folder", record.workingDirectory, lines);
+    addFact(Texts::tr("program"), record.program, lines);
+    addFact(Texts::tr("arguments"), record.arguments.join(QLatin1Char(' ')), lines);
+    addFact(Texts::tr("folder"), record.workingDirectory, lines);
     const QVector<RunRecord::Option> options = record.changedOptions();
     for (const RunRecord::Option& option : options) {
-        addFact("option",
-                QStringLiteral("%1=%2 (default: %3)")
-                    .arg(option.name, option.value, option.defaultValue),
-                lines);
+        addFact(
+            Texts::tr("option"),
+            Texts::tr("%1=%2 (default: %3)").arg(option.name, option.value, option.defaultValue),
+            lines);
     }
     for (const QString& variable : record.environment) {
-        addFact("variable", variable, lines);
+        addFact(Texts::tr("variable"), variable, lines);
     }
-    addFact("computer",
+    addFact(Texts::tr("computer"),
             joined({record.host, record.system, record.processor,
                     record.cores > 0 ? RunTexts::counted(record.cores, "core") : QString()}),
             lines);
-    addFact("user", record.user, lines);
-    addFact("versions",
-            joined({QStringLiteral("suite ") + record.suiteVersion,
+    addFact(Texts::tr("user"), record.user, lines);
+    addFact(Texts::tr("versions"),
+            joined({Texts::tr("suite %1").arg(record.suiteVersion),
                     QStringLiteral("Qt ") + record.qtVersion}),
             lines);
-    addFact("installation", record.installation, lines);
-    addFact("record", QDir::toNativeSeparators(record.folder), lines);
+    addFact(Texts::tr("installation"), record.installation, lines);
+    addFact(Texts::tr("record"), QDir::toNativeSeparators(record.folder), lines);
 }
 
 void addFiles(const RunRecord& record, Lines& lines)
 {
     if (!record.files.isEmpty()) {
-        lines.append({QStringLiteral("Files:"), Kind::Plain});
+        lines.append({Texts::tr("Files:"), Kind::Plain});
     }
     for (const RunRecord::File& file : record.files) {
         lines.append({QStringLiteral("  %1 (%2)")
@@ -155,8 +164,8 @@ void addFindings(const QString& messagesFile, Lines& lines)
     MessageReader(messagesFile).readAll([&](const RecordedMessage& message) {
         for (std::size_t i = 0; i < std::size(severities); ++i) {
             if (severities[i].type == message.type && ++counts[i] <= mostFindings) {
-                found[i].append({RecordedMessage::word(message.type) + QStringLiteral(": ") +
-                                     message.text.trimmed(),
+                found[i].append({ReasonText::shown(RecordedMessage::word(message.type)) +
+                                     QStringLiteral(": ") + message.text.trimmed(),
                                  severities[i].kind});
             }
         }
@@ -165,7 +174,7 @@ void addFindings(const QString& messagesFile, Lines& lines)
         lines += found[i];
         if (counts[i] > mostFindings) {
             lines.append(
-                {QStringLiteral("... and %1 more")
+                {Texts::tr("... and %1 more")
                      .arg(RunTexts::counted(counts[i] - mostFindings,
                                             severities[i].type == Type::Error     ? "error"
                                             : severities[i].type == Type::Warning ? "warning"
@@ -178,7 +187,7 @@ void addFindings(const QString& messagesFile, Lines& lines)
 void addLastLines(const QStringList& lastLines, Lines& lines)
 {
     if (!lastLines.isEmpty()) {
-        lines.append({QStringLiteral("Last lines of the output:"), Kind::Plain});
+        lines.append({Texts::tr("Last lines of the output:"), Kind::Plain});
     }
     for (const QString& line : lastLines) {
         lines.append({QStringLiteral("  ") + line, Kind::Plain});
@@ -190,7 +199,7 @@ void addMessages(const QString& messagesFile, Lines& lines)
     MessageReader(messagesFile).readAll([&lines](const RecordedMessage& message) {
         lines.append({QStringLiteral("%1  %2  %3")
                           .arg(RunTexts::clockTime(message.time))
-                          .arg(RecordedMessage::word(message.type), -16)
+                          .arg(ReasonText::shown(RecordedMessage::word(message.type)), -16)
                           .arg(message.text),
                       kindOf(message.type)});
     });
@@ -249,7 +258,7 @@ Lines RunSummary::of(const RunRecord& record, Messages messages)
     addStart(record, lines);
     addSurroundings(record, lines);
     if (!QFileInfo::exists(messagesFile)) {
-        lines.append({QStringLiteral("the messages of this run are missing"), Kind::Warning});
+        lines.append({Texts::tr("the messages of this run are missing"), Kind::Warning});
     }
     if (messages == Messages::All) {
         addMessages(messagesFile, lines);
@@ -258,7 +267,7 @@ Lines RunSummary::of(const RunRecord& record, Messages messages)
         addLastLines(lastLines(record, messagesFile), lines);
     }
     if (record.omittedLines > 0) {
-        lines.append({QStringLiteral("%1 left out, since the record was full")
+        lines.append({Texts::tr("%1 left out, since the record was full")
                           .arg(RunTexts::counted(record.omittedLines, "line")),
                       Kind::Plain});
     }

@@ -1,7 +1,10 @@
 #include "ListedRun.h"
 
+#include "ReasonText.h"
+#include "RunTexts.h"
 #include "WindowRun.h"
 
+#include <QCoreApplication>
 #include <QFileInfo>
 #include <QSysInfo>
 
@@ -9,6 +12,12 @@
 #include <iterator>
 
 namespace {
+
+/// Translates the texts of this file.
+struct Texts
+{
+    Q_DECLARE_TR_FUNCTIONS(ListedRun)
+};
 
 using State = RunRecord::State;
 
@@ -41,16 +50,10 @@ State stateOf(Run::State state)
     }
 }
 
-QString counted(int count, const char* noun)
-{
-    return QStringLiteral("%1 %2%3").arg(count).arg(QLatin1String(noun),
-                                                    count == 1 ? QString() : QStringLiteral("s"));
-}
-
 QString sentence(QString clause)
 {
     clause[0] = clause.at(0).toUpper();
-    return QStringLiteral(" %1.").arg(clause);
+    return clause + QLatin1Char('.');
 }
 
 } // namespace
@@ -87,10 +90,10 @@ QString ListedRun::stateText() const
         return run->stateText();
     }
     if (record.state == State::NotStarted) {
-        return QStringLiteral("not started");
+        return Texts::tr("not started");
     }
     const bool hasOutcome = record.state == State::Fault && !record.outcome.isEmpty();
-    return hasOutcome ? record.outcome : RunRecord::word(record.state);
+    return ReasonText::shown(hasOutcome ? record.outcome : RunRecord::word(record.state));
 }
 
 QString ListedRun::explanation() const
@@ -99,14 +102,15 @@ QString ListedRun::explanation() const
         return run->explanation();
     }
     const bool isAlone = record.reason.isEmpty() && record.state != State::Damaged;
-    QString text = isAlone ? stateText() : RunRecord::word(record.state) + QLatin1Char('.');
+    const QString state = ReasonText::shown(RunRecord::word(record.state));
+    QStringList sentences{isAlone ? stateText() : state + QLatin1Char('.')};
     if (!record.reason.isEmpty()) {
-        text += QStringLiteral(" It %1.").arg(record.reason);
+        sentences.append(Texts::tr("It %1.").arg(ReasonText::shown(record.reason)));
     }
     if (!record.problem.isEmpty()) {
-        text += sentence(record.problem);
+        sentences.append(sentence(ReasonText::shown(record.problem)));
     }
-    return text;
+    return sentences.join(QLatin1Char(' '));
 }
 
 const char* ListedRun::icon() const
@@ -153,10 +157,10 @@ QString ListedRun::messageText() const
 {
     QStringList parts;
     if (errors() > 0) {
-        parts.append(counted(errors(), "error"));
+        parts.append(RunTexts::counted(errors(), "error"));
     }
     if (warnings() > 0) {
-        parts.append(counted(warnings(), "warning"));
+        parts.append(RunTexts::counted(warnings(), "warning"));
     }
     return parts.join(QStringLiteral(", "));
 }
@@ -164,9 +168,10 @@ QString ListedRun::messageText() const
 QString ListedRun::place() const
 {
     const bool isHere = record.host.isEmpty() || record.host == QSysInfo::machineHostName();
+    const QString face = ReasonText::shown(record.face);
     const bool isWindow = record.face.isEmpty() || record.face == QLatin1String("window");
     if (isHere) {
-        return isWindow ? QString() : record.face;
+        return isWindow ? QString() : face;
     }
-    return QStringLiteral("%1 on %2").arg(record.face, record.host);
+    return Texts::tr("%1 on %2").arg(face, record.host);
 }

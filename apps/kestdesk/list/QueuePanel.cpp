@@ -24,7 +24,7 @@ QString textOf(const QueuedRun& run)
     QStringList parts{suite::visibleFileName(run.model), run.component};
     parts += RunOptionWords::of(run.options);
     if (run.isHeld) {
-        parts.append(QStringLiteral("held"));
+        parts.append(QueuePanel::tr("held"));
     }
     return parts.join(QStringLiteral("  \u00b7  "));
 }
@@ -65,26 +65,26 @@ void QueuePanel::makeButtons(QWidget* head)
     layout->setContentsMargins(0, 0, 0, 0);
     layout->addWidget(m_label, 1);
     m_releaseAll =
-        addButton(head, "releaseAllButton", "Run all",
-                  "Let all held runs begin when their turn comes", &QueuePanel::releaseAll);
-    m_hold = addButton(head, "holdButton", "Hold", "Pass the selected runs over, or let them begin",
-                       &QueuePanel::hold);
-    m_up = addButton(head, "queueUpButton", "Up", "Let the selected run begin earlier",
+        addButton(head, "releaseAllButton", tr("Run all"),
+                  tr("Let all held runs begin when their turn comes"), &QueuePanel::releaseAll);
+    m_hold = addButton(head, "holdButton", tr("Hold"),
+                       tr("Pass the selected runs over, or let them begin"), &QueuePanel::hold);
+    m_up = addButton(head, "queueUpButton", tr("Up"), tr("Let the selected run begin earlier"),
                      &QueuePanel::moveUp);
-    m_down = addButton(head, "queueDownButton", "Down", "Let the selected run begin later",
+    m_down = addButton(head, "queueDownButton", tr("Down"), tr("Let the selected run begin later"),
                        &QueuePanel::moveDown);
-    m_remove = addButton(head, "queueRemoveButton", "Remo&ve",
-                         "Take the selected runs out of the queue", &QueuePanel::remove);
+    m_remove = addButton(head, "queueRemoveButton", tr("Remo&ve"),
+                         tr("Take the selected runs out of the queue"), &QueuePanel::remove);
     connect(new QShortcut(QKeySequence::Delete, m_list, nullptr, nullptr, Qt::WidgetShortcut),
             &QShortcut::activated, this, &QueuePanel::remove);
 }
 
-QPushButton* QueuePanel::addButton(QWidget* head, const char* name, const char* text,
-                                   const char* toolTip, void (QueuePanel::*slot)()) const
+QPushButton* QueuePanel::addButton(QWidget* head, const char* name, const QString& text,
+                                   const QString& toolTip, void (QueuePanel::*slot)()) const
 {
-    auto* const button = new QPushButton(QLatin1String(text), head);
+    auto* const button = new QPushButton(text, head);
     button->setObjectName(QLatin1String(name));
-    button->setToolTip(QLatin1String(toolTip));
+    button->setToolTip(toolTip);
     connect(button, &QPushButton::clicked, this, slot);
     head->layout()->addWidget(button);
     return button;
@@ -101,7 +101,7 @@ void QueuePanel::update()
         m_list->item(m_list->count() - 1)->setSelected(selected.contains(run.id));
     }
     const int count = m_queue.runs().size();
-    m_label->setText(QStringLiteral("&Waiting runs: %1").arg(count));
+    m_label->setText(tr("&Waiting runs: %1").arg(count));
     const int rows = qBound(1, count, mostRows);
     m_list->setFixedHeight(rows * m_list->sizeHintForRow(0) + 2 * m_list->frameWidth());
     setVisible(count > 0);
@@ -116,7 +116,7 @@ void QueuePanel::updateButtons()
     const int row = selectedRow();
     const bool isSelected = !selectedIds().isEmpty();
     m_releaseAll->setEnabled(isAnyHeld);
-    m_hold->setText(areSelectedHeld() ? QStringLiteral("Release") : QStringLiteral("Hold"));
+    m_hold->setText(areSelectedHeld() ? tr("Release") : tr("Hold"));
     m_hold->setEnabled(isSelected);
     m_remove->setEnabled(isSelected);
     m_up->setEnabled(row > 0);

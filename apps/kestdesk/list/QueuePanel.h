@@ -19,8 +19,8 @@ public:
 
 private:
     void makeButtons(QWidget* head);
-    QPushButton* addButton(QWidget* head, const char* name, const char* text, const char* toolTip,
-                           void (QueuePanel::*slot)()) const;
+    QPushButton* addButton(QWidget* head, const char* name, const QString& text,
+                           const QString& toolTip, void (QueuePanel::*slot)()) const;
     void update();
     void updateButtons();
     QVector<int> selectedIds() const;

@@ -77,7 +77,7 @@ QVariant RunFilter::data(const QModelIndex& index, int role) const
         return font;
     }
     const int size = m_groups.value(m_runs->listedRun(mapToSource(index).row()).model()).size;
-    return size == 1 ? value : QStringLiteral("%1 (%2 runs)").arg(value.toString()).arg(size);
+    return size == 1 ? value : tr("%1 (%2 runs)").arg(value.toString()).arg(size);
 }
 
 // Views call this with -1 for the order of the source.

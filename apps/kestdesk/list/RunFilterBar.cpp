@@ -13,14 +13,14 @@ using State = RunRecord::State;
 
 // clang-format off
 const struct { const char* text; std::optional<State> state; } stateRows[] = {
-    {"All states",      std::nullopt},
-    {"Running",         State::Running},
-    {"Valid",           State::Valid},
-    {"Fault",           State::Fault},
-    {"Stopped",         State::Stopped},
-    {"Not started",     State::NotStarted},
-    {"Interrupted",     State::Interrupted},
-    {"Damaged",         State::Damaged},
+    {QT_TRANSLATE_NOOP("RunFilterBar", "All states"),      std::nullopt},
+    {QT_TRANSLATE_NOOP("RunFilterBar", "Running"),         State::Running},
+    {QT_TRANSLATE_NOOP("RunFilterBar", "Valid"),           State::Valid},
+    {QT_TRANSLATE_NOOP("RunFilterBar", "Fault"),           State::Fault},
+    {QT_TRANSLATE_NOOP("RunFilterBar", "Stopped"),         State::Stopped},
+    {QT_TRANSLATE_NOOP("RunFilterBar", "Not started"),     State::NotStarted},
+    {QT_TRANSLATE_NOOP("RunFilterBar", "Interrupted"),     State::Interrupted},
+    {QT_TRANSLATE_NOOP("RunFilterBar", "Damaged"),         State::Damaged},
 };
 // clang-format on
 
@@ -45,8 +45,8 @@ void RunFilterBar::makeText()
 {
     m_text = new QLineEdit(this);
     m_text->setObjectName(QStringLiteral("runFilterEdit"));
-    m_text->setPlaceholderText(QStringLiteral("Filter by model, state, outcome or number"));
-    m_text->setAccessibleName(QStringLiteral("Filter of the runs"));
+    m_text->setPlaceholderText(tr("Filter by model, state, outcome or number"));
+    m_text->setAccessibleName(tr("Filter of the runs"));
     m_text->setClearButtonEnabled(true);
     connect(m_text, &QLineEdit::textChanged, m_filter, &RunFilter::setText);
 }
@@ -55,12 +55,12 @@ void RunFilterBar::makeState()
 {
     m_state = new QComboBox(this);
     m_state->setObjectName(QStringLiteral("runStateBox"));
-    m_state->setAccessibleName(QStringLiteral("State of the runs"));
-    m_state->setToolTip(QStringLiteral("Show only runs in this state"));
+    m_state->setAccessibleName(tr("State of the runs"));
+    m_state->setToolTip(tr("Show only runs in this state"));
     m_state->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
     m_state->setMinimumContentsLength(shortestState);
     for (const auto& row : stateRows) {
-        m_state->addItem(QLatin1String(row.text));
+        m_state->addItem(tr(row.text));
     }
     connect(m_state, qOverload<int>(&QComboBox::currentIndexChanged), this,
             &RunFilterBar::onStateChosen);
@@ -70,8 +70,8 @@ void RunFilterBar::makeGrouping()
 {
     m_grouping = new QToolButton(this);
     m_grouping->setObjectName(QStringLiteral("groupRunsButton"));
-    m_grouping->setText(QStringLiteral("Group"));
-    m_grouping->setToolTip(QStringLiteral("Keep the runs of a model together"));
+    m_grouping->setText(tr("Group"));
+    m_grouping->setToolTip(tr("Keep the runs of a model together"));
     m_grouping->setCheckable(true);
     connect(m_grouping, &QToolButton::toggled, m_filter, &RunFilter::setGrouped);
 }

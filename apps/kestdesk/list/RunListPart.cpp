@@ -18,7 +18,7 @@ RunListPart::RunListPart(RunTableModel* runs, RunArchive archive, QWidget* paren
     , m_archive(new ArchiveWatch(std::move(archive), this))
     , m_list(new RunListView(runs, this))
     , m_filter(new RunFilterBar(m_list->filter(), this))
-    , m_label(new QLabel(QStringLiteral("His&tory:"), this))
+    , m_label(new QLabel(tr("His&tory:"), this))
     , m_count(new QLabel(this))
     , m_foot(new QHBoxLayout)
 {
@@ -84,5 +84,5 @@ void RunListPart::updateCount()
 {
     const int shown = m_list->filter()->rowCount();
     const int all = m_runs->rowCount();
-    m_count->setText(shown == all ? QString() : QStringLiteral("%1 of %2").arg(shown).arg(all));
+    m_count->setText(shown == all ? QString() : tr("%1 of %2").arg(shown).arg(all));
 }

@@ -49,7 +49,7 @@ RunListView::RunListView(RunTableModel* runs, QWidget* parent)
     : QTableView(parent), m_runs(runs), m_filter(new RunFilter(runs, this))
 {
     setObjectName(QStringLiteral("runList"));
-    setAccessibleName(QStringLiteral("Runs"));
+    setAccessibleName(tr("Runs"));
     setModel(m_filter);
     setSelectionBehavior(QAbstractItemView::SelectRows);
     setSelectionMode(QAbstractItemView::ExtendedSelection);

@@ -82,17 +82,17 @@ QVariant startedKey(const ListedRun& row)
 
 // clang-format off
 const ColumnRow columns[RunTableModel::ColumnCount] = {
-    {"Model",     false, [](const ListedRun& row) { return suite::visibleFileName(row.model()); },        nullptr},
-    {"Component", false, [](const ListedRun& row) { return row.component(); },                            nullptr},
-    {"State",     false, [](const ListedRun& row) { return row.stateText(); },                            nullptr},
-    {"Progress",  true,  [](const ListedRun& row) { return QStringLiteral("%1 %").arg(row.progress()); }, [](const ListedRun& row) { return QVariant(row.progress()); }},
-    {"Elapsed",   true,  [](const ListedRun& row) { return RunTexts::shortClockTime(row.elapsed()); },    [](const ListedRun& row) { return QVariant(row.elapsed()); }},
-    {"Remaining", true,  remainingText,                                                                   remainingKey},
-    {"No.",       true,  numberText,                                                                      numberKey},
-    {"Folder",    false, [](const ListedRun& row) { return suite::visiblePath(folderOf(row)); },          nullptr},
-    {"Messages",  false, [](const ListedRun& row) { return row.messageText(); },                          messageKey},
-    {"Started",   true,  startedText,                                                                     startedKey},
-    {"Where",     false, [](const ListedRun& row) { return row.place(); },                                nullptr},
+    {QT_TRANSLATE_NOOP("RunTableModel", "Model"),     false, [](const ListedRun& row) { return suite::visibleFileName(row.model()); },        nullptr},
+    {QT_TRANSLATE_NOOP("RunTableModel", "Component"), false, [](const ListedRun& row) { return row.component(); },                            nullptr},
+    {QT_TRANSLATE_NOOP("RunTableModel", "State"),     false, [](const ListedRun& row) { return row.stateText(); },                            nullptr},
+    {QT_TRANSLATE_NOOP("RunTableModel", "Progress"),  true,  [](const ListedRun& row) { return QStringLiteral("%1 %").arg(row.progress()); }, [](const ListedRun& row) { return QVariant(row.progress()); }},
+    {QT_TRANSLATE_NOOP("RunTableModel", "Elapsed"),   true,  [](const ListedRun& row) { return RunTexts::shortClockTime(row.elapsed()); },    [](const ListedRun& row) { return QVariant(row.elapsed()); }},
+    {QT_TRANSLATE_NOOP("RunTableModel", "Remaining"), true,  remainingText,                                                                   remainingKey},
+    {QT_TRANSLATE_NOOP("RunTableModel", "No."),       true,  numberText,                                                                      numberKey},
+    {QT_TRANSLATE_NOOP("RunTableModel", "Folder"),    false, [](const ListedRun& row) { return suite::visiblePath(folderOf(row)); },          nullptr},
+    {QT_TRANSLATE_NOOP("RunTableModel", "Messages"),  false, [](const ListedRun& row) { return row.messageText(); },                          messageKey},
+    {QT_TRANSLATE_NOOP("RunTableModel", "Started"),   true,  startedText,                                                                     startedKey},
+    {QT_TRANSLATE_NOOP("RunTableModel", "Where"),     false, [](const ListedRun& row) { return row.place(); },                                nullptr},
 };
 // clang-format on
 
@@ -305,7 +305,7 @@ QVariant RunTableModel::headerData(int section, Qt::Orientation orientation, int
     if (orientation != Qt::Horizontal || role != Qt::DisplayRole || section >= ColumnCount) {
         return QVariant();
     }
-    return QLatin1String(columns[section].header);
+    return tr(columns[section].header);
 }
 
 void RunTableModel::reportChange(int row)

@@ -3,6 +3,7 @@
 #include "Component.h"
 #include "KestdeskSettings.h"
 #include "ModelLock.h"
+#include "ReasonText.h"
 #include "SessionRuns.h"
 #include "Shutdown.h"
 
@@ -21,8 +22,8 @@ WindowQueue::WindowQueue(SessionRuns& runs, common_CommonSettingsSet& settings,
 {
     connect(&m_queue, &RunQueue::startRequested, this, &WindowQueue::start);
     connect(&m_queue, &RunQueue::notKept, this, [this](const QString& reason) {
-        Q_EMIT reported(
-            QStringLiteral("The queue will not survive the end of kestdesk: %1").arg(reason));
+        Q_EMIT reported(tr("The queue will not survive the end of kestdesk: %1")
+                            .arg(ReasonText::shown(reason)));
     });
 }
 
@@ -33,13 +34,13 @@ void WindowQueue::restore()
     const int count = m_queue.runs().size();
     QStringList report;
     if (count > 0) {
-        report.append(
-            QStringLiteral("Runs of an earlier session are held in the queue: %1").arg(count));
+        report.append(tr("Runs of an earlier session are held in the queue: %1").arg(count));
     }
     if (!damaged.isEmpty()) {
-        report.append(QStringLiteral("Not all runs of an earlier session could be read; the "
-                                     "damaged file of its queue is kept as %1")
-                          .arg(damaged.join(QStringLiteral(", "))));
+        report.append(
+            tr("Not all runs of an earlier session could be read; the damaged file of its "
+               "queue is kept as %1")
+                .arg(damaged.join(QStringLiteral(", "))));
     }
     if (!report.isEmpty()) {
         Q_EMIT reported(report.join(QStringLiteral(". ")));
@@ -61,8 +62,8 @@ bool WindowQueue::canStart(const QueuedRun& run)
     if (lock.take()) {
         return true; // the run will take the lock itself
     }
-    Q_EMIT reported(QStringLiteral("%1 waits: it is being run already, by %2")
-                        .arg(suite::visibleFileName(run.model), lock.owner()));
+    Q_EMIT reported(tr("%1 waits: it is being run already, by %2")
+                        .arg(suite::visibleFileName(run.model), ReasonText::shown(lock.owner())));
     return false;
 }
 

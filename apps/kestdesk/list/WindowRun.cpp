@@ -2,6 +2,7 @@
 
 #include "ArchiveLimits.h"
 #include "MachinesOffer.h"
+#include "ReasonText.h"
 #include "RecordedRun.h"
 #include "RunResults.h"
 #include "WindowRunner.h"
@@ -23,19 +24,19 @@ namespace {
 // For the other states the outcome is more precise.
 // clang-format off
 const struct { Run::State state; const char* text; } stateTexts[] = {
-    {Run::State::Waiting,    "not started"},
-    {Run::State::Running,    "running"},
-    {Run::State::Stopping,   "stopping, still running"},
-    {Run::State::NotStarted, "not started"},
+    {Run::State::Waiting,    QT_TRANSLATE_NOOP("WindowRun", "not started")},
+    {Run::State::Running,    QT_TRANSLATE_NOOP("WindowRun", "running")},
+    {Run::State::Stopping,   QT_TRANSLATE_NOOP("WindowRun", "stopping, still running")},
+    {Run::State::NotStarted, QT_TRANSLATE_NOOP("WindowRun", "not started")},
 };
 // clang-format on
 
 // As a sentence.
 void showNotStarted(QString problem, QWidget* window)
 {
-    problem = suite::visibleText(problem);
+    problem = suite::visibleText(ReasonText::shown(problem));
     problem[0] = problem.at(0).toUpper();
-    common_UserQuery(QStringLiteral("Run not started"), problem + QLatin1Char('.'),
+    common_UserQuery(WindowRun::tr("Run not started"), problem + QLatin1Char('.'),
                      common_UserQuery::Error, window, QString())
         .display();
 }
@@ -47,7 +48,7 @@ RunSetup::Readiness readinessAfter(const std::function<RunSetup::Readiness()>& s
     for (;;) {
         RunSetup::Readiness readiness = setUp();
         if (readiness.obstacle != RunSetup::Obstacle::NoHost ||
-            !MachinesOffer::isTaken(readiness.problem, window)) {
+            !MachinesOffer::ask(readiness.problem, window)) {
             return readiness;
         }
     }
@@ -134,7 +135,7 @@ QString WindowRun::stateText() const
     const auto* row =
         std::find_if(std::begin(stateTexts), std::end(stateTexts),
                      [this](const auto& each) { return each.state == m_run.state(); });
-    return row == std::end(stateTexts) ? m_run.outcome().title() : QLatin1String(row->text);
+    return row == std::end(stateTexts) ? ReasonText::shown(m_run.outcome().title()) : tr(row->text);
 }
 
 QString WindowRun::explanation() const
@@ -142,7 +143,8 @@ QString WindowRun::explanation() const
     const RunOutcome& outcome = m_run.outcome();
     return outcome.reason().isEmpty()
                ? stateText()
-               : QStringLiteral("%1. It %2.").arg(outcome.word(), outcome.reason());
+               : tr("%1. It %2.")
+                     .arg(ReasonText::shown(outcome.word()), ReasonText::shown(outcome.reason()));
 }
 
 void WindowRun::onMessageReceived(const common_IProcessMessage& message)
@@ -156,7 +158,8 @@ void WindowRun::onMessageReceived(const common_IProcessMessage& message)
 
 void WindowRun::onRecordFailed(const QString& reason)
 {
-    m_recordProblem = QStringLiteral("The record of this run is not complete: %1.").arg(reason);
+    m_recordProblem =
+        tr("The record of this run is not complete: %1.").arg(ReasonText::shown(reason));
     Q_EMIT recordFailed();
 }
 

@@ -1,5 +1,7 @@
 #include "HostCheck.h"
 
+#include "RunTexts.h"
+
 #include <RemoteShell.h>
 
 #include <QFileInfo>
@@ -21,11 +23,6 @@ QString lastLine(const QByteArray& output)
     return QString::fromUtf8(text.mid(text.lastIndexOf('\n') + 1)).left(longestLine);
 }
 
-QString counted(int count, const char* noun, const char* plural)
-{
-    return QStringLiteral("%1 %2").arg(count).arg(QLatin1String(count == 1 ? noun : plural));
-}
-
 } // namespace
 
 HostCheck::HostCheck(QString host, int processes, int limitSeconds)
@@ -45,7 +42,7 @@ HostCheck::HostCheck(QString host, int processes, int limitSeconds)
     connect(&m_process, &ChildProcess::ended, this, &HostCheck::onAnswered);
 }
 
-// An address is looked up by nobody: that would ask for its name.
+// Addresses are not looked up: that would query the name of the address.
 void HostCheck::start()
 {
     m_timer.start(m_limit * 1000);
@@ -88,7 +85,7 @@ void HostCheck::onLookedUp(const QHostInfo& info)
     if (info.error() == QHostInfo::NoError) {
         ask();
     } else {
-        fail(QStringLiteral("the name does not resolve: %1").arg(info.errorString()));
+        fail(tr("the name does not resolve: %1").arg(info.errorString()));
     }
 }
 
@@ -103,7 +100,7 @@ void HostCheck::ask()
 void HostCheck::onAnswerPart()
 {
     if (m_answer.size() + m_errorOutput.size() > longestAnswer && !m_done) {
-        fail(QStringLiteral("answers without end"));
+        fail(tr("answers without end"));
     }
 }
 
@@ -114,12 +111,11 @@ void HostCheck::onAnswered()
     }
     const QString lastError = lastLine(m_errorOutput);
     if (!m_process.startError().isEmpty()) {
-        fail(
-            QStringLiteral("cannot start %1: %2").arg(m_process.program(), m_process.startError()));
+        fail(tr("cannot start %1: %2").arg(m_process.program(), m_process.startError()));
     } else if (!m_process.hasExited()) {
-        fail(QStringLiteral("%1 crashed").arg(m_process.program()));
+        fail(tr("%1 crashed").arg(m_process.program()));
     } else if (m_process.exitCode() != 0) {
-        fail(lastError.isEmpty() ? QStringLiteral("%1 ended with exit code %2")
+        fail(lastError.isEmpty() ? tr("%1 ended with exit code %2")
                                        .arg(m_process.program())
                                        .arg(m_process.exitCode())
                                  : lastError);
@@ -131,23 +127,21 @@ void HostCheck::onAnswered()
 void HostCheck::onTimeout()
 {
     if (!m_done) {
-        fail(QStringLiteral("%1 within %2")
-                 .arg(m_lookingUp ? QStringLiteral("the name does not resolve")
-                                  : QStringLiteral("no answer"),
-                      counted(m_limit, "second", "seconds")));
+        const QString limit = RunTexts::counted(m_limit, "second");
+        fail(m_lookingUp ? tr("the name does not resolve within %1").arg(limit)
+                         : tr("no answer within %1").arg(limit));
     }
 }
 
 void HostCheck::compare(int cores)
 {
     if (cores < 1) {
-        fail(QStringLiteral("answers \"%1\" in place of the number of its cores")
-                 .arg(lastLine(m_answer)));
+        fail(tr("answers \"%1\" in place of the number of its cores").arg(lastLine(m_answer)));
         return;
     }
     const QString text =
-        QStringLiteral("%1 for %2")
-            .arg(counted(cores, "core", "cores"), counted(m_processes, "process", "processes"));
+        tr("%1 for %2")
+            .arg(RunTexts::counted(cores, "core"), RunTexts::counted(m_processes, "process"));
     finish(cores < m_processes ? Outcome::Warning : Outcome::Fine, text);
 }
 

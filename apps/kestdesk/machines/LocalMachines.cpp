@@ -2,6 +2,7 @@
 
 #include <HostName.h>
 
+#include <QCoreApplication>
 #include <QStringList>
 #include <QThread>
 
@@ -10,6 +11,12 @@
 using suite::MachinesFile;
 
 namespace {
+
+/// Translates the texts of this file.
+struct Texts
+{
+    Q_DECLARE_TR_FUNCTIONS(LocalMachines)
+};
 
 constexpr int shownHosts = 5;
 const QString ownName = QStringLiteral("localhost");
@@ -60,18 +67,17 @@ QString LocalMachines::hosts() const
                          .arg(entry.count));
     }
     const int more = m_file.entryCount() - shown.size();
-    return shown.join(QStringLiteral(", ")) +
-           (more > 0 ? QStringLiteral(" and %1 more").arg(more) : QString());
+    const QString named = shown.join(QStringLiteral(", "));
+    return more > 0 ? Texts::tr("%1 and %2 more").arg(named, QString::number(more)) : named;
 }
 
 QString LocalMachines::error() const
 {
     if (!m_store.readError().isEmpty()) {
-        return QStringLiteral("%1 cannot be read: %2").arg(fileName(), m_store.readError());
+        return Texts::tr("%1 cannot be read: %2").arg(fileName(), m_store.readError());
     }
-    return m_file.isText()
-               ? QString()
-               : QStringLiteral("%1 is not a text file and is left as it is").arg(origin());
+    return m_file.isText() ? QString()
+                           : Texts::tr("%1 is not a text file and is left as it is").arg(origin());
 }
 
 QString LocalMachines::save()
@@ -80,11 +86,11 @@ QString LocalMachines::save()
         return error();
     }
     if (m_store.hasChanged()) {
-        return QStringLiteral("%1 was changed meanwhile and is left as it is").arg(fileName());
+        return Texts::tr("%1 was changed meanwhile and is left as it is").arg(fileName());
     }
     const QString failure = m_store.save(content());
     return failure.isEmpty() ? QString()
-                             : QStringLiteral("%1 cannot be written: %2").arg(fileName(), failure);
+                             : Texts::tr("%1 cannot be written: %2").arg(fileName(), failure);
 }
 
 QByteArray LocalMachines::content() const

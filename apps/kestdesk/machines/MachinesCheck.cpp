@@ -27,9 +27,9 @@ struct OutcomeLook
 
 // Indexed by HostCheck::Outcome.
 constexpr OutcomeLook outcomeLooks[] = {
-    {"fine", Terminal::Colour::Green},
-    {"warning", Terminal::Colour::Yellow},
-    {"error", Terminal::Colour::Red},
+    {QT_TRANSLATE_NOOP("MachinesCheck", "fine"), Terminal::Colour::Green},
+    {QT_TRANSLATE_NOOP("MachinesCheck", "warning"), Terminal::Colour::Yellow},
+    {QT_TRANSLATE_NOOP("MachinesCheck", "error"), Terminal::Colour::Red},
 };
 
 } // namespace
@@ -44,8 +44,8 @@ int MachinesCheck::exec()
         return exitRight;
     }
     if (needsRemoteShell() && HostCheck::remoteShell().isEmpty()) {
-        m_output.writeLine(QStringLiteral("There is no program %1 to reach the hosts with "
-                                          "(KEST_SSH names it).")
+        m_output.writeLine(tr("There is no program %1 to reach the hosts with "
+                              "(KEST_SSH names it).")
                                .arg(suite::RemoteShell::program()),
                            Terminal::Colour::Red);
         return exitImpossible;
@@ -71,7 +71,7 @@ void MachinesCheck::startMore()
         const suite::MachinesFile::Entry& entry =
             m_hosts[m_shown + static_cast<int>(m_checks.size())];
         m_checks.push_back(std::make_unique<HostCheck>(entry.host, entry.count, m_limit));
-        // Not at once: a check may not be destroyed while it tells its end.
+        // Deferred: a check must not be destroyed while it emits its end.
         connect(m_checks.back().get(), &HostCheck::finished, this, &MachinesCheck::showDone,
                 Qt::QueuedConnection);
         m_checks.back()->start();
@@ -97,9 +97,8 @@ void MachinesCheck::showDone()
 void MachinesCheck::show(const QString& host, const HostCheck& check)
 {
     const OutcomeLook& look = outcomeLooks[static_cast<int>(check.outcome())];
-    m_output.writeLine(
-        QStringLiteral("%1: %2: %3").arg(host, QLatin1String(look.word), check.text()),
-        look.colour);
+    m_output.writeLine(QStringLiteral("%1: %2: %3").arg(host, tr(look.word), check.text()),
+                       look.colour);
     m_failed = m_failed || check.outcome() == HostCheck::Outcome::Error;
     m_lookupLeft = m_lookupLeft || check.isLookingUp();
 }
@@ -109,7 +108,7 @@ void MachinesCheck::stop()
     QCoreApplication::exit(exitStopped);
 }
 
-// Names are looked up in threads that cannot be stopped, and the end of a program waits for them.
+// Names are looked up in threads that cannot be stopped, and the exit of a program waits for them.
 int MachinesCheck::leave(int exitCode)
 {
     for (const std::unique_ptr<HostCheck>& check : m_checks) {

@@ -7,10 +7,18 @@
 
 #include <SubcommandWords.h>
 
+#include <QCoreApplication>
+
 #include <algorithm>
 #include <cstdio>
 
 namespace {
+
+/// Translates the texts of this file.
+struct Texts
+{
+    Q_DECLARE_TR_FUNCTIONS(MachinesCommand)
+};
 
 constexpr int exitRight = 0;
 constexpr int exitWrong = 1;
@@ -67,7 +75,7 @@ int saveLocal(LocalMachines& machines)
     if (!error.isEmpty()) {
         return reportError(error, exitImpossible);
     }
-    Terminal(stdout).writeLine(QStringLiteral("Saved %1 with the line \"%2\".")
+    Terminal(stdout).writeLine(Texts::tr("Saved %1 with the line \"%2\".")
                                    .arg(machines.fileName(), LocalMachines::line()));
     return exitRight;
 }
@@ -75,12 +83,12 @@ int saveLocal(LocalMachines& machines)
 QString replacementHint(const LocalMachines& machines)
 {
     const QString hosts = machines.hosts();
-    return QStringLiteral("%1 %2; \"kestdesk machines use-local --replace\" saves %3 with the "
-                          "line \"%4\" and keeps the others as comments")
-        .arg(machines.origin(),
-             hosts.isEmpty() ? QStringLiteral("has lines that are wrong")
-                             : QStringLiteral("names hosts already: ") + hosts,
-             machines.fileName(), LocalMachines::line());
+    const QString problem =
+        hosts.isEmpty() ? Texts::tr("%1 has lines that are wrong").arg(machines.origin())
+                        : Texts::tr("%1 names hosts already: %2").arg(machines.origin(), hosts);
+    return Texts::tr("%1; \"kestdesk machines use-local --replace\" saves %2 with the "
+                     "line \"%3\" and keeps the others as comments")
+        .arg(problem, machines.fileName(), LocalMachines::line());
 }
 
 // Hosts that the user has named are replaced only on demand.
@@ -92,7 +100,7 @@ int useLocal(const SubcommandWords& words)
         return reportError(machines.error(), exitImpossible);
     case LocalMachines::State::Done:
         Terminal(stdout).writeLine(
-            QStringLiteral("Nothing was changed: %1 has the line \"%2\" and no other host.")
+            Texts::tr("Nothing was changed: %1 has the line \"%2\" and no other host.")
                 .arg(machines.origin(), LocalMachines::line()));
         return exitRight;
     case LocalMachines::State::Taken:
@@ -110,10 +118,10 @@ SubcommandGroup MachinesCommand::group()
 {
     // clang-format off
     return {QStringLiteral("machines"), {
-        {"show",      {jsonOption},    "", "show the machines file in use and what is wrong with it", show},
-        {"check",     {timeoutOption}, "", "and ask each host whether it answers, and for its cores", check},
-        {"edit",      {},              "", "change the user's machines file with $VISUAL or $EDITOR", edit},
-        {"use-local", {replaceOption}, "", "let the user's machines file name this machine alone",    useLocal},
-    }, QStringLiteral("  Exit code: 0 all fine, 1 something is wrong, 2 it could not be done, 130 stopped.\n")};
+        {"show",      {jsonOption},    "", QT_TRANSLATE_NOOP("Subcommand", "show the machines file in use and what is wrong with it"), show},
+        {"check",     {timeoutOption}, "", QT_TRANSLATE_NOOP("Subcommand", "and ask each host whether it answers, and for its cores"), check},
+        {"edit",      {},              "", QT_TRANSLATE_NOOP("Subcommand", "change the user's machines file with $VISUAL or $EDITOR"), edit},
+        {"use-local", {replaceOption}, "", QT_TRANSLATE_NOOP("Subcommand", "let the user's machines file name this machine alone"),    useLocal},
+    }, Texts::tr("  Exit code: 0 all fine, 1 something is wrong, 2 it could not be done, 130 stopped.\n")};
     // clang-format on
 }

@@ -7,6 +7,7 @@
 #include <MachinesFile.h>
 #include <StopSignals.h>
 
+#include <QCoreApplication>
 #include <QDir>
 #include <QEventLoop>
 #include <QFile>
@@ -20,6 +21,12 @@
 #include <cstdio>
 
 namespace {
+
+/// Translates the texts of this file.
+struct Texts
+{
+    Q_DECLARE_TR_FUNCTIONS(MachinesEditor)
+};
 
 constexpr int exitDone = 0;
 constexpr int exitNotSaved = 1;
@@ -38,7 +45,7 @@ constexpr const char* fileTemplate =
     "#   localhost:2\n"
     "#   node1.example.org:8\n";
 
-// Tried where the user names none.
+// Used if the user has not set an editor.
 constexpr const char* commonEditors[] = {"sensible-editor", "editor", "vi", "nano", "notepad"};
 
 void reportError(const QString& line)
@@ -46,7 +53,7 @@ void reportError(const QString& line)
     Terminal(stderr).writeLine(QStringLiteral("kestdesk: ") + line, Terminal::Colour::Red);
 }
 
-// The editor's program and its arguments; empty when there is none.
+// The editor's program and its arguments; empty if there is none.
 QStringList editorCommand()
 {
     for (const char* const variable : {"VISUAL", "EDITOR"}) {
@@ -93,7 +100,7 @@ private:
     QEventLoop m_loop;
 };
 
-// The user's next line; nothing at the end of the input.
+// The next line of input; nothing at its end.
 std::optional<QString> readLine()
 {
     QByteArray line;
@@ -120,15 +127,14 @@ int MachinesEditor::exec()
 bool MachinesEditor::readOriginal()
 {
     if (!m_store.readError().isEmpty()) {
-        reportError(
-            QStringLiteral("cannot read %1: %2").arg(m_store.fileName(), m_store.readError()));
+        reportError(Texts::tr("cannot read %1: %2").arg(m_store.fileName(), m_store.readError()));
         return false;
     }
     m_begun = m_store.origin().isEmpty() ? QByteArray(fileTemplate) : m_store.content();
     return true;
 }
 
-// Beside the file, where what is typed belongs to the user alone and survives.
+// Beside the file: the text is private to the user there, and is kept.
 bool MachinesEditor::makeCopy()
 {
     const QFileInfo file(m_store.fileName());
@@ -137,7 +143,7 @@ bool MachinesEditor::makeCopy()
     copy.setAutoRemove(false);
     if (!copy.open() || copy.write(m_begun) != m_begun.size() || !copy.flush()) {
         reportError(
-            QStringLiteral("cannot write in %1: %2").arg(file.absolutePath(), copy.errorString()));
+            Texts::tr("cannot write in %1: %2").arg(file.absolutePath(), copy.errorString()));
         copy.remove();
         return false;
     }
@@ -145,13 +151,13 @@ bool MachinesEditor::makeCopy()
     return true;
 }
 
-// The exit code when nothing can come of it.
+// Returns exitDone, or the exit code of a failure, whose reason it prints.
 int MachinesEditor::editCopy()
 {
     const QStringList command = editorCommand();
     if (command.isEmpty()) {
         QFile::remove(m_copyName);
-        reportError(QStringLiteral("there is no editor; VISUAL or EDITOR names one"));
+        reportError(Texts::tr("there is no editor; VISUAL or EDITOR names one"));
         return exitImpossible;
     }
     QProcess editor;
@@ -160,15 +166,15 @@ int MachinesEditor::editCopy()
     EditorWait wait(editor);
     editor.start(command.first(), command.mid(1) + QStringList(m_copyName));
     if (!editor.waitForStarted(-1)) {
-        reportError(QStringLiteral("cannot start the editor %1: %2")
-                        .arg(command.first(), editor.errorString()));
+        reportError(
+            Texts::tr("cannot start the editor %1: %2").arg(command.first(), editor.errorString()));
         return MachinesFileStore::contentOf(m_copyName) == m_begun
                    ? (QFile::remove(m_copyName), exitImpossible)
-                   : keepCopy(QStringLiteral("nothing was saved"));
+                   : keepCopy(Texts::tr("nothing was saved"));
     }
     wait.wait();
     if (editor.exitStatus() != QProcess::NormalExit || editor.exitCode() != 0) {
-        const QString reason = QStringLiteral("the editor did not end well; nothing was saved");
+        const QString reason = Texts::tr("the editor did not end well; nothing was saved");
         return MachinesFileStore::contentOf(m_copyName) == m_begun ? dropCopy(reason)
                                                                    : keepCopy(reason);
     }
@@ -181,11 +187,11 @@ int MachinesEditor::conclude()
         QString error;
         const std::optional<QByteArray> edited = MachinesFileStore::contentOf(m_copyName, &error);
         if (!edited) {
-            return keepCopy(QStringLiteral("cannot read what was edited: %1").arg(error));
+            return keepCopy(Texts::tr("cannot read what was edited: %1").arg(error));
         }
         if (*edited == m_begun) {
             QFile::remove(m_copyName);
-            Terminal(stdout).writeLine(QStringLiteral("Nothing was changed."));
+            Terminal(stdout).writeLine(Texts::tr("Nothing was changed."));
             return exitDone;
         }
         const Answer answer = judge(*edited);
@@ -193,10 +199,10 @@ int MachinesEditor::conclude()
             return save(*edited);
         }
         if (answer == Answer::Discard) {
-            return dropCopy(QStringLiteral("nothing was saved"));
+            return dropCopy(Texts::tr("nothing was saved"));
         }
         if (answer == Answer::Keep) {
-            return keepCopy(QStringLiteral("a file with errors is not saved"));
+            return keepCopy(Texts::tr("a file with errors is not saved"));
         }
         const int failure = editCopy();
         if (failure != exitDone) {
@@ -205,7 +211,7 @@ int MachinesEditor::conclude()
     }
 }
 
-// What to do with it: what is right is saved, and of what is wrong the user decides.
+// Prints the findings. A valid file is saved; the user decides about one with errors.
 MachinesEditor::Answer MachinesEditor::judge(const QByteArray& edited) const
 {
     const suite::MachinesFile file = suite::MachinesFile::parse(edited);
@@ -215,11 +221,12 @@ MachinesEditor::Answer MachinesEditor::judge(const QByteArray& edited) const
     if (file.isValid()) {
         return Answer::Save;
     }
-    if (!TerminalDevice::isPerson(stdin)) {
+    if (!TerminalDevice::isAnyTerminal(stdin)) {
         return Answer::Keep;
     }
     for (;;) {
-        std::fputs("Edit again, save anyway, or discard? [e/s/d] ", stderr);
+        std::fputs(qUtf8Printable(Texts::tr("Edit again, save anyway, or discard? [e/s/d] ")),
+                   stderr);
         const std::optional<QString> line = readLine();
         if (!line) {
             return Answer::Keep;
@@ -239,21 +246,21 @@ MachinesEditor::Answer MachinesEditor::judge(const QByteArray& edited) const
 int MachinesEditor::save(const QByteArray& edited)
 {
     if (m_store.hasChanged()) {
-        return keepCopy(QStringLiteral("%1 was changed meanwhile and is left as it is")
-                            .arg(m_store.fileName()));
+        return keepCopy(
+            Texts::tr("%1 was changed meanwhile and is left as it is").arg(m_store.fileName()));
     }
     const QString error = m_store.save(edited);
     if (!error.isEmpty()) {
-        return keepCopy(QStringLiteral("cannot write %1: %2").arg(m_store.fileName(), error));
+        return keepCopy(Texts::tr("cannot write %1: %2").arg(m_store.fileName(), error));
     }
     QFile::remove(m_copyName);
-    Terminal(stdout).writeLine(QStringLiteral("Saved %1.").arg(m_store.fileName()));
+    Terminal(stdout).writeLine(Texts::tr("Saved %1.").arg(m_store.fileName()));
     return exitDone;
 }
 
 int MachinesEditor::keepCopy(const QString& reason) const
 {
-    reportError(QStringLiteral("%1; what you edited is in %2").arg(reason, m_copyName));
+    reportError(Texts::tr("%1; what you edited is in %2").arg(reason, m_copyName));
     return exitNotSaved;
 }
 

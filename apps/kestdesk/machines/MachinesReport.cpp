@@ -2,6 +2,7 @@
 
 #include <HostName.h>
 
+#include <QCoreApplication>
 #include <QDir>
 #include <QFileInfo>
 #include <QJsonArray>
@@ -15,6 +16,12 @@ using suite::MachinesFile;
 using suite::HostName::withBrackets;
 
 namespace {
+
+/// Translates the texts of this file.
+struct Texts
+{
+    Q_DECLARE_TR_FUNCTIONS(MachinesReport)
+};
 
 using Severity = MachinesFile::Severity;
 
@@ -30,9 +37,9 @@ struct SeverityLook
 
 // Indexed by MachinesFile::Severity.
 constexpr SeverityLook severityLooks[] = {
-    {"note", Terminal::Colour::Cyan},
-    {"warning", Terminal::Colour::Yellow},
-    {"error", Terminal::Colour::Red},
+    {QT_TRANSLATE_NOOP("MachinesReport", "note"), Terminal::Colour::Cyan},
+    {QT_TRANSLATE_NOOP("MachinesReport", "warning"), Terminal::Colour::Yellow},
+    {QT_TRANSLATE_NOOP("MachinesReport", "error"), Terminal::Colour::Red},
 };
 
 const SeverityLook& look(Severity severity)
@@ -47,10 +54,11 @@ struct Place
     const char* owner;
 };
 
-// In the order in which they are looked for.
+// In search order.
 constexpr Place places[] = {
-    {"KEST_USER_HOME", "machines.kest", "the user's"},
-    {"KEST_HOME", "shared/mpi/machines.kest", "the installation's"},
+    {"KEST_USER_HOME", "machines.kest", QT_TRANSLATE_NOOP("MachinesReport", "the user's")},
+    {"KEST_HOME", "shared/mpi/machines.kest",
+     QT_TRANSLATE_NOOP("MachinesReport", "the installation's")},
 };
 
 QString candidate(const Place& place)
@@ -61,11 +69,11 @@ QString candidate(const Place& place)
 
 QString findingText(const MachinesFile::Finding& finding)
 {
-    const QString where =
-        finding.line > 0 ? QStringLiteral("line %1, ").arg(finding.line) : QString();
+    const QString severity = Texts::tr(look(finding.severity).name);
+    const QString place =
+        finding.line > 0 ? Texts::tr("line %1, %2").arg(finding.line).arg(severity) : severity;
     const QString what = finding.text.isEmpty() ? QString() : finding.text + QLatin1String(": ");
-    return QStringLiteral("%1%2: %3%4")
-        .arg(where, QLatin1String(look(finding.severity).name), what, finding.reason);
+    return QStringLiteral("%1: %2%3").arg(place, what, finding.reason);
 }
 
 QJsonArray entriesJson(const MachinesFile& file)
@@ -135,7 +143,7 @@ void MachinesReport::write(Terminal& terminal) const
     if (!m_job.error().isEmpty()) {
         terminal.writeLine(m_job.error(), Terminal::Colour::Red);
     }
-    if (m_machines.areOfJob()) {
+    if (m_machines.isFromJob()) {
         writeJob(terminal);
     } else if (m_finder.isValid()) {
         writeFile(terminal);
@@ -151,14 +159,14 @@ void MachinesReport::writeFile(Terminal& terminal) const
     writeFindings(machines(), terminal);
     if (m_job.isThere() && isUsable()) {
         terminal.writeLine(
-            QStringLiteral("all hosts belong to %1, so runs use this file").arg(m_job.name()));
+            Texts::tr("all hosts belong to %1, so runs use this file").arg(m_job.name()));
     }
 }
 
 void MachinesReport::writeJob(Terminal& terminal) const
 {
     terminal.writeLine(
-        QStringLiteral("%1 (in SLURM_JOB_NODELIST), whose hosts runs use").arg(m_job.name()));
+        Texts::tr("%1 (in SLURM_JOB_NODELIST), whose hosts runs use").arg(m_job.name()));
     writeEntries(terminal, machines().total());
     terminal.writeLine(fileRemark(), Terminal::Colour::Cyan);
 }
@@ -167,35 +175,34 @@ void MachinesReport::writeJob(Terminal& terminal) const
 QString MachinesReport::fileName() const
 {
     const Place& place = places[m_finder.isLocalFile() ? 0 : 1];
-    return QStringLiteral("%1 (%2, in %3)")
+    return Texts::tr("%1 (%2, in %3)")
         .arg(QDir::toNativeSeparators(m_finder.getMachineFileInfo()->absoluteFilePath()),
-             QLatin1String(place.owner), QLatin1String(place.variable));
+             Texts::tr(place.owner), QLatin1String(place.variable));
 }
 
 // Why the machines file is not used in a job.
 QString MachinesReport::fileRemark() const
 {
     if (!m_finder.isValid()) {
-        return QStringLiteral("there is no machines file");
+        return Texts::tr("there is no machines file");
     }
     return m_machines.remark().isEmpty()
-               ? QStringLiteral("%1 names no host").arg(fileName())
-               : QStringLiteral("not used: %1, %2").arg(fileName(), m_machines.remark());
+               ? Texts::tr("%1 names no host").arg(fileName())
+               : Texts::tr("not used: %1, %2").arg(fileName(), m_machines.remark());
 }
 
 void MachinesReport::writeSearch(Terminal& terminal) const
 {
-    terminal.writeLine(QStringLiteral("There is no machines file. Looked for:"),
-                       Terminal::Colour::Red);
+    terminal.writeLine(Texts::tr("There is no machines file. Looked for:"), Terminal::Colour::Red);
     for (const Place& place : places) {
         terminal.writeLine(
-            QStringLiteral("  %1 (%2, in %3)")
-                .arg(candidate(place), QLatin1String(place.owner), QLatin1String(place.variable)));
+            Texts::tr("  %1 (%2, in %3)")
+                .arg(candidate(place), Texts::tr(place.owner), QLatin1String(place.variable)));
     }
-    terminal.writeLine(QStringLiteral("\"kestdesk machines edit\" makes the user's: a text file "
-                                      "with a line \"host:count\" for each host;"));
-    terminal.writeLine(QStringLiteral("\"kestdesk machines use-local\" makes one that names this "
-                                      "machine."));
+    terminal.writeLine(Texts::tr("\"kestdesk machines edit\" makes the user's: a text file "
+                                 "with a line \"host:count\" for each host;"));
+    terminal.writeLine(Texts::tr("\"kestdesk machines use-local\" makes one that names this "
+                                 "machine."));
 }
 
 void MachinesReport::writeEntries(Terminal& terminal, int processes) const
@@ -212,15 +219,15 @@ void MachinesReport::writeEntries(Terminal& terminal, int processes) const
     }
     if (file.entryCount() > shown.size()) {
         terminal.writeLine(
-            QStringLiteral("  ... and %1 lines more").arg(file.entryCount() - shown.size()));
+            Texts::tr("  ... and %1 lines more").arg(file.entryCount() - shown.size()));
     }
-    terminal.writeLine(processes < 0 ? QStringLiteral("in all: no processes")
-                                     : QStringLiteral("in all: %1 processes, hosts: %2")
-                                           .arg(processes)
-                                           .arg(file.hosts().size()));
+    terminal.writeLine(
+        processes < 0
+            ? Texts::tr("in all: no processes")
+            : Texts::tr("in all: %1 processes, hosts: %2").arg(processes).arg(file.hosts().size()));
 }
 
-// Errors come first where there is not room for all.
+// Errors come first if there is not room for all.
 void MachinesReport::writeFindings(const MachinesFile& file, Terminal& terminal)
 {
     for (const Severity severity : {Severity::Error, Severity::Warning, Severity::Note}) {
@@ -232,9 +239,9 @@ void MachinesReport::writeFindings(const MachinesFile& file, Terminal& terminal)
         }
         const int more = file.count(severity) - shownFindings;
         if (more > 0) {
-            terminal.writeLine(QStringLiteral("... and %1 more of kind \"%2\"")
+            terminal.writeLine(Texts::tr("... and %1 more of kind \"%2\"")
                                    .arg(more)
-                                   .arg(QLatin1String(look(severity).name)),
+                                   .arg(Texts::tr(look(severity).name)),
                                look(severity).colour);
         }
     }
@@ -259,7 +266,7 @@ QByteArray MachinesReport::json() const
         {QStringLiteral("entries"), entriesJson(file)},
         {QStringLiteral("findings"), findingsJson(file)},
         {QStringLiteral("findingCounts"), countsJson(file)},
-        {QStringLiteral("job"), jobJson(m_job, m_machines.areOfJob())},
+        {QStringLiteral("job"), jobJson(m_job, m_machines.isFromJob())},
     };
     return QJsonDocument(report).toJson();
 }

@@ -7,7 +7,7 @@
 class common_PropertyMetaData;
 
 /// Where and how a launch option is shown. Its type, its members and its label, where it has one,
-/// are registered by the library.
+/// are registered by the library. A translation of the label here replaces the registered one.
 struct LaunchOptionRow
 {
     const char* key;
@@ -19,16 +19,20 @@ struct LaunchOptionRow
     const char* accessibleName; ///< empty where the label or the registered label is good enough
     const char* hint;
 
-    /// The whole label, with the mnemonic.
+    /// The complete label, with the mnemonic.
     QString text() const;
 
-    /// The same without the mnemonic.
+    /// The unit and the hint in the user's language.
+    QString unitText() const;
+    QString hintText() const;
+
+    /// The complete label without the mnemonic.
     QString plainText() const;
 
-    /// What a screen reader says.
+    /// The accessible name, for screen readers.
     QString spokenName() const;
 
-    /// What is registered for the option.
+    /// The registration of the option.
     const common_PropertyMetaData& metaData() const;
 };
 
@@ -37,11 +41,14 @@ namespace LaunchOptionTable {
 
 const QVector<LaunchOptionRow>& rows();
 
-/// The tabs' titles, in order.
+/// The tabs' names, in order.
 const QStringList& tabs();
 
-/// The titles of a tab's groups, in order.
+/// The names of a tab's groups, in order.
 QStringList groups(const QString& tab);
+
+/// The title of a tab or group, which is its name in the user's language.
+QString title(const QString& name);
 
 /// Whether the group has a button for the machines file.
 bool hasMachines(const QString& group);

@@ -5,6 +5,7 @@
 #include "LaunchOptionsPage.h"
 #include "LaunchPreview.h"
 #include "MachinesDialog.h"
+#include "ReasonText.h"
 
 #include <common_HelpClient.h>
 #include <common_IIconUtility.h>
@@ -27,7 +28,10 @@
 
 namespace {
 
-const QString dialogTitle = QStringLiteral("Component launch options");
+QString dialogTitle()
+{
+    return LaunchOptionsDialog::tr("Component launch options");
+}
 
 QIcon icon(const char* name)
 {
@@ -38,22 +42,24 @@ QIcon icon(const char* name)
 
 bool wantsToLook(QWidget* parent)
 {
-    common_UserQuery query(dialogTitle,
-                           QStringLiteral("The launch options are being changed by %1.\n\n"
-                                          "Do you want to look at them without changing them?")
-                               .arg(LaunchOptionsFile::owner()),
-                           common_UserQuery::Information, parent, QString());
-    query.addOption(QStringLiteral("&Look at them"), QMessageBox::AcceptRole,
+    common_UserQuery query(
+        dialogTitle(),
+        LaunchOptionsDialog::tr("The launch options are being changed by %1.\n\n"
+                                "Do you want to look at them without changing them?")
+            .arg(ReasonText::shown(LaunchOptionsFile::owner())),
+        common_UserQuery::Information, parent, QString());
+    query.addOption(LaunchOptionsDialog::tr("&Look at them"), QMessageBox::AcceptRole,
                     common_UserQuery::EnterDefault);
-    query.addOption(QStringLiteral("Cancel"), QMessageBox::RejectRole,
+    query.addOption(LaunchOptionsDialog::tr("Cancel"), QMessageBox::RejectRole,
                     common_UserQuery::EscapeDefault);
     return query.display() == QMessageBox::AcceptRole;
 }
 
 void showProblem(const QString& problem, QWidget* parent)
 {
-    common_UserQuery(dialogTitle,
-                     QStringLiteral("The launch options cannot be read.\n\n%1.").arg(problem),
+    common_UserQuery(dialogTitle(),
+                     LaunchOptionsDialog::tr("The launch options cannot be read.\n\n%1.")
+                         .arg(ReasonText::shown(problem)),
                      common_UserQuery::Error, parent, QString())
         .display();
 }
@@ -61,13 +67,13 @@ void showProblem(const QString& problem, QWidget* parent)
 bool wantsDefaults(QWidget* parent)
 {
     common_UserQuery query(
-        dialogTitle,
-        QStringLiteral(
+        dialogTitle(),
+        LaunchOptionsDialog::tr(
             "Do you want to replace all launch options by the installation's defaults?\n\n"
             "Nothing is saved before OK or Apply."),
         common_UserQuery::Warning, parent, QString());
-    query.addOption(QStringLiteral("Restore &defaults"), QMessageBox::AcceptRole);
-    query.addOption(QStringLiteral("Cancel"), QMessageBox::RejectRole,
+    query.addOption(LaunchOptionsDialog::tr("Restore &defaults"), QMessageBox::AcceptRole);
+    query.addOption(LaunchOptionsDialog::tr("Cancel"), QMessageBox::RejectRole,
                     common_UserQuery::EscapeDefault);
     return query.display() == QMessageBox::AcceptRole;
 }
@@ -85,7 +91,7 @@ LaunchOptionsDialog::LaunchOptionsDialog(Options options, AccessMode mode, QWidg
     , m_buttons(new QDialogButtonBox(this))
 {
     setObjectName(QStringLiteral("launchOptionsDialog"));
-    setWindowTitle(dialogTitle);
+    setWindowTitle(dialogTitle());
     setWindowFlag(Qt::WindowContextHelpButtonHint, false);
     makePages();
     makeFoot();
@@ -95,7 +101,7 @@ LaunchOptionsDialog::LaunchOptionsDialog(Options options, AccessMode mode, QWidg
     }
     layout->addWidget(m_tabs, 1);
     auto* const preview = new QFormLayout;
-    preview->addRow(QStringLiteral("Comes to"), m_previewLine);
+    preview->addRow(tr("Comes to"), m_previewLine);
     layout->addLayout(preview);
     layout->addWidget(m_reason);
     layout->addWidget(m_buttons);
@@ -134,10 +140,10 @@ bool LaunchOptionsDialog::edit(QWidget* parent)
 void LaunchOptionsDialog::makePages()
 {
     m_tabs->setObjectName(QStringLiteral("launchOptionsTabs"));
-    m_tabs->setAccessibleName(QStringLiteral("Groups of launch options"));
-    for (const QString& title : LaunchOptionTable::tabs()) {
-        auto* const page = new LaunchOptionsPage(title, m_tabs);
-        m_tabs->addTab(page, title);
+    m_tabs->setAccessibleName(tr("Groups of launch options"));
+    for (const QString& name : LaunchOptionTable::tabs()) {
+        auto* const page = new LaunchOptionsPage(name, m_tabs);
+        m_tabs->addTab(page, LaunchOptionTable::title(name));
         m_pages.append(page);
         const QStringList keys = page->keys();
         for (const QString& key : keys) {
@@ -154,7 +160,7 @@ void LaunchOptionsDialog::makePages()
     connect(m_tabs, &QTabWidget::currentChanged, this, &LaunchOptionsDialog::updatePreview);
 }
 
-// The pages come between the tabs' titles and the foot, in the order of reading.
+// Tab order: the titles of the tabs, the pages, the buttons.
 void LaunchOptionsDialog::setTabOrder()
 {
     QWidget* last = m_tabs->tabBar();
@@ -173,26 +179,26 @@ void LaunchOptionsDialog::setTabOrder()
 void LaunchOptionsDialog::makeFoot()
 {
     m_previewLine->setObjectName(QStringLiteral("preview"));
-    m_previewLine->setAccessibleName(QStringLiteral("What the options of this tab come to"));
+    m_previewLine->setAccessibleName(tr("What the options of this tab come to"));
     m_previewLine->setReadOnly(true);
     m_reason->setObjectName(QStringLiteral("reason"));
     m_reason->setTextFormat(Qt::PlainText);
     m_reason->setWordWrap(true);
     connect(m_buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
     if (m_mode == ReadOnlyAccess) {
-        m_buttons->addButton(QStringLiteral("Close"), QDialogButtonBox::RejectRole)
+        m_buttons->addButton(tr("Close"), QDialogButtonBox::RejectRole)
             ->setObjectName(QStringLiteral("close"));
         return;
     }
-    m_ok = m_buttons->addButton(QStringLiteral("OK"), QDialogButtonBox::AcceptRole);
+    m_ok = m_buttons->addButton(tr("OK"), QDialogButtonBox::AcceptRole);
     m_ok->setObjectName(QStringLiteral("ok"));
     m_ok->setDefault(true);
-    m_buttons->addButton(QStringLiteral("Cancel"), QDialogButtonBox::RejectRole)
+    m_buttons->addButton(tr("Cancel"), QDialogButtonBox::RejectRole)
         ->setObjectName(QStringLiteral("cancel"));
-    m_apply = m_buttons->addButton(QStringLiteral("&Apply"), QDialogButtonBox::ApplyRole);
+    m_apply = m_buttons->addButton(tr("&Apply"), QDialogButtonBox::ApplyRole);
     m_apply->setObjectName(QStringLiteral("apply"));
     QPushButton* const restore =
-        m_buttons->addButton(QStringLiteral("Restore &defaults"), QDialogButtonBox::ResetRole);
+        m_buttons->addButton(tr("Restore &defaults"), QDialogButtonBox::ResetRole);
     restore->setObjectName(QStringLiteral("restoreDefaults"));
     connect(m_buttons, &QDialogButtonBox::accepted, this, &LaunchOptionsDialog::accept);
     connect(m_apply, &QPushButton::clicked, this, &LaunchOptionsDialog::save);
@@ -201,12 +207,11 @@ void LaunchOptionsDialog::makeFoot()
 
 QWidget* LaunchOptionsDialog::makeBanner()
 {
-    auto* const banner = new QLabel(
-        QStringLiteral(
-            "Read-only: the options are being changed by %1. They are shown as they were "
-            "last saved.")
-            .arg(LaunchOptionsFile::owner()),
-        this);
+    auto* const banner =
+        new QLabel(tr("Read-only: the options are being changed by %1. They are shown as they were "
+                      "last saved.")
+                       .arg(ReasonText::shown(LaunchOptionsFile::owner())),
+                   this);
     banner->setObjectName(QStringLiteral("banner"));
     banner->setTextFormat(Qt::PlainText);
     banner->setWordWrap(true);
@@ -227,8 +232,8 @@ void LaunchOptionsDialog::loadEditors()
     check();
 }
 
-// An editor may not be able to show every value that a file can hold: what the user has not touched
-// stays as it is.
+// A file can hold values that an editor cannot show: values that the user has not edited are not
+// written.
 QString LaunchOptionsDialog::currentValue(const QString& key) const
 {
     const QString text = m_pageOf[key]->text(key);
@@ -279,16 +284,17 @@ bool LaunchOptionsDialog::save()
 
 void LaunchOptionsDialog::reportNotSaved(const LaunchOptionsFile::Saving& saving)
 {
-    const QString reason =
-        saving.reason.isEmpty() ? QString() : QStringLiteral(": ") + saving.reason;
+    const QString file = m_options->getFileName();
+    const QString what =
+        saving.reason.isEmpty()
+            ? tr("The options could not be saved in %1.").arg(file)
+            : tr("The options could not be saved in %1: %2.").arg(file, saving.reason);
     common_UserQuery(
-        dialogTitle,
-        QStringLiteral("The options could not be saved in %1%2.\n\n"
-                       "They are still in the dialog. Please see that there is room on the disk "
-                       "and that you may write there, and try again.")
-            .arg(m_options->getFileName(), reason),
+        dialogTitle(),
+        what + tr("\n\nThey are still in the dialog. Please see that there is room on the disk "
+                  "and that you may write there, and try again."),
         common_UserQuery::Error, this,
-        QStringLiteral("Not saved:\n") + saving.lost.join(QLatin1Char('\n')))
+        tr("Not saved:\n%1").arg(saving.lost.join(QLatin1Char('\n'))))
         .display();
 }
 
@@ -347,6 +353,6 @@ void LaunchOptionsDialog::check()
 void LaunchOptionsDialog::updatePreview()
 {
     m_previewLine->setText(
-        LaunchPreview::line(m_tabs->tabText(m_tabs->currentIndex()), *m_preview));
+        LaunchPreview::line(LaunchOptionTable::tabs().at(m_tabs->currentIndex()), *m_preview));
     m_previewLine->setCursorPosition(0);
 }

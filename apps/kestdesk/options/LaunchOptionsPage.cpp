@@ -21,7 +21,7 @@ constexpr int mostColumns = 2;
 
 enum Column { LabelColumn, EditorColumn, UnitColumn, ColumnCount };
 
-// The background of what is wrong: a shade of red that suits a light and a dark palette.
+// The background of invalid values: a shade of red for light and dark palettes.
 QColor reddened(const QColor& base)
 {
     constexpr int share = 30;
@@ -46,24 +46,24 @@ LaunchOptionsPage::LaunchOptionsPage(const QString& tab, QWidget* parent) : QScr
     setFrameShape(QFrame::NoFrame);
     setFocusPolicy(Qt::NoFocus);
     setWidget(content);
-    const QStringList titles = LaunchOptionTable::groups(tab);
-    for (const QString& title : titles) {
-        m_groups.append(makeGroup(tab, title));
+    const QStringList names = LaunchOptionTable::groups(tab);
+    for (const QString& name : names) {
+        m_groups.append(makeGroup(tab, name));
     }
     arrange(1);
 }
 
-QGroupBox* LaunchOptionsPage::makeGroup(const QString& tab, const QString& title)
+QGroupBox* LaunchOptionsPage::makeGroup(const QString& tab, const QString& name)
 {
-    auto* const group = new QGroupBox(title, widget());
+    auto* const group = new QGroupBox(LaunchOptionTable::title(name), widget());
     auto* const grid = new QGridLayout(group);
     grid->setColumnStretch(EditorColumn, 1);
     for (const LaunchOptionRow& row : LaunchOptionTable::rows()) {
-        if (tab == QLatin1String(row.tab) && title == QLatin1String(row.group)) {
+        if (tab == QLatin1String(row.tab) && name == QLatin1String(row.group)) {
             addField(row, group, grid);
         }
     }
-    if (LaunchOptionTable::hasMachines(title)) {
+    if (LaunchOptionTable::hasMachines(name)) {
         addMachines(group, grid);
     }
     return group;
@@ -82,7 +82,7 @@ void LaunchOptionsPage::addField(const LaunchOptionRow& row, QGroupBox* group, Q
         grid->addWidget(field.editor->widget(), line, LabelColumn, 1, ColumnCount);
     }
     if (*row.unit != '\0') {
-        field.unit = new QLabel(QString::fromLatin1(row.unit), group);
+        field.unit = new QLabel(row.unitText(), group);
         grid->addWidget(field.unit, line, UnitColumn);
     }
     field.message = new QLabel(group);
@@ -98,11 +98,11 @@ void LaunchOptionsPage::addField(const LaunchOptionRow& row, QGroupBox* group, Q
 
 void LaunchOptionsPage::addMachines(QGroupBox* group, QGridLayout* grid) const
 {
-    auto* const label = new QLabel(QStringLiteral("Machines file"), group);
-    auto* const button = new QPushButton(QStringLiteral("Configure"), group);
+    auto* const label = new QLabel(tr("Machines file"), group);
+    auto* const button = new QPushButton(tr("Configure"), group);
     button->setObjectName(QStringLiteral("configureMachines"));
-    button->setAccessibleName(QStringLiteral("Configure the machines file"));
-    button->setToolTip(QStringLiteral("The machines of parallel runs, and their processes."));
+    button->setAccessibleName(tr("Configure the machines file"));
+    button->setToolTip(tr("The machines of parallel runs, and their processes."));
     button->setAutoDefault(false);
     label->setBuddy(button);
     const int line = grid->rowCount();

@@ -1,6 +1,7 @@
 #include "MachinesDialog.h"
 
 #include "MachinesTextEdit.h"
+#include "RunTexts.h"
 
 #include <MachinesFile.h>
 
@@ -24,7 +25,10 @@ using suite::MachinesFile;
 
 namespace {
 
-const QString dialogTitle = QStringLiteral("Machines file");
+QString dialogTitle()
+{
+    return MachinesDialog::tr("Machines file");
+}
 
 // By MachinesFile::Severity.
 constexpr const char* severityIcons[] = {"info", "warning", "fault"};
@@ -43,17 +47,11 @@ QIcon icon(MachinesFile::Severity severity)
                : QIcon();
 }
 
-QString counted(int count, const char* one, const char* many)
+bool wants(const QString& question, const QString& yes, QWidget* parent)
 {
-    return QStringLiteral("%1 %2").arg(count).arg(QLatin1String(count == 1 ? one : many));
-}
-
-bool wants(const char* question, const char* yes, QWidget* parent)
-{
-    common_UserQuery query(dialogTitle, QString::fromLatin1(question), common_UserQuery::Warning,
-                           parent, QString());
-    query.addOption(QString::fromLatin1(yes), QMessageBox::AcceptRole);
-    query.addOption(QStringLiteral("Go on editing"), QMessageBox::RejectRole,
+    common_UserQuery query(dialogTitle(), question, common_UserQuery::Warning, parent, QString());
+    query.addOption(yes, QMessageBox::AcceptRole);
+    query.addOption(MachinesDialog::tr("Go on editing"), QMessageBox::RejectRole,
                     common_UserQuery::EscapeDefault);
     return query.display() == QMessageBox::AcceptRole;
 }
@@ -68,7 +66,7 @@ MachinesDialog::MachinesDialog(QWidget* parent)
     , m_summary(new QLabel(this))
 {
     setObjectName(QStringLiteral("machinesDialog"));
-    setWindowTitle(dialogTitle);
+    setWindowTitle(dialogTitle());
     setWindowFlag(Qt::WindowContextHelpButtonHint, false);
     makeWidgets();
     if (common_ServiceOf<common_HelpClient>::hasService()) {
@@ -102,10 +100,9 @@ void MachinesDialog::makeWidgets()
 {
     auto* const layout = new QVBoxLayout(this);
     auto* const label = new QLabel(
-        QStringLiteral("&Machines, one a line: a host, \":\" and how many processes it takes"),
-        this);
+        tr("&Machines, one a line: a host, \":\" and how many processes it takes"), this);
     label->setBuddy(m_text);
-    auto* const findingsLabel = new QLabel(QStringLiteral("&Findings"), this);
+    auto* const findingsLabel = new QLabel(tr("&Findings"), this);
     findingsLabel->setBuddy(m_findings);
     for (QLabel* const text : {m_origin, label, m_summary}) {
         text->setTextFormat(Qt::PlainText);
@@ -113,15 +110,15 @@ void MachinesDialog::makeWidgets()
     }
     m_origin->setObjectName(QStringLiteral("machinesOrigin"));
     m_text->setObjectName(QStringLiteral("machinesText"));
-    m_text->setAccessibleName(QStringLiteral("Machines, one a line"));
+    m_text->setAccessibleName(tr("Machines, one a line"));
     m_findings->setObjectName(QStringLiteral("machinesFindings"));
-    m_findings->setAccessibleName(QStringLiteral("What is wrong with the machines file"));
+    m_findings->setAccessibleName(tr("What is wrong with the machines file"));
     m_findings->setWordWrap(true);
     m_summary->setObjectName(QStringLiteral("machinesSummary"));
     auto* const buttons = new QDialogButtonBox(this);
-    m_save = buttons->addButton(QStringLiteral("&Save"), QDialogButtonBox::AcceptRole);
+    m_save = buttons->addButton(tr("&Save"), QDialogButtonBox::AcceptRole);
     m_save->setObjectName(QStringLiteral("save"));
-    buttons->addButton(QStringLiteral("Cancel"), QDialogButtonBox::RejectRole)
+    buttons->addButton(tr("Cancel"), QDialogButtonBox::RejectRole)
         ->setObjectName(QStringLiteral("cancel"));
     layout->addWidget(m_origin);
     layout->addWidget(label);
@@ -145,19 +142,18 @@ void MachinesDialog::makeWidgets()
 void MachinesDialog::load()
 {
     m_store = MachinesFileStore();
-    QString origin = QStringLiteral("The file is %1.").arg(m_store.fileName());
+    QStringList sentences{tr("The file is %1.").arg(m_store.fileName())};
     if (!m_store.readError().isEmpty()) {
-        origin += QStringLiteral(" It cannot be read: %1.").arg(m_store.readError());
+        sentences.append(tr("It cannot be read: %1.").arg(m_store.readError()));
     } else if (m_store.origin() != m_store.fileName()) {
-        origin +=
-            QStringLiteral(" You have none yet; this is %1.")
-                .arg(m_store.origin().isEmpty() ? QStringLiteral("a beginning")
-                                                : QStringLiteral("a copy of ") + m_store.origin());
+        sentences.append(
+            m_store.origin().isEmpty()
+                ? tr("You have none yet; this is a beginning.")
+                : tr("You have none yet; this is a copy of %1.").arg(m_store.origin()));
     } else if (QString::fromUtf8(m_store.content()).toUtf8() != m_store.content()) {
-        origin +=
-            QStringLiteral(" It is no plain text: saving it loses what cannot be shown here.");
+        sentences.append(tr("It is no plain text: saving it loses what cannot be shown here."));
     }
-    m_origin->setText(origin);
+    m_origin->setText(sentences.join(QLatin1Char(' ')));
     m_text->setPlainText(QString::fromUtf8(m_store.content()));
     m_loaded = m_text->toPlainText();
     check();
@@ -178,10 +174,10 @@ void MachinesDialog::check()
     const MachinesFile file = MachinesFile::parse(typed());
     m_summary->setText(
         QStringLiteral("%1, %2; %3, %4")
-            .arg(counted(file.hosts().size(), "host", "hosts"),
-                 counted(file.total(), "process", "processes"),
-                 counted(file.count(MachinesFile::Severity::Error), "error", "errors"),
-                 counted(file.count(MachinesFile::Severity::Warning), "warning", "warnings")));
+            .arg(RunTexts::counted(file.hosts().size(), "host"),
+                 RunTexts::counted(file.total(), "process"),
+                 RunTexts::counted(file.count(MachinesFile::Severity::Error), "error"),
+                 RunTexts::counted(file.count(MachinesFile::Severity::Warning), "warning")));
     m_text->showFindings(file);
     showFindings(file);
 }
@@ -192,7 +188,7 @@ void MachinesDialog::showFindings(const MachinesFile& file)
     for (const MachinesFile::Finding& finding : file.findings()) {
         QString text = finding.reason;
         if (finding.line > 0) {
-            text = QStringLiteral("Line %1: %2").arg(finding.line).arg(text);
+            text = tr("Line %1: %2").arg(finding.line).arg(text);
         }
         if (!finding.text.isEmpty()) {
             text += QStringLiteral(" (%1)").arg(finding.text);
@@ -208,14 +204,12 @@ bool MachinesDialog::mayOverwrite()
     if (!m_store.hasChanged()) {
         return true;
     }
-    common_UserQuery query(
-        dialogTitle,
-        QStringLiteral("%1 was changed by somebody else meanwhile.").arg(m_store.fileName()),
-        common_UserQuery::Warning, this, QString());
-    query.addOption(QStringLiteral("&Overwrite it"), QMessageBox::AcceptRole);
-    query.addOption(QStringLiteral("&Load it and lose what I typed"), QMessageBox::ResetRole);
-    query.addOption(QStringLiteral("Go on editing"), QMessageBox::RejectRole,
-                    common_UserQuery::EscapeDefault);
+    common_UserQuery query(dialogTitle(),
+                           tr("%1 was changed by somebody else meanwhile.").arg(m_store.fileName()),
+                           common_UserQuery::Warning, this, QString());
+    query.addOption(tr("&Overwrite it"), QMessageBox::AcceptRole);
+    query.addOption(tr("&Load it and lose what I typed"), QMessageBox::ResetRole);
+    query.addOption(tr("Go on editing"), QMessageBox::RejectRole, common_UserQuery::EscapeDefault);
     const int answer = query.display();
     if (answer == Reload) {
         load();
@@ -226,8 +220,8 @@ bool MachinesDialog::mayOverwrite()
 void MachinesDialog::accept()
 {
     const bool isValid = MachinesFile::parse(typed()).isValid();
-    if ((!isValid && !wants("The machines file has errors. Parallel runs with it may fail.",
-                            "&Save it anyway", this)) ||
+    if ((!isValid && !wants(tr("The machines file has errors. Parallel runs with it may fail."),
+                            tr("&Save it anyway"), this)) ||
         !mayOverwrite()) {
         return;
     }
@@ -236,9 +230,9 @@ void MachinesDialog::accept()
         QDialog::accept();
         return;
     }
-    common_UserQuery(dialogTitle,
-                     QStringLiteral("%1 could not be saved: %2\n\nWhat you typed is still in the "
-                                    "dialog.")
+    common_UserQuery(dialogTitle(),
+                     tr("%1 could not be saved: %2\n\nWhat you typed is still in the "
+                        "dialog.")
                          .arg(QDir::toNativeSeparators(m_store.fileName()), error),
                      common_UserQuery::Error, this, QString())
         .display();
@@ -246,7 +240,8 @@ void MachinesDialog::accept()
 
 void MachinesDialog::reject()
 {
-    if (!isChanged() || wants("The machines file was changed.", "&Throw the changes away", this)) {
+    if (!isChanged() ||
+        wants(tr("The machines file was changed."), tr("&Throw the changes away"), this)) {
         QDialog::reject();
     }
 }

@@ -11,12 +11,39 @@
 #include <QAbstractItemView>
 #include <QCheckBox>
 #include <QComboBox>
+#include <QCoreApplication>
 #include <QLineEdit>
 #include <QPlainTextEdit>
 #include <QSignalBlocker>
 #include <QWheelEvent>
 
 namespace {
+
+/// Translates the texts of this file, and those that the library has registered for the members of
+/// options.
+struct Texts
+{
+    Q_DECLARE_TR_FUNCTIONS(OptionEditors)
+
+public:
+    // clang-format off
+    static constexpr const char* members[] = {
+        QT_TR_NOOP("Idle"),
+        QT_TR_NOOP("Low"),
+        QT_TR_NOOP("Normal"),
+        QT_TR_NOOP("High"),
+        QT_TR_NOOP("Highest"),
+        QT_TR_NOOP("ssh/rsh (must be installed on remote and local machine)"),
+        QT_TR_NOOP("MPI (Windows only)"),
+        QT_TR_NOOP("Use SSPI (Active Directory) integration (Windows only, requires domain)"),
+        QT_TR_NOOP("Local run only (no authentication required)"),
+        QT_TR_NOOP("Default (rsh/ssh for UNIX, PowerShell remoting for Windows)"),
+        QT_TR_NOOP("High (fewer iterations and resources)"),
+        QT_TR_NOOP("Normal (default)"),
+        QT_TR_NOOP("Low (more iterations and resources)"),
+    };
+    // clang-format on
+};
 
 constexpr int longestLine = 1 << 20;
 constexpr int linesOfTextEdit = 6;
@@ -46,8 +73,8 @@ private:
     QCheckBox* m_box;
 };
 
-// As narrow as the page needs it, with a list as wide as its texts. Leaves the wheel to the page
-// while the user is elsewhere.
+// A narrow combo box whose list is as wide as its texts. Without the focus it leaves the wheel to
+// the page.
 class ComboBox : public QComboBox
 {
 public:
@@ -85,11 +112,11 @@ public:
     QWidget* widget() const override { return m_box; }
     QString text() const override { return m_box->currentData().toString(); }
 
-    // A value that is no member is shown as it is, and kept until another one is chosen.
+    // A value that is not a member is shown as it is, and kept until another one is chosen.
     void setText(const QString& text) override
     {
         if (m_box->findData(text) < 0) {
-            m_box->addItem(QStringLiteral("%1 (none of these)").arg(text), text);
+            m_box->addItem(Texts::tr("%1 (none of these)").arg(text), text);
         }
         m_box->setCurrentIndex(m_box->findData(text));
     }
@@ -100,7 +127,8 @@ private:
     {
         const QVector<EnumType> members = metaData.getEnumList();
         for (const EnumType& member : members) {
-            m_box->addItem(member.text, QString::number(member.value));
+            m_box->addItem(Texts::tr(member.text.toLatin1().constData()),
+                           QString::number(member.value));
         }
         connect(m_box, qOverload<int>(&QComboBox::currentIndexChanged), this,
                 &OptionEditor::edited);
@@ -196,6 +224,6 @@ OptionEditor* OptionEditors::make(const LaunchOptionRow& row, QWidget* parent)
     QWidget* const widget = editor->widget();
     widget->setObjectName(QString::fromLatin1(row.key));
     widget->setAccessibleName(row.spokenName());
-    widget->setToolTip(QString::fromLatin1(row.hint));
+    widget->setToolTip(row.hintText());
     return editor;
 }

@@ -6,6 +6,7 @@
 
 #include <common_PropertyMetaData.h>
 
+#include <QCoreApplication>
 #include <QRegularExpression>
 #include <QSet>
 #include <QStringList>
@@ -15,6 +16,12 @@
 #include <limits>
 
 namespace {
+
+/// Translates the texts of this file.
+struct Texts
+{
+    Q_DECLARE_TR_FUNCTIONS(OptionRules)
+};
 
 constexpr int mostProcesses = 4096;
 constexpr int mostRuns = 1000000;
@@ -43,8 +50,7 @@ QString gpuCountProblem(const QString& text)
     return text.isEmpty() || (isWholeNumber(text) && text.toInt() > 0 && text.toInt() <= mostGpus &&
                               !text.startsWith(QLatin1Char('0')))
                ? QString()
-               : QStringLiteral("Give a whole number from 1 to %1, or leave it empty.")
-                     .arg(mostGpus);
+               : Texts::tr("Give a whole number from 1 to %1, or leave it empty.").arg(mostGpus);
 }
 
 QString gpuListProblem(const QString& text)
@@ -54,20 +60,19 @@ QString gpuListProblem(const QString& text)
     }
     const QStringList numbers = text.split(QLatin1Char(','));
     if (!std::all_of(numbers.cbegin(), numbers.cend(), isWholeNumber)) {
-        return QStringLiteral("Give numbers with commas between them and no blanks, such as 0,1.");
+        return Texts::tr("Give numbers with commas between them and no blanks, such as 0,1.");
     }
     QSet<int> different;
     for (const QString& number : numbers) {
         different.insert(number.toInt());
     }
-    return different.size() < numbers.size() ? QStringLiteral("A GPU is in the list twice.")
-                                             : QString();
+    return different.size() < numbers.size() ? Texts::tr("A GPU is in the list twice.") : QString();
 }
 
 QString hostProblem(const QString& text)
 {
     if (text != text.simplified()) {
-        return QStringLiteral("There must be one blank between two words, and none around them.");
+        return Texts::tr("There must be one blank between two words, and none around them.");
     }
     const QString error = text.isEmpty() ? QString() : suite::RemoteHost(text).error();
     return error.isEmpty() ? QString() : error + QLatin1Char('.');
@@ -80,8 +85,7 @@ QString frequencyProblem(const QString& text)
     const double frequency = number.match(text).hasMatch() ? text.toDouble() : 0;
     return text.isEmpty() || (frequency > 0 && frequency <= largestFrequency)
                ? QString()
-               : QStringLiteral(
-                     "Give a positive number with a decimal point, such as 14.2, up to %1.")
+               : Texts::tr("Give a positive number with a decimal point, such as 14.2, up to %1.")
                      .arg(largestFrequency);
 }
 
@@ -111,15 +115,16 @@ constexpr RangeRow rangeRows[] = {
 };
 
 constexpr TextRow textRows[] = {
-    {"Kest.NumberOfGPUs",    gpuCountProblem,          "a whole number from 1, or nothing for all", false, ""},
-    {"Kest.GPUsList",        gpuListProblem,           "numbers with commas between them, such as 0,1, or nothing for any", false, ""},
-    {"Kest.RemoteHost",      hostProblem,              "a host as [user@]HOST [user=NAME] [port=NUMBER] [home=FOLDER], or nothing", false, ""},
-    {"Amrkest.Frequency",    frequencyProblem,         "a positive number in MHz, such as 14.2, or nothing", false, "Give a frequency, or do not specify one."},
-    {"EnvironmentVariables", EnvironmentRule::problem, "NAME=VALUE, one a line, with no further \"=\"", true, ""},
+    {"Kest.NumberOfGPUs",    gpuCountProblem,          QT_TRANSLATE_NOOP("OptionRules", "a whole number from 1, or nothing for all"), false, ""},
+    {"Kest.GPUsList",        gpuListProblem,           QT_TRANSLATE_NOOP("OptionRules", "numbers with commas between them, such as 0,1, or nothing for any"), false, ""},
+    {"Kest.RemoteHost",      hostProblem,              QT_TRANSLATE_NOOP("OptionRules", "a host as [user@]HOST [user=NAME] [port=NUMBER] [home=FOLDER], or nothing"), false, ""},
+    {"Amrkest.Frequency",    frequencyProblem,         QT_TRANSLATE_NOOP("OptionRules", "a positive number in MHz, such as 14.2, or nothing"), false, QT_TRANSLATE_NOOP("OptionRules", "Give a frequency, or do not specify one.")},
+    {"EnvironmentVariables", EnvironmentRule::problem, QT_TRANSLATE_NOOP("OptionRules", "NAME=VALUE, one a line, with no further \"=\""), true, ""},
 };
 // clang-format on
 
-constexpr TextRow anyText = {"", anyTextProblem, "any text in one line", false, ""};
+constexpr TextRow anyText = {"", anyTextProblem,
+                             QT_TRANSLATE_NOOP("OptionRules", "any text in one line"), false, ""};
 
 const TextRow& textRow(const common_PropertyMetaData& metaData)
 {
@@ -135,7 +140,7 @@ bool isText(const common_PropertyMetaData& metaData)
     return metaData.type() == common_PropertyMetaData::String;
 }
 
-// What no text can be that goes into a command line.
+// Why the characters cannot be in a command line, as a sentence.
 QString characterProblem(const QString& text, bool mayHaveLines)
 {
     const bool hasControls = std::any_of(text.cbegin(), text.cend(), [mayHaveLines](QChar each) {
@@ -143,15 +148,15 @@ QString characterProblem(const QString& text, bool mayHaveLines)
                !(mayHaveLines && each == QLatin1Char('\n'));
     });
     if (hasControls) {
-        return mayHaveLines ? QStringLiteral("Control characters are not allowed.")
-                            : QStringLiteral("Line breaks and other control characters are not "
-                                             "allowed.");
+        return mayHaveLines ? Texts::tr("Control characters are not allowed.")
+                            : Texts::tr("Line breaks and other control characters are not "
+                                        "allowed.");
     }
     if (!text.isValidUtf16() || text.contains(QChar(QChar::ReplacementCharacter))) {
-        return QStringLiteral("There is a character that could not be read as UTF-8.");
+        return Texts::tr("There is a character that could not be read as UTF-8.");
     }
     return text.toUtf8().size() > longestText
-               ? QStringLiteral("The text is longer than %1 bytes.").arg(longestText)
+               ? Texts::tr("The text is longer than %1 bytes.").arg(longestText)
                : QString();
 }
 
@@ -166,16 +171,14 @@ QString numberProblem(const OptionRules::Range& range, const QString& text)
     bool isNumber = false;
     const int number = text.toInt(&isNumber);
     if (!isNumber) {
-        return QStringLiteral("Give a whole number.");
+        return Texts::tr("Give a whole number.");
     }
     if (number >= range.smallest && number <= range.largest) {
         return QString();
     }
     return range.largest == anyNumber
-               ? QStringLiteral("Give a number from %1 on.").arg(range.smallest)
-               : QStringLiteral("Give a number from %1 to %2.")
-                     .arg(range.smallest)
-                     .arg(range.largest);
+               ? Texts::tr("Give a number from %1 on.").arg(range.smallest)
+               : Texts::tr("Give a number from %1 to %2.").arg(range.smallest).arg(range.largest);
 }
 
 } // namespace
@@ -202,7 +205,8 @@ QString OptionRules::problem(const common_PropertyMetaData& metaData, const QStr
 
 QString OptionRules::emptyProblem(const common_PropertyMetaData& metaData)
 {
-    return isText(metaData) ? QString::fromLatin1(textRow(metaData).emptyProblem) : QString();
+    const char* const problem = isText(metaData) ? textRow(metaData).emptyProblem : "";
+    return *problem == '\0' ? QString() : Texts::tr(problem);
 }
 
 bool OptionRules::mayHaveLines(const common_PropertyMetaData& metaData)
@@ -213,11 +217,10 @@ bool OptionRules::mayHaveLines(const common_PropertyMetaData& metaData)
 QString OptionRules::accepted(const common_PropertyMetaData& metaData)
 {
     if (isText(metaData)) {
-        return QString::fromLatin1(textRow(metaData).accepted);
+        return Texts::tr(textRow(metaData).accepted);
     }
     const Range limits = range(metaData);
-    return limits.largest == anyNumber ? QStringLiteral("an integer from %1").arg(limits.smallest)
-                                       : QStringLiteral("an integer from %1 to %2")
-                                             .arg(limits.smallest)
-                                             .arg(limits.largest);
+    return limits.largest == anyNumber
+               ? Texts::tr("an integer from %1").arg(limits.smallest)
+               : Texts::tr("an integer from %1 to %2").arg(limits.smallest).arg(limits.largest);
 }

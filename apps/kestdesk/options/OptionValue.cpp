@@ -4,9 +4,17 @@
 
 #include <common_PropertyMetaData.h>
 
+#include <QCoreApplication>
+
 #include <algorithm>
 
 namespace {
+
+/// Translates the texts of this file.
+struct Texts
+{
+    Q_DECLARE_TR_FUNCTIONS(OptionValue)
+};
 
 std::optional<QString> parsedBoolean(const QString& typed)
 {
@@ -35,7 +43,7 @@ std::optional<QString> parsedMember(const QVector<EnumType>& members, const QStr
 QString OptionValue::accepted(const common_PropertyMetaData& metaData)
 {
     if (metaData.type() == common_PropertyMetaData::Boolean) {
-        return QStringLiteral("true or false");
+        return Texts::tr("true or false");
     }
     const QVector<EnumType> members = metaData.getEnumList();
     if (!members.isEmpty()) {

@@ -5,6 +5,7 @@
 #include "OptionRules.h"
 #include "OptionValue.h"
 #include "OptionsLock.h"
+#include "ReasonText.h"
 
 #include <ErrorOutput.h>
 #include <SubcommandWords.h>
@@ -12,6 +13,7 @@
 #include <common_ComponentsLaunchOptions.h>
 #include <common_PropertyFactory.h>
 
+#include <QCoreApplication>
 #include <QJsonDocument>
 #include <QJsonObject>
 #include <QMap>
@@ -22,6 +24,12 @@
 #include <optional>
 
 namespace {
+
+/// Translates the texts of this file.
+struct Texts
+{
+    Q_DECLARE_TR_FUNCTIONS(OptionsCommand)
+};
 
 using Options = common_ComponentsLaunchOptions::Pointer;
 using Values = QMap<QString, QString>;
@@ -50,23 +58,27 @@ QString value(const Options& options, const QString& name)
     return LaunchOptionsFile::value(*options, name);
 }
 
+QString unchanged(const QString& problem)
+{
+    return Texts::tr("%1; nothing was changed").arg(ReasonText::shown(problem));
+}
+
 bool knows(const Options& options, const QString& name)
 {
     const bool known = names(options).contains(name);
     if (!known) {
         ErrorOutput::print(
-            QStringLiteral("there is no option \"%1\"; \"kestdesk options list\" shows all")
-                .arg(name));
+            Texts::tr("there is no option \"%1\"; \"kestdesk options list\" shows all").arg(name));
     }
     return known;
 }
 
-// The options as they are in the file; null, with the reason printed, when they cannot be read.
+// Returns the options in the file. If they cannot be read, prints the reason and returns null.
 Options readableOptions()
 {
     const QString problem = LaunchOptionsFile::problem();
     if (!problem.isEmpty()) {
-        ErrorOutput::print(problem);
+        ErrorOutput::print(ReasonText::shown(problem));
         return Options();
     }
     return common_ComponentsLaunchOptions::create(ReadOnlyAccess);
@@ -124,21 +136,21 @@ int showValues(const SubcommandWords& words)
     return exitDone;
 }
 
-// The options to be written; null, with the reason printed, when another process has locked them or
-// the file cannot be used.
+// Returns the options for writing. If another process has locked them or the file cannot be used,
+// prints the reason and returns null.
 Options writableOptions(int wait)
 {
     for (const QString& problem :
          {LaunchOptionsFile::problem(), LaunchOptionsFile::lockProblem()}) {
         if (!problem.isEmpty()) {
-            ErrorOutput::print(problem + QStringLiteral("; nothing was changed"));
+            ErrorOutput::print(unchanged(problem));
             return Options();
         }
     }
     Options options = OptionsLock::wait(wait, ErrorOutput::print);
     if (!options) {
-        ErrorOutput::print(
-            QStringLiteral("%1 holds it; nothing was changed").arg(LaunchOptionsFile::owner()));
+        ErrorOutput::print(Texts::tr("%1 holds it; nothing was changed")
+                               .arg(ReasonText::shown(LaunchOptionsFile::owner())));
     }
     return options;
 }
@@ -154,10 +166,10 @@ int save(const Options& options, const QStringList& changed = QStringList())
     QStringList named;
     std::copy_if(changed.cbegin(), changed.cend(), std::back_inserter(named),
                  [&saving](const QString& name) { return saving.lost.contains(name); });
-    QString text = QStringLiteral("not saved in %1").arg(options->getFileName());
-    if (!saving.reason.isEmpty()) {
-        text += QStringLiteral(", because ") + saving.reason;
-    }
+    const QString file = options->getFileName();
+    const QString text = saving.reason.isEmpty()
+                             ? Texts::tr("not saved in %1").arg(file)
+                             : Texts::tr("not saved in %1, because %2").arg(file, saving.reason);
     ErrorOutput::print(text + QStringLiteral(": ") +
                        (named.isEmpty() ? saving.lost : named).join(QStringLiteral(", ")));
     return exitFailed;
@@ -173,7 +185,7 @@ QString excerpt(const QString& typed)
     return text;
 }
 
-// Adds the value to the values; false, with the mistake printed, when it is wrong.
+// Adds the value to the values. Prints the error and returns false if it is invalid.
 bool parseValue(const QString& name, const QString& typed, Values& values)
 {
     const common_PropertyMetaData& metaData = common_PropertyFactory::getMetaData(name);
@@ -183,20 +195,20 @@ bool parseValue(const QString& name, const QString& typed, Values& values)
         return true;
     }
     const QString reason = OptionRules::problem(metaData, typed);
-    ErrorOutput::print(QStringLiteral("%1 accepts %2, and not \"%3\"")
+    ErrorOutput::print(Texts::tr("%1 accepts %2, and not \"%3\"")
                            .arg(name, OptionValue::accepted(metaData), excerpt(typed)) +
                        (reason.isEmpty() ? reason : QStringLiteral(". ") + reason));
     return false;
 }
 
-// Reads all of "NAME=VALUE..."; false, with every mistake printed, when one is wrong.
+// Reads all of "NAME=VALUE...". Prints all errors and returns false if there are any.
 bool parse(const Options& options, const QStringList& words, Values& values)
 {
     bool isGood = true;
     for (const QString& word : words) {
         const QString name = word.section(QLatin1Char('='), 0, 0);
         if (!word.contains(QLatin1Char('='))) {
-            ErrorOutput::print(QStringLiteral("\"%1\" is not NAME=VALUE").arg(excerpt(word)));
+            ErrorOutput::print(Texts::tr("\"%1\" is not NAME=VALUE").arg(excerpt(word)));
             isGood = false;
         } else {
             isGood = knows(options, name) &&
@@ -217,7 +229,7 @@ void warnOfEmptyValues(const Options& options, const Values& changed)
         const QString warning = OptionRules::emptyProblem(row.metaData());
         if (concerns && !warning.isEmpty() && value(options, name).isEmpty() &&
             value(options, switchName) == QLatin1String("true")) {
-            ErrorOutput::print(QStringLiteral("%1 is empty, so %2 is without effect. %3")
+            ErrorOutput::print(Texts::tr("%1 is empty, so %2 is without effect. %3")
                                    .arg(name, switchName, warning));
         }
     }
@@ -244,7 +256,7 @@ int restore(const SubcommandWords& words)
 {
     const QString problem = LaunchOptionsFile::defaultsProblem();
     if (!problem.isEmpty()) {
-        ErrorOutput::print(problem + QStringLiteral("; nothing was changed"));
+        ErrorOutput::print(unchanged(problem));
         return exitFailed;
     }
     const Options options = writableOptions(words.number(waitOption.name, defaultWait));
@@ -261,12 +273,12 @@ SubcommandGroup OptionsCommand::group()
 {
     // clang-format off
     return {QStringLiteral("options"), {
-        {"list",    {jsonOption}, "",              "show all options as NAME=VALUE",       list},
-        {"get",     {},           "NAME",          "show the value of one",                get},
-        {"set",     {waitOption}, "NAME=VALUE...", "change some, all or none of them",     set},
-        {"restore", {waitOption}, "",              "take the installation's defaults",     restore},
-        {"values",  {},           "NAME",          "show the words that one accepts",      showValues},
-    }, QStringLiteral("  While another process holds the options, set and restore wait for %1 seconds, or for\n"
+        {"list",    {jsonOption}, "",              QT_TRANSLATE_NOOP("Subcommand", "show all options as NAME=VALUE"),       list},
+        {"get",     {},           "NAME",          QT_TRANSLATE_NOOP("Subcommand", "show the value of one"),                get},
+        {"set",     {waitOption}, "NAME=VALUE...", QT_TRANSLATE_NOOP("Subcommand", "change some, all or none of them"),     set},
+        {"restore", {waitOption}, "",              QT_TRANSLATE_NOOP("Subcommand", "take the installation's defaults"),     restore},
+        {"values",  {},           "NAME",          QT_TRANSLATE_NOOP("Subcommand", "show the words that one accepts"),      showValues},
+    }, Texts::tr("  While another process holds the options, set and restore wait for %1 seconds, or for\n"
                       "  those of --wait; 0 waits not at all.\n").arg(defaultWait)};
     // clang-format on
 }

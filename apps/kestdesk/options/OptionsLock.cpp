@@ -1,16 +1,24 @@
 #include "OptionsLock.h"
 
 #include "LaunchOptionsFile.h"
+#include "ReasonText.h"
 
 #include <common_ISession.h>
 #include <common_ServiceOf.h>
 #include <common_UserMessage.h>
 
+#include <QCoreApplication>
 #include <QElapsedTimer>
 #include <QRandomGenerator>
 #include <QThread>
 
 namespace {
+
+/// Translates the texts of this file.
+struct Texts
+{
+    Q_DECLARE_TR_FUNCTIONS(OptionsLock)
+};
 
 using Options = common_ComponentsLaunchOptions;
 
@@ -18,7 +26,7 @@ constexpr qint64 moment = 500;   // milliseconds, in which most others are done
 constexpr int shortestPause = 5; // milliseconds
 constexpr int longestPause = 25; // milliseconds
 
-/// Shows no messages for as long as it lives: that the file is locked is no news while we wait.
+/// Suppresses messages during its lifetime: the message that the file is locked would repeat.
 class SilentSession : public common_ISession
 {
 public:
@@ -58,9 +66,10 @@ Options::Pointer OptionsLock::wait(int seconds, const std::function<void(const Q
         }
         if (!isTold && waiting.hasExpired(moment)) {
             isTold = true;
-            tell(QStringLiteral("waiting up to %1 seconds for %2, which holds %3")
-                     .arg(seconds)
-                     .arg(LaunchOptionsFile::owner(), LaunchOptionsFile::name()));
+            tell(
+                Texts::tr("waiting up to %1 seconds for %2, which holds %3")
+                    .arg(seconds)
+                    .arg(ReasonText::shown(LaunchOptionsFile::owner()), LaunchOptionsFile::name()));
         }
         QThread::msleep(static_cast<unsigned long>(
             QRandomGenerator::global()->bounded(shortestPause, longestPause)));

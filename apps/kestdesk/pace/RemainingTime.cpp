@@ -1,8 +1,16 @@
 #include "RemainingTime.h"
 
+#include <QCoreApplication>
+
 #include <cmath>
 
 namespace {
+
+/// Translates the texts of this file.
+struct Texts
+{
+    Q_DECLARE_TR_FUNCTIONS(RemainingTime)
+};
 
 constexpr qint64 second = 1000;
 constexpr qint64 minute = 60 * second;
@@ -71,12 +79,12 @@ void RemainingTime::smooth(qint64 now, double remaining)
 
 QString RemainingTime::text() const
 {
-    return m_end ? shortText() + QStringLiteral(" left") : QString();
+    return m_end ? Texts::tr("about %1 left").arg(rounded(m_shown)) : QString();
 }
 
 QString RemainingTime::shortText() const
 {
-    return m_end ? QStringLiteral("about ") + rounded(m_shown) : QString();
+    return m_end ? Texts::tr("about %1").arg(rounded(m_shown)) : QString();
 }
 
 std::optional<qint64> RemainingTime::milliseconds() const
@@ -88,7 +96,7 @@ QString RemainingTime::rounded(qint64 milliseconds)
 {
     const qint64 time = roundedTime(static_cast<double>(milliseconds));
     if (time < minute) {
-        return QStringLiteral("%1 s").arg(time / second);
+        return Texts::tr("%1 s").arg(time / second);
     }
     if (time < 10 * minute) {
         return QStringLiteral("%1:%2")
@@ -96,12 +104,13 @@ QString RemainingTime::rounded(qint64 milliseconds)
             .arg(time % minute / second, 2, 10, QLatin1Char('0'));
     }
     if (time < hour) {
-        return QStringLiteral("%1 min").arg(time / minute);
+        return Texts::tr("%1 min").arg(time / minute);
     }
     if (time < 2 * day) {
-        const QString hours = QStringLiteral("%1 h").arg(time / hour);
+        const qint64 hours = time / hour;
         const qint64 minutes = time % hour / minute;
-        return minutes > 0 ? hours + QStringLiteral(" %1 min").arg(minutes) : hours;
+        return minutes > 0 ? Texts::tr("%1 h %2 min").arg(hours).arg(minutes)
+                           : Texts::tr("%1 h").arg(hours);
     }
-    return QStringLiteral("%1 days").arg(static_cast<double>(time) / day);
+    return Texts::tr("%1 days").arg(static_cast<double>(time) / day);
 }

@@ -29,9 +29,9 @@ struct DeedRow
 
 // clang-format off
 const DeedRow deedRows[] = {
-    {StopQuestion::Deed::Stop,     "Stop a run",           "Stop %1?",                                          "Stop these %1 runs?",                                                   "&Stop"},
-    {StopQuestion::Deed::StopAll,  "Runs are still going", "Stop %1, and quit?",                                "Stop these %1 runs, and quit?",                                         "&Stop and quit"},
-    {StopQuestion::Deed::ForceAll, "Runs are still going", "%1, has not stopped yet. End it by force and quit?", "These %1 runs have not stopped yet. End them by force and quit?", "&End by force"},
+    {StopQuestion::Deed::Stop,     QT_TRANSLATE_NOOP("StopQuestion", "Stop a run"),           QT_TRANSLATE_NOOP("StopQuestion", "Stop %1?"),                                          QT_TRANSLATE_NOOP("StopQuestion", "Stop these %1 runs?"),                                                   QT_TRANSLATE_NOOP("StopQuestion", "&Stop")},
+    {StopQuestion::Deed::StopAll,  QT_TRANSLATE_NOOP("StopQuestion", "Runs are still going"), QT_TRANSLATE_NOOP("StopQuestion", "Stop %1, and quit?"),                                QT_TRANSLATE_NOOP("StopQuestion", "Stop these %1 runs, and quit?"),                                         QT_TRANSLATE_NOOP("StopQuestion", "&Stop and quit")},
+    {StopQuestion::Deed::ForceAll, QT_TRANSLATE_NOOP("StopQuestion", "Runs are still going"), QT_TRANSLATE_NOOP("StopQuestion", "%1, has not stopped yet. End it by force and quit?"), QT_TRANSLATE_NOOP("StopQuestion", "These %1 runs have not stopped yet. End them by force and quit?"), QT_TRANSLATE_NOOP("StopQuestion", "&End by force")},
 };
 // clang-format on
 
@@ -55,15 +55,15 @@ QString nameOf(const StopQuestion::Subject& subject)
 QString textOf(const DeedRow& row, const QVector<StopQuestion::Subject>& runs)
 {
     if (runs.size() == 1) {
-        return QString(QLatin1String(row.oneRun))
-            .replace(QLatin1String("%1"), nameOf(runs.first()));
+        return StopQuestion::tr(row.oneRun).replace(QLatin1String("%1"), nameOf(runs.first()));
     }
-    QStringList lines = {QString(QLatin1String(row.someRuns)).arg(runs.size()), QString()};
-    for (const StopQuestion::Subject& run : runs.mid(0, mostNamed)) {
+    QStringList lines = {StopQuestion::tr(row.someRuns).arg(runs.size()), QString()};
+    const auto named = runs.mid(0, mostNamed);
+    for (const StopQuestion::Subject& run : named) {
         lines.append(nameOf(run));
     }
     if (runs.size() > mostNamed) {
-        lines.append(QStringLiteral("and %1 more").arg(runs.size() - mostNamed));
+        lines.append(StopQuestion::tr("and %1 more").arg(runs.size() - mostNamed));
     }
     return lines.join(QLatin1Char('\n'));
 }
@@ -85,7 +85,7 @@ bool StopQuestion::isWanted(const Run& run, const KestdeskSettings& settings)
 StopQuestion::StopQuestion(Deed deed, QVector<Subject> runs, QWidget* window)
     : m_deed(deed)
     , m_runs(std::move(runs))
-    , m_box(new QMessageBox(QMessageBox::Warning, QLatin1String(rowOf(deed).title), QString(),
+    , m_box(new QMessageBox(QMessageBox::Warning, tr(rowOf(deed).title), QString(),
                             QMessageBox::NoButton, window))
 {
     m_box->setObjectName(QStringLiteral("stopQuestion"));
@@ -100,9 +100,8 @@ StopQuestion::StopQuestion(Deed deed, QVector<Subject> runs, QWidget* window)
 
 void StopQuestion::addButtons()
 {
-    m_stop = m_box->addButton(QLatin1String(rowOf(m_deed).button), QMessageBox::YesRole);
-    QPushButton* const keep =
-        m_box->addButton(QStringLiteral("&Keep running"), QMessageBox::NoRole);
+    m_stop = m_box->addButton(tr(rowOf(m_deed).button), QMessageBox::YesRole);
+    QPushButton* const keep = m_box->addButton(tr("&Keep running"), QMessageBox::NoRole);
     m_box->setDefaultButton(keep);
     m_box->setEscapeButton(keep);
 }

@@ -13,10 +13,10 @@
 
 namespace {
 
-void add(QString& text, const char* title, const QStringList& lines)
+void add(QString& text, const QString& title, const QStringList& lines)
 {
     if (!lines.isEmpty()) {
-        text += QLatin1String(title) + QStringLiteral("\n  ") + lines.join(QStringLiteral("\n  ")) +
+        text += title + QStringLiteral("\n  ") + lines.join(QStringLiteral("\n  ")) +
                 QStringLiteral("\n\n");
     }
 }
@@ -25,10 +25,10 @@ QStringList linesOf(const QVector<RunRecord::Option>& options, bool isWithDefaul
 {
     QStringList lines;
     for (const RunRecord::Option& option : options) {
-        QString line = QStringLiteral("%1 = %2").arg(option.name, option.value);
-        if (isWithDefault) {
-            line += QStringLiteral("   (default: %1)").arg(option.defaultValue);
-        }
+        const QString line = isWithDefault
+                                 ? CommandPage::tr("%1 = %2   (default: %3)")
+                                       .arg(option.name, option.value, option.defaultValue)
+                                 : QStringLiteral("%1 = %2").arg(option.name, option.value);
         lines.append(suite::visibleText(line));
     }
     return lines;
@@ -39,10 +39,10 @@ QStringList linesOf(const QVector<RunRecord::Option>& options, bool isWithDefaul
 CommandPage::CommandPage(QWidget* parent) : QWidget(parent), m_text(new QPlainTextEdit(this))
 {
     m_text->setObjectName(QStringLiteral("commandText"));
-    m_text->setAccessibleName(QStringLiteral("Command"));
+    m_text->setAccessibleName(tr("Command"));
     m_text->setReadOnly(true);
     m_text->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
-    auto* copy = new QPushButton(QStringLiteral("Copy co&mmand"), this);
+    auto* copy = new QPushButton(tr("Copy co&mmand"), this);
     copy->setObjectName(QStringLiteral("copyCommandButton"));
     connect(copy, &QPushButton::clicked, this, &CommandPage::copyCommand);
     auto* layout = new QVBoxLayout(this);
@@ -54,14 +54,14 @@ void CommandPage::show(const RunRecord& record)
 {
     m_command = ShellCommand::of(record);
     QString text;
-    add(text, "Command", {suite::visibleText(m_command)});
-    add(text, "Folder", {suite::visiblePath(record.workingDirectory)});
-    add(text, "Run options", record.runOptions);
-    add(text, "Environment, in addition to the system's", record.environment);
+    add(text, tr("Command"), {suite::visibleText(m_command)});
+    add(text, tr("Folder"), {suite::visiblePath(record.workingDirectory)});
+    add(text, tr("Run options"), record.runOptions);
+    add(text, tr("Environment, in addition to the system's"), record.environment);
     const QStringList changed = linesOf(record.changedOptions(), true);
-    add(text, "Launch options that differ from the defaults",
-        changed.isEmpty() ? QStringList(QStringLiteral("none")) : changed);
-    add(text, "All launch options", linesOf(record.launchOptions, false));
+    add(text, tr("Launch options that differ from the defaults"),
+        changed.isEmpty() ? QStringList(tr("none")) : changed);
+    add(text, tr("All launch options"), linesOf(record.launchOptions, false));
     m_text->setPlainText(text);
 }
 

@@ -1,5 +1,6 @@
 #include "CureBar.h"
 
+#include "ReasonText.h"
 #include "ToolTip.h"
 
 #include <VisibleText.h>
@@ -29,11 +30,12 @@ void CureBar::setProblem(const QString& message, const RunRecord& record)
     m_message = message;
     m_record = record;
     m_cure = ProblemCures::find(message);
-    setText(m_cure == nullptr ? QString() : suite::visibleText(message.trimmed()));
+    setText(m_cure == nullptr ? QString()
+                              : suite::visibleText(ReasonText::shown(message.trimmed())));
     if (m_cure != nullptr) {
-        m_button->setText(QLatin1String(m_cure->button));
-        m_button->setToolTip(QLatin1String(m_cure->hint));
-        m_button->setAccessibleDescription(QLatin1String(m_cure->hint));
+        m_button->setText(ProblemCures::shown(m_cure->button));
+        m_button->setToolTip(ProblemCures::shown(m_cure->hint));
+        m_button->setAccessibleDescription(ProblemCures::shown(m_cure->hint));
     }
     m_button->setVisible(m_cure != nullptr);
     m_button->updateGeometry();

@@ -1,5 +1,6 @@
 #include "DifferencesPage.h"
 
+#include "ReasonText.h"
 #include "RunTexts.h"
 
 #include <VisibleText.h>
@@ -21,6 +22,11 @@ using File = RunComparison::File;
 QString html(const QString& text)
 {
     return suite::visibleLines(text).toHtmlEscaped();
+}
+
+QString bold(const QString& text)
+{
+    return QStringLiteral("<b>%1</b>").arg(text);
 }
 
 QString section(const QString& title, const QString& rows)
@@ -49,10 +55,10 @@ QString messageRows(const QVector<RunComparison::Message>& messages)
 {
     QString rows;
     for (const RunComparison::Message& message : messages) {
-        rows += row(RecordedMessage::word(message.type) + QStringLiteral(": ") +
+        rows += row(ReasonText::shown(RecordedMessage::word(message.type)) + QStringLiteral(": ") +
                         html(message.text.trimmed()),
-                    QStringLiteral("%1 times").arg(message.left),
-                    QStringLiteral("%1 times").arg(message.right));
+                    DifferencesPage::tr("%1 times").arg(message.left),
+                    DifferencesPage::tr("%1 times").arg(message.right));
     }
     return rows;
 }
@@ -64,14 +70,18 @@ QString lineText(const RunComparison::Text& text)
         return QString();
     }
     if (!text.problem.isEmpty()) {
-        return QStringLiteral("<p>Not compared: %1</p>").arg(html(text.problem));
+        return QStringLiteral("<p>%1</p>")
+            .arg(
+                DifferencesPage::tr("Not compared: %1").arg(html(ReasonText::shown(text.problem))));
     }
     if (text.changes.isEmpty()) {
-        return QStringLiteral("<p>Only the ends of lines differ.</p>");
+        return QStringLiteral("<p>%1</p>")
+            .arg(DifferencesPage::tr("Only the ends of lines differ."));
     }
     QString lines;
     for (const suite::LineChange& change : text.changes) {
-        lines += QStringLiteral("<b>line %1</b>\n").arg(change.rightLine);
+        lines +=
+            QStringLiteral("<b>%1</b>\n").arg(DifferencesPage::tr("line %1").arg(change.rightLine));
         for (const QString& line : change.left) {
             lines += QStringLiteral("- ") + html(line) + QLatin1Char('\n');
         }
@@ -92,16 +102,17 @@ QString fileRows(const QVector<File>& files)
 {
     QString rows;
     for (const File& file : files) {
-        rows += row(html(file.name), File::word(file.state), html(file.problem));
+        rows += row(html(file.name), ReasonText::shown(File::word(file.state)),
+                    html(ReasonText::shown(file.problem)));
     }
     return rows;
 }
 
 QString nameOf(const RunRecord& record)
 {
-    return QStringLiteral("Run %1: %2, %3")
+    return DifferencesPage::tr("Run %1: %2, %3")
         .arg(record.number)
-        .arg(RunRecord::word(record.state),
+        .arg(ReasonText::shown(RunRecord::word(record.state)),
              record.started.toLocalTime().toString(QStringLiteral("yyyy-MM-dd HH:mm")));
 }
 
@@ -114,12 +125,12 @@ DifferencesPage::DifferencesPage(RunArchive archive, QWidget* parent)
     , m_text(new QTextBrowser(this))
 {
     m_other->setObjectName(QStringLiteral("otherRunBox"));
-    m_other->setAccessibleName(QStringLiteral("Run to compare with"));
+    m_other->setAccessibleName(tr("Run to compare with"));
     m_text->setObjectName(QStringLiteral("differencesText"));
-    m_text->setAccessibleName(QStringLiteral("Differences"));
+    m_text->setAccessibleName(tr("Differences"));
     m_text->setOpenLinks(false);
     auto* head = new QHBoxLayout;
-    auto* label = new QLabel(QStringLiteral("Differences &from:"), this);
+    auto* label = new QLabel(tr("Differences &from:"), this);
     label->setBuddy(m_other);
     head->addWidget(label);
     head->addWidget(m_other, 1);
@@ -148,7 +159,7 @@ void DifferencesPage::readRuns()
     if (m_record.number == 0 || std::exchange(m_isRead, true)) {
         return;
     }
-    m_text->setPlainText(QStringLiteral("Reading..."));
+    m_text->setPlainText(tr("Reading..."));
     m_disk.post([this, archive = m_archive, model = m_record.model,
                  number = m_record.number](const DiskThread::Answer& answer) {
         QVector<RunRecord> runs = archive.records();
@@ -173,7 +184,7 @@ void DifferencesPage::offer(const QVector<RunRecord>& runs)
         return run.number < m_record.number;
     });
     if (runs.isEmpty()) {
-        m_text->setPlainText(QStringLiteral("There is no other run of this model."));
+        m_text->setPlainText(tr("There is no other run of this model."));
     } else {
         m_other->setCurrentIndex(previous == runs.end() ? 0 : int(previous - runs.begin()));
         compare();
@@ -183,7 +194,7 @@ void DifferencesPage::offer(const QVector<RunRecord>& runs)
 void DifferencesPage::compare()
 {
     const RunRecord other = m_others.value(m_other->currentIndex());
-    m_text->setPlainText(QStringLiteral("Comparing..."));
+    m_text->setPlainText(tr("Comparing..."));
     m_disk.post([this, other, record = m_record](const DiskThread::Answer& answer) {
         const RunComparison comparison = RunComparison::of(other, record);
         answer([this, comparison] {
@@ -198,25 +209,26 @@ void DifferencesPage::show(const RunComparison& comparison)
 {
     QString problems;
     for (const QString& problem : comparison.problems) {
-        problems += QStringLiteral("<p>Not compared: %1</p>").arg(html(problem));
+        problems += QStringLiteral("<p>%1</p>")
+                        .arg(tr("Not compared: %1").arg(html(ReasonText::shown(problem))));
     }
     const QString title =
         QStringLiteral("<table cellspacing=4>%1%2</table>")
-            .arg(row(QString(), QStringLiteral("<b>run %1</b>").arg(comparison.leftNumber),
-                     QStringLiteral("<b>run %1</b>").arg(comparison.rightNumber)),
-                 row(QStringLiteral("Took"), RunTexts::shortClockTime(comparison.leftDuration),
+            .arg(row(QString(), bold(tr("run %1").arg(comparison.leftNumber)),
+                     bold(tr("run %1").arg(comparison.rightNumber))),
+                 row(tr("Took"), RunTexts::shortClockTime(comparison.leftDuration),
                      RunTexts::shortClockTime(comparison.rightDuration)));
-    const QString same = comparison.isSame()
-                             ? QStringLiteral("<p>There is no difference but the times.</p>")
-                             : QString();
-    m_text->setHtml(
-        title + same + section(QStringLiteral("Run"), fieldRows(comparison.run)) +
-        section(QStringLiteral("Outcome"), fieldRows(comparison.outcome)) +
-        section(QStringLiteral("Launch options"), fieldRows(comparison.launchOptions)) +
-        section(QStringLiteral("Environment"), fieldRows(comparison.environment)) +
-        section(QStringLiteral("Computer and versions"), fieldRows(comparison.computer)) +
-        textSection(QStringLiteral("Model"), comparison.model) +
-        textSection(QStringLiteral("Machines file"), comparison.machinesFile) +
-        section(QStringLiteral("Messages"), messageRows(comparison.messages)) +
-        section(QStringLiteral("Files"), fileRows(comparison.files)) + problems);
+    const QString same =
+        comparison.isSame()
+            ? QStringLiteral("<p>%1</p>").arg(tr("There is no difference but the times."))
+            : QString();
+    m_text->setHtml(title + same + section(tr("Run"), fieldRows(comparison.run)) +
+                    section(tr("Outcome"), fieldRows(comparison.shownOutcome())) +
+                    section(tr("Launch options"), fieldRows(comparison.launchOptions)) +
+                    section(tr("Environment"), fieldRows(comparison.environment)) +
+                    section(tr("Computer and versions"), fieldRows(comparison.computer)) +
+                    textSection(tr("Model"), comparison.model) +
+                    textSection(tr("Machines file"), comparison.machinesFile) +
+                    section(tr("Messages"), messageRows(comparison.messages)) +
+                    section(tr("Files"), fileRows(comparison.files)) + problems);
 }

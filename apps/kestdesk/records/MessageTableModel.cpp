@@ -22,10 +22,10 @@ constexpr int longestToolTip = 10000; // characters
 
 // clang-format off
 const struct { Type type; const char* text; const char* icon; } typeRows[] = {
-    {common_IProcessMessage::Error,   "Error",   "fault"},
-    {common_IProcessMessage::Warning, "Warning", "warning"},
-    {common_IProcessMessage::Notice,  "Notice",  "info"},
-    {common_IProcessMessage::File,    "File",    "result"},
+    {common_IProcessMessage::Error,   QT_TRANSLATE_NOOP("MessageTableModel", "Error"),   "fault"},
+    {common_IProcessMessage::Warning, QT_TRANSLATE_NOOP("MessageTableModel", "Warning"), "warning"},
+    {common_IProcessMessage::Notice,  QT_TRANSLATE_NOOP("MessageTableModel", "Notice"),  "info"},
+    {common_IProcessMessage::File,    QT_TRANSLATE_NOOP("MessageTableModel", "File"),    "result"},
 };
 // clang-format on
 
@@ -42,7 +42,7 @@ QString wordOf(Type type)
 {
     const auto* const row = std::find_if(std::begin(typeRows), std::end(typeRows),
                                          [type](const auto& each) { return each.type == type; });
-    return row == std::end(typeRows) ? QString() : QLatin1String(row->text);
+    return row == std::end(typeRows) ? QString() : MessageTableModel::tr(row->text);
 }
 
 // Leading blanks belong to the tables that components print.
@@ -153,8 +153,9 @@ QVariant MessageTableModel::data(const QModelIndex& index, int role) const
 
 QVariant MessageTableModel::headerData(int section, Qt::Orientation orientation, int role) const
 {
-    constexpr const char* headers[ColumnCount] = {"Time", "Kind", "Text"};
+    constexpr const char* headers[ColumnCount] = {QT_TR_NOOP("Time"), QT_TR_NOOP("Kind"),
+                                                  QT_TR_NOOP("Text")};
     return orientation == Qt::Horizontal && role == Qt::DisplayRole && section < ColumnCount
-               ? QVariant(QLatin1String(headers[section]))
+               ? QVariant(tr(headers[section]))
                : QVariant();
 }

@@ -57,8 +57,8 @@ void MessageView::makeBar(const QVector<Kind>& kinds)
     makeKinds(kinds, bar);
     m_filter = new QLineEdit(this);
     m_filter->setObjectName(QStringLiteral("messageFilterEdit"));
-    m_filter->setPlaceholderText(QStringLiteral("Show only lines with..."));
-    m_filter->setAccessibleName(QStringLiteral("Text that messages must contain"));
+    m_filter->setPlaceholderText(tr("Show only lines with..."));
+    m_filter->setAccessibleName(tr("Text that messages must contain"));
     m_filter->setClearButtonEnabled(true);
     connect(m_filter, &QLineEdit::textChanged, m_model, &MessageTableModel::setText);
     bar->addWidget(m_filter, 1);
@@ -83,8 +83,8 @@ void MessageView::makeSearch(QHBoxLayout* layout)
 {
     m_find = new QLineEdit(this);
     m_find->setObjectName(QStringLiteral("messageFindEdit"));
-    m_find->setPlaceholderText(QStringLiteral("Find (Ctrl+F, F3)"));
-    m_find->setAccessibleName(QStringLiteral("Text to find"));
+    m_find->setPlaceholderText(tr("Find (Ctrl+F, F3)"));
+    m_find->setAccessibleName(tr("Text to find"));
     m_find->setClearButtonEnabled(true);
     m_found = new QLabel(this);
     m_found->setObjectName(QStringLiteral("messageFoundLabel"));
@@ -97,7 +97,7 @@ void MessageView::makeTable(bool isOutput)
 {
     m_table->setObjectName(isOutput ? QStringLiteral("outputTable")
                                     : QStringLiteral("messageTable"));
-    m_table->setAccessibleName(isOutput ? QStringLiteral("Output") : QStringLiteral("Messages"));
+    m_table->setAccessibleName(isOutput ? tr("Output") : tr("Messages"));
     m_table->setModel(m_model);
     m_table->setSelectionBehavior(QAbstractItemView::SelectRows);
     m_table->setTabKeyNavigation(false);
@@ -134,7 +134,7 @@ void MessageView::makeKeys()
     });
     addKey(Qt::Key_F3, [this] { find(true); });
     addKey(Qt::SHIFT + Qt::Key_F3, [this] { find(false); });
-    auto* copying = new QAction(QStringLiteral("&Copy"), m_table);
+    auto* copying = new QAction(tr("&Copy"), m_table);
     copying->setShortcut(QKeySequence::Copy);
     copying->setShortcutContext(Qt::WidgetShortcut);
     connect(copying, &QAction::triggered, this, &MessageView::copy);
@@ -161,7 +161,7 @@ void MessageView::updateCounts()
 {
     for (int i = 0; i < m_kinds.size(); ++i) {
         m_buttons.at(i)->setText(QStringLiteral("%1 (%2)")
-                                     .arg(QLatin1String(m_kinds.at(i).text))
+                                     .arg(tr(m_kinds.at(i).text))
                                      .arg(m_store->count(m_kinds.at(i).type)));
     }
 }
@@ -205,7 +205,7 @@ void MessageView::continueSearch()
     if (m_search.left > 0 && m_search.row < rows) {
         m_searchTimer.start();
     } else {
-        m_found->setText(QStringLiteral("Not found"));
+        m_found->setText(tr("Not found"));
     }
 }
 

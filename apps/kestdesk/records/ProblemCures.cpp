@@ -2,6 +2,7 @@
 
 #include <Place.h>
 
+#include <QCoreApplication>
 #include <QRegularExpression>
 
 #include <algorithm>
@@ -14,18 +15,19 @@ using ProblemCures::Cure;
 
 // clang-format off
 constexpr Cure cures[] = {
-    {"the engine '.*' (is not in the search path|cannot be started)", Action::InstallEngine,  "&Install the engine...",   "Shows how the engine is installed"},
-    {"No machines file|the machines file .* is missing",              Action::UseThisMachine, "&Use this machine",        "Makes a machines file that names this machine"},
-    {"names no host",                                                 Action::UseThisMachine, "&Use this machine",        "Adds this machine to the machines file"},
-    {"remote host has not been provided|no host",                     Action::EditOptions,    "Choose the &host...",      "Opens the component launch options, which name the remote host"},
-    {"host '[^']+' (cannot be reached|does not answer|gives no connection|is not connected)", Action::LeaveHostOut, "Run without the &host...", "Runs it again with the host's line of the machines file as a comment; asks first"},
-    {"cannot be reached|unknown host|not reachable|host .* failed",   Action::EditMachines,   "Edit the &machines file...", "Opens the machines file, to take the host out or to mark it as a comment"},
-    {"machines file",                                                 Action::EditMachines,   "Edit the &machines file...", "Opens the machines file"},
+    {"the engine '.*' (is not in the search path|cannot be started)", Action::InstallEngine,  QT_TRANSLATE_NOOP("ProblemCures", "&Install the engine..."),   QT_TRANSLATE_NOOP("ProblemCures", "Shows how the engine is installed")},
+    {"No machines file|the machines file .* is missing",              Action::UseThisMachine, QT_TRANSLATE_NOOP("ProblemCures", "&Use this machine"),        QT_TRANSLATE_NOOP("ProblemCures", "Makes a machines file that names this machine")},
+    {"names no host",                                                 Action::UseThisMachine, QT_TRANSLATE_NOOP("ProblemCures", "&Use this machine"),        QT_TRANSLATE_NOOP("ProblemCures", "Adds this machine to the machines file")},
+    {"remote host has not been provided|no host",                     Action::EditOptions,    QT_TRANSLATE_NOOP("ProblemCures", "Choose the &host..."),      QT_TRANSLATE_NOOP("ProblemCures", "Opens the component launch options, which name the remote host")},
+    {"host '[^']+' (cannot be reached|does not answer|gives no connection|is not connected)", Action::LeaveHostOut, QT_TRANSLATE_NOOP("ProblemCures", "Run without the &host..."), QT_TRANSLATE_NOOP("ProblemCures", "Runs it again with the host's line of the machines file as a comment; asks first")},
+    {"cannot be reached|unknown host|not reachable|host .* failed",   Action::EditMachines,   QT_TRANSLATE_NOOP("ProblemCures", "Edit the &machines file..."), QT_TRANSLATE_NOOP("ProblemCures", "Opens the machines file, to take the host out or to mark it as a comment")},
+    {"machines file",                                                 Action::EditMachines,   QT_TRANSLATE_NOOP("ProblemCures", "Edit the &machines file..."), QT_TRANSLATE_NOOP("ProblemCures", "Opens the machines file")},
 };
 // clang-format on
 
-constexpr Cure openCard = {"", Action::OpenCard, "&Open the card",
-                           "Opens the model in the editor at this line"};
+constexpr Cure openCard = {
+    "", Action::OpenCard, QT_TRANSLATE_NOOP("ProblemCures", "&Open the card"),
+    QT_TRANSLATE_NOOP("ProblemCures", "Opens the model in the editor at this line")};
 
 } // namespace
 
@@ -42,6 +44,11 @@ const Cure* ProblemCures::find(const QString& message)
                 .hasMatch();
         });
     return found == std::end(cures) ? nullptr : found;
+}
+
+QString ProblemCures::shown(const char* text)
+{
+    return QCoreApplication::translate("ProblemCures", text);
 }
 
 std::optional<ProblemCures::Line> ProblemCures::lineOf(const QString& message)

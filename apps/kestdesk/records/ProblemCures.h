@@ -21,9 +21,12 @@ struct Cure
 {
     const char* pattern; ///< regular expression that matches a part of the message
     Action action;
-    const char* button;
+    const char* button; ///< shown() translates it, and the hint
     const char* hint;
 };
+
+/// A text of a row, in the user's language.
+QString shown(const char* text);
 
 /// The first row that matches; null if there is none.
 const Cure* find(const QString& message);

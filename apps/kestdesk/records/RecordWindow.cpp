@@ -31,10 +31,10 @@ constexpr int usualHeight = 520;
 
 // clang-format off
 const QVector<MessageView::Kind> kinds = {
-    {common_IProcessMessage::Error,   "Errors",   true},
-    {common_IProcessMessage::Warning, "Warnings", true},
-    {common_IProcessMessage::Notice,  "Notices",  true},
-    {common_IProcessMessage::File,    "Files",    true},
+    {common_IProcessMessage::Error,   QT_TRANSLATE_NOOP("MessageView", "Errors"),   true},
+    {common_IProcessMessage::Warning, QT_TRANSLATE_NOOP("MessageView", "Warnings"), true},
+    {common_IProcessMessage::Notice,  QT_TRANSLATE_NOOP("MessageView", "Notices"),  true},
+    {common_IProcessMessage::File,    QT_TRANSLATE_NOOP("MessageView", "Files"),    true},
 };
 // clang-format on
 
@@ -49,8 +49,8 @@ RecordWindow::RecordWindow(RunArchive archive, int number, QWidget* parent)
     , m_command(new CommandPage(m_tabs))
     , m_differences(new DifferencesPage(m_archive, m_tabs))
     , m_cure(new CureBar("recordProblemLabel", "cureButton", this))
-    , m_againButton(new QPushButton(QStringLiteral("Run &again exactly"), this))
-    , m_resumeButton(new QPushButton(QStringLiteral("R&esume"), this))
+    , m_againButton(new QPushButton(tr("Run &again exactly"), this))
+    , m_resumeButton(new QPushButton(tr("R&esume"), this))
 {
     setObjectName(QStringLiteral("recordWindow"));
     setAttribute(Qt::WA_DeleteOnClose);
@@ -70,9 +70,9 @@ RecordWindow::RecordWindow(RunArchive archive, int number, QWidget* parent)
 void RecordWindow::makePages()
 {
     m_tabs->setObjectName(QStringLiteral("recordTabs"));
-    m_tabs->addTab(m_summary, QStringLiteral("&Summary"));
-    m_tabs->addTab(m_command, QStringLiteral("&Command"));
-    m_tabs->addTab(m_differences, QStringLiteral("&Differences"));
+    m_tabs->addTab(m_summary, tr("&Summary"));
+    m_tabs->addTab(m_command, tr("&Command"));
+    m_tabs->addTab(m_differences, tr("&Differences"));
 }
 
 QWidget* RecordWindow::makeButtons()
@@ -85,7 +85,7 @@ QWidget* RecordWindow::makeButtons()
     m_resumeButton->setEnabled(false);
     addButton(row, m_againButton, "runAgainButton");
     m_againButton->setEnabled(false);
-    auto* closeButton = new QPushButton(QStringLiteral("Close"), row);
+    auto* closeButton = new QPushButton(tr("Close"), row);
     addButton(row, closeButton, "closeRecordButton");
     connect(m_cure, &CureBar::cureRequested, this, &RecordWindow::cureRequested);
     connect(m_againButton, &QPushButton::clicked, this,
@@ -116,7 +116,7 @@ void RecordWindow::show(const std::optional<RunRecord>& record)
 {
     if (!record) {
         m_timer.stop();
-        m_cure->setText(QStringLiteral("The record has been deleted."));
+        m_cure->setText(tr("The record has been deleted."));
         return;
     }
     const bool wasRunning = m_store == nullptr || m_record.state == RunRecord::State::Running;
@@ -148,8 +148,8 @@ void RecordWindow::makeMessages()
     m_store = new MessageStore(RecordFolder(m_record.folder).messagesFile(), isRunning, this);
     m_messages = new MessageView(m_store, kinds, m_tabs);
     auto* const output = new MessageView(m_store, {}, m_tabs);
-    m_tabs->insertTab(1, m_messages, QStringLiteral("&Messages"));
-    m_tabs->insertTab(2, output, QStringLiteral("&Output"));
+    m_tabs->insertTab(1, m_messages, tr("&Messages"));
+    m_tabs->insertTab(2, output, tr("&Output"));
     connect(m_messages, &MessageView::currentChanged, this, &RecordWindow::updateCure);
     connect(m_messages, &MessageView::activated, m_cure, &CureBar::use);
     connect(m_tabs, &QTabWidget::currentChanged, this, &RecordWindow::updateCure);
@@ -170,10 +170,9 @@ void RecordWindow::readFileStates()
 
 void RecordWindow::showResumable(const QString& obstacle)
 {
-    const QString hint =
-        obstacle.isEmpty()
-            ? QStringLiteral("Runs it again and computes only what this run has not kept")
-            : obstacle;
+    const QString hint = obstacle.isEmpty()
+                             ? tr("Runs it again and computes only what this run has not kept")
+                             : obstacle;
     m_resumeButton->setEnabled(obstacle.isEmpty());
     m_resumeButton->setToolTip(ToolTip::of(hint));
     m_resumeButton->setAccessibleDescription(hint);
@@ -181,7 +180,7 @@ void RecordWindow::showResumable(const QString& obstacle)
 
 void RecordWindow::updateTitle()
 {
-    const QString run = QStringLiteral("Run %1").arg(m_number);
+    const QString run = tr("Run %1").arg(m_number);
     setWindowTitle(m_record.model.isEmpty()
                        ? run
                        : QStringLiteral("%1: %2").arg(run, suite::visibleFileName(m_record.model)));

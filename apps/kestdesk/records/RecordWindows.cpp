@@ -88,9 +88,8 @@ void RecordWindows::openCard(const QString& message, const RunRecord& record)
     const QFileInfo named(model.dir(), line->file);
     const QFileInfo file = !line->file.isEmpty() && named.isFile() ? named : model;
     if (!file.isFile()) {
-        reportProblem(QStringLiteral("Model not opened"),
-                      QStringLiteral("There is no model %1 any more.")
-                          .arg(suite::visiblePath(file.filePath())),
+        reportProblem(tr("Model not opened"),
+                      tr("There is no model %1 any more.").arg(suite::visiblePath(file.filePath())),
                       m_window);
         return;
     }
@@ -102,7 +101,7 @@ void RecordWindows::openCard(const QString& message, const RunRecord& record)
             file.absolutePath());
     });
     if (isStarted) {
-        Q_EMIT reported(QStringLiteral("Opening line %1 of %2 in editkest")
+        Q_EMIT reported(tr("Opening line %1 of %2 in editkest")
                             .arg(line->line)
                             .arg(suite::visibleFileName(file.filePath())));
     }
@@ -113,22 +112,21 @@ void RecordWindows::useThisMachine()
     LocalMachines machines;
     const QString error = machines.save();
     if (!error.isEmpty()) {
-        reportProblem(QStringLiteral("Machines file"), error, m_window);
+        reportProblem(tr("Machines file"), error, m_window);
         return;
     }
-    Q_EMIT reported(QStringLiteral("The machines file names this machine now, with the line \"%1\"")
+    Q_EMIT reported(tr("The machines file names this machine now, with the line \"%1\"")
                         .arg(LocalMachines::line()));
 }
 
 void RecordWindows::showInstallation()
 {
     common_UserQuery(
-        QStringLiteral("The engine"),
-        QStringLiteral(
-            "The components compute with the engine nec2c, which is a package of its "
-            "own.\n\nOn Debian and Ubuntu, install it in a terminal with\n\n    sudo apt "
-            "install nec2c\n\nAn engine in another place is named by the environment "
-            "variable KEST_NEC2C."),
+        tr("The engine"),
+        tr("The components compute with the engine nec2c, which is a package of its "
+           "own.\n\nOn Debian and Ubuntu, install it in a terminal with\n\n    sudo apt "
+           "install nec2c\n\nAn engine in another place is named by the environment "
+           "variable KEST_NEC2C."),
         common_UserQuery::Information, m_window, QString())
         .display();
 }

@@ -1,6 +1,7 @@
 #include "RunAgain.h"
 
 #include "LeaveOutQuestion.h"
+#include "ReasonText.h"
 #include "ResumedRun.h"
 
 #include <HostRemoval.h>
@@ -27,24 +28,23 @@ Choice ask(const RunRecord& record, bool isThere, bool hasCopy, QWidget* window)
 {
     const QString name = suite::visibleFileName(record.model);
     const QString text =
-        isThere
-            ? QStringLiteral("The model %1 has changed since run %2.\n\nWhich one is to be run?")
-                  .arg(name)
-                  .arg(record.number)
-            : QStringLiteral("The model %1 is no longer there.\n\nThe record of run %2 has it as "
-                             "it was.")
-                  .arg(name)
-                  .arg(record.number);
-    common_UserQuery query(QStringLiteral("Run again"), text, common_UserQuery::Warning, window,
+        isThere ? RunAgain::tr("The model %1 has changed since run %2.\n\nWhich one is to be run?")
+                      .arg(name)
+                      .arg(record.number)
+                : RunAgain::tr("The model %1 is no longer there.\n\nThe record of run %2 has it as "
+                               "it was.")
+                      .arg(name)
+                      .arg(record.number);
+    common_UserQuery query(RunAgain::tr("Run again"), text, common_UserQuery::Warning, window,
                            QString());
     if (hasCopy) {
-        query.addOption(QStringLiteral("As it &was"), QMessageBox::AcceptRole,
+        query.addOption(RunAgain::tr("As it &was"), QMessageBox::AcceptRole,
                         common_UserQuery::EnterDefault);
     }
     if (isThere) {
-        query.addOption(QStringLiteral("As it is &now"), QMessageBox::ActionRole);
+        query.addOption(RunAgain::tr("As it is &now"), QMessageBox::ActionRole);
     }
-    query.addOption(QStringLiteral("Cancel"), QMessageBox::RejectRole,
+    query.addOption(RunAgain::tr("Cancel"), QMessageBox::RejectRole,
                     common_UserQuery::EscapeDefault);
     switch (query.display()) {
     case QMessageBox::AcceptRole:
@@ -61,11 +61,11 @@ QString obstacleOf(const suite::HostRemoval& removal, const QString& host)
 {
     const QString name = suite::visibleText(host);
     if (removal.lines().isEmpty()) {
-        return QStringLiteral("The host %1 is not in the machines file of the run.").arg(name);
+        return RunAgain::tr("The host %1 is not in the machines file of the run.").arg(name);
     }
     return removal.leavesHosts()
                ? QString()
-               : QStringLiteral("%1 is the only host in the machines file of the run.").arg(name);
+               : RunAgain::tr("%1 is the only host in the machines file of the run.").arg(name);
 }
 
 } // namespace
@@ -145,8 +145,7 @@ void RunAgain::resume(int number)
             if (obstacle.isEmpty()) {
                 Q_EMIT readyToResume(ResumedRun::of(*record));
             } else {
-                Q_EMIT failed(
-                    QStringLiteral("Run %1 is not resumed. %2").arg(record->number).arg(obstacle));
+                Q_EMIT failed(tr("Run %1 is not resumed. %2").arg(record->number).arg(obstacle));
             }
         });
     });
@@ -154,7 +153,7 @@ void RunAgain::resume(int number)
 
 void RunAgain::failWithoutRecord(int number)
 {
-    Q_EMIT failed(QStringLiteral("There is no record of run %1 any more.").arg(number));
+    Q_EMIT failed(tr("There is no record of run %1 any more.").arg(number));
 }
 
 void RunAgain::decide(const RunRecord& record, ModelState state, bool hasCopy)
@@ -164,7 +163,7 @@ void RunAgain::decide(const RunRecord& record, ModelState state, bool hasCopy)
         return;
     }
     if (state == ModelState::Missing && !hasCopy) {
-        Q_EMIT failed(QStringLiteral("The model %1 is no longer there, and the record has no copy.")
+        Q_EMIT failed(tr("The model %1 is no longer there, and the record has no copy.")
                           .arg(suite::visiblePath(record.model)));
         return;
     }
@@ -186,7 +185,7 @@ void RunAgain::writeModel(const RunRecord& record)
         const RecordedRun::ModelFile file = RecordedRun::writeModel(record);
         answer([this, record, file] {
             if (file.path.isEmpty()) {
-                Q_EMIT failed(sentence(suite::visibleText(file.problem)));
+                Q_EMIT failed(sentence(suite::visibleText(ReasonText::shown(file.problem))));
             } else {
                 Q_EMIT ready(record, file.path);
             }

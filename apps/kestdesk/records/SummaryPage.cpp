@@ -1,6 +1,7 @@
 #include "SummaryPage.h"
 
 #include "EndReasons.h"
+#include "ReasonText.h"
 #include "RunTexts.h"
 
 #include <VisibleText.h>
@@ -17,7 +18,9 @@ namespace {
 using FileState = SummaryPage::FileState;
 
 // Indexed by FileState.
-constexpr const char* stateTexts[] = {"", "unchanged since", "changed since", "no longer there"};
+constexpr const char* stateTexts[] = {"", QT_TRANSLATE_NOOP("SummaryPage", "unchanged since"),
+                                      QT_TRANSLATE_NOOP("SummaryPage", "changed since"),
+                                      QT_TRANSLATE_NOOP("SummaryPage", "no longer there")};
 
 QString html(const QString& text)
 {
@@ -46,13 +49,13 @@ QString exitText(const RunRecord& record)
         return QString();
     }
     const EndReasons::Reason* const reason = EndReasons::find(record.isCrash, record.exitCode);
-    QString text = record.isCrash ? EndReasons::crashNumber(record.exitCode)
+    QString text = record.isCrash ? ReasonText::shown(EndReasons::crashNumber(record.exitCode))
                                   : QString::number(record.exitCode);
     if (reason != nullptr) {
+        const QString meaning = ReasonText::shown(QLatin1String(reason->meaning));
         text += *reason->name == '\0'
-                    ? QStringLiteral(": %1").arg(QLatin1String(reason->meaning))
-                    : QStringLiteral(", %1: %2")
-                          .arg(QLatin1String(reason->name), QLatin1String(reason->meaning));
+                    ? QStringLiteral(": %1").arg(meaning)
+                    : QStringLiteral(", %1: %2").arg(QLatin1String(reason->name), meaning);
     }
     return text;
 }
@@ -61,10 +64,11 @@ QString becauseOf(const RunRecord& record)
 {
     QStringList sentences;
     if (!record.reason.isEmpty()) {
-        sentences.append(QStringLiteral("%1 %2.").arg(record.component, record.reason));
+        sentences.append(
+            QStringLiteral("%1 %2.").arg(record.component, ReasonText::shown(record.reason)));
     }
     if (!record.problem.isEmpty()) {
-        QString problem = record.problem;
+        QString problem = ReasonText::shown(record.problem);
         problem[0] = problem.at(0).toUpper();
         sentences.append(problem + QLatin1Char('.'));
     }
@@ -73,7 +77,7 @@ QString becauseOf(const RunRecord& record)
 
 QString counts(const RunRecord& record)
 {
-    return QStringLiteral("%1 errors, %2 warnings, %3 notices")
+    return SummaryPage::tr("%1 errors, %2 warnings, %3 notices")
         .arg(record.errors)
         .arg(record.warnings)
         .arg(record.notices);
@@ -82,31 +86,32 @@ QString counts(const RunRecord& record)
 QString outcomeRows(const RunRecord& record)
 {
     const bool isRunning = record.state == RunRecord::State::Running;
-    return row(QStringLiteral("Outcome"),
-               html(isRunning || record.outcome.isEmpty() ? RunRecord::word(record.state)
-                                                          : record.outcome)) +
-           row(QStringLiteral("Why"), becauseOf(record)) +
-           row(record.isCrash ? QStringLiteral("Ended by") : QStringLiteral("Exit code"),
+    return row(SummaryPage::tr("Outcome"),
+               html(ReasonText::shown(isRunning || record.outcome.isEmpty()
+                                          ? RunRecord::word(record.state)
+                                          : record.outcome))) +
+           row(SummaryPage::tr("Why"), becauseOf(record)) +
+           row(record.isCrash ? SummaryPage::tr("Ended by") : SummaryPage::tr("Exit code"),
                html(exitText(record))) +
-           row(QStringLiteral("Stopped by"), html(record.stoppedBy)) +
-           row(QStringLiteral("Done"), QStringLiteral("%1 %").arg(record.totalPercentage)) +
-           row(QStringLiteral("Messages"), counts(record)) +
-           row(QStringLiteral("Not complete"), html(record.gap)) +
-           row(QStringLiteral("Left out"),
+           row(SummaryPage::tr("Stopped by"), html(ReasonText::shown(record.stoppedBy))) +
+           row(SummaryPage::tr("Done"), QStringLiteral("%1 %").arg(record.totalPercentage)) +
+           row(SummaryPage::tr("Messages"), counts(record)) +
+           row(SummaryPage::tr("Not complete"), html(ReasonText::shown(record.gap))) +
+           row(SummaryPage::tr("Left out"),
                record.omittedLines == 0
                    ? QString()
-                   : QStringLiteral("%1 lines of output").arg(record.omittedLines));
+                   : SummaryPage::tr("%1 lines of output").arg(record.omittedLines));
 }
 
 QString timeRows(const RunRecord& record)
 {
-    return row(QStringLiteral("Started"), timeText(record.started)) +
-           row(QStringLiteral("Ended"), timeText(record.ended)) +
-           row(QStringLiteral("Took"),
+    return row(SummaryPage::tr("Started"), timeText(record.started)) +
+           row(SummaryPage::tr("Ended"), timeText(record.ended)) +
+           row(SummaryPage::tr("Took"),
                record.hasEnded() ? RunTexts::shortClockTime(record.duration) : QString()) +
-           row(QStringLiteral("Repeats"),
-               record.repeats == 0 ? QString() : QStringLiteral("run %1").arg(record.repeats)) +
-           row(QStringLiteral("Without hosts"),
+           row(SummaryPage::tr("Repeats"),
+               record.repeats == 0 ? QString() : SummaryPage::tr("run %1").arg(record.repeats)) +
+           row(SummaryPage::tr("Without hosts"),
                html(record.leftOutHosts.join(QStringLiteral(", "))));
 }
 
@@ -114,21 +119,21 @@ QString placeRows(const RunRecord& record)
 {
     const QString size = record.segments == 0
                              ? QString()
-                             : QStringLiteral("%1 segments, %2 frequencies, %3 processes")
+                             : SummaryPage::tr("%1 segments, %2 frequencies, %3 processes")
                                    .arg(record.segments)
                                    .arg(record.frequencies)
                                    .arg(record.processes);
-    return row(QStringLiteral("Component"), html(record.component)) +
-           row(QStringLiteral("Size"), size) +
-           row(QStringLiteral("Started in"), html(record.face)) +
-           row(QStringLiteral("Computer"),
+    return row(SummaryPage::tr("Component"), html(record.component)) +
+           row(SummaryPage::tr("Size"), size) +
+           row(SummaryPage::tr("Started in"), html(ReasonText::shown(record.face))) +
+           row(SummaryPage::tr("Computer"),
                record.host.isEmpty() ? QString()
-                                     : html(QStringLiteral("%1, %2, %3 with %4 cores")
+                                     : html(SummaryPage::tr("%1, %2, %3 with %4 cores")
                                                 .arg(record.host, record.system, record.processor)
                                                 .arg(record.cores))) +
-           row(QStringLiteral("User"), html(record.user)) +
-           row(QStringLiteral("Version"), html(record.suiteVersion)) +
-           row(QStringLiteral("Installation"), html(record.installation));
+           row(SummaryPage::tr("User"), html(record.user)) +
+           row(SummaryPage::tr("Version"), html(record.suiteVersion)) +
+           row(SummaryPage::tr("Installation"), html(record.installation));
 }
 
 QString fileRow(const QString& path, const QString& checksum, qint64 size, FileState state)
@@ -138,7 +143,7 @@ QString fileRow(const QString& path, const QString& checksum, qint64 size, FileS
         text += QStringLiteral(", %1").arg(QLocale::c().formattedDataSize(size));
     }
     if (state != FileState::Unknown) {
-        text += QStringLiteral(", <b>%1</b>").arg(QLatin1String(stateTexts[int(state)]));
+        text += QStringLiteral(", <b>%1</b>").arg(SummaryPage::tr(stateTexts[int(state)]));
     }
     if (!checksum.isEmpty()) {
         text += QStringLiteral("<br><small>SHA-256 %1</small>").arg(checksum);
@@ -148,14 +153,14 @@ QString fileRow(const QString& path, const QString& checksum, qint64 size, FileS
 
 QString fileRows(const RunRecord& record, const QVector<FileState>& states)
 {
-    QString text = row(QStringLiteral("Model"),
+    QString text = row(SummaryPage::tr("Model"),
                        fileRow(record.model, record.modelChecksum, -1,
                                states.value(record.files.size(), FileState::Unknown)));
-    text += row(QStringLiteral("Its copy"), html(record.modelCopyPath()));
+    text += row(SummaryPage::tr("Its copy"), html(record.modelCopyPath()));
     for (int i = 0; i < record.files.size(); ++i) {
         const RunRecord::File& file = record.files.at(i);
         text +=
-            row(i == 0 ? QStringLiteral("Results") : QStringLiteral(" "),
+            row(i == 0 ? SummaryPage::tr("Results") : QStringLiteral(" "),
                 fileRow(file.path, file.checksum, file.size, states.value(i, FileState::Unknown)));
     }
     return text;
@@ -167,9 +172,9 @@ QString lastLines(const RunRecord& record)
     for (const QString& line : record.lastLines) {
         text += html(line.trimmed().isEmpty() ? QString() : line) + QLatin1Char('\n');
     }
-    return text.isEmpty()
-               ? QString()
-               : QStringLiteral("<p><b>Last lines of the output</b></p><pre>%1</pre>").arg(text);
+    return text.isEmpty() ? QString()
+                          : QStringLiteral("<p><b>%1</b></p><pre>%2</pre>")
+                                .arg(SummaryPage::tr("Last lines of the output"), text);
 }
 
 FileState stateOf(const QString& path, const QString& checksum)
@@ -191,7 +196,7 @@ FileState stateOf(const QString& path, const QString& checksum)
 SummaryPage::SummaryPage(QWidget* parent) : QTextBrowser(parent)
 {
     setObjectName(QStringLiteral("summaryPage"));
-    setAccessibleName(QStringLiteral("Summary"));
+    setAccessibleName(tr("Summary"));
     setOpenLinks(false);
 }
 

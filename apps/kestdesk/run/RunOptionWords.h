@@ -17,6 +17,9 @@ namespace RunOptionWords {
 /// All words, one row each.
 const QVector<RunOptionWord>& rows();
 
+/// The meaning of a row in the user's language.
+QString shown(const RunOptionWord& row);
+
 /// The words of the options.
 QStringList of(common_RunWrapper::RunOptions options);
 

@@ -1,5 +1,7 @@
 #include "RepeatedRun.h"
 
+#include "ReasonText.h"
+
 #include <BatchSession.h>
 #include <Component.h>
 #include <ErrorOutput.h>
@@ -7,7 +9,15 @@
 #include <RecordedRun.h>
 #include <ResumedRun.h>
 
+#include <QCoreApplication>
+
 namespace {
+
+/// Translates the texts of this file.
+struct Texts
+{
+    Q_DECLARE_TR_FUNCTIONS(RepeatedRun)
+};
 
 constexpr int exitNotStarted = 2;
 
@@ -31,24 +41,23 @@ int execOn(const QString& model, const RunRecord& record, bool isJson)
 int RepeatedRun::exec(const RunRecord& record, bool isJson)
 {
     if (Component::find(record.component) == nullptr) {
-        return fail(QStringLiteral("this kestdesk knows no component %1").arg(record.component));
+        return fail(Texts::tr("this kestdesk knows no component %1").arg(record.component));
     }
     QString model = record.model;
     if (RecordedRun::modelState(record) != RecordedRun::ModelState::Unchanged) {
         if (!RecordedRun::hasModelCopy(record)) {
-            return fail(
-                QStringLiteral("there is no model %1 as it was, and the record of run %2 has "
-                               "no copy of it")
-                    .arg(record.model)
-                    .arg(record.number));
+            return fail(Texts::tr("there is no model %1 as it was, and the record of run %2 has "
+                                  "no copy of it")
+                            .arg(record.model)
+                            .arg(record.number));
         }
         const RecordedRun::ModelFile copy = RecordedRun::writeModel(record);
         if (copy.path.isEmpty()) {
-            return fail(copy.problem);
+            return fail(ReasonText::shown(copy.problem));
         }
         model = copy.path;
         ErrorOutput::print(
-            QStringLiteral("%1 has been changed since run %2; as it was then, it is run as %3")
+            Texts::tr("%1 has been changed since run %2; as it was then, it is run as %3")
                 .arg(record.model)
                 .arg(record.number)
                 .arg(model));
@@ -61,5 +70,5 @@ int RepeatedRun::resume(const RunRecord& record, bool isJson)
     const QString obstacle = ResumedRun::obstacle(record);
     return obstacle.isEmpty()
                ? execOn(record.model, ResumedRun::of(record), isJson)
-               : fail(QStringLiteral("run %1 is not resumed. %2").arg(record.number).arg(obstacle));
+               : fail(Texts::tr("run %1 is not resumed. %2").arg(record.number).arg(obstacle));
 }

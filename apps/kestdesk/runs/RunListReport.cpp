@@ -5,6 +5,7 @@
 #include <RunTexts.h>
 #include <VisibleText.h>
 
+#include <QCoreApplication>
 #include <QDir>
 #include <QFileInfo>
 
@@ -23,8 +24,14 @@ struct Column
 };
 
 constexpr Column columns[] = {
-    {"Run", true},    {"Started", false}, {"State", false},     {"Duration", true},
-    {"Errors", true}, {"Warnings", true}, {"Component", false}, {"Model", false},
+    {QT_TRANSLATE_NOOP("RunListReport", "Run"), true},
+    {QT_TRANSLATE_NOOP("RunListReport", "Started"), false},
+    {QT_TRANSLATE_NOOP("RunListReport", "State"), false},
+    {QT_TRANSLATE_NOOP("RunListReport", "Duration"), true},
+    {QT_TRANSLATE_NOOP("RunListReport", "Errors"), true},
+    {QT_TRANSLATE_NOOP("RunListReport", "Warnings"), true},
+    {QT_TRANSLATE_NOOP("RunListReport", "Component"), false},
+    {QT_TRANSLATE_NOOP("RunListReport", "Model"), false},
 };
 constexpr int columnCount = static_cast<int>(std::size(columns));
 
@@ -88,7 +95,7 @@ void RunListReport::write(const QVector<RunRecord>& records, Terminal& terminal)
     Cells titles;
     QVector<int> widths;
     for (const Column& column : columns) {
-        titles.append(QLatin1String(column.title));
+        titles.append(QCoreApplication::translate("RunListReport", column.title));
         widths.append(titles.constLast().size());
     }
     QVector<Cells> rows;

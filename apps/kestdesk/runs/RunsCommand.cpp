@@ -15,6 +15,7 @@
 #include <RunTexts.h>
 #include <SubcommandWords.h>
 
+#include <QCoreApplication>
 #include <QDir>
 #include <QFileInfo>
 #include <QJsonArray>
@@ -25,6 +26,12 @@
 #include <cstdio>
 
 namespace {
+
+/// Translates the texts of this file.
+struct Texts
+{
+    Q_DECLARE_TR_FUNCTIONS(RunsCommand)
+};
 
 constexpr int exitDone = 0;
 constexpr int exitFailed = 1;
@@ -54,7 +61,7 @@ int fail(const QString& problem, int exitCode = exitFailed)
 
 int fail(const RunNumbers& numbers, int exitCode = exitFailed)
 {
-    return fail(numbers.problem(), numbers.isNoNumber() ? exitRefused : exitCode);
+    return fail(numbers.problem(), numbers.isInvalidWord() ? exitRefused : exitCode);
 }
 
 void print(const QJsonObject& json)
@@ -77,7 +84,7 @@ int list(const SubcommandWords& words)
                                           words.number(lastOption.name, 0)};
     const QStringList states = RunListReport::stateWords();
     if (!filter.state.isEmpty() && !states.contains(filter.state)) {
-        return fail(QStringLiteral("\"%1\" is no state of a run; the states are %2")
+        return fail(Texts::tr("\"%1\" is no state of a run; the states are %2")
                         .arg(filter.state, states.join(QStringLiteral(", "))),
                     exitRefused);
     }
@@ -94,8 +101,8 @@ int list(const SubcommandWords& words)
         Terminal terminal(stdout);
         RunListReport::write(found, terminal);
     } else {
-        fail(all.isEmpty() ? QStringLiteral("no runs are recorded")
-                           : QStringLiteral("no recorded run is like that"));
+        fail(all.isEmpty() ? Texts::tr("no runs are recorded")
+                           : Texts::tr("no recorded run is like that"));
     }
     return found.isEmpty() ? exitFailed : exitDone;
 }
@@ -118,7 +125,7 @@ int show(const SubcommandWords& words)
     const bool wantsMessages = words.has(messagesOption.name);
     const bool wantsOutput = words.has(outputOption.name);
     if (wantsOutput && (wantsMessages || words.has(jsonOption.name))) {
-        return fail(QStringLiteral("--output shows the output alone"), exitRefused);
+        return fail(Texts::tr("--output shows the output alone"), exitRefused);
     }
     if (words.has(jsonOption.name)) {
         QJsonObject json = record->toJson();
@@ -181,9 +188,8 @@ int exportRun(const SubcommandWords& words)
         return fail(numbers);
     }
     if (!path.endsWith(QLatin1String(".zip"), Qt::CaseInsensitive)) {
-        return fail(
-            QStringLiteral("the name of the export must end in .zip, and %1 does not").arg(path),
-            exitRefused);
+        return fail(Texts::tr("the name of the export must end in .zip, and %1 does not").arg(path),
+                    exitRefused);
     }
     QString problem;
     const int usual = static_cast<int>(RecordExport::usualResultBytes / megabyte);
@@ -192,15 +198,14 @@ int exportRun(const SubcommandWords& words)
         return fail(problem);
     }
     Terminal(stdout).writeLine(
-        QStringLiteral("Wrote %1 (%2).")
+        Texts::tr("Wrote %1 (%2).")
             .arg(QDir::toNativeSeparators(path), RunTexts::size(QFileInfo(path).size())));
     return exitDone;
 }
 
 int report(int removed)
 {
-    Terminal(stdout).writeLine(
-        QStringLiteral("Deleted %1.").arg(RunTexts::counted(removed, "record")));
+    Terminal(stdout).writeLine(Texts::tr("Deleted %1.").arg(RunTexts::counted(removed, "record")));
     return exitDone;
 }
 
@@ -216,7 +221,7 @@ int cleanNumbers(const QStringList& words)
             return fail(numbers);
         }
         if (!runs.numbers().contains(*number)) {
-            return fail(QStringLiteral("there is no run %1; nothing was deleted").arg(*number));
+            return fail(Texts::tr("there is no run %1; nothing was deleted").arg(*number));
         }
         if (!wanted.contains(*number)) {
             wanted.append(*number);
@@ -229,10 +234,9 @@ int cleanNumbers(const QStringList& words)
             ++removed;
         } else {
             const auto record = runs.record(number);
-            exitCode =
-                fail(record && !record->hasEnded()
-                         ? QStringLiteral("run %1 is still running").arg(number)
-                         : QStringLiteral("the record of run %1 cannot be deleted").arg(number));
+            exitCode = fail(record && !record->hasEnded()
+                                ? Texts::tr("run %1 is still running").arg(number)
+                                : Texts::tr("the record of run %1 cannot be deleted").arg(number));
         }
     }
     report(removed);
@@ -265,7 +269,7 @@ int clean(const SubcommandWords& words)
     const bool hasLimit = words.has(daysOption.name) || words.has(megabytesOption.name);
     const bool isAll = words.has(allOption.name);
     if ((hasLimit ? 1 : 0) + (isAll ? 1 : 0) + (words.operands().isEmpty() ? 0 : 1) > 1) {
-        return fail(QStringLiteral("limits, --all and numbers exclude each other"), exitRefused);
+        return fail(Texts::tr("limits, --all and numbers exclude each other"), exitRefused);
     }
     if (isAll) {
         return cleanAll();
@@ -279,13 +283,13 @@ SubcommandGroup RunsCommand::group()
 {
     // clang-format off
     return {QStringLiteral("runs"), {
-        {"list",    {jsonOption, modelOption, stateOption, lastOption}, "", "show the recorded runs, the newest first",           list},
-        {"show",    {jsonOption, messagesOption, outputOption}, "[NUMBER]", "show how a run was started and how it ended",        show},
-        {"again",   {jsonOption, resumeOption},        "NUMBER",            "run it once more, or resume it, exactly as it was",  again},
-        {"compare", {jsonOption},                      "NUMBER NUMBER",     "show how two runs differ, and their results",        compare},
-        {"export",  {largestOption},                   "NUMBER FILE.zip",   "write one file for the support",                     exportRun},
-        {"clean",   {daysOption, megabytesOption, allOption}, "[NUMBER...]", "delete old records, or those of the numbers, or all", clean},
-    }, QStringLiteral("  A NUMBER is that of \"list\", or \"last\". Exit code: 0 done, 1 no such run or failed, 2 wrong\n"
+        {"list",    {jsonOption, modelOption, stateOption, lastOption}, "", QT_TRANSLATE_NOOP("Subcommand", "show the recorded runs, the newest first"),           list},
+        {"show",    {jsonOption, messagesOption, outputOption}, "[NUMBER]", QT_TRANSLATE_NOOP("Subcommand", "show how a run was started and how it ended"),        show},
+        {"again",   {jsonOption, resumeOption},        "NUMBER",            QT_TRANSLATE_NOOP("Subcommand", "run it once more, or resume it, exactly as it was"),  again},
+        {"compare", {jsonOption},                      "NUMBER NUMBER",     QT_TRANSLATE_NOOP("Subcommand", "show how two runs differ, and their results"),        compare},
+        {"export",  {largestOption},                   "NUMBER FILE.zip",   QT_TRANSLATE_NOOP("Subcommand", "write one file for the support"),                     exportRun},
+        {"clean",   {daysOption, megabytesOption, allOption}, "[NUMBER...]", QT_TRANSLATE_NOOP("Subcommand", "delete old records, or those of the numbers, or all"), clean},
+    }, Texts::tr("  A NUMBER is that of \"list\", or \"last\". Exit code: 0 done, 1 no such run or failed, 2 wrong\n"
                       "  command. Of \"compare\": 0 the same, 1 different, 2 not compared. Of \"again\": that of the run.\n")};
     // clang-format on
 }

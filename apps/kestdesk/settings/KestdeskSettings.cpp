@@ -3,6 +3,7 @@
 #include <common_IApplicationInfo.h>
 #include <common_ServiceOf.h>
 
+#include <QCoreApplication>
 #include <QSettings>
 #include <QVariant>
 
@@ -19,13 +20,13 @@ constexpr int mostMegabytes = 1000000;
 
 // clang-format off
 const QVector<Row> settingRows = {
-    {KestdeskSettings::Notifies,           "notifications",      KestdeskSettings::Notifies,           true,  1,    0, 1,              "Window",        "Show a &notification when a run ends", "",      "Only while another window has the attention"},
-    {KestdeskSettings::OpensLastModel,     "openLastModel",      KestdeskSettings::OpensLastModel,     true,  1,    0, 1,              "Window",        "Start with the last &model",           "",      "Without it, the window starts without a model"},
-    {KestdeskSettings::AsksBeforeStopping, "askBeforeStopping",  KestdeskSettings::AsksBeforeStopping, true,  1,    0, 1,              "Runs",          "&Ask before a run is stopped",         "",      "Closing the window during runs always asks"},
-    {KestdeskSettings::SecondsUntilAsking, "askAfterSeconds",    KestdeskSettings::AsksBeforeStopping, false, 10,   0, mostSeconds,    "Runs",          "Once it has taken at &least:",         "s",     "A run that has just started is stopped without a question"},
-    {KestdeskSettings::RunsAtOnce,         "runsAtOnce",         KestdeskSettings::RunsAtOnce,         false, 1,    1, mostRunsAtOnce, "Runs",          "&Runs at the same time:",              "",      "How many runs of the queue go at the same time; each may use several processors"},
-    {KestdeskSettings::ArchiveDays,        "archiveDays",        KestdeskSettings::ArchiveDays,        false, 90,   1, mostDays,       "Past runs",     "&Keep the record of a run for:",       "days",  "Older records are deleted; models and results are not"},
-    {KestdeskSettings::ArchiveMegabytes,   "archiveMegabytes",   KestdeskSettings::ArchiveMegabytes,   false, 1000, 1, mostMegabytes,  "Past runs",     "Use at most:",                         "MB",    "Beyond that the oldest records are deleted; models and results are not"},
+    {KestdeskSettings::Notifies,           "notifications",      KestdeskSettings::Notifies,           true,  1,    0, 1,              QT_TRANSLATE_NOOP("KestdeskSettings", "Window"),        QT_TRANSLATE_NOOP("KestdeskSettings", "Show a &notification when a run ends"), "",      QT_TRANSLATE_NOOP("KestdeskSettings", "Only while another window has the attention")},
+    {KestdeskSettings::OpensLastModel,     "openLastModel",      KestdeskSettings::OpensLastModel,     true,  1,    0, 1,              QT_TRANSLATE_NOOP("KestdeskSettings", "Window"),        QT_TRANSLATE_NOOP("KestdeskSettings", "Start with the last &model"),           "",      QT_TRANSLATE_NOOP("KestdeskSettings", "Without it, the window starts without a model")},
+    {KestdeskSettings::AsksBeforeStopping, "askBeforeStopping",  KestdeskSettings::AsksBeforeStopping, true,  1,    0, 1,              QT_TRANSLATE_NOOP("KestdeskSettings", "Runs"),          QT_TRANSLATE_NOOP("KestdeskSettings", "&Ask before a run is stopped"),         "",      QT_TRANSLATE_NOOP("KestdeskSettings", "Closing the window during runs always asks")},
+    {KestdeskSettings::SecondsUntilAsking, "askAfterSeconds",    KestdeskSettings::AsksBeforeStopping, false, 10,   0, mostSeconds,    QT_TRANSLATE_NOOP("KestdeskSettings", "Runs"),          QT_TRANSLATE_NOOP("KestdeskSettings", "Once it has taken at &least:"),         QT_TRANSLATE_NOOP("KestdeskSettings", "s"),     QT_TRANSLATE_NOOP("KestdeskSettings", "A run that has just started is stopped without a question")},
+    {KestdeskSettings::RunsAtOnce,         "runsAtOnce",         KestdeskSettings::RunsAtOnce,         false, 1,    1, mostRunsAtOnce, QT_TRANSLATE_NOOP("KestdeskSettings", "Runs"),          QT_TRANSLATE_NOOP("KestdeskSettings", "&Runs at the same time:"),              "",      QT_TRANSLATE_NOOP("KestdeskSettings", "How many runs of the queue go at the same time; each may use several processors")},
+    {KestdeskSettings::ArchiveDays,        "archiveDays",        KestdeskSettings::ArchiveDays,        false, 90,   1, mostDays,       QT_TRANSLATE_NOOP("KestdeskSettings", "Past runs"),     QT_TRANSLATE_NOOP("KestdeskSettings", "&Keep the record of a run for:"),       QT_TRANSLATE_NOOP("KestdeskSettings", "days"),  QT_TRANSLATE_NOOP("KestdeskSettings", "Older records are deleted; models and results are not")},
+    {KestdeskSettings::ArchiveMegabytes,   "archiveMegabytes",   KestdeskSettings::ArchiveMegabytes,   false, 1000, 1, mostMegabytes,  QT_TRANSLATE_NOOP("KestdeskSettings", "Past runs"),     QT_TRANSLATE_NOOP("KestdeskSettings", "Use at most:"),                         QT_TRANSLATE_NOOP("KestdeskSettings", "MB"),    QT_TRANSLATE_NOOP("KestdeskSettings", "Beyond that the oldest records are deleted; models and results are not")},
 };
 // clang-format on
 
@@ -79,6 +80,11 @@ KestdeskSettings KestdeskSettings::read()
 const QVector<Row>& KestdeskSettings::rows()
 {
     return settingRows;
+}
+
+QString KestdeskSettings::shown(const char* text)
+{
+    return QCoreApplication::translate("KestdeskSettings", text);
 }
 
 void KestdeskSettings::setValue(Setting setting, int number)

@@ -46,6 +46,9 @@ public:
     /// One row for each setting, in their order.
     static const QVector<Row>& rows();
 
+    /// A text of a row, in the user's language.
+    static QString shown(const char* text);
+
     /// Whether a desktop notification is shown when a run ends while another window is active.
     bool notifies() const { return value(Notifies) != 0; }
 

@@ -18,16 +18,16 @@ PreferencesDialog::PreferencesDialog(KestdeskSettings& settings, QWidget* parent
     , m_settings(settings)
 {
     setObjectName(QStringLiteral("preferencesDialog"));
-    setWindowTitle(QStringLiteral("Preferences"));
+    setWindowTitle(tr("Preferences"));
     auto* const layout = new QVBoxLayout(this);
     for (const KestdeskSettings::Row& row : KestdeskSettings::rows()) {
-        QFormLayout* const form = formOf(QLatin1String(row.group), *layout);
+        QFormLayout* const form = formOf(KestdeskSettings::shown(row.group), *layout);
         QWidget* const editor = makeEditor(row);
         m_editors.append(editor);
         if (row.isSwitch) {
             form->addRow(editor);
         } else {
-            form->addRow(QLatin1String(row.label), editor);
+            form->addRow(KestdeskSettings::shown(row.label), editor);
         }
     }
     layout->addStretch(1);
@@ -58,20 +58,20 @@ QWidget* PreferencesDialog::makeEditor(const KestdeskSettings::Row& row)
 {
     QWidget* editor = nullptr;
     if (row.isSwitch) {
-        auto* const box = new QCheckBox(QLatin1String(row.label), this);
+        auto* const box = new QCheckBox(KestdeskSettings::shown(row.label), this);
         connect(box, &QCheckBox::toggled, this, &PreferencesDialog::updateEditors);
         editor = box;
     } else {
         auto* const box = new QSpinBox(this);
         box->setRange(row.least, row.most);
         if (*row.unit != '\0') {
-            box->setSuffix(QLatin1Char(' ') + QLatin1String(row.unit));
+            box->setSuffix(QLatin1Char(' ') + KestdeskSettings::shown(row.unit));
         }
         editor = box;
     }
     editor->setObjectName(QLatin1String(row.key));
-    editor->setToolTip(QLatin1String(row.hint));
-    editor->setAccessibleDescription(QLatin1String(row.hint));
+    editor->setToolTip(KestdeskSettings::shown(row.hint));
+    editor->setAccessibleDescription(KestdeskSettings::shown(row.hint));
     return editor;
 }
 
@@ -132,8 +132,8 @@ void PreferencesDialog::accept()
         QDialog::accept();
         return;
     }
-    common_UserQuery(QStringLiteral("Preferences not saved"),
-                     QStringLiteral("The preferences cannot be saved: %1.").arg(problem),
+    common_UserQuery(tr("Preferences not saved"),
+                     tr("The preferences cannot be saved: %1.").arg(problem),
                      common_UserQuery::Error, this, QString())
         .display();
 }

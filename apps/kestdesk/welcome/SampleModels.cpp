@@ -4,12 +4,19 @@
 
 #include <VisibleText.h>
 
+#include <QCoreApplication>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
 #include <QStandardPaths>
 
 namespace {
+
+/// Translates the texts of this file.
+struct Texts
+{
+    Q_DECLARE_TR_FUNCTIONS(SampleModels)
+};
 
 QString userFolder()
 {
@@ -33,17 +40,17 @@ QStringList SampleModels::all()
 QString SampleModels::copyOf(const QString& sample, QString& problem)
 {
     const QString folder = userFolder();
-    const QString copy = folder + QLatin1Char('/') + QFileInfo(sample).fileName();
+    QString copy = folder + QLatin1Char('/') + QFileInfo(sample).fileName();
     if (QFileInfo(copy).isFile()) {
         return copy;
     }
     if (!QDir().mkpath(folder)) {
-        problem = QStringLiteral("the folder %1 cannot be made").arg(suite::visiblePath(folder));
+        problem = Texts::tr("the folder %1 cannot be made").arg(suite::visiblePath(folder));
         return QString();
     }
     QFile source(sample);
     if (!source.copy(copy)) {
-        problem = QStringLiteral("%1 cannot be written: %2")
+        problem = Texts::tr("%1 cannot be written: %2")
                       .arg(suite::visiblePath(copy), source.errorString());
         return QString();
     }

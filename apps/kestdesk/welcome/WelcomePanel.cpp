@@ -24,15 +24,15 @@ WelcomePanel::WelcomePanel(QWidget* parent) : QWidget(parent)
     setObjectName(QStringLiteral("welcomePanel"));
     auto* const layout = new QHBoxLayout(this);
     layout->setContentsMargins(edge, 0, 0, 0); // small screens have little height
-    auto* const text = new QLabel(
-        QStringLiteral("Open a model, or drop one on this window. Then press Run."), this);
+    auto* const text =
+        new QLabel(tr("Open a model, or drop one on this window. Then press Run."), this);
     text->setWordWrap(true);
-    auto* const open = new QPushButton(QStringLiteral("Open a model..."), this);
+    auto* const open = new QPushButton(tr("Open a model..."), this);
     open->setObjectName(QStringLiteral("welcomeOpenButton"));
     open->setIcon(GET_SERVICE(common_IIconUtility)->getIcon(QStringLiteral("open")));
-    auto* const samples = new QPushButton(QStringLiteral("Try a sample"), this);
+    auto* const samples = new QPushButton(tr("Try a sample"), this);
     samples->setObjectName(QStringLiteral("samplesButton"));
-    samples->setToolTip(QStringLiteral("Copies a model of the installation for you to try"));
+    samples->setToolTip(tr("Copies a model of the installation for you to try"));
     auto* const menu = new QMenu(samples);
     menu->setObjectName(QStringLiteral("samplesMenu"));
     samples->setMenu(menu);
@@ -52,7 +52,7 @@ void WelcomePanel::listSamples(QMenu& menu)
                        [this, sample] { openSample(sample); });
     }
     if (samples.isEmpty()) {
-        menu.addAction(QStringLiteral("The installation has no samples"))->setEnabled(false);
+        menu.addAction(tr("The installation has no samples"))->setEnabled(false);
     }
 }
 
@@ -61,7 +61,7 @@ void WelcomePanel::openSample(const QString& sample)
     QString problem;
     const QString copy = SampleModels::copyOf(sample, problem);
     if (copy.isEmpty()) {
-        Q_EMIT reported(QStringLiteral("The sample is not opened: %1").arg(problem));
+        Q_EMIT reported(tr("The sample is not opened: %1").arg(problem));
     } else {
         Q_EMIT sampleOpened(copy);
     }

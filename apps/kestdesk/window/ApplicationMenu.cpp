@@ -34,11 +34,11 @@ struct ActionRow
 
 // clang-format off
 const ActionRow actionRows[] = {
-    {"viewModelAction",      "&View model",                 "F6",       "cadkest",  "Show the model's wires in cadkest"},
-    {"editModelAction",      "&Edit model",                 "F7",       "editkest", "Change the model in editkest"},
-    {"showResultsAction",    "Show &results",               "F8",       "postkest", "Show what the selected run has found in postkest"},
-    {"showAllResultsAction", "Show results of &all runs",   "Shift+F8", "result",   "Show what all runs of this session have found in postkest"},
-    {"consoleAction",        "Solver &console",             "F9",       nullptr,    "Open a shell in the model's folder that knows the solver components"},
+    {"viewModelAction",      QT_TRANSLATE_NOOP("ApplicationMenu", "&View model"),                 "F6",       "cadkest",  QT_TRANSLATE_NOOP("ApplicationMenu", "Show the model's wires in cadkest")},
+    {"editModelAction",      QT_TRANSLATE_NOOP("ApplicationMenu", "&Edit model"),                 "F7",       "editkest", QT_TRANSLATE_NOOP("ApplicationMenu", "Change the model in editkest")},
+    {"showResultsAction",    QT_TRANSLATE_NOOP("ApplicationMenu", "Show &results"),               "F8",       "postkest", QT_TRANSLATE_NOOP("ApplicationMenu", "Show what the selected run has found in postkest")},
+    {"showAllResultsAction", QT_TRANSLATE_NOOP("ApplicationMenu", "Show results of &all runs"),   "Shift+F8", "result",   QT_TRANSLATE_NOOP("ApplicationMenu", "Show what all runs of this session have found in postkest")},
+    {"consoleAction",        QT_TRANSLATE_NOOP("ApplicationMenu", "Solver &console"),             "F9",       nullptr,    QT_TRANSLATE_NOOP("ApplicationMenu", "Open a shell in the model's folder that knows the solver components")},
 };
 // clang-format on
 
@@ -86,7 +86,7 @@ QString nativeLines(const QStringList& files)
 } // namespace
 
 ApplicationMenu::ApplicationMenu(QWidget* window)
-    : QMenu(QStringLiteral("&Applications"), window)
+    : QMenu(tr("&Applications"), window)
     , m_window(window)
     , m_viewModel(addLaunch("viewModelAction", &ApplicationMenu::viewModel))
     , m_editModel(addLaunch("editModelAction", &ApplicationMenu::editModel))
@@ -102,10 +102,10 @@ ApplicationMenu::ApplicationMenu(QWidget* window)
 QAction* ApplicationMenu::addLaunch(const char* name, void (ApplicationMenu::*slot)())
 {
     const ActionRow& row = rowOf(name);
-    QAction* action = addAction(QLatin1String(row.text));
+    QAction* action = addAction(tr(row.text));
     action->setObjectName(QLatin1String(row.name));
     action->setShortcut(QKeySequence(QLatin1String(row.shortcut)));
-    action->setToolTip(QLatin1String(row.hint));
+    action->setToolTip(tr(row.hint));
     if (row.icon != nullptr) {
         action->setIcon(GET_SERVICE(common_IIconUtility)->getIcon(QLatin1String(row.icon)));
     }
@@ -115,7 +115,7 @@ QAction* ApplicationMenu::addLaunch(const char* name, void (ApplicationMenu::*sl
 
 QWidget* ApplicationMenu::makeResultsButton(QWidget* parent)
 {
-    auto* button = new QPushButton(m_showResults->icon(), QStringLiteral("Show resu&lts"), parent);
+    auto* button = new QPushButton(m_showResults->icon(), tr("Show resu&lts"), parent);
     button->setObjectName(QStringLiteral("showResultsButton"));
     button->setToolTip(m_showResults->toolTip());
     button->setAccessibleDescription(m_showResults->toolTip());
@@ -172,7 +172,7 @@ void ApplicationMenu::openConsole()
             return Launcher::launchKestConsole(m_window, console.program, console.arguments,
                                                folder);
         })) {
-        Q_EMIT launched(QStringLiteral("Opening a console in %1").arg(suite::visiblePath(folder)));
+        Q_EMIT launched(tr("Opening a console in %1").arg(suite::visiblePath(folder)));
     }
 }
 
@@ -180,7 +180,7 @@ void ApplicationMenu::launchOnModel(Application application)
 {
     const QFileInfo model(m_model);
     if (!model.isFile() || !model.isReadable()) {
-        reportError(QStringLiteral("Model not opened"), UnreadableModel::text(m_model), m_window);
+        reportError(tr("Model not opened"), UnreadableModel::text(m_model), m_window);
         return;
     }
     launch(application, {model.absoluteFilePath()});
@@ -190,10 +190,9 @@ void ApplicationMenu::launchOnResults(const QStringList& results)
 {
     const QStringList files = existing(results);
     if (files.isEmpty()) {
-        reportError(
-            QStringLiteral("No results"),
-            QStringLiteral("These results are no longer there:\n%1").arg(nativeLines(results)),
-            m_window);
+        reportError(tr("No results"),
+                    tr("These results are no longer there:\n%1").arg(nativeLines(results)),
+                    m_window);
         return;
     }
     launch(Launcher::PostKest, files);
@@ -206,9 +205,10 @@ void ApplicationMenu::launch(Application application, const QStringList& files)
     if (isStarted(
             [&] { return Launcher::launch(m_window, application, files, first.absolutePath()); })) {
         const QFileInfo program(Launcher::getExecutableString(application));
-        Q_EMIT launched(QStringLiteral("Opening %1 in %2")
-                            .arg(files.size() == 1 ? suite::visibleFileName(first.filePath())
-                                                   : QStringLiteral("%1 results").arg(files.size()),
-                                 program.baseName()));
+        const QString name = program.baseName();
+        Q_EMIT launched(
+            files.size() == 1
+                ? tr("Opening %1 in %2").arg(suite::visibleFileName(first.filePath()), name)
+                : tr("Opening %1 results in %2").arg(QString::number(files.size()), name));
     }
 }

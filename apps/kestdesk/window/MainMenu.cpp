@@ -6,6 +6,7 @@
 #include <common_ServiceOf.h>
 
 #include <QAction>
+#include <QCoreApplication>
 #include <QIcon>
 #include <QMainWindow>
 #include <QMenuBar>
@@ -19,6 +20,10 @@ QIcon icon(const char* name)
 {
     return GET_SERVICE(common_IIconUtility)->getIcon(QLatin1String(name));
 }
+
+constexpr const char* fileMenu = QT_TRANSLATE_NOOP("MenuBar", "&File");
+constexpr const char* runsMenu = QT_TRANSLATE_NOOP("MenuBar", "&Run");
+constexpr const char* optionsMenu = QT_TRANSLATE_NOOP("MenuBar", "&Options");
 
 } // namespace
 
@@ -37,16 +42,16 @@ struct MainMenu::ActionRow
 
 // clang-format off
 const MainMenu::ActionRow MainMenu::actionRows[] = {
-    {"&File",    false, false, "openAction",          "&Open...",                     "Ctrl+O",      "open",     &MainMenu::openRequested},
-    {"&File",    true,  false, "quitAction",          "&Quit",                        "Ctrl+Q",      "",         &MainMenu::quitRequested},
-    {"&Run",     false, false, "runAction",           "&Run",                         "F5",          "play",     &MainMenu::runRequested},
-    {"&Run",     false, false, "stopAction",          "&Stop...",                     "Shift+F5",    "exclude",  &MainMenu::stopRequested},
-    {"&Run",     true,  true,  "farmOutAction",       "&Farm out by OPTKEST",         "",            "",         &MainMenu::farmOutTicked},
-    {"&Run",     true,  false, "showRunAction",       "Op&en run",                     "Ctrl+Return", "",         &MainMenu::showRunRequested},
-    {"&Run",     false, false, "clearAction",         "&Clear ended runs",            "",            "",         &MainMenu::clearRequested},
-    {"&Options", false, false, "launchOptionsAction", "Component &launch options...", "Ctrl+L",      "settings", &MainMenu::launchOptionsRequested},
-    {"&Options", false, false, "machinesFileAction",  "&Machines file...",            "",            "machines", &MainMenu::machinesFileRequested},
-    {"&Options", true,  false, "preferencesAction",   "&Preferences...",              "Ctrl+,",      "settings", &MainMenu::preferencesRequested},
+    {fileMenu,    false, false, "openAction",          QT_TRANSLATE_NOOP("MainMenu", "&Open..."),                     "Ctrl+O",      "open",     &MainMenu::openRequested},
+    {fileMenu,    true,  false, "quitAction",          QT_TRANSLATE_NOOP("MainMenu", "&Quit"),                        "Ctrl+Q",      "",         &MainMenu::quitRequested},
+    {runsMenu,    false, false, "runAction",           QT_TRANSLATE_NOOP("MainMenu", "&Run"),                         "F5",          "play",     &MainMenu::runRequested},
+    {runsMenu,    false, false, "stopAction",          QT_TRANSLATE_NOOP("MainMenu", "&Stop..."),                     "Shift+F5",    "exclude",  &MainMenu::stopRequested},
+    {runsMenu,    true,  true,  "farmOutAction",       QT_TRANSLATE_NOOP("MainMenu", "&Farm out by OPTKEST"),         "",            "",         &MainMenu::farmOutTicked},
+    {runsMenu,    true,  false, "showRunAction",       QT_TRANSLATE_NOOP("MainMenu", "Op&en run"),                     "Ctrl+Return", "",         &MainMenu::showRunRequested},
+    {runsMenu,    false, false, "clearAction",         QT_TRANSLATE_NOOP("MainMenu", "&Clear ended runs"),            "",            "",         &MainMenu::clearRequested},
+    {optionsMenu, false, false, "launchOptionsAction", QT_TRANSLATE_NOOP("MainMenu", "Component &launch options..."), "Ctrl+L",      "settings", &MainMenu::launchOptionsRequested},
+    {optionsMenu, false, false, "machinesFileAction",  QT_TRANSLATE_NOOP("MainMenu", "&Machines file..."),            "",            "machines", &MainMenu::machinesFileRequested},
+    {optionsMenu, true,  false, "preferencesAction",   QT_TRANSLATE_NOOP("MainMenu", "&Preferences..."),              "Ctrl+,",      "settings", &MainMenu::preferencesRequested},
 };
 // clang-format on
 
@@ -57,6 +62,11 @@ MainMenu::MainMenu(QMainWindow* window, common_recent_file_settings* recentFiles
         addAction(row);
     }
     addRecentMenu();
+}
+
+QMenu* MainMenu::runMenu()
+{
+    return menu(runsMenu);
 }
 
 bool MainMenu::isFarmOutTicked() const
@@ -86,8 +96,9 @@ void MainMenu::setStopEnabled(bool enabled)
 }
 
 // The menu with that title in the menu bar; made if it does not exist.
-QMenu* MainMenu::menu(const QString& title)
+QMenu* MainMenu::menu(const char* untranslated)
 {
+    const QString title = QCoreApplication::translate("MenuBar", untranslated);
     const QList<QAction*> menus = m_window->menuBar()->actions();
     const auto found = std::find_if(menus.begin(), menus.end(), [&title](const QAction* each) {
         return each->text() == title;
@@ -97,11 +108,11 @@ QMenu* MainMenu::menu(const QString& title)
 
 void MainMenu::addAction(const ActionRow& row)
 {
-    QMenu* parent = menu(QLatin1String(row.menu));
+    QMenu* parent = menu(row.menu);
     if (row.startsGroup) {
         parent->addSeparator();
     }
-    QAction* entry = parent->addAction(QLatin1String(row.text));
+    QAction* entry = parent->addAction(tr(row.text));
     entry->setObjectName(QLatin1String(row.name));
     entry->setShortcut(QKeySequence(QLatin1String(row.shortcut)));
     entry->setCheckable(row.isCheckable);
@@ -119,8 +130,8 @@ void MainMenu::addAction(const ActionRow& row)
 void MainMenu::addRecentMenu()
 {
     m_recentMenu->setIcon(icon("recent"));
-    QMenu* fileMenu = menu(QStringLiteral("&File"));
-    fileMenu->insertMenu(fileMenu->actions().at(1), m_recentMenu);
+    QMenu* const parent = menu(fileMenu);
+    parent->insertMenu(parent->actions().at(1), m_recentMenu);
 }
 
 QAction* MainMenu::action(const char* name) const

@@ -18,7 +18,7 @@ public:
     MainMenu(QMainWindow* window, common_recent_file_settings* recentFiles);
 
     RecentMenu* recentMenu() const { return m_recentMenu; }
-    QMenu* runMenu() { return menu(QStringLiteral("&Run")); }
+    QMenu* runMenu();
     QAction* showRunAction() const { return action("showRunAction"); }
 
     bool isFarmOutTicked() const;
@@ -46,7 +46,7 @@ private:
     struct ActionRow;
     static const ActionRow actionRows[];
 
-    QMenu* menu(const QString& title);
+    QMenu* menu(const char* untranslated);
     void addAction(const ActionRow& row);
     void addRecentMenu();
     QAction* action(const char* name) const;

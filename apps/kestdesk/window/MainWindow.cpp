@@ -45,7 +45,7 @@ const QString applicationName = QStringLiteral("kestdesk");
 
 QString outcomeText(const WindowRun& run)
 {
-    QString text = QStringLiteral("%1 of %2: %3")
+    QString text = MainWindow::tr("%1 of %2: %3")
                        .arg(run.run().componentName(), suite::visibleFileName(run.run().model()),
                             run.explanation());
     if (!run.recordProblem().isEmpty()) {
@@ -144,7 +144,7 @@ void MainWindow::makeMenus()
     connect(m_menu, &MainMenu::preferencesRequested, this, &MainWindow::editPreferences);
     m_runDesk->addActions(m_menu);
     addApplicationMenu();
-    HelpMenu::addTo(*this, QStringLiteral("Runs the suite's solver components on models."));
+    HelpMenu::addTo(*this, tr("Runs the suite's solver components on models."));
 }
 
 void MainWindow::addApplicationMenu()
@@ -311,7 +311,7 @@ void MainWindow::updateControls()
 
 void MainWindow::onChoiceSaved(bool isKept)
 {
-    showOutcome(isKept ? QString() : QStringLiteral("This choice counts for this session only."));
+    showOutcome(isKept ? QString() : tr("This choice counts for this session only."));
 }
 
 // The user has already seen why a run did not start.
@@ -325,7 +325,7 @@ void MainWindow::onRunEnded(const WindowRun& run)
     if (QApplication::activeWindow() == nullptr) {
         QApplication::alert(this);
         if (KestdeskSettings::read().notifies()) {
-            Notifier::show(QStringLiteral("Run ended"), text);
+            Notifier::show(tr("Run ended"), text);
         }
     }
 }
@@ -356,13 +356,13 @@ void MainWindow::closeEvent(QCloseEvent* event)
 
 void MainWindow::onRunsStopping()
 {
-    showOutcome(QStringLiteral("Stopping the runs..."));
+    showOutcome(tr("Stopping the runs..."));
 }
 
 // From here on no run is started.
 void MainWindow::onClearing()
 {
-    showOutcome(QStringLiteral("Ending what the runs have left behind..."));
+    showOutcome(tr("Ending what the runs have left behind..."));
     centralWidget()->setEnabled(false);
     menuBar()->setEnabled(false);
 }

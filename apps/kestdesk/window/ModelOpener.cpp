@@ -59,8 +59,8 @@ void ModelOpener::open(const QStringList& paths, const QString& hint)
     for (const QString& model : models) {
         queue(model, true);
     }
-    Q_EMIT reported(QStringLiteral("Held in the queue until you press \"Run all\" there: %1")
-                        .arg(namesOf(models)));
+    Q_EMIT reported(
+        tr("Held in the queue until you press \"Run all\" there: %1").arg(namesOf(models)));
 }
 
 // The unreadable models are shown in one message.
@@ -83,16 +83,16 @@ QStringList ModelOpener::readableOnes(const QStringList& paths)
 
 void ModelOpener::showProblem(const QString& text)
 {
-    common_UserQuery(QStringLiteral("Model not opened"), text, common_UserQuery::Error,
-                     m_panel->window(), QString())
+    common_UserQuery(tr("Model not opened"), text, common_UserQuery::Error, m_panel->window(),
+                     QString())
         .display();
 }
 
 void ModelOpener::choose()
 {
     const QString folder = QFileInfo(m_panel->model()).absolutePath();
-    open(OpenDialog::files(m_panel->window(), QStringLiteral("Open models"), folder,
-                           QStringLiteral("Models (*.nec);;All (*)")));
+    open(OpenDialog::files(m_panel->window(), tr("Open models"), folder,
+                           tr("Models (*.nec);;All (*)")));
 }
 
 void ModelOpener::queue(const QString& path, bool isHeld)

@@ -38,7 +38,7 @@ constexpr int mostWindows = 10; // of records, opened at once
 
 QString nameOf(const ListedRun& run)
 {
-    return QStringLiteral("Run %1: %2, %3")
+    return RunActions::tr("Run %1: %2, %3")
         .arg(run.number())
         .arg(suite::visibleFileName(run.model()), run.stateText());
 }
@@ -79,28 +79,29 @@ QString exportFile(const RunRecord& record, QWidget* window)
         QStringLiteral("%1/%2-run%3.zip")
             .arg(model.path(), model.completeBaseName(), QString::number(record.number));
     const QString suffix = QStringLiteral(".zip");
-    const QString file = QFileDialog::getSaveFileName(window, QStringLiteral("Export the record"),
-                                                      usual, QStringLiteral("Zip files (*.zip)"));
+    const QString file = QFileDialog::getSaveFileName(window, RunActions::tr("Export the record"),
+                                                      usual, RunActions::tr("Zip files (*.zip)"));
     return file.isEmpty() || file.endsWith(suffix) ? file : file + suffix;
 }
 
 bool agreesToDelete(const QVector<ListedRun>& runs, QWidget* window)
 {
     QStringList lines;
-    for (const ListedRun& run : runs.mid(0, mostNamed)) {
+    const QVector<ListedRun> named = runs.mid(0, mostNamed);
+    for (const ListedRun& run : named) {
         lines.append(nameOf(run));
     }
     if (runs.size() > mostNamed) {
-        lines.append(QStringLiteral("and %1 more").arg(runs.size() - mostNamed));
+        lines.append(RunActions::tr("and %1 more").arg(runs.size() - mostNamed));
     }
-    const QString what = runs.size() == 1 ? QStringLiteral("Delete the record of this run?")
-                                          : QStringLiteral("Delete the records of these runs?");
-    common_UserQuery query(QStringLiteral("Delete records"),
-                           QStringLiteral("%1\n\n%2\n\nModels and results stay.")
+    const QString what = runs.size() == 1 ? RunActions::tr("Delete the record of this run?")
+                                          : RunActions::tr("Delete the records of these runs?");
+    common_UserQuery query(RunActions::tr("Delete records"),
+                           RunActions::tr("%1\n\n%2\n\nModels and results stay.")
                                .arg(what, lines.join(QLatin1Char('\n'))),
                            common_UserQuery::Warning, window, QString());
-    query.addOption(QStringLiteral("&Delete"), QMessageBox::AcceptRole);
-    query.addOption(QStringLiteral("Cancel"), QMessageBox::RejectRole,
+    query.addOption(RunActions::tr("&Delete"), QMessageBox::AcceptRole);
+    query.addOption(RunActions::tr("Cancel"), QMessageBox::RejectRole,
                     common_UserQuery::EnterDefault);
     return query.display() == QMessageBox::AcceptRole;
 }
@@ -119,15 +120,15 @@ struct RunActions::Row
 
 // clang-format off
 const RunActions::Row RunActions::rows[] = {
-    {"showRecordAction",  "Show recor&d",           "Ctrl+R",       "Show what is kept of the selected runs: messages, output, command, differences", true,  &RunActions::showRecords},
-    {"runAgainAction",    "Run &again exactly",     "Ctrl+F5",      "Run the same command with the same options on the same model",                    true,  &RunActions::runAgain},
-    {"resumeRunAction",   "Resu&me",                "",             "Run it again and compute only what the stopped run has not kept",                true,  &RunActions::resume},
-    {"openFolderAction",  "Open f&older",           "",             "Show the model's folder in the file manager",                                    true,  &RunActions::openFolders},
-    {"copyCommandAction", "Copy comma&nd",          "Ctrl+Shift+C", "Copy the command of the selected runs for a terminal",                           true,  &RunActions::copyCommands},
-    {"exportRunAction",   "E&xport record...",      "",             "Put all that is kept of the selected run, and its results, into one zip file for somebody else", true, &RunActions::exportRecord},
-    {"deleteRunsAction",  "De&lete records...",     "Del",     "Delete the records of the selected runs; models and results stay",               true,  &RunActions::deleteRecords},
-    {"findRunsAction",    "F&ilter runs",           "Ctrl+F",       "Show only some of the runs",                                                     false, &RunActions::focusFilter},
-    {"showAllRunsAction", "Sho&w all runs",         "",             "Show all runs again that were filtered or cleared",                              false, &RunActions::showAll},
+    {"showRecordAction",  QT_TRANSLATE_NOOP("RunActions", "Show recor&d"),           "Ctrl+R",       QT_TRANSLATE_NOOP("RunActions", "Show what is kept of the selected runs: messages, output, command, differences"), true,  &RunActions::showRecords},
+    {"runAgainAction",    QT_TRANSLATE_NOOP("RunActions", "Run &again exactly"),     "Ctrl+F5",      QT_TRANSLATE_NOOP("RunActions", "Run the same command with the same options on the same model"),                    true,  &RunActions::runAgain},
+    {"resumeRunAction",   QT_TRANSLATE_NOOP("RunActions", "Resu&me"),                "",             QT_TRANSLATE_NOOP("RunActions", "Run it again and compute only what the stopped run has not kept"),                true,  &RunActions::resume},
+    {"openFolderAction",  QT_TRANSLATE_NOOP("RunActions", "Open f&older"),           "",             QT_TRANSLATE_NOOP("RunActions", "Show the model's folder in the file manager"),                                    true,  &RunActions::openFolders},
+    {"copyCommandAction", QT_TRANSLATE_NOOP("RunActions", "Copy comma&nd"),          "Ctrl+Shift+C", QT_TRANSLATE_NOOP("RunActions", "Copy the command of the selected runs for a terminal"),                           true,  &RunActions::copyCommands},
+    {"exportRunAction",   QT_TRANSLATE_NOOP("RunActions", "E&xport record..."),      "",             QT_TRANSLATE_NOOP("RunActions", "Put all that is kept of the selected run, and its results, into one zip file for somebody else"), true, &RunActions::exportRecord},
+    {"deleteRunsAction",  QT_TRANSLATE_NOOP("RunActions", "De&lete records..."),     "Del",     QT_TRANSLATE_NOOP("RunActions", "Delete the records of the selected runs; models and results stay"),               true,  &RunActions::deleteRecords},
+    {"findRunsAction",    QT_TRANSLATE_NOOP("RunActions", "F&ilter runs"),           "Ctrl+F",       QT_TRANSLATE_NOOP("RunActions", "Show only some of the runs"),                                                     false, &RunActions::focusFilter},
+    {"showAllRunsAction", QT_TRANSLATE_NOOP("RunActions", "Sho&w all runs"),         "",             QT_TRANSLATE_NOOP("RunActions", "Show all runs again that were filtered or cleared"),                              false, &RunActions::showAll},
 };
 // clang-format on
 
@@ -135,7 +136,7 @@ RunActions::RunActions(RunListPart* part, QMenu* menu, QWidget* window)
     : QObject(window)
     , m_part(part)
     , m_window(window)
-    , m_resumeButton(new QPushButton(QStringLiteral("Resume"), part))
+    , m_resumeButton(new QPushButton(tr("Resume"), part))
 {
     menu->addSeparator();
     for (const Row& row : rows) {
@@ -151,11 +152,11 @@ RunActions::RunActions(RunListPart* part, QMenu* menu, QWidget* window)
 
 void RunActions::addAction(const Row& row, QMenu* menu)
 {
-    QAction* const added = menu->addAction(QLatin1String(row.text));
+    QAction* const added = menu->addAction(tr(row.text));
     added->setObjectName(QLatin1String(row.name));
     added->setShortcut(QKeySequence(QLatin1String(row.shortcut)));
-    added->setToolTip(QLatin1String(row.hint));
-    added->setStatusTip(QLatin1String(row.hint));
+    added->setToolTip(tr(row.hint));
+    added->setStatusTip(tr(row.hint));
     connect(added, &QAction::triggered, this, row.slot);
     if (row.isForRuns) {
         // A key without modifier belongs to a text field that has the focus.
@@ -195,7 +196,7 @@ void RunActions::updateResume(const QVector<ListedRun>& runs)
 {
     const int look = ++m_resumeLook;
     if (runs.size() != 1 || !hasRecord(runs.first())) {
-        showResumable(QStringLiteral("Select one run that was stopped or interrupted."));
+        showResumable(tr("Select one run that was stopped or interrupted."));
         return;
     }
     RunRecord record = runs.first().record;
@@ -214,10 +215,9 @@ void RunActions::showResumable(const QString& obstacle)
 {
     QAction* const resume = action("resumeRunAction");
     const bool isPossible = obstacle.isEmpty();
-    const QString hint =
-        isPossible
-            ? QStringLiteral("Run it again and compute only what the stopped run has not kept")
-            : obstacle;
+    const QString hint = isPossible
+                             ? tr("Run it again and compute only what the stopped run has not kept")
+                             : obstacle;
     resume->setEnabled(isPossible);
     resume->setToolTip(hint);
     resume->setStatusTip(hint);
@@ -245,9 +245,8 @@ void RunActions::exportRecord()
         QString problem;
         const bool isExported = RecordExport::exportRecord(record, file, problem);
         const QString text =
-            isExported
-                ? QStringLiteral("Run %1 was exported to %2").arg(record.number).arg(file)
-                : QStringLiteral("Run %1 was not exported: %2").arg(record.number).arg(problem);
+            isExported ? tr("Run %1 was exported to %2").arg(record.number).arg(file)
+                       : tr("Run %1 was not exported: %2").arg(record.number).arg(problem);
         answer([this, text] { Q_EMIT reported(suite::visibleText(text)); });
     });
 }
@@ -287,13 +286,13 @@ void RunActions::openFolders()
         folders.append(run.folder());
     }
     folders.removeDuplicates();
-    for (const QString& folder : folders.mid(0, mostFolders)) {
+    const QStringList opened = folders.mid(0, mostFolders);
+    for (const QString& folder : opened) {
         bool isOpened = false;
         Descendants::startDetached(
             [&] { isOpened = QDesktopServices::openUrl(QUrl::fromLocalFile(folder)); });
-        Q_EMIT reported(
-            (isOpened ? QStringLiteral("Opening %1") : QStringLiteral("%1 cannot be opened"))
-                .arg(suite::visiblePath(folder)));
+        Q_EMIT reported((isOpened ? tr("Opening %1") : tr("%1 cannot be opened"))
+                            .arg(suite::visiblePath(folder)));
     }
 }
 
@@ -308,8 +307,8 @@ void RunActions::copyCommands()
     }
     QGuiApplication::clipboard()->setText(commands.join(QLatin1Char('\n')));
     Q_EMIT reported(commands.size() == 1
-                        ? QStringLiteral("Copied the command of the run")
-                        : QStringLiteral("Copied the commands of %1 runs").arg(commands.size()));
+                        ? tr("Copied the command of the run")
+                        : tr("Copied the commands of %1 runs").arg(commands.size()));
 }
 
 // Running runs are left out, and the question does not name them.
@@ -338,6 +337,5 @@ void RunActions::focusFilter()
 
 void RunActions::onNotRemoved(const QVector<int>& numbers)
 {
-    Q_EMIT reported(
-        QStringLiteral("These records could not be deleted: %1").arg(numbered(numbers)));
+    Q_EMIT reported(tr("These records could not be deleted: %1").arg(numbered(numbers)));
 }

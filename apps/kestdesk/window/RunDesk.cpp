@@ -96,8 +96,13 @@ void RunDesk::showRun()
     const QVector<ListedRun> selected = list()->selectedRuns();
     if (!selected.isEmpty() && selected.first().hasRecord()) {
         m_records->open(selected.first().number());
+    } else if (run != nullptr && !run->isRecorded()) { // the disk is slow
+        connect(run, &WindowRun::recordMade, m_records,
+                [this, run] { m_records->open(run->number()); });
+        Q_EMIT reported(
+            QStringLiteral("The record of this run opens as soon as it is on the disk."));
     } else if (run != nullptr) {
-        Q_EMIT reported(QStringLiteral("The window of this run has been closed."));
+        Q_EMIT reported(tr("The window of this run has been closed."));
     }
 }
 
@@ -109,12 +114,12 @@ void RunDesk::clearEnded()
 
 void RunDesk::runAgain(const RunRecord& record, const QString& model)
 {
-    repeat(record, model, QStringLiteral("Run %1 is run again").arg(record.number));
+    repeat(record, model, tr("Run %1 is run again").arg(record.number));
 }
 
 void RunDesk::resume(const RunRecord& record)
 {
-    repeat(record, record.model, QStringLiteral("Run %1 is resumed").arg(record.number));
+    repeat(record, record.model, tr("Run %1 is resumed").arg(record.number));
 }
 
 void RunDesk::repeat(const RunRecord& record, const QString& model, const QString& report)

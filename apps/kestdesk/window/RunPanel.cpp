@@ -23,8 +23,8 @@ using Wrapper = common_RunWrapper;
 // Messages of the library refer to these boxes by their names.
 // clang-format off
 const struct { Wrapper::RunOption option; const char* text; const char* name; const char* hint; } boxRows[] = {
-    {Wrapper::Parallel, "&Parallel", "parallelBox", "Solve with several processes, on the hosts of the machines file"},
-    {Wrapper::Remote,   "Re&mote",   "remoteBox",   "Run on the remote host of the component launch options"},
+    {Wrapper::Parallel, QT_TRANSLATE_NOOP("RunPanel", "&Parallel"), "parallelBox", QT_TRANSLATE_NOOP("RunPanel", "Solve with several processes, on the hosts of the machines file")},
+    {Wrapper::Remote,   QT_TRANSLATE_NOOP("RunPanel", "Re&mote"),   "remoteBox",   QT_TRANSLATE_NOOP("RunPanel", "Run on the remote host of the component launch options")},
 };
 // clang-format on
 
@@ -103,16 +103,16 @@ QWidget* RunPanel::makeModelRow()
     auto* row = new QWidget(this);
     auto* layout = new QHBoxLayout(row);
     layout->setContentsMargins(0, 0, 0, 0);
-    auto* label = new QLabel(QStringLiteral("Mo&del:"), row);
+    auto* label = new QLabel(tr("Mo&del:"), row);
     m_model = new QLineEdit(row);
     m_model->setObjectName(QStringLiteral("modelEdit"));
-    m_model->setPlaceholderText(QStringLiteral("Open a model, or drop one on this window"));
+    m_model->setPlaceholderText(tr("Open a model, or drop one on this window"));
     m_model->setClearButtonEnabled(true);
     m_model->setAcceptDrops(false); // it would insert a dropped file as text
-    m_model->setAccessibleName(QStringLiteral("Model"));
+    m_model->setAccessibleName(tr("Model"));
     label->setBuddy(m_model);
-    auto* open = makeButton(QStringLiteral("Op&en..."), QStringLiteral("openButton"),
-                            QStringLiteral("open"), row);
+    auto* open =
+        makeButton(tr("Op&en..."), QStringLiteral("openButton"), QStringLiteral("open"), row);
     layout->addWidget(label);
     layout->addWidget(m_model, 1);
     layout->addWidget(open);
@@ -127,10 +127,10 @@ QWidget* RunPanel::makeComponentRow()
     auto* row = new QWidget(this);
     auto* layout = new QHBoxLayout(row);
     layout->setContentsMargins(0, 0, 0, 0);
-    auto* label = new QLabel(QStringLiteral("&Component:"), row);
+    auto* label = new QLabel(tr("&Component:"), row);
     m_component = new QComboBox(row);
     m_component->setObjectName(QStringLiteral("componentBox"));
-    m_component->setAccessibleName(QStringLiteral("Component"));
+    m_component->setAccessibleName(tr("Component"));
     m_component->addItems(Component::names().split(QStringLiteral(", ")));
     label->setBuddy(m_component);
     layout->addWidget(label);
@@ -143,14 +143,14 @@ QWidget* RunPanel::makeComponentRow()
 
 QWidget* RunPanel::makeLaunchGroup()
 {
-    auto* group = new QGroupBox(QStringLiteral("Run/launch"), this);
+    auto* group = new QGroupBox(tr("Run/launch"), this);
     group->setObjectName(QStringLiteral("runLaunchGroup"));
     auto* layout = new QHBoxLayout(group);
     for (const auto& row : boxRows) {
-        auto* box = new QCheckBox(QLatin1String(row.text), group);
+        auto* box = new QCheckBox(tr(row.text), group);
         box->setObjectName(QLatin1String(row.name));
-        box->setToolTip(QLatin1String(row.hint));
-        box->setAccessibleDescription(QLatin1String(row.hint));
+        box->setToolTip(tr(row.hint));
+        box->setAccessibleDescription(tr(row.hint));
         layout->addWidget(box);
         connect(box, &QCheckBox::toggled, this, &RunPanel::tickedChanged);
         m_boxes.append(box);
@@ -164,10 +164,8 @@ QWidget* RunPanel::makeButtonRow()
     auto* row = new QWidget(this);
     auto* layout = new QHBoxLayout(row);
     layout->setContentsMargins(0, 0, 0, 0);
-    m_run = makeButton(QStringLiteral("R&un"), QStringLiteral("runButton"), QStringLiteral("play"),
-                       row);
-    m_stop = makeButton(QStringLiteral("&Stop"), QStringLiteral("stopButton"),
-                        QStringLiteral("exclude"), row);
+    m_run = makeButton(tr("R&un"), QStringLiteral("runButton"), QStringLiteral("play"), row);
+    m_stop = makeButton(tr("&Stop"), QStringLiteral("stopButton"), QStringLiteral("exclude"), row);
     m_stop->setEnabled(false);
     layout->addStretch(1);
     layout->addWidget(m_run);

@@ -12,7 +12,18 @@
 #include <common_geometry_settings.h>
 #include <common_recent_file_settings.h>
 
+#include <QCoreApplication>
 #include <QFileInfo>
+
+namespace {
+
+/// Translates the texts of this file.
+struct Texts
+{
+    Q_DECLARE_TR_FUNCTIONS(WindowSession)
+};
+
+} // namespace
 
 WindowSession::WindowSession()
     : m_settings(GET_SERVICE(common_IApplicationInfo)->userSettingsDirectory(),
@@ -37,13 +48,13 @@ WindowSession::Model WindowSession::lastModel()
     }
     if (FileProbe().ask(model) == FileProbe::Answer::None) {
         return {{},
-                QStringLiteral("The model of the last session does not answer: %1")
+                Texts::tr("The model of the last session does not answer: %1")
                     .arg(suite::visibleText(model))};
     }
     if (!QFileInfo(model).isFile()) {
-        return {{},
-                QStringLiteral("The model of the last session is gone: %1")
-                    .arg(suite::visibleText(model))};
+        return {
+            {},
+            Texts::tr("The model of the last session is gone: %1").arg(suite::visibleText(model))};
     }
     return {QFileInfo(model).absoluteFilePath(), {}};
 }

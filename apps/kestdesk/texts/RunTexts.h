@@ -14,7 +14,7 @@ QString shortClockTime(qint64 milliseconds);
 /// Milliseconds as "1.2 s", or as clockTime() from a minute on.
 QString duration(qint64 milliseconds);
 
-/// "1 error", "2 errors".
+/// "1 error", "2 errors". The noun is one of the table in the source file.
 QString counted(int count, const char* noun);
 
 /// "12 B", "1.5 kB", "3.0 MB"; "missing" for a negative number.
