@@ -161,22 +161,32 @@ private Q_SLOTS:
         start();
         const RunRecord record = finished();
         QVERIFY(record.launchOptions.size() > 0);
-        for (const RunRecord::Option& option : record.changedOptions()) {
-            QCOMPARE(option.name, text("Kest.ProcessPriority"));
-        }
+        const QVector<RunRecord::Option> changed = record.changedOptions();
+        QCOMPARE(changed.size(), 1);
+        QCOMPARE(changed.constFirst().name, text("Kest.ProcessPriority"));
     }
 
     void messagesAreRecordedWithTheirTimes()
+    {
+        prepare("asked-ends 100 0");
+        m_stage->startWaiting(*m_run);
+        constexpr int pause = 300; // ms
+        QTest::qWait(pause);
+        m_run->stop();
+        const QVector<RecordedMessage> messages = messagesOf(finished());
+        QVERIFY(messages.size() >= 2);
+        QVERIFY(messages.constLast().time >= messages.constFirst().time + pause / 2);
+        for (int i = 1; i < messages.size(); ++i) {
+            QVERIFY(messages.at(i).time >= messages.at(i - 1).time);
+        }
+    }
+
+    void filesAreRecorded()
     {
         prepare("files");
         start();
         const QVector<RecordedMessage> messages = messagesOf(finished());
         QVERIFY(messages.size() >= 4);
-        qint64 last = 0;
-        for (const RecordedMessage& message : messages) {
-            QVERIFY(message.time >= last);
-            last = message.time;
-        }
         QVERIFY(std::any_of(messages.begin(), messages.end(), [](const auto& message) {
             return message.type == common_IProcessMessage::File;
         }));
