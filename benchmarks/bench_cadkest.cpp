@@ -23,7 +23,7 @@ const Frame& firstFrame()
 void turn(benchmark::State& state, Renderer& renderer)
 {
     renderer.render(firstFrame());
-    for (auto _ : state) {
+    for ([[maybe_unused]] auto _ : state) {
         Frame frame = firstFrame();
         for (int i = 0; i < framesOfTurn; ++i) {
             frame.camera.turn({0.06, 0.01});

@@ -54,7 +54,7 @@ private:
 template <typename TMessage>
 void memoryOver10MillionLines(benchmark::State& state)
 {
-    for (auto _ : state) {
+    for ([[maybe_unused]] auto _ : state) {
         common_ProcessRunner<TMessage> runner;
         QEventLoop loop;
         const MemoryReader reader(&runner, state, loop);

@@ -50,7 +50,7 @@ const DialogStage& stage()
 template <typename Deed>
 void measure(benchmark::State& state, Deed deed)
 {
-    for (auto _ : state) {
+    for ([[maybe_unused]] auto _ : state) {
         GapReader gaps;
         QElapsedTimer clock;
         QTimer::singleShot(100, [&] {
@@ -64,7 +64,7 @@ void measure(benchmark::State& state, Deed deed)
 
 void flood(benchmark::State& state, Details details)
 {
-    for (auto _ : state) {
+    for ([[maybe_unused]] auto _ : state) {
         Desk::instance().begin(details);
         const double before = residentBytes();
         GapReader gaps;
@@ -165,7 +165,7 @@ void floodOpen(benchmark::State& state)
 
 void documentAlone(benchmark::State& state)
 {
-    for (auto _ : state) {
+    for ([[maybe_unused]] auto _ : state) {
         QTextDocument document;
         document.setUndoRedoEnabled(false);
         const double before = residentBytes();

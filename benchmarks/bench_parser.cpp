@@ -38,7 +38,7 @@ const QStringList& plainLines()
 template <typename Parse>
 void parseAll(benchmark::State& state, const QStringList& lines, Parse parse)
 {
-    for (auto _ : state) {
+    for ([[maybe_unused]] auto _ : state) {
         for (const QString& line : lines) {
             benchmark::DoNotOptimize(parse(line));
         }

@@ -26,7 +26,7 @@ QStringList warnings(std::int64_t count)
 void runDialog(benchmark::State& state, const QStringList& commands, Details details)
 {
     const auto lines = static_cast<int>(state.range(0));
-    for (auto _ : state) {
+    for ([[maybe_unused]] auto _ : state) {
         const DialogStage stage;
         choose(stage, details);
         const RunClock clock(stage.runner.get());
@@ -46,7 +46,7 @@ void runDialog(benchmark::State& state, const QStringList& commands, Details det
 void runPlain(benchmark::State& state, const QStringList& commands)
 {
     const auto lines = static_cast<int>(state.range(0));
-    for (auto _ : state) {
+    for ([[maybe_unused]] auto _ : state) {
         common_ProcessRunner<common_KestProcessMessage> runner;
         const PlainDialog dialog(&runner);
         const RunClock clock(&runner);
@@ -100,7 +100,7 @@ void stopInAFlood(benchmark::State& state)
 {
     double toQuestion = 0;
     double toEnd = 0;
-    for (auto _ : state) {
+    for ([[maybe_unused]] auto _ : state) {
         const DialogStage stage;
         choose(stage, Details::Open);
         stage.run(solverLines(100000000));

@@ -49,7 +49,7 @@ constexpr MeasuredModel models[] = {
 };
 
 // Fifteen dipoles side by side: 315 segments.
-const QByteArray wallDeck = "CM Fifteen dipoles\n"
+constexpr char wallDeck[] = "CM Fifteen dipoles\n"
                             "CE\n"
                             "GW 1 21 0 0 -0.25 0 0 0.25 0.001\n"
                             "GM 1 14 0 0 0 0.2 0 0 1\n"
@@ -197,7 +197,7 @@ void keep(const RunArchive& archive, RunRecord record, const Course& course)
     }
 }
 
-PaceExpectation expectationOf(const RunArchive& archive, RunRecord record)
+PaceExpectation expectationOf(const RunArchive& archive, const RunRecord& record)
 {
     const std::atomic<bool> isCancelled(false);
     RunSize size = RunSize::of(record);

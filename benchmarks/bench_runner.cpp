@@ -28,7 +28,7 @@ void finish(benchmark::State& state, std::int64_t received)
 void pipeAlone(benchmark::State& state)
 {
     std::int64_t received = 0;
-    for (auto _ : state) {
+    for ([[maybe_unused]] auto _ : state) {
         QProcess writer;
         QProcess reader;
         writer.setStandardOutputProcess(&reader);
@@ -44,7 +44,7 @@ void pipeAlone(benchmark::State& state)
 void bareProcess(benchmark::State& state)
 {
     int received = 0;
-    for (auto _ : state) {
+    for ([[maybe_unused]] auto _ : state) {
         received = 0;
         QProcess process;
         QEventLoop loop;
@@ -86,7 +86,7 @@ template <typename TMessage>
 void runner(benchmark::State& state)
 {
     int received = 0;
-    for (auto _ : state) {
+    for ([[maybe_unused]] auto _ : state) {
         common_ProcessRunner<TMessage> processRunner;
         QEventLoop loop;
         const Counter counter(&processRunner, loop);

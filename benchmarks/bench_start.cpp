@@ -11,7 +11,7 @@ namespace {
 // In a process that has Qt already, as an application has, and the library not yet.
 void loadLibrary(benchmark::State& state)
 {
-    for (auto _ : state) {
+    for ([[maybe_unused]] auto _ : state) {
         FILE* const loader = popen(KEST_LOADER " " KEST_COMMON_LIBRARY, "r");
         double seconds = 0;
         if (!loader || std::fscanf(loader, "%lf", &seconds) != 1) {
@@ -26,7 +26,7 @@ void loadLibrary(benchmark::State& state)
 void constructDialog(benchmark::State& state)
 {
     const DialogStage stage;
-    for (auto _ : state) {
+    for ([[maybe_unused]] auto _ : state) {
         delete new common_KestProcessDialog(stage.runner, nullptr);
     }
 }

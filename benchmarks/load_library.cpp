@@ -11,7 +11,7 @@ int main(int argc, char* argv[])
 {
     const QApplication application(argc, argv);
     const QLabel label;
-    QLibrary library(application.arguments().value(1));
+    QLibrary library(QApplication::arguments().value(1));
     QElapsedTimer clock;
     clock.start();
     if (!library.load()) {

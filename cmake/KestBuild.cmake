@@ -29,9 +29,14 @@ if(KEST_COVERAGE)
     add_link_options(--coverage)
 endif()
 
-# kest_strict(target [WITHOUT_PRECOMPILED_HEADERS]): warnings and Qt's strict string rules, for this
-# project's own code only. Targets without Qt can have no precompiled headers.
+# kest_strict(target [WITHOUT_PRECOMPILED_HEADERS | PRECOMPILED_HEADERS target]): warnings and Qt's
+# strict string rules, for this project's own code only. Targets without Qt can have no precompiled
+# headers; kest_precompiled are those of a target without compile options of its own.
 function(kest_strict target)
+    cmake_parse_arguments(PARSE_ARGV 1 ARG WITHOUT_PRECOMPILED_HEADERS PRECOMPILED_HEADERS "")
+    if(NOT ARG_PRECOMPILED_HEADERS)
+        set(ARG_PRECOMPILED_HEADERS kest_precompiled)
+    endif()
     if(MSVC)
         target_compile_options(${target} PRIVATE /W4 $<$<BOOL:${KEST_WARNINGS_AS_ERRORS}>:/WX>)
     else()
@@ -43,22 +48,27 @@ function(kest_strict target)
         QT_NO_CAST_FROM_ASCII QT_NO_CAST_TO_ASCII QT_NO_CAST_FROM_BYTEARRAY
         QT_NO_URL_CAST_FROM_STRING QT_NO_KEYWORDS QT_DEPRECATED_WARNINGS
         QT_DISABLE_DEPRECATED_BEFORE=0x050e00)
-    if(KEST_PRECOMPILED_HEADERS AND NOT "${ARGN}" STREQUAL WITHOUT_PRECOMPILED_HEADERS)
-        target_precompile_headers(${target} REUSE_FROM kest_precompiled)
+    if(KEST_PRECOMPILED_HEADERS AND NOT ARG_WITHOUT_PRECOMPILED_HEADERS)
+        target_precompile_headers(${target} REUSE_FROM ${ARG_PRECOMPILED_HEADERS})
     endif()
 endfunction()
 
-# Qt Core's headers, compiled once for all of the project's sources: half of the time of a build.
-# The presets without-samples and fuzz do without it, so a source that forgets an include is found.
-if(KEST_PRECOMPILED_HEADERS)
-    set(source ${PROJECT_BINARY_DIR}/precompiled.cpp)
+# kest_precompiled_headers(target option...): Qt Core's headers, compiled once with these options for the
+# sources that are compiled with them: half of the time of a build. The presets without-samples and fuzz
+# do without it, so a source that forgets an include is found.
+function(kest_precompiled_headers target)
+    set(source ${PROJECT_BINARY_DIR}/${target}.cpp)
     file(GENERATE OUTPUT ${source} CONTENT "")
-    add_library(kest_precompiled OBJECT ${source})
-    kest_strict(kest_precompiled WITHOUT_PRECOMPILED_HEADERS)
-    target_link_libraries(kest_precompiled PRIVATE Qt${KEST_QT_MAJOR}::Core)
-    target_precompile_headers(kest_precompiled PRIVATE
+    add_library(${target} OBJECT ${source})
+    kest_strict(${target} WITHOUT_PRECOMPILED_HEADERS)
+    target_compile_options(${target} PRIVATE ${ARGN})
+    target_link_libraries(${target} PRIVATE Qt${KEST_QT_MAJOR}::Core)
+    target_precompile_headers(${target} PRIVATE
         <QtCore/QtCore> <algorithm> <array> <functional> <memory> <optional> <utility> <vector>)
-    set_target_properties(kest_precompiled PROPERTIES AUTOMOC OFF)
+    set_target_properties(${target} PROPERTIES AUTOMOC OFF)
+endfunction()
+if(KEST_PRECOMPILED_HEADERS)
+    kest_precompiled_headers(kest_precompiled)
 endif()
 
 # kest_suite_program(target component): a program of the sample installation, in <build>/suite/bin, where

@@ -69,6 +69,26 @@ function(kest_add_test name)
     kest_label_test(${name} ${ARG_LABELS})
 endfunction()
 
+# There are hundreds of test programs, and each runs for seconds: they are to be built quickly. They are
+# not optimised, their debug information names lines only, and a quick linker puts them together.
+set(KEST_TEST_COMPILE_OPTIONS $<$<CONFIG:RelWithDebInfo>:-O0> $<$<CONFIG:RelWithDebInfo>:-g1>)
+find_program(KEST_LLD ld.lld)
+if(KEST_PRECOMPILED_HEADERS AND KEST_BUILD_TESTS)
+    kest_precompiled_headers(kest_precompiled_for_tests ${KEST_TEST_COMPILE_OPTIONS})
+endif()
+
+# kest_moc_in(target source): makes the file SOURCE.moc that the source includes. CMake's own AUTOMOC
+# would compile one file more for each program.
+function(kest_moc_in target source)
+    get_filename_component(name ${source} NAME_WE)
+    set(folder ${CMAKE_CURRENT_BINARY_DIR}/${target}_moc)
+    set(QT_DEFAULT_MAJOR_VERSION ${KEST_QT_MAJOR})
+    qt_generate_moc(${source} ${folder}/${name}.moc TARGET ${target})
+    target_sources(${target} PRIVATE ${folder}/${name}.moc)
+    target_include_directories(${target} PRIVATE ${folder})
+    set_target_properties(${target} PROPERTIES AUTOMOC OFF)
+endfunction()
+
 # kest_test(tst_X [SOURCES ...] [LIBRARIES ...] and what kest_add_test() takes): one QtTest
 # executable tst_X.cpp.
 function(kest_test name)
@@ -76,7 +96,14 @@ function(kest_test name)
         "SOURCES;LIBRARIES;ENVIRONMENT;LABELS")
     add_executable(${name} ${name}.cpp ${ARG_SOURCES})
     target_link_libraries(${name} PRIVATE ${ARG_LIBRARIES} Qt${KEST_QT_MAJOR}::Test)
-    kest_strict(${name})
+    target_compile_options(${name} PRIVATE ${KEST_TEST_COMPILE_OPTIONS})
+    kest_strict(${name} PRECOMPILED_HEADERS kest_precompiled_for_tests)
+    if(KEST_LLD)
+        target_link_options(${name} PRIVATE -fuse-ld=lld)
+    endif()
+    if(NOT ARG_SOURCES)
+        kest_moc_in(${name} ${name}.cpp)
+    endif()
     if(NOT ARG_LABELS)
         set(ARG_LABELS ${KEST_TEST_LABELS})
     endif()

@@ -28,14 +28,14 @@ QByteArray FuzzedInput::line()
 {
     const int found = m_bytes.indexOf('\n', m_taken);
     const int end = found < 0 ? m_bytes.size() : found;
-    const QByteArray result = m_bytes.mid(m_taken, end - m_taken);
+    QByteArray result = m_bytes.mid(m_taken, end - m_taken);
     m_taken = end + 1;
     return result;
 }
 
 QByteArray FuzzedInput::rest()
 {
-    const QByteArray result = m_bytes.mid(m_taken);
+    QByteArray result = m_bytes.mid(m_taken);
     m_taken = m_bytes.size();
     return result;
 }
@@ -65,7 +65,7 @@ void require(bool condition, const char* rule)
 }
 
 // What is kept to the end of the process outside of this project.
-extern "C" const char* __lsan_default_suppressions()
+extern "C" const char* __lsan_default_suppressions() // NOLINT(bugprone-reserved-identifier)
 {
     return "leak:libfontconfig\nleak:libqoffscreen";
 }

@@ -38,15 +38,15 @@ QRegularExpression expression(const char* pattern)
 
 bool hasFence(const QString& text)
 {
-    static const QRegularExpression pattern = expression("D\\s*S|S\\s*D");
+    static const QRegularExpression pattern = expression(R"(D\s*S|S\s*D)");
     return pattern.match(text).hasMatch();
 }
 
 // A known word between what may have been meant for fences.
 MarkerScan::NearMiss brokenMarker(const QString& text)
 {
-    static const QRegularExpression pattern = expression(
-        "D?[ \\t]*S[ \\t]*D?[ \\t]*([A-Za-z](?:[A-Za-z _]|D)*?)[ \\t]*D?[ \\t]*S[ \\t]*D?");
+    static const QRegularExpression pattern =
+        expression(R"(D?[ \t]*S[ \t]*D?[ \t]*([A-Za-z](?:[A-Za-z _]|D)*?)[ \t]*D?[ \t]*S[ \t]*D?)");
     auto matches = pattern.globalMatch(text);
     while (matches.hasNext()) {
         const QRegularExpressionMatch match = matches.next();
@@ -132,7 +132,7 @@ MarkerScan::NearMiss MarkerScan::nearMiss(const QString& text)
         return {};
     }
     for (const auto find : {brokenMarker, halfMarker, fencedText}) {
-        const NearMiss result = find(text);
+        NearMiss result = find(text);
         if (!result.text.isEmpty()) {
             return result;
         }

@@ -104,7 +104,7 @@ void OutputCheck::checkTotal(CheckedPiece& checked, int percentage)
 // Once is enough: it is the same for all of them.
 void OutputCheck::checkVariable(CheckedPiece& checked)
 {
-    for (const CheckedMessage& message : checked.messages) {
+    for (const CheckedMessage& message : qAsConst(checked.messages)) {
         if (message.type == common_IProcessMessage::Variable &&
             m_summary.messages[message.type] == 0) {
             checked.remarks.append(

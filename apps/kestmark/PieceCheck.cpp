@@ -121,7 +121,8 @@ CheckedPiece PieceCheck::check(const SolverPiece& piece)
     checked.line = piece.line;
     checked.number = piece.number;
     checked.isOnlyOne = piece.number == 1 && piece.isLast;
-    for (const auto& message : common_KestProcessMessage::parseOutput(text)) {
+    const auto messages = common_KestProcessMessage::parseOutput(text);
+    for (const auto& message : messages) {
         checked.messages.append({message.getType(), message.getText(), false,
                                  MessageTable::row(message.getType(), message.getText())});
     }

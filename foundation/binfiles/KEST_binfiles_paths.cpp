@@ -15,7 +15,7 @@ QString KEST_binfiles_real_path(const QString& path)
     for (int links = 0; file.isSymLink() && !file.exists() && links < mostLinks; ++links) {
         file.setFile(file.symLinkTarget());
     }
-    const QString existing = file.canonicalFilePath();
+    QString existing = file.canonicalFilePath();
     if (!existing.isEmpty()) {
         return existing;
     }

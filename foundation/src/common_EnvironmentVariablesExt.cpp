@@ -28,7 +28,7 @@ QString expanded(const QString& value, const QStringList& enclosing)
     QRegularExpressionMatchIterator matches = reference.globalMatch(value);
     while (matches.hasNext()) {
         const QRegularExpressionMatch match = matches.next();
-        result += value.mid(copied, match.capturedStart() - copied);
+        result.append(value.constData() + copied, match.capturedStart() - copied);
         result += variableExpanded(match.captured(match.lastCapturedIndex()), enclosing);
         copied = match.capturedEnd();
     }

@@ -46,7 +46,7 @@ public:
     void setNiceValue(int value) { m_setup.niceValue = value; }
 
     /// The program is not killed when this one ends, because it notices the end itself.
-    void setEndsByItself() { m_setup.endsByItself = true; }
+    void setLeftRunningAtExit() { m_setup.isLeftRunningAtExit = true; }
 
     /// Starts the program; a bare name is looked up in PATH. On failure returns false, sets
     /// startError(), and emits ended(), too.
@@ -96,7 +96,7 @@ private:
         Errors errors = Errors::Read;
         Terminal terminal = Terminal::Inherited;
         std::optional<int> niceValue;
-        bool endsByItself = false;
+        bool isLeftRunningAtExit = false;
     };
     class Process; ///< platform-specific part
 

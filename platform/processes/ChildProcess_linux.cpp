@@ -103,7 +103,7 @@ int ChildProcess::Process::start(const QStringList& words)
     }
     start.group =
         setup.terminal == Terminal::None ? ProgramStart::Group::Session : ProgramStart::Group::Own;
-    start.deathSignal = setup.endsByItself ? 0 : SIGKILL;
+    start.deathSignal = setup.isLeftRunningAtExit ? 0 : SIGKILL;
     start.niceValue = setup.niceValue;
     const ProgramStart::Result result = start.start();
     if (result.error == 0) {

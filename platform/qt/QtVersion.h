@@ -33,6 +33,10 @@ constexpr int fontWeight(int weight)
 /// Whether QSettings takes bytes beyond ASCII in a file for UTF-8, instead of Latin-1.
 constexpr bool readsSettingsAsUtf8 = QT_VERSION >= QT_VERSION_CHECK(6, 0, 0);
 
+/// Whether a comment in rich text begins with "<!--" as in HTML, instead of "<!-" and any two
+/// characters.
+constexpr bool readsCommentsAsHtml = QT_VERSION >= QT_VERSION_CHECK(6, 0, 0);
+
 /// Makes the stream read and write UTF-8 in every locale.
 inline void setUtf8(QTextStream& stream)
 {

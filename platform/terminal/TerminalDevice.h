@@ -9,7 +9,7 @@ namespace TerminalDevice {
 bool isTerminal(std::FILE* stream);
 
 /// Whether the stream is any terminal, including one that only supports plain text.
-bool isPerson(std::FILE* stream);
+bool isAnyTerminal(std::FILE* stream);
 
 /// The width in columns; 80 if it is unknown.
 int columns(std::FILE* stream);

@@ -9,10 +9,10 @@
 bool TerminalDevice::isTerminal(std::FILE* stream)
 {
     const char* const type = std::getenv("TERM");
-    return isPerson(stream) && type && std::strcmp(type, "dumb") != 0;
+    return isAnyTerminal(stream) && type && std::strcmp(type, "dumb") != 0;
 }
 
-bool TerminalDevice::isPerson(std::FILE* stream)
+bool TerminalDevice::isAnyTerminal(std::FILE* stream)
 {
     return ::isatty(::fileno(stream)) != 0;
 }

@@ -11,7 +11,7 @@ bool TerminalDevice::isTerminal(std::FILE* stream)
            SetConsoleMode(console, mode | ENABLE_VIRTUAL_TERMINAL_PROCESSING);
 }
 
-bool TerminalDevice::isPerson(std::FILE* stream)
+bool TerminalDevice::isAnyTerminal(std::FILE* stream)
 {
     return _isatty(_fileno(stream)) != 0;
 }

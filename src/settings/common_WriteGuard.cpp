@@ -1,6 +1,5 @@
 #include "common_WriteGuard.h"
 
-#include <KEST_binfiles.h>
 #include <SpecialPath.h>
 
 #include <QElapsedTimer>
@@ -37,7 +36,7 @@ QString obstacle(const QString& lockFile)
 } // namespace
 
 common_WriteGuard::common_WriteGuard(const QString& file)
-    : m_file(file), m_path(guardedName(file).toStdWString()), m_status(KEST_BINFILES_LOCK_NOT_MADE)
+    : m_file(file), m_path(guardedName(file).toStdWString())
 {
     QElapsedTimer waiting;
     waiting.start();

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <KEST_binfiles.h>
+
 #include <QString>
 
 #include <cstdint>
@@ -25,5 +27,5 @@ private:
     const QString m_file;
     const std::wstring m_path;
     uint64_t m_handle = 0;
-    int m_status;
+    int m_status = KEST_BINFILES_LOCK_NOT_MADE;
 };

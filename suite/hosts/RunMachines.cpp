@@ -3,7 +3,7 @@
 namespace suite {
 
 RunMachines::RunMachines(const std::optional<QString>& path, const SlurmJob& job)
-    : m_source(QStringLiteral("the machines file")), m_areThere(path || job.isThere())
+    : m_source(QStringLiteral("the machines file")), m_hasSource(path || job.isThere())
 {
     if (path) {
         m_machines = MachinesFile::read(*path);
@@ -33,7 +33,7 @@ void RunMachines::choose(const SlurmJob& job, bool hasFile)
     m_machines = job.machines();
     m_errors.clear();
     m_source = job.name();
-    m_areOfJob = true;
+    m_isFromJob = true;
 }
 
 } // namespace suite

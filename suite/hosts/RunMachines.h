@@ -21,10 +21,10 @@ public:
     explicit RunMachines(const std::optional<QString>& path, const SlurmJob& job = SlurmJob());
 
     /// Whether there is a file or a job. The machines are empty where there is neither.
-    bool areThere() const { return m_areThere; }
+    bool hasSource() const { return m_hasSource; }
 
     /// Whether the hosts are the job's.
-    bool areOfJob() const { return m_areOfJob; }
+    bool isFromJob() const { return m_isFromJob; }
 
     const MachinesFile& machines() const { return m_machines; }
 
@@ -44,8 +44,8 @@ private:
     QStringList m_errors;
     QString m_source;
     QString m_remark;
-    bool m_areThere;
-    bool m_areOfJob = false;
+    bool m_hasSource;
+    bool m_isFromJob = false;
 };
 
 } // namespace suite

@@ -15,7 +15,7 @@ MarkerLine MarkerLine::parse(const QByteArray& line)
 
 int MarkerLine::percentage() const
 {
-    return body.left(body.indexOf(QLatin1Char('%'))).toInt();
+    return body.section(QLatin1Char('%'), 0, 0).toInt();
 }
 
 } // namespace suite

@@ -36,8 +36,8 @@ Numbers numbersOf(const Lines& lines, QHash<QByteArray, int>& known)
     Numbers numbers;
     numbers.reserve(static_cast<std::size_t>(lines.size()));
     for (const QByteArray& line : lines) {
-        auto found = known.constFind(line);
-        if (found == known.constEnd()) {
+        auto found = known.find(line);
+        if (found == known.end()) {
             found = known.insert(line, known.size());
         }
         numbers.push_back(found.value());
@@ -65,7 +65,7 @@ public:
     std::vector<Match> matches()
     {
         const int most = std::min(m_leftSize + m_rightSize, mostSteps);
-        m_reach.assign(static_cast<std::size_t>(2 * most + 3), 0);
+        m_reach.assign(2 * static_cast<std::size_t>(most) + 3, 0);
         m_origin = most + 1;
         for (int steps = 0; steps <= most; ++steps) {
             m_history.emplace_back(m_reach.begin() + m_origin - steps - 1,
@@ -78,7 +78,7 @@ public:
     }
 
 private:
-    int& reach(int diagonal) { return m_reach[static_cast<std::size_t>(m_origin + diagonal)]; }
+    int& reach(int diagonal) { return *(m_reach.begin() + m_origin + diagonal); }
 
     static bool goesDown(int diagonal, int steps, int below, int above)
     {
@@ -113,7 +113,7 @@ private:
             // Begins at the diagonal -steps - 1.
             const std::vector<int>& before = m_history[static_cast<std::size_t>(steps)];
             const auto at = [&before, steps](int diagonal) {
-                return before[static_cast<std::size_t>(diagonal + steps + 1)];
+                return *(before.begin() + diagonal + steps + 1);
             };
             const int diagonal = x - y;
             const bool isDown = goesDown(diagonal, steps, at(diagonal - 1), at(diagonal + 1));

@@ -20,7 +20,7 @@ private:
     // A program that plays the engine.
     QString engine(const QByteArray& script) const
     {
-        const QString path = m_folder.filePath(text("engine"));
+        QString path = m_folder.filePath(text("engine"));
         QFile file(path);
         if (!file.open(QIODevice::WriteOnly) || file.write("#!/bin/sh\n" + script) < 0 ||
             !file.setPermissions(QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner)) {

@@ -14,7 +14,117 @@
 #include <QSettings>
 #include <QtTest>
 
+#include <climits>
 #include <memory>
+#include <vector>
+
+namespace {
+
+// What may be typed for an option, and what may not.
+struct TypedValues
+{
+    const char* key;
+    std::vector<const char*> accepted;
+    std::vector<const char*> refused;
+};
+
+const std::vector<TypedValues>& typedValues()
+{
+    static const std::vector<TypedValues> rows = {
+        {"Kest.NumberOfGPUs",
+         {"", "1", "16"},
+         {"0", "-1", "two", "1.5", " 1", "1 ", "+1", "01", "1000000", "99999999999"}},
+        {"Kest.GPUsList",
+         {"", "0", "0,1", "3,1,12"},
+         {",", "0,", ",0", "0,,1", "0 ,1", "0-3", "a", "-1", "1,1", "1,01", "0;1"}},
+        {"Amrkest.Frequency",
+         {"14.2", "1e3", "300", "0.001", "+5", ".5", "1e15"},
+         {"", "0", "-1", "14,2", "1,000", "14.2 MHz", "fast", "inf", "nan", "1e999", "1e16", "0x10",
+          "1e", " 1"}},
+        {"Kest.RemoteHost",
+         {"", "node1", "user@host", "a-b", "a_b.c", "fe80::1", "node1 port=22",
+          "node1 user=me home=/opt/kest"},
+         {"-oProxyCommand=x",
+          "node1 -x",
+          "  -x",
+          "-",
+          "a\x1b[0m",
+          "node1 node2",
+          " node1",
+          "node1 ",
+          "a  port=1",
+          "a;b",
+          "$(a)",
+          "a`b`",
+          "a|b",
+          "a>b",
+          "a'b",
+          "a\\b",
+          "@a",
+          "a@",
+          "-l@a",
+          "a@b@c",
+          "h\xc3\xb6st",
+          "[fe80::1]",
+          "node1:22",
+          "cafe:22",
+          "node1\tport=22",
+          "a port=0",
+          "a port=+1",
+          "a home=x",
+          "a x=1"}},
+        {"EnvironmentVariables",
+         {"", "A=1", "A=", "_b2=x y", "A=1\nB=2\n", "\nA=1"},
+         {"A", "=1", "1A=2", "A B=1", "A=1\nB", " A=1", "A-B=1", "A==", "A=b=c", "A=1  2", "A= 1",
+          "A=1\t", "A=1\nA=2", "A=\x1b"}},
+        {"Kest.AdvancedOptions",
+         {"", "--a  \"b\"", "-x", "--a\t-b"},
+         {"a\x1b[0m", "a\x7f", "a\xef\xbf\xbd"}},
+    };
+    return rows;
+}
+
+struct NumberRange
+{
+    const char* key;
+    qint64 smallest;
+    qint64 largest;
+};
+
+constexpr NumberRange numberRanges[] = {
+    {"Kest.NumberOfParallelProcesses", 1, 4096}, {"Kest.ParallelEnvOptions", 0, INT_MAX},
+    {"Adaptkest.AnalysisNumber", 1, 1000000},    {"Optkest.SolverRun", 1, 1000000},
+    {"Optkest.NumberOfFarmProcesses", 2, 4096},  {"Amrkest.MaximumIterations", 1, 1000000},
+};
+
+void addValue(const char* key, const QString& value, bool isRight)
+{
+    QTest::newRow(qPrintable(text("%1=%2").arg(text(key), value))) << text(key) << value << isRight;
+}
+
+void addValues(const TypedValues& row)
+{
+    for (const char* const value : row.accepted) {
+        addValue(row.key, text(value), true);
+    }
+    for (const char* const value : row.refused) {
+        addValue(row.key, text(value), false);
+    }
+}
+
+void addValues(const NumberRange& row)
+{
+    for (const qint64 number : {row.smallest, row.largest}) {
+        addValue(row.key, QString::number(number), true);
+    }
+    for (const qint64 number : {row.smallest - 1, row.largest + 1, qint64(INT_MIN)}) {
+        if (number <= INT_MAX) {
+            addValue(row.key, QString::number(number), false);
+        }
+    }
+}
+
+} // namespace
 
 class tst_launch_options_dialog_checks : public QObject, protected LaunchOptionsStage
 {
@@ -57,96 +167,12 @@ private Q_SLOTS:
         QTest::addColumn<QString>("key");
         QTest::addColumn<QString>("value");
         QTest::addColumn<bool>("right");
-        const auto add = [](const char* key, const char* value, bool right) {
-            QTest::newRow(qPrintable(text("%1=%2").arg(text(key), text(value))))
-                << text(key) << text(value) << right;
-        };
-        for (const char* const value : {"", "1", "16"}) {
-            add("Kest.NumberOfGPUs", value, true);
+        for (const TypedValues& row : typedValues()) {
+            addValues(row);
         }
-        for (const char* const value :
-             {"0", "-1", "two", "1.5", " 1", "1 ", "+1", "01", "1000000", "99999999999"}) {
-            add("Kest.NumberOfGPUs", value, false);
+        for (const NumberRange& row : numberRanges) {
+            addValues(row);
         }
-        for (const char* const value : {"", "0", "0,1", "3,1,12"}) {
-            add("Kest.GPUsList", value, true);
-        }
-        for (const char* const value :
-             {",", "0,", ",0", "0,,1", "0 ,1", "0-3", "a", "-1", "1,1", "1,01", "0;1"}) {
-            add("Kest.GPUsList", value, false);
-        }
-        for (const char* const value : {"14.2", "1e3", "300", "0.001", "+5", ".5", "1e15"}) {
-            add("Amrkest.Frequency", value, true);
-        }
-        for (const char* const value : {"", "0", "-1", "14,2", "1,000", "14.2 MHz", "fast", "inf",
-                                        "nan", "1e999", "1e16", "0x10", "1e", " 1"}) {
-            add("Amrkest.Frequency", value, false);
-        }
-        for (const char* const value : {"", "node1", "user@host", "a-b", "a_b.c", "fe80::1",
-                                        "node1 port=22", "node1 user=me home=/opt/kest"}) {
-            add("Kest.RemoteHost", value, true);
-        }
-        for (const char* const value : {"-oProxyCommand=x",
-                                        "node1 -x",
-                                        "  -x",
-                                        "-",
-                                        "a\x1b[0m",
-                                        "node1 node2",
-                                        " node1",
-                                        "node1 ",
-                                        "a  port=1",
-                                        "a;b",
-                                        "$(a)",
-                                        "a`b`",
-                                        "a|b",
-                                        "a>b",
-                                        "a'b",
-                                        "a\\b",
-                                        "@a",
-                                        "a@",
-                                        "-l@a",
-                                        "a@b@c",
-                                        "h\xc3\xb6st",
-                                        "[fe80::1]",
-                                        "node1:22",
-                                        "cafe:22",
-                                        "node1\tport=22",
-                                        "a port=0",
-                                        "a port=+1",
-                                        "a home=x",
-                                        "a x=1"}) {
-            add("Kest.RemoteHost", value, false);
-        }
-        for (const char* const value : {"", "A=1", "A=", "_b2=x y", "A=1\nB=2\n", "\nA=1"}) {
-            add("EnvironmentVariables", value, true);
-        }
-        for (const char* const value :
-             {"A", "=1", "1A=2", "A B=1", "A=1\nB", " A=1", "A-B=1", "A==", "A=b=c", "A=1  2",
-              "A= 1", "A=1\t", "A=1\nA=2", "A=\x1b"}) {
-            add("EnvironmentVariables", value, false);
-        }
-        for (const char* const value : {"", "--a  \"b\"", "-x", "--a\t-b"}) {
-            add("Kest.AdvancedOptions", value, true);
-        }
-        for (const char* const value : {"a\x1b[0m", "a\x7f", "a\xef\xbf\xbd"}) {
-            add("Kest.AdvancedOptions", value, false);
-        }
-        const auto addRange = [&add](const char* key, qint64 smallest, qint64 largest) {
-            for (const qint64 number : {smallest, largest}) {
-                add(key, qPrintable(QString::number(number)), true);
-            }
-            for (const qint64 number : {smallest - 1, largest + 1, qint64(INT_MIN)}) {
-                if (number <= INT_MAX) {
-                    add(key, qPrintable(QString::number(number)), false);
-                }
-            }
-        };
-        addRange("Kest.NumberOfParallelProcesses", 1, 4096);
-        addRange("Kest.ParallelEnvOptions", 0, INT_MAX);
-        addRange("Adaptkest.AnalysisNumber", 1, 1000000);
-        addRange("Optkest.SolverRun", 1, 1000000);
-        addRange("Optkest.NumberOfFarmProcesses", 2, 4096);
-        addRange("Amrkest.MaximumIterations", 1, 1000000);
     }
 
     void whatIsTypedIsChecked()

@@ -21,7 +21,7 @@ private:
 
     QString write(const char* name) const
     {
-        const QString path = m_folder.filePath(text(name));
+        QString path = m_folder.filePath(text(name));
         if (!SettingsFolders::write(path, "GW\n")) {
             qFatal("no file");
         }

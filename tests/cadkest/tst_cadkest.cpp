@@ -209,7 +209,7 @@ private Q_SLOTS:
         // The file may not grow beyond a few blocks, as on a full disk.
         const Result full =
             run(text("/bin/sh"),
-                {text("-c"), text("ulimit -f 2; exec \"$0\" \"$@\""), text(CADKEST),
+                {text("-c"), text(R"(ulimit -f 2; exec "$0" "$@")"), text(CADKEST),
                  text("--non-interactive"), text("yagi"), text("--output"), text("old.png")});
         QCOMPARE(full.exitCode, 1);
         QVERIFY(full.marked("error").join(QString()).contains(text("old.png")));

@@ -138,7 +138,7 @@ int playNotNumber()
 int playReversed()
 {
     const QString deck = QCoreApplication::arguments().value(2);
-    const int number = deck.mid(1, deck.indexOf(QLatin1Char('.')) - 1).toInt();
+    const int number = deck.section(QLatin1Char('.'), 0, 0).remove(0, 1).toInt();
     QThread::msleep(number % 2 == 1 ? 120 : 5);
     writeGoodOutput();
     return 0;

@@ -1,6 +1,7 @@
 #include "AdaptkestFaults.h"
 #include "BrokenEngines.h"
 #include "MarkedRuns.h"
+#include "StoppedRun.h"
 #include "SuiteRun.h"
 
 #include <TestRandom.h>
@@ -77,19 +78,7 @@ void tst_adaptkest_faults::signalStopsTheRun()
     startRun(run, program, m_runs->fakeEnvironment(part));
     QVERIFY(m_runs->waitForProcesses(processes));
 
-    const UnloadedClock clock;
-    QVERIFY(run.processId() > 0);
-    QCOMPARE(::kill(static_cast<pid_t>(run.processId()), signal), 0);
-    QVERIFY(run.waitForFinished());
-    QVERIFY2(clock.elapsed() < 2000, qPrintable(QString::number(clock.elapsed())));
-
-    QCOMPARE(run.exitStatus(), QProcess::NormalExit);
-    QCOMPARE(run.exitCode(), 128 + signal);
-    QCOMPARE(m_runs->processCount(), 0);
-    const QByteArray output = run.readAllStandardOutput();
-    QCOMPARE(output.count("-*-error-*-"), 0);
-    QVERIFY(output.contains("-*-notice-*-NOTE 301: stopped by SIG"));
-    QVERIFY(!output.contains("-*-total-percentage-*-100%"));
+    verifyStop(run, signal, 2000, *m_runs);
     verifyOldResults();
     QVERIFY(!QFile::exists(m_runs->path(text("m.adaptkest"))));
 }
@@ -207,15 +196,7 @@ void tst_adaptkest_faults::anyMomentIsGood()
 void tst_adaptkest_faults::closedOutputEndsTheRun()
 {
     for (const QString& program : {program(), runkestProgram()}) {
-        const QString command = text("('%1' m -np 3; echo $? > '%2') | head -n 1")
-                                    .arg(program, m_runs->path(text("code")));
-        const SuiteResult result =
-            runSuite(text("/bin/sh"), {text("-c"), command}, m_runs->folder(),
-                     m_runs->fakeEnvironment(text("hang")));
-        QCOMPARE(result.errorOutput, QByteArray());
-        QCOMPARE(readFile(m_runs->path(text("code"))), QByteArray("1\n"));
-        QVERIFY(QFile::remove(m_runs->path(text("code"))));
-        QVERIFY(m_runs->waitForEnd());
+        verifyEndWithItsReader(text("'%1' m -np 3").arg(program), *m_runs);
         verifyOldResults();
     }
 }

@@ -1,5 +1,6 @@
 #include "BrokenEngines.h"
 #include "MarkedRuns.h"
+#include "StoppedRun.h"
 #include "SuiteRun.h"
 
 #include <TestRandom.h>
@@ -120,17 +121,7 @@ void tst_amrkest_faults::signalStopsTheRun()
     QProcess run;
     startRun(run, m_runs->fakeEnvironment(part));
     QVERIFY(m_runs->waitForProcesses(processes));
-    const UnloadedClock clock;
-    QCOMPARE(::kill(static_cast<pid_t>(run.processId()), signal), 0);
-    QVERIFY(run.waitForFinished());
-    QVERIFY2(clock.elapsed() < 2000, qPrintable(QString::number(clock.elapsed())));
-    QCOMPARE(run.exitStatus(), QProcess::NormalExit);
-    QCOMPARE(run.exitCode(), 128 + signal);
-    QCOMPARE(m_runs->processCount(), 0);
-    const QByteArray output = run.readAllStandardOutput();
-    QCOMPARE(output.count("-*-error-*-"), 0);
-    QVERIFY(output.contains("-*-notice-*-NOTE 301: stopped by SIG"));
-    QVERIFY(!output.contains("-*-total-percentage-*-100%"));
+    verifyStop(run, signal, 2000, *m_runs);
     verifyOldResults();
 }
 
@@ -194,14 +185,7 @@ void tst_amrkest_faults::anyMomentIsGood()
 
 void tst_amrkest_faults::closedOutputEndsTheRun()
 {
-    const QString command =
-        text("('%1' m; echo $? > '%2') | head -n 1").arg(program(), m_runs->path(text("code")));
-    const SuiteResult result = runSuite(text("/bin/sh"), {text("-c"), command}, m_runs->folder(),
-                                        m_runs->fakeEnvironment(text("hang")));
-    QCOMPARE(result.errorOutput, QByteArray());
-    QCOMPARE(readFile(m_runs->path(text("code"))), QByteArray("1\n"));
-    QVERIFY(QFile::remove(m_runs->path(text("code"))));
-    QVERIFY(m_runs->waitForEnd());
+    verifyEndWithItsReader(text("'%1' m").arg(program()), *m_runs);
     verifyOldResults();
 }
 

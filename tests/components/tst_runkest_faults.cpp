@@ -1,5 +1,6 @@
 #include "BrokenEngines.h"
 #include "MarkedRuns.h"
+#include "StoppedRun.h"
 #include "SuiteRun.h"
 
 #include "ResultFiles.h"
@@ -101,18 +102,7 @@ void tst_runkest_faults::signalStopsTheRun()
     startRun(run, part);
     QVERIFY(waitForEngines());
 
-    const UnloadedClock clock;
-    QCOMPARE(::kill(static_cast<pid_t>(run.processId()), signal), 0);
-    QVERIFY(run.waitForFinished());
-    QVERIFY2(clock.elapsed() < 1000, qPrintable(QString::number(clock.elapsed())));
-
-    QCOMPARE(run.exitStatus(), QProcess::NormalExit);
-    QCOMPARE(run.exitCode(), 128 + signal);
-    QCOMPARE(m_runs->processCount(), 0);
-    const QByteArray output = run.readAllStandardOutput();
-    QCOMPARE(output.count("-*-error-*-"), 0);
-    QVERIFY(output.contains("-*-notice-*-NOTE 301: stopped by SIG"));
-    QVERIFY(!output.contains("-*-total-percentage-*-100%"));
+    verifyStop(run, signal, 1000, *m_runs);
     verifyOldResults();
 }
 

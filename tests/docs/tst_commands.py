@@ -112,6 +112,7 @@ NOT_RUN = {
     "scripts/fuzz 60": long,
     "scripts/soak": long,
     "scripts/make-packages": "tst_debian_packages makes the packages",
+    "scripts/try-packages": long,
     "scripts/lint tidy": long,
     "scripts/lint clazy": long,
     "scripts/docs": "the test docs runs its checks; the site needs doxygen",

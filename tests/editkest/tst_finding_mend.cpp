@@ -24,7 +24,7 @@ private:
     {
         const QVector<suite::Finding> findings = suite::Preprocessor(deck).findings().sorted();
         for (const suite::Finding& finding : findings) {
-            if (const auto mend = FindingMend::of(finding, linesOf(deck))) {
+            if (auto mend = FindingMend::of(finding, linesOf(deck))) {
                 return mend;
             }
         }

@@ -95,7 +95,7 @@ private Q_SLOTS:
     {
         Pointer first(new Counted);
         {
-            const Pointer second = first;
+            const Pointer second = first; // NOLINT(performance-unnecessary-copy-initialization)
             QCOMPARE(first->getRefCount(), 2);
         }
         QCOMPARE(first->getRefCount(), 1);
@@ -110,7 +110,8 @@ private Q_SLOTS:
         Pointer source(new Counted);
         const Pointer target = std::move(source);
         QCOMPARE(target->getRefCount(), 1);
-        QVERIFY(source.isNull()); // NOLINT(bugprone-use-after-move): that is the promise
+        QVERIFY(source.isNull()); // NOLINT(bugprone-use-after-move,clang-analyzer-cplusplus.Move):
+                                  // that is the promise
     }
 
     void assignmentLetsGoOfTheOldObject()
@@ -184,6 +185,7 @@ private Q_SLOTS:
         int count = 0;
         {
             const common_ActivePtr<int, Actor> first(&count);
+            // NOLINTNEXTLINE(performance-unnecessary-copy-initialization)
             const common_ActivePtr<int, Actor> second = first;
             QCOMPARE(count, 2);
         }

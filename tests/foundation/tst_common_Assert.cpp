@@ -93,7 +93,7 @@ const std::vector<Misuse>& misuses()
         {"notification without observer", connectionHeader, 54, "m_pObserver", notifyWithoutObserver},
         {"end without observer",     connectionHeader, 54, "m_pObserver", endObservableWithoutObserver},
         {"multi-observer stops what it does not observe", "include/common_MultiObserverOf.h", 114, "m_observerConnectionMap.contains(pObservable)", [] { Subject subject; MultiListener().stopObserving(&subject); }},
-        {"multi-observer observes null", connectionHeader, 128, "pObservable != NULL", [] { MultiListener().startObserving(nullptr); }},
+        {"multi-observer observes null", connectionHeader, 128, "pObservable != NULL", [] { MultiListener().startObserving(noSubject()); }},
         {"setProcessEnvironment while running",  runnerSource, 77,  notRunning, [] { withRunningChild([](Runner& r) { r.setProcessEnvironment({}); }); }},
         {"setArguments while running",           runnerSource, 97,  notRunning, [] { withRunningChild([](Runner& r) { r.setArguments({}); }); }},
         {"addArgument while running",            runnerSource, 104, notRunning, [] { withRunningChild([](Runner& r) { r.addArgument({}); }); }},
@@ -105,7 +105,7 @@ const std::vector<Misuse>& misuses()
         {"setWorkingDirectory while running",    runnerSource, 151, notRunning, [] { withRunningChild([](Runner& r) { r.setWorkingDirectory({}); }); }},
         {"setTemporaryFilenames while running",  runnerSource, 163, notRunning, [] { withRunningChild([](Runner& r) { r.setTemporaryFilenames({}); }); }},
         {"runner released too often",            runnerHeader, 43,  "m_refCount > 0", [] { Runner().dereference(); }},
-        {"runner copied",                        runnerSource, 40,  "0", [] { const Runner source; const Runner copy(source); }},
+        {"runner copied",                        runnerSource, 40,  "0", [] { const Runner source; const Runner copy(source); }}, // NOLINT(performance-unnecessary-copy-initialization): that is refused
         {"runner assigned",                      runnerSource, 45,  "0", [] { const Runner source; Runner target; target = source; }},
     };
     return table;

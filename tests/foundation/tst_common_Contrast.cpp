@@ -17,7 +17,7 @@ private Q_SLOTS:
         QTest::newRow("the same")         << QColor(10, 20, 30)  << QColor(10, 20, 30)  << 1.0;
         QTest::newRow("red on white")     << QColor(255, 0, 0)   << QColor(Qt::white)   << 3.998;
         QTest::newRow("blue on white")    << QColor(0, 0, 255)   << QColor(Qt::white)   << 8.592;
-        QTest::newRow("just enough grey") << QColor("#767676")   << QColor(Qt::white)   << 4.542;
+        QTest::newRow("just enough grey") << QColor(118, 118, 118) << QColor(Qt::white)   << 4.542;
         // clang-format on
     }
 
@@ -32,7 +32,8 @@ private Q_SLOTS:
 
     void everyColourBecomesReadableOnEveryBase()
     {
-        const QVector<QColor> colours = {"red", "blue", "orange", "black", "white", "#808080"};
+        const QVector<QColor> colours = {Qt::red,   Qt::blue,  QColor(255, 165, 0),
+                                         Qt::black, Qt::white, QColor(128, 128, 128)};
         for (int grey = 0; grey < 256; ++grey) {
             const QColor base(grey, grey, grey);
             for (const QColor& colour : colours) {

@@ -24,6 +24,8 @@ private Q_SLOTS:
     void resultIsThatOfOneHost();
     void hostThatIsCutOffIsNamed_data();
     void hostThatIsCutOffIsNamed();
+    void hostIsLeftEmptyWhoeverIsMissedFirst_data();
+    void hostIsLeftEmptyWhoeverIsMissedFirst();
     void signalEndsEverything_data();
     void signalEndsEverything();
     void hostThatCannotBeReached_data();
@@ -46,6 +48,7 @@ namespace {
 // seconds that with-hosts sets, and ssh after five.
 constexpr int cutOffPatience = 25000; // ms
 constexpr int stopLimit = 2000;       // ms
+constexpr int cutOffDistance = 300;   // ms, more than between two heartbeats
 
 // A parallel run over hosts with these counts.
 QStringList parallel(const char* file)
@@ -78,6 +81,8 @@ void tst_hosts::init()
     QStringList cards = dipoleCards();
     cards.replaceInStrings(text("FR 0 3 0 0 290 5"), text("FR 0 10000 0 0 200 0.02"));
     QVERIFY(!writeFile(m_folder->path(), text("long.nec"), deckOf(cards)).isEmpty());
+    cards.insert(cards.size() - 1, text("RP 0 90 90 1000 0 0 1 4"));
+    QVERIFY(!writeFile(m_folder->path(), text("large.nec"), deckOf(cards)).isEmpty());
     QVERIFY(!writeFile(m_folder->path(), text("long.out"), "old output").isEmpty());
     QVERIFY(!writeFile(m_folder->path(), text("long.csv"), "old table").isEmpty());
     for (const char* name : {"dipole.nec", "yagi.nec", "monopole.nec"}) {
@@ -225,6 +230,34 @@ void tst_hosts::hostThatIsCutOffIsNamed()
              qPrintable(Hosts::allProcesses().join(QLatin1Char('\n'))));
     QCOMPARE(Hosts::temporaryFiles().join(QLatin1Char(' ')), QString());
     verifyOldResults();
+}
+
+void tst_hosts::hostIsLeftEmptyWhoeverIsMissedFirst_data()
+{
+    QTest::addColumn<QStringList>("order");
+    QTest::newRow("the process that solves") << QStringList{text("node3"), text("node2")};
+    QTest::newRow("the user") << QStringList{text("node2"), text("node3")};
+}
+
+// The process that deals out is at node2. Its results are so large that they fill what the network
+// keeps of them.
+void tst_hosts::hostIsLeftEmptyWhoeverIsMissedFirst()
+{
+    QFETCH(QStringList, order);
+    QStringList arguments = parallel("others");
+    arguments.first() = text("large.nec");
+    QProcess run;
+    start(run, arguments);
+    QVERIFY2(waitForResults(run), m_output.constData());
+
+    QVERIFY(Hosts::cutOff(order.constFirst()));
+    QTest::qWait(cutOffDistance);
+    QVERIFY(Hosts::cutOff(order.constLast()));
+    QVERIFY(run.waitForFinished(cutOffPatience));
+    QCOMPARE(run.exitCode(), 1);
+    QVERIFY2(QTest::qWaitFor([] { return Hosts::allProcesses().isEmpty(); }, cutOffPatience),
+             qPrintable(Hosts::allProcesses().join(QLatin1Char('\n'))));
+    QCOMPARE(Hosts::temporaryFiles().join(QLatin1Char(' ')), QString());
 }
 
 void tst_hosts::signalEndsEverything_data()

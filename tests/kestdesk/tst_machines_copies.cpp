@@ -155,9 +155,9 @@ private Q_SLOTS:
 
     void numberOfACopyIsThatOfItsName()
     {
-        QCOMPARE(MachinesCopies::number(*m_runner), -1);
+        QCOMPARE(MachinesCopies::millisecondOf(*m_runner), -1);
         makeCopy(7);
-        QCOMPARE(MachinesCopies::number(*m_runner), 7);
+        QCOMPARE(MachinesCopies::millisecondOf(*m_runner), 7);
     }
 
     void copyOfAKilledProcessIsRemoved()

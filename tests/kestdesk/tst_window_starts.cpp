@@ -288,6 +288,20 @@ private Q_SLOTS:
                  qPrintable(output->toPlainText()));
     }
 #endif
+
+    // On a slow disk the record comes later than the user's key.
+    void recordIsShownAsSoonAsItIsOnTheDisk()
+    {
+        m_stage->run(m_stage->model("m.nec", "valid"));
+        delete m_stage->dialogs().constFirst();
+        auto* const list = m_stage->find<QTableView>("runList");
+        QApplication::setActiveWindow(&m_stage->window());
+        list->setFocus();
+        QTest::keyClick(list, Qt::Key_Return);
+        QVERIFY(m_stage->find<QDialog>("recordWindow") == nullptr);
+        QTRY_VERIFY_WITH_TIMEOUT(m_stage->find<QDialog>("recordWindow") != nullptr, longTime);
+        QTRY_COMPARE(m_stage->find<QDialog>("recordWindow")->windowTitle(), text("Run 1: m.nec"));
+    }
 };
 
 QTEST_MAIN(tst_window_starts)

@@ -18,7 +18,13 @@ work = os.path.join(os.environ["TMPDIR"], "packages")
 root = os.path.join(work, "root")
 model = "usr/lib/kest/suite/models/dipole.nec"
 
-names = {"libkest-common1", "libkest-common-dev", "kestdesk", "postkest", "kest-suite"}
+# The libraries for programs with Qt 5 and with Qt 6 are different ones under the same file names.
+library, other_library = "libkest-common1", "libkest-common-qt6-1"
+development, other_development = "libkest-common-dev", "libkest-common-qt6-dev"
+if qt_major == "6":
+    library, other_library = other_library, library
+    development, other_development = other_development, development
+names = {library, development, "kestdesk", "postkest", "kest-suite"}
 
 # The build tree's prefix is not /usr, so its libraries are not in a folder of one architecture only; the
 # other tag is for uploads to Debian.
@@ -88,11 +94,21 @@ class Packages(unittest.TestCase):
         self.assertNotIn("E:", report)
 
     def test_depend_on_what_they_need(self):
-        self.assertLessEqual({qt("widgets"), "libc6"}, depended_on("libkest-common1"))
-        self.assertLessEqual({"libkest-common1", {"5": "qtbase5-dev", "6": "qt6-base-dev"}[qt_major]}, depended_on("libkest-common-dev"))
-        self.assertLessEqual({"libkest-common1", "libzip4", qt("svg")}, depended_on("kestdesk"))
-        self.assertLessEqual({"libkest-common1", qt("charts")}, depended_on("postkest"))
+        self.assertLessEqual({qt("widgets"), "libc6"}, depended_on(library))
+        self.assertLessEqual({library, {"5": "qtbase5-dev", "6": "qt6-base-dev"}[qt_major]}, depended_on(development))
+        self.assertLessEqual({library, "libzip4", qt("svg")}, depended_on("kestdesk"))
+        self.assertLessEqual({library, qt("charts")}, depended_on("postkest"))
         self.assertLessEqual({"nec2c", qt("core")}, depended_on("kest-suite"))
+
+    def test_exclude_those_of_the_other_qt(self):
+        self.assertEqual(field(library, "Conflicts"), other_library)
+        self.assertEqual(field(development, "Conflicts"), other_development)
+
+    def test_let_programs_run_with_later_versions(self):
+        rows = run("dpkg-deb", "--info", packages()[library], "shlibs").splitlines()
+        major = version.partition(".")[0]
+        self.assertEqual(sorted(rows), [f"libkest_{name} {major} {library} (>= {version}-1)"
+                                        for name in ("binfiles", "common", "foundation")])
 
     def test_hold_no_file_twice(self):
         owners = {}

@@ -34,7 +34,7 @@ namespace {
 using Widget = common_RenderingSettingsWidget;
 using Change = std::function<void(Widget&)>;
 
-constexpr QSize pictureSize(560, 260);
+constexpr QSize pictureSize(560, 280);
 
 /// A slider as it is seen: a scale of 33 marks, and a bright handle above it.
 struct SeenSlider

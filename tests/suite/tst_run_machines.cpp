@@ -90,8 +90,8 @@ private Q_SLOTS:
         QTEST(machines.source(), "source");
         QTEST(machines.remark(), "remark");
         QCOMPARE(machines.errors(), error.isEmpty() ? QStringList() : QStringList(error));
-        QCOMPARE(machines.areThere(), !file.isNull() || !job.isNull());
-        QCOMPARE(machines.areOfJob(), machines.source() != QStringLiteral("the machines file"));
+        QCOMPARE(machines.hasSource(), !file.isNull() || !job.isNull());
+        QCOMPARE(machines.isFromJob(), machines.source() != QStringLiteral("the machines file"));
     }
 
     void fileThatIsMissingIsAnErrorInAJob()

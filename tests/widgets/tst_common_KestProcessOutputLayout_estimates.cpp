@@ -159,7 +159,8 @@ void tst_common_KestProcessOutputLayout_estimates::forgetsLayoutsThatNobodySees(
 {
     TwoViews views;
     views.tested().setPlainText(
-        QStringLiteral("a text that is wider than the view, so it wraps\n").repeated(5000));
+        QStringLiteral("a text that is wider than the view in every font, so that it wraps\n")
+            .repeated(5000));
     const qreal end = 1e6;
     for (qreal place = 0; place < end; place += 150) {
         views.layout->layOut(place, place + 200);

@@ -52,8 +52,8 @@ private:
     Message& at(const RecordedMessage& message)
     {
         const QPair<int, QString> key(message.type, message.text);
-        auto found = m_indices.constFind(key);
-        if (found == m_indices.constEnd()) {
+        auto found = m_indices.find(key);
+        if (found == m_indices.end()) {
             found = m_indices.insert(key, m_messages.size());
             m_messages.append({message.type, message.text, 0, 0});
         }

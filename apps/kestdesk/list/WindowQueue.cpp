@@ -29,10 +29,21 @@ WindowQueue::WindowQueue(SessionRuns& runs, common_CommonSettingsSet& settings,
 
 void WindowQueue::restore()
 {
-    m_queue.keepIn(QueueFile(GET_SERVICE(common_IApplicationInfo)->userSettingsDirectory()));
+    const QStringList damaged =
+        m_queue.keepIn(QueueFile(GET_SERVICE(common_IApplicationInfo)->userSettingsDirectory()));
     const int count = m_queue.runs().size();
+    QStringList report;
     if (count > 0) {
-        Q_EMIT reported(tr("Runs of an earlier session are held in the queue: %1").arg(count));
+        report.append(tr("Runs of an earlier session are held in the queue: %1").arg(count));
+    }
+    if (!damaged.isEmpty()) {
+        report.append(
+            tr("Not all runs of an earlier session could be read; the damaged file of its "
+               "queue is kept as %1")
+                .arg(damaged.join(QStringLiteral(", "))));
+    }
+    if (!report.isEmpty()) {
+        Q_EMIT reported(report.join(QStringLiteral(". ")));
     }
 }
 

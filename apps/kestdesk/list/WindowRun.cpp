@@ -48,7 +48,7 @@ RunSetup::Readiness readinessAfter(const std::function<RunSetup::Readiness()>& s
     for (;;) {
         RunSetup::Readiness readiness = setUp();
         if (readiness.obstacle != RunSetup::Obstacle::NoHost ||
-            !MachinesOffer::isTaken(readiness.problem, window)) {
+            !MachinesOffer::ask(readiness.problem, window)) {
             return readiness;
         }
     }

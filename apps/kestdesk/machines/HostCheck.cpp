@@ -42,7 +42,7 @@ HostCheck::HostCheck(QString host, int processes, int limitSeconds)
     connect(&m_process, &ChildProcess::ended, this, &HostCheck::onAnswered);
 }
 
-// An address is looked up by nobody: that would ask for its name.
+// Addresses are not looked up: that would query the name of the address.
 void HostCheck::start()
 {
     m_timer.start(m_limit * 1000);

@@ -16,7 +16,7 @@ class HostCheck : public QObject
 public:
     enum class Outcome { Fine, Warning, Error };
 
-    /// The host, an address without brackets, with all the processes that it asks for. The check
+    /// The host is an address without brackets, with the total number of its processes. The check
     /// takes no longer than the limit, and is cancelled when the object is destroyed.
     HostCheck(QString host, int processes, int limitSeconds);
 
@@ -25,16 +25,16 @@ public:
     bool isDone() const { return m_done; }
     Outcome outcome() const { return m_outcome; }
 
-    /// What was found out, in one line.
+    /// The result in one line.
     QString text() const { return m_text; }
 
-    /// Whether the look-up of the name still runs. It cannot be interrupted.
+    /// Whether the name is still being looked up, which cannot be interrupted.
     bool isLookingUp() const { return m_lookingUp; }
 
-    /// Whether it is this machine, which needs no query over the network.
+    /// Whether the host is this machine, which is checked without the network.
     static bool isThisMachine(const QString& host);
 
-    /// The program that reaches hosts: KEST_SSH, or ssh. Empty when there is no such program.
+    /// The program that connects to hosts: KEST_SSH, or ssh. Empty if it is not installed.
     static QString remoteShell();
 
 Q_SIGNALS:

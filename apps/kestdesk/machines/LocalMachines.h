@@ -4,7 +4,7 @@
 
 #include <MachinesFile.h>
 
-/// Lets the user's machines file name this machine, with all its processors, and no other.
+/// Makes this machine, with all its processors, the only host in the user's machines file.
 class LocalMachines
 {
 public:
@@ -18,7 +18,7 @@ public:
     /// Reads the file in use. Needs the service common_IApplicationInfo.
     LocalMachines();
 
-    /// What stands in the file for this machine: "localhost:4".
+    /// The line for this machine: "localhost:4".
     static QString line();
 
     State state() const;
@@ -35,9 +35,9 @@ public:
     /// Why the file cannot be changed.
     QString error() const;
 
-    /// Saves the user's file, in one step: this machine, and all that stood in the file in use, of
-    /// which lines that name hosts become comments. Empty when done; else why the file is as it
-    /// was.
+    /// Saves the user's file in one step: this machine, then the content of the file in use, with
+    /// the lines that name hosts as comments. Returns why the file was not changed; empty on
+    /// success.
     QString save();
 
 private:

@@ -71,7 +71,7 @@ void MachinesCheck::startMore()
         const suite::MachinesFile::Entry& entry =
             m_hosts[m_shown + static_cast<int>(m_checks.size())];
         m_checks.push_back(std::make_unique<HostCheck>(entry.host, entry.count, m_limit));
-        // Not at once: a check may not be destroyed while it tells its end.
+        // Deferred: a check must not be destroyed while it emits its end.
         connect(m_checks.back().get(), &HostCheck::finished, this, &MachinesCheck::showDone,
                 Qt::QueuedConnection);
         m_checks.back()->start();
@@ -108,7 +108,7 @@ void MachinesCheck::stop()
     QCoreApplication::exit(exitStopped);
 }
 
-// Names are looked up in threads that cannot be stopped, and the end of a program waits for them.
+// Names are looked up in threads that cannot be stopped, and the exit of a program waits for them.
 int MachinesCheck::leave(int exitCode)
 {
     for (const std::unique_ptr<HostCheck>& check : m_checks) {

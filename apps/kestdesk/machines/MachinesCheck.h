@@ -11,8 +11,8 @@
 #include <deque>
 #include <memory>
 
-/// Checks the hosts of a machines file, several at a time, and shows in the file's order what was
-/// found out.
+/// Checks the hosts of a machines file, several at a time, and prints the results in the order of
+/// the file.
 class MachinesCheck : public QObject
 {
     Q_OBJECT
@@ -20,8 +20,8 @@ class MachinesCheck : public QObject
 public:
     MachinesCheck(const suite::MachinesFile& file, int limitSeconds);
 
-    /// The application's exit code: 0 all hosts answer, 1 one does not, 2 there is no program to
-    /// reach them with, 130 stopped.
+    /// The application's exit code: 0 if all hosts answer, 1 if one does not, 2 if there is no
+    /// program to connect to them, 130 if stopped.
     int exec();
 
 private:

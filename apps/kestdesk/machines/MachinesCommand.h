@@ -5,8 +5,8 @@
 /// The commands "kestdesk machines ...": show, check and change the machines file.
 namespace MachinesCommand {
 
-/// Their exit code is 0, or 1 when something is wrong with the file or a host, or 2 when the
-/// command could not be done, or 130 when it was stopped.
+/// The exit code is 0, or 1 if the file or a host has an error, 2 if the command could not be
+/// executed, and 130 if it was stopped.
 SubcommandGroup group();
 
 } // namespace MachinesCommand

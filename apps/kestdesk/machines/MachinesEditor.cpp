@@ -45,7 +45,7 @@ constexpr const char* fileTemplate =
     "#   localhost:2\n"
     "#   node1.example.org:8\n";
 
-// Tried where the user names none.
+// Used if the user has not set an editor.
 constexpr const char* commonEditors[] = {"sensible-editor", "editor", "vi", "nano", "notepad"};
 
 void reportError(const QString& line)
@@ -53,7 +53,7 @@ void reportError(const QString& line)
     Terminal(stderr).writeLine(QStringLiteral("kestdesk: ") + line, Terminal::Colour::Red);
 }
 
-// The editor's program and its arguments; empty when there is none.
+// The editor's program and its arguments; empty if there is none.
 QStringList editorCommand()
 {
     for (const char* const variable : {"VISUAL", "EDITOR"}) {
@@ -100,7 +100,7 @@ private:
     QEventLoop m_loop;
 };
 
-// The user's next line; nothing at the end of the input.
+// The next line of input; nothing at its end.
 std::optional<QString> readLine()
 {
     QByteArray line;
@@ -134,7 +134,7 @@ bool MachinesEditor::readOriginal()
     return true;
 }
 
-// Beside the file, where what is typed belongs to the user alone and survives.
+// Beside the file: the text is private to the user there, and is kept.
 bool MachinesEditor::makeCopy()
 {
     const QFileInfo file(m_store.fileName());
@@ -151,7 +151,7 @@ bool MachinesEditor::makeCopy()
     return true;
 }
 
-// The exit code when nothing can come of it.
+// Returns exitDone, or the exit code of a failure, whose reason it prints.
 int MachinesEditor::editCopy()
 {
     const QStringList command = editorCommand();
@@ -211,7 +211,7 @@ int MachinesEditor::conclude()
     }
 }
 
-// What to do with it: what is right is saved, and of what is wrong the user decides.
+// Prints the findings. A valid file is saved; the user decides about one with errors.
 MachinesEditor::Answer MachinesEditor::judge(const QByteArray& edited) const
 {
     const suite::MachinesFile file = suite::MachinesFile::parse(edited);
@@ -221,7 +221,7 @@ MachinesEditor::Answer MachinesEditor::judge(const QByteArray& edited) const
     if (file.isValid()) {
         return Answer::Save;
     }
-    if (!TerminalDevice::isPerson(stdin)) {
+    if (!TerminalDevice::isAnyTerminal(stdin)) {
         return Answer::Keep;
     }
     for (;;) {

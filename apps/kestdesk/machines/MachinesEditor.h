@@ -2,14 +2,13 @@
 
 #include "MachinesFileStore.h"
 
-/// Lets the user change the machines file in an editor: on a copy, which takes the file's place
-/// when it has no errors or the user says so. Whatever happens, what was typed is in one of the
-/// two.
+/// Opens a copy of the machines file in the user's editor. The copy replaces the file if it has no
+/// errors or the user agrees. Whatever happens, the user's text is in one of the two.
 class MachinesEditor
 {
 public:
-    /// The program's exit code: 0 saved, or nothing to save; 1 not saved; 2 nothing could be
-    /// edited. Says why on standard error. Needs the service common_IApplicationInfo.
+    /// Returns the program's exit code: 0 if saved or unchanged, 1 if not saved, 2 if editing was
+    /// impossible. The reason is on standard error. Needs the service common_IApplicationInfo.
     int exec();
 
 private:

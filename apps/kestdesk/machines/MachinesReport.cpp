@@ -54,7 +54,7 @@ struct Place
     const char* owner;
 };
 
-// In the order in which they are looked for.
+// In search order.
 constexpr Place places[] = {
     {"KEST_USER_HOME", "machines.kest", QT_TRANSLATE_NOOP("MachinesReport", "the user's")},
     {"KEST_HOME", "shared/mpi/machines.kest",
@@ -143,7 +143,7 @@ void MachinesReport::write(Terminal& terminal) const
     if (!m_job.error().isEmpty()) {
         terminal.writeLine(m_job.error(), Terminal::Colour::Red);
     }
-    if (m_machines.areOfJob()) {
+    if (m_machines.isFromJob()) {
         writeJob(terminal);
     } else if (m_finder.isValid()) {
         writeFile(terminal);
@@ -227,7 +227,7 @@ void MachinesReport::writeEntries(Terminal& terminal, int processes) const
             : Texts::tr("in all: %1 processes, hosts: %2").arg(processes).arg(file.hosts().size()));
 }
 
-// Errors come first where there is not room for all.
+// Errors come first if there is not room for all.
 void MachinesReport::writeFindings(const MachinesFile& file, Terminal& terminal)
 {
     for (const Severity severity : {Severity::Error, Severity::Warning, Severity::Note}) {
@@ -266,7 +266,7 @@ QByteArray MachinesReport::json() const
         {QStringLiteral("entries"), entriesJson(file)},
         {QStringLiteral("findings"), findingsJson(file)},
         {QStringLiteral("findingCounts"), countsJson(file)},
-        {QStringLiteral("job"), jobJson(m_job, m_machines.areOfJob())},
+        {QStringLiteral("job"), jobJson(m_job, m_machines.isFromJob())},
     };
     return QJsonDocument(report).toJson();
 }

@@ -8,30 +8,29 @@
 
 #include <common_MachineFileFinder.h>
 
-/// What there is to say about the machines file in use, and about the job of the scheduler that
-/// this program runs in.
+/// Describes the machines file in use, and the scheduler job that this program runs in.
 class MachinesReport
 {
 public:
-    /// Looks for the file and the job and reads them.
+    /// Finds and reads the file and the job.
     MachinesReport();
 
     /// Whether there is a file or a job.
-    bool isFound() const { return m_machines.areThere(); }
+    bool isFound() const { return m_machines.hasSource(); }
 
-    /// Whether runs can use what was found.
+    /// Whether runs can use the result.
     bool isUsable() const { return isFound() && m_machines.errors().isEmpty(); }
 
-    /// The hosts that runs use; empty where nothing was found, or where a job cannot be used.
+    /// The hosts that runs use; empty if nothing was found, or if a job cannot be used.
     const suite::MachinesFile& machines() const { return m_machines.machines(); }
 
-    /// For people: of many hosts or findings only the first, and how many more there are.
+    /// As text for users: of many hosts or findings only the first, and the number of the others.
     void write(Terminal& terminal) const;
 
-    /// For programs.
+    /// As JSON, for programs.
     QByteArray json() const;
 
-    /// One for each finding of the file, of many only the first.
+    /// One line for each finding in the file; of many only the first.
     static void writeFindings(const suite::MachinesFile& file, Terminal& terminal);
 
 private:

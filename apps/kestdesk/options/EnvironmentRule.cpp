@@ -19,8 +19,8 @@ bool isName(const QString& text)
     return name.match(text).hasMatch();
 }
 
-// A sentence. An assignment with a second equals sign would be dropped on the way to the
-// process, and blanks would be put together.
+// Returns a sentence. On the way to the process, an assignment with a second equals sign would be
+// dropped, and runs of blanks would be merged.
 QString lineError(const QString& line, int number, QSet<QString>& names)
 {
     const QString name = line.section(QLatin1Char('='), 0, 0);

@@ -2,11 +2,11 @@
 
 #include <QString>
 
-/// What the variables for the solver's process may be: NAME=VALUE, one a line, as they can be
-/// passed on unchanged.
+/// Checks the environment variables for the solver's process: one NAME=VALUE per line, in a form
+/// that can be passed on unchanged.
 namespace EnvironmentRule {
 
-/// What is wrong with the text, as a sentence; empty when it is right.
+/// The error in the text as a sentence; empty if the text is valid.
 QString problem(const QString& text);
 
 } // namespace EnvironmentRule

@@ -19,20 +19,20 @@ struct LaunchOptionRow
     const char* accessibleName; ///< empty where the label or the registered label is good enough
     const char* hint;
 
-    /// The whole label, with the mnemonic.
+    /// The complete label, with the mnemonic.
     QString text() const;
 
     /// The unit and the hint in the user's language.
     QString unitText() const;
     QString hintText() const;
 
-    /// The whole label without the mnemonic.
+    /// The complete label without the mnemonic.
     QString plainText() const;
 
-    /// What a screen reader says.
+    /// The accessible name, for screen readers.
     QString spokenName() const;
 
-    /// What is registered for the option.
+    /// The registration of the option.
     const common_PropertyMetaData& metaData() const;
 };
 

@@ -160,7 +160,7 @@ void LaunchOptionsDialog::makePages()
     connect(m_tabs, &QTabWidget::currentChanged, this, &LaunchOptionsDialog::updatePreview);
 }
 
-// The pages come between the tabs' titles and the foot, in the order of reading.
+// Tab order: the titles of the tabs, the pages, the buttons.
 void LaunchOptionsDialog::setTabOrder()
 {
     QWidget* last = m_tabs->tabBar();
@@ -232,8 +232,8 @@ void LaunchOptionsDialog::loadEditors()
     check();
 }
 
-// An editor may not be able to show every value that a file can hold: what the user has not touched
-// stays as it is.
+// A file can hold values that an editor cannot show: values that the user has not edited are not
+// written.
 QString LaunchOptionsDialog::currentValue(const QString& key) const
 {
     const QString text = m_pageOf[key]->text(key);

@@ -25,16 +25,16 @@ class LaunchOptionsDialog : public QDialog
 public:
     using Options = common_ComponentsLaunchOptions::Pointer;
 
-    /// The options, as they were created in that mode.
+    /// The options, created in the given mode.
     LaunchOptionsDialog(Options options, AccessMode mode, QWidget* parent);
     ~LaunchOptionsDialog() override;
 
     /// Locks the settings file and runs the dialog; when another process has the file, the user may
-    /// look at the options without changing them. True when the user agreed to what is there.
+    /// look at the options without changing them. True if the user accepted the dialog.
     static bool edit(QWidget* parent);
 
-    /// Writes what was changed. False, after a message to the user, when something could not be
-    /// saved: everything is still in the dialog then.
+    /// Writes the changed options. If something could not be saved, shows a message and returns
+    /// false; the dialog then still has all changes.
     bool save();
 
     /// After the user has agreed, shows the installation's defaults. They are saved like any

@@ -49,12 +49,12 @@ QString LaunchOptionsFile::defaultsProblem()
 
 QString LaunchOptionsFile::lockProblem()
 {
-    // In one look: others make and remove the file at any moment.
+    // With one system call: others create and remove the file at any moment.
     const QString lock = name() + QStringLiteral(".kestlock");
     std::error_code ignored;
     switch (std::filesystem::symlink_status(std::filesystem::path(lock.toStdU16String()), ignored)
                 .type()) {
-    case std::filesystem::file_type::none: // who may not look there is told so by the lock
+    case std::filesystem::file_type::none: // without permission, the lock reports it
     case std::filesystem::file_type::not_found:
     case std::filesystem::file_type::regular:
         return QString();

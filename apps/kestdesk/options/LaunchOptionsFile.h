@@ -6,7 +6,7 @@
 
 class common_PropertyMetaData;
 
-/// The launch options as the settings file keeps them.
+/// The launch options as stored in the settings file.
 namespace LaunchOptionsFile {
 
 struct Saving
@@ -18,33 +18,34 @@ struct Saving
 /// The user's settings file.
 QString name();
 
-/// Why the options cannot be read, as a sentence without its end that names the file; empty when
-/// they can. They would take their defaults, and a run would not be the one that was asked for.
+/// Why the options cannot be read, as a clause that names the file; empty if they can be read.
+/// With unreadable options a run would silently use the defaults.
 QString problem();
 
 /// The same for the installation's defaults.
 QString defaultsProblem();
 
-/// Why the file cannot be locked, in the same way. The library would write without a lock
-/// then, and scripts that run at once would undo each other's changes.
+/// Why the file cannot be locked, in the same way. Without this check the library
+/// would write without a lock, and scripts that run at the same time would undo each other's
+/// changes.
 QString lockProblem();
 
-/// Whether the file keeps the option: any other would be forgotten at once.
+/// Whether the file stores the option. Changes of any other option are lost.
 bool isKept(const common_PropertyMetaData& metaData);
 
-/// The options that the file keeps.
+/// The options that the file stores.
 QStringList keptNames(const common_ComponentsLaunchOptions& options);
 
 /// The value as text.
 QString value(const common_ComponentsLaunchOptions& options, const QString& name);
 
-/// Writes the options and reads them again, for a disk may be full or a folder read-only.
+/// Writes the options and reads them again, because a disk may be full or a folder read-only.
 Saving save(common_ComponentsLaunchOptions& options);
 
 /// Whether a program holds the file.
 bool isOwned();
 
-/// What holds the file, in words; never empty.
+/// A description of the program that holds the file; never empty.
 QString owner();
 
 } // namespace LaunchOptionsFile

@@ -21,7 +21,7 @@ constexpr int mostColumns = 2;
 
 enum Column { LabelColumn, EditorColumn, UnitColumn, ColumnCount };
 
-// The background of what is wrong: a shade of red that suits a light and a dark palette.
+// The background of invalid values: a shade of red for light and dark palettes.
 QColor reddened(const QColor& base)
 {
     constexpr int share = 30;

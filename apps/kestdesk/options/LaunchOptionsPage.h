@@ -11,7 +11,7 @@ class QLabel;
 class QVBoxLayout;
 struct LaunchOptionRow;
 
-/// One tab of launch options: their editors in groups, beside each other where there is room.
+/// One tab of launch options: their editors in groups, side by side where there is room.
 class LaunchOptionsPage : public QScrollArea
 {
     Q_OBJECT
@@ -21,17 +21,17 @@ public:
 
     QStringList keys() const;
 
-    /// Puts everything here behind the widget for the Tab key; gives the last.
+    /// Puts the widgets of this page behind the given one in the tab order; returns the last.
     QWidget* continueTabOrder(QWidget* previous) const;
 
     QString text(const QString& key) const;
     void setText(const QString& key, const QString& text);
 
-    /// Nothing can be changed any more.
+    /// Makes all editors read-only.
     void setReadOnly();
 
-    /// Enables what its switch allows, marks what is wrong and says why beside it. What is wrong
-    /// first, as a sentence; empty when all is right.
+    /// Enables the editors whose switch is on, and marks invalid values with the reason beside
+    /// them. Returns the first error as a sentence; empty if all values are valid.
     QString check();
 
 Q_SIGNALS:

@@ -4,10 +4,10 @@
 
 class common_ComponentsLaunchOptions;
 
-/// What the options result in.
+/// Shows the effect of the options.
 namespace LaunchPreview {
 
-/// The parts of the command lines, or of the environment, that the tab's options make.
+/// The parts of the command lines or of the environment that result from the options of a tab.
 QString line(const QString& tab, const common_ComponentsLaunchOptions& options);
 
 } // namespace LaunchPreview

@@ -13,8 +13,8 @@ namespace suite {
 class MachinesFile;
 }
 
-/// "Configure": lets the user change the own machines file, and says what is wrong with it line by
-/// line while it is typed.
+/// "Configure": lets users edit their machines file, and shows its errors line by line while they
+/// type.
 class MachinesDialog : public QDialog
 {
     Q_OBJECT
@@ -22,15 +22,15 @@ class MachinesDialog : public QDialog
 public:
     explicit MachinesDialog(QWidget* parent);
 
-    /// True when the file was saved. Begins at the line of the host, if one is given.
+    /// Places the cursor in the line of the host, if one is given. True if the file was saved.
     static bool edit(QWidget* parent, const QString& host = QString());
 
 public Q_SLOTS:
-    /// Saves and closes. With mistakes, or after a change by another program, the user is asked
-    /// first; what is not saved stays in the dialog.
+    /// Saves and closes. If the text has errors, or another program has changed the file, asks
+    /// the user first; unsaved text stays in the dialog.
     void accept() override;
 
-    /// Asks before something that was typed is thrown away.
+    /// Asks before unsaved changes are discarded.
     void reject() override;
 
 private:

@@ -5,18 +5,18 @@
 
 #include <optional>
 
-/// The user's machines file on the disk, as it was when it was read.
+/// The user's machines file on disk, as of the last reading.
 class MachinesFileStore
 {
 public:
-    /// Reads the user's file; where the user has none, the installation's to begin with. Needs the
-    /// service common_IApplicationInfo.
+    /// Reads the user's file, or if there is none, the installation's as a starting point. Needs
+    /// the service common_IApplicationInfo.
     MachinesFileStore();
 
-    /// What a machines file holds. Nothing when it cannot be read; the problem says why.
+    /// The content of a machines file. Nothing if it cannot be read; the problem says why.
     static std::optional<QByteArray> contentOf(const QString& path, QString* problem = nullptr);
 
-    /// Of the user's file, which need not be there.
+    /// The path of the user's file, which may not exist.
     QString fileName() const { return m_fileName; }
 
     /// Where the content came from: the user's file or the installation's; empty for a template.
@@ -24,13 +24,13 @@ public:
 
     QByteArray content() const { return m_content; }
 
-    /// Why the user's file could not be read; empty when all is well.
+    /// Why the user's file could not be read; empty if it could, or does not exist.
     QString readError() const { return m_readError; }
 
-    /// Whether the user's file was changed, made or removed by another program since.
+    /// Whether another program has changed, created or removed the user's file since.
     bool hasChanged() const;
 
-    /// Puts the content in the file's place, in one step. Why it could not; empty when it is done.
+    /// Replaces the file's content in one step. Returns why it could not; empty on success.
     QString save(const QByteArray& content);
 
 private:

@@ -16,7 +16,7 @@ public:
 
     void showFindings(const suite::MachinesFile& file);
 
-    /// Puts the cursor into the line, which counts from 1.
+    /// Puts the cursor into the line. The first line is 1.
     void goToLine(int line);
 
 protected:

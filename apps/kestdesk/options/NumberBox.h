@@ -2,8 +2,8 @@
 
 #include <QSpinBox>
 
-/// A box for any integer, so that a stored one that is out of range is shown as it is. Its arrows
-/// and keys stop at the smallest and at the largest that make sense.
+/// A spin box that shows any stored integer, even one that is out of range. Its arrows and keys
+/// stop at the limits of the range.
 class NumberBox : public QSpinBox
 {
     Q_OBJECT
@@ -21,7 +21,7 @@ Q_SIGNALS:
 protected:
     StepEnabled stepEnabled() const override;
 
-    /// The wheel scrolls the page, and changes the number only where the user is.
+    /// The wheel scrolls the page; it changes the number only if the box has the focus.
     void wheelEvent(QWheelEvent* event) override;
 
 private:

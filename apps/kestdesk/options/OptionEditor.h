@@ -5,7 +5,7 @@
 
 class QWidget;
 
-/// What one launch option is changed in, as text: that of the property.
+/// Edits one launch option as the text of its property.
 class OptionEditor : public QObject
 {
     Q_OBJECT
@@ -13,13 +13,13 @@ class OptionEditor : public QObject
 public:
     using QObject::QObject;
 
-    /// The parent of this.
+    /// The parent of this object.
     virtual QWidget* widget() const = 0;
 
     virtual QString text() const = 0;
     virtual void setText(const QString& text) = 0;
 
-    /// Whether a label stands before it; it has its own otherwise.
+    /// Whether the page shows a label before the editor. Otherwise the editor has its own.
     virtual bool needsLabel() const { return true; }
 
 Q_SIGNALS:

@@ -73,8 +73,8 @@ private:
     QCheckBox* m_box;
 };
 
-// As narrow as the page needs it, with a list as wide as its texts. Leaves the wheel to the page
-// while the user is elsewhere.
+// A narrow combo box whose list is as wide as its texts. Without the focus it leaves the wheel to
+// the page.
 class ComboBox : public QComboBox
 {
 public:
@@ -112,7 +112,7 @@ public:
     QWidget* widget() const override { return m_box; }
     QString text() const override { return m_box->currentData().toString(); }
 
-    // A value that is no member is shown as it is, and kept until another one is chosen.
+    // A value that is not a member is shown as it is, and kept until another one is chosen.
     void setText(const QString& text) override
     {
         if (m_box->findData(text) < 0) {

@@ -4,11 +4,11 @@ class OptionEditor;
 class QWidget;
 struct LaunchOptionRow;
 
-/// The kinds of editors.
+/// Creates editors for all types of options.
 namespace OptionEditors {
 
-/// The editor of a row, with object name, accessible name and hint. The parent owns its widget, and
-/// that the editor.
+/// Creates the editor of a row, with object name, accessible name and hint. The parent owns its
+/// widget, and the widget owns the editor.
 OptionEditor* make(const LaunchOptionRow& row, QWidget* parent);
 
 } // namespace OptionEditors

@@ -140,7 +140,7 @@ bool isText(const common_PropertyMetaData& metaData)
     return metaData.type() == common_PropertyMetaData::String;
 }
 
-// What no text can be that goes into a command line.
+// Why the characters cannot be in a command line, as a sentence.
 QString characterProblem(const QString& text, bool mayHaveLines)
 {
     const bool hasControls = std::any_of(text.cbegin(), text.cend(), [mayHaveLines](QChar each) {

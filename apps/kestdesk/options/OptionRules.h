@@ -6,8 +6,8 @@
 
 class common_PropertyMetaData;
 
-/// What a launch option may be when a person gives it, in a window or in a terminal: what cannot
-/// work, or would be without effect, is refused. The settings file is read with whatever is in it.
+/// Checks launch options that users enter in a window or a terminal: values that cannot work or
+/// would have no effect are refused. Values from the settings file are not checked.
 namespace OptionRules {
 
 struct Range
@@ -16,19 +16,19 @@ struct Range
     int largest;
 };
 
-/// The numbers that an option of numbers may be: those that its component accepts.
+/// The range of a numeric option: the numbers that its component accepts.
 Range range(const common_PropertyMetaData& metaData);
 
-/// What is wrong with the text, as a sentence; empty when it is right.
+/// The error in the text as a sentence; empty if the text is valid.
 QString problem(const common_PropertyMetaData& metaData, const QString& text);
 
-/// Why the option must not be empty while it is switched on, as a sentence; empty when it may.
+/// Why the option must not be empty while it is switched on, as a sentence; empty if it may.
 QString emptyProblem(const common_PropertyMetaData& metaData);
 
 /// Whether an option of texts may have several lines.
 bool mayHaveLines(const common_PropertyMetaData& metaData);
 
-/// What an option of texts or of plain numbers accepts, in words.
+/// A description of the values that an option of texts or of plain numbers accepts.
 QString accepted(const common_PropertyMetaData& metaData);
 
 } // namespace OptionRules

@@ -6,17 +6,17 @@
 
 class common_PropertyMetaData;
 
-/// What a launch option accepts when a person types it: stricter than the settings file, which
-/// takes what is there.
+/// Parses values of launch options that users type. Stricter than the reading of the settings
+/// file, which accepts any value.
 namespace OptionValue {
 
-/// What the option accepts, in words.
+/// A description of the values that the option accepts.
 QString accepted(const common_PropertyMetaData& metaData);
 
-/// The words that the option accepts, for a shell to complete; empty when there are too many.
+/// The words that the option accepts, for completion in shells; empty if there are too many.
 QStringList words(const common_PropertyMetaData& metaData);
 
-/// The typed value as the option stores it; nothing when it is not accepted.
+/// The typed value as the option stores it; nothing if it is not accepted.
 std::optional<QString> parse(const common_PropertyMetaData& metaData, const QString& typed);
 
 } // namespace OptionValue

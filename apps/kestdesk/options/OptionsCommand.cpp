@@ -73,7 +73,7 @@ bool knows(const Options& options, const QString& name)
     return known;
 }
 
-// The options as they are in the file; null, with the reason printed, when they cannot be read.
+// Returns the options in the file. If they cannot be read, prints the reason and returns null.
 Options readableOptions()
 {
     const QString problem = LaunchOptionsFile::problem();
@@ -136,8 +136,8 @@ int showValues(const SubcommandWords& words)
     return exitDone;
 }
 
-// The options to be written; null, with the reason printed, when another process has locked them or
-// the file cannot be used.
+// Returns the options for writing. If another process has locked them or the file cannot be used,
+// prints the reason and returns null.
 Options writableOptions(int wait)
 {
     for (const QString& problem :
@@ -185,7 +185,7 @@ QString excerpt(const QString& typed)
     return text;
 }
 
-// Adds the value to the values; false, with the mistake printed, when it is wrong.
+// Adds the value to the values. Prints the error and returns false if it is invalid.
 bool parseValue(const QString& name, const QString& typed, Values& values)
 {
     const common_PropertyMetaData& metaData = common_PropertyFactory::getMetaData(name);
@@ -201,7 +201,7 @@ bool parseValue(const QString& name, const QString& typed, Values& values)
     return false;
 }
 
-// Reads all of "NAME=VALUE..."; false, with every mistake printed, when one is wrong.
+// Reads all of "NAME=VALUE...". Prints all errors and returns false if there are any.
 bool parse(const Options& options, const QStringList& words, Values& values)
 {
     bool isGood = true;

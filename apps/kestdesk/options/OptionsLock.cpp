@@ -26,7 +26,7 @@ constexpr qint64 moment = 500;   // milliseconds, in which most others are done
 constexpr int shortestPause = 5; // milliseconds
 constexpr int longestPause = 25; // milliseconds
 
-/// Shows no messages for as long as it lives: that the file is locked is no news while we wait.
+/// Suppresses messages during its lifetime: the message that the file is locked would repeat.
 class SilentSession : public common_ISession
 {
 public:

@@ -17,13 +17,13 @@ constexpr qint64 mostMessages = 256 << 20; // bytes read of one run
 struct Candidate
 {
     RunRecord record;
-    bool isAlike = false;
+    bool isSimilar = false;
     double spread = 0;
 
     // Sorts the better match first.
     bool operator<(const Candidate& other) const
     {
-        return isAlike != other.isAlike ? isAlike : spread < other.spread;
+        return isSimilar != other.isSimilar ? isSimilar : spread < other.spread;
     }
 };
 
@@ -41,13 +41,13 @@ QVector<Candidate> bestRuns(const QVector<RunRecord>& records, const RunSize& si
     for (const RunRecord& record : records) {
         if (isUsable(record, size)) {
             const RunSize earlier = RunSize::of(record);
-            all.append({record, size.isAlike(earlier), size.spread(earlier)});
+            all.append({record, size.isSimilarTo(earlier), size.spread(earlier)});
         }
     }
     std::stable_sort(all.begin(), all.end());
     const auto isWorse = [&all](const Candidate& each) { return all.first() < each; };
     all.erase(std::find_if(all.begin(), all.end(), isWorse), all.end());
-    return all.mid(0, all.value(0).isAlike ? mostRuns : 1);
+    return all.mid(0, all.value(0).isSimilar ? mostRuns : 1);
 }
 
 // When each total percentage was reached; for those that were never reported, the end.
@@ -100,7 +100,7 @@ PaceExpectation PaceHistory::expectation(const RunArchive& archive, const RunSiz
     const QVector<Candidate> runs = bestRuns(archive.records(), size);
     if (!runs.isEmpty()) {
         using Basis = PaceExpectation::Basis;
-        result.basis = runs.first().isAlike ? Basis::Alike : Basis::OtherSize;
+        result.basis = runs.first().isSimilar ? Basis::Alike : Basis::OtherSize;
         result.spread = runs.first().spread;
         average(result, runs, size, isCancelled);
     }

@@ -80,7 +80,7 @@ bool RunSize::isOpenEnded() const
                        [this](const char* name) { return component == QLatin1String(name); });
 }
 
-bool RunSize::isAlike(const RunSize& earlier) const
+bool RunSize::isSimilarTo(const RunSize& earlier) const
 {
     const bool isKnown = segments > 0 && frequencies > 0;
     return component == earlier.component && (isKnown || model == earlier.model) &&

@@ -26,7 +26,7 @@ struct RunSize
     bool isOpenEnded() const;
 
     /// Whether the earlier run had the same course as this one, at another pace.
-    bool isAlike(const RunSize& earlier) const;
+    bool isSimilarTo(const RunSize& earlier) const;
 
     /// The expected duration of this run divided by that of the earlier one.
     double ratio(const RunSize& earlier) const;

@@ -35,7 +35,7 @@ bool useThisMachine(QWidget* window)
 
 } // namespace
 
-bool MachinesOffer::isTaken(const QString& problem, QWidget* window)
+bool MachinesOffer::ask(const QString& problem, QWidget* window)
 {
     QString sentence = ReasonText::shown(problem) + QLatin1Char('.');
     sentence[0] = sentence.at(0).toUpper();

@@ -8,6 +8,6 @@ namespace MachinesOffer {
 
 /// Shows the problem, a clause, and offers to use this machine or to edit the file. True if the
 /// file was changed, so that the set-up should be repeated.
-bool isTaken(const QString& problem, QWidget* window);
+bool ask(const QString& problem, QWidget* window);
 
 } // namespace MachinesOffer

@@ -58,7 +58,8 @@ QString textOf(const DeedRow& row, const QVector<StopQuestion::Subject>& runs)
         return StopQuestion::tr(row.oneRun).replace(QLatin1String("%1"), nameOf(runs.first()));
     }
     QStringList lines = {StopQuestion::tr(row.someRuns).arg(runs.size()), QString()};
-    for (const StopQuestion::Subject& run : runs.mid(0, mostNamed)) {
+    const auto named = runs.mid(0, mostNamed);
+    for (const StopQuestion::Subject& run : named) {
         lines.append(nameOf(run));
     }
     if (runs.size() > mostNamed) {

@@ -15,6 +15,7 @@
 #include <QRandomGenerator>
 #include <QRegularExpression>
 
+#include <optional>
 #include <utility>
 
 namespace {
@@ -25,6 +26,7 @@ const QString modelKey = QStringLiteral("model");
 const QString optionsKey = QStringLiteral("runOptions");
 const QString heldKey = QStringLiteral("held");
 const QString runsKey = QStringLiteral("runs");
+const QString takenKey = QStringLiteral("takenFrom"); // names of files that this one replaces
 
 QString fileName(const QString& mark)
 {
@@ -56,22 +58,61 @@ QStringList wordsOf(const QJsonValue& list)
     return words;
 }
 
-// Invalid rows are skipped.
-void read(const QString& path, QVector<QueuedRun>& runs)
+// Nothing for an invalid row.
+std::optional<QueuedRun> toRun(const QJsonValue& row)
+{
+    QueuedRun run;
+    run.component = row[componentKey].toString();
+    run.model = row[modelKey].toString();
+    run.options = RunOptionWords::options(wordsOf(row[optionsKey]));
+    run.isHeld = row[heldKey].toBool();
+    const bool isValid =
+        Component::find(run.component) != nullptr && QDir::isAbsolutePath(run.model);
+    return isValid ? std::make_optional(run) : std::nullopt;
+}
+
+// Empty if the file is damaged.
+QJsonObject contentOf(const QString& path)
 {
     const QByteArray content = suite::InputFile(path).read(mostBytes).value_or(QByteArray());
-    const QJsonObject json = QJsonDocument::fromJson(content).object();
-    const QJsonArray array = json.value(runsKey).toArray();
+    return QJsonDocument::fromJson(content).object();
+}
+
+// Skips invalid rows. Whether there are none.
+bool read(const QString& path, QVector<QueuedRun>& runs)
+{
+    const QJsonValue rows = contentOf(path).value(runsKey);
+    bool isWhole = rows.isArray();
+    const QJsonArray array = rows.toArray();
     for (const QJsonValue& row : array) {
-        QueuedRun run;
-        run.component = row[componentKey].toString();
-        run.model = row[modelKey].toString();
-        run.options = RunOptionWords::options(wordsOf(row[optionsKey]));
-        run.isHeld = row[heldKey].toBool();
-        if (Component::find(run.component) != nullptr && QDir::isAbsolutePath(run.model)) {
-            runs.append(run);
+        const std::optional<QueuedRun> run = toRun(row);
+        isWhole = isWhole && run;
+        if (run) {
+            runs.append(*run);
         }
     }
+    return isWhole;
+}
+
+// Without room for a copy the file itself is kept.
+QString keepDamaged(const QString& path, const QString& name)
+{
+    const QString kept = name + QStringLiteral(".damaged");
+    return QFile::copy(path, kept) || QFile::rename(path, kept) ? kept : path;
+}
+
+QStringList queueFiles(const QDir& folder)
+{
+    return folder.entryList({fileName(QStringLiteral("*"))}, QDir::Files);
+}
+
+// Whether the process that the file belongs to has ended.
+bool isLeft(const QString& name)
+{
+    static const QRegularExpression pattern(QStringLiteral("^queue-(?:left-[0-9]+-)?(%1)\\.json$")
+                                                .arg(QLatin1String(ProcessMark::pattern)));
+    const auto mark = ProcessMark::parse(pattern.match(name).captured(1));
+    return mark && mark->hasEnded();
 }
 
 } // namespace
@@ -110,7 +151,9 @@ bool QueueFile::replaceFile(const QVector<QueuedRun>& runs)
     }
     QDir().mkpath(m_folder);
     suite::OutputFile file(path());
-    if (!file.replace(QJsonDocument(QJsonObject{{runsKey, rows}}).toJson())) {
+    const QJsonObject content{{runsKey, rows},
+                              {takenKey, QJsonArray::fromStringList(takenNames())}};
+    if (!file.replace(QJsonDocument(content).toJson())) {
         m_reason = QStringLiteral("%1 cannot be written: %2").arg(file.path(), file.reason());
         return false;
     }
@@ -120,29 +163,48 @@ bool QueueFile::replaceFile(const QVector<QueuedRun>& runs)
 // If several programs find the same file, the one that succeeds in renaming it takes the runs. The
 // renamed file carries the mark of this process until write() has put the runs into the file of
 // this process.
-QVector<QueuedRun> QueueFile::takeLeft() const
+QueueFile::Left QueueFile::takeLeft() const
 {
-    QVector<QueuedRun> runs;
+    removeSuperseded();
+    Left left;
     const QDir folder(m_folder);
-    const QRegularExpression pattern(QStringLiteral("^queue-(?:left-[0-9]+-)?(%1)\\.json$")
-                                         .arg(QLatin1String(ProcessMark::pattern)));
-    const QStringList names = folder.entryList({QStringLiteral("queue-*.json")}, QDir::Files);
+    const QStringList names = queueFiles(folder);
     for (const QString& name : names) {
-        const auto mark = ProcessMark::parse(pattern.match(name).captured(1));
-        const QString newName = folder.filePath(leftName());
-        if (mark && mark->hasEnded() && QFile::rename(folder.filePath(name), newName)) {
-            read(newName, runs);
+        const QString path = folder.filePath(name);
+        const QString newPath = folder.filePath(leftName());
+        if (isLeft(name) && QFile::rename(path, newPath) && !read(newPath, left.runs)) {
+            left.damaged.append(keepDamaged(newPath, path));
         }
     }
-    return runs;
+    return left;
+}
+
+QStringList QueueFile::takenNames() const
+{
+    return QDir(m_folder).entryList(
+        {fileName(QStringLiteral("left-*-") + ProcessMark::own().word())}, QDir::Files);
 }
 
 void QueueFile::removeTaken() const
 {
     const QDir folder(m_folder);
-    const QString pattern = fileName(QStringLiteral("left-*-") + ProcessMark::own().word());
-    const QStringList names = folder.entryList({pattern}, QDir::Files);
+    const QStringList names = takenNames();
     for (const QString& name : names) {
         QFile::remove(folder.filePath(name));
+    }
+}
+
+// What a process took over and had in its own file when it was killed before it removed them.
+void QueueFile::removeSuperseded() const
+{
+    const QDir folder(m_folder);
+    const QStringList files = queueFiles(folder);
+    for (const QString& file : files) {
+        const QStringList names = wordsOf(contentOf(folder.filePath(file)).value(takenKey));
+        for (const QString& name : names) {
+            if (files.contains(name) && isLeft(name)) {
+                QFile::remove(folder.filePath(name));
+            }
+        }
     }
 }

@@ -27,16 +27,17 @@ RunQueue::RunQueue(int runsAtOnce, QObject* parent) : QObject(parent), m_runsAtO
 }
 
 // Held, because opening a window must not start computations.
-void RunQueue::keepIn(const QueueFile& file)
+QStringList RunQueue::keepIn(const QueueFile& file)
 {
     m_file = file;
-    QVector<QueuedRun> left = file.takeLeft();
-    for (QueuedRun& run : left) {
+    QueueFile::Left left = file.takeLeft();
+    for (QueuedRun& run : left.runs) {
         run.id = ++m_lastId;
         run.isHeld = true;
         m_runs.append(run);
     }
     apply();
+    return left.damaged;
 }
 
 void RunQueue::setRunsAtOnce(int count)

@@ -21,8 +21,9 @@ public:
     explicit RunQueue(int runsAtOnce, QObject* parent = nullptr);
 
     /// Keeps the waiting runs in the file from now on, so that they survive the program. Takes over
-    /// the runs that ended programs have left, and holds them.
-    void keepIn(const QueueFile& file);
+    /// the runs that ended programs have left, and holds them. Returns the paths of damaged files
+    /// among these.
+    QStringList keepIn(const QueueFile& file);
 
     /// The number of runs that may run at once, at least 1.
     void setRunsAtOnce(int count);

@@ -6,7 +6,7 @@
 
 namespace {
 
-constexpr qint64 mostBytes = 8 * 1024 * 1024; // of the messages
+constexpr qint64 mostBytes = 8LL * 1024 * 1024; // of the messages
 
 QString errorWithCure(const RunRecord& record)
 {
@@ -30,7 +30,7 @@ QString RunProblem::of(const RunRecord& record)
     if (record.state != RunRecord::State::Fault && record.state != RunRecord::State::NotStarted) {
         return QString();
     }
-    const QString error = errorWithCure(record);
+    QString error = errorWithCure(record);
     if (!error.isEmpty()) {
         return error;
     }

@@ -220,7 +220,7 @@ QString MachinesCopies::add(ComponentRunner& runner, const QByteArray& content) 
 {
     QDir().mkpath(m_folder);
     for (int number = 0; number < nameCount; ++number) {
-        const QString path = pathOf(number);
+        QString path = pathOf(number);
         QFile file(path);
         if (!file.open(QIODevice::WriteOnly | QIODevice::NewOnly | QIODevice::Unbuffered)) {
             if (file.exists()) {
@@ -241,10 +241,10 @@ QString MachinesCopies::add(ComponentRunner& runner, const QByteArray& content) 
     return QString();
 }
 
-int MachinesCopies::number(const ComponentRunner& runner)
+int MachinesCopies::millisecondOf(const ComponentRunner& runner)
 {
     const QString copy = runner.getTemporaryFilenames().value(0);
-    return copy.isEmpty() ? -1 : copy.mid(copy.lastIndexOf(QLatin1Char('_')) + 1).toInt();
+    return copy.isEmpty() ? -1 : copy.section(QLatin1Char('_'), -1).toInt();
 }
 
 bool MachinesCopies::waitForFreeName(const Times& times, int lead) const

@@ -43,7 +43,7 @@ public:
     QString add(ComponentRunner& runner, const QByteArray& content) const;
 
     /// The millisecond that the runner's copy is named after; -1 if it has none.
-    static int number(const ComponentRunner& runner);
+    static int millisecondOf(const ComponentRunner& runner);
 
     /// Blocks, for three seconds at most, until the name of the moment that is `lead` milliseconds
     /// ahead is unused. False if all names are in use.

@@ -154,7 +154,7 @@ RunSetup::Readiness setUp(ComponentRunner& runner, const Target& target,
         const QTime begun = QTime::currentTime();
         const MachinesCopies::Times before = copies.times();
         const bool isSetUp = setUpOnce(runner, target);
-        const int made = MachinesCopies::number(runner);
+        const int made = MachinesCopies::millisecondOf(runner);
         const bool isOwn = copies.claim(runner, before) == MachinesCopies::Claim::Own;
         if (!isSetUp) {
             const bool lacksFile = lacksMachinesFile(target.options);

@@ -21,7 +21,7 @@ RunNumbers::RunNumbers(RunArchive archive) : m_archive(std::move(archive))
 
 std::optional<int> RunNumbers::parse(const QString& word)
 {
-    m_isNoNumber = false;
+    m_isInvalidWord = false;
     if (word == QLatin1String("last")) {
         const QVector<int> all = m_archive.numbers();
         m_problem = Texts::tr("no runs are recorded");
@@ -29,10 +29,10 @@ std::optional<int> RunNumbers::parse(const QString& word)
     }
     bool isNumber = false;
     const int number = word.toInt(&isNumber);
-    m_isNoNumber = !isNumber || number < 1;
+    m_isInvalidWord = !isNumber || number < 1;
     m_problem =
         Texts::tr("\"%1\" is neither the number of a run nor \"last\"").arg(suite::excerpt(word));
-    return m_isNoNumber ? std::nullopt : std::optional(number);
+    return m_isInvalidWord ? std::nullopt : std::optional(number);
 }
 
 std::optional<RunRecord> RunNumbers::record(const QString& word)

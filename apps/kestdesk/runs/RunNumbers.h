@@ -20,10 +20,10 @@ public:
     QString problem() const { return m_problem; }
 
     /// Whether the last call failed because the word was neither a number nor "last".
-    bool isNoNumber() const { return m_isNoNumber; }
+    bool isInvalidWord() const { return m_isInvalidWord; }
 
 private:
     RunArchive m_archive;
     QString m_problem;
-    bool m_isNoNumber = false;
+    bool m_isInvalidWord = false;
 };

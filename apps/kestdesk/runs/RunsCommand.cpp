@@ -61,7 +61,7 @@ int fail(const QString& problem, int exitCode = exitFailed)
 
 int fail(const RunNumbers& numbers, int exitCode = exitFailed)
 {
-    return fail(numbers.problem(), numbers.isNoNumber() ? exitRefused : exitCode);
+    return fail(numbers.problem(), numbers.isInvalidWord() ? exitRefused : exitCode);
 }
 
 void print(const QJsonObject& json)

@@ -3874,6 +3874,10 @@ kann nicht geöffnet werden: %2.</translation>
         <source>%1 waits: it is being run already, by %2</source>
         <translation>%1 wartet: es wird bereits gerechnet, von %2</translation>
     </message>
+    <message>
+        <source>Not all runs of an earlier session could be read; the damaged file of its queue is kept as %1</source>
+        <translation>Nicht alle Läufe einer früheren Sitzung konnten gelesen werden; die beschädigte Datei ihrer Warteschlange bleibt als %1 erhalten</translation>
+    </message>
 </context>
 <context>
     <name>WindowRun</name>

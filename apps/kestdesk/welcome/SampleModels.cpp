@@ -40,7 +40,7 @@ QStringList SampleModels::all()
 QString SampleModels::copyOf(const QString& sample, QString& problem)
 {
     const QString folder = userFolder();
-    const QString copy = folder + QLatin1Char('/') + QFileInfo(sample).fileName();
+    QString copy = folder + QLatin1Char('/') + QFileInfo(sample).fileName();
     if (QFileInfo(copy).isFile()) {
         return copy;
     }

@@ -87,7 +87,8 @@ QString exportFile(const RunRecord& record, QWidget* window)
 bool agreesToDelete(const QVector<ListedRun>& runs, QWidget* window)
 {
     QStringList lines;
-    for (const ListedRun& run : runs.mid(0, mostNamed)) {
+    const QVector<ListedRun> named = runs.mid(0, mostNamed);
+    for (const ListedRun& run : named) {
         lines.append(nameOf(run));
     }
     if (runs.size() > mostNamed) {
@@ -285,7 +286,8 @@ void RunActions::openFolders()
         folders.append(run.folder());
     }
     folders.removeDuplicates();
-    for (const QString& folder : folders.mid(0, mostFolders)) {
+    const QStringList opened = folders.mid(0, mostFolders);
+    for (const QString& folder : opened) {
         bool isOpened = false;
         Descendants::startDetached(
             [&] { isOpened = QDesktopServices::openUrl(QUrl::fromLocalFile(folder)); });

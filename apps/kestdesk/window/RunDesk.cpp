@@ -96,6 +96,11 @@ void RunDesk::showRun()
     const QVector<ListedRun> selected = list()->selectedRuns();
     if (!selected.isEmpty() && selected.first().hasRecord()) {
         m_records->open(selected.first().number());
+    } else if (run != nullptr && !run->isRecorded()) { // the disk is slow
+        connect(run, &WindowRun::recordMade, m_records,
+                [this, run] { m_records->open(run->number()); });
+        Q_EMIT reported(
+            QStringLiteral("The record of this run opens as soon as it is on the disk."));
     } else if (run != nullptr) {
         Q_EMIT reported(tr("The window of this run has been closed."));
     }

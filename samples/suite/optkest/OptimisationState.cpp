@@ -132,7 +132,7 @@ QString OptimisationState::read(const QString& path)
 QString OptimisationState::readEarlier(const QString& path, const OptimisationState& question,
                                        int run)
 {
-    const QString error = read(path);
+    QString error = read(path);
     if (!error.isEmpty()) {
         return error;
     }

@@ -62,7 +62,8 @@ bool TuningSearch::planRound()
     ++m_roundCount;
     m_roundStart = m_nextRun;
     m_known.clear();
-    for (const double point : points.mid(0, left)) {
+    const QVector<double> tried = points.mid(0, left);
+    for (const double point : tried) {
         const int run = m_nextRun++;
         const auto earlier = m_earlier.constFind(run);
         if (earlier != m_earlier.constEnd() && earlier->value == point) {

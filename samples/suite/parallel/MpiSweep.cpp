@@ -41,7 +41,7 @@ MpiSweep::MpiSweep(SweepDeck deck, ParallelSetup setup, bool needsImpedance)
                     [this] { m_process.killGroup(); }})
 {
     // The guard sees by itself when this component is gone, and ends the others in good order.
-    m_process.setEndsByItself();
+    m_process.setLeftRunningAtExit();
     connect(&m_processEnd, &StagedEnd::ended, this, &MpiSweep::end);
     connect(&m_process, &FramedProcess::received, this, &MpiSweep::take);
     connect(&m_process, &FramedProcess::errorLineRead, this, &MpiSweep::takeErrorLine);

@@ -8,7 +8,7 @@ void suite::MachinesFindings::add(FindingList& findings, const RunMachines& mach
     if (!machines.remark().isEmpty()) {
         findings.add(FindingKind::HostsOutsideJob, 0, {machines.remark()});
     }
-    if (machines.areOfJob()) {
+    if (machines.isFromJob()) {
         findings.add(FindingKind::JobHosts, 0,
                      {machines.source(), QString::number(machines.machines().hosts().size()),
                       QString::number(machines.machines().total())});

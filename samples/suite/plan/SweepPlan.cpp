@@ -64,7 +64,7 @@ void SweepPlan::readMachines(const CommandLine& line)
     const RunMachines chosen(has(line, "--machines-file")
                                  ? std::make_optional(valueOf(line, "--machines-file"))
                                  : std::nullopt);
-    if (chosen.areThere()) {
+    if (chosen.hasSource()) {
         m_machines = chosen.machines();
         m_source = chosen.source();
         MachinesFindings::add(m_findings, chosen);

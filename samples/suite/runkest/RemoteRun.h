@@ -40,7 +40,7 @@ private:
     void takeHello(const suite::Frame& frame);
     void takeFile(const suite::Frame& frame);
     void takePartial(const suite::Frame& frame);
-    void takeLine(const QString& line);
+    void takeLine(const QString& text);
     bool writeFiles();
     void failConnection(const QString& reason);
     void endProcess();

@@ -148,11 +148,16 @@ void Dealer::passOn(int rank, int index, const Frame& result)
     deal();
 }
 
+// Does not stop by itself: a user who is there stops everything. If none is, this is the host that
+// was cut off, which the user's silence shows a little later. The others hear this process until
+// then.
 void Dealer::lose(int rank)
 {
-    m_user.send(Frame::of(Frame::Type::Failure, static_cast<qint32>(rank),
-                          QStringLiteral("does not answer any more")));
-    stop();
+    if (!m_hasLostOne) {
+        m_hasLostOne = true;
+        m_user.send(Frame::of(Frame::Type::Failure, static_cast<qint32>(rank),
+                              QStringLiteral("does not answer any more")));
+    }
 }
 
 void Dealer::finishWhenSent()

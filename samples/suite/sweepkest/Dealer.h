@@ -37,4 +37,5 @@ private:
     int m_count = 0;
     int m_nextDeal = 0;
     int m_nextResult = 0;
+    bool m_hasLostOne = false; ///< and has reported it
 };

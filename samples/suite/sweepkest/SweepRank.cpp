@@ -21,7 +21,7 @@ void SweepRank::stop()
 
 void SweepRank::stopAlone()
 {
-    m_isAlone = true;
+    m_isAbandoned = true;
     stop();
 }
 

@@ -16,7 +16,7 @@ public:
     virtual void stop();
 
     /// Whether it was stopped because the process that distributes the work is silent.
-    [[nodiscard]] bool isAlone() const { return m_isAlone; }
+    [[nodiscard]] bool isAbandoned() const { return m_isAbandoned; }
 
 Q_SIGNALS:
     /// The work is done or has been stopped, the folder is removed, and this process can end.
@@ -46,5 +46,5 @@ private:
     LocalSolver m_solver;
     suite::Heartbeat m_heartbeat;
     bool m_isStopping = false;
-    bool m_isAlone = false;
+    bool m_isAbandoned = false;
 };

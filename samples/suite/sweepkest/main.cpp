@@ -63,7 +63,7 @@ void connectEnds(SweepRank& rank)
 {
     QObject::connect(&rank, &SweepRank::finished, &rank, [] { leave(EXIT_SUCCESS); });
     QObject::connect(&rank, &SweepRank::stopped, &rank, [&rank] {
-        if (rank.isAlone()) {
+        if (rank.isAbandoned()) {
             endStarter();
         }
         leave(EXIT_FAILURE);

@@ -115,7 +115,7 @@ common_MarkupFormats::TagFormat common_MarkupFormats::of(const QString& tag,
     if (known != m_known.cend()) {
         return *known;
     }
-    const TagFormat format = askQt(text);
+    TagFormat format = askQt(text);
     if (text.size() <= longestKnown) {
         if (m_known.size() >= mostKnown) {
             m_known.clear();

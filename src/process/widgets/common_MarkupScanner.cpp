@@ -2,6 +2,8 @@
 
 #include "common_MarkupEntity.h"
 
+#include <QtVersion.h>
+
 #include <algorithm>
 
 namespace {
@@ -68,14 +70,16 @@ common_MarkupScanner::Token common_MarkupScanner::readTag()
     return tag;
 }
 
+// Called at the "!". Without the begin of a comment, the next ">" ends the tag.
 void common_MarkupScanner::skipComment()
 {
-    constexpr int beginLength = 4; // an exclamation mark and three more, as in QTextDocument
-    const bool isComment =
-        hasNext(QLatin1Char('-'), 1) && m_position + beginLength - 1 < m_text.size();
+    const qsizetype contents = m_position + (QtVersion::readsCommentsAsHtml ? 3 : 4);
+    const bool isComment = hasNext(QLatin1Char('-'), 1) &&
+                           (hasNext(QLatin1Char('-'), 2) || !QtVersion::readsCommentsAsHtml) &&
+                           contents <= m_text.size();
     const QLatin1String end(isComment ? "-->" : ">");
     const qsizetype found =
-        m_text.indexOf(end, std::min(m_position + (isComment ? beginLength : 1), m_text.size()));
+        m_text.indexOf(end, std::min(isComment ? contents : m_position + 1, m_text.size()));
     m_position = found < 0 ? m_text.size() : found + end.size();
 }
 
@@ -181,7 +185,7 @@ QString common_MarkupScanner::readEntity()
     }
     const bool endsHere = m_end == End::OfAll && m_position + length == m_text.size();
     if (endsHere || hasNext(QLatin1Char(';'), static_cast<int>(length))) {
-        const QString resolved = common_markupEntity(rest.left(length));
+        QString resolved = common_markupEntity(rest.left(length));
         if (!resolved.isNull()) {
             m_position = std::min(m_position + length + 1, m_text.size());
             return resolved;

@@ -12,7 +12,7 @@ inline void addModelPaths()
 {
     QTest::addColumn<QString>("path");
     for (const char* path :
-         {"plain", "two words/two words", "it's \"q\" $(x);&/m'\"",
+         {"plain", "two words/two words", R"(it's "q" $(x);&/m'")",
           "f\xc3\xbcr/\xe6\x97\xa5\xe6\x9c\xac", "-dash/-m", "dots/a.b (c)[d]+"}) {
         QTest::newRow(path) << QString::fromUtf8(path);
     }

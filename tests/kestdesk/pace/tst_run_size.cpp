@@ -26,7 +26,7 @@ private Q_SLOTS:
     void repetitionIsAlikeAndSure()
     {
         const RunSize size = usualSize();
-        QVERIFY(size.isAlike(usualSize()));
+        QVERIFY(size.isSimilarTo(usualSize()));
         QCOMPARE(size.ratio(usualSize()), 1.);
         QVERIFY(size.spread(usualSize()) <= 0.25);
     }
@@ -37,7 +37,7 @@ private Q_SLOTS:
         QTest::addColumn<int>("frequencies");
         QTest::addColumn<int>("processes");
         QTest::addColumn<QString>("place");
-        QTest::addColumn<bool>("isAlike");
+        QTest::addColumn<bool>("isSimilar");
         QTest::addColumn<double>("ratio");
         // clang-format off
         QTest::newRow("more segments")  << 200 << 20 << 1 << "here"  << false << 0.25;
@@ -59,16 +59,16 @@ private Q_SLOTS:
         earlier.processes = processes;
         earlier.place = place;
         const RunSize size = usualSize();
-        QTEST(size.isAlike(earlier), "isAlike");
+        QTEST(size.isSimilarTo(earlier), "isSimilar");
         QTEST(size.ratio(earlier), "ratio");
-        QVERIFY(!size.isAlike(earlier) || size.spread(earlier) > 0.25);
+        QVERIFY(!size.isSimilarTo(earlier) || size.spread(earlier) > 0.25);
     }
 
     void otherComponentsAreNotAlike()
     {
         RunSize earlier = usualSize();
         earlier.component = QStringLiteral("prekest");
-        QVERIFY(!usualSize().isAlike(earlier));
+        QVERIFY(!usualSize().isSimilarTo(earlier));
     }
 
     // Of models that cannot be read nothing is known but their name.
@@ -78,9 +78,9 @@ private Q_SLOTS:
         size.segments = 0;
         size.frequencies = 0;
         RunSize earlier = size;
-        QVERIFY(size.isAlike(earlier));
+        QVERIFY(size.isSimilarTo(earlier));
         earlier.model = QStringLiteral("/other.nec");
-        QVERIFY(!size.isAlike(earlier));
+        QVERIFY(!size.isSimilarTo(earlier));
     }
 
     void endIsOpenWhereResultsDecide()

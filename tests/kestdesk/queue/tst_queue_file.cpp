@@ -63,6 +63,21 @@ private:
         QVERIFY(QFile::rename(m_folder->filePath(own), m_folder->filePath(left)));
     }
 
+    // As if the process of all files had been killed, which their names and contents show.
+    void killOwner() const
+    {
+        const QByteArray own = ProcessMark::own().word().toUtf8();
+        const QByteArray dead = markOfDead().toUtf8();
+        const QStringList names = files();
+        for (const QString& name : names) {
+            QFile file(m_folder->filePath(name));
+            QVERIFY(file.open(QIODevice::ReadOnly));
+            const QByteArray content = file.readAll().replace(own, dead);
+            QVERIFY(file.remove());
+            write(QString::fromUtf8(name.toUtf8().replace(own, dead)), content);
+        }
+    }
+
 private Q_SLOTS:
     void init() { m_folder = std::make_unique<QTemporaryDir>(); }
 
@@ -73,7 +88,7 @@ private Q_SLOTS:
         held.isHeld = true;
         QVERIFY(file.write({runOf("/models/one.nec"), held}));
         leave();
-        const QVector<QueuedRun> left = file.takeLeft();
+        const QVector<QueuedRun> left = file.takeLeft().runs;
         QCOMPARE(modelsOf(left), modelsOf({runOf("/models/one.nec"), held}));
         QCOMPARE(left.at(0).component, QStringLiteral("optkest"));
         QCOMPARE(left.at(0).options, common_RunWrapper::RunOptions(common_RunWrapper::FarmOut));
@@ -94,7 +109,7 @@ private Q_SLOTS:
     {
         QueueFile file(m_folder->path());
         QVERIFY(file.write({runOf("/m.nec")}));
-        QVERIFY(file.takeLeft().isEmpty());
+        QVERIFY(file.takeLeft().runs.isEmpty());
         QCOMPARE(files().size(), 1);
     }
 
@@ -108,7 +123,7 @@ private Q_SLOTS:
         std::vector<std::thread> threads;
         QVector<QStringList> taken(4);
         for (QStringList& models : taken) {
-            threads.emplace_back([&models, &file] { models = modelsOf(file.takeLeft()); });
+            threads.emplace_back([&models, &file] { models = modelsOf(file.takeLeft().runs); });
         }
         for (std::thread& thread : threads) {
             thread.join();
@@ -126,12 +141,12 @@ private Q_SLOTS:
         QueueFile file(m_folder->path());
         QVERIFY(file.write({runOf("/m.nec")}));
         leave();
-        const QVector<QueuedRun> left = file.takeLeft();
+        const QVector<QueuedRun> left = file.takeLeft().runs;
         QCOMPARE(files().size(), 1);
         QVERIFY(file.write(left));
         QCOMPARE(files().size(), 1);
         leave();
-        QCOMPARE(modelsOf(file.takeLeft()), QStringList(QStringLiteral("/m.nec")));
+        QCOMPARE(modelsOf(file.takeLeft().runs), QStringList(QStringLiteral("/m.nec")));
     }
 
     // This process was killed, too, before it had written what it had taken.
@@ -145,7 +160,24 @@ private Q_SLOTS:
         QString left = taken;
         left.replace(ProcessMark::own().word(), markOfDead(2));
         QVERIFY(QFile::rename(m_folder->filePath(taken), m_folder->filePath(left)));
-        QCOMPARE(modelsOf(file.takeLeft()), QStringList(QStringLiteral("/m.nec")));
+        QCOMPARE(modelsOf(file.takeLeft().runs), QStringList(QStringLiteral("/m.nec")));
+    }
+
+    // As above, but after it had written it, and before it had removed the old file.
+    void whatWasTakenAndWrittenIsTakenOnce()
+    {
+        QueueFile file(m_folder->path());
+        QVERIFY(file.write({runOf("/m.nec")}));
+        leave();
+        const QVector<QueuedRun> taken = file.takeLeft().runs;
+        const QString old = files().constFirst();
+        QVERIFY(QFile::copy(m_folder->filePath(old), m_folder->filePath(QStringLiteral("copy"))));
+        QVERIFY(file.write(taken));
+        QVERIFY(QFile::rename(m_folder->filePath(QStringLiteral("copy")), m_folder->filePath(old)));
+        killOwner();
+        QCOMPARE(files().size(), 2);
+        QCOMPARE(modelsOf(file.takeLeft().runs), QStringList(QStringLiteral("/m.nec")));
+        QCOMPARE(files().size(), 1);
     }
 
     void rowsThatMakeNoSenseCountForNothing()
@@ -154,7 +186,7 @@ private Q_SLOTS:
               R"({"runs":[7,{"component":"format-disk","model":"/a"},)"
               R"({"component":"runkest","model":"relative.nec"},)"
               R"({"component":"runkest","model":"/good.nec","runOptions":["parallel","x"]}]})");
-        const QVector<QueuedRun> left = QueueFile(m_folder->path()).takeLeft();
+        const QVector<QueuedRun> left = QueueFile(m_folder->path()).takeLeft().runs;
         QCOMPARE(modelsOf(left), QStringList(QStringLiteral("/good.nec")));
         QCOMPARE(left.at(0).options, common_RunWrapper::RunOptions(common_RunWrapper::Parallel));
     }
@@ -166,14 +198,46 @@ private Q_SLOTS:
         for (const QString& name : others) {
             write(name, "{}");
         }
-        QVERIFY(QueueFile(m_folder->path()).takeLeft().isEmpty());
+        QVERIFY(QueueFile(m_folder->path()).takeLeft().runs.isEmpty());
         QCOMPARE(files().size(), others.size());
     }
 
-    void damagedFileIsNoRun()
+    void damagedFileIsKept_data()
     {
-        write(QStringLiteral("queue-%1.json").arg(markOfDead()), "[{\"runs");
-        QVERIFY(QueueFile(m_folder->path()).takeLeft().isEmpty());
+        QTest::addColumn<QByteArray>("content");
+        QTest::addColumn<QStringList>("models");
+        const QStringList good(QStringLiteral("/good.nec"));
+        QTest::newRow("empty") << QByteArray("") << QStringList();
+        QTest::newRow("cut") << QByteArray("[{\"runs") << QStringList();
+        QTest::newRow("no runs") << QByteArray("{\"other\":[]}") << QStringList();
+        QTest::newRow("one row")
+            << QByteArray(R"({"runs":[{"component":"runkest","model":"/good.nec"},7]})") << good;
+    }
+
+    void damagedFileIsKept()
+    {
+        QFETCH(QByteArray, content);
+        QFETCH(QStringList, models);
+        const QString name = QStringLiteral("queue-%1.json").arg(markOfDead());
+        write(name, content);
+        QueueFile file(m_folder->path());
+        const QueueFile::Left left = file.takeLeft();
+        QCOMPARE(modelsOf(left.runs), models);
+        QCOMPARE(left.damaged, QStringList(m_folder->filePath(name) + QStringLiteral(".damaged")));
+        QVERIFY(file.write({}));
+        QCOMPARE(files(), QStringList(name + QStringLiteral(".damaged")));
+        QFile kept(left.damaged.constFirst());
+        QVERIFY(kept.open(QIODevice::ReadOnly));
+        QCOMPARE(kept.readAll(), content);
+        QVERIFY(file.takeLeft().damaged.isEmpty());
+    }
+
+    void wholeFileIsNotDamaged()
+    {
+        QueueFile file(m_folder->path());
+        QVERIFY(file.write({runOf("/m.nec")}));
+        leave();
+        QCOMPARE(file.takeLeft().damaged, QStringList());
     }
 };
 

@@ -1,6 +1,7 @@
 #include "../support/WindowTest.h"
 
 #include <ModelLock.h>
+#include <ProcessMark.h>
 #include <RunArchive.h>
 
 #include <QListWidget>
@@ -137,6 +138,21 @@ private Q_SLOTS:
         QCOMPARE(list()->count(), 3); // all held
         button("releaseAllButton")->click();
         QTRY_VERIFY_WITH_TIMEOUT(states().contains(text("c.nec valid")), longTime);
+    }
+
+    void damagedQueueFileIsReportedAndKept()
+    {
+        m_stage->close();
+        QStringList words = ProcessMark::own().word().split(QLatin1Char('-'));
+        words.last() = QString::number(words.last().toULongLong() + 1); // of a process that is gone
+        const QString file =
+            m_stage->desk().path(text("user/queue-%1.json").arg(words.join(QLatin1Char('-'))));
+        writeFile(file, "{\"runs\":[");
+        m_stage->open();
+        QVERIFY2(m_stage->outcomeText().contains(file + text(".damaged")),
+                 qPrintable(m_stage->outcomeText()));
+        QVERIFY(!QFile::exists(file));
+        QVERIFY(QFile::exists(file + text(".damaged")));
     }
 
     void runWaitsWhileAnotherProgramHasItsModel()

@@ -248,7 +248,8 @@ private Q_SLOTS:
         waitForRows("messageTable", 3);
         showPage("Messages");
         QVector<QPair<int, QString>> cures;
-        connect(m_window.get(), &RecordWindow::cureRequested, this,
+        const QObject guard;
+        connect(m_window.get(), &RecordWindow::cureRequested, &guard,
                 [&cures](const ProblemCures::Cure& cure, const QString& message) {
                     cures.append({int(cure.action), message});
                 });

@@ -376,7 +376,8 @@ private Q_SLOTS:
                      shown.output.contains(text("\nwarning: hot\n")) &&
                      shown.output.contains(text("kestdesk, which followed it, was killed")),
                  qPrintable(shown.output));
-        for (const QString& left : m_desk->processes()) {
+        const QStringList processes = m_desk->processes();
+        for (const QString& left : processes) {
             QProcess::execute(text("kill"), {text("-9"), left.section(QLatin1Char(' '), 0, 0)});
         }
     }

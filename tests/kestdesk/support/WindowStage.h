@@ -57,7 +57,8 @@ private:
 class WindowStage
 {
 public:
-    static constexpr int mostRunsAtOnce = 9; ///< so that runs need not wait for each other here
+    static constexpr int mostRunsAtOnce = 9;     ///< so that runs need not wait for each other here
+    static constexpr int activationTime = 30000; ///< ms, on a machine with much to do
 
     WindowStage()
     {
@@ -122,7 +123,7 @@ public:
     {
         m_window = std::make_unique<MainWindow>();
         m_window->show();
-        QVERIFY(QTest::qWaitForWindowActive(m_window.get()));
+        QVERIFY(QTest::qWaitForWindowActive(m_window.get(), activationTime));
     }
 
     void close() { m_window.reset(); }

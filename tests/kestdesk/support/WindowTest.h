@@ -24,7 +24,7 @@ protected:
     void tearDown()
     {
         m_stage->close();
-        QTRY_COMPARE_WITH_TIMEOUT(m_stage->desk().processes(), QStringList(), 10000);
+        QTRY_COMPARE_WITH_TIMEOUT(m_stage->desk().processes(), QStringList(), longTime / 2);
         QCOMPARE(temporaryFiles(), QStringList());
         m_stage.reset();
     }
