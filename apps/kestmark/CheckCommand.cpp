@@ -6,7 +6,11 @@
 #include "SubcommandWords.h"
 #include "TextReport.h"
 
+#include <Translations.h>
+
 #include <InputFile.h>
+
+#include <QCoreApplication>
 
 #include <cerrno>
 #include <cstdio>
@@ -36,9 +40,10 @@ QString readStandardInput(OutputCheck& check)
     }
     const int error = errno;
     check.add(bytes);
-    return std::ferror(stdin) != 0 ? QStringLiteral("cannot read the standard input: %1")
-                                         .arg(QString::fromLocal8Bit(std::strerror(error)))
-                                   : QString();
+    return std::ferror(stdin) != 0
+               ? QCoreApplication::translate("CheckCommand", "cannot read the standard input: %1")
+                     .arg(QString::fromLocal8Bit(std::strerror(error)))
+               : QString();
 }
 
 QString readFile(OutputCheck& check, const QString& path)
@@ -51,10 +56,13 @@ QString readFile(OutputCheck& check, const QString& path)
     if (file.readPieces(take)) {
         return QString();
     }
-    const QString hint = file.problem() == suite::InputFile::Problem::NotRegular
-                             ? QStringLiteral("; \"kestmark check -\" reads a pipe")
-                             : QString();
-    return QStringLiteral("cannot read %1: %2%3").arg(path, file.reason(), hint);
+    const QString hint =
+        file.problem() == suite::InputFile::Problem::NotRegular
+            ? QCoreApplication::translate("CheckCommand", "; \"kestmark check -\" reads a pipe")
+            : QString();
+    return QCoreApplication::translate("CheckCommand", "cannot read %1: %2")
+               .arg(path, file.reason()) +
+           hint;
 }
 
 } // namespace
@@ -64,6 +72,7 @@ int checkOutput(const SubcommandWords& words)
     const auto style = words.has("--remarks") ? ReportStyle::RemarksOnly : ReportStyle::AllLines;
     std::unique_ptr<OutputReport> report;
     if (words.has("--json")) {
+        Translations::remove(); // scripts read the texts of remarks, too
         report = std::make_unique<JsonReport>(stdout, style);
     } else {
         report = std::make_unique<TextReport>(stdout, style);

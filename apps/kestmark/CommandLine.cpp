@@ -2,16 +2,20 @@
 
 #include "CheckCommand.h"
 
+#include <QCoreApplication>
+
 ApplicationDescription CommandLine::application()
 {
     ApplicationDescription result;
     result.identity.name = QStringLiteral("kestmark");
-    result.consoleCommands = {{"check",
-                               {{"--remarks"}, {"--json"}},
-                               "[FILE|-]",
-                               "explain what the suite makes of a solver's output",
-                               checkOutput}};
-    result.notes = QStringLiteral(
+    result.consoleCommands = {
+        {"check",
+         {{"--remarks"}, {"--json"}},
+         "[FILE|-]",
+         QT_TRANSLATE_NOOP("Subcommand", "explain what the suite makes of a solver's output"),
+         checkOutput}};
+    result.notes = QCoreApplication::translate(
+        "CommandLine",
         "\nReads what a solver component prints, from a file or from the standard input, with the "
         "parser\nof the suite's applications. Shows line by line which messages they get from it, "
         "and remarks\non what is probably a mistake.\n\n"

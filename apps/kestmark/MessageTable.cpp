@@ -1,5 +1,7 @@
 #include "MessageTable.h"
 
+#include <QCoreApplication>
+
 namespace {
 
 QString withoutKeyword(common_IProcessMessage::Type type, const QString& text)
@@ -49,23 +51,27 @@ QVector<Remark> MessageTable::remarks(common_IProcessMessage::Type type, const Q
     }
     const std::optional<ListedMessage> listed = row(type, text);
     if (!listed) {
-        const QString reason = hasKeyword(type, text)
-                                   ? QStringLiteral("there is no \":\" behind its number")
-                                   : QStringLiteral("\"%1\" is missing").arg(keyword(type));
+        const QString reason =
+            hasKeyword(type, text)
+                ? QCoreApplication::translate("Remark", "there is no \":\" behind its number")
+                : QCoreApplication::translate("Remark", "\"%1\" is missing").arg(keyword(type));
         return {{Remark::Kind::NotListed,
-                 QStringLiteral("shown in the output, but neither counted nor listed: %1; "
-                                "write \"%2NUMBER: TEXT\"")
+                 QCoreApplication::translate(
+                     "Remark", "shown in the output, but neither counted nor listed: %1; "
+                               "write \"%2NUMBER: TEXT\"")
                      .arg(reason, keyword(type))}};
     }
     if (listed->description.isEmpty()) {
         return {{Remark::Kind::NoText,
-                 QStringLiteral("listed without a description: nothing stands behind the last "
-                                "\":\"")}};
+                 QCoreApplication::translate(
+                     "Remark", "listed without a description: nothing stands behind the last "
+                               "\":\"")}};
     }
     if (withoutKeyword(type, text).count(QLatin1Char(':')) > 1) {
         return {{Remark::Kind::SeveralColons,
-                 QStringLiteral("the description in the table is only what stands behind the last "
-                                "\":\"; write no other \":\" in the text")}};
+                 QCoreApplication::translate(
+                     "Remark", "the description in the table is only what stands behind the last "
+                               "\":\"; write no other \":\" in the text")}};
     }
     return {};
 }

@@ -5,6 +5,8 @@
 #include "PieceText.h"
 #include "Quoted.h"
 
+#include <QCoreApplication>
+
 namespace {
 
 constexpr int complete = 100;
@@ -83,7 +85,8 @@ void OutputCheck::checkPhase(CheckedPiece& checked, int percentage)
     if (percentage < before && percentage != 0 && before != complete) {
         checked.remarks.append(
             {Remark::Kind::PercentageBackwards,
-             QStringLiteral("the phase goes back from %1 % to %2 %; a new phase begins with 0 %")
+             QCoreApplication::translate(
+                 "Remark", "the phase goes back from %1 % to %2 %; a new phase begins with 0 %")
                  .arg(before)
                  .arg(percentage)});
     }
@@ -96,7 +99,9 @@ void OutputCheck::checkTotal(CheckedPiece& checked, int percentage)
     if (percentage < before) {
         checked.remarks.append(
             {Remark::Kind::PercentageBackwards,
-             QStringLiteral("the total goes back from %1 % to %2 %").arg(before).arg(percentage)});
+             QCoreApplication::translate("Remark", "the total goes back from %1 % to %2 %")
+                 .arg(before)
+                 .arg(percentage)});
     }
     before = percentage;
 }
@@ -109,8 +114,9 @@ void OutputCheck::checkVariable(CheckedPiece& checked)
             m_summary.messages[message.type] == 0) {
             checked.remarks.append(
                 {Remark::Kind::Variable,
-                 QStringLiteral("the library's process dialog ends the application at a variable, "
-                                "unless the application handles it; kestdesk shows it as text")});
+                 QCoreApplication::translate(
+                     "Remark", "the library's process dialog ends the application at a variable, "
+                               "unless the application handles it; kestdesk shows it as text")});
             return;
         }
     }
@@ -128,10 +134,12 @@ void OutputCheck::checkRest()
     }
     const QString text =
         m_lines.isRestBegun()
-            ? QStringLiteral("line %1, which is longer than a megabyte, has no line end: all of it "
-                             "is lost, also what is listed here")
+            ? QCoreApplication::translate(
+                  "Remark", "line %1, which is longer than a megabyte, has no line end: all of it "
+                            "is lost, also what is listed here")
                   .arg(m_lines.count() + 1)
-            : QStringLiteral("the last line, %1, has no line end: it is lost")
+            : QCoreApplication::translate("Remark",
+                                          "the last line, %1, has no line end: it is lost")
                   .arg(quoted(QString::fromUtf8(rest)));
     remark({Remark::Kind::NoLineEnd, text});
 }
@@ -143,8 +151,10 @@ void OutputCheck::checkTotalAtEnd()
         m_summary.messages[common_IProcessMessage::Error] == 0) {
         remark({Remark::Kind::NotComplete,
                 m_summary.totalPercentage == OutputSummary::none
-                    ? QStringLiteral("no total percentage is reported: the run is shown as a fault")
-                    : QStringLiteral("the last total percentage is %1: the run is shown as a fault")
+                    ? QCoreApplication::translate(
+                          "Remark", "no total percentage is reported: the run is shown as a fault")
+                    : QCoreApplication::translate(
+                          "Remark", "the last total percentage is %1: the run is shown as a fault")
                           .arg(m_summary.totalPercentage)});
     }
 }

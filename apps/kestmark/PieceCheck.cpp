@@ -8,6 +8,7 @@
 
 #include <common_KestProcessMessage.h>
 
+#include <QCoreApplication>
 #include <QRegularExpression>
 
 namespace {
@@ -28,12 +29,14 @@ void addNearMiss(CheckedPiece& checked, const QString& text)
     }
     const QString hint =
         miss.suggestion.isEmpty()
-            ? QStringLiteral("a marker is \"-*-\", lowercase letters with at most one \"-\" among "
-                             "them, and \"-*-\"")
-            : QStringLiteral("write %1").arg(miss.suggestion);
+            ? QCoreApplication::translate(
+                  "Remark", "a marker is \"-*-\", lowercase letters with at most one \"-\" among "
+                            "them, and \"-*-\"")
+            : QCoreApplication::translate("Remark", "write %1").arg(miss.suggestion);
     checked.remarks.append(
         {Remark::Kind::NearMiss,
-         QStringLiteral("%1 is no marker and is shown as text; %2").arg(quoted(miss.text), hint)});
+         QCoreApplication::translate("Remark", "%1 is no marker and is shown as text; %2")
+             .arg(quoted(miss.text), hint)});
 }
 
 void addUnmarked(CheckedPiece& checked, const QString& text)
@@ -46,7 +49,8 @@ void addUnmarked(CheckedPiece& checked, const QString& text)
             word == QLatin1String("NOTE") ? QStringLiteral("notice") : word.toLower();
         checked.remarks.append(
             {Remark::Kind::UnmarkedMessage,
-             QStringLiteral("shown as ordinary output; write -*-%1-*- in front of it")
+             QCoreApplication::translate("Remark",
+                                         "shown as ordinary output; write -*-%1-*- in front of it")
                  .arg(marker)});
     }
 }
@@ -54,13 +58,16 @@ void addUnmarked(CheckedPiece& checked, const QString& text)
 void addUnknown(CheckedPiece& checked, const QString& marker)
 {
     const QString suggestion = MarkerScan::suggestion(MarkerScan::wordOf(marker));
-    checked.remarks.append(
-        {Remark::Kind::UnknownMarker,
-         QStringLiteral("%1 has no meaning: it is removed, and the text behind it is shown as "
-                        "ordinary output%2")
-             .arg(marker, suggestion.isEmpty()
-                              ? QString()
-                              : QStringLiteral("; %1 was probably meant").arg(suggestion))});
+    const QString text =
+        QCoreApplication::translate(
+            "Remark", "%1 has no meaning: it is removed, and the text behind it is shown as "
+                      "ordinary output")
+            .arg(marker);
+    checked.remarks.append({Remark::Kind::UnknownMarker,
+                            text + (suggestion.isEmpty() ? QString()
+                                                         : QCoreApplication::translate(
+                                                               "Remark", "; %1 was probably meant")
+                                                               .arg(suggestion))});
 }
 
 // Of one marker: the body is its own, empty for one that repeats the body before it.
@@ -70,7 +77,8 @@ void addBody(CheckedPiece& checked, const CheckedMessage& message, const QString
         if (!body.trimmed().isEmpty()) {
             checked.remarks.append(
                 {Remark::Kind::TextAfterLineFeed,
-                 QStringLiteral("%1 is dropped: a line feed has no text").arg(quoted(body))});
+                 QCoreApplication::translate("Remark", "%1 is dropped: a line feed has no text")
+                     .arg(quoted(body))});
         }
         return;
     }
@@ -82,7 +90,8 @@ void addBody(CheckedPiece& checked, const CheckedMessage& message, const QString
         checked.remarks += PercentageText::remarks(body, message.text);
     } else if (body.trimmed().isEmpty()) {
         checked.remarks.append(
-            {Remark::Kind::NoText, QStringLiteral("no text stands behind the marker")});
+            {Remark::Kind::NoText,
+             QCoreApplication::translate("Remark", "no text stands behind the marker")});
     }
     checked.remarks += MessageTable::remarks(message.type, message.text);
 }
@@ -92,10 +101,11 @@ void addMarked(CheckedPiece& checked, const QString& text,
 {
     const QString before = text.left(markers.constFirst().position);
     if (!before.trimmed().isEmpty()) {
-        checked.remarks.append({Remark::Kind::TextBeforeMarker,
-                                QStringLiteral("%1 is dropped: it stands in front of the first "
-                                               "marker of the line")
-                                    .arg(quoted(before))});
+        checked.remarks.append(
+            {Remark::Kind::TextBeforeMarker,
+             QCoreApplication::translate("Remark", "%1 is dropped: it stands in front of the first "
+                                                   "marker of the line")
+                 .arg(quoted(before))});
     }
     addNearMiss(checked, before);
     bool hasBody = false;
@@ -133,8 +143,9 @@ CheckedPiece PieceCheck::check(const SolverPiece& piece)
     const QString cleaned = PieceText::cleaned(text);
     if (cleaned.size() != QString(text).remove(u'\r').remove(u'\n').size()) {
         checked.remarks.append({Remark::Kind::RuntimeText,
-                                QStringLiteral("what the parallel runtime prints when it closes "
-                                               "its sockets is removed")});
+                                QCoreApplication::translate(
+                                    "Remark", "what the parallel runtime prints when it closes "
+                                              "its sockets is removed")});
     }
     const QVector<MarkerScan::Found> markers = MarkerScan::markers(cleaned);
     if (markers.isEmpty()) {

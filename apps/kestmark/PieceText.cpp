@@ -4,6 +4,8 @@
 
 #include <common_KestProcessMessage.h>
 
+#include <QCoreApplication>
+
 #include <algorithm>
 
 namespace {
@@ -99,23 +101,27 @@ QVector<Remark> PieceText::remarks(const SolverPiece& piece)
     const int front = leadingRest(piece);
     if (!isUtf8(piece.bytes.mid(front, piece.bytes.size() - front - trailingStart(piece)))) {
         result.append({Remark::Kind::NotUtf8,
-                       QStringLiteral("not UTF-8: bytes that cannot be read are shown as %1")
+                       QCoreApplication::translate(
+                           "Remark", "not UTF-8: bytes that cannot be read are shown as %1")
                            .arg(QChar(QChar::ReplacementCharacter))});
     }
     if (line.contains('\r') && !line.trimmed().isEmpty()) {
         result.append({Remark::Kind::CarriageReturn,
-                       QStringLiteral("carriage returns are removed, and the text in front of them "
-                                      "and behind them is joined; print whole lines")});
+                       QCoreApplication::translate(
+                           "Remark", "carriage returns are removed, and the text in front of them "
+                                     "and behind them is joined; print whole lines")});
     }
     if (std::any_of(line.cbegin(), line.cend(), isControl)) {
         result.append({Remark::Kind::ControlCharacter,
-                       QStringLiteral("control characters, such as those of colours, are not "
-                                      "interpreted")});
+                       QCoreApplication::translate(
+                           "Remark", "control characters, such as those of colours, are not "
+                                     "interpreted")});
     }
     if (piece.number == 1 && !piece.isLast) {
         result.append({Remark::Kind::LongLine,
-                       QStringLiteral("longer than 1023 bytes: it arrives in pieces, and each is "
-                                      "read like a line of its own")});
+                       QCoreApplication::translate(
+                           "Remark", "longer than 1023 bytes: it arrives in pieces, and each is "
+                                     "read like a line of its own")});
     }
     return result;
 }
@@ -124,8 +130,9 @@ QVector<Remark> PieceText::cutRemarks(const QString& endBefore, const SolverPiec
 {
     QVector<Remark> result;
     if (leadingRest(piece) > 0) {
-        result.append({Remark::Kind::CutCharacter,
-                       QStringLiteral("a character is lost where the line is cut")});
+        result.append(
+            {Remark::Kind::CutCharacter,
+             QCoreApplication::translate("Remark", "a character is lost where the line is cut")});
     }
     const QString before = endBefore.right(longestMarker);
     const auto found = MarkerScan::markers(before + decode(piece).left(longestMarker));
@@ -136,7 +143,8 @@ QVector<Remark> PieceText::cutRemarks(const QString& endBefore, const SolverPiec
     const auto marker = std::find_if(found.begin(), found.end(), isCut);
     if (marker != found.end()) {
         result.append({Remark::Kind::CutMarker,
-                       QStringLiteral("%1 is not recognised, because the line is cut within it")
+                       QCoreApplication::translate(
+                           "Remark", "%1 is not recognised, because the line is cut within it")
                            .arg(marker->text)});
     }
     return result;

@@ -2,6 +2,8 @@
 
 #include <VisibleText.h>
 
+#include <QCoreApplication>
+
 namespace {
 
 constexpr int longestText = 60;
@@ -12,5 +14,6 @@ QString quoted(const QString& text)
 {
     const QString trimmed = text.trimmed();
     const QString end = trimmed.size() > longestText ? QStringLiteral("...") : QString();
-    return QStringLiteral("\"%1%2\"").arg(suite::visibleText(trimmed.left(longestText)), end);
+    return QCoreApplication::translate("Quoted", "\"%1%2\"")
+        .arg(suite::visibleText(trimmed.left(longestText)), end);
 }

@@ -6,6 +6,7 @@
 
 #include <VisibleText.h>
 
+#include <QCoreApplication>
 #include <QStringList>
 
 namespace {
@@ -16,9 +17,11 @@ constexpr int numberWidth = 6;
 
 QString shown(const QString& text)
 {
-    return text.size() <= longestText ? suite::visibleText(text)
-                                      : suite::visibleText(text.left(longestText)) +
-                                            QStringLiteral("... (%1 characters)").arg(text.size());
+    return text.size() <= longestText
+               ? suite::visibleText(text)
+               : suite::visibleText(text.left(longestText)) +
+                     QCoreApplication::translate("TextReport", "... (%1 characters)")
+                         .arg(text.size());
 }
 
 QString label(const CheckedPiece& piece)
@@ -29,27 +32,35 @@ QString label(const CheckedPiece& piece)
 
 QString explanation(const CheckedMessage& message)
 {
-    QString text = QStringLiteral("\"%1\"").arg(shown(message.text));
+    QString text = QCoreApplication::translate("TextReport", "\"%1\"").arg(shown(message.text));
     if (message.type == common_IProcessMessage::LineFeed) {
-        text = QStringLiteral("an empty line");
+        text = QCoreApplication::translate("TextReport", "an empty line");
     } else if (message.type == common_IProcessMessage::Percentage ||
                message.type == common_IProcessMessage::TotalPercentage) {
         text = message.text + QStringLiteral(" %");
     }
     if (message.isRepeated) {
-        text += QStringLiteral(", repeated from the marker before");
+        text += QCoreApplication::translate("TextReport", ", repeated from the marker before");
     }
     if (message.listed) {
-        text += QStringLiteral(", listed as %1 | %2")
+        text += QCoreApplication::translate("TextReport", ", listed as %1 | %2")
                     .arg(shown(message.listed->identifier), shown(message.listed->description));
     }
     return text;
 }
 
-QString counted(qint64 count, const char* noun)
+QString lineText(qint64 count)
 {
-    return QStringLiteral("%1 %2%3").arg(QString::number(count), QLatin1String(noun),
-                                         count == 1 ? QString() : QStringLiteral("s"));
+    return (count == 1 ? QCoreApplication::translate("TextReport", "%1 line")
+                       : QCoreApplication::translate("TextReport", "%1 lines"))
+        .arg(count);
+}
+
+QString remarkText(qint64 count)
+{
+    return (count == 1 ? QCoreApplication::translate("TextReport", "%1 remark")
+                       : QCoreApplication::translate("TextReport", "%1 remarks"))
+        .arg(count);
 }
 
 QString counts(const OutputSummary& summary)
@@ -62,7 +73,8 @@ QString counts(const OutputSummary& summary)
                              .arg(typeWord(static_cast<common_IProcessMessage::Type>(type))));
         }
     }
-    return parts.isEmpty() ? QStringLiteral("no messages") : parts.join(QStringLiteral(", "));
+    return parts.isEmpty() ? QCoreApplication::translate("TextReport", "no messages")
+                           : parts.join(QStringLiteral(", "));
 }
 
 } // namespace
@@ -76,7 +88,9 @@ void TextReport::add(const CheckedPiece& piece)
         return;
     }
     if (piece.messages.isEmpty()) {
-        writeLine(QStringLiteral("%1  nothing").arg(label(piece), numberWidth));
+        writeLine(QStringLiteral("%1  %2")
+                      .arg(label(piece), numberWidth)
+                      .arg(QCoreApplication::translate("TextReport", "nothing")));
     }
     for (const CheckedMessage& message : piece.messages) {
         writeLine(QStringLiteral("%1  %2  %3")
@@ -99,8 +113,8 @@ void TextReport::add(const Remark& remark)
 
 void TextReport::finish(const OutputSummary& summary)
 {
-    writeLine(QStringLiteral("%1: %2").arg(counted(summary.lines, "line"), counts(summary)));
-    writeLine(counted(summary.remarks, "remark"));
+    writeLine(QStringLiteral("%1: %2").arg(lineText(summary.lines), counts(summary)));
+    writeLine(remarkText(summary.remarks));
 }
 
 void TextReport::fail(const QString& /*problem*/)

@@ -186,10 +186,11 @@ QString ResultView::readout(double frequency) const
                        .arg(QString::number(frequency, 'f', 3));
     for (int place = 0; place < m_results.size(); ++place) {
         const Result& result = m_results.at(place);
-        const QString cells = QStringLiteral("<td>%1 + j %2 \u03a9&nbsp;&nbsp;</td><td>SWR %3</td>")
+        const QString ratio =
+            tr("SWR %1").arg(number(result, frequency, Quantity::StandingWaveRatio, 3));
+        const QString cells = QStringLiteral("<td>%1 + j %2 \u03a9&nbsp;&nbsp;</td><td>%3</td>")
                                   .arg(number(result, frequency, Quantity::Resistance, 2),
-                                       number(result, frequency, Quantity::Reactance, 2),
-                                       number(result, frequency, Quantity::StandingWaveRatio, 3));
+                                       number(result, frequency, Quantity::Reactance, 2), ratio);
         text += QStringLiteral("<tr><td><font color=\"") + colour(place).name() +
                 QStringLiteral("\">") + result.shownName().toHtmlEscaped() +
                 QStringLiteral("</font>&nbsp;&nbsp;</td>") + cells + QStringLiteral("</tr>");

@@ -68,3 +68,9 @@ void Translations::install()
         add(name, folder);
     }
 }
+
+void Translations::remove()
+{
+    const auto installed = QCoreApplication::instance()->findChildren<QTranslator*>();
+    qDeleteAll(installed); // which removes them
+}

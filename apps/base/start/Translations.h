@@ -13,4 +13,7 @@ QStringList languages();
 /// Needs the application object, which owns the translations.
 void install();
 
+/// Has texts in English again, for what scripts read.
+void remove();
+
 } // namespace Translations

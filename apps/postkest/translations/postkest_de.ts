@@ -84,6 +84,10 @@
         <source>Open results of runs (Ctrl+O), or drop them on this window.</source>
         <translation>Öffnen Sie Ergebnisse von Läufen (Strg+O) oder legen Sie sie auf diesem Fenster ab.</translation>
     </message>
+    <message>
+        <source>SWR %1</source>
+        <translation>SWV %1</translation>
+    </message>
 </context>
 <context>
     <name>ViewerWindow</name>
