@@ -89,6 +89,7 @@ RUN = {
 # Commands that are not run, with the reason.
 whole = "builds or tests the whole project, as this test is a part of"
 long = "takes minutes or hours"
+cross = "needs the libraries for Windows, which take a while to build"
 window = "opens a window and waits for its user; tst_welcome_panel and others start the window"
 NOT_RUN = {
     "./run": whole,
@@ -116,6 +117,10 @@ NOT_RUN = {
     "scripts/translations": "the test of the translations runs its checks; the sources stay as they are",
     "scripts/translations --drop": "the test of the translations runs its checks; the sources stay as they are",
     "scripts/translations --check": "the test of the translations runs it",
+    "cmake --preset windows": cross,
+    "cmake --build --preset windows": cross,
+    "cmake --build --preset windows --target kest_tests": cross,
+    "ctest --preset windows -R tst_EnvironmentVariable": cross,
     "scripts/lint tidy": long,
     "scripts/lint clazy": long,
     "scripts/docs": "the test docs runs its checks; the site needs doxygen",

@@ -31,7 +31,7 @@ private Q_SLOTS:
     {
         m_folder = std::make_unique<QTemporaryDir>();
         qputenv("KEST_USER_HOME", m_folder->path().toLocal8Bit());
-        qputenv("KEST_HOME", m_folder->path().toLocal8Bit());
+        qputenv("KEST_HOME", KEST_SUITE);
         QCoreApplication::setApplicationVersion(text("1.2.3"));
         m_services =
             std::make_unique<Services>(ApplicationIdentity{text("editkest"), QString()}, false);
@@ -86,7 +86,8 @@ private Q_SLOTS:
             shown.append(box.text());
             box.reject();
         });
-        m_window->findChild<DeckEditor*>()->setPlainText(text("CE\n"));
+        editor()->setPlainText(text("CE\n"));
+        editor()->document()->setModified(true);
         m_window->close();
         m_window->openDeck(m_folder->filePath(text("none.nec")));
         editor()->document()->setModified(false);
@@ -99,7 +100,7 @@ private Q_SLOTS:
         m_window->findChild<QAction*>(text("saveAction"))->trigger();
         m_window->findChild<QAction*>(text("aboutAction"))->trigger();
         editor()->document()->setModified(false);
-        QCOMPARE(boxes.texts.size(), 5);
+        QVERIFY2(boxes.texts.size() == 5, qPrintable(boxes.texts.join(u'|')));
         QCOMPARE(boxes.texts.at(0), text("Das Modell wurde geändert. Soll es gespeichert werden?"));
         QCOMPARE(m_german.untranslated(shown, allowed()), QStringList());
     }

@@ -31,7 +31,7 @@ private Q_SLOTS:
     void init()
     {
         qputenv("KEST_USER_HOME", m_folder.path().toLocal8Bit());
-        qputenv("KEST_HOME", m_folder.path().toLocal8Bit());
+        qputenv("KEST_HOME", KEST_SUITE);
         m_services =
             std::make_unique<Services>(ApplicationIdentity{text("postkest"), QString()}, false);
     }

@@ -165,7 +165,7 @@ private Q_SLOTS:
     void remarksAreGermanAndTheirWordsAreNot()
     {
         const Answer answer = run(words("kestmark check"), {text("KEST_LANGUAGE=de")},
-                                  "-*-eror-*-boom\n-*-totalpercentage-*-100\n");
+                                  "-*-eror-*-boom\n-*-total-percentage-*-100%\n");
         QCOMPARE(answer.exitCode, 1);
         QVERIFY2(answer.output.contains(text("unknown-marker: -*-eror-*- hat keine Bedeutung")),
                  qPrintable(answer.output));
