@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // A net of 10,000 wires turned by software and by OpenGL, at the size of a large window.
 #include "RatioReporter.h"
 

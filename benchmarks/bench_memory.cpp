@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The resident memory of a process with a runner, over ten million lines of its child.
 #include <common_ObserverOf.h>
 #include <common_ProcessRunner.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // What a user does with a million lines of output, one after another in one dialog, and how long
 // the window stands still for it.
 #include "DialogFlood.h"

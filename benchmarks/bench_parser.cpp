@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The marker scanner against the regular expressions, built anew for each line.
 #include "RatioReporter.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The process dialog under a flood from a child, folded as it is at first and with its details
 // open, against PlainDialog; and how alive it stays meanwhile.
 //

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // How well the remaining time of runs is estimated: the components solve models for real, once
 // without earlier runs and once with the first run as an earlier one, and courses of long runs are
 // replayed. Arguments name the models, by default all. Prints the ratio of the estimated to the

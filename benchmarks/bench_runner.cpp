@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The process runner against a bare QProcess loop that reads and decodes the same lines, and
 // against two processes with nothing but a pipe between them, which is the most that any reader can
 // reach.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // What an application pays for the library before it has done anything: loading it, which registers
 // the properties, and constructing the process dialog.
 #include <DialogStage.h>

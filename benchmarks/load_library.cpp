@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Loads the library that is named into a process that uses Qt's widgets already, and prints the
 // seconds that it took.
 #include <QApplication>

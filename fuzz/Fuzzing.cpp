@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "Fuzzing.h"
 
 #include <QtGlobal>

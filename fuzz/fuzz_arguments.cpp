@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // kestdesk's own command line, a line of the input for each argument.
 
 #include "Fuzzing.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Launch options of any values, a line "name=value" each, as the components' command lines; and
 // those command lines as the components read them.
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // A deck in the editor: what was not edited comes back byte for byte.
 
 #include "Fuzzing.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // A deck as prekest reads and checks it.
 
 #include "Fuzzing.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // What the engine printed, or another program in its place.
 
 #include "Fuzzing.h"

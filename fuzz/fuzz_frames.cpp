@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The stream between the processes of a run, which another program may have printed on. An input
 // begins with a byte that says how much arrives at once.
 

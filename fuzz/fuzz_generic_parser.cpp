@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The parser of plain output, held against the same steps character by character.
 
 #include "Fuzzing.h"

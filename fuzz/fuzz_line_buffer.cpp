@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The runner's line buffer, held against a reading of the whole stream: lines with their line feed,
 // longer ones in pieces of 1023 bytes, and nothing of a line that has not ended.
 //

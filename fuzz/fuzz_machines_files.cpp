@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // A machines file as the library counts it, and as the programs of the suite read it.
 
 #include "Fuzzing.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The parser of marked output, held against the regular expressions that define it.
 
 #include "Fuzzing.h"

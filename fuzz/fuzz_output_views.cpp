@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Lines of any content in the process dialog: they are parsed and shown as those of a component,
 // and the plain line behind them is shown plain.
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // A table of results as postkest reads it.
 
 #include "Fuzzing.h"

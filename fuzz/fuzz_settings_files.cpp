@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // A settings file of any content: it is read, written and read again, and then holds the same.
 
 #include "Fuzzing.h"

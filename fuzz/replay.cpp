@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The main function of a fuzzer that was not built for fuzzing: tries the files, and the files in
 // the folders, that are named on the command line, once each.
 

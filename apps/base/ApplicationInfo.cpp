@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "ApplicationInfo.h"
 
 #include "Installation.h"

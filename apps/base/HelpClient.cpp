@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "HelpClient.h"
 
 #include "HelpViewer.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "HelpMenu.h"
 
 #include "AboutBox.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "HelpPages.h"
 
 #include <InputFile.h>

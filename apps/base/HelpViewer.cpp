@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "HelpViewer.h"
 
 #include "HelpBrowser.h"

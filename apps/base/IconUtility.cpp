@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "IconUtility.h"
 
 #include "IconEngine.h"

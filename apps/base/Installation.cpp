@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "Installation.h"
 
 #include <common_EnvironmentVariablesExt.h>

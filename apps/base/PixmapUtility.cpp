@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "PixmapUtility.h"
 
 #include "Pictures.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "ScriptRecorder.h"
 
 #include <InputFile.h>

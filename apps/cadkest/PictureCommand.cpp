@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "PictureCommand.h"
 
 #include "PictureFile.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "ProbeCommand.h"
 
 #include "HardwareRenderer.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "WindowCommand.h"
 
 #include "HardwareOffer.h"

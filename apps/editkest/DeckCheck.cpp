@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "DeckCheck.h"
 
 #include <Preprocessor.h>

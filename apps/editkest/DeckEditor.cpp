@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "DeckEditor.h"
 
 #include "FindingMargin.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "DeckHighlighter.h"
 
 #include <common_Contrast.h>

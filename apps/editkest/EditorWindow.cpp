@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "EditorWindow.h"
 
 #include "DeckCheck.h"

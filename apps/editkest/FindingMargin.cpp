@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "FindingMargin.h"
 
 #include "DeckEditor.h"

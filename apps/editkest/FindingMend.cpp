@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "FindingMend.h"
 
 #include <CardRules.h>

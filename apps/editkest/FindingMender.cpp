@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "FindingMender.h"
 
 #include "DeckEditor.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "JsonReport.h"
 
 #include "CheckedPiece.h"

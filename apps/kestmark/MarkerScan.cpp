@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "MarkerScan.h"
 
 #include "NearWord.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "OutputCheck.h"
 
 #include "OutputReport.h"

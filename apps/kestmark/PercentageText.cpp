@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "PercentageText.h"
 
 #include "Quoted.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "PieceCheck.h"
 
 #include "MarkerScan.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "PieceText.h"
 
 #include "MarkerScan.h"

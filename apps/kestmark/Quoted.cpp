@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "Quoted.h"
 
 #include <VisibleText.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "TextReport.h"
 
 #include "CheckedPiece.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "Export.h"
 
 #include "ResultView.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "QuantityChart.h"
 
 #include <common_Contrast.h>

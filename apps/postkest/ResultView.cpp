@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "ResultView.h"
 
 #include <QCoreApplication>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "ViewerWindow.h"
 
 #include "Export.h"

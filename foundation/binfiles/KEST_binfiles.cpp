@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include <KEST_binfiles.h>
 
 #include "LockFile.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include <KEST_binfiles_paths.h>
 
 #include <QDir>

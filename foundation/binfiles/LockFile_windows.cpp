@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "LockFile.h"
 
 #include "LockOwner.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "LockOwner.h"
 
 #include "OwnerProcess.h"

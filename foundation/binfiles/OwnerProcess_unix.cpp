@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "OwnerProcess.h"
 
 #include <RunningProcesses.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "PortableLockFile.h"
 
 #include "LockOwner.h"

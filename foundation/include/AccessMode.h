@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #pragma once
 
 /// How a settings object uses its file: only one object at a time may have write access.

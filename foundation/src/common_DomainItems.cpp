@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include <common_ConstantLabeledItem.h>
 #include <common_DomainEntity.h>
 #include <common_IValidatable.h>

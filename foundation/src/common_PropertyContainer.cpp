@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include <common_PropertyContainer.h>
 
 #include <common_PropertyFactory.h>

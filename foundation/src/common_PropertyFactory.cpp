@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include <common_PropertyFactory.h>
 
 #include <common_Assert.h>

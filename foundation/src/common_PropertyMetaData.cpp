@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include <common_PropertyMetaData.h>
 
 common_PropertyMetaData::common_PropertyMetaData(const QString& name, const QString& label,

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include <common_PropertyReference.h>
 
 #include <common_IPropertyContainer.h>

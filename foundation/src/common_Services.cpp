@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include <common_HelpClient.h>
 #include <common_IApplication.h>
 #include <common_IApplicationInfo.h>

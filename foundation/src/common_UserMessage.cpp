@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include <common_UserMessage.h>
 
 common_UserMessage::common_UserMessage(const QString& text, const QString& code, MessageType type,

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include <common_UserQuery.h>
 
 #include <common_IApplication.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "FileProbe.h"
 
 #include <QFileInfo>

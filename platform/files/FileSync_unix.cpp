@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "FileSync.h"
 
 #include <QFile>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "MarkedFolders.h"
 
 #include "ProcessMark.h"

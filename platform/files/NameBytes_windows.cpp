@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "NameBytes.h"
 
 QByteArray NameBytes::of(const QString& path)

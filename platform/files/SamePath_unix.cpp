@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "SamePath.h"
 
 bool SamePath::areEqual(const QString& path, const QString& other)

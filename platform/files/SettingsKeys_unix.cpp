@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "SettingsKeys.h"
 
 QString SettingsKeys::comparable(const QString& key)

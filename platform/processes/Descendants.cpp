@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "Descendants.h"
 
 // A process that just lost its parent may be missed in one pass, but not in two.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "DescendantsEnding.h"
 
 #include "Descendants.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #pragma once
 
 /// Nice values, the scheduling priority of processes: from -20, the highest, to 19.

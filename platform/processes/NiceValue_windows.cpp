@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "NiceValue.h"
 
 // Every user may raise the priority of a process, below that of the system's own.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "OrphanReaper.h"
 
 #include "Descendants.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "OrphanReaper.h"
 
 // Windows adopts no orphans.

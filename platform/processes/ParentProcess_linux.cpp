@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "ParentProcess.h"
 
 #include "RunningProcesses.h"

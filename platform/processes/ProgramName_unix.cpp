@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "ProgramName.h"
 
 const char* ProgramName::suffix()

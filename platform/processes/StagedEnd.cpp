@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "StagedEnd.h"
 
 #include <utility>

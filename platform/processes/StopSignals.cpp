@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "StopSignals.h"
 
 void StopSignals::watch(QObject* receiver, const std::function<void()>& onStop)

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "WriteFailures.h"
 
 // Writes always fail with an error here.

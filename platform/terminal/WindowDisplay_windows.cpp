@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "WindowDisplay.h"
 
 bool WindowDisplay::exists()

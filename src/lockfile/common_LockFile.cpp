@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include <common_LockFile.h>
 
 #include <KEST_binfiles.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include <common_GenericProcessMessage.h>
 
 #include "common_LineEnds.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include <common_IProcessMessage.h>
 
 common_IProcessMessage::~common_IProcessMessage() = default;

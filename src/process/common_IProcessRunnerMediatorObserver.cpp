@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include <common_IProcessRunnerMediatorObserver.h>
 
 common_IProcessRunnerMediatorObserver::~common_IProcessRunnerMediatorObserver() = default;

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include <common_IProcessRunnerObserver.h>
 
 common_IProcessRunnerObserver::~common_IProcessRunnerObserver() = default;

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include <common_KestProcessDialog.h>
 
 #include "widgets/common_Colourise.h"

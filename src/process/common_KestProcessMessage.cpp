@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include <common_KestProcessMessage.h>
 
 #include "common_LineEnds.h"

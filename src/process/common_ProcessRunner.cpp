@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include <common_ProcessRunner.h>
 
 template class common_ProcessRunner<common_GenericProcessMessage>;

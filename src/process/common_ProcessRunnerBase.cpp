@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include <common_ProcessRunnerBase.h>
 
 #include "common_LineBuffer.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "common_ProcessRunnerDelivery.h"
 
 common_ProcessRunnerBase::Delivery::Delivery(common_ProcessRunnerBase* runner)

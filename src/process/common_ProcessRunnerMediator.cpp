@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include <common_ProcessRunnerMediator.h>
 
 #include <common_IProcessRunnerMediatorObserver.h>

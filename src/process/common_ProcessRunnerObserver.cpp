@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include <common_ProcessRunnerObserver.h>
 
 #include <common_IProcessMessage.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "common_ErrorQuery.h"
 
 #include <common_UserQuery.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include <common_MachineFileFinder.h>
 
 #include "common_ErrorQuery.h"

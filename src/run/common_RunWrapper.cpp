@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include <common_RunWrapper.h>
 
 #include "common_ErrorQuery.h"

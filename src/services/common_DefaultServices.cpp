@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include <common_DefaultServices.h>
 
 #include "common_DefaultSession.h"

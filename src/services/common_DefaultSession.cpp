@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "common_DefaultSession.h"
 
 #include <common_UserMessage.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include <common_ServiceNames.h>
 
 QStringList common_ServiceNames::all()

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "common_ThemeIcons.h"
 
 #include <common_ProcessDialogIcons.h>

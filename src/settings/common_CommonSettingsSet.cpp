@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include <common_CommonSettingsSet.h>
 
 #include "common_DefaultSettings.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include <common_SettingsLock.h>
 
 #include <KEST_binfiles.h>

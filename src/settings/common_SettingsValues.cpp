@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "common_SettingsValues.h"
 
 #include <SettingsKeys.h>

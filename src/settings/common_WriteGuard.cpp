@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "common_WriteGuard.h"
 
 #include <SpecialPath.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include <common_settings.h>
 
 #include "common_DefaultSettings.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "InputFile.h"
 
 #include "FileName.h"

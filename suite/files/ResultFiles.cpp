@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "ResultFiles.h"
 
 #include "InputFile.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "HostList.h"
 
 #include "HostName.h"

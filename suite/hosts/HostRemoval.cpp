@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "HostRemoval.h"
 
 #include "MachinesLine.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "MachinesFile.h"
 
 #include "HostName.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "MachinesLine.h"
 
 #include "HostName.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "RemoteHost.h"
 
 #include "HostName.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "SlurmJob.h"
 
 #include "HostList.h"

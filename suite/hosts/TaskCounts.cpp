@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "TaskCounts.h"
 
 #include "HostList.h"

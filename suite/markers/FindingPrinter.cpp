@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "FindingPrinter.h"
 
 #include "MarkerPrinter.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "MarkerLine.h"
 
 namespace suite {

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "MarkerPrinter.h"
 
 #include "MarkerLine.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "AdaptiveSampling.h"
 
 #include "PlainText.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "CardParser.h"
 
 #include "DefinitionReader.h"

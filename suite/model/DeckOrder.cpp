@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "DeckOrder.h"
 
 #include "CardRules.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "DeckReader.h"
 
 #include "CardParser.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "DefinitionReader.h"
 
 #include "CardRules.h"

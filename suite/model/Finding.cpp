@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "Finding.h"
 
 #include "PlainText.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "ModelFile.h"
 
 #include <FileName.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "NamedValues.h"
 
 namespace suite {

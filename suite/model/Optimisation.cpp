@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "Optimisation.h"
 
 #include "Expression.h"

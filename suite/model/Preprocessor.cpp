@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "Preprocessor.h"
 
 #include "CardRules.h"

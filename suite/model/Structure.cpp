@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "Structure.h"
 
 namespace suite {

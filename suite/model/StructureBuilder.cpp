@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "StructureBuilder.h"
 
 #include "Transformation.h"

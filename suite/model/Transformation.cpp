@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "Transformation.h"
 
 #include <cmath>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "Wire.h"
 
 #include <algorithm>

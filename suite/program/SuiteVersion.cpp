@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "SuiteVersion.h"
 
 namespace suite {

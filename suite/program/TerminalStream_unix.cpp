@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "TerminalStream.h"
 
 #include <poll.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "ResultTable.h"
 
 #include "InputFile.h"

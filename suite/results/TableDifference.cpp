@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "TableDifference.h"
 
 #include "ResultTable.h"

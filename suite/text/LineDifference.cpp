@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "LineDifference.h"
 
 #include <QHash>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "Place.h"
 
 #include "PlainText.h"

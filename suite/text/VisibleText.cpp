@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "VisibleText.h"
 
 #include "FileName.h"

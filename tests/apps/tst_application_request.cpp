@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "ApplicationDescription.h"
 #include "ApplicationRequest.h"
 #include "PictureOptions.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include <ApplicationIdentity.h>
 #include <BoxAnswerer.h>
 #include <HelpMenu.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "LaunchOptionsStage.h"
 
 #include <SettingsFolders.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include <BoxAnswerer.h>
 #include <SettingsFolders.h>
 #include <Text.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "SubcommandGroup.h"
 #include "SubcommandWords.h"
 

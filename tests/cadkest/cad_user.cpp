@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // A plugin for any program of Qt: plays the user of cadkest. What it does stands in the variable
 // KEST_CAD_USER, a step a line, each done as soon as it can be; what it sees goes to standard
 // error.

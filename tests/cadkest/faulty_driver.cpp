@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Loaded before the graphics driver: plays one that crashes, never answers or leaves everything
 // black as soon as something is to be drawn. KEST_DRIVER_FAULT is "trial crashes", "trial hangs",
 // "trial is black" or "window crashes": the trial is the process that only tries the driver.

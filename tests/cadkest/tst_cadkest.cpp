@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include <NativeRun.h>
 #include <Text.h>
 

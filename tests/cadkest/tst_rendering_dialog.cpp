@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "RenderingStage.h"
 
 #include <SmallScreen.h>

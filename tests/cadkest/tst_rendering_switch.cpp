@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "OpenGlDisplay.h"
 #include "RenderingStage.h"
 

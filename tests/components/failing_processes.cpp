@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Loaded before the C library: plays a system that runs out of processes, and one whose signals
 // interrupt. FAILING_PROCESSES says which call fails, and how.
 #include <cerrno>

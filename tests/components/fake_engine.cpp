@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Stands in for the engine. The variable FAKE_ENGINE names the part it plays.
 
 #include <QCoreApplication>

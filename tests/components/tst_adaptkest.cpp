@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "AdaptkestParts.h"
 #include "SuiteRun.h"
 

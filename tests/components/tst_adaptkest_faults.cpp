@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "AdaptkestFaults.h"
 #include "BrokenEngines.h"
 #include "MarkedRuns.h"

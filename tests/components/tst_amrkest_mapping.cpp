@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "Preprocessor.h"
 #include "SegmentRefinement.h"
 #include "SuiteRun.h"

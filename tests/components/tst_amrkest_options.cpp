@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "AmrkestParts.h"
 #include "MarkedRuns.h"
 #include "OptionChecks.h"

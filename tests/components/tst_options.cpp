@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "SuiteRun.h"
 
 #include "CommandLine.h"

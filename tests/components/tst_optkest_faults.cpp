@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "BrokenEngines.h"
 #include "OptkestRun.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "OptkestParts.h"
 #include "OptkestRun.h"
 

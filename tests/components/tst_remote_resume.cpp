@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "BrokenSweep.h"
 #include "RemoteParts.h"
 

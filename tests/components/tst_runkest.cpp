@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "RunkestParts.h"
 #include "SuiteRun.h"
 

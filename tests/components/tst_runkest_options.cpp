@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "OptionChecks.h"
 #include "RunkestParts.h"
 #include "SuiteRun.h"

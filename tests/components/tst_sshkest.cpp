@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "SuiteRun.h"
 
 #include <Text.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "TuningReport.h"
 #include "TuningSearch.h"
 

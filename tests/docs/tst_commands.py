@@ -1,4 +1,5 @@
 #!/usr/bin/env python3
+# SPDX-License-Identifier: MIT
 """Runs the commands that the pages show, on the sample installation.
 
     tst_commands.py SOURCES BUILD PROGRAM_FOLDER...

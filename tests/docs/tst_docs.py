@@ -1,4 +1,5 @@
 #!/usr/bin/env python3
+# SPDX-License-Identifier: MIT
 """Breaks the pages of a small tree, and sees scripts/docs name each mistake."""
 import contextlib
 import importlib.machinery

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "DeckCheck.h"
 #include "DeckEditor.h"
 #include "DeckHighlighter.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "DeckEditor.h"
 #include "EditorStage.h"
 #include "EditorWindow.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "EditorStage.h"
 
 #include <BoxAnswerer.h>

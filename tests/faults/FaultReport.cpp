@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "FaultReport.h"
 
 #include <algorithm>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Plays every test program: functions that pass, fail, are skipped, crash, hang and are killed.
 #include <QtTest>
 

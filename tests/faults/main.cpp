@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Brings about each fault of a table by running the test functions that the table names, and says
 // which were survived.
 //

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The bench itself, with tables and a test program of this test's own.
 #include <QFile>
 #include <QProcess>

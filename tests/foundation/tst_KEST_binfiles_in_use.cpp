@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "LockedFile.h"
 
 #include <Stopwatch.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include <SettingsProcess.h>
 #include <Stopwatch.h>
 

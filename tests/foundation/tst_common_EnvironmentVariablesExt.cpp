@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include <common_EnvironmentVariablesExt.h>
 
 #include <EnvironmentVariable.h>

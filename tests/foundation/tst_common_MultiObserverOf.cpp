@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include <Listening.h>
 
 #include <common_MultiObserverOf.h>

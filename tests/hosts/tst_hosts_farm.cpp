@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "Hosts.h"
 #include "SuiteRun.h"
 

@@ -1,4 +1,5 @@
 #!/usr/bin/env python3
+# SPDX-License-Identifier: MIT
 """Breaks each rule of the house in a small tree, and sees scripts/house name it."""
 import contextlib
 import importlib.machinery
@@ -160,6 +161,18 @@ class House(unittest.TestCase):
         self.write("suite/text/PlainText.h", "#pragma once\n" + 400 * "\n")
         self.assertEqual(self.errors(), "suite/hosts: 41 files, more than 40\n"
                                         "suite/text/PlainText.h: 401 lines, more than 400\n")
+
+    def test_sources_begin_with_their_licence_where_the_project_has_one(self):
+        line = "// SPDX-License-Identifier: MIT\n"
+        for path, text in sources.items():
+            self.write(path, line + text)
+        self.write("examples/minimal/main.cpp", "int main() {}\n")
+        self.write("suite/text/PlainText.h", line + "\n" * 400)
+        self.write("LICENSE", "Everything is permitted.\n")
+        self.assertEqual(self.errors(), "")
+        self.write("suite/text/PlainText.h", "#pragma once\n")
+        self.assertEqual(self.errors(),
+                         "suite/text/PlainText.h: does not begin with // SPDX-License-Identifier: MIT\n")
 
     def test_exceptions_are_listed(self):
         self.write("tests/text/tst_long.cpp", 500 * "\n")

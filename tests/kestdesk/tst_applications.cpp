@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "LaunchStage.h"
 
 #include <BoxReader.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "OptionsStage.h"
 
 #include <CommandLine.h>

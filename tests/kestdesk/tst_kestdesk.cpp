@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "BatchStage.h"
 
 #include <TerminalRun.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "BatchTest.h"
 
 #include <csignal>

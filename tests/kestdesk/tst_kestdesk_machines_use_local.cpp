@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "MachinesStage.h"
 
 // How "kestdesk machines use-local" lets the file name this machine.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // kestdesk as it is started in a terminal with the name of a model that is not there.
 #include "Desk.h"
 #include "TestedProgram.h"

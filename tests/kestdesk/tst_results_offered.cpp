@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "LaunchStage.h"
 
 // The results of runs are offered, and postkest shows them.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // kestdesk and postkest as a person has them before the eyes: both are real processes, worked by
 // clicks from outside.
 #include "Desk.h"

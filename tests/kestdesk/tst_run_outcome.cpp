@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "RunEndings.h"
 
 #include <ProcessEnd.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "WindowStage.h"
 
 #include <NativeRun.h>

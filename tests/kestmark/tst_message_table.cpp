@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include <MessageTable.h>
 
 #include <DialogStage.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "CheckedOutput.h"
 
 #include <MarkerScan.h>

@@ -1,4 +1,5 @@
 #!/usr/bin/env python3
+# SPDX-License-Identifier: MIT
 """Makes the Debian packages of the build tree's files, lets lintian judge them, unpacks them into a folder
 of their own, and works there with what they bring: no package is installed."""
 import csv

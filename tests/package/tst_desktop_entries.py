@@ -1,4 +1,5 @@
 #!/usr/bin/env python3
+# SPDX-License-Identifier: MIT
 """Installs what desktops read, and lets their own tools judge it."""
 import glob
 import os

@@ -1,4 +1,5 @@
 #!/usr/bin/env python3
+# SPDX-License-Identifier: MIT
 """Runs ./run and ./check where packages are missing, on a terminal and without one, with programs that
 only pretend to install."""
 import os

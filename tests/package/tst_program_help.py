@@ -1,4 +1,5 @@
 #!/usr/bin/env python3
+# SPDX-License-Identifier: MIT
 """Compares the manual pages and the completions for shells with what the programs print for --help-all."""
 import glob
 import os

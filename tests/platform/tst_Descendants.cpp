@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include <Descendants.h>
 #include <DescendantsEnding.h>
 #include <OrphanReaper.h>

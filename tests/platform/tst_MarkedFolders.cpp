@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "EndedProcess.h"
 
 #include <MarkedFolders.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include <RunningProcesses.h>
 
 #include <QtTest>

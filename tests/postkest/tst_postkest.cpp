@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "PostkestRun.h"
 
 #include <NativeRun.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "ViewerStage.h"
 
 #include <BoxAnswerer.h>

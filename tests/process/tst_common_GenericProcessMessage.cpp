@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "MessageValue.h"
 
 #include <common_GenericProcessMessage.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "LauncherInstallation.h"
 
 #include <BoxReader.h>

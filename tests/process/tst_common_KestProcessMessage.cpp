@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "MessageValue.h"
 
 #include <MarkerPattern.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include <RecordingObserver.h>
 
 #include <common_ProcessRunner.h>

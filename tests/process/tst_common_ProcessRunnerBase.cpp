@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "LineRunner.h"
 
 #include <RecordingObserver.h>

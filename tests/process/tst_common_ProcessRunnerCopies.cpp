@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include <common_Assert.h>
 #include <common_ProcessRunner.h>
 

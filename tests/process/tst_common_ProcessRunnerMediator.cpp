@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include <common_IProcessRunnerMediatorObserver.h>
 #include <common_ProcessRunnerMediator.h>
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // What every class that notifies observers guarantees, whichever of its notifications is used.
 
 #include <Notifiers.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The time that the library takes for large and strange output and files.
 #include <ReadingTime.h>
 #include <SettingsFolders.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "RenderingQuestion.h"
 
 #include <ChildRun.h>

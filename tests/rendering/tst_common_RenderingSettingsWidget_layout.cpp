@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "RenderingPanel.h"
 
 #include <common_RenderingSettingsWidget.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 /// Holds what common_RenderingSettingsWidget looks like against those in the folder pictures.
 ///
 /// To make the pictures anew, after looking at why they differ:

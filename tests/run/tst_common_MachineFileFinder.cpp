@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "MachinesHomes.h"
 
 #include <BoxReader.h>

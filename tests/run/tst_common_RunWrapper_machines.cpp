@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "RunWrapperSite.h"
 
 #include <BoxReader.h>

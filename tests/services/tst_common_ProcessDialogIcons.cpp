@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include <DialogStage.h>
 
 #include <common_ProcessDialogIcons.h>

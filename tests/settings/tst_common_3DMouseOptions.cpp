@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include <SettingsFolders.h>
 #include <SettingsProcess.h>
 

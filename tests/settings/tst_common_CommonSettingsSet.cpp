@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "SettingsSetStage.h"
 
 #include <SettingsFolders.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "CommandLineLists.h"
 
 #include <SettingsFolders.h>

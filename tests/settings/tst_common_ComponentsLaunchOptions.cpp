@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "ExpectedOptions.h"
 
 #include <SettingsFolders.h>

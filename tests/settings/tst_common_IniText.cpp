@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "ScriptedSettings.h"
 
 #include <QtVersion.h>

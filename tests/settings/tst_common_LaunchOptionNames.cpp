@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include <common_LaunchOptionMembers.h>
 #include <common_LaunchOptionNames.h>
 #include <common_PropertyFactory.h>

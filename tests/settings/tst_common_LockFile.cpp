@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include <FakeServices.h>
 #include <SettingsProcess.h>
 #include <Stopwatch.h>

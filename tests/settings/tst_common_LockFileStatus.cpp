@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include <FakeServices.h>
 
 #include <KEST_binfiles.h>

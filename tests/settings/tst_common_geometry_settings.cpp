@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include <SettingsFolders.h>
 
 #include <common_geometry_settings.h>

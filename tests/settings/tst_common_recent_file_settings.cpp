@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "RecentFileStage.h"
 
 #include <SettingsFolders.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include <FakeServices.h>
 #include <MarkedFolders.h>
 #include <SettingsObjects.h>

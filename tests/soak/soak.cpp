@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Runs and dialogs for hours in one process, with what the process holds before and after: resident
 // memory, descriptors, children, files in its temporary folder. Ends with 1 when something is lost,
 // left behind, or grows.

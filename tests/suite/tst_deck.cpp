@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "ChangedDeck.h"
 #include "SuiteRun.h"
 

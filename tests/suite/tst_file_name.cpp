@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "FileName.h"
 #include "VisibleText.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "FileIdentity.h"
 #include "FileName.h"
 #include "InputFile.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include <MachinesCases.h>
 #include <MachinesFile.h>
 #include <ReadingTime.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "NamedValueDecks.h"
 #include "SuiteRun.h"
 

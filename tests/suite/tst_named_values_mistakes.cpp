@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "ChangedDeck.h"
 #include "NamedValueDecks.h"
 #include "Preprocessor.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "ProgramArguments.h"
 #include "VisibleText.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include <RunMachines.h>
 
 #include <QTemporaryDir>

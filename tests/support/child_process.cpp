@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Plays every child process of the tests. Its arguments are commands, done one after another:
 // Where the first argument is the name of a file that ends in ".commands", they are read from that
 // file, a word a line, and the other arguments are ignored.

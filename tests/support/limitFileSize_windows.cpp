@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "limitFileSize.h"
 
 bool limitFileSize(quint64 /*bytes*/)

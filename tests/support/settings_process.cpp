@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Plays the other processes that use the same settings files. Its first argument is the command:
 //
 //   try FILE                    tries to lock the file, says the status and ends

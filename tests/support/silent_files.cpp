@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Loaded before the C library: plays a network that does not answer. Whoever looks at a file whose
 // path has "/silent/" in it waits for ever.
 #include <cstring>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include <Stopwatch.h>
 #include <UnloadedClock.h>
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "GermanTexts.h"
 #include "ShownTexts.h"
 

@@ -1,4 +1,5 @@
 #!/usr/bin/env python3
+# SPDX-License-Identifier: MIT
 """Breaks the translations of a small tree, and sees scripts/translations name each mistake."""
 import contextlib
 import importlib.machinery

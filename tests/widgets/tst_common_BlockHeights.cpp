@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include <TestRandom.h>
 
 #include <common_BlockHeights.h>

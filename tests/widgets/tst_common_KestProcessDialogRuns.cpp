@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The process dialog with real processes: what it shows of a run, and what it outlives.
 #include "DialogRuns.h"
 

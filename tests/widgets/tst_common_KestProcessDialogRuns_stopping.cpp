@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The process dialog with real processes: how a user stops them.
 #include "DialogRuns.h"
 

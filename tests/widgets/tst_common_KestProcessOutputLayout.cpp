@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "TwoViews.h"
 
 #include <TestRandom.h>

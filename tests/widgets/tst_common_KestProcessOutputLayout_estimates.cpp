@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "TwoViews.h"
 
 #include <common_KestProcessOutputLayout.h>

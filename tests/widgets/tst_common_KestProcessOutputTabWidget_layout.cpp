@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "OutputViews.h"
 
 #include <DialogStage.h>

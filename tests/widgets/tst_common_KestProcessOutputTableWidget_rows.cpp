@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "MessageTables.h"
 
 #include <DialogStage.h>

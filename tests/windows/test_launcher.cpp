@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // test_launcher [NAME=VALUE]... -- PROGRAM [ARGUMENT]...: runs a test with these variables, which
 // Wine would keep to itself or replace: those of Qt, and the folders for temporary files and of the
 // user.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "EngineVersion.h"
 
 #include <VisibleText.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "Versions.h"
 
 #include <QCoreApplication>

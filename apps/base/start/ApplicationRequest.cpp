@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "ApplicationRequest.h"
 
 #include "ApplicationDescription.h"

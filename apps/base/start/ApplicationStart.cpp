@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "ApplicationStart.h"
 
 #include "ApplicationDescription.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "ErrorOutput.h"
 
 #include <VisibleText.h>

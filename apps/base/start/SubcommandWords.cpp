@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "SubcommandWords.h"
 
 #include "Subcommand.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "SuiteFolders.h"
 
 #include <QCoreApplication>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "Translations.h"
 
 #include "ErrorOutput.h"

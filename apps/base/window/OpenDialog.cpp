@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "OpenDialog.h"
 
 #include <FileName.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "RecentMenu.h"
 
 #include "ToolTip.h"

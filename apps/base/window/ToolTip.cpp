@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "ToolTip.h"
 
 #include <VisibleText.h>

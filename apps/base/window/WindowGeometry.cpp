@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "WindowGeometry.h"
 
 #include <common_geometry_settings.h>

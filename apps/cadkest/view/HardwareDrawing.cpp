@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "HardwareDrawing.h"
 
 #include <QOpenGLContext>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "HardwareRenderer.h"
 
 #include "HardwareDrawing.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "ModelReader.h"
 
 #include <ModelFile.h>

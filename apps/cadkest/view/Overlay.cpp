@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "Overlay.h"
 
 #include "RoundLength.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "Raster.h"
 
 #include <algorithm>

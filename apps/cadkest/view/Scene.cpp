@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "Scene.h"
 
 #include <Model.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "SceneColours.h"
 
 #include <QPalette>

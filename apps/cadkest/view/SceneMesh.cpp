@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "SceneMesh.h"
 
 #include "MeshBuilder.h"

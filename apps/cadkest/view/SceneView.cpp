@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "SceneView.h"
 
 #include "Canvas.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "SoftwareRenderer.h"
 
 #include "SoftwarePicture.h"

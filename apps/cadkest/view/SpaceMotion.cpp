@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "SpaceMotion.h"
 
 #include "Camera.h"

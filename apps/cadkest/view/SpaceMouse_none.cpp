@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "SpaceMouse.h"
 
 std::unique_ptr<SpaceMouse> SpaceMouse::create()

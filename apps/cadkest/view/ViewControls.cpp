@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "ViewControls.h"
 
 #include "Camera.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "HardwareOffer.h"
 
 #include "MainWindow.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "HardwareProbe.h"
 
 #include <VisibleText.h>

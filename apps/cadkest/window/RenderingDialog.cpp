@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "RenderingDialog.h"
 
 #include "RenderingSettings.h"

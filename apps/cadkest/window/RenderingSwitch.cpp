@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "RenderingSwitch.h"
 
 #include "MainWindow.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "DetachableThread.h"
 
 #include <condition_variable>

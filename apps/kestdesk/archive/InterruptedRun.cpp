@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "InterruptedRun.h"
 
 #include "MessageReader.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "MessageTotals.h"
 
 #include "RunOutcome.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "ModelCopy.h"
 
 #include "RecordFolder.h"

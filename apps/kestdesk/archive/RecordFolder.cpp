@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "RecordFolder.h"
 
 #include <InputFile.h>

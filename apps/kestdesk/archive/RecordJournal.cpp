@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "RecordJournal.h"
 
 #include <FileSync.h>

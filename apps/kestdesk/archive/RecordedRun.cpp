@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "RecordedRun.h"
 
 #include "ComponentRunner.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "ResumedRun.h"
 
 #include "RecordedRun.h"

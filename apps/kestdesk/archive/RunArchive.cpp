@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "RunArchive.h"
 
 #include "InterruptedRun.h"

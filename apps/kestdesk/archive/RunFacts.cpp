@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "RunFacts.h"
 
 #include "LaunchOptionsFile.h"

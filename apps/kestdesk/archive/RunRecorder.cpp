@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "RunRecorder.h"
 
 #include "RecordedMessage.h"

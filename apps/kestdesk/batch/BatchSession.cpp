@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "BatchSession.h"
 
 #include "Component.h"

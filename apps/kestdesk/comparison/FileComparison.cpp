@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "FileComparison.h"
 
 #include <InputFile.h>

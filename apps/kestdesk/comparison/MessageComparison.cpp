@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "MessageComparison.h"
 
 #include "MessageReader.h"

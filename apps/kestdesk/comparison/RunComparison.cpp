@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "RunComparison.h"
 
 #include "FileComparison.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "RecordExport.h"
 
 #include "RecordFolder.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "ZipWriter.h"
 
 #include <NameBytes.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "ArchiveLimits.h"
 
 #include "KestdeskSettings.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "ArchiveWatch.h"
 
 #include "InterruptedRun.h"

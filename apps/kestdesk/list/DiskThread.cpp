@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "DiskThread.h"
 
 #include <condition_variable>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "ListedRun.h"
 
 #include "ReasonText.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "QueuePanel.h"
 
 #include "RunOptionWords.h"

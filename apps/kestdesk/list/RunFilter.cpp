@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "RunFilter.h"
 
 #include "RunTableModel.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "RunFilterBar.h"
 
 #include "RunFilter.h"

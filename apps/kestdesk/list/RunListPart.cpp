@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "RunListPart.h"
 
 #include "ArchiveWatch.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "RunListView.h"
 
 #include "RunFilter.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "RunResults.h"
 
 #include <ResultTable.h>

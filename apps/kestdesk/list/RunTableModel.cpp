@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "RunTableModel.h"
 
 #include "RunTexts.h"

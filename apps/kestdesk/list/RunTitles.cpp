@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "RunTitles.h"
 
 #include "Run.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "SessionRuns.h"
 
 #include "Component.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "WindowQueue.h"
 
 #include "Component.h"

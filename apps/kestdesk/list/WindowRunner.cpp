@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "WindowRunner.h"
 
 void WindowRunner::onOutputRecieved(const QString& line)

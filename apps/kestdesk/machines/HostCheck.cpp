@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "HostCheck.h"
 
 #include "RunTexts.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "LocalMachines.h"
 
 #include <HostName.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "MachinesCheck.h"
 
 #include "StopSignals.h"

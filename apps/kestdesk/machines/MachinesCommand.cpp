@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "MachinesCommand.h"
 
 #include "LocalMachines.h"

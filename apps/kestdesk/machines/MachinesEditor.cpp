@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "MachinesEditor.h"
 
 #include "MachinesReport.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "MachinesReport.h"
 
 #include <HostName.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "EnvironmentRule.h"
 
 #include <QCoreApplication>

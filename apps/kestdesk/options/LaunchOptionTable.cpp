@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "LaunchOptionTable.h"
 
 #include <common_PropertyFactory.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "LaunchOptionsDialog.h"
 
 #include "LaunchOptionTable.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "LaunchOptionsFile.h"
 
 #include <common_IApplicationInfo.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "LaunchOptionsPage.h"
 
 #include "LaunchOptionTable.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "LaunchPreview.h"
 
 #include <common_ComponentsLaunchOptions.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "MachinesDialog.h"
 
 #include "MachinesTextEdit.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "MachinesFileStore.h"
 
 #include <InputFile.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "MachinesTextEdit.h"
 
 #include <MachinesFile.h>

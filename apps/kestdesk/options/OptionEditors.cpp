@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "OptionEditors.h"
 
 #include "LaunchOptionTable.h"

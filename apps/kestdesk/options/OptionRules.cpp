@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "OptionRules.h"
 
 #include "EnvironmentRule.h"

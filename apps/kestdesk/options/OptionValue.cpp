@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "OptionValue.h"
 
 #include "OptionRules.h"

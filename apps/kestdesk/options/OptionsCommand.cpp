@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "OptionsCommand.h"
 
 #include "LaunchOptionTable.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "OptionsLock.h"
 
 #include "LaunchOptionsFile.h"

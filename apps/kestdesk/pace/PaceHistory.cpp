@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "PaceHistory.h"
 
 #include "MessageReader.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "RunForecast.h"
 
 #include "PaceHistory.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "RunPace.h"
 
 #include "PaceFit.h"

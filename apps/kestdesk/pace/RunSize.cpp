@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "RunSize.h"
 
 #include "RunRecord.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "LeaveOutQuestion.h"
 
 #include <VisibleText.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "MachinesOffer.h"
 
 #include "LocalMachines.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "StopQuestion.h"
 
 #include "KestdeskSettings.h"

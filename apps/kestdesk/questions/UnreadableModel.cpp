@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "UnreadableModel.h"
 
 #include <FileName.h>

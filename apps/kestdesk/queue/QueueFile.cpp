@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "QueueFile.h"
 
 #include "Component.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "CommandPage.h"
 
 #include "ShellCommand.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "CureBar.h"
 
 #include "ReasonText.h"

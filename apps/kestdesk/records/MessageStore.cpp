@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "MessageStore.h"
 
 #include <utility>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "MessageTableModel.h"
 
 #include "RunTexts.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "RecordWindow.h"
 
 #include "CommandPage.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "RecordWindows.h"
 
 #include "Descendants.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "RunAgain.h"
 
 #include "LeaveOutQuestion.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "RunProblem.h"
 
 #include "MessageReader.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "SelectedProblem.h"
 
 #include "CureBar.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "SummaryPage.h"
 
 #include "EndReasons.h"

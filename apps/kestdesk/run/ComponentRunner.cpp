@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "ComponentRunner.h"
 
 #include <common_ActivePtr.h>

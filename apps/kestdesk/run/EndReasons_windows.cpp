@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "EndReasons.h"
 
 #include <algorithm>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "Leftovers.h"
 
 #include "MachinesCopies.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "MachinesPlaceholder.h"
 
 #include <KEST_binfiles.h>

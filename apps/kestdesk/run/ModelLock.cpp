@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "ModelLock.h"
 
 #include <common_IApplicationInfo.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "ProcessEnd.h"
 
 #include "EndReasons.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "Run.h"
 
 #include "ProcessEnd.h"

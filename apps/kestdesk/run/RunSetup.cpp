@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "RunSetup.h"
 
 #include "ComponentRunner.h"

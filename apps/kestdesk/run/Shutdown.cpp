@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "Shutdown.h"
 
 #include "Descendants.h"

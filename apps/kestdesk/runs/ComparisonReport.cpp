@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "ComparisonReport.h"
 
 #include "ReasonText.h"

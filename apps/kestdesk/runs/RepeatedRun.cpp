@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "RepeatedRun.h"
 
 #include "ReasonText.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "RunListReport.h"
 
 #include "RunColours.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "RunNumbers.h"
 
 #include <PlainText.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "RunsCommand.h"
 
 #include "ComparisonReport.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "KestdeskSettings.h"
 
 #include <common_IApplicationInfo.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "PreferencesDialog.h"
 
 #include <common_HelpClient.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "ReasonText.h"
 
 #include <QCoreApplication>

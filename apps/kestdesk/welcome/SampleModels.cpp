@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "SampleModels.h"
 
 #include "Installation.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "WelcomePanel.h"
 
 #include "SampleModels.h"

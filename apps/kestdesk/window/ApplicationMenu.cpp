@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "ApplicationMenu.h"
 
 #include "Console.h"

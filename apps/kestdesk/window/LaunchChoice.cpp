@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "LaunchChoice.h"
 
 #include "LaunchOptionsDialog.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "ModelOpener.h"
 
 #include "Component.h"

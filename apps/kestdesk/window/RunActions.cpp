@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "RunActions.h"
 
 #include "ArchiveWatch.h"

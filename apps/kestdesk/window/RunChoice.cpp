@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "RunChoice.h"
 
 #include "LaunchOptionsFile.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "RunDesk.h"
 
 #include "ArchiveLimits.h"

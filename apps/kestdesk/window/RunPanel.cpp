@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "RunPanel.h"
 
 #include "Component.h"

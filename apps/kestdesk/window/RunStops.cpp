@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "RunStops.h"
 
 #include "KestdeskSettings.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "SessionSettings.h"
 
 #include <QSettings>

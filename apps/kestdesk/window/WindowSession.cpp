@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "WindowSession.h"
 
 #include "Component.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "AdaptivePlacing.h"
 
 #include <QByteArray>

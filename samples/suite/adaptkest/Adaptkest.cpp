@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "Adaptkest.h"
 
 #include "EngineProgram.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "Amrkest.h"
 
 #include "EngineProgram.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "RefinementFolder.h"
 
 #include "AnalysisFiles.h"

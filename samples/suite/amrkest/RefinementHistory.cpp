@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "RefinementHistory.h"
 
 #include <TableLine.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "SegmentRefinement.h"
 
 #include "StructureBuilder.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "Component.h"
 
 #include <ResultFiles.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "ComponentProgram.h"
 
 #include "StopReason.h"

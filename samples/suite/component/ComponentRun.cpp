@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "ComponentRun.h"
 
 #include <QCoreApplication>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "ComponentStage.h"
 
 namespace suite {

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "Priority.h"
 
 #include <NiceValue.h>

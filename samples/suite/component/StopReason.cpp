@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "StopReason.h"
 
 #include <algorithm>

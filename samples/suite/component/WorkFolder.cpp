@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "WorkFolder.h"
 
 #include <PlainText.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "EvaluationFarm.h"
 
 #include "StopTimes.h"

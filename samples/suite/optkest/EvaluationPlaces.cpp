@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "EvaluationPlaces.h"
 
 #include "MachinesFindings.h"

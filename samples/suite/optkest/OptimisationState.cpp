@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "OptimisationState.h"
 
 #include "Expression.h"

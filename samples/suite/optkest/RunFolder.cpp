@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "RunFolder.h"
 
 #include <OutputFile.h>

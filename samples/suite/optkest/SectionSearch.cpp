@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "SectionSearch.h"
 
 #include <QString>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "TunedModel.h"
 
 #include "Expression.h"

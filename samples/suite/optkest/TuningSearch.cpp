@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "TuningSearch.h"
 
 #include "GoldenSection.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "Optkest.h"
 
 #include <ProgramArguments.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "FramedProcess.h"
 
 #include "PlainText.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "MpiSweep.h"
 
 #include "StopTimes.h"

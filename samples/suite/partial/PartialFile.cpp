@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "PartialFile.h"
 
 #include <FileLock.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "PartialHeader.h"
 
 #include "PartialRow.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "PartialResults.h"
 
 #include "PartialRow.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "PartialRow.h"
 
 #include <ResultTable.h>

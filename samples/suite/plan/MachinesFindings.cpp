@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "MachinesFindings.h"
 
 void suite::MachinesFindings::add(FindingList& findings, const RunMachines& machines)

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "ParallelRuns.h"
 
 QString suite::ParallelRuns::obstacle()

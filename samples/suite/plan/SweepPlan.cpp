@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "SweepPlan.h"
 
 #include "EngineProgram.h"

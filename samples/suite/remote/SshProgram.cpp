@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "SshProgram.h"
 
 namespace suite {

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "RemoteRun.h"
 
 #include "MarkerLine.h"

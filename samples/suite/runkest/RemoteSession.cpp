@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "RemoteSession.h"
 
 #include "ModelFile.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "Runkest.h"
 
 #include "OptionWords.h"

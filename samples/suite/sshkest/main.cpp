@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "SshProgram.h"
 
 #include <ParentProcess.h>

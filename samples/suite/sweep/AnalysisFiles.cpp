@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "AnalysisFiles.h"
 
 #include <InputFile.h>

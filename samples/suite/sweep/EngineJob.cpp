@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "EngineJob.h"
 
 #include "EngineOutput.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "EngineProcess.h"
 
 namespace suite {

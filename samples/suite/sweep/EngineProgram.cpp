@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "EngineProgram.h"
 
 #include <QCoreApplication>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "SolvedImpedance.h"
 
 #include <ResultTable.h>

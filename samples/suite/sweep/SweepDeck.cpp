@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "SweepDeck.h"
 
 #include <utility>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "LocalSolver.h"
 
 #include "EngineJob.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "MpiLink.h"
 
 #include <mpi.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "SweepRank.h"
 
 using namespace suite;

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "Worker.h"
 
 using namespace suite;

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "common_CommandLabel.h"
 
 #include "common_ImagePlaceholder.h"

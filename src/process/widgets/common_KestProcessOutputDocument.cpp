@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "common_KestProcessOutputDocument.h"
 
 #include "common_KestProcessOutputLayout.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "common_KestProcessOutputLayout.h"
 
 #include <common_Contrast.h>

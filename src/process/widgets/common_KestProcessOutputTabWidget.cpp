@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "common_KestProcessOutputTabWidget.h"
 
 #include "common_Colourise.h"

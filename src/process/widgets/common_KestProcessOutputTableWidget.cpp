@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "common_KestProcessOutputTableWidget.h"
 
 #include <QtVersion.h>

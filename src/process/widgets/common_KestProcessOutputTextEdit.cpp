@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "common_KestProcessOutputTextEdit.h"
 
 #include "common_KestProcessOutputDocument.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "common_MarkupFormats.h"
 
 #include <QTextBlock>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "common_MarkupReader.h"
 
 #include "common_LineStyle.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "common_ProcessDialogWidgets.h"
 
 #include "common_ProcessDialogServices.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The part of the launch options that makes the components' command lines from them.
 
 #include <common_ComponentsLaunchOptions.h>

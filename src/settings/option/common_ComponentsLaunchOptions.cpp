@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include <common_ComponentsLaunchOptions.h>
 
 #include "common_DefaultSettings.h"

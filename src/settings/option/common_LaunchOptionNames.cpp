@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include <common_LaunchOptionNames.h>
 
 #include "common_LaunchOptionTable.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "common_LaunchOptionTable.h"
 
 #include <common_LaunchOptionMembers.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "common_UserSettingsFile.h"
 
 #include <common_IApplicationInfo.h>

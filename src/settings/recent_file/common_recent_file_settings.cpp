@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include <common_recent_file_settings.h>
 
 #include <FileProbe.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include <common_InitialRenderingSettingsDialog.h>
 
 #include <common_HelpClient.h>

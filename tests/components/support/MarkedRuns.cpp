@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "MarkedRuns.h"
 
 #include "SuiteRun.h"

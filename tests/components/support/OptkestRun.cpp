@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "OptkestRun.h"
 
 #include <QFile>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "../support/Desk.h"
 
 #include <MessageReader.h>

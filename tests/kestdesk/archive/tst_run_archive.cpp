@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "../support/ArchiveStage.h"
 
 #include "SpecialFile.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include <ProcessCount.h>
 
 #include <QTemporaryDir>

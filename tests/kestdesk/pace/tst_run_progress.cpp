@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include <RunProgress.h>
 
 #include <QtTest>

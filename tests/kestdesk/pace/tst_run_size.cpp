@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include <RunRecord.h>
 #include <RunSize.h>
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "../support/RunStage.h"
 
 #include <Leftovers.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include <ProcessMark.h>
 #include <QueueFile.h>
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include <RunQueue.h>
 
 #include <QDir>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include <ProblemCures.h>
 
 #include <QtTest>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "RunStage.h"
 
 #include <ModelLock.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "RecordMaker.h"
 #include "WindowTest.h"
 

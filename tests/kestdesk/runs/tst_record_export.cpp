@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "RecordsStage.h"
 
 #include <RecordExport.h>

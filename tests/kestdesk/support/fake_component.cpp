@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Plays every solver component of an installation. Writes to MODEL.seen, a line each, its
 // arguments, then "--" and its environment, and to MODEL.machines what stands in its machines file.
 // Then it writes "up" and does what the model's words say:

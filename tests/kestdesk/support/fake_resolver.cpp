@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Loaded before the C library: plays the network's names. "node..." are there, "lost..." are asked
 // for in vain and for ever, and "unknown..." do not exist. All other names are left to the system.
 #include <cstring>

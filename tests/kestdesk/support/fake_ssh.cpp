@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Plays ssh. Appends its arguments to the file "log" in the folder KEST_FAKE_SSH, a line a call
 // with blanks as "|", and does for the host what the file named after it there says:
 //

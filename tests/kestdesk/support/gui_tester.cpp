@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // A plugin for any program of Qt: serves a tester who works the program's windows from another
 // process. In the folder that KEST_TEST_DESK names there is a socket with the program's name. A
 // request is a line of JSON such as {"do": "read", "object": "modelEdit", "property": "text"}, and

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // A plugin for any program of Qt: plays the user of kestdesk who presses Run once a model is there,
 // or another button, which KEST_TEST_BUTTON names, once it can be pressed. Makes the file that
 // KEST_TEST_UP names when the window is there.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Preloaded into a program: what it kills goes on, as a process does that waits for a device. The
 // request to end still works.
 #include <csignal>

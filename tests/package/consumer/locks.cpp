@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include <KEST_binfiles.h>
 
 // Whether an unlocked file has no owner.

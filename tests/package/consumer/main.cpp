@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include <common_ActivePtr.h>
 #include <common_ObserverOf.h>
 #include <common_ProcessRunner.h>
