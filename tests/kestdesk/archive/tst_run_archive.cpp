@@ -269,7 +269,7 @@ private Q_SLOTS:
         m_stage->addEnded();
         m_stage->addEnded();
         ArchiveStage::write(folderOf(2) + QStringLiteral("/run.json"),
-                            QByteArray(R"({"format":1,"started":2})").left(17));
+                            QByteArray(R"({"format": 1})").chopped(1));
         ArchiveStage::write(folderOf(3) + QStringLiteral("/end.json"), "");
         QCOMPARE(numbersOf(m_stage->archive()), QVector<int>({3, 1}));
     }
