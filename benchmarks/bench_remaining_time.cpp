@@ -3,6 +3,7 @@
 // without earlier runs and once with the first run as an earlier one, and courses of long runs are
 // replayed. Arguments name the models, by default all. Prints the ratio of the estimated to the
 // true remaining time at tenths of the duration; "-" where no figure would be shown.
+#include <MachinesFile.h>
 #include <MarkerLine.h>
 #include <PaceHistory.h>
 #include <ProcessCount.h>
@@ -202,7 +203,7 @@ PaceExpectation expectationOf(const RunArchive& archive, const RunRecord& record
 {
     const std::atomic<bool> isCancelled(false);
     RunSize size = RunSize::of(record);
-    size.processes = ProcessCount::of(record.arguments, QString());
+    size.processes = ProcessCount::of(record.arguments, suite::MachinesFile::parse({}));
     size.readModel();
     return PaceHistory::expectation(archive, size, isCancelled);
 }

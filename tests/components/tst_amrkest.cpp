@@ -206,7 +206,7 @@ void tst_amrkest::tooFewIterationsAreWarnedOf()
     QCOMPARE(ownWarnings(result).size(), 1);
     const QString expected = text("WARNING 3231: the refinement did not converge within ") + reason;
     QVERIFY2(ownWarnings(result).constFirst().startsWith(expected),
-             qPrintable(ownWarnings(result).first()));
+             qPrintable(ownWarnings(result).constFirst()));
     QCOMPARE(readIterations(folder.filePath(text("m.amr.csv"))).size(), most);
     QVERIFY(QFile::exists(folder.filePath(text("m_amr.csv"))));
 }

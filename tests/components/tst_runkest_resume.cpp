@@ -98,7 +98,7 @@ void tst_runkest_resume::stoppedSweepIsResumed()
     QCOMPARE(rest.exitCode, 0);
     QVERIFY(rest.hasText(text("NOTE 303: %1 of 12 frequencies are taken over").arg(rows)));
     QVERIFY(rest.hasText(text("Solving %1 frequencies").arg(BrokenSweep::frequencies - rows)));
-    QCOMPARE(rest.bodies(text("total-percentage")).last(), text("100%"));
+    QCOMPARE(rest.bodies(text("total-percentage")).constLast(), text("100%"));
     QCOMPARE(m_sweep->difference(), QString());
 }
 

@@ -47,7 +47,7 @@ int slowestOf(SettingsProcess& process)
     const QString said = process.said();
     const QString what = QStringLiteral("slowest ");
     bool isNumber = false;
-    const int milliseconds = said.mid(what.size()).toInt(&isNumber);
+    const int milliseconds = said.section(QLatin1Char(' '), 1).toInt(&isNumber);
     return said.startsWith(what) && isNumber && process.hasEndedWell() ? milliseconds : -1;
 }
 

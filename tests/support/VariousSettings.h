@@ -51,7 +51,8 @@ protected:
     void doWriteSettings(QSettings& settings) override
     {
         int number = 0;
-        for (const QVariant& value : kinds()) {
+        const QVector<QVariant> values = kinds();
+        for (const QVariant& value : values) {
             settings.setValue(QStringLiteral("kind%1").arg(++number), value);
         }
         for (int i = 0; i < randomCount; ++i) {

@@ -171,7 +171,8 @@ private Q_SLOTS:
                                QStringLiteral(".removed-%1-4").arg(ArchiveStage::markOfDead())};
         const QStringList others{QStringLiteral(".new-%1-aBcDeF").arg(ProcessMark::own().word()),
                                  QStringLiteral(".new-something")};
-        for (const QString& name : left + others) {
+        const QStringList names = left + others;
+        for (const QString& name : names) {
             QVERIFY(folder.mkpath(name + QStringLiteral("/inside")));
         }
         m_stage->archive().prune({1, 1});

@@ -18,6 +18,8 @@
 #include <QTextBrowser>
 #include <QToolButton>
 
+#include <memory>
+
 using State = RunRecord::State;
 using Message = RecordedMessage;
 
@@ -248,12 +250,12 @@ private Q_SLOTS:
         open(m_records->add("a.nec", State::Fault, "fault, exit code 1", messages()));
         waitForRows("messageTable", 3);
         showPage("Messages");
-        QVector<QPair<int, QString>> cures;
-        const QObject guard;
-        connect(m_window.get(), &RecordWindow::cureRequested, &guard,
-                [&cures](const ProblemCures::Cure& cure, const QString& message) {
-                    cures.append({int(cure.action), message});
+        const auto shared = std::make_shared<QVector<QPair<int, QString>>>();
+        connect(m_window.get(), &RecordWindow::cureRequested, this,
+                [shared](const ProblemCures::Cure& cure, const QString& message) {
+                    shared->append({int(cure.action), message});
                 });
+        const QVector<QPair<int, QString>>& cures = *shared;
         QVERIFY(!find<QPushButton>("cureButton")->isVisible());
         table("messageTable")->setCurrentIndex(table("messageTable")->model()->index(1, 2));
         QVERIFY(find<QPushButton>("cureButton")->isVisible());

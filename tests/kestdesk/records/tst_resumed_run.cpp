@@ -3,6 +3,8 @@
 
 #include <ResumedRun.h>
 
+#include <memory>
+
 using State = RunRecord::State;
 
 Q_DECLARE_METATYPE(RunRecord::State)
@@ -148,14 +150,15 @@ private Q_SLOTS:
     {
         m_stage->open();
         writePartial();
-        QStringList hints;
-        connect(action(), &QAction::changed, this, [&] { hints.append(action()->statusTip()); });
+        const auto hints = std::make_shared<QStringList>();
+        connect(action(), &QAction::changed, this,
+                [this, hints] { hints->append(action()->statusTip()); });
         m_stage->run(m_stage->model("m.nec", "ends 50 3"));
         QTRY_COMPARE_WITH_TIMEOUT(m_stage->runCount(), 1, longTime);
         list()->selectRow(0);
         QTRY_VERIFY_WITH_TIMEOUT(action()->isEnabled(), longTime);
         disconnect(action(), nullptr, this, nullptr);
-        for (const QString& hint : qAsConst(hints)) {
+        for (const QString& hint : qAsConst(*hints)) {
             QVERIFY2(!hint.contains(text("cannot be resumed")), qPrintable(hint));
         }
     }
