@@ -57,9 +57,10 @@ private Q_SLOTS:
                             models + QStringLiteral("/dipole.nec")));
         QProcess process;
         start(process, models + QStringLiteral("/dipole.nec"));
-        QVERIFY(process.waitForFinished(2 * patience));
+        QVERIFY(process.waitForFinished(5 * patience));
         QVERIFY2(process.exitStatus() == QProcess::NormalExit && process.exitCode() == 0,
-                 process.readAllStandardOutput() + process.readAllStandardError());
+                 QByteArray(process.readAllStandardOutput() + process.readAllStandardError())
+                     .constData());
         const QByteArray expected = contentOf(QStringLiteral(DIPOLE_ON_LINUX));
         QVERIFY(expected.count('\n') > 50);
         QCOMPARE(contentOf(models + QStringLiteral("/dipole.csv")).replace("\r\n", "\n"), expected);
