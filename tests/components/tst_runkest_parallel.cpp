@@ -36,8 +36,6 @@ private Q_SLOTS:
     void hostThatCannotBeReached_data();
     void hostThatCannotBeReached();
     void haltedProcessIsLost();
-    void signalStopsEverything_data();
-    void signalStopsEverything();
     void priorityReachesTheEngines();
 
 private:
@@ -327,42 +325,6 @@ void tst_runkest_parallel::haltedProcessIsLost()
     const QString lost =
         QStringLiteral("the host '%1' does not answer any more").arg(QSysInfo::machineHostName());
     QVERIFY2(output.contains(lost.toUtf8()), output.constData());
-}
-
-void tst_runkest_parallel::signalStopsEverything_data()
-{
-    QTest::addColumn<int>("signal");
-    QTest::addColumn<QString>("part");
-    QTest::addColumn<int>("delay");
-    const bool isFull = qEnvironmentVariableIsSet("KEST_FULL_TESTS");
-    for (const int signal : {SIGTERM, SIGINT, SIGKILL}) {
-        QTest::addRow("signal %d, engines refuse", signal) << signal << text("stubborn") << 700;
-        for (int delay = 0; delay < 700; delay += isFull ? 20 : 130) {
-            QTest::addRow("signal %d after %d", signal, delay) << signal << text("slow") << delay;
-        }
-    }
-}
-
-void tst_runkest_parallel::signalStopsEverything()
-{
-    QFETCH(int, signal);
-    QFETCH(QString, part);
-    QFETCH(int, delay);
-    QVERIFY(!writeFile(m_runs->folder(), text("dipole.out"), "old output").isEmpty());
-    QProcess process;
-    process.setWorkingDirectory(m_runs->folder());
-    process.setProcessEnvironment(environment(part));
-    process.start(runkestProgram(), QStringList(text("dipole")) + local("3"));
-    QVERIFY(process.waitForStarted());
-    QTest::qWait(delay); // the moment is what is tried
-
-    const UnloadedClock clock;
-    QCOMPARE(::kill(static_cast<pid_t>(process.processId()), signal), 0);
-    QVERIFY(process.waitForFinished(patience));
-    QVERIFY(m_runs->waitUntilNothingIsLeft());
-    QVERIFY2(clock.elapsed() < 2500, qPrintable(QString::number(clock.elapsed())));
-    QCOMPARE(readFile(path(text("dipole.out"))), QByteArray("old output"));
-    QVERIFY(!process.readAllStandardOutput().contains("-*-total-percentage-*-100%"));
 }
 
 void tst_runkest_parallel::priorityReachesTheEngines()

@@ -14,7 +14,7 @@ class QuestionReader
 public:
     using Deed = std::function<void()>;
 
-    explicit QuestionReader(Deed deed = {})
+    explicit QuestionReader(const Deed& deed = {})
         : m_visitor([this, deed](QDialog& dialog) {
             m_box = qobject_cast<QMessageBox*>(&dialog);
             text = m_box ? m_box->text() : QString();

@@ -68,13 +68,13 @@ private Q_SLOTS:
         QTest::addColumn<QStringList>("lines");
         const QString replacement(QChar::ReplacementCharacter);
         // clang-format off
-        QTest::newRow("empty line")           << "\\n"              << QStringList{text("\n")};
-        QTest::newRow("carriage return")      << "a\\r\\nb\\rc\\n"  << QStringList{text("a\r\n"), text("b\rc\n")};
+        QTest::newRow("empty line")           << R"(\n)"              << QStringList{text("\n")};
+        QTest::newRow("carriage return")      << R"(a\r\nb\rc\n)"  << QStringList{text("a\r\n"), text("b\rc\n")};
         QTest::newRow("no line end")          << "abc"              << QStringList();
-        QTest::newRow("tail without line end") << "a\\nbc"          << QStringList{text("a\n")};
-        QTest::newRow("UTF-8")                << "\\xc3\\xa9\\n"    << QStringList{text("\xc3\xa9\n")};
-        QTest::newRow("invalid UTF-8")        << "\\xffa\\n"        << QStringList{replacement + text("a\n")};
-        QTest::newRow("zero")                 << "a\\0b\\nc\\n"     << QStringList{QString(QStringLiteral("a\0b\n")), text("c\n")};
+        QTest::newRow("tail without line end") << R"(a\nbc)"          << QStringList{text("a\n")};
+        QTest::newRow("UTF-8")                << R"(\xc3\xa9\n)"    << QStringList{text("\xc3\xa9\n")};
+        QTest::newRow("invalid UTF-8")        << R"(\xffa\n)"        << QStringList{replacement + text("a\n")};
+        QTest::newRow("zero")                 << R"(a\0b\nc\n)"     << QStringList{QString(QStringLiteral("a\0b\n")), text("c\n")};
         // clang-format on
     }
 
@@ -271,7 +271,7 @@ private Q_SLOTS:
         {
             LineRunner runner;
             qunsetenv(logVariable); // read when the runner was made
-            setUp(runner, {text("out"), text("a\\r\\n\\xc3\\xa9\\ntail"), text("sleep"), text("30"),
+            setUp(runner, {text("out"), text(R"(a\r\n\xc3\xa9\ntail)"), text("sleep"), text("30"),
                            text("err"), text("b\\n")});
             QVERIFY(runWithEventLoop(runner));
             QVERIFY(runWithEventLoop(runner));
@@ -292,7 +292,7 @@ private Q_SLOTS:
         {
             const LatinLocale locale;
             LineRunner runner;
-            setUp(runner, {text("out"), text("\\xe2\\x82\\xac\\n")});
+            setUp(runner, {text("out"), text(R"(\xe2\x82\xac\n)")});
             QVERIFY(runWithEventLoop(runner));
         }
         QVERIFY(

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "ParallelGuard.h"
 
+#include <Descendants.h>
+
 #include <array>
 #include <cerrno>
 #include <cstdio>
@@ -15,6 +17,8 @@ constexpr int readSize = 1 << 16;
 // end.
 constexpr StopTimes stopTimesAtFirst = {300, 1500, 0};
 constexpr StopTimes stopTimesLater = {1100, 1500, 600};
+
+constexpr int leftoverTime = 200; // ms, after the end of mpiexec
 
 bool writeAll(const QByteArray& bytes)
 {
@@ -32,15 +36,19 @@ bool writeAll(const QByteArray& bytes)
 
 } // namespace
 
+// When mpiexec is killed while it starts, the processes that it has started on this machine wait
+// for it for ever. They are in process groups of their own.
 ParallelGuard::ParallelGuard()
     : m_input(STDIN_FILENO, QSocketNotifier::Read)
     , m_end({[this] { return m_process.isRunning(); }, [this] { terminate(); },
              [this] { m_process.killGroup(); }})
     , m_stopTimes(stopTimesAtFirst)
 {
+    Descendants::adoptOrphans();
     m_process.setInput(ChildProcess::Input::Written);
     m_process.setErrors(ChildProcess::Errors::Inherited);
     connect(&m_end, &StagedEnd::ended, this, [this] { finish(EXIT_FAILURE); });
+    connect(&m_leftovers, &DescendantsEnding::ended, this, [this] { Q_EMIT finished(m_exitCode); });
     connect(&m_input, &QSocketNotifier::activated, this, &ParallelGuard::passOnInput);
     connect(&m_process, &ChildProcess::outputRead, this, &ParallelGuard::passOnOutput);
     connect(&m_process, &ChildProcess::ended, this, [this] {
@@ -98,7 +106,8 @@ void ParallelGuard::finish(int exitCode)
 {
     if (!m_isFinished) {
         m_isFinished = true;
+        m_exitCode = exitCode;
         m_process.killGroup();
-        Q_EMIT finished(exitCode);
+        m_leftovers.start(leftoverTime);
     }
 }

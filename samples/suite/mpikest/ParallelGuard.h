@@ -2,13 +2,14 @@
 #pragma once
 
 #include <ChildProcess.h>
+#include <DescendantsEnding.h>
 #include <StagedEnd.h>
 
 #include <QSocketNotifier>
 
 /// Runs between a component and mpiexec, so that the processes of the parallel runtime end properly
-/// even if the component is killed: forwards the data of both, and ends mpiexec when the component
-/// has ended.
+/// even if the component is killed: forwards the data of both, ends mpiexec when the component has
+/// ended, and then the processes that mpiexec has left behind.
 class ParallelGuard : public QObject
 {
     Q_OBJECT
@@ -35,6 +36,8 @@ private:
     QSocketNotifier m_input;
     StagedEnd m_end;
     StopTimes m_stopTimes;
+    DescendantsEnding m_leftovers;
+    int m_exitCode = 0;
     bool m_isTerminated = false;
     bool m_isFinished = false;
 };
