@@ -46,10 +46,15 @@ private:
 
 } // namespace
 
+// Qt gives a child a console of its own when this program's console has no window. The event would
+// not get there, and each console costs a process.
 void ConsoleBreak::prepare(QProcess& process)
 {
     process.setCreateProcessArgumentsModifier([](QProcess::CreateProcessArguments* arguments) {
         arguments->flags |= CREATE_NEW_PROCESS_GROUP;
+        if (GetConsoleCP() != 0) {
+            arguments->flags &= ~static_cast<DWORD>(CREATE_NO_WINDOW);
+        }
     });
 }
 

@@ -112,9 +112,13 @@ bool ChildProcess::Process::start(const QStringList& words)
 {
     setChannels();
     const DWORD priority = priorityClass(m_owner.m_setup.niceValue.value_or(0));
-    setCreateProcessArgumentsModifier([priority](QProcess::CreateProcessArguments* arguments) {
-        arguments->flags |= CREATE_SUSPENDED | CREATE_NEW_PROCESS_GROUP | priority;
-    });
+    ConsoleBreak::prepare(*this);
+    const CreateProcessArgumentModifier makeGroup = createProcessArgumentsModifier();
+    setCreateProcessArgumentsModifier(
+        [priority, makeGroup](QProcess::CreateProcessArguments* arguments) {
+            makeGroup(arguments);
+            arguments->flags |= CREATE_SUSPENDED | priority;
+        });
     QProcess::start(words.first(), words.mid(1));
     if (!waitForStarted(-1)) {
         return false;

@@ -83,7 +83,7 @@ SuiteResult runSuite(const QString& program, const QStringList& arguments, const
     }
     result.exitCode = process.exitCode();
     result.isCrash = process.exitStatus() == QProcess::CrashExit;
-    result.lines = QString::fromUtf8(process.readAllStandardOutput())
+    result.lines = QString::fromUtf8(process.readAllStandardOutput().replace("\r\n", "\n"))
                        .split(QLatin1Char('\n'), Qt::SkipEmptyParts);
     result.errorOutput = process.readAllStandardError();
     return result;
