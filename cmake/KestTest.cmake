@@ -108,6 +108,9 @@ endfunction()
 # There are hundreds of test programs, and each runs for seconds: they are to be built quickly. They are
 # not optimised, their debug information names lines only, and a quick linker puts them together.
 set(KEST_TEST_COMPILE_OPTIONS $<$<CONFIG:RelWithDebInfo>:-O0> $<$<CONFIG:RelWithDebInfo>:-g1>)
+if(WIN32)
+    list(APPEND KEST_TEST_COMPILE_OPTIONS -O0)
+endif()
 find_program(KEST_LLD ld.lld)
 if(KEST_PRECOMPILED_HEADERS AND KEST_BUILD_TESTS)
     kest_precompiled_headers(kest_precompiled_for_tests ${KEST_TEST_COMPILE_OPTIONS})

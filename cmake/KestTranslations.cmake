@@ -1,6 +1,12 @@
 # The texts of the applications in other languages than English. The translations are sources:
 # apps/<name>/translations/<name>_<language>.ts, which scripts/translations keeps up to date.
-find_package(Qt${KEST_QT_MAJOR} ${KEST_QT_MINIMUM} REQUIRED COMPONENTS LinguistTools)
+if(CMAKE_CROSSCOMPILING) # the tool is this machine's own
+    find_program(KEST_LRELEASE lrelease HINTS /usr/lib/qt${KEST_QT_MAJOR}/bin REQUIRED)
+    add_executable(Qt${KEST_QT_MAJOR}::lrelease IMPORTED GLOBAL)
+    set_target_properties(Qt${KEST_QT_MAJOR}::lrelease PROPERTIES IMPORTED_LOCATION "${KEST_LRELEASE}")
+else()
+    find_package(Qt${KEST_QT_MAJOR} ${KEST_QT_MINIMUM} REQUIRED COMPONENTS LinguistTools)
+endif()
 
 # kest_translations(target name...): compiles the translations of apps/<name> into the target, below
 # :/translations, so that a program has them wherever it is moved to.

@@ -100,7 +100,7 @@ void fuzz(FuzzedInput input)
     }
     const QByteArray stream = input.rest();
     const std::vector<Piece> pieces = piecesOf(stream);
-    Place next = pieces.begin();
+    auto next = pieces.begin();
     common_LineBuffer buffer;
     int arrived = 0;
     for (std::size_t i = 0; arrived < stream.size(); ++i) {

@@ -111,7 +111,7 @@ public:
     bool isRemoteHostArgumentSpecified() const;
 
 protected:
-    /// For create(). Null makes a read-only object.
+    /// For create(). The lock names the file, and must not be null.
     explicit common_ComponentsLaunchOptions(LockPointer lockFile);
 
     common_ComponentsLaunchOptions* clone() const override;

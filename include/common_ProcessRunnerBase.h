@@ -48,7 +48,8 @@ class QProcess;
 ///
 /// When the environment variable DUMP_KERNEL_STDOUT_STDERR names a directory, every delivered line
 /// is also appended to a log file there. Its name is the first argument, or the executable when
-/// there is none, and ".log". A log that cannot be written is not reported.
+/// there is none, and ".log". A log that cannot be written is not reported: the folders in that
+/// name must exist in the directory, and on Windows there is no log for a name with a drive letter.
 class KEST_COMMON_EXPORT common_ProcessRunnerBase
     : public common_ObservableVia<common_IProcessRunnerObserver>,
       public common_IProcessRunnerMediatorObserver
@@ -93,7 +94,8 @@ public:
     void setWorkingDirectory(const QString& directory);
 
     /// Files to delete at the end of a run, after the observers were notified. The list is kept for
-    /// later runs. Of a link, the link itself is deleted; failures are ignored.
+    /// later runs. Of a link, the link itself is deleted; failures are ignored. On Windows, a file
+    /// that another program has open stays.
     void setTemporaryFilenames(const QStringList& filenames);
 
     /// The arguments of the next run.
@@ -117,6 +119,7 @@ public:
     bool normalExit() const;
 
     /// Whether the last child that ended was ended by a signal, or on Windows by an exception.
+    /// There, std::abort() is an end by itself with exit code 3.
     bool crashExit() const;
 
     /// Whether stopProcess() was called during the current run, or else during the last one.
@@ -133,6 +136,10 @@ public:
 
     /// Asks the child to terminate, and returns at once. A child may ignore the request; it has
     /// ended when onProcessDone() is called.
+    ///
+    /// On Windows the request reaches the child's windows only. For a console program, derive a
+    /// class that creates the child with CREATE_NEW_PROCESS_GROUP (see process()), and send it
+    /// Ctrl+Break in onStopRequested(), by AttachConsole() and GenerateConsoleCtrlEvent().
     void stopProcess();
 
     /// The number of runners that exist, running or not.
@@ -155,13 +162,17 @@ protected:
     /// The same for standard error.
     virtual void onErrorRecieved(const QString& line) = 0;
 
-    /// The running child is being asked to terminate, for the first time in its run. Does nothing
-    /// here.
+    /// The running child is being asked to terminate, for the first time in its run: the place to
+    /// ask it in another way, too. Does nothing here.
     virtual void onStopRequested();
 
     void onReadPipe() override;
     void onReadErrorPipe() override;
     void onProcessDone() override;
+
+    /// The child's process, to set what has no operation here, as the arguments of its creation.
+    /// Its signals, channels, program and environment are the runner's.
+    QProcess& process();
 
     /// Detaches the application from its console; does nothing on Unix.
     void hideConsole();

@@ -68,14 +68,14 @@ QByteArray text(const QJsonObject& object)
 
 } // namespace
 
-JsonReport::JsonReport(std::FILE* stream, ReportStyle style) : m_stream(stream), m_style(style)
+JsonReport::JsonReport(std::FILE* stream, ReportStyle style) : StreamReport(stream, style)
 {
     write("{\"lines\":[");
 }
 
 void JsonReport::add(const CheckedPiece& piece)
 {
-    if (m_style == ReportStyle::RemarksOnly && piece.remarks.isEmpty()) {
+    if (isLeftOut(piece)) {
         return;
     }
     write((m_isFirst ? "\n" : ",\n") + text(json(piece)));
@@ -101,9 +101,4 @@ void JsonReport::fail(const QString& problem)
 void JsonReport::end(const QJsonObject& last)
 {
     write("\n]," + text(last).mid(1) + '\n');
-}
-
-void JsonReport::write(const QByteArray& bytes)
-{
-    std::fwrite(bytes.constData(), 1, static_cast<std::size_t>(bytes.size()), m_stream);
 }

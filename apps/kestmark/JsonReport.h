@@ -1,17 +1,14 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "OutputReport.h"
-#include "ReportStyle.h"
+#include "StreamReport.h"
 
 #include <QJsonArray>
 #include <QJsonObject>
 
-#include <cstdio>
-
 /// A check as one JSON object, written while the output is read: "lines", an array, then "remarks",
 /// those about the whole output, and "summary"; "problem" when the output could not be read.
-class JsonReport : public OutputReport
+class JsonReport : public StreamReport
 {
 public:
     /// The stream is not owned.
@@ -24,10 +21,7 @@ public:
 
 private:
     void end(const QJsonObject& last);
-    void write(const QByteArray& bytes);
 
-    std::FILE* m_stream;
-    ReportStyle m_style;
     bool m_isFirst = true;
     QJsonArray m_remarks;
 };

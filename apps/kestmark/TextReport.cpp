@@ -80,12 +80,12 @@ QString counts(const OutputSummary& summary)
 
 } // namespace
 
-TextReport::TextReport(std::FILE* stream, ReportStyle style) : m_stream(stream), m_style(style)
+TextReport::TextReport(std::FILE* stream, ReportStyle style) : StreamReport(stream, style)
 {}
 
 void TextReport::add(const CheckedPiece& piece)
 {
-    if (m_style == ReportStyle::RemarksOnly && piece.remarks.isEmpty()) {
+    if (isLeftOut(piece)) {
         return;
     }
     if (piece.messages.isEmpty()) {
@@ -104,7 +104,7 @@ void TextReport::add(const CheckedPiece& piece)
                       .arg(QString(), numberWidth)
                       .arg(remark.word(), shown(remark.text)));
     }
-    std::fflush(m_stream);
+    flush();
 }
 
 void TextReport::add(const Remark& remark)
@@ -123,6 +123,5 @@ void TextReport::fail(const QString& /*problem*/)
 
 void TextReport::writeLine(const QString& text)
 {
-    const QByteArray bytes = text.toUtf8() + '\n';
-    std::fwrite(bytes.constData(), 1, static_cast<std::size_t>(bytes.size()), m_stream);
+    write(text.toUtf8() + '\n');
 }

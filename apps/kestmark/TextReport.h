@@ -1,15 +1,12 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "OutputReport.h"
-#include "ReportStyle.h"
+#include "StreamReport.h"
 
 #include <QString>
 
-#include <cstdio>
-
 /// A check in lines for a person to read.
-class TextReport : public OutputReport
+class TextReport : public StreamReport
 {
 public:
     /// The stream is not owned.
@@ -22,7 +19,4 @@ public:
 
 private:
     void writeLine(const QString& text);
-
-    std::FILE* m_stream;
-    ReportStyle m_style;
 };

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "ChildProcess.h"
 
+#include "ConsoleBreak.h"
+
 #include <QProcess>
 
 #include <windows.h>
@@ -49,25 +51,6 @@ void resume(DWORD process)
         }
     }
     CloseHandle(snapshot);
-}
-
-BOOL WINAPI ignoreEvent(DWORD /*event*/)
-{
-    return TRUE;
-}
-
-// Asks the processes of a group to end, as Ctrl+Break does. The event reaches a console that this
-// process is attached to; the child's is another one where this process has none.
-void interruptGroup(DWORD process)
-{
-    if (GetConsoleCP() != 0) {
-        GenerateConsoleCtrlEvent(CTRL_BREAK_EVENT, process);
-    } else if (AttachConsole(process)) {
-        SetConsoleCtrlHandler(ignoreEvent, TRUE);
-        GenerateConsoleCtrlEvent(CTRL_BREAK_EVENT, process);
-        FreeConsole();
-        SetConsoleCtrlHandler(ignoreEvent, FALSE);
-    }
 }
 
 } // namespace
@@ -143,7 +126,7 @@ bool ChildProcess::Process::start(const QStringList& words)
 
 void ChildProcess::Process::enterJob() const
 {
-    if (!m_owner.m_setup.endsByItself) {
+    if (!m_owner.m_setup.isLeftRunningAtExit) {
         JOBOBJECT_EXTENDED_LIMIT_INFORMATION limits = {};
         limits.BasicLimitInformation.LimitFlags = JOB_OBJECT_LIMIT_KILL_ON_JOB_CLOSE;
         SetInformationJobObject(m_job, JobObjectExtendedLimitInformation, &limits, sizeof limits);
@@ -205,7 +188,7 @@ void ChildProcess::closeInput()
 
 void ChildProcess::terminateGroup() const
 {
-    interruptGroup(static_cast<DWORD>(m_process->processId()));
+    ConsoleBreak::send(m_process->processId());
 }
 
 void ChildProcess::killGroup() const

@@ -12,6 +12,10 @@ namespace Descendants {
 /// supports that, so that they can still be found.
 void adoptOrphans();
 
+/// Descendants that are started from now on end with this program, however it ends. Does nothing on
+/// Unix, where each component notices the end of the program that has started it.
+void bindToThisProgram();
+
 /// Calls a function that starts programs which may outlive this one: these do not count as
 /// descendants.
 void startDetached(const std::function<void()>& start);

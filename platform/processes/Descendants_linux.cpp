@@ -65,6 +65,9 @@ void Descendants::adoptOrphans()
     prctl(PR_SET_CHILD_SUBREAPER, 1);
 }
 
+void Descendants::bindToThisProgram()
+{}
+
 // They lose their parent as soon as they are started, and must not be adopted then. A message that
 // is shown instead lets the others be adopted again.
 void Descendants::startDetached(const std::function<void()>& start)

@@ -10,6 +10,9 @@
 
 namespace {
 
+// What QProcess takes for a crash.
+constexpr UINT killedCode = 0xF291;
+
 /// The job of this process and its descendants: what is in it ends with this process. Programs that
 /// may outlive it are started outside.
 class OwnJob
@@ -77,6 +80,11 @@ void Descendants::adoptOrphans()
     ownJob();
 }
 
+void Descendants::bindToThisProgram()
+{
+    ownJob();
+}
+
 void Descendants::startDetached(const std::function<void()>& start)
 {
     ownJob().startOutside(start);
@@ -93,7 +101,7 @@ void Descendants::killAll()
     for (const DWORD process : processes) {
         const HANDLE handle = OpenProcess(PROCESS_TERMINATE, FALSE, process);
         if (handle) {
-            TerminateProcess(handle, 1);
+            TerminateProcess(handle, killedCode);
             CloseHandle(handle);
         }
     }

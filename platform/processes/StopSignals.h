@@ -19,4 +19,8 @@ void watch(QObject* receiver, const std::function<void()>& onStop);
 /// The same, with the signal's number.
 void watch(QObject* receiver, const std::function<void(int)>& onStop);
 
+/// To be called when this program has got another console, on Windows: its events reach only
+/// functions that were set since. Does nothing on Unix.
+void renew();
+
 } // namespace StopSignals

@@ -114,3 +114,6 @@ void StopSignals::watch(QObject* receiver, const std::function<void(int)>& onSto
         new Watch(std::move(*pipe), onStop, receiver);
     }
 }
+
+void StopSignals::renew()
+{}

@@ -89,3 +89,12 @@ void StopSignals::watch(QObject* receiver, const std::function<void(int)>& onSto
 {
     new Watch(onStop, receiver);
 }
+
+void StopSignals::renew()
+{
+    const QMutexLocker lock(&watchLock);
+    if (newestWatch) {
+        SetConsoleCtrlHandler(Watch::passOn, FALSE);
+        SetConsoleCtrlHandler(Watch::passOn, TRUE);
+    }
+}

@@ -5,6 +5,7 @@
 #include "common_ProcessRunnerDelivery.h"
 
 #include <ConsoleWindow.h>
+#include <LineEnd.h>
 #include <QtVersion.h>
 #include <common_EnvironmentVariablesExt.h>
 #include <common_IProcessMessage.h>
@@ -244,6 +245,11 @@ void common_ProcessRunnerBase::onProcessDone()
     removeTemporaryFiles(filesOfRun);
 }
 
+QProcess& common_ProcessRunnerBase::process()
+{
+    return *m_pProcess;
+}
+
 void common_ProcessRunnerBase::hideConsole()
 {
     ConsoleWindow::detach();
@@ -349,7 +355,7 @@ void common_ProcessRunnerBase::readLines(common_LineBuffer& lines, int channel)
         } else {
             onErrorRecieved(line);
         }
-        logToFile(line);
+        logToFile(LineEnd::inTextMode(line));
     }
 }
 

@@ -84,9 +84,9 @@ private Q_SLOTS:
     {
         QFETCH(QString, program);
         QFETCH(QStringList, arguments);
-        const Result result = run(
-            text("/bin/sh"),
-            QStringList{text("-c"), text("exec \"$0\" \"$@\" >/dev/full"), program} + arguments);
+        const Result result =
+            run(text("/bin/sh"),
+                QStringList{text("-c"), text(R"(exec "$0" "$@" >/dev/full)"), program} + arguments);
         QCOMPARE(result.errors,
                  QFileInfo(program).fileName() + text(": the output could not be written\n"));
         QCOMPARE(result.exitCode, 1);

@@ -105,7 +105,10 @@ void tst_adaptkest_faults_state::damagedStateIsRefused_data()
     add("other format", "\"format\": 1", "\"format\": 2");
     add("other number", "\"analysis\": 1", "\"analysis\": 2");
     add("impedance", "\"resistance_ohm\": ", "\"resistance_ohm\": 1");
+    // moc cannot read raw strings with a single quotation mark.
+    // NOLINTBEGIN(modernize-raw-string-literal)
     add("output", "\"output\": \"", "\"output\": \"AAAA");
+    // NOLINTEND(modernize-raw-string-literal)
     add("no points", "\"points\"", "\"point\"");
     add("other frequency", "\"frequency_MHz\": 250", "\"frequency_MHz\": 251");
 }

@@ -58,7 +58,7 @@ void tst_amrkest_options::runkestOptionsArePassedOn()
     QFETCH(QString, options);
     QFETCH(QString, expected);
     const QTemporaryDir folder;
-    const SpiedInstallation spied(program(), "exec \"$RUNKEST\" \"$@\"");
+    const SpiedInstallation spied(program(), R"(exec "$RUNKEST" "$@")");
     QVERIFY(!writeFile(folder.path(), text("m.nec"), coarseDipole()).isEmpty());
     const SuiteResult result = runSuite(
         spied.program(), QStringList(text("m")) + words(qPrintable(options)), folder.path());

@@ -184,7 +184,7 @@ private Q_SLOTS:
     void folderThatIsNoTextIsTold()
     {
         const NativeRun result = runNative(
-            text("/bin/sh"), {"-c", "mkdir \"$0\" && cd \"$0\" && cp \"$2\" . && \"$1\" dipole.nec",
+            text("/bin/sh"), {"-c", R"(mkdir "$0" && cd "$0" && cp "$2" . && "$1" dipole.nec)",
                               "d\xe9p", prekestProgram().toLocal8Bit(),
                               (suiteHome() + text("/models/dipole.nec")).toLocal8Bit()});
         QCOMPARE(result.exitCode, 1);

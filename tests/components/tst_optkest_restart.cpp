@@ -133,7 +133,7 @@ void tst_optkest_restart::restartThatIsNotPossible_data()
     QTest::newRow("garbage") << text("{]") << text("the file 'optkest.json' is damaged");
     QTest::newRow("empty") << text("") + QLatin1Char(' ') << text("is damaged");
     QTest::newRow("other contents")
-        << text("{\"model\": 7, \"evaluations\": [1, {}]}") << text("is damaged");
+        << text(R"({"model": 7, "evaluations": [1, {}]})") << text("is damaged");
     for (const char* change : {"value=7", "value=0.1", "run=3", "run=0", "reactance=\"x\""}) {
         QTest::newRow(change) << text("evaluation ") + text(change) << text("is damaged");
     }

@@ -355,6 +355,7 @@ private Q_SLOTS:
             QString::number(qEnvironmentVariableIsSet("KEST_FULL_TESTS") ? 1000 : 100);
         constexpr int racers = 8;
         std::vector<std::unique_ptr<SettingsProcess>> processes;
+        processes.reserve(racers);
         for (int racer = 0; racer < racers; ++racer) {
             processes.push_back(std::make_unique<SettingsProcess>(
                 QStringList{QStringLiteral("race"), m_file, rounds}));

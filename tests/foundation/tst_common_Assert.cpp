@@ -87,7 +87,7 @@ const std::vector<Misuse>& misuses()
 {
     static const std::vector<Misuse> table = {
         {"macro",                    "include/x.h", 12, "1 == 2", [] { COMMON_ASSERT_AT(false, "1 == 2", "include/x.h", 12); }},
-        {"observe null",             "include/common_ObserverOf.h", 83, "pObservable", [] { QStringList calls; Listener(QString(), &calls).startObserving(nullptr); }},
+        {"observe null",             "include/common_ObserverOf.h", 83, "pObservable", [] { QStringList calls; Listener(QString(), &calls).startObserving(noSubject()); }},
         {"connection to null",       connectionHeader, 128, "pObservable != NULL", [] { QStringList calls; Listener listener(QString(), &calls); const Connection connection(&listener, noSubject()); }},
         {"connection without observer", connectionHeader, 54, "m_pObserver", [] { Subject subject; const Connection connection(nullptr, &subject); connection.getObserver(); }},
         {"connection released too often", connectionHeader, 22, "m_refCount > 0", releaseConnectionTooOften},

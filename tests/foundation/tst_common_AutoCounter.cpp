@@ -41,8 +41,10 @@ private Q_SLOTS:
     void losesNoStepBetweenThreads()
     {
         common_AutoCounter counter;
+        constexpr int count = 4;
         std::vector<std::thread> threads;
-        for (int thread = 0; thread < 4; ++thread) {
+        threads.reserve(count);
+        for (int thread = 0; thread < count; ++thread) {
             threads.emplace_back([&counter] {
                 for (int step = 0; step < 100000; ++step) {
                     counter.increment();

@@ -52,6 +52,7 @@ private Q_SLOTS:
                                                   common_UserMessage::PlainText);
         QCOMPARE(message->getRefCount(), 1);
         {
+            // NOLINTNEXTLINE(performance-unnecessary-copy-initialization): copies are counted
             const auto second = message;
             QCOMPARE(message->getRefCount(), 2);
         }

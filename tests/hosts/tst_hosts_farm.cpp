@@ -39,7 +39,7 @@ constexpr int endLimit = 10000; // ms
 // The value that a tuned model has got: "SY LENGTH=0.474".
 double tunedLength(const QByteArray& deck)
 {
-    static const QRegularExpression pattern(text("^SY\\s+LENGTH\\s*=\\s*([0-9.]+)"),
+    static const QRegularExpression pattern(text(R"(^SY\s+LENGTH\s*=\s*([0-9.]+))"),
                                             QRegularExpression::MultilineOption);
     return pattern.match(QString::fromLatin1(deck)).captured(1).toDouble();
 }

@@ -89,6 +89,8 @@ private Q_SLOTS:
         QTest::newRow("run")          << "runs show ''"                           << "last";
         QTest::newRow("run's option") << "runs show --m"                          << "--messages";
         QTest::newRow("resumption")   << "runs again --r"                         << "--resume";
+        QTest::newRow("left out")     << "runs again --w"                         << "--without";
+        QTest::newRow("host")         << "runs again --without ''"                << "";
         QTest::newRow("state")        << "runs list --state v"                    << "valid";
         QTest::newRow("state of words") << "runs list --state c"                  << "could\\ not\\ start";
         QTest::newRow("number of days") << "runs clean --days ''"                 << "";

@@ -141,7 +141,7 @@ private Q_SLOTS:
         useScript("echo '-*-total-percentage-*-100%'\n");
         const NativeRun run = NativeRun::of(
             text("/bin/sh"),
-            {"-c", "mkdir \"$0\" && cd \"$0\" && touch m.nec && \"$1\" --non-interactive m.nec",
+            {"-c", R"(mkdir "$0" && cd "$0" && touch m.nec && "$1" --non-interactive m.nec)",
              "d\xe9p", KESTDESK},
             folder(), m_desk->environment());
         QCOMPARE(run.exitCode, 2);

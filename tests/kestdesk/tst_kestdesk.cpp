@@ -372,7 +372,7 @@ private Q_SLOTS:
         const QStringList errors =
             lines(result.output)
                 .filter(QRegularExpression(
-                    text("^ERROR \\d+: .+ \\(mistakes\\.nec, line \\d+(, tag \\d+)?\\)$")));
+                    text(R"(^ERROR \d+: .+ \(mistakes\.nec, line \d+(, tag \d+)?\)$)")));
         QVERIFY2(errors.size() >= 5, result.output.constData());
         QVERIFY(!QFile::exists(m_folder->filePath(text("mistakes.csv"))));
         QCOMPARE(lines(result.output).constLast(), text("mistakes.nec: fault"));

@@ -19,8 +19,8 @@ private Q_SLOTS:
         QTest::addColumn<QByteArray>("after");
         // clang-format off
         QTest::newRow("more")        << QByteArray("a:1\n")  << QByteArray("echo b:2 >>\"$1\"")      << QByteArray("a:1\nb:2\n");
-        QTest::newRow("with a note") << QByteArray("a:1\n")  << QByteArray("printf 'a:1\\r\\n' >\"$1\"") << QByteArray("a:1\r\n");
-        QTest::newRow("renamed")     << QByteArray("a:1\n")  << QByteArray("echo b >\"$1.x\"; mv \"$1.x\" \"$1\"") << QByteArray("b\n");
+        QTest::newRow("with a note") << QByteArray("a:1\n")  << QByteArray(R"(printf 'a:1\r\n' >"$1")") << QByteArray("a:1\r\n");
+        QTest::newRow("renamed")     << QByteArray("a:1\n")  << QByteArray(R"(echo b >"$1.x"; mv "$1.x" "$1")") << QByteArray("b\n");
         QTest::newRow("unchanged")   << QByteArray("a:1\n")  << QByteArray("true")                   << QByteArray("a:1\n");
         QTest::newRow("wrong before and unchanged") << QByteArray("a:x\n")  << QByteArray("true")    << QByteArray("a:x\n");
         // clang-format on
@@ -129,7 +129,7 @@ private Q_SLOTS:
         if (!before.isEmpty()) {
             writeMachines(before);
         }
-        setEditor("echo theirs:1 >\"$KEST_USER_HOME/machines.kest\"; echo mine:1 >\"$1\"");
+        setEditor(R"(echo theirs:1 >"$KEST_USER_HOME/machines.kest"; echo mine:1 >"$1")");
         const Desk::Result result = machines("edit");
         QCOMPARE(result.exitCode, 1);
         QCOMPARE(machinesFile(), QByteArray("theirs:1\n"));
@@ -313,7 +313,7 @@ private Q_SLOTS:
     {
         QFETCH(int, signal);
         writeMachines("a:1\n");
-        setEditor("echo b:2 >>\"$1\"; touch \"$1.typed\"; exec sleep 1000");
+        setEditor(R"(echo b:2 >>"$1"; touch "$1.typed"; exec sleep 1000)");
         QProcess process;
         m_desk->start(process, {text("machines"), text("edit")});
         const auto isTyped = [this] {

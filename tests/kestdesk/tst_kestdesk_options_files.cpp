@@ -165,7 +165,7 @@ private Q_SLOTS:
         const Result result = runProgram(
             text("bash"),
             {text("-c"),
-             text("cd \"$3\"; export \"$2=$3/\"$'a\\xff'; exec \"$1\" options set FarmOut=true"),
+             text(R"(cd "$3"; export "$2=$3/"$'a\xff'; exec "$1" options set FarmOut=true)"),
              text("bash"), text(KESTDESK), variable, m_folder->path()});
         QCOMPARE(result.exitCode, 2);
         QVERIFY2(result.errors.startsWith(QStringLiteral("kestdesk: %1 names a folder with "

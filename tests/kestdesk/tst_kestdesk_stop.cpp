@@ -110,7 +110,7 @@ private Q_SLOTS:
         model("m.nec", "wait");
         QProcess process;
         m_desk->setProgram(text("/bin/sh"));
-        m_desk->start(process, {text("-c"), text("trap '' HUP; exec \"$0\" \"$@\""), text(KESTDESK),
+        m_desk->start(process, {text("-c"), text(R"(trap '' HUP; exec "$0" "$@")"), text(KESTDESK),
                                 text("--non-interactive"), text("m.nec")});
         waitUntilUp(process);
         ::kill(pid_t(process.processId()), SIGHUP);

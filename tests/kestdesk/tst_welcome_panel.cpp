@@ -81,9 +81,9 @@ private Q_SLOTS:
     void copyThatTheUserHasChangedStays()
     {
         addSample("a.nec");
-        samples().first()->trigger();
+        samples().constFirst()->trigger();
         writeFile(copyOf("a.nec"), "mine");
-        samples().first()->trigger();
+        samples().constFirst()->trigger();
         QCOMPARE(contentOf(copyOf("a.nec")), QByteArray("mine"));
     }
 
@@ -91,7 +91,7 @@ private Q_SLOTS:
     {
         addSample("a.nec");
         writeFile(m_stage->desk().path("home of the user/Documents"), "in the way");
-        samples().first()->trigger();
+        samples().constFirst()->trigger();
         QVERIFY2(m_stage->outcomeText().startsWith(text("The sample is not opened: the folder ")),
                  qPrintable(m_stage->outcomeText()));
         QCOMPARE(m_stage->find<QLineEdit>("modelEdit")->text(), QString());
@@ -100,7 +100,7 @@ private Q_SLOTS:
     void installationWithoutSamplesSaysSo()
     {
         QCOMPARE(samples().size(), 1);
-        QVERIFY(!samples().first()->isEnabled());
+        QVERIFY(!samples().constFirst()->isEnabled());
     }
 };
 

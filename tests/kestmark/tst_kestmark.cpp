@@ -105,7 +105,7 @@ private:
 
     QString write(const QByteArray& content) const
     {
-        const QString path = m_folder.filePath(text("out.log"));
+        QString path = m_folder.filePath(text("out.log"));
         QFile file(path);
         if (!file.open(QIODevice::WriteOnly) || file.write(content) != content.size()) {
             qFatal("cannot write the output");

@@ -38,6 +38,99 @@ QByteArray lines(const QByteArray& line, int count)
     return QByteArray(line + '\n').repeated(count);
 }
 
+// What is said about a line.
+const struct
+{
+    const char* line;
+    const char* remarks;   // their words
+    const char* part = ""; // of their texts
+} lineRows[] = {
+    {"Solving", ""},
+    {"", ""},
+    {"  \t ", ""},
+    {"-*-error-*-disk full", ""},
+    {"  -*-error-*- disk full", ""},
+    {"-*-error-*-a: b: c", ""},
+    {"-*-warning-*-WARNING 12: too fine", ""},
+    {"-*-warning-*- warning 12: too fine", ""},
+    {"-*-notice-*-NOTE 12: all is well", ""},
+    {"-*-percentage-*-45%", ""},
+    {"-*-percentage-*- 45% done", ""},
+    {"-*-percentage-*-Done 45%", ""},
+    {"-*-percentage-*-45", ""},
+    {"-*-total-percentage-*-100%", ""},
+    {"-*-file-*-a.out", ""},
+    {"-*-linefeed-*-", ""},
+    {"-*-error-*-disk full-*-notice-*-NOTE 1: x", ""},
+    {"-*-percentage-*-45%-*-total-percentage-*-", ""},
+    {"*error* **warning** -error- 2*3-1", ""},
+    {"a - * - b", ""},
+    {"NOTE the error above", ""},
+    {"100% done", ""},
+    {"\r", ""},
+
+    {"-*-Error-*-x", "near-miss", "write -*-error-*-"},
+    {"-*-ERROR-*-x", "near-miss", "write -*-error-*-"},
+    {"-*- error -*-x", "near-miss", "write -*-error-*-"},
+    {"- * - error - * - x", "near-miss", "write -*-error-*-"},
+    {"-*-error-* x", "near-miss", "write -*-error-*-"},
+    {"*-error-*- x", "near-miss", "write -*-error-*-"},
+    {"-*-error: x", "near-miss", "write -*-error-*-"},
+    {"error-*- x", "near-miss", "write -*-error-*-"},
+    {"-*-total_percentage-*-5%", "near-miss", "write -*-total-percentage-*-"},
+    {"-*-Total Percentage-*-5%", "near-miss", "write -*-total-percentage-*-"},
+    {"-*-total-per-centage-*-5%", "near-miss", "write -*-total-percentage-*-"},
+    {"\xe2\x80\x93*\xe2\x80\x93"
+     "error\xe2\x80\x93*\xe2\x80\x93",
+     "near-miss", "write -*-error-*-"},
+    {"-*-a-b-c-*-", "near-miss", "at most one"},
+    {"-*-error2-*-", "near-miss", "write -*-error-*-"},
+    {"-*-2-*-", "near-miss", "at most one"},
+    {"-*-notice-*-NOTE 1: x -*-Error-*- y", "near-miss", "write -*-error-*-"},
+    {"-*-Error-*- y -*-file-*-x", "text-before-marker near-miss", "\"-*-Error-*- y\" is dropped"},
+
+    {"-*-eror-*-x", "unknown-marker", "-*-error-*- was probably meant"},
+    {"-*-totalpercentage-*-1%", "unknown-marker", "-*-total-percentage-*- was probably meant"},
+    {"-*-warnings-*-x", "unknown-marker", "-*-warning-*- was probably meant"},
+    {"-*-foo-*-bar", "unknown-marker", "has no meaning"},
+    {"-*--*-bar", "unknown-marker", "has no meaning"},
+    {"abc -*-error-*- bad value", "text-before-marker", "\"abc\" is dropped"},
+    {"-*-linefeed-*-text", "text-after-linefeed", "\"text\" is dropped"},
+    {"-*-file-*- ", "no-text"},
+    {"-*-error-*-", "no-text"},
+
+    {"-*-warning-*-too fine", "not-listed", "\"WARNING \" is missing"},
+    {"-*-warning-*-WARNING: too fine", "not-listed", "\"WARNING \" is missing"},
+    {"-*-warning-*-WARNING 12 too fine", "not-listed", "no \":\""},
+    {"-*-notice-*-WARNING 12: x", "not-listed", "\"NOTE \" is missing"},
+    {"-*-warning-*-WARNING : x", "not-listed", "no \":\""},
+    {"-*-warning-*-WARNING 12: field 2: x", "several-colons"},
+    {"-*-notice-*-NOTE 12:", "no-text", "without a description"},
+    {"ERROR 12: x", "unmarked-message", "write -*-error-*-"},
+    {"  NOTE 3 : x", "unmarked-message", "write -*-notice-*-"},
+
+    {"-*-percentage-*-45.5%", "percentage-misread", "read as 5"},
+    {"-*-percentage-*-45,5%", "percentage-misread", "read as 5"},
+    {"-*-percentage-*-1000%", "percentage-misread", "read as 0"},
+    {"-*-percentage-*-45 %", "percentage-misread", "read as 0"},
+    {"-*-percentage-*--5%", "percentage-misread", "read as 5"},
+    {"-*-percentage-*-45 done", "percentage-misread", "read as 0"},
+    {"-*-percentage-*-", "percentage-misread", "no number is read as 0"},
+    {"-*-percentage-*-half", "percentage-misread", "\"half\" is read as 0"},
+    {"-*-percentage-*-101%", "out-of-range", "101 % is ignored"},
+    {"-*-total-percentage-*-999%", "out-of-range"},
+
+    {"-*-variable-*-L=1", "variable"},
+    {"a\rb", "carriage-return"},
+    {"10%\r20%\r", "carriage-return"},
+    {"\x1b[1mbold", "control-character"},
+    {"caf\xe9", "not-utf-8"},
+    {"\xef\xbf\xbd", ""},
+    {"[0] sock error: Error = 10058", "runtime-text"},
+    {"state machine failed.", "runtime-text"},
+    {"x -*-error-*-state machine failed.", "text-before-marker runtime-text no-text"},
+};
+
 } // namespace
 
 // What kestmark says about a component's output.
@@ -51,95 +144,9 @@ private Q_SLOTS:
         QTest::addColumn<QByteArray>("line");
         QTest::addColumn<QString>("remarks");
         QTest::addColumn<QString>("part");
-        const auto row = [](const char* line, const char* remarks, const char* part = "") {
-            QTest::newRow(line) << QByteArray(line) << text(remarks) << text(part);
-        };
-        row("Solving", "");
-        row("", "");
-        row("  \t ", "");
-        row("-*-error-*-disk full", "");
-        row("  -*-error-*- disk full", "");
-        row("-*-error-*-a: b: c", "");
-        row("-*-warning-*-WARNING 12: too fine", "");
-        row("-*-warning-*- warning 12: too fine", "");
-        row("-*-notice-*-NOTE 12: all is well", "");
-        row("-*-percentage-*-45%", "");
-        row("-*-percentage-*- 45% done", "");
-        row("-*-percentage-*-Done 45%", "");
-        row("-*-percentage-*-45", "");
-        row("-*-total-percentage-*-100%", "");
-        row("-*-file-*-a.out", "");
-        row("-*-linefeed-*-", "");
-        row("-*-error-*-disk full-*-notice-*-NOTE 1: x", "");
-        row("-*-percentage-*-45%-*-total-percentage-*-", "");
-        row("*error* **warning** -error- 2*3-1", "");
-        row("a - * - b", "");
-        row("NOTE the error above", "");
-        row("100% done", "");
-        row("\r", "");
-
-        row("-*-Error-*-x", "near-miss", "write -*-error-*-");
-        row("-*-ERROR-*-x", "near-miss", "write -*-error-*-");
-        row("-*- error -*-x", "near-miss", "write -*-error-*-");
-        row("- * - error - * - x", "near-miss", "write -*-error-*-");
-        row("-*-error-* x", "near-miss", "write -*-error-*-");
-        row("*-error-*- x", "near-miss", "write -*-error-*-");
-        row("-*-error: x", "near-miss", "write -*-error-*-");
-        row("error-*- x", "near-miss", "write -*-error-*-");
-        row("-*-total_percentage-*-5%", "near-miss", "write -*-total-percentage-*-");
-        row("-*-Total Percentage-*-5%", "near-miss", "write -*-total-percentage-*-");
-        row("-*-total-per-centage-*-5%", "near-miss", "write -*-total-percentage-*-");
-        row("\xe2\x80\x93*\xe2\x80\x93"
-            "error\xe2\x80\x93*\xe2\x80\x93",
-            "near-miss", "write -*-error-*-");
-        row("-*-a-b-c-*-", "near-miss", "at most one");
-        row("-*-error2-*-", "near-miss", "write -*-error-*-");
-        row("-*-2-*-", "near-miss", "at most one");
-        row("-*-notice-*-NOTE 1: x -*-Error-*- y", "near-miss", "write -*-error-*-");
-        row("-*-Error-*- y -*-file-*-x", "text-before-marker near-miss",
-            "\"-*-Error-*- y\" is dropped");
-
-        row("-*-eror-*-x", "unknown-marker", "-*-error-*- was probably meant");
-        row("-*-totalpercentage-*-1%", "unknown-marker",
-            "-*-total-percentage-*- was probably meant");
-        row("-*-warnings-*-x", "unknown-marker", "-*-warning-*- was probably meant");
-        row("-*-foo-*-bar", "unknown-marker", "has no meaning");
-        row("-*--*-bar", "unknown-marker", "has no meaning");
-        row("abc -*-error-*- bad value", "text-before-marker", "\"abc\" is dropped");
-        row("-*-linefeed-*-text", "text-after-linefeed", "\"text\" is dropped");
-        row("-*-file-*- ", "no-text");
-        row("-*-error-*-", "no-text");
-
-        row("-*-warning-*-too fine", "not-listed", "\"WARNING \" is missing");
-        row("-*-warning-*-WARNING: too fine", "not-listed", "\"WARNING \" is missing");
-        row("-*-warning-*-WARNING 12 too fine", "not-listed", "no \":\"");
-        row("-*-notice-*-WARNING 12: x", "not-listed", "\"NOTE \" is missing");
-        row("-*-warning-*-WARNING : x", "not-listed", "no \":\"");
-        row("-*-warning-*-WARNING 12: field 2: x", "several-colons");
-        row("-*-notice-*-NOTE 12:", "no-text", "without a description");
-        row("ERROR 12: x", "unmarked-message", "write -*-error-*-");
-        row("  NOTE 3 : x", "unmarked-message", "write -*-notice-*-");
-
-        row("-*-percentage-*-45.5%", "percentage-misread", "read as 5");
-        row("-*-percentage-*-45,5%", "percentage-misread", "read as 5");
-        row("-*-percentage-*-1000%", "percentage-misread", "read as 0");
-        row("-*-percentage-*-45 %", "percentage-misread", "read as 0");
-        row("-*-percentage-*--5%", "percentage-misread", "read as 5");
-        row("-*-percentage-*-45 done", "percentage-misread", "read as 0");
-        row("-*-percentage-*-", "percentage-misread", "no number is read as 0");
-        row("-*-percentage-*-half", "percentage-misread", "\"half\" is read as 0");
-        row("-*-percentage-*-101%", "out-of-range", "101 % is ignored");
-        row("-*-total-percentage-*-999%", "out-of-range");
-
-        row("-*-variable-*-L=1", "variable");
-        row("a\rb", "carriage-return");
-        row("10%\r20%\r", "carriage-return");
-        row("\x1b[1mbold", "control-character");
-        row("caf\xe9", "not-utf-8");
-        row("\xef\xbf\xbd", "");
-        row("[0] sock error: Error = 10058", "runtime-text");
-        row("state machine failed.", "runtime-text");
-        row("x -*-error-*-state machine failed.", "text-before-marker runtime-text no-text");
+        for (const auto& row : lineRows) {
+            QTest::newRow(row.line) << QByteArray(row.line) << text(row.remarks) << text(row.part);
+        }
     }
 
     void linesGetRemarks()

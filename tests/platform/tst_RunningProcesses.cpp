@@ -31,20 +31,20 @@ private:
 private Q_SLOTS:
     void init() { startChild(); }
 
-    void cleanup()
+    void cleanup() const
     {
         ::kill(m_child, SIGKILL);
         QCOMPARE(waitpid(m_child, nullptr, 0), m_child);
     }
 
-    void processThatLivesIsNotEnding()
+    void processThatLivesIsNotEnding() const
     {
         QVERIFY(!RunningProcesses::isEnding(getpid()));
         QVERIFY(!RunningProcesses::isEnding(m_child));
     }
 
     // It has let go of its files, but its parent has not asked for the exit code.
-    void processThatHasBeenKilledIsEnding()
+    void processThatHasBeenKilledIsEnding() const
     {
         QCOMPARE(::kill(m_child, SIGKILL), 0);
         siginfo_t info;
@@ -61,7 +61,7 @@ private Q_SLOTS:
         startChild();
     }
 
-    void parentIsTold() { QCOMPARE(RunningProcesses::parentOf(m_child), qint64(getpid())); }
+    void parentIsTold() const { QCOMPARE(RunningProcesses::parentOf(m_child), qint64(getpid())); }
 };
 
 QTEST_GUILESS_MAIN(tst_RunningProcesses)

@@ -120,6 +120,7 @@ private Q_SLOTS:
         QFETCH(QStringList, arguments);
         QFETCH(QStringList, expected);
         const FakeApplication service(nonInteractive);
+        // NOLINTNEXTLINE(performance-unnecessary-copy-initialization): the first might be changed
         const QStringList before = arguments;
         QCOMPARE(Launcher::getModifiedArguments(arguments), expected);
         QCOMPARE(arguments, before);

@@ -64,6 +64,83 @@ QString randomChunk(QRandomGenerator& random)
     return chunk;
 }
 
+struct Decoding
+{
+    const char* name;
+    const char* line;
+    const char* messages; ///< as described() writes them
+};
+
+// clang-format off
+const Decoding decodings[] = {
+    {"empty",                              "",                                            ""},
+    {"blanks",                             "  \t \r\n",                                   ""},
+    {"no marker",                          "Solving",                                     "0'Solving'"},
+    {"no marker, not trimmed",             "  Solving  \n",                               "0'  Solving  '"},
+    {"line ends inside",                   "a\rb\nc",                                     "0'abc'"},
+    {"error, front dropped",               "abc -*-error-*- bad value",                   "4' bad value'"},
+    {"warning",                            "-*-warning-*-WARNING 1: hot ",                "5'WARNING 1: hot '"},
+    {"notice",                             "-*-notice-*-NOTE 2: wet",                     "6'NOTE 2: wet'"},
+    {"linefeed loses its text",            "-*-linefeed-*-text",                          "1''"},
+    {"file trimmed",                       "-*-file-*-  out.log  ",                       "7'out.log'"},
+    {"variable trimmed",                   "-*-variable-*-\ta = 1 ",                      "8'a = 1'"},
+    {"percentage",                         "-*-percentage-*- 45% done",                   "2'45'"},
+    {"total percentage",                   "-*-total-percentage-*-100%",                  "3'100'"},
+    {"percentage of four digits",          "-*-percentage-*-1000%",                       "2'0'"},
+    {"percentage of three digits",         "-*-percentage-*-999%",                        "2'999'"},
+    {"percentage, last digits",            "-*-percentage-*-12345%",                      "2'345'"},
+    {"percentage without sign",            "-*-percentage-*-45",                          "2'45'"},
+    {"percentage without sign, blanks",    "-*-percentage-*- 45 ",                        "2'45'"},
+    {"percentage, text without sign",      "-*-percentage-*-45 of 100",                   "2'0'"},
+    {"percentage alone",                   "-*-percentage-*-",                            "2'0'"},
+    {"percentage, sign alone",             "-*-percentage-*-%",                           "2'0'"},
+    {"percentage, blank in front of sign", "-*-percentage-*-45 %",                        "2'0'"},
+    {"percentage, first sign counts",      "-*-percentage-*-7% of 50%",                   "2'7'"},
+    {"percentage, leading zero",           "-*-percentage-*-007%",                        "2'7'"},
+    {"percentage, fraction",               "-*-percentage-*-12.5%",                       "2'5'"},
+    {"percentage, minus with sign",        "-*-percentage-*--5%",                         "2'5'"},
+    {"percentage, minus",                  "-*-percentage-*--5",                          "2'-5'"},
+    {"percentage beyond int",              "-*-percentage-*-99999999999",                 "2'0'"},
+    {"percentage at the end of int",       "-*-percentage-*-2147483647",                  "2'2147483647'"},
+    {"percentage, other script",           "-*-percentage-*-\xd9\xa3%",                   "2'0'"},
+    {"carry-over at the end",              "-*-error-*-disk full-*-warning-*-",           "4'disk full' 5'disk full'"},
+    {"carry-over in the middle",           "-*-error-*-a-*-warning-*--*-notice-*-b",      "4'a' 5'a' 6'b'"},
+    {"carry-over over two",                "-*-error-*-a-*-warning-*--*-notice-*-",       "4'a' 5'a' 6'a'"},
+    {"nothing to carry over",              "-*-error-*--*-warning-*-b",                   "4'' 5'b'"},
+    {"nothing carried from linefeed",      "-*-error-*-a-*-linefeed-*-x-*-notice-*-",     "4'a' 1'' 6'a'"},
+    {"carried over to a percentage",       "-*-error-*-45%-*-percentage-*-",              "4'45%' 2'45'"},
+    {"body carried untrimmed",             "-*-file-*- f -*-error-*-",                    "7'f' 4' f '"},
+    {"blank body is a body",               "-*-error-*-a-*-warning-*- ",                  "4'a' 5' '"},
+    {"unknown marker",                     "-*-foo-*-bar",                                "0'bar'"},
+    {"unknown marker with hyphen",         "-*-foo-bar-*-baz",                            "0'baz'"},
+    {"two inner hyphens",                  "-*-a-b-c-*-",                                 "0'-*-a-b-c-*-'"},
+    {"upper case is no marker",            "-*-Error-*-x",                                "0'-*-Error-*-x'"},
+    {"digit is no marker",                 "-*-a1-*-x",                                   "0'-*-a1-*-x'"},
+    {"blank is no marker",                 "-*-a b-*-x",                                  "0'-*-a b-*-x'"},
+    {"empty marker",                       "-*--*-x",                                     "0'x'"},
+    {"empty marker with hyphen",           "-*---*-x",                                    "0'x'"},
+    {"hyphen in front",                    "-*--a-*-x",                                   "0'x'"},
+    {"hyphen behind",                      "-*-a--*-x",                                   "0'x'"},
+    {"fences share a hyphen",              "-*-*-",                                       "0'-*-*-'"},
+    {"fence in front of a marker",         "-*-*-error-*-x",                              "4'x'"},
+    {"hyphens in front of a marker",       "---*-error-*-x",                              "4'x'"},
+    {"fence is used once",                 "-*-error-*-warning-*-x",                      "4'warning-*-x'"},
+    {"unfinished marker",                  "-*-error-*",                                  "0'-*-error-*'"},
+    {"fence only",                         "-*-",                                         "0'-*-'"},
+    {"marker cut at a chunk's end",        "-*-err",                                      "0'-*-err'"},
+    {"bogus error, prefix kept",           "[0] sock error: Error = 10058",               "0'[0] '"},
+    {"bogus error alone",                  "state machine failed.",                       "0''"},
+    {"bogus error twice",                  "state machine failed.state machine failed.",  "0''"},
+    {"bogus error in a body",              "-*-error-*-x state machine failed. y",        "4'x  y'"},
+    {"bogus error, wrong case",            "State machine failed.",                       "0'State machine failed.'"},
+    {"marker freed of a bogus error",      "-*-errstate machine failed.or-*-x",           "4'x'"},
+    {"body emptied of a bogus error",      "-*-error-*-a-*-warning-*-state machine failed.", "4'a' 5'a'"},
+    {"later text brought together",        "state mastate machine failed.chine failed.",  "0'state machine failed.'"},
+    {"removed in the order listed",        "state machinesock error: Error = 10058 failed.", "0''"},
+    {"not out of order",                   "sock erstate machine failed.ror: Error = 10058", "0'sock error: Error = 10058'"},
+};
+// clang-format on
+
 } // namespace
 
 class tst_common_KestProcessMessage : public QObject
@@ -78,74 +155,11 @@ private Q_SLOTS:
     void decodes_data()
     {
         QTest::addColumn<QString>("line");
-        QTest::addColumn<QString>("messages"); // as described() writes them
-        // clang-format off
-        QTest::newRow("empty")                       << ""                                   << "";
-        QTest::newRow("blanks")                      << "  \t \r\n"                          << "";
-        QTest::newRow("no marker")                   << "Solving"                            << "0'Solving'";
-        QTest::newRow("no marker, not trimmed")      << "  Solving  \n"                      << "0'  Solving  '";
-        QTest::newRow("line ends inside")            << "a\rb\nc"                            << "0'abc'";
-        QTest::newRow("error, front dropped")        << "abc -*-error-*- bad value"          << "4' bad value'";
-        QTest::newRow("warning")                     << "-*-warning-*-WARNING 1: hot "       << "5'WARNING 1: hot '";
-        QTest::newRow("notice")                      << "-*-notice-*-NOTE 2: wet"            << "6'NOTE 2: wet'";
-        QTest::newRow("linefeed loses its text")     << "-*-linefeed-*-text"                 << "1''";
-        QTest::newRow("file trimmed")                << "-*-file-*-  out.log  "              << "7'out.log'";
-        QTest::newRow("variable trimmed")            << "-*-variable-*-\ta = 1 "             << "8'a = 1'";
-        QTest::newRow("percentage")                  << "-*-percentage-*- 45% done"          << "2'45'";
-        QTest::newRow("total percentage")            << "-*-total-percentage-*-100%"         << "3'100'";
-        QTest::newRow("percentage of four digits")   << "-*-percentage-*-1000%"              << "2'0'";
-        QTest::newRow("percentage of three digits")  << "-*-percentage-*-999%"               << "2'999'";
-        QTest::newRow("percentage, last digits")     << "-*-percentage-*-12345%"             << "2'345'";
-        QTest::newRow("percentage without sign")     << "-*-percentage-*-45"                 << "2'45'";
-        QTest::newRow("percentage without sign, blanks") << "-*-percentage-*- 45 "           << "2'45'";
-        QTest::newRow("percentage, text without sign") << "-*-percentage-*-45 of 100"        << "2'0'";
-        QTest::newRow("percentage alone")            << "-*-percentage-*-"                   << "2'0'";
-        QTest::newRow("percentage, sign alone")      << "-*-percentage-*-%"                  << "2'0'";
-        QTest::newRow("percentage, blank in front of sign") << "-*-percentage-*-45 %"        << "2'0'";
-        QTest::newRow("percentage, first sign counts") << "-*-percentage-*-7% of 50%"        << "2'7'";
-        QTest::newRow("percentage, leading zero")    << "-*-percentage-*-007%"               << "2'7'";
-        QTest::newRow("percentage, fraction")        << "-*-percentage-*-12.5%"              << "2'5'";
-        QTest::newRow("percentage, minus with sign") << "-*-percentage-*--5%"                << "2'5'";
-        QTest::newRow("percentage, minus")           << "-*-percentage-*--5"                 << "2'-5'";
-        QTest::newRow("percentage beyond int")       << "-*-percentage-*-99999999999"        << "2'0'";
-        QTest::newRow("percentage at the end of int") << "-*-percentage-*-2147483647"        << "2'2147483647'";
-        QTest::newRow("percentage, other script")    << QString::fromUtf8("-*-percentage-*-\xd9\xa3%") << "2'0'";
-        QTest::newRow("carry-over at the end")       << "-*-error-*-disk full-*-warning-*-"  << "4'disk full' 5'disk full'";
-        QTest::newRow("carry-over in the middle")    << "-*-error-*-a-*-warning-*--*-notice-*-b" << "4'a' 5'a' 6'b'";
-        QTest::newRow("carry-over over two")         << "-*-error-*-a-*-warning-*--*-notice-*-" << "4'a' 5'a' 6'a'";
-        QTest::newRow("nothing to carry over")       << "-*-error-*--*-warning-*-b"          << "4'' 5'b'";
-        QTest::newRow("nothing carried from linefeed") << "-*-error-*-a-*-linefeed-*-x-*-notice-*-" << "4'a' 1'' 6'a'";
-        QTest::newRow("carried over to a percentage") << "-*-error-*-45%-*-percentage-*-"    << "4'45%' 2'45'";
-        QTest::newRow("body carried untrimmed")      << "-*-file-*- f -*-error-*-"           << "7'f' 4' f '";
-        QTest::newRow("blank body is a body")        << "-*-error-*-a-*-warning-*- "         << "4'a' 5' '";
-        QTest::newRow("unknown marker")              << "-*-foo-*-bar"                       << "0'bar'";
-        QTest::newRow("unknown marker with hyphen")  << "-*-foo-bar-*-baz"                   << "0'baz'";
-        QTest::newRow("two inner hyphens")           << "-*-a-b-c-*-"                        << "0'-*-a-b-c-*-'";
-        QTest::newRow("upper case is no marker")     << "-*-Error-*-x"                       << "0'-*-Error-*-x'";
-        QTest::newRow("digit is no marker")          << "-*-a1-*-x"                          << "0'-*-a1-*-x'";
-        QTest::newRow("blank is no marker")          << "-*-a b-*-x"                         << "0'-*-a b-*-x'";
-        QTest::newRow("empty marker")                << "-*--*-x"                            << "0'x'";
-        QTest::newRow("empty marker with hyphen")    << "-*---*-x"                           << "0'x'";
-        QTest::newRow("hyphen in front")             << "-*--a-*-x"                          << "0'x'";
-        QTest::newRow("hyphen behind")               << "-*-a--*-x"                          << "0'x'";
-        QTest::newRow("fences share a hyphen")       << "-*-*-"                              << "0'-*-*-'";
-        QTest::newRow("fence in front of a marker")  << "-*-*-error-*-x"                     << "4'x'";
-        QTest::newRow("hyphens in front of a marker") << "---*-error-*-x"                    << "4'x'";
-        QTest::newRow("fence is used once")          << "-*-error-*-warning-*-x"             << "4'warning-*-x'";
-        QTest::newRow("unfinished marker")           << "-*-error-*"                         << "0'-*-error-*'";
-        QTest::newRow("fence only")                  << "-*-"                                << "0'-*-'";
-        QTest::newRow("marker cut at a chunk's end") << "-*-err"                             << "0'-*-err'";
-        QTest::newRow("bogus error, prefix kept")    << "[0] sock error: Error = 10058"      << "0'[0] '";
-        QTest::newRow("bogus error alone")           << "state machine failed."              << "0''";
-        QTest::newRow("bogus error twice")           << "state machine failed.state machine failed." << "0''";
-        QTest::newRow("bogus error in a body")       << "-*-error-*-x state machine failed. y" << "4'x  y'";
-        QTest::newRow("bogus error, wrong case")     << "State machine failed."              << "0'State machine failed.'";
-        QTest::newRow("marker freed of a bogus error") << "-*-errstate machine failed.or-*-x" << "4'x'";
-        QTest::newRow("body emptied of a bogus error") << "-*-error-*-a-*-warning-*-state machine failed." << "4'a' 5'a'";
-        QTest::newRow("later text brought together") << "state mastate machine failed.chine failed." << "0'state machine failed.'";
-        QTest::newRow("removed in the order listed") << "state machinesock error: Error = 10058 failed." << "0''";
-        QTest::newRow("not out of order")            << "sock erstate machine failed.ror: Error = 10058" << "0'sock error: Error = 10058'";
-        // clang-format on
+        QTest::addColumn<QString>("messages");
+        for (const Decoding& each : decodings) {
+            QTest::newRow(each.name)
+                << QString::fromUtf8(each.line) << QString(QLatin1String(each.messages));
+        }
         for (const char* each : MarkerPattern::bogusErrors) {
             QTest::newRow(each) << QStringLiteral("<%1>").arg(QLatin1String(each)) << "0'<>'";
         }

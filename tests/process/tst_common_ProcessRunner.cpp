@@ -42,6 +42,21 @@ private:
     Type m_type = Output;
 };
 
+/// Of an application, which is another module than the library: it calls what the library has
+/// compiled.
+class UpperCaseRunner : public SolverRunner
+{
+protected:
+    void onOutputRecieved(const QString& line) override
+    {
+        SolverRunner::onOutputRecieved(line.toUpper());
+    }
+    void onErrorRecieved(const QString& line) override
+    {
+        SolverRunner::onErrorRecieved(line.toUpper());
+    }
+};
+
 QString text(const char* utf8)
 {
     return QString::fromUtf8(utf8);
@@ -86,6 +101,16 @@ private Q_SLOTS:
         output.sort(); // of two channels
         QCOMPARE(output, QStringList({text("plain"), text("plain too")}));
         QCOMPARE(observer.events.count(text("message")), 5);
+    }
+
+    void derivedRunnerChangesLinesBeforeTheyAreParsed()
+    {
+        UpperCaseRunner runner;
+        const RecordingObserver observer(&runner);
+        QVERIFY(run(runner, {text("out"), text("plain\\n"), text("err"), text("too\\n")}));
+        QStringList output = observer.texts[common_IProcessMessage::Output];
+        output.sort(); // of two channels
+        QCOMPARE(output, QStringList({text("PLAIN"), text("TOO")}));
     }
 
     void markerCutBetweenTwoPiecesIsNotRecognised()

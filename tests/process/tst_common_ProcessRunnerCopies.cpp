@@ -40,6 +40,7 @@ private Q_SLOTS:
         source.addArgument(QStringLiteral("y"));
         source.reference();
         {
+            // NOLINTNEXTLINE(performance-unnecessary-copy-initialization): copies are tested
             const Runner copy(source);
             QCOMPARE(assertions(), QStringList(QStringLiteral(
                                        "src/process/common_ProcessRunnerBase.cpp (40): 0")));

@@ -63,7 +63,8 @@ private Q_SLOTS:
     {
         const common_DefaultServices services(text("Tool"));
         QVector<QImage> images;
-        for (const QString& name : icons::icons()) {
+        const QStringList names = icons::icons();
+        for (const QString& name : names) {
             const QIcon icon = GET_SERVICE(common_IIconUtility)->getIcon(name);
             QVERIFY2(!icon.isNull(), qPrintable(name));
             const QImage image = icon.pixmap(32, 32).toImage();

@@ -40,7 +40,8 @@ private Q_SLOTS:
         }
         QCOMPARE(distinct(icons.asked), distinct(common_ProcessDialogIcons::icons()));
         QStringList pictures;
-        for (const QString& name : common_ProcessDialogIcons::pictures()) {
+        const QStringList names = common_ProcessDialogIcons::pictures();
+        for (const QString& name : names) {
             pictures.append(QStringLiteral(":/rc/images/") + name);
         }
         QCOMPARE(distinct(pixmaps.asked), distinct(pictures));

@@ -179,6 +179,7 @@ inline Assignments everything()
 inline std::vector<QStringList> allLists(const Options& options)
 {
     std::vector<QStringList> lists;
+    lists.reserve(getterCount);
     for (int getter = 0; getter < getterCount; ++getter) {
         lists.push_back(listFrom(options, getter));
     }

@@ -36,7 +36,7 @@ struct Option
 };
 
 // clang-format off
-inline const std::vector<Option>& options()
+inline const std::vector<Option>& options() // NOLINT(readability-function-size): a table
 {
     static const Members priorities = {
         {"IdleProcessPriority", 0, "Idle"},

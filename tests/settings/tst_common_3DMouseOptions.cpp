@@ -270,6 +270,7 @@ private Q_SLOTS:
         const QString file = folders.userFile();
         folders.info.userSettings = folders.info.defaultSettings;
         const Options::Pointer target = Options::create(ReadWriteAccess);
+        // NOLINTNEXTLINE(performance-unnecessary-copy-initialization): it holds the object as well
         const Options::Pointer second = target;
         QVERIFY(target);
         *target = *source;

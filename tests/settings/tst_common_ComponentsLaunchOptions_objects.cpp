@@ -32,6 +32,24 @@ public:
     QStringList unusualWhenRecorded;
 };
 
+/// Of an application, which is another module than the library.
+class CountingOptions : public Options
+{
+public:
+    explicit CountingOptions(const QString& fileName)
+        : Options(LockPointer(new common_LockFile(QFileInfo(fileName))))
+    {}
+
+    mutable int clones = 0;
+
+protected:
+    Options* clone() const override
+    {
+        ++clones;
+        return Options::clone();
+    }
+};
+
 common_ActivePtr<common_DomainEntity> cloneOf(const Options::Pointer& options)
 {
     const common_DomainEntity& entity = *options;
@@ -86,6 +104,16 @@ private Q_SLOTS:
         const Options::Pointer first = Options::create(ReadWriteAccess);
         QVERIFY(Options::create(ReadWriteAccess).isNull());
         QVERIFY(Options::create(ReadWriteAccess).isNull());
+    }
+
+    void derivedOptionsAreClonedByTheirOwnFunction()
+    {
+        const SettingsFolders folders;
+        const common_ActivePtr<CountingOptions> options(new CountingOptions(folders.userFile()));
+        const common_DomainEntity& entity = *options;
+        const common_ActivePtr<common_DomainEntity> copy(entity.clone());
+        QCOMPARE(options->clones, 1);
+        QVERIFY(dynamic_cast<Options*>(copy.get()) != nullptr);
     }
 
     void locksOnlyToWrite()

@@ -89,12 +89,12 @@ QString expectedComment(const common_LaunchOption& option)
 QStringList enumerators(const QString& enumeration)
 {
     const QString text = header("common_LaunchOptionMembers.h");
-    const qsizetype begin = text.indexOf(QStringLiteral("enum %1 {").arg(enumeration));
+    const int begin = int(text.indexOf(QStringLiteral("enum %1 {").arg(enumeration)));
     QStringList found;
     if (begin >= 0) {
         static const QRegularExpression line(QStringLiteral("(\\w+ = \\d+)"));
         auto matches =
-            line.globalMatch(text.mid(begin, text.indexOf(QLatin1Char('}'), begin) - begin));
+            line.globalMatch(text.mid(begin, int(text.indexOf(QLatin1Char('}'), begin)) - begin));
         while (matches.hasNext()) {
             found.append(matches.next().captured(1));
         }

@@ -234,6 +234,7 @@ private Q_SLOTS:
             common_LockFile lockFile((QFileInfo(file)));
             QVERIFY(lockFile.lock(false));
             {
+                // NOLINTNEXTLINE(performance-unnecessary-copy-initialization): copies are tested
                 const common_LockFile copy(lockFile);
                 QCOMPARE(copy.fileInfo(), QFileInfo(file));
             }

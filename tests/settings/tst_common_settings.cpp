@@ -29,6 +29,7 @@ private Q_SLOTS:
     void copiesReadAndWriteTheSame()
     {
         TextSettings settings(m_file, QStringLiteral("one"));
+        // NOLINTNEXTLINE(performance-unnecessary-copy-initialization): copies are tested
         const TextSettings copy(settings);
         QCOMPARE(copy.getFileName(), m_file);
         TextSettings other(path("other.ini"), QStringLiteral("two"));

@@ -41,9 +41,9 @@ private Q_SLOTS:
         QTest::addColumn<QString>("seen");
         QTest::newRow("Latin-1") << QByteArray("caf\xe9.nec") << text("caf\\xE9.nec");
         QTest::newRow("both") << QByteArray("\xc3\xa9\xe9") << text("é\\xE9");
-        QTest::newRow("cut") << QByteArray("a\xf0\x9f\x98") << text("a\\xF0\\x9F\\x98");
-        QTest::newRow("overlong") << QByteArray("\xc0\xaf") << text("\\xC0\\xAF");
-        QTest::newRow("surrogate") << QByteArray("\xed\xb3\xbf") << text("\\xED\\xB3\\xBF");
+        QTest::newRow("cut") << QByteArray("a\xf0\x9f\x98") << text(R"(a\xF0\x9F\x98)");
+        QTest::newRow("overlong") << QByteArray("\xc0\xaf") << text(R"(\xC0\xAF)");
+        QTest::newRow("surrogate") << QByteArray("\xed\xb3\xbf") << text(R"(\xED\xB3\xBF)");
     }
 
     void otherBytesAreKept()
@@ -108,7 +108,8 @@ private Q_SLOTS:
                           folder.path(), QProcessEnvironment::systemEnvironment());
         QCOMPARE(made.exitCode, 0);
         QStringList seen;
-        for (const QString& name : FileName::unusableIn(folder.path())) {
+        const QStringList names = FileName::unusableIn(folder.path());
+        for (const QString& name : names) {
             seen.append(suite::visibleText(name));
         }
         QCOMPARE(seen, QStringList({text("caf\\xE9.nec"), text("\\xFF.csv")}));

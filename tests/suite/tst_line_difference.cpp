@@ -102,7 +102,8 @@ private Q_SLOTS:
         QFETCH(QByteArray, left);
         QFETCH(QByteArray, right);
         QStringList found;
-        for (const LineChange& change : suite::LineDifference::of(left, right)) {
+        const QVector<LineChange> changes = suite::LineDifference::of(left, right);
+        for (const LineChange& change : changes) {
             found.append(QStringLiteral("%1,%2").arg(change.leftLine).arg(change.rightLine));
             for (const QString& line : change.left) {
                 found.append(QLatin1Char('-') + line);

@@ -76,7 +76,7 @@ private Q_SLOTS:
         // clang-format off
         QTest::newRow("no hosts")       << "SLURM_TASKS_PER_NODE=1" << "SLURM_JOB_NODELIST is not set";
         QTest::newRow("empty hosts")    << "SLURM_JOB_NODELIST= SLURM_TASKS_PER_NODE=1" << "SLURM_JOB_NODELIST is not set";
-        QTest::newRow("wrong hosts")    << "SLURM_JOB_NODELIST=n[1- SLURM_TASKS_PER_NODE=1" << "SLURM_JOB_NODELIST is 'n[1-', \"1-\" is no number and no range such as \"01-12\"";
+        QTest::newRow("wrong hosts")    << "SLURM_JOB_NODELIST=n[1- SLURM_TASKS_PER_NODE=1" << R"(SLURM_JOB_NODELIST is 'n[1-', "1-" is no number and no range such as "01-12")";
         QTest::newRow("long hosts")     << QStringLiteral("SLURM_JOB_NODELIST=%1[ SLURM_TASKS_PER_NODE=1").arg(QString(70, QLatin1Char('n')))
                                         << QStringLiteral("SLURM_JOB_NODELIST is '%1...', \"\" is no number and no range such as \"01-12\"").arg(QString(60, QLatin1Char('n')));
         QTest::newRow("no counts")      << "SLURM_JOB_NODELIST=n1" << "SLURM_TASKS_PER_NODE is not set";

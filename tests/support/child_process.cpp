@@ -39,7 +39,10 @@
 #include <thread>
 #include <vector>
 
-#ifndef _WIN32
+#ifdef _WIN32
+#include <fcntl.h>
+#include <io.h>
+#else
 #include <unistd.h>
 #endif
 
@@ -272,6 +275,10 @@ Arguments commandsOf(const Arguments& arguments)
 
 int main(int argc, char* argv[])
 {
+#ifdef _WIN32 // the bytes of the commands, and no other line ends
+    _setmode(_fileno(stdout), _O_BINARY);
+    _setmode(_fileno(stderr), _O_BINARY);
+#endif
     const Arguments arguments = commandsOf(Arguments(argv + 1, argv + argc));
     for (auto argument = arguments.cbegin(); argument != arguments.cend();) {
         const std::string name = *argument++;

@@ -118,7 +118,7 @@ bool holdAlone(const QString& marker)
 
 int race(const QStringList& arguments)
 {
-    const QString path = arguments.at(0);
+    const QString& path = arguments.at(0);
     int rounds = arguments.at(1).toInt();
     qint64 clashes = 0;
     while (rounds > 0) {

@@ -145,9 +145,9 @@ private:
         const QStringList texts = entries(menu);
         for (QString text : texts) {
             text.remove(QStringLiteral("&&"));
-            const QString letter = text.section(QLatin1Char('&'), 1, 1).left(1).toLower();
-            if (!letter.isEmpty()) {
-                result.append(letter);
+            const QString marked = text.section(QLatin1Char('&'), 1, 1);
+            if (!marked.isEmpty()) {
+                result.append(marked.at(0).toLower());
             }
         }
         return result;

@@ -49,6 +49,7 @@ private Q_SLOTS:
         QCOMPARE(ShownTexts::ambiguousMenus(window), QStringList());
         for (const char* const each :
              {"&Datei", "&Ansicht", "&Hilfe", "Ergebnisse",
+              // NOLINTNEXTLINE(bugprone-suspicious-missing-comma): one text
               "Öffnen Sie Ergebnisse von Läufen (Strg+O) oder legen Sie sie auf diesem Fenster "
               "ab."}) {
             QVERIFY2(shown.contains(text(each)), each);

@@ -162,8 +162,8 @@ void tst_common_KestProcessOutputLayout_estimates::forgetsLayoutsThatNobodySees(
     views.tested().setPlainText(
         QStringLiteral("a text that is wider than the view in every font, so that it wraps\n")
             .repeated(5000));
-    const qreal end = 1e6;
-    for (qreal place = 0; place < end; place += 150) {
+    constexpr int end = 1000000;
+    for (int place = 0; place < end; place += 150) {
         views.layout->layOut(place, place + 200);
     }
     QVERIFY(laidOutBlocks(views.tested().document()) < 1100);

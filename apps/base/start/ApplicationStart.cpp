@@ -8,6 +8,7 @@
 #include "SuiteFolders.h"
 #include "Translations.h"
 #include "WindowDisplay.h"
+#include "KeptConsole.h"
 
 #include <QtVersion.h>
 #include <WriteFailures.h>
@@ -88,6 +89,7 @@ std::unique_ptr<QCoreApplication> makeApplicationObject(WindowSystem windowSyste
         WriteFailures::report(); // pictures are written
         qputenv("QT_QPA_PLATFORM", "offscreen");
     } else {
+        KeptConsole::leaveUnshared();
         setUpPixels(); // those of a picture are what was asked for
     }
     return std::make_unique<QApplication>(arguments.count(), arguments.values());

@@ -48,7 +48,7 @@ QStringList LanguageChoice::wanted()
 QString LanguageChoice::of(const QStringList& wanted, const QStringList& available)
 {
     for (const QString& each : wanted) {
-        const QString language = languageOf(each);
+        QString language = languageOf(each);
         if (language == QLatin1String("c") || language == QLatin1String("posix")) {
             return english;
         }

@@ -15,6 +15,7 @@ namespace {
     QT_TRANSLATE_NOOP("SubcommandOption", "name"),
     QT_TRANSLATE_NOOP("SubcommandOption", "word"),
     QT_TRANSLATE_NOOP("SubcommandOption", "n"),
+    QT_TRANSLATE_NOOP("SubcommandOption", "host"),
 };
 
 QString valueWord(const SubcommandOption& option)

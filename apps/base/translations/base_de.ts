@@ -305,6 +305,10 @@ wurden nicht aufgeführt, weil ihre Namen nicht in UTF-8 sind; benennen Sie sie 
         <source>n</source>
         <translation>Anzahl</translation>
     </message>
+    <message>
+        <source>host</source>
+        <translation>Host</translation>
+    </message>
 </context>
 <context>
     <name>SubcommandWords</name>

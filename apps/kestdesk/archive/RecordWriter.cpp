@@ -29,7 +29,7 @@ struct RecordWriter::Shared
     const RunArchive archive;
     qint64 mostBytes = usualMostBytes;
     RunRecord start;
-    QString machinesFile;
+    QByteArray machines; // content of the machines file
 
     std::mutex mutex; // guards the members below
     std::condition_variable changed;
@@ -122,7 +122,7 @@ void RecordWriter::setMostBytes(qint64 bytes)
 void RecordWriter::begin(const RunRecord& record, const QString& machinesFile)
 {
     m_shared->start = record;
-    m_shared->machinesFile = machinesFile;
+    m_shared->machines = RunArchive::machinesOf(machinesFile);
     m_thread.start([shared = m_shared] { work(*shared); });
 }
 
@@ -141,7 +141,8 @@ void RecordWriter::finish(const RunRecord& record, const RunArchive::Limits& lim
 
 void RecordWriter::work(Shared& shared)
 {
-    const RunArchive::Addition addition = shared.archive.add(shared.start, shared.machinesFile);
+    const RunArchive::Addition addition =
+        shared.archive.addWithMachines(shared.start, shared.machines);
     if (addition.number > 0) {
         shared.emitLater(&RecordWriter::created, addition.number);
         follow(shared, addition.folder);

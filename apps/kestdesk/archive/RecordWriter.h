@@ -31,7 +31,8 @@ public:
     void setMostBytes(qint64 bytes);
 
     /// Adds the record to the archive, with copies of the model and of the machines file, whose
-    /// path may be empty. To be called once, before append() and finish().
+    /// path may be empty. That is read at once: a run that ends soon deletes it. To be called once,
+    /// before append() and finish().
     void begin(const RunRecord& record, const QString& machinesFile);
 
     void append(const RecordedMessage& message);

@@ -50,7 +50,7 @@ QString obstacleOfState(const RunRecord& record)
 
 QString ResumedRun::obstacle(const RunRecord& record)
 {
-    const QString ofState = obstacleOfState(record);
+    QString ofState = obstacleOfState(record);
     if (!ofState.isEmpty()) {
         return ofState;
     }

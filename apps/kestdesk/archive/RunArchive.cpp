@@ -7,6 +7,7 @@
 #include "RecordFolder.h"
 
 #include <InputFile.h>
+#include <MachinesFile.h>
 #include <ProcessMark.h>
 
 #include <common_IApplicationInfo.h>
@@ -40,13 +41,13 @@ qint64 folderSize(const QString& folder)
     return size;
 }
 
-bool copyMachinesFile(const QString& file, RunRecord& record, RecordFolder& folder)
+bool writeMachines(const QByteArray& machines, RunRecord& record, RecordFolder& folder)
 {
-    if (const auto content = suite::InputFile(file).read(largestMachinesFile)) {
-        record.machinesCopy = machinesCopy;
-        return folder.writeFile(machinesCopy, *content);
+    if (machines.isNull()) {
+        return true;
     }
-    return true;
+    record.machinesCopy = machinesCopy;
+    return folder.writeFile(machinesCopy, machines);
 }
 
 } // namespace
@@ -125,8 +126,19 @@ std::optional<RunRecord> RunArchive::record(int number) const
     return found;
 }
 
+QByteArray RunArchive::machinesOf(const QString& machinesFile)
+{
+    const auto content = suite::InputFile(machinesFile).read(largestMachinesFile);
+    return content && content->isNull() ? QByteArray("") : content.value_or(QByteArray());
+}
+
+RunArchive::Addition RunArchive::add(const RunRecord& record, const QString& machinesFile) const
+{
+    return addWithMachines(record, machinesOf(machinesFile));
+}
+
 // The record is completed under a temporary name, so that other programs never read half of one.
-RunArchive::Addition RunArchive::add(RunRecord record, const QString& machinesFile) const
+RunArchive::Addition RunArchive::addWithMachines(RunRecord record, const QByteArray& machines) const
 {
     if (!QDir().mkpath(m_folder)) {
         return {0, {}, QStringLiteral("the folder %1 cannot be made").arg(m_folder)};
@@ -138,9 +150,9 @@ RunArchive::Addition RunArchive::add(RunRecord record, const QString& machinesFi
         return {0, {}, QStringLiteral("nothing can be written into %1").arg(m_folder)};
     }
     record.owner = ProcessMark::own().word();
-    record.processes = ProcessCount::of(record.arguments, machinesFile);
+    record.processes = ProcessCount::of(record.arguments, suite::MachinesFile::parse(machines));
     RecordFolder folder(place.path());
-    if (!ModelCopy::add(record, folder) || !copyMachinesFile(machinesFile, record, folder) ||
+    if (!ModelCopy::add(record, folder) || !writeMachines(machines, record, folder) ||
         !folder.writeFile(QFileInfo(folder.messagesFile()).fileName(), QByteArray()) ||
         !folder.writeStart(record)) {
         return {0, {}, folder.reason()};

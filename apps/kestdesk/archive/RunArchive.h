@@ -53,7 +53,13 @@ public:
 
     /// Adds a record of a run that starts now, with a copy of its model and, unless the path is
     /// empty, of its machines file.
-    Addition add(RunRecord record, const QString& machinesFile) const;
+    Addition add(const RunRecord& record, const QString& machinesFile) const;
+
+    /// The same with the content of the machines file; null without one.
+    Addition addWithMachines(RunRecord record, const QByteArray& machines) const;
+
+    /// The content of a machines file as a record keeps it; null if it cannot be read.
+    static QByteArray machinesOf(const QString& machinesFile);
 
     /// Deletes a record, even an unreadable one. False if its run still runs or if it cannot be
     /// deleted.

@@ -2,6 +2,7 @@
 #include "BatchSession.h"
 
 #include "Component.h"
+#include "Descendants.h"
 #include "KestdeskSettings.h"
 #include "ReasonText.h"
 #include "StopSignals.h"
@@ -45,6 +46,7 @@ BatchSession::BatchSession(const Component& component, common_RunWrapper::RunOpt
 {
     connect(&m_queue, &RunQueue::startRequested, this, &BatchSession::start);
     connect(&m_shutdown, &Shutdown::done, this, &BatchSession::leave);
+    Descendants::bindToThisProgram();
     StopSignals::watch(this, [this] { onStopRequested(); });
     closeInterruptedRecords();
 }
@@ -85,6 +87,8 @@ void BatchSession::start(const QueuedRun& queued)
     const int index = queued.id - 1;
     auto& run = m_runs[static_cast<std::size_t>(index)];
     run = std::make_unique<BatchRun>(m_setting, m_models.at(index));
+    // The runner has just detached this program from the console that the report is shown in.
+    connect(&run->run(), &Run::stateChanged, this, [this] { m_console.restore(); });
     m_report.follow(run->run(), run->forecast());
     m_shutdown.add(run->run());
     connect(run.get(), &BatchRun::recordFailed, this, [this](const QString& reason) {

@@ -6,6 +6,7 @@
 #include "DiskThread.h"
 #include "RunQueue.h"
 #include "Shutdown.h"
+#include "KeptConsole.h"
 
 #include <common_CommonSettingsSet.h>
 
@@ -56,6 +57,7 @@ private:
     bool m_isJson = false;
     common_CommonSettingsSet m_settings;
     BatchSetting m_setting;
+    KeptConsole m_console;
     BatchReport m_report;
     Shutdown m_shutdown;
     RunQueue m_queue;

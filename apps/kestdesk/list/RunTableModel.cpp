@@ -204,12 +204,14 @@ void RunTableModel::setRecords(const QVector<RunRecord>& records)
 }
 
 // Invisible changes are not reported, because views may sort and filter all rows after each report.
+// The first record of a run is no such change: it decides what can be done with the run.
 void RunTableModel::setRecord(int row, const RunRecord& record)
 {
     ListedRun& changed = m_rows[row];
     const QStringList before = textsOf(changed);
+    const bool isFirst = changed.record.number == 0;
     changed.record = record;
-    if (textsOf(changed) != before) {
+    if (isFirst || textsOf(changed) != before) {
         reportChange(row);
     }
 }

@@ -52,7 +52,7 @@ QString EnvironmentRule::problem(const QString& text)
     QSet<QString> names;
     const QStringList lines = text.split(QLatin1Char('\n'));
     for (int i = 0; i < lines.size(); ++i) {
-        const QString error = lines[i].isEmpty() ? QString() : lineError(lines[i], i + 1, names);
+        QString error = lines[i].isEmpty() ? QString() : lineError(lines[i], i + 1, names);
         if (!error.isEmpty()) {
             return error;
         }

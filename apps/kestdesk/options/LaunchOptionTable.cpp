@@ -86,7 +86,7 @@ QString plain(QString text)
 QString LaunchOptionRow::text() const
 {
     const QString own = QString::fromLatin1(label);
-    const QString translated = Texts::tr(label);
+    QString translated = Texts::tr(label);
     if (translated != own) {
         return translated;
     }

@@ -69,7 +69,7 @@ bool knows(const Options& options, const QString& name)
     const bool known = names(options).contains(name);
     if (!known) {
         ErrorOutput::print(
-            Texts::tr("there is no option \"%1\"; \"kestdesk options list\" shows all").arg(name));
+            Texts::tr(R"(there is no option "%1"; "kestdesk options list" shows all)").arg(name));
     }
     return known;
 }

@@ -7,6 +7,8 @@
 #include "RunFacts.h"
 #include "RunSize.h"
 
+#include <MachinesFile.h>
+
 #include <QtConcurrentRun>
 
 #include <utility>
@@ -71,7 +73,7 @@ void RunForecast::readHistory()
     const auto isCancelled = m_isCancelled;
     m_reading.setFuture(QtConcurrent::run([start, machinesFile, archive, isCancelled] {
         RunSize size = RunSize::of(start);
-        size.processes = ProcessCount::of(start.arguments, machinesFile);
+        size.processes = ProcessCount::of(start.arguments, suite::MachinesFile::read(machinesFile));
         size.readModel();
         return PaceHistory::expectation(archive, size, *isCancelled);
     }));

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "TwoWayQuestion.h"
+
 #include <QStringList>
 
 class QWidget;
@@ -8,10 +10,8 @@ class QWidget;
 /// A question to the user before a run is repeated without one of its hosts.
 namespace LeaveOutQuestion {
 
-enum class Answer { RunAgain, EditFile, Cancel };
-
-/// Shows which lines of the run's machines file become comments. The window may be destroyed
-/// meanwhile.
-Answer ask(int run, const QString& host, const QStringList& lines, QWidget* window);
+/// Shows which lines of the run's machines file become comments. The first way is to run again, the
+/// second one to edit the file.
+TwoWayQuestion::Answer ask(int run, const QString& host, const QStringList& lines, QWidget* window);
 
 } // namespace LeaveOutQuestion

@@ -4,11 +4,11 @@
 #include "LocalMachines.h"
 #include "MachinesDialog.h"
 #include "ReasonText.h"
+#include "TwoWayQuestion.h"
 
 #include <common_UserQuery.h>
 
 #include <QCoreApplication>
-#include <QMessageBox>
 #include <QWidget>
 
 namespace {
@@ -40,19 +40,15 @@ bool MachinesOffer::ask(const QString& problem, QWidget* window)
 {
     QString sentence = ReasonText::shown(problem) + QLatin1Char('.');
     sentence[0] = sentence.at(0).toUpper();
-    common_UserQuery query(title(),
-                           sentence + Texts::tr("\n\nUse this machine, with the line \"%1\", "
-                                                "or name others?")
-                                          .arg(LocalMachines::line()),
-                           common_UserQuery::Warning, window, QString());
-    query.addOption(Texts::tr("&Use this machine"), QMessageBox::AcceptRole,
-                    common_UserQuery::EnterDefault);
-    query.addOption(Texts::tr("&Configure..."), QMessageBox::ActionRole);
-    query.addOption(Texts::tr("Cancel"), QMessageBox::RejectRole, common_UserQuery::EscapeDefault);
-    switch (query.display()) {
-    case QMessageBox::AcceptRole:
+    const TwoWayQuestion question = {
+        title(),
+        sentence + Texts::tr("\n\nUse this machine, with the line \"%1\", or name others?")
+                       .arg(LocalMachines::line()),
+        Texts::tr("&Use this machine"), Texts::tr("&Configure...")};
+    switch (question.ask(window)) {
+    case TwoWayQuestion::Answer::First:
         return useThisMachine(window);
-    case QMessageBox::ActionRole:
+    case TwoWayQuestion::Answer::Second:
         return MachinesDialog::edit(window);
     default:
         return false;

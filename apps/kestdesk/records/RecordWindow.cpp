@@ -30,14 +30,18 @@ constexpr int interval = 1000; // milliseconds between two reads of a running ru
 constexpr int usualWidth = 760;
 constexpr int usualHeight = 520;
 
-// clang-format off
-const QVector<MessageView::Kind> kinds = {
-    {common_IProcessMessage::Error,   QT_TRANSLATE_NOOP("MessageView", "Errors"),   true},
-    {common_IProcessMessage::Warning, QT_TRANSLATE_NOOP("MessageView", "Warnings"), true},
-    {common_IProcessMessage::Notice,  QT_TRANSLATE_NOOP("MessageView", "Notices"),  true},
-    {common_IProcessMessage::File,    QT_TRANSLATE_NOOP("MessageView", "Files"),    true},
-};
-// clang-format on
+const QVector<MessageView::Kind>& kinds()
+{
+    // clang-format off
+    static const QVector<MessageView::Kind> table = {
+        {common_IProcessMessage::Error,   QT_TRANSLATE_NOOP("MessageView", "Errors"),   true},
+        {common_IProcessMessage::Warning, QT_TRANSLATE_NOOP("MessageView", "Warnings"), true},
+        {common_IProcessMessage::Notice,  QT_TRANSLATE_NOOP("MessageView", "Notices"),  true},
+        {common_IProcessMessage::File,    QT_TRANSLATE_NOOP("MessageView", "Files"),    true},
+    };
+    // clang-format on
+    return table;
+}
 
 } // namespace
 
@@ -147,7 +151,7 @@ void RecordWindow::makeMessages()
 {
     const bool isRunning = m_record.state == RunRecord::State::Running;
     m_store = new MessageStore(RecordFolder(m_record.folder).messagesFile(), isRunning, this);
-    m_messages = new MessageView(m_store, kinds, m_tabs);
+    m_messages = new MessageView(m_store, kinds(), m_tabs);
     auto* const output = new MessageView(m_store, {}, m_tabs);
     m_tabs->insertTab(1, m_messages, tr("&Messages"));
     m_tabs->insertTab(2, output, tr("&Output"));

@@ -4,19 +4,16 @@
 #include "LeaveOutQuestion.h"
 #include "ReasonText.h"
 #include "ResumedRun.h"
+#include "RunWithoutHost.h"
+#include "TwoWayQuestion.h"
 
-#include <HostRemoval.h>
 #include <VisibleText.h>
-
-#include <common_UserQuery.h>
-
-#include <QMessageBox>
 
 #include <utility>
 
 namespace {
 
-enum class Choice { AsItWas, AsItIs, Cancel };
+using Answer = TwoWayQuestion::Answer;
 
 QString sentence(QString clause)
 {
@@ -24,8 +21,8 @@ QString sentence(QString clause)
     return clause + QLatin1Char('.');
 }
 
-// The choices depend on which files exist.
-Choice ask(const RunRecord& record, bool isThere, bool hasCopy, QWidget* window)
+// Which model is to be run: as it was, or as it is. The choices depend on which files exist.
+TwoWayQuestion::Answer ask(const RunRecord& record, bool isThere, bool hasCopy, QWidget* window)
 {
     const QString name = suite::visibleFileName(record.model);
     const QString text =
@@ -36,37 +33,10 @@ Choice ask(const RunRecord& record, bool isThere, bool hasCopy, QWidget* window)
                                "it was.")
                       .arg(name)
                       .arg(record.number);
-    common_UserQuery query(RunAgain::tr("Run again"), text, common_UserQuery::Warning, window,
-                           QString());
-    if (hasCopy) {
-        query.addOption(RunAgain::tr("As it &was"), QMessageBox::AcceptRole,
-                        common_UserQuery::EnterDefault);
-    }
-    if (isThere) {
-        query.addOption(RunAgain::tr("As it is &now"), QMessageBox::ActionRole);
-    }
-    query.addOption(RunAgain::tr("Cancel"), QMessageBox::RejectRole,
-                    common_UserQuery::EscapeDefault);
-    switch (query.display()) {
-    case QMessageBox::AcceptRole:
-        return Choice::AsItWas;
-    case QMessageBox::ActionRole:
-        return Choice::AsItIs;
-    default:
-        return Choice::Cancel;
-    }
-}
-
-// Why the run cannot do without the host; empty when it can.
-QString obstacleOf(const suite::HostRemoval& removal, const QString& host)
-{
-    const QString name = suite::visibleText(host);
-    if (removal.lines().isEmpty()) {
-        return RunAgain::tr("The host %1 is not in the machines file of the run.").arg(name);
-    }
-    return removal.leavesHosts()
-               ? QString()
-               : RunAgain::tr("%1 is the only host in the machines file of the run.").arg(name);
+    const TwoWayQuestion question = {RunAgain::tr("Run again"), text,
+                                     hasCopy ? RunAgain::tr("As it &was") : QString(),
+                                     isThere ? RunAgain::tr("As it is &now") : QString()};
+    return question.ask(window);
 }
 
 } // namespace
@@ -104,10 +74,8 @@ void RunAgain::requestWithout(int number, const QString& host)
             answer([this, number] { failWithoutRecord(number); });
             return;
         }
-        const suite::HostRemoval removal(RecordedRun::machinesFile(*record).value_or(QByteArray()),
-                                         {host});
-        const QString problem = obstacleOf(removal, host);
-        const QStringList lines = removal.lines();
+        const QString problem = RunWithoutHost::obstacle(*record, host);
+        const QStringList lines = RunWithoutHost::lines(*record, host);
         answer([this, record, host, problem, lines] {
             if (problem.isEmpty()) {
                 leaveOut(*record, host, lines);
@@ -118,18 +86,17 @@ void RunAgain::requestWithout(int number, const QString& host)
     });
 }
 
-void RunAgain::leaveOut(RunRecord record, const QString& host, const QStringList& lines)
+void RunAgain::leaveOut(const RunRecord& record, const QString& host, const QStringList& lines)
 {
     const QPointer<RunAgain> guard(this); // the window may be destroyed meanwhile
     const auto answer = LeaveOutQuestion::ask(record.number, host, lines, m_window);
     if (guard.isNull()) {
         return;
     }
-    if (answer == LeaveOutQuestion::Answer::EditFile) {
+    if (answer == Answer::Second) {
         Q_EMIT hostNotLeftOut(record, host, QString());
-    } else if (answer == LeaveOutQuestion::Answer::RunAgain) {
-        record.leftOutHosts.append(host);
-        prepare(record);
+    } else if (answer == Answer::First) {
+        prepare(RunWithoutHost::of(record, host));
     }
 }
 
@@ -169,13 +136,13 @@ void RunAgain::decide(const RunRecord& record, ModelState state, bool hasCopy)
         return;
     }
     const QPointer<RunAgain> guard(this); // the window may be destroyed meanwhile
-    const Choice choice = ask(record, state == ModelState::Changed, hasCopy, m_window);
+    const Answer answer = ask(record, state == ModelState::Changed, hasCopy, m_window);
     if (guard.isNull()) {
         return;
     }
-    if (choice == Choice::AsItWas) {
+    if (answer == Answer::First) {
         writeModel(record);
-    } else if (choice == Choice::AsItIs) {
+    } else if (answer == Answer::Second) {
         Q_EMIT ready(record, record.model);
     }
 }

@@ -46,7 +46,7 @@ private:
     using ModelState = RecordedRun::ModelState;
 
     void failWithoutRecord(int number);
-    void leaveOut(RunRecord record, const QString& host, const QStringList& lines);
+    void leaveOut(const RunRecord& record, const QString& host, const QStringList& lines);
     void prepare(const RunRecord& record);
     void decide(const RunRecord& record, ModelState state, bool hasCopy);
     void writeModel(const RunRecord& record);

@@ -1,12 +1,20 @@
 // SPDX-License-Identifier: MIT
 #include "ComponentRunner.h"
 
+#include <ConsoleBreak.h>
+
 #include <common_ActivePtr.h>
 
 #include <QFile>
+#include <QProcess>
 
 #include <utility>
 #include <vector>
+
+ComponentRunner::ComponentRunner()
+{
+    ConsoleBreak::prepare(process());
+}
 
 void ComponentRunner::setStopListener(StopListener listener)
 {
@@ -27,8 +35,13 @@ void ComponentRunner::abandon()
     removeFiles();
 }
 
+// Components are console programs, which QProcess::terminate() does not reach on Windows. One that
+// cannot be asked in any way is killed; what it has started ends with it.
 void ComponentRunner::onStopRequested()
 {
+    if (!ConsoleBreak::send(process().processId())) {
+        process().kill();
+    }
     if (m_stopListener) {
         m_stopListener();
     }

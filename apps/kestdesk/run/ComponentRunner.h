@@ -11,6 +11,8 @@ class ComponentRunner : public common_ProcessRunner<common_KestProcessMessage>
 public:
     using StopListener = std::function<void()>;
 
+    ComponentRunner();
+
     /// Sets a function that is called once for each child that is asked to stop, whoever asks. An
     /// empty function removes it.
     void setStopListener(StopListener listener);

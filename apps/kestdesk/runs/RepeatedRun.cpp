@@ -9,8 +9,11 @@
 #include <Leftovers.h>
 #include <RecordedRun.h>
 #include <ResumedRun.h>
+#include <RunWithoutHost.h>
 
 #include <QCoreApplication>
+
+#include <optional>
 
 namespace {
 
@@ -28,6 +31,24 @@ int fail(const QString& problem)
     return exitNotStarted;
 }
 
+// Nothing, after a message, if the run cannot do without a host.
+std::optional<RunRecord> withoutHosts(RunRecord record, const QStringList& hosts)
+{
+    for (const QString& host : hosts) {
+        const QString obstacle = RunWithoutHost::obstacle(record, host);
+        if (!obstacle.isEmpty()) {
+            ErrorOutput::print(
+                Texts::tr("run %1 is not repeated. %2").arg(record.number).arg(obstacle));
+            return std::nullopt;
+        }
+        const QStringList lines = RunWithoutHost::lines(record, host);
+        ErrorOutput::print(Texts::tr("a comment in the copy of the machines file: %1")
+                               .arg(lines.join(QStringLiteral(", "))));
+        record = RunWithoutHost::of(record, host);
+    }
+    return record;
+}
+
 int execOn(const QString& model, const RunRecord& record, bool isJson)
 {
     Leftovers::remove();
@@ -39,10 +60,14 @@ int execOn(const QString& model, const RunRecord& record, bool isJson)
 
 } // namespace
 
-int RepeatedRun::exec(const RunRecord& record, bool isJson)
+int RepeatedRun::exec(const RunRecord& record, const QStringList& leftOutHosts, bool isJson)
 {
     if (Component::find(record.component) == nullptr) {
         return fail(Texts::tr("this kestdesk knows no component %1").arg(record.component));
+    }
+    const auto repeated = withoutHosts(record, leftOutHosts);
+    if (!repeated) {
+        return exitNotStarted;
     }
     QString model = record.model;
     if (RecordedRun::modelState(record) != RecordedRun::ModelState::Unchanged) {
@@ -63,13 +88,15 @@ int RepeatedRun::exec(const RunRecord& record, bool isJson)
                 .arg(record.number)
                 .arg(model));
     }
-    return execOn(model, record, isJson);
+    return execOn(model, *repeated, isJson);
 }
 
-int RepeatedRun::resume(const RunRecord& record, bool isJson)
+int RepeatedRun::resume(const RunRecord& record, const QStringList& leftOutHosts, bool isJson)
 {
     const QString obstacle = ResumedRun::obstacle(record);
-    return obstacle.isEmpty()
-               ? execOn(record.model, ResumedRun::of(record), isJson)
-               : fail(Texts::tr("run %1 is not resumed. %2").arg(record.number).arg(obstacle));
+    if (!obstacle.isEmpty()) {
+        return fail(Texts::tr("run %1 is not resumed. %2").arg(record.number).arg(obstacle));
+    }
+    const auto repeated = withoutHosts(record, leftOutHosts);
+    return repeated ? execOn(record.model, ResumedRun::of(*repeated), isJson) : exitNotStarted;
 }

@@ -32,7 +32,7 @@ std::optional<int> RunNumbers::parse(const QString& word)
     const int number = word.toInt(&isNumber);
     m_isInvalidWord = !isNumber || number < 1;
     m_problem =
-        Texts::tr("\"%1\" is neither the number of a run nor \"last\"").arg(suite::excerpt(word));
+        Texts::tr(R"("%1" is neither the number of a run nor "last")").arg(suite::excerpt(word));
     return m_isInvalidWord ? std::nullopt : std::optional(number);
 }
 

@@ -53,6 +53,7 @@ constexpr SubcommandOption megabytesOption = {"--megabytes", "N", 0, mostMegabyt
 constexpr SubcommandOption largestOption = {"--megabytes", "N", 1, mostMegabytes};
 constexpr SubcommandOption allOption = {"--all"};
 constexpr SubcommandOption resumeOption = {"--resume"};
+constexpr SubcommandOption withoutOption = {"--without", "HOST"};
 
 int fail(const QString& problem, int exitCode = exitFailed)
 {
@@ -154,8 +155,16 @@ int again(const SubcommandWords& words)
         return fail(numbers);
     }
     const bool isJson = words.has(jsonOption.name);
-    return words.has(resumeOption.name) ? RepeatedRun::resume(*record, isJson)
-                                        : RepeatedRun::exec(*record, isJson);
+    QStringList hosts;
+    if (words.has(withoutOption.name)) {
+        hosts = words.text(withoutOption.name).split(QLatin1Char(','));
+        hosts.removeDuplicates();
+    }
+    if (hosts.contains(QString())) {
+        return fail(Texts::tr("--without takes hosts with commas between them"), exitRefused);
+    }
+    return words.has(resumeOption.name) ? RepeatedRun::resume(*record, hosts, isJson)
+                                        : RepeatedRun::exec(*record, hosts, isJson);
 }
 
 int compare(const SubcommandWords& words)
@@ -286,7 +295,7 @@ SubcommandGroup RunsCommand::group()
     return {QStringLiteral("runs"), {
         {"list",    {jsonOption, modelOption, stateOption, lastOption}, "", QT_TRANSLATE_NOOP("Subcommand", "show the recorded runs, the newest first"),           list},
         {"show",    {jsonOption, messagesOption, outputOption}, "[NUMBER]", QT_TRANSLATE_NOOP("Subcommand", "show how a run was started and how it ended"),        show},
-        {"again",   {jsonOption, resumeOption},        "NUMBER",            QT_TRANSLATE_NOOP("Subcommand", "run it once more, or resume it, exactly as it was"),  again},
+        {"again",   {jsonOption, resumeOption, withoutOption}, "NUMBER",    QT_TRANSLATE_NOOP("Subcommand", "run it once more, or resume it, exactly as it was"),  again},
         {"compare", {jsonOption},                      "NUMBER NUMBER",     QT_TRANSLATE_NOOP("Subcommand", "show how two runs differ, and their results"),        compare},
         {"export",  {largestOption},                   "NUMBER FILE.zip",   QT_TRANSLATE_NOOP("Subcommand", "write one file for the support"),                     exportRun},
         {"clean",   {daysOption, megabytesOption, allOption}, "[NUMBER...]", QT_TRANSLATE_NOOP("Subcommand", "delete old records, or those of the numbers, or all"), clean},

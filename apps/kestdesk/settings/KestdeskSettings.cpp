@@ -19,18 +19,6 @@ constexpr int mostSeconds = 86400; // a day
 constexpr int mostDays = 36500;    // a hundred years
 constexpr int mostMegabytes = 1000000;
 
-// clang-format off
-const QVector<Row> settingRows = {
-    {KestdeskSettings::Notifies,           "notifications",      KestdeskSettings::Notifies,           true,  1,    0, 1,              QT_TRANSLATE_NOOP("KestdeskSettings", "Window"),        QT_TRANSLATE_NOOP("KestdeskSettings", "Show a &notification when a run ends"), "",      QT_TRANSLATE_NOOP("KestdeskSettings", "Only while another window has the attention")},
-    {KestdeskSettings::OpensLastModel,     "openLastModel",      KestdeskSettings::OpensLastModel,     true,  1,    0, 1,              QT_TRANSLATE_NOOP("KestdeskSettings", "Window"),        QT_TRANSLATE_NOOP("KestdeskSettings", "Start with the last &model"),           "",      QT_TRANSLATE_NOOP("KestdeskSettings", "Without it, the window starts without a model")},
-    {KestdeskSettings::AsksBeforeStopping, "askBeforeStopping",  KestdeskSettings::AsksBeforeStopping, true,  1,    0, 1,              QT_TRANSLATE_NOOP("KestdeskSettings", "Runs"),          QT_TRANSLATE_NOOP("KestdeskSettings", "&Ask before a run is stopped"),         "",      QT_TRANSLATE_NOOP("KestdeskSettings", "Closing the window during runs always asks")},
-    {KestdeskSettings::SecondsUntilAsking, "askAfterSeconds",    KestdeskSettings::AsksBeforeStopping, false, 10,   0, mostSeconds,    QT_TRANSLATE_NOOP("KestdeskSettings", "Runs"),          QT_TRANSLATE_NOOP("KestdeskSettings", "Once it has taken at &least:"),         QT_TRANSLATE_NOOP("KestdeskSettings", "s"),     QT_TRANSLATE_NOOP("KestdeskSettings", "A run that has just started is stopped without a question")},
-    {KestdeskSettings::RunsAtOnce,         "runsAtOnce",         KestdeskSettings::RunsAtOnce,         false, 1,    1, mostRunsAtOnce, QT_TRANSLATE_NOOP("KestdeskSettings", "Runs"),          QT_TRANSLATE_NOOP("KestdeskSettings", "&Runs at the same time:"),              "",      QT_TRANSLATE_NOOP("KestdeskSettings", "How many runs of the queue go at the same time; each may use several processors")},
-    {KestdeskSettings::ArchiveDays,        "archiveDays",        KestdeskSettings::ArchiveDays,        false, 90,   1, mostDays,       QT_TRANSLATE_NOOP("KestdeskSettings", "Past runs"),     QT_TRANSLATE_NOOP("KestdeskSettings", "&Keep the record of a run for:"),       QT_TRANSLATE_NOOP("KestdeskSettings", "days"),  QT_TRANSLATE_NOOP("KestdeskSettings", "Older records are deleted; models and results are not")},
-    {KestdeskSettings::ArchiveMegabytes,   "archiveMegabytes",   KestdeskSettings::ArchiveMegabytes,   false, 1000, 1, mostMegabytes,  QT_TRANSLATE_NOOP("KestdeskSettings", "Past runs"),     QT_TRANSLATE_NOOP("KestdeskSettings", "Use at most:"),                         QT_TRANSLATE_NOOP("KestdeskSettings", "MB"),    QT_TRANSLATE_NOOP("KestdeskSettings", "Beyond that the oldest records are deleted; models and results are not")},
-};
-// clang-format on
-
 QVariant stored(const Row& row, int number)
 {
     return row.isSwitch ? QVariant(number != 0) : QVariant(number);
@@ -58,7 +46,8 @@ int numberOf(const Row& row, const QVariant& value)
 QVector<int> defaults()
 {
     QVector<int> result;
-    std::transform(settingRows.begin(), settingRows.end(), std::back_inserter(result),
+    const QVector<Row>& rows = KestdeskSettings::rows();
+    std::transform(rows.begin(), rows.end(), std::back_inserter(result),
                    [](const Row& row) { return row.usual; });
     return result;
 }
@@ -80,7 +69,18 @@ KestdeskSettings KestdeskSettings::read()
 
 const QVector<Row>& KestdeskSettings::rows()
 {
-    return settingRows;
+    // clang-format off
+    static const QVector<Row> table = {
+        {KestdeskSettings::Notifies,           "notifications",      KestdeskSettings::Notifies,           true,  1,    0, 1,              QT_TRANSLATE_NOOP("KestdeskSettings", "Window"),        QT_TRANSLATE_NOOP("KestdeskSettings", "Show a &notification when a run ends"), "",      QT_TRANSLATE_NOOP("KestdeskSettings", "Only while another window has the attention")},
+        {KestdeskSettings::OpensLastModel,     "openLastModel",      KestdeskSettings::OpensLastModel,     true,  1,    0, 1,              QT_TRANSLATE_NOOP("KestdeskSettings", "Window"),        QT_TRANSLATE_NOOP("KestdeskSettings", "Start with the last &model"),           "",      QT_TRANSLATE_NOOP("KestdeskSettings", "Without it, the window starts without a model")},
+        {KestdeskSettings::AsksBeforeStopping, "askBeforeStopping",  KestdeskSettings::AsksBeforeStopping, true,  1,    0, 1,              QT_TRANSLATE_NOOP("KestdeskSettings", "Runs"),          QT_TRANSLATE_NOOP("KestdeskSettings", "&Ask before a run is stopped"),         "",      QT_TRANSLATE_NOOP("KestdeskSettings", "Closing the window during runs always asks")},
+        {KestdeskSettings::SecondsUntilAsking, "askAfterSeconds",    KestdeskSettings::AsksBeforeStopping, false, 10,   0, mostSeconds,    QT_TRANSLATE_NOOP("KestdeskSettings", "Runs"),          QT_TRANSLATE_NOOP("KestdeskSettings", "Once it has taken at &least:"),         QT_TRANSLATE_NOOP("KestdeskSettings", "s"),     QT_TRANSLATE_NOOP("KestdeskSettings", "A run that has just started is stopped without a question")},
+        {KestdeskSettings::RunsAtOnce,         "runsAtOnce",         KestdeskSettings::RunsAtOnce,         false, 1,    1, mostRunsAtOnce, QT_TRANSLATE_NOOP("KestdeskSettings", "Runs"),          QT_TRANSLATE_NOOP("KestdeskSettings", "&Runs at the same time:"),              "",      QT_TRANSLATE_NOOP("KestdeskSettings", "How many runs of the queue go at the same time; each may use several processors")},
+        {KestdeskSettings::ArchiveDays,        "archiveDays",        KestdeskSettings::ArchiveDays,        false, 90,   1, mostDays,       QT_TRANSLATE_NOOP("KestdeskSettings", "Past runs"),     QT_TRANSLATE_NOOP("KestdeskSettings", "&Keep the record of a run for:"),       QT_TRANSLATE_NOOP("KestdeskSettings", "days"),  QT_TRANSLATE_NOOP("KestdeskSettings", "Older records are deleted; models and results are not")},
+        {KestdeskSettings::ArchiveMegabytes,   "archiveMegabytes",   KestdeskSettings::ArchiveMegabytes,   false, 1000, 1, mostMegabytes,  QT_TRANSLATE_NOOP("KestdeskSettings", "Past runs"),     QT_TRANSLATE_NOOP("KestdeskSettings", "Use at most:"),                         QT_TRANSLATE_NOOP("KestdeskSettings", "MB"),    QT_TRANSLATE_NOOP("KestdeskSettings", "Beyond that the oldest records are deleted; models and results are not")},
+    };
+    // clang-format on
+    return table;
 }
 
 QString KestdeskSettings::shown(const char* text)
@@ -90,7 +90,7 @@ QString KestdeskSettings::shown(const char* text)
 
 void KestdeskSettings::setValue(Setting setting, int number)
 {
-    const Row& row = settingRows.at(setting);
+    const Row& row = rows().at(setting);
     m_values[setting] = std::clamp(number, row.least, row.most);
 }
 
@@ -101,14 +101,14 @@ void KestdeskSettings::restoreDefaults()
 
 void KestdeskSettings::doReadSettings(QSettings& settings)
 {
-    for (const Row& row : settingRows) {
+    for (const Row& row : rows()) {
         m_values[row.setting] = numberOf(row, settings.value(QLatin1String(row.key), row.usual));
     }
 }
 
 void KestdeskSettings::doWriteSettings(QSettings& settings)
 {
-    for (const Row& row : settingRows) {
+    for (const Row& row : rows()) {
         settings.setValue(QLatin1String(row.key), stored(row, m_values.at(row.setting)));
     }
 }

@@ -1188,10 +1188,6 @@ Ihre Rechnerdatei bleibt, wie sie ist.</translation>
         <source>Edit the &amp;machines file...</source>
         <translation>&amp;Rechnerdatei bearbeiten...</translation>
     </message>
-    <message>
-        <source>Cancel</source>
-        <translation>Abbrechen</translation>
-    </message>
 </context>
 <context>
     <name>ListedRun</name>
@@ -1454,10 +1450,6 @@ Diesen Rechner verwenden, mit der Zeile „%1“, oder andere nennen?</translati
     <message>
         <source>&amp;Configure...</source>
         <translation>&amp;Konfigurieren...</translation>
-    </message>
-    <message>
-        <source>Cancel</source>
-        <translation>Abbrechen</translation>
     </message>
 </context>
 <context>
@@ -2640,6 +2632,14 @@ Einen Rechenkern an einem anderen Ort nennt die Umgebungsvariable KEST_NEC2C.</t
         <source>run %1 is not resumed. %2</source>
         <translation>Lauf %1 wird nicht fortgesetzt. %2</translation>
     </message>
+    <message>
+        <source>run %1 is not repeated. %2</source>
+        <translation>Lauf %1 wird nicht wiederholt. %2</translation>
+    </message>
+    <message>
+        <source>a comment in the copy of the machines file: %1</source>
+        <translation>ein Kommentar in der Kopie der Rechnerdatei: %1</translation>
+    </message>
 </context>
 <context>
     <name>ResumedRun</name>
@@ -2826,6 +2826,10 @@ Modelle und Ergebnisse bleiben.</translation>
         <source>These records could not be deleted: %1</source>
         <translation>Diese Aufzeichnungen konnten nicht gelöscht werden: %1</translation>
     </message>
+    <message>
+        <source>The record of the run has not been read yet.</source>
+        <translation>Die Aufzeichnung des Laufs ist noch nicht gelesen.</translation>
+    </message>
 </context>
 <context>
     <name>RunAgain</name>
@@ -2856,18 +2860,6 @@ Die Aufzeichnung von Lauf %2 hat es, wie es war.</translation>
     <message>
         <source>As it is &amp;now</source>
         <translation>Wie es &amp;jetzt ist</translation>
-    </message>
-    <message>
-        <source>Cancel</source>
-        <translation>Abbrechen</translation>
-    </message>
-    <message>
-        <source>The host %1 is not in the machines file of the run.</source>
-        <translation>Der Host %1 steht nicht in der Rechnerdatei des Laufs.</translation>
-    </message>
-    <message>
-        <source>%1 is the only host in the machines file of the run.</source>
-        <translation>%1 ist der einzige Host in der Rechnerdatei des Laufs.</translation>
     </message>
     <message>
         <source>Run %1 is not resumed. %2</source>
@@ -3494,6 +3486,17 @@ Die Aufzeichnung von Lauf %2 hat es, wie es war.</translation>
     </message>
 </context>
 <context>
+    <name>RunWithoutHost</name>
+    <message>
+        <source>The host %1 is not in the machines file of the run.</source>
+        <translation>Der Host %1 steht nicht in der Rechnerdatei des Laufs.</translation>
+    </message>
+    <message>
+        <source>%1 is the only host in the machines file of the run.</source>
+        <translation>%1 ist der einzige Host in der Rechnerdatei des Laufs.</translation>
+    </message>
+</context>
+<context>
     <name>RunsCommand</name>
     <message>
         <source>&quot;%1&quot; is no state of a run; the states are %2</source>
@@ -3546,6 +3549,10 @@ Die Aufzeichnung von Lauf %2 hat es, wie es war.</translation>
         <translation>  Eine NUMBER ist die von „list“, oder „last“. Exit-Code: 0 erledigt, 1 kein solcher Lauf oder
   gescheitert, 2 falscher Befehl. Von „compare“: 0 gleich, 1 verschieden, 2 nicht verglichen. Von „again“: der des Laufs.
 </translation>
+    </message>
+    <message>
+        <source>--without takes hosts with commas between them</source>
+        <translation>--without nimmt Hosts mit Kommas dazwischen an</translation>
     </message>
 </context>
 <context>
@@ -3814,6 +3821,13 @@ Die Aufzeichnung von Lauf %2 hat es, wie es war.</translation>
     <message>
         <source>Summary</source>
         <translation>Übersicht</translation>
+    </message>
+</context>
+<context>
+    <name>TwoWayQuestion</name>
+    <message>
+        <source>Cancel</source>
+        <translation>Abbrechen</translation>
     </message>
 </context>
 <context>

@@ -201,6 +201,10 @@ void RunActions::updateResume(const QVector<ListedRun>& runs)
         return;
     }
     RunRecord record = runs.first().record;
+    if (record.number == 0) { // of a run of this session, which has just begun
+        showResumable(tr("The record of the run has not been read yet."));
+        return;
+    }
     record.state = runs.first().state();
     m_disk.post([this, record, look](const DiskThread::Answer& answer) {
         const QString obstacle = ResumedRun::obstacle(record);

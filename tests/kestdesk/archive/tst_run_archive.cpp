@@ -146,6 +146,7 @@ private Q_SLOTS:
         constexpr int programs = 8;
         constexpr int each = 20;
         std::vector<std::thread> threads;
+        threads.reserve(programs);
         for (int program = 0; program < programs; ++program) {
             threads.emplace_back([this] {
                 for (int run = 0; run < each; ++run) {
@@ -219,7 +220,7 @@ private Q_SLOTS:
             ArchiveStage::write(RecordFolder(folderOf(number)).messagesFile(),
                                 QByteArray(700 * 1024, '\n'));
         }
-        QVERIFY(m_stage->archive().size() > count * 700 * 1024);
+        QVERIFY(m_stage->archive().size() > qint64(count) * 700 * 1024);
         QCOMPARE(m_stage->archive().prune({1000, 2}), 3);
         QCOMPARE(numbersOf(m_stage->archive()), QVector<int>({5, 4}));
         QCOMPARE(m_stage->archive().prune({1000, 0}), 1);
@@ -267,7 +268,8 @@ private Q_SLOTS:
         m_stage->addEnded();
         m_stage->addEnded();
         m_stage->addEnded();
-        ArchiveStage::write(folderOf(2) + QStringLiteral("/run.json"), "{\"format\":1,\"star");
+        ArchiveStage::write(folderOf(2) + QStringLiteral("/run.json"),
+                            QByteArray(R"({"format": 1})").chopped(1));
         ArchiveStage::write(folderOf(3) + QStringLiteral("/end.json"), "");
         QCOMPARE(numbersOf(m_stage->archive()), QVector<int>({3, 1}));
     }

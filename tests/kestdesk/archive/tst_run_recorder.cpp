@@ -161,7 +161,7 @@ private Q_SLOTS:
         prepare("valid");
         start();
         const RunRecord record = finished();
-        QVERIFY(record.launchOptions.size() > 0);
+        QVERIFY(!record.launchOptions.isEmpty());
         const QVector<RunRecord::Option> changed = record.changedOptions();
         QCOMPARE(changed.size(), 1);
         QCOMPARE(changed.constFirst().name, text("Kest.ProcessPriority"));

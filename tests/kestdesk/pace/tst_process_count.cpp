@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include <MachinesFile.h>
 #include <ProcessCount.h>
 
 #include <QTemporaryDir>
@@ -37,12 +38,16 @@ private Q_SLOTS:
         QVERIFY(file.open(QIODevice::WriteOnly));
         file.write("a:3\nb:4\n");
         file.close();
-        QTEST(ProcessCount::of(arguments.split(QLatin1Char(' ')), file.fileName()), "count");
+        QTEST(ProcessCount::of(arguments.split(QLatin1Char(' ')),
+                               suite::MachinesFile::read(file.fileName())),
+              "count");
     }
 
     void machinesFileThatCannotBeReadCountsOne()
     {
-        QCOMPARE(ProcessCount::of({QStringLiteral("-np"), QStringLiteral("all")}, QString()), 1);
+        QCOMPARE(ProcessCount::of({QStringLiteral("-np"), QStringLiteral("all")},
+                                  suite::MachinesFile::read(QString())),
+                 1);
     }
 };
 

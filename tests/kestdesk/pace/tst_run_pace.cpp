@@ -176,7 +176,8 @@ private Q_SLOTS:
         RunPace pace;
         pace.expect(PaceExpectation());
         for (int total = 1; total <= 40; ++total) {
-            pace.add(total * 1000, common_IProcessMessage::TotalPercentage, QString::number(total));
+            pace.add(qint64(total) * 1000, common_IProcessMessage::TotalPercentage,
+                     QString::number(total));
         }
         QCOMPARE(qRound(pace.remaining(40000)->remaining / 1000), 60);
     }

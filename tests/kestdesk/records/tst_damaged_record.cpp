@@ -22,7 +22,7 @@ private Q_SLOTS:
         records.add("a.nec", State::Valid);
         const int number = records.add("b.nec", State::Fault);
         const QString folder = records.archive().record(number)->folder;
-        writeFile(folder + text("/run.json"), "{\"format\": 1, \"sta");
+        writeFile(folder + text("/run.json"), QByteArray(R"({"format": 1})").chopped(1));
         QTRY_COMPARE_WITH_TIMEOUT(m_stage->runCount(), 2, longTime);
         QTRY_COMPARE_WITH_TIMEOUT(m_stage->cell(1, "State"), text("damaged"), longTime);
         QCOMPARE(m_stage->cell(1, "No."), text("2"));

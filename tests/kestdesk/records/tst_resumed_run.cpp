@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "RecordMaker.h"
-#include "WindowTest.h"
+#include "RecordsWindowTest.h"
 
 #include <ResumedRun.h>
 
@@ -9,14 +8,11 @@ using State = RunRecord::State;
 Q_DECLARE_METATYPE(RunRecord::State)
 
 // Runs that go on where they were stopped.
-class tst_resumed_run : public WindowTest
+class tst_resumed_run : public RecordsWindowTest
 {
     Q_OBJECT
 
 private:
-    std::unique_ptr<RecordMaker> m_records;
-
-    QTableView* list() const { return m_stage->find<QTableView>("runList"); }
     QAction* action() const { return m_stage->find<QAction>("resumeRunAction"); }
     QPushButton* button() const { return m_stage->find<QPushButton>("resumeRunButton"); }
 
@@ -24,7 +20,7 @@ private:
     void openWithRuns(int count)
     {
         m_stage->open();
-        QTRY_COMPARE_WITH_TIMEOUT(m_stage->runCount(), count, longTime);
+        waitForRuns(count);
         list()->selectRow(0);
     }
 
@@ -39,13 +35,7 @@ private:
     }
 
 private Q_SLOTS:
-    void init()
-    {
-        m_stage.reset(); // a failed test left it
-        m_stage = std::make_unique<WindowStage>();
-        m_records = std::make_unique<RecordMaker>(m_stage->desk());
-    }
-
+    void init() { setUpRecords(); }
     void cleanup() { tearDown(); }
 
     void runIsResumedWhereSomethingIsLeftToDo_data()
@@ -151,6 +141,23 @@ private Q_SLOTS:
         list()->setCurrentIndex(QModelIndex());
         QTRY_VERIFY_WITH_TIMEOUT(action()->statusTip().startsWith(text("Select one run")),
                                  longTime);
+    }
+
+    // Its record is read after its end.
+    void runThatFailsAtOnceIsResumedFromTheList()
+    {
+        m_stage->open();
+        writePartial();
+        QStringList hints;
+        connect(action(), &QAction::changed, this, [&] { hints.append(action()->statusTip()); });
+        m_stage->run(m_stage->model("m.nec", "ends 50 3"));
+        QTRY_COMPARE_WITH_TIMEOUT(m_stage->runCount(), 1, longTime);
+        list()->selectRow(0);
+        QTRY_VERIFY_WITH_TIMEOUT(action()->isEnabled(), longTime);
+        disconnect(action(), nullptr, this, nullptr);
+        for (const QString& hint : qAsConst(hints)) {
+            QVERIFY2(!hint.contains(text("cannot be resumed")), qPrintable(hint));
+        }
     }
 
     // The list does not see what happens beside the models.

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "Heartbeat.h"
-#include "RecordMaker.h"
-#include "WindowTest.h"
+#include "RecordsWindowTest.h"
 
 #include <QClipboard>
 #include <QComboBox>
@@ -12,15 +11,11 @@
 using State = RunRecord::State;
 
 // The list of runs, which shows the archive.
-class tst_run_list : public WindowTest
+class tst_run_list : public RecordsWindowTest
 {
     Q_OBJECT
 
 private:
-    std::unique_ptr<RecordMaker> m_records;
-
-    QTableView* list() const { return m_stage->find<QTableView>("runList"); }
-
     // Of a row as it is shown.
     QString shown(int row, const char* column) const
     {
@@ -47,21 +42,10 @@ private:
         return -1;
     }
 
-    void waitForRuns(int count) const
-    {
-        QTRY_COMPARE_WITH_TIMEOUT(m_stage->runCount(), count, longTime);
-    }
-
     void trigger(const char* action) const { m_stage->find<QAction>(action)->trigger(); }
 
 private Q_SLOTS:
-    void init()
-    {
-        m_stage.reset(); // a failed test left it
-        m_stage = std::make_unique<WindowStage>();
-        m_records = std::make_unique<RecordMaker>(m_stage->desk());
-    }
-
+    void init() { setUpRecords(); }
     void cleanup() { tearDown(); }
 
     void runsOfEarlierSessionsAreThereNewestFirst()

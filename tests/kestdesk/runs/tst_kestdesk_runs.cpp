@@ -105,6 +105,8 @@ private Q_SLOTS:
                                         "show 99999999999",
                                         "show 1 2",
                                         "again",
+                                        "again 1 --without",
+                                        "again 1 --without a,",
                                         "compare 1",
                                         "compare 1 2 3",
                                         "export 1",
@@ -209,7 +211,7 @@ private Q_SLOTS:
     {
         m_stage->add(m_stage->valid());
         const RunRecord damaged = m_stage->add(m_stage->valid());
-        writeFile(QDir(damaged.folder).filePath(text("run.json")), "{\"format\": 1, \"sta");
+        writeFile(damaged.folder + text("/run.json"), QByteArray(R"({"format": 1})").chopped(1));
         const Desk::Result listed = runs({text("list")});
         QCOMPARE(listed.exitCode, 0);
         QCOMPARE(listed.errors, QString());
@@ -300,42 +302,6 @@ private Q_SLOTS:
         QCOMPARE(m_stage->archive().numbers(), QVector<int>{5});
         QCOMPARE(runs({text("clean"), text("--all")}).output, text("Deleted 1 record.\n"));
         QCOMPARE(m_stage->archive().numbers(), QVector<int>());
-    }
-
-    void runIsRepeatedAsItWas()
-    {
-        useScript("echo \"$1\"; cat \"$1\"; echo '-*-total-percentage-*-100%'\n");
-        const QString model = m_desk->path("models/m.nec");
-        writeFile(model, "old\n");
-        QCOMPARE(m_desk->run({text("--non-interactive"), text("m.nec")}).exitCode, 0);
-        const Desk::Result same = runs({text("again"), text("last")});
-        QCOMPARE(same.exitCode, 0);
-        QVERIFY2(same.output.contains(text("m.nec\nold\n")), qPrintable(same.output));
-        writeFile(model, "new\n");
-        const Desk::Result result = runs({text("again"), text("1"), text("--json")});
-        QCOMPARE(result.exitCode, 0);
-        QVERIFY2(result.errors.contains(text("m-run1.nec\nold\n")), qPrintable(result.errors));
-        const QJsonObject shown = QJsonDocument::fromJson(result.output.toUtf8()).object();
-        QCOMPARE(shown[text("runs")][0][text("number")].toInt(), 3);
-        QCOMPARE(contentOf(model), QByteArray("new\n"));
-        QCOMPARE(m_stage->archive().numbers().size(), 3);
-    }
-
-    void stoppedRunIsResumed()
-    {
-        useScript("echo \"got $*\"; exit 3\n");
-        writeFile(m_desk->path("models/m.nec"), "old\n");
-        QCOMPARE(m_desk->run({text("--non-interactive"), text("m.nec")}).exitCode, 1);
-        const Desk::Result refused = runs({text("again"), text("1"), text("--resume")});
-        QCOMPARE(refused.exitCode, 2);
-        QVERIFY2(refused.errors.contains(text("run 1 is not resumed. There is no m.partial")),
-                 qPrintable(refused.errors));
-        writeFile(m_desk->path("models/m.partial"), "kept\n");
-        writeFile(m_desk->path("models/m.nec"), "new\n"); // the component decides whether it fits
-        const Desk::Result result = runs({text("again"), text("1"), text("--resume")});
-        QCOMPARE(result.exitCode, 1);
-        QVERIFY2(result.output.contains(text("got m.nec --resume ")), qPrintable(result.output));
-        QCOMPARE(m_stage->archive().record(2)->repeats, 1);
     }
 
     void batchRunGivesJsonAndNothingElse()

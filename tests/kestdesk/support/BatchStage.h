@@ -73,7 +73,7 @@ public:
         return run({text("--non-interactive"), model(text("model"), commands)});
     }
 
-    void start(QProcess& process, const QStringList& arguments)
+    void start(QProcess& process, const QStringList& arguments) const
     {
         process.setEnvironment(environment());
         process.start(text(KESTDESK), arguments);

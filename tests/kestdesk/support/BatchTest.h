@@ -18,8 +18,8 @@ protected:
     {
         m_desk = std::make_unique<Desk>();
         for (const char* const name : {"runkest", "prekest", "optkest", "amrkest"}) {
-            QVERIFY(
-                QFile::link(text(FAKE_COMPONENT), m_desk->path(text("home/bin/") + text(name))));
+            QVERIFY(Processes::install(text(FAKE_COMPONENT),
+                                       m_desk->path(text("home/bin/") + text(name))));
         }
     }
 

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "Processes.h"
+
 #include <QDir>
 #include <QFile>
 #include <QProcess>
@@ -97,20 +99,7 @@ public:
     void setProgram(const QString& program) { m_program = program; }
 
     /// The processes that were started from here and are still alive.
-    QStringList processes() const
-    {
-        QStringList result;
-        const QStringList directories = QDir(text("/proc")).entryList({text("[0-9]*")}, QDir::Dirs);
-        for (const QString& directory : directories) {
-            const QString process = text("/proc/") + directory;
-            if (contentOf(process + text("/environ")).contains(m_mark.toLatin1())) {
-                result.append(
-                    directory + QLatin1Char(' ') +
-                    QString::fromUtf8(contentOf(process + text("/cmdline")).replace('\0', ' ')));
-            }
-        }
-        return result;
-    }
+    QStringList processes() const { return Processes::of(m_mark, m_folder.path()); }
 
     QProcessEnvironment environment() const { return m_environment; }
 

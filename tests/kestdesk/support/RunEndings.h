@@ -51,16 +51,17 @@ inline const QVector<RunEnding>& runEndings()
     using Stop = RunEnding::Stop;
     // clang-format off
     static const QVector<RunEnding> rows = {
-        {"valid",                       "ends 100 0",       Stop::None,   Kind::Valid,   "",              ""},
-        {"all done, exit code",         "ends 100 3",       Stop::None,   Kind::Fault,   "exit code 3",   "ended with exit code 3"},
+#ifdef Q_OS_WIN
+        {"all done, killed",            "dies 100 9",       Stop::None,   Kind::Fault,   "killed",        "was ended by killed (exception 0x0000f291): another program killed it"},
+        {"memory that is not there",    "dies 50 11",       Stop::None,   Kind::Fault,   "STATUS_ACCESS_VIOLATION", "it used memory that it does not have"},
+        {"somebody else's request",     "dies 50 15",       Stop::None,   Kind::Stopped, "",              "somebody interrupted it, as Ctrl+C does"},
+        {"the same, after tidying up",  "ends 50 143",      Stop::None,   Kind::Stopped, "",              "ended with exit code 143: somebody interrupted it"},
+        {"all done, then a request",    "dies 100 15",      Stop::None,   Kind::Stopped, "",              "STATUS_CONTROL_C_EXIT"},
+#else
         {"all done, signal",            "dies 100 9",       Stop::None,   Kind::Fault,   "SIGKILL",       "was ended by SIGKILL (signal 9): usually the system ran out of memory"},
-        {"not all done",                "ends 50 0",        Stop::None,   Kind::Fault,   "",              "ended by itself, but reported only 50 % of the run as done"},
-        {"more than all done",          "ends 101 0",       Stop::None,   Kind::Fault,   "",              "reported only 0 % of the run as done"},
         {"program not found",           "ends 50 127",      Stop::None,   Kind::Fault,   "exit code 127", "ended with exit code 127: a program or a library that it needs was not found"},
         {"program not executable",      "ends 50 126",      Stop::None,   Kind::Fault,   "exit code 126", "could not be executed"},
         {"shell's code of a signal",    "ends 50 137",      Stop::None,   Kind::Fault,   "exit code 137", "ended with exit code 137, which stands for SIGKILL: usually the system ran out of memory"},
-        {"code like a signal's number", "ends 50 15",       Stop::None,   Kind::Fault,   "exit code 15",  "ended with exit code 15"},
-        {"code of no signal",           "ends 50 255",      Stop::None,   Kind::Fault,   "exit code 255", "ended with exit code 255"},
         {"memory that is not there",    "dies 50 11",       Stop::None,   Kind::Fault,   "SIGSEGV",       "SIGSEGV (signal 11): it used memory that it does not have"},
         {"memory of a cut file",        "dies 50 7",        Stop::None,   Kind::Fault,   "SIGBUS",        "SIGBUS (signal 7): usually a disk or the shared memory is full"},
         {"time limit",                  "dies 50 24",       Stop::None,   Kind::Fault,   "SIGXCPU",       "ulimit -t"},
@@ -72,6 +73,13 @@ inline const QVector<RunEnding>& runEndings()
         {"the same, after tidying up",  "ends 50 143",      Stop::None,   Kind::Stopped, "",              "ended with exit code 143, which stands for SIGTERM: somebody asked it to end"},
         {"interrupted",                 "dies 50 2",        Stop::None,   Kind::Stopped, "",              "SIGINT (signal 2)"},
         {"all done, then a request",    "dies 100 15",      Stop::None,   Kind::Stopped, "",              "SIGTERM"},
+#endif
+        {"valid",                       "ends 100 0",       Stop::None,   Kind::Valid,   "",              ""},
+        {"all done, exit code",         "ends 100 3",       Stop::None,   Kind::Fault,   "exit code 3",   "ended with exit code 3"},
+        {"not all done",                "ends 50 0",        Stop::None,   Kind::Fault,   "",              "ended by itself, but reported only 50 % of the run as done"},
+        {"more than all done",          "ends 101 0",       Stop::None,   Kind::Fault,   "",              "reported only 0 % of the run as done"},
+        {"code like a signal's number", "ends 50 15",       Stop::None,   Kind::Fault,   "exit code 15",  "ended with exit code 15"},
+        {"code of no signal",           "ends 50 255",      Stop::None,   Kind::Fault,   "exit code 255", "ended with exit code 255"},
         {"stopped",                     "asked-dies 50 15", Stop::Asked,  Kind::Stopped, "",              ""},
         {"stopped, all is done",        "asked-ends 100 0", Stop::Asked,  Kind::Valid,   "",              ""},
         {"stopped, ends well",          "asked-ends 50 0",  Stop::Asked,  Kind::Stopped, "",              ""},
@@ -113,7 +121,7 @@ inline void addRunEndings()
 inline void prepareRunEnding(const RunEnding& ending, const Desk& desk)
 {
     const QString model = desk.path("models/m.nec");
-    const QString program = desk.path("home/bin/runkest");
+    const QString program = Processes::installed(desk.path("home/bin/runkest"));
     writeFile(model, ending.model);
     switch (ending.obstacle) {
     case RunEnding::Obstacle::NoModel:

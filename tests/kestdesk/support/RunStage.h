@@ -4,6 +4,7 @@
 #include "Desk.h"
 
 #include <ApplicationIdentity.h>
+#include <Descendants.h>
 #include <Run.h>
 #include <Services.h>
 
@@ -11,7 +12,6 @@
 
 #include <QSignalSpy>
 
-#include <csignal>
 #include <memory>
 
 /// Runs without a window and a terminal, on an installation whose components are fake ones and with
@@ -23,10 +23,11 @@ public:
 
     RunStage()
     {
+        Descendants::bindToThisProgram();
         for (const char* const name : {"KEST_HOME", "KEST_USER_HOME", "KEST_TEST_MARK"}) {
             qputenv(name, m_desk.environment().value(text(name)).toLocal8Bit());
         }
-        if (!QFile::link(text(FAKE_COMPONENT), m_desk.path("home/bin/runkest"))) {
+        if (!Processes::install(text(FAKE_COMPONENT), m_desk.path("home/bin/runkest"))) {
             qFatal("no component");
         }
         m_services = std::make_unique<Services>(
@@ -43,13 +44,7 @@ public:
 
     const Desk& desk() const { return m_desk; }
 
-    void endProcesses() const
-    {
-        const QStringList processes = m_desk.processes();
-        for (const QString& process : processes) {
-            ::kill(process.section(QLatin1Char(' '), 0, 0).toInt(), SIGKILL);
-        }
-    }
+    void endProcesses() const { Processes::send(SIGKILL, m_desk.processes()); }
 
     /// Of a model for the fake component, which does what its word says.
     std::unique_ptr<Run> makeRun(const QByteArray& word, const char* name = "m.nec") const

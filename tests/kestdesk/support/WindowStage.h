@@ -23,7 +23,6 @@
 #include <QSettings>
 #include <QTableView>
 
-#include <csignal>
 #include <functional>
 #include <memory>
 
@@ -67,7 +66,7 @@ public:
             qputenv(name, m_desk.environment().value(text(name)).toLocal8Bit());
         }
         for (const char* const name : {"runkest", "prekest", "optkest", "amrkest"}) {
-            if (!QFile::link(text(FAKE_COMPONENT), program(name))) {
+            if (!Processes::install(text(FAKE_COMPONENT), program(name))) {
                 qFatal("no component");
             }
         }
@@ -84,13 +83,7 @@ public:
     }
 
     /// As another program might.
-    void endRuns(int signalNumber) const
-    {
-        const QStringList processes = m_desk.processes();
-        for (const QString& process : processes) {
-            ::kill(process.section(QLatin1Char(' '), 0, 0).toInt(), signalNumber);
-        }
-    }
+    void endRuns(int signalNumber) const { Processes::send(signalNumber, m_desk.processes()); }
 
     WindowStage(const WindowStage&) = delete;
     WindowStage& operator=(const WindowStage&) = delete;

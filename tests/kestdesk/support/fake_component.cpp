@@ -24,6 +24,8 @@
 //   ends PERCENTAGE CODE      reports that, and ends with the exit code
 //   dies PERCENTAGE SIGNAL    reports that, and dies by the signal
 //   asked-ends, asked-dies    the same, but waits to be terminated first
+#include "FakeProcess.h"
+
 #include <csignal>
 #include <cstdio>
 #include <cstdlib>
@@ -32,7 +34,6 @@
 #include <string>
 #include <vector>
 
-#include <fcntl.h>
 #include <unistd.h>
 
 namespace {
@@ -57,73 +58,42 @@ void writeSeen(const std::vector<std::string>& arguments)
     }
 }
 
-[[noreturn]] void waitForEver()
-{
-    for (;;) {
-        pause();
-    }
-}
-
 void say(const char* line)
 {
     std::printf("%s\n", line);
     std::fflush(stdout);
 }
 
-// A test of what a child does is none without it.
-bool isForked()
-{
-    const pid_t child = fork();
-    if (child < 0) {
-        std::perror("fork");
-        std::_Exit(EXIT_FAILURE);
-    }
-    return child == 0;
-}
-
 void wait(bool withChild, bool ignoring)
 {
-    if (withChild && isForked()) {
-        std::signal(SIGTERM, SIG_IGN);
-        say("child");
-        waitForEver();
+    if (withChild) {
+        FakeProcess::startStubbornChild();
     }
     if (ignoring) {
-        std::signal(SIGTERM, SIG_IGN);
+        std::signal(FakeProcess::stopSignal, SIG_IGN);
     }
     say("up");
-    waitForEver();
+    FakeProcess::waitForEver();
 }
 
 const char* tidiedFile = nullptr; // none for a child that stays
 
-// Nothing of this process is left to the child by which it could be found or ended.
 void leaveAChild(int /*signal*/)
 {
-    if (isForked()) {
-        setsid();
-        for (int file = 0; file < 3; ++file) {
-            close(file);
-        }
-        if (!tidiedFile) {
-            waitForEver();
-        }
-        usleep(333000);
-        close(creat(tidiedFile, 0600));
-    }
-    _exit(0);
+    FakeProcess::startDetachedChild(tidiedFile);
+    std::_Exit(0);
 }
 
 void waitToLeaveAChild(const char* file)
 {
     tidiedFile = file;
-    std::signal(SIGTERM, leaveAChild);
+    std::signal(FakeProcess::stopSignal, leaveAChild);
     wait(false, false);
 }
 
 void beTidy()
 {
-    std::signal(SIGTERM, [](int signalNumber) { std::_Exit(128 + signalNumber); });
+    std::signal(FakeProcess::stopSignal, [](int /*signal*/) { std::_Exit(128 + SIGTERM); });
     wait(false, false);
 }
 
@@ -147,18 +117,6 @@ void report(int percentage)
     std::fflush(stdout);
 }
 
-void waitToBeTerminated()
-{
-    sigset_t signals;
-    sigemptyset(&signals);
-    sigaddset(&signals, SIGTERM);
-    sigprocmask(SIG_BLOCK, &signals, nullptr);
-    say("up");
-    int received = 0;
-    sigwait(&signals, &received);
-    sigprocmask(SIG_UNBLOCK, &signals, nullptr);
-}
-
 void endAsToldByTheModel()
 {
     say("up");
@@ -166,14 +124,11 @@ void endAsToldByTheModel()
     std::exit(nextNumber());
 }
 
-// Whatever the signals do that this process has inherited.
 void dieAsToldByTheModel()
 {
     say("up");
     report(nextNumber());
-    const int number = nextNumber();
-    std::signal(number, SIG_DFL);
-    std::raise(number);
+    FakeProcess::die(nextNumber());
 }
 
 void readInput()
@@ -194,7 +149,7 @@ void reportSteadily(int last)
 {
     say("up");
     for (int percentage = 1; percentage <= last; ++percentage) {
-        usleep(60000);
+        FakeProcess::sleepFor(60);
         report(percentage);
     }
 }
@@ -222,12 +177,12 @@ int main(int argc, char* argv[])
     const std::map<std::string, void (*)()> behaviours = {
         {"valid", beValid},
         {"fault", [] { say("up"), std::exit(3); }},
-        {"crash", [] { say("up"), std::raise(SIGKILL); }},
-        {"broken", [] { beValid(), std::raise(SIGKILL); }},
+        {"crash", [] { say("up"), FakeProcess::die(9); }},
+        {"broken", [] { beValid(), FakeProcess::die(9); }},
         {"silent", [] { say("up"); }},
         {"files", reportFiles},
         {"steady", [] { reportSteadily(100); }},
-        {"paused", [] { reportSteadily(50), waitForEver(); }},
+        {"paused", [] { reportSteadily(50), FakeProcess::waitForEver(); }},
         {"wait", [] { wait(false, false); }},
         {"halfway", [] { say("-*-total-percentage-*-50%"), wait(false, false); }},
         {"beyond", [] { report(50), report(250), wait(false, false); }},
@@ -240,9 +195,10 @@ int main(int argc, char* argv[])
         {"input", readInput},
         {"ends", endAsToldByTheModel},
         {"dies", dieAsToldByTheModel},
-        {"asked-ends", [] { waitToBeTerminated(), endAsToldByTheModel(); }},
-        {"asked-dies", [] { waitToBeTerminated(), dieAsToldByTheModel(); }},
+        {"asked-ends", [] { FakeProcess::waitForStop(), endAsToldByTheModel(); }},
+        {"asked-dies", [] { FakeProcess::waitForStop(), dieAsToldByTheModel(); }},
     };
+    FakeProcess::playChild(argc, argv);
     writeSeen(std::vector<std::string>(argv + 1, argv + argc));
     std::string word;
     model().open(argv[1]);
