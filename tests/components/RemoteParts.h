@@ -9,7 +9,9 @@
 #include <QFile>
 
 // Plays ssh: the last argument is the command, which gets a session of its own as on another host.
-// The process ids of both directions stand in a file.
+// The process ids of both directions stand in a file. The one that goes there also holds the end
+// for reading: otherwise a heartbeat after the end of the command would kill it, and the last words
+// would be lost where the other direction is late.
 inline QByteArray goodSsh()
 {
     return "for word; do printf '%s\\n' \"$word\"; done > \"$SSH_LOG\"\n"
@@ -20,7 +22,7 @@ inline QByteArray goodSsh()
            "cat \"$SSH_LOG\".out &\n"
            "echo $! > \"$SSH_LOG\".ids\n"
            "echo $$ >> \"$SSH_LOG\".ids\n"
-           "exec cat > \"$SSH_LOG\".in\n";
+           "exec cat 1<> \"$SSH_LOG\".in\n";
 }
 
 // The environment of runs whose ssh is this shell script.
