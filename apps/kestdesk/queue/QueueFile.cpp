@@ -16,6 +16,7 @@
 #include <QRandomGenerator>
 #include <QRegularExpression>
 
+#include <algorithm>
 #include <optional>
 #include <utility>
 
@@ -164,20 +165,39 @@ bool QueueFile::replaceFile(const QVector<QueuedRun>& runs)
 // If several programs find the same file, the one that succeeds in renaming it takes the runs. The
 // renamed file carries the mark of this process until write() has put the runs into the file of
 // this process.
+//
+// Which files are left is decided once, and before any is read: a program that ends meanwhile may
+// have replaced one of them. What is superseded is removed before the first file is renamed, so
+// that a program that no longer finds the file that says so does not find the superseded one
+// either.
 QueueFile::Left QueueFile::takeLeft() const
 {
-    removeSuperseded();
     Left left;
     const QDir folder(m_folder);
-    const QStringList names = queueFiles(folder);
-    for (const QString& name : names) {
+    QStringList names = leftNames();
+    const QStringList superseded = supersededNames();
+    for (const QString& name : superseded) {
+        if (names.removeAll(name) > 0) {
+            QFile::remove(folder.filePath(name));
+        }
+    }
+    for (const QString& name : qAsConst(names)) {
         const QString path = folder.filePath(name);
         const QString newPath = folder.filePath(leftName());
-        if (isLeft(name) && QFile::rename(path, newPath) && !read(newPath, left.runs)) {
+        if (QFile::rename(path, newPath) && !read(newPath, left.runs)) {
             left.damaged.append(keepDamaged(newPath, path));
         }
     }
     return left;
+}
+
+QStringList QueueFile::leftNames() const
+{
+    QStringList names = queueFiles(QDir(m_folder));
+    names.erase(std::remove_if(names.begin(), names.end(),
+                               [](const QString& name) { return !isLeft(name); }),
+                names.end());
+    return names;
 }
 
 QStringList QueueFile::takenNames() const
@@ -196,16 +216,13 @@ void QueueFile::removeTaken() const
 }
 
 // What a process took over and had in its own file when it was killed before it removed them.
-void QueueFile::removeSuperseded() const
+QStringList QueueFile::supersededNames() const
 {
+    QStringList names;
     const QDir folder(m_folder);
     const QStringList files = queueFiles(folder);
     for (const QString& file : files) {
-        const QStringList names = wordsOf(contentOf(folder.filePath(file)).value(takenKey));
-        for (const QString& name : names) {
-            if (files.contains(name) && isLeft(name)) {
-                QFile::remove(folder.filePath(name));
-            }
-        }
+        names += wordsOf(contentOf(folder.filePath(file)).value(takenKey));
     }
+    return names;
 }

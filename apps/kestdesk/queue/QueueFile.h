@@ -39,7 +39,8 @@ private:
     bool replaceFile(const QVector<QueuedRun>& runs);
     QStringList takenNames() const;
     void removeTaken() const;
-    void removeSuperseded() const;
+    QStringList leftNames() const;
+    QStringList supersededNames() const;
 
     QString m_folder;
     QString m_reason;
