@@ -183,7 +183,7 @@ private Q_SLOTS:
             QCOMPARE(channel.first->size(), channel.second ? count : 0);
             for (int i = 0; i < channel.first->size(); ++i) {
                 const QString& line = channel.first->at(i);
-                if (line.size() != 55 || line.left(line.indexOf(QLatin1Char('.'))).toInt() != i) {
+                if (line.size() != 55 || line.section(QLatin1Char('.'), 0, 0).toInt() != i) {
                     QFAIL(qPrintable(line));
                 }
             }
