@@ -56,7 +56,7 @@ RUN = {
     "kestdesk runs show [--json] [--messages] [--output] [NUMBER]": [
         ("kestdesk runs show --json --messages 1", GOOD), ("kestdesk runs show --output last", GOOD)],
     "kestdesk runs again NUMBER": [("kestdesk runs again 1", GOOD)],
-    "kestdesk runs again [--json] [--resume] NUMBER": [("kestdesk runs again --json 1", GOOD)],
+    "kestdesk runs again [--json] [--resume] [--without HOST] NUMBER": [("kestdesk runs again --json 1", GOOD)],
     "kestdesk runs compare NUMBER NUMBER": [("kestdesk runs compare 1 2", GOOD)],
     "kestdesk runs compare [--json] NUMBER NUMBER": [("kestdesk runs compare --json 1 2", GOOD)],
     "kestdesk runs export NUMBER FILE.zip": [("kestdesk runs export 1 run.zip && test -s run.zip", GOOD)],
@@ -107,6 +107,7 @@ NOT_RUN = {
     "ctest --preset asan": whole,
     "kestdesk [--component runkest|prekest|optkest|amrkest] [MODEL...]": window,
     "kestdesk runs again --resume NUMBER": "needs a run that was stopped; the tests of runs have one",
+    "kestdesk runs again --without HOST NUMBER": "needs a run over hosts; the tests of runs have one",
     "clang-format -i FILE...": "./check runs it on all sources, and nothing else here needs it",
     "scripts/faults": long,
     "scripts/memcheck": long,

@@ -179,7 +179,8 @@ private Q_SLOTS:
         const auto row = [](const char* name, const char* marker, const char* numbers,
                             const char* remarks) {
             QByteArray output;
-            for (const QString& number : words(numbers)) {
+            const QStringList each = words(numbers);
+            for (const QString& number : each) {
                 output += QStringLiteral("-*-%1-*-%2%\n").arg(text(marker), number).toUtf8();
             }
             QTest::newRow(name) << output << text(remarks);

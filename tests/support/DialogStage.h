@@ -63,7 +63,7 @@ public:
     /// Starts a child that does the commands of kest_test_child.
     bool run(const QStringList& commands) const
     {
-        runner->setExecutable(QStringLiteral(KEST_TEST_CHILD));
+        runner->setExecutable(QLatin1String(KEST_TEST_CHILD));
         runner->setArguments(commands);
         return runner->run();
     }
