@@ -17,13 +17,16 @@
 #include <QMessageBox>
 #include <QStatusBar>
 #include <QTabBar>
+#include <QTableView>
+#include <QTextBrowser>
 #include <QToolButton>
 #include <QWidget>
 
 #include <initializer_list>
 
 /// The texts that a window shows or reads out, with those of its menus, its tool tips and its
-/// children; without those that Qt gives, and without what the user edits.
+/// children; without those that Qt or the library's own windows give, and without what the user
+/// edits.
 class ShownTexts
 {
 public:
@@ -37,7 +40,9 @@ public:
         }
         const QList<QAction*> actions = window.findChildren<QAction*>();
         for (const QAction* const action : actions) {
-            result.add({action->text(), action->toolTip(), action->statusTip()});
+            if (!isOfLibrary(*action)) {
+                result.add({action->text(), action->toolTip(), action->statusTip()});
+            }
         }
         result.m_texts.removeDuplicates();
         return result.m_texts;
@@ -70,7 +75,7 @@ private:
 
     void addWidget(const QWidget& widget)
     {
-        if (isOfQt(widget)) {
+        if (isOfQt(widget) || isOfLibrary(widget)) {
             return;
         }
         add({widget.windowTitle(), widget.toolTip(), widget.statusTip(), widget.whatsThis(),
@@ -97,6 +102,10 @@ private:
             }
         } else if (const auto* header = qobject_cast<const QHeaderView*>(&widget)) {
             addHeader(*header);
+        } else if (const auto* const page = qobject_cast<const QTextBrowser*>(&widget)) {
+            addPage(*page);
+        } else if (const auto* const table = qobject_cast<const QTableView*>(&widget)) {
+            addCells(*table);
         } else if (const auto* list = qobject_cast<const QListWidget*>(&widget)) {
             for (int row = 0; row < list->count(); ++row) {
                 add({list->item(row)->text(), list->item(row)->toolTip()});
@@ -113,12 +122,52 @@ private:
         }
     }
 
+    void addPage(const QTextBrowser& page)
+    {
+        if (page.inherits("HelpBrowser")) {
+            return; // the documentation
+        }
+        const QStringList lines = page.toPlainText().split(QLatin1Char('\n'));
+        for (const QString& line : lines) {
+            add({line.trimmed()});
+        }
+    }
+
+    void addCells(const QTableView& table)
+    {
+        const QAbstractItemModel* const model = table.model();
+        for (int row = 0; model != nullptr && row < model->rowCount(); ++row) {
+            for (int column = 0; column < model->columnCount(); ++column) {
+                const QModelIndex index = model->index(row, column);
+                for (const int role : {int(Qt::DisplayRole), int(Qt::ToolTipRole),
+                                       int(Qt::AccessibleDescriptionRole)}) {
+                    add({index.data(role).toString()});
+                }
+            }
+        }
+    }
+
+    // Classes of the library have its prefix.
+    static bool isOfLibrary(const QObject& object)
+    {
+        const QObject* each = &object;
+        while (
+            each != nullptr &&
+            !QLatin1String(each->metaObject()->className()).startsWith(QLatin1String("common_"))) {
+            each = each->parent();
+        }
+        return each != nullptr;
+    }
+
     // Buttons with usual texts, and parts of Qt's own widgets.
     static bool isOfQt(const QWidget& widget)
     {
         const auto* const button = qobject_cast<const QAbstractButton*>(&widget);
         const QWidget* const parent = widget.parentWidget();
         const auto* const box = qobject_cast<const QDialogButtonBox*>(parent);
+        if (qobject_cast<const QTabBar*>(parent) != nullptr) {
+            return true; // scrolls the tabs
+        }
         if (button != nullptr && box != nullptr) {
             return box->standardButton(const_cast<QAbstractButton*>(button)) !=
                    QDialogButtonBox::NoButton;

@@ -37,7 +37,7 @@ private Q_SLOTS:
         window.show();
         window.refuseHardware(text("OpenGL"));
         const QStringList shown = ShownTexts::of(window);
-        QCOMPARE(m_german.untranslated(shown, allowed()), QStringList());
+        QCOMPARE(m_german.untranslated(shown, allowed()).join(QLatin1Char('\n')), QString());
         QCOMPARE(ShownTexts::ambiguousMenus(window), QStringList());
         for (const char* const each : {"&Datei", "&Ansicht", "&Einstellungen", "&Zuletzt geöffnet",
                                        "&Einpassen\tPos1", "Software-Darstellung"}) {
@@ -100,7 +100,7 @@ private:
         return file.fileName();
     }
 
-    static QStringList allowed() { return {text("cadkest")}; }
+    static QStringList allowed() { return {text("cadkest|OpenGL")}; }
 
     const GermanTexts m_german{{text("base"), text("cadkest")}};
     const QTemporaryDir m_folder;

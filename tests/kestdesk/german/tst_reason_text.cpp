@@ -1,13 +1,12 @@
 // SPDX-License-Identifier: MIT
 #include "RunEndings.h"
 
-#include <GermanTexts.h>
-
 #include <ProcessEnd.h>
 #include <ReasonText.h>
 #include <RecordedMessage.h>
 #include <RunComparison.h>
 #include <RunListReport.h>
+#include <Translations.h>
 
 // What records keep in English, as users of another language read it.
 class tst_reason_text : public QObject
@@ -24,7 +23,7 @@ private:
     }
 
 private Q_SLOTS:
-    void initTestCase() { GermanTexts::install(); }
+    void initTestCase() { Translations::install(); }
 
     void textIsTranslatedAndKeepsItsNames_data()
     {

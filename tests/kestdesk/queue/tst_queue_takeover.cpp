@@ -23,7 +23,7 @@ class tst_queue_takeover : public QObject
     Q_OBJECT
 
 private:
-    static constexpr int runCount = 100;
+    static constexpr int runCount = 80;
 
     std::unique_ptr<QTemporaryDir> m_folder;
 
@@ -152,7 +152,7 @@ private Q_SLOTS:
 
     void programIsKilledWhileAnotherOneTakesOver()
     {
-        constexpr int rounds = 10;
+        constexpr int rounds = 5;
         constexpr int longest = 6000; // microseconds, about what taking over takes
         QRandomGenerator random = TestRandom::anew();
         for (int round = 0; round < rounds; ++round) {
@@ -180,7 +180,7 @@ private Q_SLOTS:
     // While another program looks at its files one after the other.
     void programIsKilledThatHasNotRemovedWhatItTook()
     {
-        constexpr int rounds = 10;
+        constexpr int rounds = 5;
         constexpr int longest = 20000; // microseconds
         QRandomGenerator random = TestRandom::anew();
         for (int round = 0; round < rounds; ++round) {
