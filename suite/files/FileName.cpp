@@ -1,8 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "FileName.h"
 
+#include "NativeName.h"
+
 #include <QDir>
-#include <QFile>
 #include <QFileInfo>
 #include <QUrl>
 
@@ -18,11 +19,6 @@ namespace {
 constexpr uint escapeBase = 0xdc00;
 constexpr uint firstEscape = escapeBase + 0x80;
 constexpr uint lastEscape = escapeBase + 0xff;
-
-bool isOpenable(const QByteArray& name)
-{
-    return QFile::encodeName(QFile::decodeName(name)) == name;
-}
 
 // 0 when no character begins there.
 int characterLength(const QByteArray& bytes, int start)
@@ -58,8 +54,8 @@ bool isReplaced(const QString& path)
 
 QString FileName::fromNative(const QByteArray& name)
 {
-    if (isOpenable(name)) {
-        return QFile::decodeName(name);
+    if (NativeName::isOpenable(name)) {
+        return NativeName::decoded(name);
     }
     QString result;
     for (int i = 0; i < name.size();) {
@@ -78,7 +74,8 @@ QString FileName::fromUrl(const QUrl& url)
 {
     const QByteArray path =
         QByteArray::fromPercentEncoding(url.path(QUrl::FullyEncoded).toLatin1());
-    const bool isPlain = !url.isLocalFile() || !url.host().isEmpty() || isOpenable(path);
+    const bool isPlain =
+        !url.isLocalFile() || !url.host().isEmpty() || NativeName::isOpenable(path);
     return isPlain ? url.toLocalFile() : fromNative(path);
 }
 
@@ -110,7 +107,7 @@ QString FileName::problem(const QString& path)
         return QStringLiteral("its name, or the name of a folder that it is in, is not UTF-8; "
                               "rename it");
     }
-    if (QFile::decodeName(QFile::encodeName(path)) != path) {
+    if (!NativeName::isOpenable(path)) {
         return QStringLiteral("the encoding of this session lacks characters of its name; use a "
                               "session in UTF-8, for example with LC_ALL=C.UTF-8");
     }

@@ -2,6 +2,7 @@
 #include "ProgramArguments.h"
 
 #include "FileName.h"
+#include "NativeArguments.h"
 
 #include <QFileInfo>
 
@@ -9,13 +10,14 @@
 
 namespace suite {
 
-ProgramArguments::ProgramArguments(int argc, char* argv[]) : m_count(argc)
+ProgramArguments::ProgramArguments(int argc, char* argv[])
+    : m_storage(NativeArguments::words(argc, argv)), m_count(static_cast<int>(m_storage.size()))
 {
     bool isBehindOptions = false;
-    for (int i = 0; i < argc; ++i) {
-        const QByteArray word = argv[i];
+    for (std::size_t i = 0; i < m_storage.size(); ++i) {
+        const QByteArray word = m_storage[i];
         const bool looksLikeOption = word.startsWith('-') && word.size() > 1;
-        m_storage.push_back(isBehindOptions && looksLikeOption ? "./" + word : word);
+        m_storage[i] = isBehindOptions && looksLikeOption ? "./" + word : word;
         isBehindOptions = isBehindOptions || (i > 0 && word == "--");
     }
     for (QByteArray& word : m_storage) {
@@ -26,10 +28,10 @@ ProgramArguments::ProgramArguments(int argc, char* argv[]) : m_count(argc)
 
 QStringList ProgramArguments::given(int argc, char* argv[])
 {
+    const std::vector<QByteArray> words = NativeArguments::words(argc, argv);
     QStringList result;
-    for (int i = 1; i < argc; ++i) {
-        result.append(FileName::fromNative(argv[i]));
-    }
+    std::transform(words.begin() + (words.empty() ? 0 : 1), words.end(), std::back_inserter(result),
+                   FileName::fromNative);
     return result;
 }
 
@@ -37,7 +39,7 @@ QStringList ProgramArguments::words() const
 {
     QStringList result;
     std::transform(m_values.begin(), m_values.begin() + m_count, std::back_inserter(result),
-                   [](const char* word) { return FileName::fromNative(word); });
+                   FileName::fromNative);
     return result;
 }
 
