@@ -91,7 +91,7 @@ private Q_SLOTS:
         QTRY_COMPARE_WITH_TIMEOUT(m_stage->state(), text("fault, exit code 3"), longTime);
         QTRY_COMPARE_WITH_TIMEOUT(m_stage->cell(0, "No."), text("1"), longTime);
         const RunArchive archive(m_stage->desk().path("user/runs"));
-        QTRY_VERIFY_WITH_TIMEOUT(archive.record(1)->hasEnded(), longTime);
+        QTRY_VERIFY_WITH_TIMEOUT(archive.record(1) && archive.record(1)->hasEnded(), longTime);
         startWaitingRun("wait", "a model with a name that is somewhat longer than usual.nec");
         m_stage->model("m.nec", "valid"); // changed since
         auto* const list = m_stage->find<QTableView>("runList");

@@ -4,11 +4,11 @@
 #include "ApplicationDescription.h"
 #include "ApplicationRequest.h"
 #include "ErrorOutput.h"
+#include "KeptConsole.h"
 #include "Services.h"
 #include "SuiteFolders.h"
 #include "Translations.h"
 #include "WindowDisplay.h"
-#include "KeptConsole.h"
 
 #include <QtVersion.h>
 #include <WriteFailures.h>

@@ -11,10 +11,8 @@ namespace {
 
 // What the values are called in messages.
 [[maybe_unused]] constexpr const char* valueWords[] = {
-    QT_TRANSLATE_NOOP("SubcommandOption", "seconds"),
-    QT_TRANSLATE_NOOP("SubcommandOption", "name"),
-    QT_TRANSLATE_NOOP("SubcommandOption", "word"),
-    QT_TRANSLATE_NOOP("SubcommandOption", "n"),
+    QT_TRANSLATE_NOOP("SubcommandOption", "seconds"), QT_TRANSLATE_NOOP("SubcommandOption", "name"),
+    QT_TRANSLATE_NOOP("SubcommandOption", "word"),    QT_TRANSLATE_NOOP("SubcommandOption", "n"),
     QT_TRANSLATE_NOOP("SubcommandOption", "host"),
 };
 

@@ -4,9 +4,9 @@
 #include "BatchReport.h"
 #include "BatchRun.h"
 #include "DiskThread.h"
+#include "KeptConsole.h"
 #include "RunQueue.h"
 #include "Shutdown.h"
-#include "KeptConsole.h"
 
 #include <common_CommonSettingsSet.h>
 

@@ -8,8 +8,9 @@ struct RunRecord;
 namespace RepeatedRun {
 
 /// Uses the program, arguments, environment and machines file of the record. If the model has
-/// changed since, runs the recorded copy. Lines of the left-out hosts are comments in the copy of the
-/// machines file that the run gets; standard error names them. Returns the exit code of "kestdesk
+/// changed since, runs the recorded copy. Lines of the left-out hosts are comments in the copy of
+/// the machines file that the run gets; standard error names them. Returns the exit code of
+/// "kestdesk
 /// --non-interactive".
 int exec(const RunRecord& record, const QStringList& leftOutHosts, bool isJson);
 

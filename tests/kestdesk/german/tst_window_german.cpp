@@ -130,7 +130,8 @@ private Q_SLOTS:
     {
         runUntil("gültig", "files");
         runUntil("Fehler, Exit-Code 3", "ends 50 3");
-        QTRY_VERIFY_WITH_TIMEOUT(m_records->archive().record(2)->hasEnded(), longTime);
+        QTRY_VERIFY_WITH_TIMEOUT(
+            m_records->archive().record(2) && m_records->archive().record(2)->hasEnded(), longTime);
         selectRun();
         m_stage->find<QAction>("showRecordAction")->trigger();
         auto* const window = m_stage->find<QDialog>("recordWindow");

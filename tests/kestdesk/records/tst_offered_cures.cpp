@@ -68,7 +68,7 @@ private Q_SLOTS:
     void problemsWithoutACureAreNotShown()
     {
         runWithError("the disk is full");
-        QTRY_VERIFY_WITH_TIMEOUT(archive().record(1)->hasEnded(), longTime);
+        QTRY_VERIFY_WITH_TIMEOUT(archive().record(1) && archive().record(1)->hasEnded(), longTime);
         QTest::qWait(1500); // the archive has been looked at since
         QVERIFY(!button()->isVisible() && !label()->isVisible());
     }
@@ -87,7 +87,7 @@ private Q_SLOTS:
     void runOfAnEarlierSessionHasItsCure()
     {
         runWithError("2101: unknown card 'QX' (m.nec, line 1)");
-        QTRY_VERIFY_WITH_TIMEOUT(archive().record(1)->hasEnded(), longTime);
+        QTRY_VERIFY_WITH_TIMEOUT(archive().record(1) && archive().record(1)->hasEnded(), longTime);
         m_stage->close();
         m_stage->open();
         QTRY_COMPARE_WITH_TIMEOUT(m_stage->runCount(), 1, longTime);

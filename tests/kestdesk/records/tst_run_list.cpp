@@ -69,7 +69,8 @@ private Q_SLOTS:
         m_stage->run(m_stage->model("m.nec", "files"));
         QTRY_COMPARE_WITH_TIMEOUT(m_stage->state(), text("valid"), longTime);
         QTRY_COMPARE_WITH_TIMEOUT(m_stage->cell(0, "No."), text("1"), longTime);
-        QTRY_VERIFY_WITH_TIMEOUT(m_records->archive().record(1)->hasEnded(), longTime);
+        QTRY_VERIFY_WITH_TIMEOUT(
+            m_records->archive().record(1) && m_records->archive().record(1)->hasEnded(), longTime);
         QTest::qWait(1500); // the archive has been looked at since
         QCOMPARE(m_stage->runCount(), 1);
         const auto record = m_records->archive().record(1);
@@ -84,7 +85,8 @@ private Q_SLOTS:
         m_stage->open();
         m_stage->run(m_stage->model("m.nec", "fault"));
         QTRY_COMPARE_WITH_TIMEOUT(m_stage->state(), text("fault, exit code 3"), longTime);
-        QTRY_VERIFY_WITH_TIMEOUT(m_records->archive().record(1)->hasEnded(), longTime);
+        QTRY_VERIFY_WITH_TIMEOUT(
+            m_records->archive().record(1) && m_records->archive().record(1)->hasEnded(), longTime);
         m_stage->close();
         m_stage->open();
         waitForRuns(1);
@@ -274,7 +276,8 @@ private Q_SLOTS:
         const QString model = m_stage->model("m.nec", "valid");
         m_stage->run(model);
         QTRY_COMPARE_WITH_TIMEOUT(m_stage->state(), text("valid"), longTime);
-        QTRY_VERIFY_WITH_TIMEOUT(m_records->archive().record(1)->hasEnded(), longTime);
+        QTRY_VERIFY_WITH_TIMEOUT(
+            m_records->archive().record(1) && m_records->archive().record(1)->hasEnded(), longTime);
         const QByteArray first = contentOf(model + text(".seen"));
         list()->selectRow(0);
         trigger("runAgainAction");
@@ -305,7 +308,8 @@ private Q_SLOTS:
         m_stage->open();
         m_stage->run(m_stage->model("m.nec", "valid"));
         QTRY_COMPARE_WITH_TIMEOUT(m_stage->state(), text("valid"), longTime);
-        QTRY_VERIFY_WITH_TIMEOUT(m_records->archive().record(1)->hasEnded(), longTime);
+        QTRY_VERIFY_WITH_TIMEOUT(
+            m_records->archive().record(1) && m_records->archive().record(1)->hasEnded(), longTime);
         QTRY_COMPARE_WITH_TIMEOUT(m_stage->cell(0, "No."), text("1"), longTime);
         m_stage->model("m.nec", "fault");
         list()->selectRow(0);
