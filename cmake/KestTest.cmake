@@ -29,6 +29,12 @@ function(kest_label_test name)
         message(FATAL_ERROR "${name}: a unit test has no other label")
     endif()
     set_tests_properties(${name} PROPERTIES LABELS "${ARGN}")
+    # What takes long begins first, or the last test runs alone.
+    if("hosts" IN_LIST ARGN)
+        set_tests_properties(${name} PROPERTIES COST 100)
+    elseif("slow" IN_LIST ARGN)
+        set_tests_properties(${name} PROPERTIES COST 10)
+    endif()
 endfunction()
 
 # The reasons why tests are not there on Windows, or fail there: see the top of the file.
