@@ -64,7 +64,7 @@ private Q_SLOTS:
         RemainingTime time;
         QStringList texts;
         for (int second = 10; second <= 40; ++second) {
-            time.update(second * 1000, 130000. - second * 1000);
+            time.update(qint64(second) * 1000, 130000. - second * 1000);
             if (texts.isEmpty() || texts.last() != time.shortText()) {
                 texts.append(time.shortText());
             }
@@ -81,7 +81,7 @@ private Q_SLOTS:
         qint64 last = 1000000;
         for (int second = 10; second < 300; ++second) {
             const double truth = 600000. - second * 1000;
-            time.update(second * 1000, truth * (1 + 0.1 * std::sin(second)));
+            time.update(qint64(second) * 1000, truth * (1 + 0.1 * std::sin(second)));
             QVERIFY(time.milliseconds());
             QVERIFY2(*time.milliseconds() <= last, qPrintable(QString::number(second)));
             last = *time.milliseconds();
@@ -94,7 +94,7 @@ private Q_SLOTS:
         RemainingTime time;
         time.update(10000, 120000.);
         for (int second = 11; second < 120; ++second) {
-            time.update(second * 1000, 300000.);
+            time.update(qint64(second) * 1000, 300000.);
         }
         QVERIFY(time.milliseconds().value_or(0) > 250000);
     }

@@ -5,6 +5,9 @@
 #include <QueueFile.h>
 
 #include <QDir>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
 #include <QTemporaryDir>
 #include <QtTest>
 
@@ -46,8 +49,10 @@ private:
     void writeRun(const QString& mark, int number) const
     {
         QFile file(m_folder->filePath(QStringLiteral("queue-%1.json").arg(mark)));
-        const QByteArray content = "{\"runs\":[{\"component\":\"runkest\",\"model\":\"" +
-                                   runOf(number).model.toUtf8() + "\"}]}";
+        const QJsonObject run{{QStringLiteral("component"), QStringLiteral("runkest")},
+                              {QStringLiteral("model"), runOf(number).model}};
+        const QJsonObject runs{{QStringLiteral("runs"), QJsonArray{run}}};
+        const QByteArray content = QJsonDocument(runs).toJson();
         if (!file.open(QIODevice::WriteOnly) || file.write(content) != content.size()) {
             qFatal("no queue");
         }
