@@ -361,12 +361,12 @@ private Q_SLOTS:
     void pageIsTheProtocol()
     {
         const QString protocol = page("marker-protocol.md");
-        const QStringList markers = captures(protocol, "^\\| `(-\\*-[a-z-]+-\\*-)` \\| `");
+        const QStringList markers = captures(protocol, R"(^\| `(-\*-[a-z-]+-\*-)` \| `)");
         QCOMPARE(markers.size(), static_cast<int>(Type::Variable));
         for (const QString& marker : markers) {
             QVERIFY2(MarkerScan::isKnown(marker), qPrintable(marker));
         }
-        const QRegularExpression row(text("^\\| (`-\\*-percentage.*`) \\| ([0-9]+)"),
+        const QRegularExpression row(text(R"(^\| (`-\*-percentage.*`) \| ([0-9]+))"),
                                      QRegularExpression::MultilineOption);
         auto rows = row.globalMatch(protocol);
         int examples = 0;

@@ -210,6 +210,7 @@ private Q_SLOTS:
     {
         const SettingsFolders folders;
         const Options::Pointer source = Options::create(ReadOnlyAccess);
+        // NOLINTNEXTLINE(performance-unnecessary-copy-initialization): it holds the object as well
         const Options::Pointer second = source;
         QCOMPARE(source->getRefCount(), 2);
         const common_DomainEntity& entity = *source;
