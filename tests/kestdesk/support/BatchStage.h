@@ -38,7 +38,7 @@ public:
     }
 
     /// A model for the fake component, which does what stands in it.
-    QString model(const QString& name, const QStringList& commands)
+    QString model(const QString& name, const QStringList& commands) const
     {
         QFile file(m_folder->filePath(name + text(".commands")));
         if (!file.open(QIODevice::WriteOnly)) {
@@ -58,7 +58,7 @@ public:
         return result + m_variables;
     }
 
-    Result run(const QStringList& arguments, const QString& input = {})
+    Result run(const QStringList& arguments, const QString& input = {}) const
     {
         QProcess process;
         start(process, arguments);
@@ -68,7 +68,7 @@ public:
                 process.readAllStandardOutput(), process.readAllStandardError()};
     }
 
-    Result runModel(const QStringList& commands)
+    Result runModel(const QStringList& commands) const
     {
         return run({text("--non-interactive"), model(text("model"), commands)});
     }
