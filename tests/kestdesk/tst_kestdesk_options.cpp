@@ -80,13 +80,13 @@ private Q_SLOTS:
         QTest::newRow("other entity's")  << "3DMouseSensitivity=3"     << "there is no option \"3DMouseSensitivity\"";
         QTest::newRow("more than a component takes") << "Kest.NumberOfParallelProcesses=4097" << "accepts an integer from 1 to 4096, and not \"4097\"";
         QTest::newRow("negative level")  << "Kest.ParallelEnvOptions=-1" << "accepts an integer from 0, and not \"-1\"";
-        QTest::newRow("two signs")       << "EnvironmentVariables=A=b=c" << "EnvironmentVariables accepts NAME=VALUE, one a line, with no further \"=\", and not \"A=b=c\". Line 1 has more than one \"=\"";
+        QTest::newRow("two signs")       << "EnvironmentVariables=A=b=c" << R"(EnvironmentVariables accepts NAME=VALUE, one a line, with no further "=", and not "A=b=c". Line 1 has more than one "=")";
         QTest::newRow("no sign")         << "EnvironmentVariables=A=1\nnothing" << "Line 2 is not NAME=VALUE.";
         QTest::newRow("no name")         << "EnvironmentVariables==1"  << "Line 1 is not NAME=VALUE.";
         QTest::newRow("lost blanks")     << "EnvironmentVariables=A=1  2" << "which are not kept";
         QTest::newRow("twice")           << "EnvironmentVariables=A=1\nA=2" << "Line 2 sets A a second time.";
         QTest::newRow("carriage return") << "EnvironmentVariables=A=1\r\nB=2" << "Control characters are not allowed.";
-        QTest::newRow("option as host")  << "Kest.RemoteHost=-oProxyCommand=x" << "Kest.RemoteHost accepts a host as [user@]HOST [user=NAME] [port=NUMBER] [home=FOLDER], or nothing, and not \"-oProxyCommand=x\". \"-oProxyCommand=x\" cannot be used: the name of a host does not begin with \"-\".";
+        QTest::newRow("option as host")  << "Kest.RemoteHost=-oProxyCommand=x" << R"(Kest.RemoteHost accepts a host as [user@]HOST [user=NAME] [port=NUMBER] [home=FOLDER], or nothing, and not "-oProxyCommand=x". "-oProxyCommand=x" cannot be used: the name of a host does not begin with "-".)";
         QTest::newRow("option as user")  << "Kest.RemoteHost=-l@host"  << "a user's name has letters";
         QTest::newRow("option behind")   << "Kest.RemoteHost=host -p 22" << "\"-p\" cannot be used";
         QTest::newRow("two hosts")       << "Kest.RemoteHost=host1 host2" << "\"host2\" cannot be used: behind the host there may be user=NAME, port=NUMBER and home=FOLDER.";

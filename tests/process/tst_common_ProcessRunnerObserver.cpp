@@ -156,7 +156,7 @@ private Q_SLOTS:
 
     void aFunctionMayReplaceItself()
     {
-        const RunnerPointer runner = makeRunner(words("out A\\nB\\nC\\n"));
+        const RunnerPointer runner = makeRunner(words(R"(out A\nB\nC\n)"));
         Observer observer(runner.get());
         const QString captured =
             text("long enough to be on the heap, in the function's own memory");
