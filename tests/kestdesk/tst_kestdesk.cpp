@@ -46,7 +46,7 @@ private Q_SLOTS:
     void showsWhatTheComponentPrintsInOrder()
     {
         const Result result =
-            runModel({text("out"), text("plain  \\n-*-notice-*-NOTE 101: fact\\n-*-linefeed-*-\\n"),
+            runModel({text("out"), text(R"(plain  \n-*-notice-*-NOTE 101: fact\n-*-linefeed-*-\n)"),
                       text("out"), text("-*-warning-*-WARNING 3201: long\\n-*-error-*- bad\\n"),
                       text("out"), text("-*-variable-*- n = 3 \\n-*-percentage-*-50%\\n")});
         QCOMPARE(result.exitCode, 1);
@@ -192,8 +192,7 @@ private Q_SLOTS:
 
     void controlCharactersDoNotReachTheTerminal()
     {
-        const Result result =
-            runModel({text("out"), text("a\\x1b[2Jb\\x07\\tc\\xc2\\x9bd\\0e\\n")});
+        const Result result = runModel({text("out"), text(R"(a\x1b[2Jb\x07\tc\xc2\x9bd\0e\n)")});
         const QString replacement(QChar::ReplacementCharacter);
         QCOMPARE(lines(result.output).value(0),
                  text("a%1[2Jb%1\tc%1d%1e").replace(text("%1"), replacement));
@@ -233,7 +232,7 @@ private Q_SLOTS:
     {
         const QString file = model(
             text("model"),
-            {text("out"), text("-*-error-*-bad\\n-*-warning-*-hot\\n-*-notice-*-wet\\ndry\\n")});
+            {text("out"), text(R"(-*-error-*-bad\n-*-warning-*-hot\n-*-notice-*-wet\ndry\n)")});
         const QByteArray output = runOnTerminal({text("--non-interactive"), file}).output;
         QVERIFY2(output.contains("\x1b[31mbad\x1b[0m\r\n"), output.constData());
         QVERIFY(output.contains("\x1b[33mhot\x1b[0m\r\n"));
