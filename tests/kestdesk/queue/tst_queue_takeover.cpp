@@ -208,7 +208,8 @@ private Q_SLOTS:
             other.join();
             taken += file.takeLeft().runs;
             QCOMPARE(taken.size(), runCount);
-            QCOMPARE(modelsOf(taken).removeDuplicates(), 0);
+            QStringList models = modelsOf(taken);
+            QCOMPARE(models.removeDuplicates(), 0);
         }
     }
 };
