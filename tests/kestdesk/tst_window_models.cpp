@@ -182,6 +182,7 @@ private Q_SLOTS:
 
     void modelThatMayNotBeReadIsTold()
     {
+        SKIP_WITHOUT_OTHER_USERS();
         const QString model = m_stage->model("m.nec", "valid");
         QVERIFY(QFile::setPermissions(model, {}));
         const BoxAnswerer reader(WindowStage::pressing(Qt::Key_Escape));

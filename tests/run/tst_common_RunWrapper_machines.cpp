@@ -2,6 +2,7 @@
 #include "RunWrapperSite.h"
 
 #include <BoxReader.h>
+#include <NamedPipe.h>
 #include <RecordingObserver.h>
 #include <SettingsFolders.h>
 
@@ -10,8 +11,6 @@
 #include <QApplication>
 #include <QRegularExpression>
 #include <QtTest>
-
-#include <sys/stat.h>
 
 class tst_common_RunWrapper_machines : public QObject, protected RunWrapperStage
 {
@@ -102,7 +101,7 @@ private Q_SLOTS:
     void pipeInPlaceOfTheMachinesFileIsNotCopied()
     {
         const Site site;
-        QVERIFY(mkfifo(QFile::encodeName(site.userFile()).constData(), 0600) == 0);
+        NAMED_PIPE_OR_SKIP(site.userFile());
         QVERIFY(site.setUpFor(Kest, Wrapper::Parallel));
         const QVector<BoxReader::Box> boxes = m_reader->take();
         QVERIFY(!boxes.isEmpty());

@@ -142,6 +142,7 @@ private Q_SLOTS:
 
     void keepsTheValuesThatItMayNotWrite()
     {
+        SKIP_WITHOUT_OTHER_USERS();
         QFETCH(int, fileMode);
         QFETCH(int, folderMode);
         const QByteArray before("[texts]\ntext=old\n");

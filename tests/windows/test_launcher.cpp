@@ -12,6 +12,8 @@
 
 #include <windows.h>
 
+#include <tlhelp32.h>
+
 namespace {
 
 constexpr DWORD timeToEnd =
@@ -44,6 +46,26 @@ HANDLE makeJob()
     limits.BasicLimitInformation.LimitFlags = JOB_OBJECT_LIMIT_KILL_ON_JOB_CLOSE;
     SetInformationJobObject(job, JobObjectExtendedLimitInformation, &limits, sizeof limits);
     return job;
+}
+
+// "ID NAME" of each process in the job, for messages.
+void printProcessesIn(HANDLE job)
+{
+    const HANDLE snapshot = CreateToolhelp32Snapshot(TH32CS_SNAPPROCESS, 0);
+    PROCESSENTRY32W entry = {};
+    entry.dwSize = sizeof entry;
+    for (BOOL more = Process32FirstW(snapshot, &entry); more;
+         more = Process32NextW(snapshot, &entry)) {
+        const HANDLE process =
+            OpenProcess(PROCESS_QUERY_LIMITED_INFORMATION, FALSE, entry.th32ProcessID);
+        BOOL isIn = FALSE;
+        if (process && IsProcessInJob(process, job, &isIn) && isIn) {
+            std::fprintf(stderr, "test_launcher: %lu %ls is left behind\n", entry.th32ProcessID,
+                         entry.szExeFile);
+        }
+        CloseHandle(process);
+    }
+    CloseHandle(snapshot);
 }
 
 DWORD processesIn(HANDLE job)
@@ -85,7 +107,7 @@ int run(std::wstring command)
         Sleep(pause);
     }
     if (processesIn(job) > 0) {
-        std::fprintf(stderr, "test_launcher: %lu processes are left behind\n", processesIn(job));
+        printProcessesIn(job);
         code = EXIT_FAILURE;
     }
     CloseHandle(job);
