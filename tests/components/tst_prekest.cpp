@@ -138,11 +138,15 @@ void tst_prekest::anyPathWorks_data()
     add("model.nec", "./model.nec");
     add("MODEL.NEC", "MODEL.NEC");
     add("two words.nec", "two words");
-    add("it's \"quoted\" $(x);&.nec", "it's \"quoted\" $(x);&.nec");
     add("Antenne f\u00fcr \u65e5\u672c.nec", "Antenne f\u00fcr \u65e5\u672c.nec");
     add("no-suffix", "no-suffix");
+#ifdef Q_OS_UNIX // where names may have quotation marks, colons and asterisks
+    add("it's \"quoted\" $(x);&.nec", "it's \"quoted\" $(x);&.nec");
     add("a:b.nec", "a:b.nec");
     add("-*-error-*-.nec", "-*-error-*-.nec");
+#else
+    add("it's not quoted $(x);&.nec", "it's not quoted $(x);&.nec");
+#endif
 }
 
 void tst_prekest::anyPathWorks()

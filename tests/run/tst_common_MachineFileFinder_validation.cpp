@@ -18,8 +18,8 @@ QString openFailure(const QString& path)
 {
     QFile file(path);
     file.open(QIODevice::ReadOnly);
-    return QStringLiteral("Could not open the following file :\n") + path +
-           QStringLiteral(".\nReason: ") + file.errorString();
+    return QStringLiteral("Could not open the following file :\n") +
+           QDir::toNativeSeparators(path) + QStringLiteral(".\nReason: ") + file.errorString();
 }
 
 QByteArray repeated(const char* line, int count)
@@ -318,7 +318,7 @@ private Q_SLOTS:
         Child::start(process, QStringLiteral("check"), homes.path());
         QVERIFY(process.waitForFinished());
         QCOMPARE(process.exitCode(), 0);
-        QCOMPARE(QString::fromUtf8(process.readAllStandardError()),
+        QCOMPARE(QString::fromUtf8(unixLines(process.readAllStandardError())),
                  QStringLiteral("Open failed\n") + openFailure(homes.userFile()) +
                      QStringLiteral("\nNo such environment variable\n"
                                     "Please set the environment variable KEST_TEST_NONE before "

@@ -4,6 +4,7 @@
 #include <SettingsObjects.h>
 #include <SpecialFile.h>
 #include <Stopwatch.h>
+#include <SystemSkips.h>
 #include <TestRandom.h>
 
 #include <QDir>
@@ -249,6 +250,9 @@ private Q_SLOTS:
         QFETCH(int, kind);
         QFETCH(bool, linked);
         QFETCH(QString, what);
+        if (linked) {
+            SKIP_WITHOUT_SYMBOLIC_LINKS();
+        }
         const QString special = linked ? path("special") : m_file;
         SPECIAL_FILE_OR_SKIP(kind, special);
         QVERIFY(!linked || QFile::link(special, m_file));

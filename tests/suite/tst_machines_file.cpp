@@ -152,8 +152,10 @@ private Q_SLOTS:
             << QString(QChar(0xdce9))
             << "cannot be read: its name, or the name of a folder that it is in, is not UTF-8; "
                "rename it";
+#ifdef Q_OS_UNIX // whose links are not only the desktop's
         QTest::newRow("link in a circle") << "circle"
                                           << "cannot be read: Too many levels of symbolic links";
+#endif
     }
 
     void fileThatCannotBeReadIsAnError()
@@ -203,6 +205,7 @@ private Q_SLOTS:
         const MachinesFile file = MachinesFile::read(folder.filePath(name));
         called.replace(text("USER"), folder.path())
             .replace(text("HOME"), text("/some installation"));
+        called = QDir::toNativeSeparators(called);
         QCOMPARE(file.errors(), QStringList(QStringLiteral("the machines file '%1' names no host, "
                                                            "add a line such as 'localhost:2' for "
                                                            "this machine")
@@ -284,7 +287,10 @@ private Q_SLOTS:
         QTEST(file.total(), "total");
     }
 
-    void timeGrowsWithTheSize_data() { ReadingTime::addPieces(); }
+    void timeGrowsWithTheSize_data()
+    {
+        ReadingTime::addPieces();
+    }
 
     void timeGrowsWithTheSize()
     {

@@ -12,8 +12,6 @@
 
 #include <windows.h>
 
-#include <tlhelp32.h>
-
 namespace {
 
 constexpr DWORD timeToEnd =
@@ -48,24 +46,34 @@ HANDLE makeJob()
     return job;
 }
 
-// "ID NAME" of each process in the job, for messages.
-void printProcessesIn(HANDLE job)
+// The file name of the program that a process runs.
+std::wstring programOf(DWORD id)
 {
-    const HANDLE snapshot = CreateToolhelp32Snapshot(TH32CS_SNAPPROCESS, 0);
-    PROCESSENTRY32W entry = {};
-    entry.dwSize = sizeof entry;
-    for (BOOL more = Process32FirstW(snapshot, &entry); more;
-         more = Process32NextW(snapshot, &entry)) {
-        const HANDLE process =
-            OpenProcess(PROCESS_QUERY_LIMITED_INFORMATION, FALSE, entry.th32ProcessID);
-        BOOL isIn = FALSE;
-        if (process && IsProcessInJob(process, job, &isIn) && isIn) {
-            std::fprintf(stderr, "test_launcher: %lu %ls is left behind\n", entry.th32ProcessID,
-                         entry.szExeFile);
-        }
+    wchar_t path[1024] = L"";
+    DWORD size = 1024;
+    const HANDLE process = OpenProcess(PROCESS_QUERY_LIMITED_INFORMATION, FALSE, id);
+    if (process) {
+        QueryFullProcessImageNameW(process, 0, path, &size);
         CloseHandle(process);
     }
-    CloseHandle(snapshot);
+    const std::wstring name = path;
+    return name.substr(name.find_last_of(L'\\') + 1);
+}
+
+void printProcessesIn(HANDLE job)
+{
+    constexpr std::size_t most = 100;
+    struct
+    {
+        JOBOBJECT_BASIC_PROCESS_ID_LIST list;
+        ULONG_PTR more[most];
+    } ids = {};
+    QueryInformationJobObject(job, JobObjectBasicProcessIdList, &ids, sizeof ids, nullptr);
+    for (DWORD i = 0; i < ids.list.NumberOfProcessIdsInList; ++i) {
+        const DWORD id = static_cast<DWORD>(ids.list.ProcessIdList[i]);
+        std::fprintf(stderr, "test_launcher: process %lu, %ls, is left behind\n", id,
+                     programOf(id).c_str());
+    }
 }
 
 DWORD processesIn(HANDLE job)
@@ -107,6 +115,7 @@ int run(std::wstring command)
         Sleep(pause);
     }
     if (processesIn(job) > 0) {
+        std::fprintf(stderr, "test_launcher: %lu processes are left behind\n", processesIn(job));
         printProcessesIn(job);
         code = EXIT_FAILURE;
     }
