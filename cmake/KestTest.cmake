@@ -94,6 +94,9 @@ function(kest_add_test name)
         set_property(GLOBAL APPEND_STRING PROPERTY KEST_TEST_PROGRAMS
             "${name}\t${timeout}\t${CMAKE_CURRENT_BINARY_DIR}\t${words}\n")
     elseif(CMAKE_HOST_UNIX)
+        if("LANG=de_DE.UTF-8" IN_LIST ARG_ENVIRONMENT) # which says nothing there
+            list(APPEND environment KEST_LANGUAGE=de)
+        endif()
         set(is_qtest)
         if(ARG_QTEST)
             set(is_qtest --qtest)

@@ -97,7 +97,7 @@ private Q_SLOTS:
         const common_DefaultServices services(text("tool"));
         const auto* const info = GET_SERVICE(common_IApplicationInfo);
         QCOMPARE(QDir::cleanPath(info->installationDirectory()),
-                 QDir(text("/opt/suite")).absolutePath());
+                 QFileInfo(text("/opt/suite")).absoluteFilePath());
         QCOMPARE(info->defaultSettingsDirectory(), info->installationDirectory());
         QCOMPARE(info->userSettingsDirectory(), QDir::currentPath() + text("/relative"));
         QCOMPARE(info->initialRecentFile(), QString());

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "../../support/UnixLines.h"
+
 #include <QDir>
 #include <QFile>
 #include <QProcess>
@@ -49,8 +51,8 @@ public:
         start(process, program, arguments);
         process.waitForFinished();
         return {process.exitStatus() == QProcess::NormalExit ? process.exitCode() : -1,
-                QString::fromUtf8(process.readAllStandardOutput()),
-                QString::fromUtf8(process.readAllStandardError())};
+                QString::fromUtf8(unixLines(process.readAllStandardOutput())),
+                QString::fromUtf8(unixLines(process.readAllStandardError()))};
     }
 
     Result options(const QStringList& words) const
