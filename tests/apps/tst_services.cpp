@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include <BoxAnswerer.h>
 #include <ChildRun.h>
 
 #include <ApplicationIdentity.h>
@@ -18,6 +19,7 @@
 #include <QApplication>
 #include <QFile>
 #include <QIcon>
+#include <QPointer>
 #include <QTemporaryDir>
 #include <QtTest>
 
@@ -44,6 +46,15 @@ QString offered()
     result +=
         common_ServiceOf<common_HelpClient>::hasService() ? QLatin1Char('h') : QLatin1Char('-');
     return result;
+}
+
+void showLocked(QWidget* parent)
+{
+    GET_SERVICE(common_ISession)
+        ->showUserMessage(
+            common_UserMessage::create(QStringLiteral("locked"), QStringLiteral("17331"),
+                                       common_UserMessage::Warning, common_UserMessage::PlainText),
+            parent);
 }
 
 } // namespace
@@ -115,6 +126,16 @@ private Q_SLOTS:
         QCOMPARE(recorded.readAll(), QByteArray(":do()\n"));
     }
 
+    void messageGoesWithItsWindow()
+    {
+        const Services services(viewer, false);
+        QPointer<QWidget> window = new QWidget;
+        const BoxAnswerer answerer([&window](QMessageBox& /*box*/) { delete window; });
+        showLocked(window);
+        QCOMPARE(answerer.texts, QStringList(QStringLiteral("locked")));
+        QVERIFY(window.isNull());
+    }
+
     void anApplicationMayHaveNoInitialFile()
     {
         const Services services({QStringLiteral("charts"), QString()}, true);
@@ -127,11 +148,7 @@ static int batch(int argc, char* argv[])
     const QCoreApplication application(argc, argv);
     const Services services(viewer, true);
     std::puts(qPrintable(offered()));
-    GET_SERVICE(common_ISession)
-        ->showUserMessage(
-            common_UserMessage::create(QStringLiteral("locked"), QStringLiteral("17331"),
-                                       common_UserMessage::Warning, common_UserMessage::PlainText),
-            nullptr);
+    showLocked(nullptr);
     return 0;
 }
 
