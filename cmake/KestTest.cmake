@@ -1,10 +1,12 @@
 # How tests are registered with CTest: each in a sandbox of its own (tests/support/sandboxed), so
 # that the caller's environment plays no part.
 
-# Under the sanitizers everything takes a multiple of its time.
+# Under the sanitizers, and under Wine, everything takes a multiple of its time.
 set(KEST_TEST_SLOWNESS 1)
 if(KEST_SANITIZERS OR KEST_COVERAGE)
     set(KEST_TEST_SLOWNESS 5)
+elseif(WIN32 AND CMAKE_CROSSCOMPILING) # not optimised, and to start a process takes Wine a while
+    set(KEST_TEST_SLOWNESS 3)
 endif()
 
 # What a test needs, to choose tests by (ctest -L unit):

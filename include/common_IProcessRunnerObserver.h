@@ -44,8 +44,12 @@ protected:
     common_IProcessRunnerObserver& operator=(const common_IProcessRunnerObserver&) = default;
 };
 
-// Declared here, so that every user of the interface takes the library's instantiations.
+// Declared here, so that every user of the interface takes the library's instantiations. A library
+// that is made by mingw-w64 does not export what is defined within these classes: there, each user
+// has instantiations of its own, and types are the same by their names.
+#ifndef __MINGW32__
 extern template class KEST_COMMON_EXPORT common_ObserverConnection<common_IProcessRunnerObserver>;
 extern template class KEST_COMMON_EXPORT common_ObservableVia<common_IProcessRunnerObserver>;
 extern template class KEST_COMMON_EXPORT common_ObserverOf<common_IProcessRunnerObserver>;
 extern template class KEST_COMMON_EXPORT common_MultiObserverOf<common_IProcessRunnerObserver>;
+#endif

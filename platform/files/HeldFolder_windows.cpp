@@ -17,7 +17,8 @@ bool HeldFolder::make(const QString& path)
     return false;
 }
 
-// The right to delete can be had once, where it is not shared.
+// The right to add files can be had once, where it is not shared. Everybody may list the folder
+// meanwhile, also who does not share the right to delete.
 HeldFolder::Result HeldFolder::hold(const QString& path)
 {
     const QFileInfo info(path);
@@ -29,8 +30,8 @@ HeldFolder::Result HeldFolder::hold(const QString& path)
     }
     const QString name = QDir::toNativeSeparators(info.absoluteFilePath());
     const HANDLE handle =
-        CreateFileW(reinterpret_cast<const wchar_t*>(name.utf16()), FILE_LIST_DIRECTORY | DELETE,
-                    FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr, OPEN_EXISTING,
+        CreateFileW(reinterpret_cast<const wchar_t*>(name.utf16()),
+                    FILE_LIST_DIRECTORY | FILE_ADD_FILE, FILE_SHARE_READ, nullptr, OPEN_EXISTING,
                     FILE_FLAG_BACKUP_SEMANTICS | FILE_FLAG_OPEN_REPARSE_POINT, nullptr);
     if (handle != INVALID_HANDLE_VALUE) {
         m_path = path;

@@ -24,6 +24,16 @@ read_cache_options() {
     cache=$(realpath "$cache")
 }
 
+# lock_cache: two builds in one folder would destroy each other's work, so a second one waits. The lock is
+# held until this program and what it has started have ended.
+lock_cache() {
+    exec 9>"$cache/lock"
+    if ! flock --nonblock 9; then
+        echo "Another build uses $cache: waiting until it has ended"
+        flock 9
+    fi
+}
+
 # apt-get with lists and downloads in the cache folder: the machine's own stay as they are.
 own_apt() {
     apt-get -qq -o Dir::Etc::SourceList="$cache/apt/sources.list" -o Dir::Etc::SourceParts=- \

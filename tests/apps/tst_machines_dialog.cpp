@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include <BoxAnswerer.h>
+#include <NamedPipe.h>
 #include <SettingsFolders.h>
 #include <Text.h>
 
@@ -12,8 +13,6 @@
 #include <QPushButton>
 #include <QTextBlock>
 #include <QtTest>
-
-#include <sys/stat.h>
 
 #include <memory>
 
@@ -178,7 +177,7 @@ private Q_SLOTS:
 
     void aPipeInTheFilesPlaceIsToldAtOnce()
     {
-        QVERIFY(mkfifo(QFile::encodeName(usersFile()).constData(), 0600) == 0);
+        NAMED_PIPE_OR_SKIP(usersFile());
         open();
         QVERIFY(origin().contains(text("it is not a regular file")));
     }

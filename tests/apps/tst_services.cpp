@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include <BoxAnswerer.h>
 #include <ChildRun.h>
+#include <NamedPipe.h>
 
 #include <ApplicationIdentity.h>
 #include <Services.h>
@@ -24,8 +25,6 @@
 #include <QtTest>
 
 #include <cstdio>
-
-#include <sys/stat.h>
 
 namespace {
 
@@ -112,7 +111,7 @@ private Q_SLOTS:
     {
         const QTemporaryDir folder;
         const QString pipe = folder.filePath(QStringLiteral("pipe"));
-        QCOMPARE(::mkfifo(QFile::encodeName(pipe).constData(), 0600), 0);
+        NAMED_PIPE_OR_SKIP(pipe);
         const QString script = folder.filePath(QStringLiteral("script"));
         for (const QString& file : {pipe, script}) {
             qputenv("KEST_SCRIPT", QFile::encodeName(file));

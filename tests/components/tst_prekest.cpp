@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: MIT
 #include "SuiteRun.h"
 
+#include <NamedPipe.h>
+
 #include <QDir>
 #include <QRegularExpression>
 #include <QTemporaryDir>
 #include <QtTest>
-
-#include <sys/stat.h>
 
 // The program prekest as a front end runs it.
 class tst_prekest : public QObject
@@ -121,7 +121,7 @@ void tst_prekest::missingModel()
 void tst_prekest::pipeIsRefused()
 {
     const QTemporaryDir folder;
-    QCOMPARE(::mkfifo(QFile::encodeName(folder.filePath(model())).constData(), 0600), 0);
+    NAMED_PIPE_OR_SKIP(folder.filePath(model()));
     const SuiteResult result = runSuite(prekestProgram(), {model()}, folder.path());
     QCOMPARE(result.exitCode, 1);
     QVERIFY(result.hasText(QStringLiteral("ERROR 2013: model.nec: ")));
@@ -138,11 +138,15 @@ void tst_prekest::anyPathWorks_data()
     add("model.nec", "./model.nec");
     add("MODEL.NEC", "MODEL.NEC");
     add("two words.nec", "two words");
-    add("it's \"quoted\" $(x);&.nec", "it's \"quoted\" $(x);&.nec");
     add("Antenne f\u00fcr \u65e5\u672c.nec", "Antenne f\u00fcr \u65e5\u672c.nec");
     add("no-suffix", "no-suffix");
+#ifdef Q_OS_UNIX // where names may have quotation marks, colons and asterisks
+    add("it's \"quoted\" $(x);&.nec", "it's \"quoted\" $(x);&.nec");
     add("a:b.nec", "a:b.nec");
     add("-*-error-*-.nec", "-*-error-*-.nec");
+#else
+    add("it's not quoted $(x);&.nec", "it's not quoted $(x);&.nec");
+#endif
 }
 
 void tst_prekest::anyPathWorks()

@@ -1,18 +1,14 @@
 // SPDX-License-Identifier: MIT
 #include "DeckFile.h"
 
+#include <FileSizeLimit.h>
+#include <NamedPipe.h>
 #include <ReadingTime.h>
 
 #include <QDir>
 #include <QFile>
 #include <QTemporaryDir>
 #include <QtTest>
-
-#ifdef Q_OS_UNIX
-#include <csignal>
-#include <sys/resource.h>
-#include <sys/stat.h>
-#endif
 
 namespace {
 
@@ -137,10 +133,9 @@ private Q_SLOTS:
         QCOMPARE(file.text(), QStringLiteral("CE\n"));
     }
 
-#ifdef Q_OS_UNIX
     void pipesAndDevicesAreLeftAlone()
     {
-        QCOMPARE(::mkfifo(m_path.toLocal8Bit().constData(), 0600), 0);
+        NAMED_PIPE_OR_SKIP(m_path);
         DeckFile file;
         QVERIFY(!file.load(m_path));
         QVERIFY2(file.error().contains(QStringLiteral("not a regular file")),
@@ -151,18 +146,14 @@ private Q_SLOTS:
 
     void fullDiskKeepsTheOldFile()
     {
+        SKIP_WITHOUT_FILE_SIZE_LIMITS();
         write("CM old\n");
         DeckFile file;
         QVERIFY(file.load(m_path));
-        rlimit before = {};
-        QCOMPARE(::getrlimit(RLIMIT_FSIZE, &before), 0);
-        const rlimit tight = {100, before.rlim_max};
-        const auto handler = std::signal(SIGXFSZ, SIG_IGN);
-        const bool isLimited = ::setrlimit(RLIMIT_FSIZE, &tight) == 0;
-        const bool isSaved = file.save(m_path, QString(100000, QLatin1Char('x')));
-        QCOMPARE(::setrlimit(RLIMIT_FSIZE, &before), 0);
-        std::signal(SIGXFSZ, handler);
-        QVERIFY(isLimited && !isSaved);
+        {
+            const FileSizeLimit limit(100);
+            QVERIFY(!file.save(m_path, QString(100000, QLatin1Char('x'))));
+        }
         QVERIFY2(file.error().contains(QStringLiteral("too large")), qPrintable(file.error()));
         QCOMPARE(contentOf(m_path), QByteArray("CM old\n"));
         QCOMPARE(QDir(m_folder->path()).entryList(QDir::Files).size(), 1);
@@ -170,7 +161,6 @@ private Q_SLOTS:
         QVERIFY(!file.isChangedOutside());
         QVERIFY(file.save(m_path, QStringLiteral("CM new\n")));
     }
-#endif
 
     void savedFileKeepsItsPermissionsAndLinks()
     {
@@ -225,10 +215,7 @@ private Q_SLOTS:
         QVERIFY(file.isChangedOutside());
     }
 
-    void timeGrowsWithTheSize_data()
-    {
-        ReadingTime::addPieces();
-    }
+    void timeGrowsWithTheSize_data() { ReadingTime::addPieces(); }
 
     void timeGrowsWithTheSize()
     {

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include <Listening.h>
+#include <UnixLines.h>
 
 #include <common_ActivePtr.h>
 #include <common_Assert.h>
@@ -153,7 +154,7 @@ private Q_SLOTS:
                                      .arg(QLatin1String(misuse.file))
                                      .arg(misuse.line)
                                      .arg(QLatin1String(misuse.text));
-        QCOMPARE(QString::fromUtf8(process.readAllStandardError()), expected);
+        QCOMPARE(QString::fromUtf8(unixLines(process.readAllStandardError())), expected);
         QCOMPARE(process.exitStatus(), QProcess::CrashExit);
     }
 };

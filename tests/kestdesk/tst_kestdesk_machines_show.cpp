@@ -2,13 +2,13 @@
 #include "MachinesStage.h"
 
 #include <MachinesCases.h>
+#include <NamedPipe.h>
 
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
 #include <QRegularExpression>
 
-#include <sys/stat.h>
 #include <unistd.h>
 
 namespace {
@@ -146,8 +146,7 @@ private Q_SLOTS:
     {
         QFETCH(QByteArray, words);
         QFETCH(int, exitCode);
-        const QByteArray pipe = QFile::encodeName(m_desk->path("user/machines.kest"));
-        QVERIFY(mkfifo(pipe.constData(), 0600) == 0);
+        NAMED_PIPE_OR_SKIP(m_desk->path("user/machines.kest"));
         setEditor("true");
         const Desk::Result result = machines(words);
         QVERIFY2((result.output + result.errors).contains(text("it is not a regular file")),

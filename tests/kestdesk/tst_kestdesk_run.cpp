@@ -12,7 +12,6 @@
 #include <QRegularExpression>
 
 #include <malloc.h>
-#include <sys/stat.h>
 
 namespace {
 
@@ -30,6 +29,16 @@ public:
 private:
     const Desk& m_desk;
 };
+
+/// The bytes that are allocated.
+qint64 heapSize()
+{
+#ifdef Q_OS_LINUX
+    return static_cast<qint64>(mallinfo2().uordblks);
+#else
+    return 0;
+#endif
+}
 
 } // namespace
 
@@ -108,7 +117,7 @@ private Q_SLOTS:
         QFETCH(int, kind);
         QFETCH(QString, reason);
         QFile::remove(m_desk->path(file));
-        QVERIFY(SpecialFile::make(kind, m_desk->path(file)));
+        SPECIAL_FILE_OR_SKIP(kind, m_desk->path(file));
         const Desk::Result result = m_desk->run(batch("") + QStringList(model("m.nec", "valid")));
         QCOMPARE(result.exitCode, 2);
         QVERIFY2(result.errors.contains(m_desk->path(file) + text(" cannot be used: ") + reason),
@@ -281,6 +290,9 @@ private Q_SLOTS:
                      __LINE__);
         return;
 #endif
+#ifdef Q_OS_WIN
+        QSKIP("the C library of Windows does not say how much memory is in use");
+#endif
         writeMachines();
         const Info info(*m_desk);
         common_ServiceOf<common_IApplicationInfo>::setService(const_cast<Info*>(&info));
@@ -301,14 +313,14 @@ private Q_SLOTS:
             }
         };
         runs(20);
-        const auto before = mallinfo2().uordblks;
+        const qint64 before = heapSize();
         runs(200);
-        const auto after = mallinfo2().uordblks;
+        const qint64 after = heapSize();
         common_ServiceOf<common_IApplicationInfo>::setService(nullptr);
         // Caches fill up for some hundred runs, by less than 100 bytes each; a runner has
         // thousands.
         QVERIFY2(after < before + 64000,
-                 qPrintable(QStringLiteral("%1 bytes more").arg(qint64(after) - qint64(before))));
+                 qPrintable(QStringLiteral("%1 bytes more").arg(after - before)));
         QCOMPARE(common_ProcessRunnerBase::getProcessCount(), 0);
     }
 

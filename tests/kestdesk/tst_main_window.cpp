@@ -3,7 +3,6 @@
 
 #include <RunArchive.h>
 #include <SmallScreen.h>
-#include <Unprivileged.h>
 
 #include <HelpClient.h>
 

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "WindowTest.h"
 
+#include <SystemSkips.h>
 #include <Unprivileged.h>
 
 #include <QDropEvent>
@@ -182,6 +183,7 @@ private Q_SLOTS:
 
     void modelThatMayNotBeReadIsTold()
     {
+        SKIP_WITHOUT_OTHER_USERS();
         const QString model = m_stage->model("m.nec", "valid");
         QVERIFY(QFile::setPermissions(model, {}));
         const BoxAnswerer reader(WindowStage::pressing(Qt::Key_Escape));
@@ -322,6 +324,7 @@ private Q_SLOTS:
     // Whoever looks at them waits for ever, and then no request to end is heard.
     void programStartsWhereTheLastFilesDoNotAnswer()
     {
+        SKIP_WITHOUT_SILENT_FILES();
         m_stage->close();
         Desk desk;
         const QString silent = desk.path("models/silent/m.nec");

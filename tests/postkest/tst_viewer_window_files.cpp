@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include "HardLink.h"
 #include "ViewerStage.h"
 
 #include <BoxAnswerer.h>
@@ -6,8 +7,6 @@
 #include <QAction>
 #include <QStatusBar>
 #include <QtTest>
-
-#include <unistd.h>
 
 // The window follows the files of results, and never writes over one.
 class tst_viewer_window_files : public QObject, protected ViewerStage
@@ -128,9 +127,7 @@ private Q_SLOTS:
         QVERIFY(QDir(m_folder->path()).mkdir(QStringLiteral("inner")));
         QVERIFY(QFile::link(path("first run.csv"), path("link.csv")));
         QVERIFY(QFile::link(m_folder->path(), path("inner/up")));
-        QCOMPARE(::link(path("first run.csv").toLocal8Bit().constData(),
-                        path("hard.csv").toLocal8Bit().constData()),
-                 0);
+        QVERIFY(HardLink::make(path("first run.csv"), path("hard.csv")));
         open({path("first run.csv"), path("second.csv"), path("bad.csv"), path("gone.csv")});
         list()->item(0)->setCheckState(Qt::Unchecked);
         QVERIFY(QFile::remove(path("gone.csv")));

@@ -22,8 +22,37 @@ inline const char* const tellingScript = "#!/bin/sh\n"
                                          "printf '%s\\n' \"${KEST_TEST_PASSED-unset}\" end\n"
                                          "} > \"$0.told\"\n";
 
+/// The same, but waits for a file of its own name with ".go" added first, and says no more than
+/// "late".
+inline const char* const waitingScript = "#!/bin/sh\n"
+                                         "while ! [ -e \"$0.go\" ]; do /bin/sleep 0.02; done\n"
+                                         "{ echo late; echo end; } > \"$0.told\"\n";
+
+/// The file of a program at a path without suffix.
+inline QString executable(const QString& path)
+{
+#ifdef Q_OS_WIN
+    return path + QStringLiteral(".exe");
+#else
+    return path;
+#endif
+}
+
+/// The same as messages show it.
+inline QString shownExecutable(const QString& path)
+{
+    return QDir::toNativeSeparators(executable(path));
+}
+
+/// Puts a program at a path without suffix. On Windows, which starts no scripts, the tests' child
+/// plays these two.
 inline bool writeProgram(const QString& path, const char* script = tellingScript)
 {
+#ifdef Q_OS_WIN
+    return QFile::copy(QStringLiteral(KEST_TEST_CHILD), executable(path)) &&
+           SettingsFolders::write(path + QStringLiteral(".tells"),
+                                  script == waitingScript ? "waits" : "");
+#endif
     return SettingsFolders::write(path, script) &&
            QFile::setPermissions(path, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
 }

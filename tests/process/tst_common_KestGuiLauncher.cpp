@@ -15,11 +15,6 @@
 
 namespace {
 
-/// The same, but waits for a file of its own name with ".go" added first.
-const char* const waitingScript = "#!/bin/sh\n"
-                                  "while ! [ -e \"$0.go\" ]; do /bin/sleep 0.02; done\n"
-                                  "{ echo late; echo end; } > \"$0.told\"\n";
-
 int doDeed(const QString& deed)
 {
     const FakeApplication service(true);
@@ -79,9 +74,7 @@ private Q_SLOTS:
         QFETCH(int, type);
         QFETCH(QString, home);
         QFETCH(QString, expected);
-#ifdef Q_OS_WIN
-        expected += QStringLiteral(".exe");
-#endif
+        expected = executable(expected);
         const Variable root("KEST_TEST_ROOT", QStringLiteral("/root/of/all"));
         const Variable variable("KEST_HOME");
         if (!home.isNull()) {
@@ -208,12 +201,13 @@ private Q_SLOTS:
         QFETCH(int, obstacle);
         const FakeApplication service;
         const Installation installation;
-        QVERIFY(obstacle != 1 || SettingsFolders::write(installation.cadKest(), "no program"));
-        QVERIFY(obstacle != 2 || QDir().mkdir(installation.cadKest()));
+        QVERIFY(obstacle != 1 ||
+                SettingsFolders::write(executable(installation.cadKest()), "no program"));
+        QVERIFY(obstacle != 2 || QDir().mkdir(executable(installation.cadKest())));
         QWidget parent;
         QVERIFY(!Launcher::launch(&parent, Launcher::CadKest, twoArguments(),
                                   installation.workingDirectory()));
-        verifyBox(failureText(installation.cadKest() + QLatin1Char('.')), &parent);
+        verifyBox(failureText(shownExecutable(installation.cadKest()) + QLatin1Char('.')), &parent);
     }
 
     void tellsThatTheApplicationIsMissingWithoutAHome()
@@ -221,11 +215,8 @@ private Q_SLOTS:
         const FakeApplication service;
         const Variable home("KEST_HOME");
         QVERIFY(!Launcher::launch(nullptr, Launcher::PostKest, QStringList(), QLatin1String("")));
-#ifndef Q_OS_WIN
-        verifyBox(failureText(QStringLiteral("/bin/postkest.")), nullptr);
-#else
-        verifyBox(failureText(QStringLiteral("\\bin\\postkest.exe.")), nullptr);
-#endif
+        const QString program = shownExecutable(QStringLiteral("/bin/postkest"));
+        verifyBox(failureText(program + QLatin1Char('.')), nullptr);
     }
 
     void printsThatTheApplicationDoesNotStartWhenNobodyIsThere()
@@ -235,9 +226,10 @@ private Q_SLOTS:
         Child::start(caller, QStringLiteral("launch"), installation.path());
         QVERIFY(caller.waitForFinished());
         QCOMPARE(caller.exitCode(), 0); // not launched
-        QCOMPARE(QString::fromUtf8(caller.readAllStandardError()),
+        QCOMPARE(QString::fromUtf8(unixLines(caller.readAllStandardError())),
                  QStringLiteral("Information\n") +
-                     failureText(installation.cadKest() + QLatin1Char('.')) + QLatin1Char('\n'));
+                     failureText(shownExecutable(installation.cadKest()) + QLatin1Char('.')) +
+                     QLatin1Char('\n'));
     }
 
     void assertsWhatTheCallerMustGuarantee_data()
@@ -266,10 +258,6 @@ private Q_SLOTS:
         QVERIFY2(pattern.match(words).hasMatch(), qPrintable(words));
         QVERIFY(!QFile::exists(fileOf(installation.cadKest())));
     }
-
-private:
-#ifndef Q_OS_WIN
-#endif
 };
 
 int main(int argc, char* argv[])

@@ -5,6 +5,8 @@
 
 #include <common_MachineFileFinder.h>
 
+#include <QDir>
+
 using Finder = common_MachineFileFinder;
 
 /// A user's and an installation's folder, to which the environment points.
@@ -22,7 +24,10 @@ public:
     }
 
     QString path() const { return m_folder.path(); }
-    QString userFile() const { return user + QStringLiteral("/machines.kest"); }
+    QString userFile() const
+    {
+        return QDir::toNativeSeparators(user + QStringLiteral("/machines.kest"));
+    }
     QString installationFile() const
     {
         return installation + QStringLiteral("/shared/mpi/machines.kest");

@@ -52,7 +52,12 @@ public:
         QDir().mkpath(installation + QStringLiteral("/shared/mpi"));
         QDir().mkpath(model.path());
         for (const char* component : {"prekest", "runkest", "optkest", "amrkest"}) {
+#ifdef Q_OS_WIN
+            QFile::copy(QStringLiteral(KEST_TEST_CHILD),
+                        program(component) + QStringLiteral(".exe"));
+#else
             QFile::link(QStringLiteral(KEST_TEST_CHILD), program(component));
+#endif
         }
         SettingsFolders::write(folders.defaultFile(), "");
         SettingsFolders::write(model.filePath(), "directory\nvariable\nKEST_MPISTATISTICS\n"
@@ -63,21 +68,30 @@ public:
         renewRunner();
     }
 
-    void renewRunner() { runner = std::make_unique<Wrapper::Runner>(); }
+    void renewRunner()
+    {
+        runner = std::make_unique<Wrapper::Runner>();
+    }
 
     bool writeOptions(const QByteArray& lines) const
     {
         return SettingsFolders::write(folders.userFile(), "[options]\n" + lines);
     }
 
-    bool writeUsersMachines() const { return SettingsFolders::write(userFile(), machines); }
+    bool writeUsersMachines() const
+    {
+        return SettingsFolders::write(userFile(), machines);
+    }
     bool writeInstallationsMachines() const
     {
         return SettingsFolders::write(installation + QStringLiteral("/shared/mpi/machines.kest"),
                                       machines);
     }
 
-    QString userFile() const { return user + QStringLiteral("/machines.kest"); }
+    QString userFile() const
+    {
+        return user + QStringLiteral("/machines.kest");
+    }
     QString program(const char* component) const
     {
         return installation + QStringLiteral("/bin/") + QLatin1String(component);
@@ -100,7 +114,10 @@ public:
         return paths;
     }
 
-    QStringList arguments() const { return runner->getArguments(); }
+    QStringList arguments() const
+    {
+        return runner->getArguments();
+    }
 
     SettingsFolders folders;
     QString user;

@@ -2,6 +2,7 @@
 #include "MachinesHomes.h"
 
 #include <BoxReader.h>
+#include <NamedPipe.h>
 #include <SettingsFolders.h>
 
 #include <QApplication>
@@ -11,16 +12,14 @@
 #include <limits>
 #include <memory>
 
-#include <sys/stat.h>
-
 namespace {
 
 QString openFailure(const QString& path)
 {
     QFile file(path);
     file.open(QIODevice::ReadOnly);
-    return QStringLiteral("Could not open the following file :\n") + path +
-           QStringLiteral(".\nReason: ") + file.errorString();
+    return QStringLiteral("Could not open the following file :\n") +
+           QDir::toNativeSeparators(path) + QStringLiteral(".\nReason: ") + file.errorString();
 }
 
 QByteArray repeated(const char* line, int count)
@@ -228,8 +227,11 @@ private Q_SLOTS:
         QFETCH(bool, isPipe);
         const Homes homes;
         const QString path = homes.userFile();
-        QVERIFY(isPipe ? mkfifo(QFile::encodeName(path).constData(), 0600) == 0
-                       : QFile::link(QStringLiteral("/dev/zero"), path));
+        if (isPipe) {
+            NAMED_PIPE_OR_SKIP(path);
+        } else {
+            DEVICE_LINK_OR_SKIP("/dev/zero", path);
+        }
         QVERIFY(SettingsFolders::write(homes.installationFile(), "a:2\n"));
         Finder finder;
         QVERIFY(finder.isValid());
@@ -316,7 +318,7 @@ private Q_SLOTS:
         Child::start(process, QStringLiteral("check"), homes.path());
         QVERIFY(process.waitForFinished());
         QCOMPARE(process.exitCode(), 0);
-        QCOMPARE(QString::fromUtf8(process.readAllStandardError()),
+        QCOMPARE(QString::fromUtf8(unixLines(process.readAllStandardError())),
                  QStringLiteral("Open failed\n") + openFailure(homes.userFile()) +
                      QStringLiteral("\nNo such environment variable\n"
                                     "Please set the environment variable KEST_TEST_NONE before "

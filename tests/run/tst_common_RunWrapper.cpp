@@ -272,7 +272,8 @@ private Q_SLOTS:
             return; // what is there of the line is compared elsewhere
         }
         QCOMPARE(site.copies().size(), copies ? 1 : 0);
-        QCOMPARE(site.arguments(), commandLine(*layout, *choice, site.copies().value(0)));
+        QCOMPARE(site.arguments(),
+                 commandLine(*layout, *choice, QDir::toNativeSeparators(site.copies().value(0))));
     }
 
     void setsUpTheRest_data()

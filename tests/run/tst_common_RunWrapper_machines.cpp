@@ -2,6 +2,7 @@
 #include "RunWrapperSite.h"
 
 #include <BoxReader.h>
+#include <NamedPipe.h>
 #include <RecordingObserver.h>
 #include <SettingsFolders.h>
 
@@ -10,8 +11,6 @@
 #include <QApplication>
 #include <QRegularExpression>
 #include <QtTest>
-
-#include <sys/stat.h>
 
 class tst_common_RunWrapper_machines : public QObject, protected RunWrapperStage
 {
@@ -80,7 +79,7 @@ private Q_SLOTS:
         QVERIFY(site.setUpFor(Kest, Wrapper::Parallel));
         const QStringList copies = site.copies();
         QCOMPARE(copies.size(), 1000);
-        const QString passed = site.arguments().value(5);
+        const QString passed = QDir::fromNativeSeparators(site.arguments().value(5));
         QVERIFY2(copies.contains(passed), qPrintable(passed));
         QCOMPARE(SettingsFolders::read(passed), QByteArray("earlier\n"));
     }
@@ -92,7 +91,7 @@ private Q_SLOTS:
         const Variable home("KEST_USER_HOME", site.folders.path() + QStringLiteral("/no where"));
         QVERIFY(site.setUpFor(Kest, Wrapper::Parallel));
         QCOMPARE(site.arguments().value(4), QStringLiteral("--machines-file"));
-        const QString passed = site.arguments().value(5);
+        const QString passed = QDir::fromNativeSeparators(site.arguments().value(5));
         QVERIFY2(
             passed.startsWith(site.folders.path() + QStringLiteral("/no where/gui_tmp_machfile_")),
             qPrintable(passed));
@@ -102,7 +101,7 @@ private Q_SLOTS:
     void pipeInPlaceOfTheMachinesFileIsNotCopied()
     {
         const Site site;
-        QVERIFY(mkfifo(QFile::encodeName(site.userFile()).constData(), 0600) == 0);
+        NAMED_PIPE_OR_SKIP(site.userFile());
         QVERIFY(site.setUpFor(Kest, Wrapper::Parallel));
         const QVector<BoxReader::Box> boxes = m_reader->take();
         QVERIFY(!boxes.isEmpty());
@@ -138,13 +137,13 @@ private Q_SLOTS:
         Site site;
         QVERIFY(site.writeInstallationsMachines());
         QVERIFY(site.setUpFor(Kest, Wrapper::Parallel));
-        const QString copy = site.copies().value(0);
+        const QString copy = QDir::toNativeSeparators(site.copies().value(0));
         QCOMPARE(site.arguments().value(5), copy);
         site.renewRunner();
         const Variable home("KEST_USER_HOME");
         QVERIFY(site.setUpFor(Optkest, Wrapper::FarmOut));
         verifyError(m_reader->take(), {noVariable()});
-        QCOMPARE(site.copies(), QStringList(copy));
+        QCOMPARE(site.copies(), QStringList(QDir::fromNativeSeparators(copy)));
         QCOMPARE(site.arguments().value(4), QStringLiteral("--machines-file"));
         QCOMPARE(site.arguments().value(5), copy);
     }

@@ -14,6 +14,12 @@ inline QStringList words(const char* text)
     return QString::fromUtf8(text).split(QLatin1Char(' '), Qt::SkipEmptyParts);
 }
 
+/// The same as the paths that a list of recent files has of them.
+inline QStringList paths(const char* text)
+{
+    return words(QDir::toNativeSeparators(QString::fromUtf8(text)).toUtf8().constData());
+}
+
 /// Adds the last word first, so that the list is as the text has it.
 inline void fill(RecentFiles& recent, const char* text)
 {
@@ -35,7 +41,7 @@ protected:
         QStringList paths;
         const QStringList each = text.split(separator);
         for (const QString& name : each) {
-            paths.append(folders.path() + QLatin1Char('/') + name);
+            paths.append(QDir::toNativeSeparators(folders.path() + QLatin1Char('/') + name));
             SettingsFolders::write(paths.constLast(), "model");
         }
         return paths;

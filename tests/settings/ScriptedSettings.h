@@ -3,6 +3,7 @@
 
 #include <FakeServices.h>
 #include <SettingsObjects.h>
+#include <UnixLines.h>
 
 #include <QDir>
 #include <QFile>
@@ -40,7 +41,7 @@ inline bool write(const QString& name, const QByteArray& content)
 inline QByteArray contentOf(const QString& name)
 {
     QFile file(name);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("no such file");
+    return file.open(QIODevice::ReadOnly) ? unixLines(file.readAll()) : QByteArray("no such file");
 }
 
 inline QVariant storedValue(const QString& file, const QString& key)

@@ -16,7 +16,7 @@ QString tryWithoutFiles(const QString& deed, const QString& folder)
     if (!process.waitForFinished() || process.exitCode() != 0) {
         return QStringLiteral("failed");
     }
-    return QString::fromUtf8(process.readAllStandardError());
+    return QString::fromUtf8(unixLines(process.readAllStandardError()));
 }
 
 } // namespace
@@ -69,8 +69,8 @@ private Q_SLOTS:
         const Set set(folders.info.userSettings, QStringLiteral("Kest%1"));
         const QVector<BoxReader::Box> boxes = m_reader->take();
         QCOMPARE(boxes.size(), 1);
-        QCOMPARE(boxes[0].text, QStringLiteral("Couldn't find ") + folders.path() +
-                                    QStringLiteral("/%1 %2 <b>/default.ini\nA default ") +
+        QCOMPARE(boxes[0].text, QStringLiteral("Couldn't find ") + folders.defaultFile() +
+                                    QStringLiteral("\nA default ") +
                                     QStringLiteral("kest%1.ini file was created."));
         QVERIFY(set.geometry());
     }
@@ -79,10 +79,10 @@ private Q_SLOTS:
     {
         const QTemporaryDir folder;
         const QString told = QStringLiteral("Missing *.ini file\n"
-                                            "Couldn't find %1/installation/default.ini\n"
+                                            "Couldn't find %1/installation%2default.ini\n"
                                             "A default prekest.ini file was created.\n")
-                                 .arg(folder.path());
-        const QString file = folder.path() + QStringLiteral("/prekest.ini\n");
+                                 .arg(folder.path(), QDir::separator());
+        const QString file = folder.path() + QDir::separator() + QStringLiteral("prekest.ini\n");
         QCOMPARE(tryWithoutFiles(QStringLiteral("without splash screen"), folder.path()),
                  told + file);
         QCOMPARE(tryWithoutFiles(QStringLiteral("with splash screen"), folder.path()),

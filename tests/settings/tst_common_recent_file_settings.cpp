@@ -63,10 +63,10 @@ private Q_SLOTS:
         RecentFiles recent(QString{});
         recent.setMaxRecentFiles(20);
         fill(recent, qUtf8Printable(before));
-        QCOMPARE(recent.recentFiles(), words(qUtf8Printable(before)));
+        QCOMPARE(recent.recentFiles(), paths(qUtf8Printable(before)));
         recent.setMaxRecentFiles(maximum);
         recent.addRecentFile(path);
-        QCOMPARE(recent.recentFiles(), words(qUtf8Printable(after)));
+        QCOMPARE(recent.recentFiles(), paths(qUtf8Printable(after)));
     }
 
     void removesALongerEntryThatContainsTheNewPath()
@@ -74,7 +74,7 @@ private Q_SLOTS:
         RecentFiles recent(QString{});
         fill(recent, "/model.kst.backup /other.kst");
         recent.addRecentFile(QStringLiteral("/model.kst"));
-        QCOMPARE(recent.recentFiles(), words("/model.kst /other.kst"));
+        QCOMPARE(recent.recentFiles(), paths("/model.kst /other.kst"));
     }
 
     void leavesAnExactCopyWhereItStandsBehindALongerEntry()
@@ -82,7 +82,7 @@ private Q_SLOTS:
         RecentFiles recent(QString{});
         fill(recent, "/model.kst.backup /other.kst /model.kst /last.kst");
         recent.addRecentFile(QStringLiteral("/model.kst"));
-        QCOMPARE(recent.recentFiles(), words("/other.kst /model.kst /last.kst"));
+        QCOMPARE(recent.recentFiles(), paths("/other.kst /model.kst /last.kst"));
     }
 
     void movesAnExactCopyThatStandsBeforeALongerEntry()
@@ -111,7 +111,7 @@ private Q_SLOTS:
             recent.addRecentFile(QStringLiteral("/file%1").arg(i));
         }
         QCOMPARE(recent.recentFiles(),
-                 words("/file9 /file8 /file7 /file6 /file5 /file4 /file3 /file2"));
+                 paths("/file9 /file8 /file7 /file6 /file5 /file4 /file3 /file2"));
     }
 
     void addsNativeSeparators()
@@ -128,7 +128,7 @@ private Q_SLOTS:
         fill(recent, "/a /b /c");
         recent.setMaxRecentFiles(1);
         QCOMPARE(recent.getMaxRecentFiles(), 1);
-        QCOMPARE(recent.recentFiles(), words("/a /b /c"));
+        QCOMPARE(recent.recentFiles(), paths("/a /b /c"));
     }
 
     void removesTheNewestFile()
@@ -136,7 +136,7 @@ private Q_SLOTS:
         RecentFiles recent(QString{});
         fill(recent, "/a /b");
         recent.removeNewestFile();
-        QCOMPARE(recent.recentFiles(), words("/b"));
+        QCOMPARE(recent.recentFiles(), paths("/b"));
         recent.removeNewestFile();
         QCOMPARE(recent.recentFiles(), QStringList());
     }
@@ -259,13 +259,13 @@ private Q_SLOTS:
         recent.setMaxRecentFiles(3);
         RecentFiles copy(recent);
         QCOMPARE(copy.getMaxRecentFiles(), 8);
-        QCOMPARE(copy.recentFiles(), words("/a /b"));
+        QCOMPARE(copy.recentFiles(), paths("/a /b"));
         QCOMPARE(copy.getFileName(), folders.userFile());
         copy.setRecentSession(true);
         copy.writeSettings();
         const QSettings settings(folders.userFile(), QSettings::IniFormat);
         QCOMPARE(settings.value(QStringLiteral("recentFiles/fileList")).toStringList(),
-                 words("/a /b"));
+                 paths("/a /b"));
     }
 
     void copiesEverythingWhenAssigned()
@@ -281,7 +281,7 @@ private Q_SLOTS:
         target = recent;
         QCOMPARE(target.getMaxRecentFiles(), 3);
         QCOMPARE(target.getRecentSession(), true);
-        QCOMPARE(target.recentFiles(), words("/a /b"));
+        QCOMPARE(target.recentFiles(), paths("/a /b"));
         QCOMPARE(target.getFileName(), folders.userFile());
         target.writeSettings();
         QVERIFY(SettingsFolders::read(folders.userFile()).startsWith("[recentFiles]\n"));
@@ -298,7 +298,7 @@ private Q_SLOTS:
         target.setRecentSession(false);
         fill(target, "/c");
         target.copy(source);
-        QCOMPARE(target.recentFiles(), words("/a /b"));
+        QCOMPARE(target.recentFiles(), paths("/a /b"));
         QCOMPARE(target.getMaxRecentFiles(), 5);
         QCOMPARE(target.getRecentSession(), false);
         QCOMPARE(target.getFileName(), QStringLiteral("target.ini"));

@@ -2,6 +2,7 @@
 #include "ScriptedSettings.h"
 
 #include <FakeServices.h>
+#include <FileSizeLimit.h>
 #include <SettingsObjects.h>
 #include <SettingsProcess.h>
 #include <Stopwatch.h>
@@ -49,6 +50,7 @@ private Q_SLOTS:
 
     void leavesTheFileAsItWasOnAFullDisk()
     {
+        SKIP_WITHOUT_FILE_SIZE_LIMITS();
         QFETCH(QByteArray, before);
         QFETCH(int, limit);
         QFETCH(int, length);
@@ -66,6 +68,7 @@ private Q_SLOTS:
 
     void writesWhatJustFits()
     {
+        SKIP_WITHOUT_FILE_SIZE_LIMITS();
         QVERIFY(write(m_file, "[texts]\ntext=old\n"));
         SettingsProcess writer({QStringLiteral("write-limited"), m_file, QStringLiteral("60014"),
                                 QStringLiteral("60000")});
@@ -142,6 +145,7 @@ private Q_SLOTS:
 
     void keepsTheValuesThatItMayNotWrite()
     {
+        SKIP_WITHOUT_OTHER_USERS();
         QFETCH(int, fileMode);
         QFETCH(int, folderMode);
         const QByteArray before("[texts]\ntext=old\n");

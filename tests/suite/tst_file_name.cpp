@@ -48,6 +48,9 @@ private Q_SLOTS:
 
     void otherBytesAreKept()
     {
+#ifdef Q_OS_WIN
+        QSKIP("on Windows, all names are text");
+#endif
         QFETCH(QByteArray, name);
         QFETCH(QString, seen);
         const QString kept = FileName::fromNative(name);
@@ -79,6 +82,9 @@ private Q_SLOTS:
     // What the session cannot say is no mistake of the name.
     void sessionWithoutUtf8IsTold()
     {
+#ifdef Q_OS_WIN
+        QSKIP("on Windows, all names are text");
+#endif
         const LatinLocale locale;
         const QString western = FileName::problem(text("café.nec"));
         const QString eastern = FileName::problem(text("模型.nec"));
@@ -95,13 +101,17 @@ private Q_SLOTS:
     {
         const QDir folder = QDir::current();
         QCOMPARE(FileName::absolute(text("a/../b.nec")), folder.absoluteFilePath(text("b.nec")));
-        QCOMPARE(FileName::absolute(text("/a//b.nec")), text("/a/b.nec"));
+        QCOMPARE(FileName::absolute(text("/a//b.nec")),
+                 QDir(text("/a")).absoluteFilePath(text("b.nec")));
         const QString kept = FileName::fromNative("caf\xe9.nec");
         QCOMPARE(FileName::absolute(kept), folder.absoluteFilePath(kept));
     }
 
     void filesOfAFolderThatCannotBeOpenedAreFound()
     {
+#ifdef Q_OS_WIN
+        QSKIP("on Windows, all names are text");
+#endif
         const QTemporaryDir folder;
         const NativeRun made =
             NativeRun::of(text("/usr/bin/touch"), {"caf\xe9.nec", "caf\xc3\xa9.nec", "\xff.csv"},

@@ -4,11 +4,11 @@
 #include "TemporaryFolder.h"
 
 #include <FileSizeLimit.h>
+#include <NamedPipe.h>
+#include <SystemSkips.h>
 
 #include <QTemporaryDir>
 #include <QtTest>
-
-#include <sys/stat.h>
 
 using suite::OutputFile;
 using suite::ResultFiles;
@@ -103,6 +103,7 @@ private Q_SLOTS:
 
     void fullDiskKeepsTheOldFileAndSaysWhy()
     {
+        SKIP_WITHOUT_FILE_SIZE_LIMITS();
         QFETCH(int, size);
         write("file", "old");
         {
@@ -119,7 +120,7 @@ private Q_SLOTS:
 
     void whatIsNoFileIsNotReplaced()
     {
-        QCOMPARE(::mkfifo(QFile::encodeName(path("pipe")).constData(), 0600), 0);
+        NAMED_PIPE_OR_SKIP(path("pipe"));
         QVERIFY(QFile::link(path("pipe"), path("link")));
         const QStringList before = entries();
         const auto reasonOf = [](const QString& path) {
@@ -138,6 +139,7 @@ private Q_SLOTS:
 
     void linkLeadsToTheFileThatIsReplaced()
     {
+        SKIP_WITHOUT_SYMBOLIC_LINKS();
         write("file", "old");
         QVERIFY(QFile::link(path("file"), path("link")));
         OutputFile file(path("link"));
@@ -164,6 +166,7 @@ private Q_SLOTS:
     // Also when the caller has not looked at what write() returned.
     void noResultIsReplacedUnlessAllAreWhole()
     {
+        SKIP_WITHOUT_FILE_SIZE_LIMITS();
         write("a", "old a");
         write("b", "old b");
         const QStringList before = entries();
@@ -184,6 +187,7 @@ private Q_SLOTS:
 
     void copyThatIsNotPossibleNamesBothFiles()
     {
+        SKIP_WITHOUT_FILE_SIZE_LIMITS();
         ResultFiles results;
         QVERIFY(results.open({path("a.out")}));
         QVERIFY(!results.copy(0, path("none.out")));
@@ -201,6 +205,7 @@ private Q_SLOTS:
 
     void linksAreNoResults()
     {
+        SKIP_WITHOUT_SYMBOLIC_LINKS();
         write("file", "old");
         QVERIFY(QFile::link(path("file"), path("link")));
         ResultFiles results;
@@ -212,6 +217,7 @@ private Q_SLOTS:
 
     void temporaryFileThatDoesNotFitNamesThePlace()
     {
+        SKIP_WITHOUT_FILE_SIZE_LIMITS();
         QCOMPARE(suite::TemporaryFolder::writeFile(path("file"), "x"), QString());
         QCOMPARE(read("file"), QByteArray("x"));
         const FileSizeLimit full(limit);

@@ -83,6 +83,9 @@ private Q_SLOTS:
 
     void bytesThatAreNoTextAreSeen()
     {
+#ifdef Q_OS_WIN
+        QSKIP("on Windows, all names are text");
+#endif
         QCOMPARE(visibleText(suite::FileName::fromNative("caf\xe9\xff.nec")),
                  text("caf\\xE9\\xFF.nec"));
     }

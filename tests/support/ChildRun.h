@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <UnixLines.h>
+
 #include <QCoreApplication>
 #include <QProcess>
 #include <QString>
@@ -18,8 +20,8 @@ public:
         m_process.setProcessEnvironment(environment);
         m_process.start(QCoreApplication::applicationFilePath(), QStringList());
         m_isOver = m_process.waitForFinished();
-        m_output = QString::fromUtf8(m_process.readAllStandardOutput());
-        m_error = QString::fromUtf8(m_process.readAllStandardError());
+        m_output = QString::fromUtf8(unixLines(m_process.readAllStandardOutput()));
+        m_error = QString::fromUtf8(unixLines(m_process.readAllStandardError()));
     }
 
     /// Empty in the program that the tests run in.

@@ -1,8 +1,9 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <QtGlobal>
+#include <QtTest>
 
+#ifdef Q_OS_UNIX
 #include <csignal>
 
 #include <sys/resource.h>
@@ -36,3 +37,17 @@ private:
     void (*m_signal)(int);
     rlimit m_before = {};
 };
+
+#define SKIP_WITHOUT_FILE_SIZE_LIMITS()                                                            \
+    do {                                                                                           \
+    } while (false)
+#else
+/// Windows knows no such limit.
+class FileSizeLimit
+{
+public:
+    explicit FileSizeLimit(qint64) { qFatal("there are no limits of file sizes"); }
+};
+
+#define SKIP_WITHOUT_FILE_SIZE_LIMITS() QSKIP("Windows has no limit for the sizes of files")
+#endif

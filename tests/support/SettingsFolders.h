@@ -2,6 +2,7 @@
 #pragma once
 
 #include <FakeServices.h>
+#include <UnixLines.h>
 
 #include <QCoreApplication>
 #include <QDir>
@@ -23,8 +24,14 @@ public:
     }
 
     QString path() const { return m_folder.path(); }
-    QString userFile() const { return info.userSettings + QStringLiteral("/kest.ini"); }
-    QString defaultFile() const { return info.defaultSettings + QStringLiteral("/default.ini"); }
+    QString userFile() const
+    {
+        return info.userSettings + QDir::separator() + QStringLiteral("kest.ini");
+    }
+    QString defaultFile() const
+    {
+        return info.defaultSettings + QDir::separator() + QStringLiteral("default.ini");
+    }
 
     QStringList userFolderContent() const
     {
@@ -40,7 +47,8 @@ public:
     static QByteArray read(const QString& path)
     {
         QFile file(path);
-        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArrayLiteral("unreadable");
+        return file.open(QIODevice::ReadOnly) ? unixLines(file.readAll())
+                                              : QByteArrayLiteral("unreadable");
     }
 
 private:
@@ -90,7 +98,7 @@ inline QString lastWords(const QString& deed, const QString& folder)
         return QStringLiteral("did not end");
     }
     return process.exitStatus() == QProcess::CrashExit
-               ? QString::fromUtf8(process.readAllStandardError())
+               ? QString::fromUtf8(unixLines(process.readAllStandardError()))
                : QStringLiteral("did not crash");
 }
 

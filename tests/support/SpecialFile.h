@@ -2,15 +2,32 @@
 #pragma once
 
 #include <QByteArray>
+#include <QDir>
 #include <QFile>
+#include <QFileInfo>
 #include <QString>
+#include <QtTest>
 
 #include <sys/stat.h>
+
+#ifdef Q_OS_UNIX
 #include <sys/sysmacros.h>
 #include <unistd.h>
+#else // kinds that its header lacks
+#define S_IFLNK 0120000
+#define S_IFSOCK 0140000
+#endif
 
 /// What may stand in the place of a file without being one.
 namespace SpecialFile {
+
+#ifdef Q_OS_UNIX
+
+/// Whether this user can make files of this kind on this system.
+inline bool canMake(int kind)
+{
+    return (kind != S_IFCHR && kind != S_IFBLK) || ::geteuid() == 0;
+}
 
 /// Makes what the file type of stat() says at a path: S_IFDIR, S_IFIFO, S_IFSOCK, S_IFLNK to
 /// nowhere, or, which only the administrator can, S_IFCHR and S_IFBLK.
@@ -39,4 +56,36 @@ inline int kindOf(const QString& path)
                                                                       : 0;
 }
 
+#else // folders have nothing else there
+
+inline bool canMake(int kind)
+{
+    return kind == S_IFDIR;
+}
+
+inline bool make(int kind, const QString& path)
+{
+    return kind == S_IFDIR && QDir().mkdir(path);
+}
+
+inline int kindOf(const QString& path)
+{
+    const QFileInfo file(path);
+    if (!file.exists()) {
+        return 0;
+    }
+    return file.isDir() ? S_IFDIR : S_IFREG;
+}
+
+#endif
+
 } // namespace SpecialFile
+
+/// Makes a file of the kind for a test function, which is skipped where it cannot be made.
+#define SPECIAL_FILE_OR_SKIP(kind, path)                                                           \
+    do {                                                                                           \
+        if (!SpecialFile::canMake(kind)) {                                                         \
+            QSKIP("this user, or this system, cannot make such a thing in a folder");              \
+        }                                                                                          \
+        QVERIFY(SpecialFile::make(kind, path));                                                    \
+    } while (false)

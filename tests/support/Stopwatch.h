@@ -24,6 +24,9 @@ private:
     // The second number: nanoseconds in which the thread could have run.
     static qint64 withoutProcessor()
     {
+#ifndef Q_OS_LINUX // nor another system that shows files of Linux, as Wine does
+        return 0;
+#endif
         QFile file(QStringLiteral("/proc/thread-self/schedstat"));
         return file.open(QIODevice::ReadOnly) ? file.readAll().split(' ').value(1).toLongLong() : 0;
     }

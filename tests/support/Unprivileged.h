@@ -3,7 +3,9 @@
 
 #include <QFile>
 #include <QString>
+#include <QtTest>
 
+#ifdef Q_OS_UNIX
 #include <unistd.h>
 
 /// While it lives, this process may do with files what somebody without rights may, whoever runs
@@ -40,3 +42,19 @@ private:
 
     bool m_isRoot = ::geteuid() == 0;
 };
+
+#define SKIP_WITHOUT_OTHER_USERS()                                                                 \
+    do {                                                                                           \
+    } while (false)
+#else
+/// On Windows, a process stays the user's that started it.
+class Unprivileged
+{
+public:
+    Unprivileged() { qFatal("there is no other user"); }
+
+    static bool give(const QString&) { return false; }
+};
+
+#define SKIP_WITHOUT_OTHER_USERS() QSKIP("on Windows, a process cannot become another user")
+#endif

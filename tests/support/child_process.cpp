@@ -26,6 +26,9 @@
 //   crash                     dies by a signal
 //   signal NUMBER             dies by that signal
 //   exit CODE                 the end of the commands means exit 0
+//
+// Where a file of its own name with ".tells" added stands beside it, it does nothing of that, and
+// plays a program that is launched: see tellOfLaunch().
 #include <algorithm>
 #include <chrono>
 #include <csignal>
@@ -42,6 +45,7 @@
 #ifdef _WIN32
 #include <fcntl.h>
 #include <io.h>
+#include <windows.h>
 #else
 #include <unistd.h>
 #endif
@@ -271,11 +275,51 @@ Arguments commandsOf(const Arguments& arguments)
     return words;
 }
 
+#ifdef _WIN32
+
+// Its file without the suffix of programs.
+std::wstring ownName()
+{
+    wchar_t path[1024] = L"";
+    GetModuleFileNameW(nullptr, path, 1024);
+    const std::wstring file = path;
+    return file.substr(0, file.rfind(L'.'));
+}
+
+// Writes its working directory and its arguments into the file NAME.told, as the script of the
+// tests on Unix. When NAME.tells is not empty, it waits for NAME.go before, and writes no more than
+// "late".
+void tellOfLaunch(int argc, char* argv[])
+{
+    const std::wstring name = ownName();
+    const bool waits = std::filesystem::file_size(name + L".tells") > 0;
+    while (waits && !std::filesystem::exists(name + L".go")) {
+        sleepFor("10");
+    }
+    std::ofstream told(std::filesystem::path(name + L".told"));
+    if (waits) {
+        told << "late\nend\n";
+        return;
+    }
+    told << std::filesystem::current_path().generic_u8string() << '\n';
+    for (int i = 1; i < argc; ++i) {
+        told << '<' << argv[i] << ">\n";
+    }
+    const char* const passed = std::getenv("KEST_TEST_PASSED");
+    told << (passed ? passed : "unset") << "\nend\n";
+}
+
+#endif
+
 } // namespace
 
 int main(int argc, char* argv[])
 {
 #ifdef _WIN32 // the bytes of the commands, and no other line ends
+    if (std::filesystem::exists(ownName() + L".tells")) {
+        tellOfLaunch(argc, argv);
+        return 0;
+    }
     _setmode(_fileno(stdout), _O_BINARY);
     _setmode(_fileno(stderr), _O_BINARY);
 #endif

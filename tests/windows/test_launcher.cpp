@@ -46,6 +46,36 @@ HANDLE makeJob()
     return job;
 }
 
+// The file name of the program that a process runs.
+std::wstring programOf(DWORD id)
+{
+    wchar_t path[1024] = L"";
+    DWORD size = 1024;
+    const HANDLE process = OpenProcess(PROCESS_QUERY_LIMITED_INFORMATION, FALSE, id);
+    if (process) {
+        QueryFullProcessImageNameW(process, 0, path, &size);
+        CloseHandle(process);
+    }
+    const std::wstring name = path;
+    return name.substr(name.find_last_of(L'\\') + 1);
+}
+
+void printProcessesIn(HANDLE job)
+{
+    constexpr std::size_t most = 100;
+    struct
+    {
+        JOBOBJECT_BASIC_PROCESS_ID_LIST list;
+        ULONG_PTR more[most];
+    } ids = {};
+    QueryInformationJobObject(job, JobObjectBasicProcessIdList, &ids, sizeof ids, nullptr);
+    for (DWORD i = 0; i < ids.list.NumberOfProcessIdsInList; ++i) {
+        const DWORD id = static_cast<DWORD>(ids.list.ProcessIdList[i]);
+        std::fprintf(stderr, "test_launcher: process %lu, %ls, is left behind\n", id,
+                     programOf(id).c_str());
+    }
+}
+
 DWORD processesIn(HANDLE job)
 {
     JOBOBJECT_BASIC_ACCOUNTING_INFORMATION counts = {};
@@ -86,6 +116,7 @@ int run(std::wstring command)
     }
     if (processesIn(job) > 0) {
         std::fprintf(stderr, "test_launcher: %lu processes are left behind\n", processesIn(job));
+        printProcessesIn(job);
         code = EXIT_FAILURE;
     }
     CloseHandle(job);

@@ -49,7 +49,8 @@ void ComponentRun::readLines(const QByteArray& bytes)
     m_unread += bytes;
     int start = 0;
     for (int end = m_unread.indexOf('\n'); end >= 0; end = m_unread.indexOf('\n', start)) {
-        readLine(m_unread.mid(start, end - start));
+        const bool endsAsOnWindows = end > start && m_unread.at(end - 1) == '\r';
+        readLine(m_unread.mid(start, end - start - (endsAsOnWindows ? 1 : 0)));
         start = end + 1;
     }
     m_unread.remove(0, start);

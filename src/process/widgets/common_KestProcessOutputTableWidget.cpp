@@ -62,6 +62,9 @@ common_KestProcessOutputTableWidget::common_KestProcessOutputTableWidget(const Q
 
     setEditTriggers(NoEditTriggers);
     setColumnCount(ColumnCount);
+    // With other styles and fonts, no section may be as narrow.
+    horizontalHeader()->setMinimumSectionSize(
+        std::min(horizontalHeader()->minimumSectionSize(), countWidth));
     setColumnWidth(IdentifierColumn, identifierWidth);
     setColumnWidth(CountColumn, countWidth);
     setWordWrap(true);

@@ -17,7 +17,9 @@ QStringList SuiteResult::bodies(const QString& marker) const
     QStringList result;
     for (const QString& line : lines) {
         if (line.startsWith(start)) {
-            result.append(line.mid(start.size()));
+            const QString body = line.mid(start.size());
+            result.append(marker == QLatin1String("file") ? QDir::fromNativeSeparators(body)
+                                                          : body);
         }
     }
     return result;

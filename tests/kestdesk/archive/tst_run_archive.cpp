@@ -104,7 +104,7 @@ private Q_SLOTS:
         QFETCH(bool, isPipe);
         QVERIFY(QFile::remove(m_stage->model()));
         if (isPipe) {
-            QVERIFY(SpecialFile::make(S_IFIFO, m_stage->model()));
+            SPECIAL_FILE_OR_SKIP(S_IFIFO, m_stage->model());
         }
         const RunArchive::Addition addition = m_stage->archive().add(m_stage->start(), QString());
         QCOMPARE(addition.number, 1);

@@ -3,6 +3,8 @@
 
 #include "Processes.h"
 
+#include "../../support/UnixLines.h"
+
 #include <QDir>
 #include <QFile>
 #include <QProcess>
@@ -18,7 +20,7 @@ inline QString text(const char* utf8)
 inline QByteArray contentOf(const QString& fileName)
 {
     QFile file(fileName);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+    return file.open(QIODevice::ReadOnly) ? unixLines(file.readAll()) : QByteArray();
 }
 
 inline void writeFile(const QString& fileName, const QByteArray& content)
@@ -92,8 +94,8 @@ public:
         const bool ended =
             process.state() == QProcess::NotRunning || process.waitForFinished(60000);
         return {ended && process.exitStatus() == QProcess::NormalExit ? process.exitCode() : -1,
-                QString::fromUtf8(process.readAllStandardOutput()),
-                QString::fromUtf8(process.readAllStandardError())};
+                QString::fromUtf8(unixLines(process.readAllStandardOutput())),
+                QString::fromUtf8(unixLines(process.readAllStandardError()))};
     }
 
     void setProgram(const QString& program) { m_program = program; }

@@ -61,7 +61,11 @@ inline void send(int signal, const QStringList& processes)
 {
     for (const QString& line : processes) {
         const DWORD id = line.section(QLatin1Char(' '), 0, 0).toUInt();
-        signal == SIGKILL ? kill(id) : ConsoleBreak::send(id);
+        if (signal == SIGKILL) {
+            kill(id);
+        } else {
+            ConsoleBreak::send(id);
+        }
     }
 }
 
