@@ -203,7 +203,7 @@ private Q_SLOTS:
         click("cancel");
         QVERIFY(!m_dialog->isVisible());
         QCOMPARE(answers.texts.size(), 0);
-        QCOMPARE(SettingsFolders::read(usersFile()), QByteArray("node1:4\r\nnode2\r\n"));
+        QCOMPARE(SettingsFolders::read(usersFile()), unixLines("node1:4\r\nnode2\r\n"));
     }
 
     void aFileThatIsNoTextIsToldOf()

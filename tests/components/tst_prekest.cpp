@@ -263,6 +263,9 @@ void tst_prekest::factsAreTold()
 
 void tst_prekest::noLineHoldsTwoMarkers()
 {
+#ifdef Q_OS_WIN
+    QSKIP("on Windows, names have no asterisks");
+#endif
     const QTemporaryDir folder;
     QStringList cards = dipoleCards();
     cards[6] = QStringLiteral("-*-error-*-x-*-notice-*-\nEX -*-a-*- b:c:d 1:2\nXQ");
@@ -293,10 +296,11 @@ void tst_prekest::nothingIsWrittenUnasked()
 void tst_prekest::installationIsComplete()
 {
     const QDir home(suiteHome());
-    for (const char* entry : {"bin/prekest", "bin/runkest", "shared/mpi/machines.kest",
-                              "images/shared", "default.ini", "models/dipole.nec"}) {
+    for (const char* entry :
+         {"shared/mpi/machines.kest", "images/shared", "default.ini", "models/dipole.nec"}) {
         QVERIFY2(home.exists(QString::fromLatin1(entry)), entry);
     }
+    QVERIFY(QFile::exists(prekestProgram()) && QFile::exists(runkestProgram()));
     const QList<QByteArray> machines =
         readFile(home.filePath(QStringLiteral("shared/mpi/machines.kest"))).split('\n');
     QVERIFY(machines.size() > 2);

@@ -35,7 +35,7 @@ int doDeed(const QString& deed)
     } else if (deed == QLatin1String("launch Quill")) {
         return Launcher::launchQuill(nullptr,
                                      qEnvironmentVariable("KEST_HOME") + QStringLiteral("/bin"),
-                                     QStringLiteral("cadkest"), QLatin1String(""));
+                                     executable(QStringLiteral("cadkest")), QLatin1String(""));
     }
     return 0;
 }

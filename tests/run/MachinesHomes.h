@@ -24,10 +24,7 @@ public:
     }
 
     QString path() const { return m_folder.path(); }
-    QString userFile() const
-    {
-        return QDir::toNativeSeparators(user + QStringLiteral("/machines.kest"));
-    }
+    QString userFile() const { return user + QStringLiteral("/machines.kest"); }
     QString installationFile() const
     {
         return installation + QStringLiteral("/shared/mpi/machines.kest");

@@ -282,12 +282,17 @@ private Q_SLOTS:
     {
         QTest::addColumn<QString>("value");
         QTest::addColumn<bool>("isSet");
+#ifdef Q_OS_WIN // where it stays as it is
+        const bool isUnknownKept = true;
+#else
+        const bool isUnknownKept = false;
+#endif
         // clang-format off
         QTest::newRow("value")                 << QStringLiteral("x")                  << true;
         QTest::newRow("blank")                 << QStringLiteral(" ")                  << true;
         QTest::newRow("reference to a value")  << QStringLiteral("${KEST_USER_HOME}")  << true;
         QTest::newRow("empty")                 << QString(QLatin1String(""))                   << false;
-        QTest::newRow("reference to nothing")  << QStringLiteral("${KEST_TEST_NONE}")  << false;
+        QTest::newRow("reference to nothing")  << QStringLiteral("${KEST_TEST_NONE}")  << isUnknownKept;
         QTest::newRow("unset")                 << QString()                            << false;
         // clang-format on
     }

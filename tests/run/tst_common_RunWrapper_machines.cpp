@@ -211,7 +211,8 @@ private Q_SLOTS:
         QCOMPARE(site.runner->getWorkingDirectory(), site.model.path());
         const Variable passed("KEST_TEST_PASSED");
         const Variable statistics("KEST_MPISTATISTICS");
-        QCOMPARE(wordsOfRun(site), QStringList{QFileInfo(site.model.path()).canonicalFilePath()} +
+        QCOMPARE(wordsOfRun(site), QStringList{QDir::toNativeSeparators(
+                                       QFileInfo(site.model.path()).canonicalFilePath())} +
                                        words("unset unset unset"));
     }
 
@@ -221,8 +222,10 @@ private Q_SLOTS:
         QVERIFY(site.writeUsersMachines());
         QVERIFY(!site.setUpFor(Optkest, Wrapper::FarmOut | Wrapper::Remote));
         verifyError(m_reader->take(), {noHost()});
-        QCOMPARE(site.arguments(), words("model.commands --run-from-gui -np 2 --machines-file") +
-                                       site.copies() + words("--runkest-options"));
+        QCOMPARE(site.arguments(),
+                 words("model.commands --run-from-gui -np 2 --machines-file") +
+                     QStringList(QDir::toNativeSeparators(site.copies().value(0))) +
+                     words("--runkest-options"));
     }
 
     void readsTheOptionsAtEverySetUp()

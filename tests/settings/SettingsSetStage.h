@@ -36,6 +36,12 @@ inline void doDeed(const QString& deed)
     }
 }
 
+/// The path of a file as sets of settings name it: with the system's separator before the name.
+inline QString asNamedBySets(QString path)
+{
+    return path.replace(path.lastIndexOf(QLatin1Char('/')), 1, QDir::separator());
+}
+
 /// Expects as many message boxes of a settings set as a test has taken.
 class SettingsSetStage
 {

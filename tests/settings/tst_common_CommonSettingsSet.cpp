@@ -210,10 +210,10 @@ private Q_SLOTS:
         QCOMPARE(&result, &target);
         QCOMPARE(target.geometry(), geometry);
         QCOMPARE(target.recentFiles(), recentFiles);
-        QCOMPARE(target.getFullFilename(), folders.userFile());
+        QCOMPARE(target.getFullFilename(), asNamedBySets(folders.userFile()));
         QVERIFY(!source->geometry());
         QVERIFY(!source->recentFiles());
-        QCOMPARE(source->getFullFilename(), folders.userFile());
+        QCOMPARE(source->getFullFilename(), asNamedBySets(folders.userFile()));
         QCOMPARE(target.geometry()->width(), 7);
         target.writeSettings();
         QCOMPARE(folders.userFolderContent(), QStringList(QStringLiteral("kest.ini")));

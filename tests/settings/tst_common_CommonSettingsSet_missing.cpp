@@ -43,7 +43,7 @@ private Q_SLOTS:
         QCOMPARE(boxes[0].title, QStringLiteral("Missing *.ini file"));
         QCOMPARE(boxes[0].text, QStringLiteral("Couldn't find %1\n"
                                                "A default prekest.ini file was created.")
-                                    .arg(folders.defaultFile()));
+                                    .arg(asNamedBySets(folders.defaultFile())));
         QCOMPARE(boxes[0].details, QString());
         QCOMPARE(boxes[0].icon, QMessageBox::Warning);
         QVERIFY(!boxes[0].parent);
@@ -59,7 +59,7 @@ private Q_SLOTS:
         const SettingsFolders folders;
         const Set set(folders.info.userSettings, QStringLiteral("Kest"));
         QCOMPARE(m_reader->take().size(), 1);
-        QCOMPARE(set.getFullFilename(), folders.userFile());
+        QCOMPARE(set.getFullFilename(), asNamedBySets(folders.userFile()));
     }
 
     void keepsPercentSignsOfTheFoldersInTheText()
@@ -69,7 +69,8 @@ private Q_SLOTS:
         const Set set(folders.info.userSettings, QStringLiteral("Kest%1"));
         const QVector<BoxReader::Box> boxes = m_reader->take();
         QCOMPARE(boxes.size(), 1);
-        QCOMPARE(boxes[0].text, QStringLiteral("Couldn't find ") + folders.defaultFile() +
+        QCOMPARE(boxes[0].text, QStringLiteral("Couldn't find ") +
+                                    asNamedBySets(folders.defaultFile()) +
                                     QStringLiteral("\nA default ") +
                                     QStringLiteral("kest%1.ini file was created."));
         QVERIFY(set.geometry());

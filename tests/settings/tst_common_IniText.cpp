@@ -73,7 +73,7 @@ private Q_SLOTS:
         settings.onRead = [&](QSettings& open) { read = open.value(key); };
         settings.readSettings();
         QCOMPARE(read.toString(), value);
-        QCOMPARE(contentOf(m_file), content);
+        QCOMPARE(contentOf(m_file), unixLines(content));
     }
 
     // Qt 5 reads as it is to be.

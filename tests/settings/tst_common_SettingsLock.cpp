@@ -93,7 +93,8 @@ private Q_SLOTS:
         QVERIFY(!lock.tryLock());
         QCOMPARE(lock.failure(), Lock::HeldByOther);
         QVERIFY(!lock.isLocked());
-        const QString owner = QStringLiteral("kest_settings_process as process %1 on %2")
+        const QString owner = QStringLiteral("%1 as process %2 on %3")
+                                  .arg(QFileInfo(QStringLiteral(KEST_SETTINGS_PROCESS)).fileName())
                                   .arg(holder.processId())
                                   .arg(QSysInfo::machineHostName());
         QCOMPARE(lock.owner(), owner);

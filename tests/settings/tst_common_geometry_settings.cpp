@@ -54,6 +54,11 @@ private Q_SLOTS:
 
     void readsWhatIsStored_data()
     {
+#ifdef Q_OS_WIN // where the case of letters does not matter
+        const Values respelt{5, 0, 1020, 720, 1};
+#else
+        const Values respelt = defaults();
+#endif
         QTest::addColumn<QByteArray>("content");
         QTest::addColumn<Values>("expected");
         // clang-format off
@@ -69,7 +74,7 @@ private Q_SLOTS:
         QTest::newRow("empty values")       << QByteArray("[geometry]\nx_pos=\ny_pos=\nwidth=\nheight=\nisMaximised=\n") << Values{0, 0, 0, 0, 0};
         QTest::newRow("lists")              << QByteArray("[geometry]\nwidth=1, 2\nheight=3, 4\nisMaximised=true, true\n") << Values{0, 0, 0, 0, 0};
         QTest::newRow("huge numbers")       << QByteArray("[geometry]\nwidth=99999999999999999999\nheight=2147483647\n") << Values{0, 0, 0, 2147483647, 1};
-        QTest::newRow("spelt differently")  << QByteArray("[geometry]\nX_POS=5\nisMaximized=false\n") << defaults();
+        QTest::newRow("spelt differently")  << QByteArray("[geometry]\nX_POS=5\nisMaximized=false\n") << respelt;
         // clang-format on
     }
 

@@ -101,7 +101,7 @@ private Q_SLOTS:
         RecentFiles recent(QString{});
         fill(recent, "/a /b");
         recent.addRecentFile(QString());
-        QCOMPARE(recent.recentFiles(), (QStringList{QString(), QStringLiteral("/b")}));
+        QCOMPARE(recent.recentFiles(), QStringList(QString()) + paths("/b"));
     }
 
     void keepsTheEightNewestOfNineNewestFirst()

@@ -90,6 +90,9 @@ private Q_SLOTS:
 
     void dropsFilesThatTheUserMayNotRead()
     {
+#ifdef Q_OS_WIN
+        QSKIP("Windows knows no such permissions");
+#endif
         const SettingsFolders folders;
         const QStringList paths = existing(folders, "a b c");
         store(folders.userFile(), paths);
@@ -281,7 +284,7 @@ private Q_SLOTS:
         RecentFiles recent(folders.userFile());
         fill(recent, "/a");
         recent.readSettings();
-        QCOMPARE(recent.recentFiles(), words("/a"));
+        QCOMPARE(recent.recentFiles(), ::paths("/a"));
     }
 
     void offersNoInitialFileWhereThereIsNone()

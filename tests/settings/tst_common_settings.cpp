@@ -204,7 +204,7 @@ private Q_SLOTS:
         const LogCatcher log;
         QCOMPARE(textIn(m_file), text);
         QCOMPARE(LogCatcher::lines(), QStringList());
-        QCOMPARE(contentOf(m_file), content);
+        QCOMPARE(contentOf(m_file), unixLines(content));
         QVERIFY(!QFile::exists(m_file + QStringLiteral(".damaged")));
     }
 

@@ -102,7 +102,7 @@ private Q_SLOTS:
         const QDir folder = QDir::current();
         QCOMPARE(FileName::absolute(text("a/../b.nec")), folder.absoluteFilePath(text("b.nec")));
         QCOMPARE(FileName::absolute(text("/a//b.nec")),
-                 QDir(text("/a")).absoluteFilePath(text("b.nec")));
+                 QFileInfo(text("/a/b.nec")).absoluteFilePath());
         const QString kept = FileName::fromNative("caf\xe9.nec");
         QCOMPARE(FileName::absolute(kept), folder.absoluteFilePath(kept));
     }
@@ -128,6 +128,9 @@ private Q_SLOTS:
 
     void addressesKeepTheBytes()
     {
+#ifdef Q_OS_WIN
+        QSKIP("on Windows, all names are text");
+#endif
         const QUrl bad = QUrl::fromEncoded("file:///tmp/caf%E9%20%C3%A9.nec");
         QCOMPARE(suite::visibleText(FileName::fromUrl(bad)), text("/tmp/caf\\xE9 é.nec"));
         const QString path = text("/tmp/a b%20é#?.nec");

@@ -24,14 +24,8 @@ public:
     }
 
     QString path() const { return m_folder.path(); }
-    QString userFile() const
-    {
-        return info.userSettings + QDir::separator() + QStringLiteral("kest.ini");
-    }
-    QString defaultFile() const
-    {
-        return info.defaultSettings + QDir::separator() + QStringLiteral("default.ini");
-    }
+    QString userFile() const { return info.userSettings + QStringLiteral("/kest.ini"); }
+    QString defaultFile() const { return info.defaultSettings + QStringLiteral("/default.ini"); }
 
     QStringList userFolderContent() const
     {

@@ -9,6 +9,7 @@
 #include <cstdlib>
 #include <cwchar>
 #include <string>
+#include <vector>
 
 #include <windows.h>
 
@@ -46,7 +47,7 @@ HANDLE makeJob()
     return job;
 }
 
-// The file name of the program that a process runs.
+// The path of the program that a process runs; empty when it has ended.
 std::wstring programOf(DWORD id)
 {
     wchar_t path[1024] = L"";
@@ -56,11 +57,19 @@ std::wstring programOf(DWORD id)
         QueryFullProcessImageNameW(process, 0, path, &size);
         CloseHandle(process);
     }
-    const std::wstring name = path;
-    return name.substr(name.find_last_of(L'\\') + 1);
+    return path;
 }
 
-void printProcessesIn(HANDLE job)
+// The system's own programs, such as the desktop, which Wine starts for the first that needs them.
+bool isOfTheSystem(const std::wstring& program)
+{
+    wchar_t folder[MAX_PATH] = L"";
+    const UINT length = GetWindowsDirectoryW(folder, MAX_PATH);
+    return _wcsnicmp(program.c_str(), folder, length) == 0;
+}
+
+// The programs that the test has started and that still run.
+std::vector<std::wstring> programsIn(HANDLE job)
 {
     constexpr std::size_t most = 100;
     struct
@@ -69,19 +78,14 @@ void printProcessesIn(HANDLE job)
         ULONG_PTR more[most];
     } ids = {};
     QueryInformationJobObject(job, JobObjectBasicProcessIdList, &ids, sizeof ids, nullptr);
+    std::vector<std::wstring> result;
     for (DWORD i = 0; i < ids.list.NumberOfProcessIdsInList; ++i) {
-        const DWORD id = static_cast<DWORD>(ids.list.ProcessIdList[i]);
-        std::fprintf(stderr, "test_launcher: process %lu, %ls, is left behind\n", id,
-                     programOf(id).c_str());
+        const std::wstring program = programOf(static_cast<DWORD>(ids.list.ProcessIdList[i]));
+        if (!program.empty() && !isOfTheSystem(program)) {
+            result.push_back(program);
+        }
     }
-}
-
-DWORD processesIn(HANDLE job)
-{
-    JOBOBJECT_BASIC_ACCOUNTING_INFORMATION counts = {};
-    QueryInformationJobObject(job, JobObjectBasicAccountingInformation, &counts, sizeof counts,
-                              nullptr);
-    return counts.ActiveProcesses;
+    return result;
 }
 
 int fail(const char* what)
@@ -111,12 +115,11 @@ int run(std::wstring command)
     if (code != 0) {
         std::fprintf(stderr, "test_launcher: exit code 0x%lx\n", code);
     }
-    for (DWORD waited = 0; processesIn(job) > 0 && waited < timeToEnd; waited += pause) {
+    for (DWORD waited = 0; !programsIn(job).empty() && waited < timeToEnd; waited += pause) {
         Sleep(pause);
     }
-    if (processesIn(job) > 0) {
-        std::fprintf(stderr, "test_launcher: %lu processes are left behind\n", processesIn(job));
-        printProcessesIn(job);
+    for (const std::wstring& program : programsIn(job)) {
+        std::fprintf(stderr, "test_launcher: left behind: %ls\n", program.c_str());
         code = EXIT_FAILURE;
     }
     CloseHandle(job);
