@@ -6,6 +6,7 @@
 #include <common_UserMessage.h>
 
 #include <QMessageBox>
+#include <QPointer>
 
 #include <cstdio>
 
@@ -24,10 +25,12 @@ void Session::showUserMessage(common_ActivePtr<common_UserMessage> message, QWid
                      qPrintable(suite::visibleLines(message->text())), qPrintable(message->code()));
         return;
     }
-    QMessageBox box(icons[message->type()], QStringLiteral("Kest"), message->text(),
-                    QMessageBox::Ok, parent);
-    box.setTextFormat(message->format() == common_UserMessage::RichText ? Qt::RichText
-                                                                        : Qt::PlainText);
-    box.setInformativeText(tr("Message %1").arg(message->code()));
-    box.exec();
+    // Not on the stack: the parent may be destroyed while the box is open, and the box with it.
+    const QPointer<QMessageBox> box = new QMessageBox(
+        icons[message->type()], QStringLiteral("Kest"), message->text(), QMessageBox::Ok, parent);
+    box->setTextFormat(message->format() == common_UserMessage::RichText ? Qt::RichText
+                                                                         : Qt::PlainText);
+    box->setInformativeText(tr("Message %1").arg(message->code()));
+    box->exec();
+    delete box;
 }

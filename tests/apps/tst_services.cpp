@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include <BoxAnswerer.h>
 #include <ChildRun.h>
 #include <NamedPipe.h>
 
@@ -19,6 +20,7 @@
 #include <QApplication>
 #include <QFile>
 #include <QIcon>
+#include <QPointer>
 #include <QTemporaryDir>
 #include <QtTest>
 
@@ -43,6 +45,15 @@ QString offered()
     result +=
         common_ServiceOf<common_HelpClient>::hasService() ? QLatin1Char('h') : QLatin1Char('-');
     return result;
+}
+
+void showLocked(QWidget* parent)
+{
+    GET_SERVICE(common_ISession)
+        ->showUserMessage(
+            common_UserMessage::create(QStringLiteral("locked"), QStringLiteral("17331"),
+                                       common_UserMessage::Warning, common_UserMessage::PlainText),
+            parent);
 }
 
 } // namespace
@@ -114,6 +125,16 @@ private Q_SLOTS:
         QCOMPARE(recorded.readAll(), QByteArray(":do()\n"));
     }
 
+    void messageGoesWithItsWindow()
+    {
+        const Services services(viewer, false);
+        QPointer<QWidget> window = new QWidget;
+        const BoxAnswerer answerer([&window](QMessageBox& /*box*/) { delete window; });
+        showLocked(window);
+        QCOMPARE(answerer.texts, QStringList(QStringLiteral("locked")));
+        QVERIFY(window.isNull());
+    }
+
     void anApplicationMayHaveNoInitialFile()
     {
         const Services services({QStringLiteral("charts"), QString()}, true);
@@ -126,11 +147,7 @@ static int batch(int argc, char* argv[])
     const QCoreApplication application(argc, argv);
     const Services services(viewer, true);
     std::puts(qPrintable(offered()));
-    GET_SERVICE(common_ISession)
-        ->showUserMessage(
-            common_UserMessage::create(QStringLiteral("locked"), QStringLiteral("17331"),
-                                       common_UserMessage::Warning, common_UserMessage::PlainText),
-            nullptr);
+    showLocked(nullptr);
     return 0;
 }
 

@@ -207,6 +207,13 @@ class House(unittest.TestCase):
                    "#pragma once\n\n#include <Model.h>\n#include <QString>\n\n#include <vector>\n")
         self.assertIn("samples/suite/prekest/Check.h:4: no blank line", self.errors())
 
+    def test_no_class_is_declared_that_is_another_name_in_qt_6(self):
+        declarations = "class QVariant;\nclass QStringList;\ntemplate <typename T> class QVector;\n"
+        self.write("apps/cadkest/View.h", f"#pragma once\n\n{declarations}// class QByteArrayList;\n")
+        self.assertEqual(self.errors(), "".join(
+            f"apps/cadkest/View.h: declares {name}, which is no class in Qt 6: include <{name}>\n"
+            for name in ("QStringList", "QVector")))
+
     def test_an_old_picture_is_an_error(self):
         self.draw()
         self.write("apps/kestdesk/window/Window.h", "#pragma once\n")

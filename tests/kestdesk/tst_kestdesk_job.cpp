@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "BatchTest.h"
 
+#include <KEST_binfiles.h>
+
 #include <csignal>
 #include <vector>
 
@@ -137,6 +139,52 @@ private Q_SLOTS:
         writeFile(m_desk->path("user/machines.kest"), placeholder);
         QCOMPARE(m_desk->run(batch("--parallel m.nec")).exitCode, 0);
         QVERIFY(!userFiles().contains(text("machines.kest")));
+    }
+
+    void placeholderOfAnotherProgramIsNotUsed_data()
+    {
+        QTest::addColumn<QByteArray>("placeholder");
+        QTest::newRow("just made") << QByteArray();
+        QTest::newRow("written") << QByteArray("# Made by kestdesk while it set up a run in a "
+                                               "Slurm job. It names no host and may be deleted.\n");
+    }
+
+    // The run waits until the other program has removed its file. What had been there during the
+    // wait is no reason for a message.
+    void placeholderOfAnotherProgramIsNotUsed()
+    {
+        QFETCH(QByteArray, placeholder);
+        const QString machines = m_desk->path("user/machines.kest");
+        uint64_t lock = 0;
+        QCOMPARE(KEST_binfiles_set_lock_hard(machines.toStdWString().c_str(), 0, &lock),
+                 int(KEST_BINFILES_LOCK_TAKEN));
+        writeFile(machines, placeholder);
+        model("m.nec", "valid");
+        QProcess process;
+        m_desk->start(process, batch("--parallel m.nec"));
+        constexpr int longEnoughForARun = 2000; // milliseconds
+        QVERIFY(!process.waitForFinished(longEnoughForARun));
+        QVERIFY(!QFile::exists(m_desk->path("models/m.nec.seen")));
+        QVERIFY(QFile::remove(machines));
+        QCOMPARE(KEST_binfiles_remove_lock(machines.toStdWString().c_str(), lock), 0);
+        const Desk::Result result = Desk::resultOf(process);
+        QCOMPARE(result.errors, QString());
+        QCOMPARE(result.exitCode, 0);
+        QVERIFY(!userFiles().contains(text("machines.kest")));
+    }
+
+    // A folder of that name keeps the lock from being made.
+    void lockThatCannotBeMadeIsNotWaitedFor()
+    {
+        QVERIFY(QDir().mkpath(m_desk->path("user/machines.kest.kestlock")));
+        model("m.nec", "valid");
+        QElapsedTimer time;
+        time.start();
+        const Desk::Result result = m_desk->run(batch("--parallel m.nec"));
+        QVERIFY2(result.errors.contains(text("No machines file could be found.")),
+                 qPrintable(result.errors));
+        QCOMPARE(result.exitCode, 2);
+        QVERIFY2(time.elapsed() < 9000, QByteArray::number(time.elapsed()).constData());
     }
 
     // Each finds no file, and none removes the placeholder of another.

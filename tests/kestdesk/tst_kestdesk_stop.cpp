@@ -17,6 +17,13 @@ class tst_kestdesk_stop : public BatchTest
     Q_OBJECT
 
 private:
+    // The process 0 of a program that was not started would be all tests that run beside this one.
+    static void send(const QProcess& process, int signal)
+    {
+        QVERIFY(process.processId() > 0);
+        QCOMPARE(::kill(static_cast<pid_t>(process.processId()), signal), 0);
+    }
+
     // As the user does, with Ctrl+C.
     void stop(QProcess& process, RunEnding::Stop stop) const
     {
@@ -24,11 +31,11 @@ private:
             return;
         }
         waitUntilUp(process);
-        ::kill(pid_t(process.processId()), SIGINT);
+        send(process, SIGINT);
         if (stop == RunEnding::Stop::Forced) {
             process.setReadChannel(QProcess::StandardError);
             QVERIFY(process.canReadLine() || process.waitForReadyRead(30000)); // it is stopping
-            ::kill(pid_t(process.processId()), SIGINT);
+            send(process, SIGINT);
         }
     }
 
@@ -62,14 +69,14 @@ private Q_SLOTS:
         m_desk->start(process, batch("--parallel m.nec next.nec"));
         waitUntilUp(process);
         QCOMPARE(temporaryFiles().size(), 2); // the copy, and whose it is
-        ::kill(pid_t(process.processId()), signal);
+        send(process, signal);
         if (times > 1) {
             QVERIFY(!process.waitForFinished(300));
         }
         QElapsedTimer timer;
         timer.start();
         for (int i = 1; i < times; ++i) {
-            ::kill(pid_t(process.processId()), signal);
+            send(process, signal);
         }
         const Desk::Result result = Desk::resultOf(process);
         QCOMPARE(result.exitCode, 130);
@@ -98,7 +105,7 @@ private Q_SLOTS:
         QProcess process;
         m_desk->start(process, batch("m.nec"));
         waitUntilUp(process);
-        ::kill(pid_t(process.processId()), SIGTERM);
+        send(process, SIGTERM);
         QCOMPARE(Desk::resultOf(process).exitCode, 130);
         // Not a moment later: nobody ends them any more.
         QCOMPARE(m_desk->processes().join(QLatin1Char('\n')), QString());
@@ -113,9 +120,9 @@ private Q_SLOTS:
         m_desk->start(process, {text("-c"), text(R"(trap '' HUP; exec "$0" "$@")"), text(KESTDESK),
                                 text("--non-interactive"), text("m.nec")});
         waitUntilUp(process);
-        ::kill(pid_t(process.processId()), SIGHUP);
+        send(process, SIGHUP);
         QVERIFY(!process.waitForFinished(300));
-        ::kill(pid_t(process.processId()), SIGTERM);
+        send(process, SIGTERM);
         QCOMPARE(Desk::resultOf(process).exitCode, 130);
     }
 
@@ -152,7 +159,7 @@ private Q_SLOTS:
         QProcess process;
         m_desk->start(process, batch("m.nec next.nec"));
         waitUntilUp(process);
-        ::kill(pid_t(process.processId()), SIGINT);
+        send(process, SIGINT);
         const Desk::Result result = Desk::resultOf(process);
         QVERIFY2(result.output.contains(text("m.nec: valid\n")), qPrintable(result.output));
         QCOMPARE(result.exitCode, 130);
@@ -185,14 +192,14 @@ private Q_SLOTS:
         QProcess process;
         m_desk->start(process, batch("m.nec"));
         waitUntilUp(process);
-        ::kill(pid_t(process.processId()), SIGINT);
+        send(process, SIGINT);
         QByteArray output;
         while (!output.contains("m.nec: stopped")) {
             QVERIFY(process.waitForReadyRead(30000));
             output += process.readAllStandardOutput();
         }
         const UnloadedClock clock;
-        ::kill(pid_t(process.processId()), SIGINT);
+        send(process, SIGINT);
         QCOMPARE(Desk::resultOf(process).exitCode, 130);
         QVERIFY2(clock.elapsed() < 1500, qPrintable(QString::number(clock.elapsed())));
         QCOMPARE(m_desk->processes().join(QLatin1Char('\n')), QString());
@@ -209,9 +216,9 @@ private Q_SLOTS:
         QProcess process;
         m_desk->start(process, batch("--parallel m.nec"));
         waitUntilUp(process);
-        ::kill(pid_t(process.processId()), SIGINT);
+        send(process, SIGINT);
         QVERIFY(!process.waitForFinished(300));
-        ::kill(pid_t(process.processId()), SIGINT);
+        send(process, SIGINT);
         QElapsedTimer timer;
         timer.start();
         const Desk::Result result = Desk::resultOf(process);
@@ -240,7 +247,7 @@ private Q_SLOTS:
             m_desk->start(process, batch("--component optkest --farm-out m.nec m.nec"));
             process.waitForFinished(int(random.bounded(150)));
             for (int i = 0; i < 20 && process.state() == QProcess::Running; ++i) {
-                ::kill(pid_t(process.processId()), i % 2 ? SIGINT : SIGTERM);
+                send(process, i % 2 ? SIGINT : SIGTERM);
                 process.waitForFinished(i == 0 ? int(random.bounded(100)) : 1000);
             }
             QCOMPARE(process.state(), QProcess::NotRunning);

@@ -13,6 +13,7 @@
 
 #include <QIcon>
 #include <QPixmap>
+#include <QPointer>
 #include <QPushButton>
 #include <QTemporaryDir>
 #include <QtTest>
@@ -24,12 +25,12 @@ namespace icons = common_ProcessDialogIcons;
 using Check = common_ServiceCheck;
 using Runner = common_ProcessRunner<common_KestProcessMessage>;
 
-void show(const char* message, common_UserMessage::MessageFormat format)
+void show(const char* message, common_UserMessage::MessageFormat format, QWidget* parent = nullptr)
 {
     GET_SERVICE(common_ISession)
         ->showUserMessage(common_UserMessage::create(text(message), text("4711"),
                                                      common_UserMessage::Warning, format),
-                          nullptr);
+                          parent);
 }
 
 } // namespace
@@ -117,6 +118,16 @@ private Q_SLOTS:
         QCOMPARE(seen, QStringList({text("<b>A"), text("Message 4711"), text("1"), text("0")}));
         show("<b>B", common_UserMessage::RichText);
         QCOMPARE(seen, QStringList({text("<b>B"), text("Message 4711"), text("1"), text("1")}));
+    }
+
+    void messageGoesWithItsWindow()
+    {
+        const common_DefaultServices services(text("Tool"));
+        QPointer<QWidget> window = new QWidget;
+        const BoxAnswerer answerer([&window](QMessageBox& /*box*/) { delete window; });
+        show("A", common_UserMessage::PlainText, window);
+        QCOMPARE(answerer.texts, QStringList(text("A")));
+        QVERIFY(window.isNull());
     }
 
     void theProcessDialogWorksWithThem()

@@ -183,7 +183,7 @@ void tst_common_KestProcessDialogRuns_stopping::keysThatSlipStopNothing()
     QFETCH(bool, closesDetails);
     const DialogStage stage;
     QVERIFY(stage.run(words(asleep)));
-    QApplication::setActiveWindow(stage.dialog);
+    stage.dialog->activateWindow();
     QVERIFY(QTest::qWaitForWindowActive(stage.dialog));
     if (closesDetails) {
         stage.openDetails();
@@ -203,7 +203,7 @@ void tst_common_KestProcessDialogRuns_stopping::stopIsReachedByTheKeyboard()
 {
     const DialogStage stage;
     QVERIFY(stage.run(words(asleep)));
-    QApplication::setActiveWindow(stage.dialog);
+    stage.dialog->activateWindow();
     QVERIFY(QTest::qWaitForWindowActive(stage.dialog));
     QTest::keyClick(stage.dialog->focusWidget(), Qt::Key_Tab);
     QVERIFY(stage.stop()->hasFocus());

@@ -21,12 +21,13 @@ const QByteArray content = QByteArrayLiteral("# Made by kestdesk while it set up
 
 } // namespace
 
+// The file found in the user's folder may be the placeholder of another program, which removes it
+// the next moment: only the owner of the lock looks which files there are.
 MachinesPlaceholder::MachinesPlaceholder(const QString& folder)
     : m_file(QDir(folder).filePath(QStringLiteral("machines.kest")))
     , m_lockPath(m_file.toStdWString())
 {
-    const bool isMissing = !common_MachineFileFinder().isValid();
-    if (suite::SlurmJob().isThere() && (isMissing || isPlaceholder()) && lock()) {
+    if (suite::SlurmJob().isThere() && !isOfUser() && lock()) {
         write();
     }
 }
@@ -45,32 +46,41 @@ MachinesPlaceholder::~MachinesPlaceholder()
 bool MachinesPlaceholder::lock()
 {
     const QDeadlineTimer deadline(longestWait);
-    while (KEST_binfiles_set_lock_hard(m_lockPath.c_str(), 0, &m_lock) !=
-           KEST_BINFILES_LOCK_TAKEN) {
+    for (;;) {
+        const int status = KEST_binfiles_set_lock_hard(m_lockPath.c_str(), 0, &m_lock);
+        if (status == KEST_BINFILES_LOCK_TAKEN) {
+            return true;
+        }
         m_lock = 0;
-        if (deadline.hasExpired()) {
+        if (status == KEST_BINFILES_LOCK_NOT_MADE || deadline.hasExpired()) {
             return false;
         }
         QThread::msleep(pause);
     }
-    return true;
 }
 
-// The placeholder of another program, or one that a killed program has left.
-bool MachinesPlaceholder::isPlaceholder() const
+// A placeholder is empty for a moment while it is written.
+bool MachinesPlaceholder::isOfUser() const
+{
+    const QByteArray start = startOfFile();
+    return !start.isEmpty() && start != content;
+}
+
+// Empty without a regular file.
+QByteArray MachinesPlaceholder::startOfFile() const
 {
     const QFileInfo info(m_file);
     QFile file(m_file);
-    return info.isFile() && !info.isSymLink() && info.size() == content.size() &&
-           file.open(QIODevice::ReadOnly) && file.readAll() == content;
+    return info.isFile() && file.open(QIODevice::ReadOnly) ? file.read(content.size() + 1)
+                                                           : QByteArray();
 }
 
-// A file that has appeared in the meantime belongs to the user; a placeholder that was left is used
-// and then removed.
+// A file that has appeared in the meantime belongs to the user; a placeholder that a killed program
+// has left is used and then removed.
 void MachinesPlaceholder::write()
 {
     QFile file(m_file);
-    m_isWritten = isPlaceholder();
+    m_isWritten = !QFileInfo(m_file).isSymLink() && startOfFile() == content;
     if (!common_MachineFileFinder().isValid() &&
         file.open(QIODevice::WriteOnly | QIODevice::NewOnly)) {
         m_isWritten = true;

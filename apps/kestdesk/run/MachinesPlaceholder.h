@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <QByteArray>
 #include <QString>
 
 #include <cstdint>
@@ -26,7 +27,8 @@ public:
 
 private:
     bool lock();
-    [[nodiscard]] bool isPlaceholder() const;
+    [[nodiscard]] bool isOfUser() const;
+    [[nodiscard]] QByteArray startOfFile() const;
     void write();
 
     QString m_file;

@@ -12,6 +12,9 @@
 
 namespace {
 
+// A program makes the file of a lock and then writes its process into it.
+constexpr int namelessTime = 10000; // ms
+
 QDir lockFolder()
 {
     return {GET_SERVICE(common_IApplicationInfo)->userSettingsDirectory() +
@@ -37,6 +40,29 @@ QString lockFile(const QString& model)
     return folder.filePath(QString::fromLatin1(hash) + QStringLiteral(".lock"));
 }
 
+bool namesOwner(const QLockFile& lock)
+{
+    qint64 process = 0;
+    QString host;
+    QString program;
+    return lock.getLockInfo(&process, &host, &program);
+}
+
+// Also if the file names no process because of a power failure or a kill in the moment between.
+bool takeOver(QLockFile& lock)
+{
+    if (lock.tryLock(0)) {
+        return true;
+    }
+    if (lock.error() != QLockFile::LockFailedError || namesOwner(lock)) {
+        return false;
+    }
+    lock.setStaleLockTime(namelessTime);
+    const bool isTaken = lock.tryLock(0);
+    lock.setStaleLockTime(0);
+    return isTaken;
+}
+
 } // namespace
 
 ModelLock::ModelLock(const QString& model) : m_file(makeLock(lockFile(model)))
@@ -46,8 +72,7 @@ ModelLock::~ModelLock() = default;
 
 bool ModelLock::take()
 {
-    return m_file->isLocked() || m_file->tryLock(0) ||
-           m_file->error() != QLockFile::LockFailedError;
+    return m_file->isLocked() || takeOver(*m_file) || m_file->error() != QLockFile::LockFailedError;
 }
 
 void ModelLock::release()
@@ -73,6 +98,6 @@ void ModelLock::removeLeft()
     const QDir folder = lockFolder();
     const QStringList names = folder.entryList({QStringLiteral("*.lock")}, QDir::Files);
     for (const QString& name : names) {
-        (void)makeLock(folder.filePath(name))->tryLock(0); // takes over a dead process's lock
+        (void)takeOver(*makeLock(folder.filePath(name))); // removed by its destructor
     }
 }

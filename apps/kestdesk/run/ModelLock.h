@@ -16,7 +16,7 @@ public:
     ~ModelLock();
 
     /// Takes the lock. False if another run has it; true, too, if no lock file can be made. Locks
-    /// of killed programs do not count.
+    /// of killed programs do not count, nor files that name no process for ten seconds.
     bool take();
 
     void release();

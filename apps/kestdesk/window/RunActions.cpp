@@ -192,10 +192,9 @@ void RunActions::update()
     updateResume(runs);
 }
 
-// The disk is asked in its thread; only the answer to the latest question counts.
 void RunActions::updateResume(const QVector<ListedRun>& runs)
 {
-    const int look = ++m_resumeLook;
+    m_resumable.reset();
     if (runs.size() != 1 || !hasRecord(runs.first())) {
         showResumable(tr("Select one run that was stopped or interrupted."));
         return;
@@ -206,12 +205,29 @@ void RunActions::updateResume(const QVector<ListedRun>& runs)
         return;
     }
     record.state = runs.first().state();
-    m_disk.post([this, record, look](const DiskThread::Answer& answer) {
+    m_resumable = record;
+    m_isLookWanted = true;
+    lookAtResumable();
+}
+
+// The disk is asked in its thread, with one question at a time: a running run changes each second,
+// and a slow disk may take longer. An answer about the selected run is shown even if the run has
+// changed meanwhile; the next question follows.
+void RunActions::lookAtResumable()
+{
+    if (m_isLooking || !m_isLookWanted || !m_resumable) {
+        return;
+    }
+    m_isLooking = true;
+    m_isLookWanted = false;
+    m_disk.post([this, record = *m_resumable](const DiskThread::Answer& answer) {
         const QString obstacle = ResumedRun::obstacle(record);
-        answer([this, obstacle, look] {
-            if (look == m_resumeLook) {
+        answer([this, obstacle, number = record.number] {
+            m_isLooking = false;
+            if (m_resumable && m_resumable->number == number) {
                 showResumable(obstacle);
             }
+            lookAtResumable();
         });
     });
 }

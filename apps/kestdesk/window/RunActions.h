@@ -6,6 +6,8 @@
 
 #include <QObject>
 
+#include <optional>
+
 class ArchiveWatch;
 class QAction;
 class QMenu;
@@ -37,6 +39,7 @@ private:
     void makeResumeButton();
     void update();
     void updateResume(const QVector<ListedRun>& runs);
+    void lookAtResumable();
     void showResumable(const QString& obstacle);
     QAction* action(const char* name) const;
 
@@ -54,6 +57,8 @@ private:
     RunListPart* m_part;
     QWidget* m_window;
     QPushButton* m_resumeButton;
-    int m_resumeLook = 0; ///< number of the latest look at what can be resumed
-    DiskThread m_disk;    ///< the last member: its jobs use the others
+    std::optional<RunRecord> m_resumable; ///< of the selected run
+    bool m_isLooking = false;             ///< whether the disk is being asked about it
+    bool m_isLookWanted = false;          ///< whether it has changed since
+    DiskThread m_disk;                    ///< the last member: its jobs use the others
 };

@@ -28,6 +28,18 @@ private:
 
     void writePartial() const { writeFile(m_stage->desk().path("models/m.partial"), "kept"); }
 
+    // Whether there are results in it is known when the last of its files was seen.
+    QDir folderThatTakesLongToRead() const
+    {
+        constexpr int files = 20000;
+        QDir folder(m_stage->desk().path("models/m.adaptkest"));
+        folder.mkpath(text("."));
+        for (int i = 0; i < files; ++i) {
+            writeFile(folder.filePath(text(".%1").arg(i)), QByteArray());
+        }
+        return folder;
+    }
+
     // What the component was started with for the last time.
     QStringList seenArguments() const
     {
@@ -127,6 +139,25 @@ private Q_SLOTS:
                  QStringList({text("m.nec"), text("--resume"), text("--run-from-gui")}));
         QTRY_COMPARE_WITH_TIMEOUT(m_records->archive().record(2).value_or(RunRecord()).repeats, 1,
                                   longTime);
+    }
+
+    // A running run changes each second. A disk that takes longer must not be asked in vain.
+    void answerOfTheDiskCountsThoughRunsKeepChanging()
+    {
+        m_records->add("m.nec", State::Stopped);
+        const QDir folder = folderThatTakesLongToRead();
+        m_stage->open();
+        waitForRuns(1);
+        QAbstractItemModel* const runs = list()->model();
+        QTimer timer;
+        connect(&timer, &QTimer::timeout, runs,
+                [runs] { Q_EMIT runs->dataChanged(runs->index(0, 0), runs->index(0, 0)); });
+        timer.start(1);
+        list()->selectRow(0);
+        const QString reason = text("There is no m.partial beside the model to continue from.");
+        QTRY_COMPARE_WITH_TIMEOUT(action()->statusTip(), reason, longTime);
+        writeFile(folder.filePath(text("result")), "kept");
+        QTRY_VERIFY_WITH_TIMEOUT(action()->isEnabled(), longTime);
     }
 
     void reasonIsShownWhereARunCannotBeResumed()
