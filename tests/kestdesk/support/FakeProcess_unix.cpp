@@ -56,13 +56,17 @@ void FakeProcess::waitForStop()
     sigprocmask(SIG_UNBLOCK, &signals, nullptr);
 }
 
+// On a busy machine, the child may be asked to end, or have lost who reads its output, before its
+// first instruction.
 void FakeProcess::startStubbornChild()
 {
+    const auto handler = std::signal(SIGTERM, SIG_IGN);
     if (isForked()) {
-        std::signal(SIGTERM, SIG_IGN);
+        std::signal(SIGPIPE, SIG_IGN);
         say("child");
         waitForEver();
     }
+    std::signal(SIGTERM, handler);
 }
 
 void FakeProcess::startDetachedChild(const char* file)
