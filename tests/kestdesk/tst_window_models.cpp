@@ -18,6 +18,24 @@ class tst_window_models : public WindowTest
     Q_OBJECT
 
 private:
+    // A program that has just begun does not handle the signal yet, and is killed by it.
+    static bool handlesRequestToEnd(const QProcess& program)
+    {
+        QFile status(text("/proc/%1/status").arg(program.processId()));
+        const QByteArray lines = status.open(QIODevice::ReadOnly) ? status.readAll() : QByteArray();
+        const QByteArray name = "SigCgt:";
+        const int line = lines.indexOf(name);
+        const QByteArray bits =
+            lines.mid(line + name.size(), lines.indexOf('\n', line) - line - name.size());
+        return line >= 0 && (bits.trimmed().toULongLong(nullptr, 16) >> (SIGTERM - 1) & 1) != 0;
+    }
+
+    static void requestEnd(const QProcess& program)
+    {
+        QTRY_VERIFY_WITH_TIMEOUT(handlesRequestToEnd(program), longTime);
+        QCOMPARE(::kill(static_cast<pid_t>(program.processId()), SIGTERM), 0);
+    }
+
     bool drop(QWidget* target, const QMimeData& data) const
     {
         const QPoint place = target->rect().center();
@@ -317,7 +335,7 @@ private Q_SLOTS:
         QProcess program;
         desk.start(program, {text("gone.nec")});
         QVERIFY(!program.waitForFinished(1500));
-        ::kill(static_cast<pid_t>(program.processId()), SIGTERM);
+        requestEnd(program);
         QCOMPARE(Desk::resultOf(program).exitCode, 0);
     }
 
@@ -340,7 +358,7 @@ private Q_SLOTS:
         QProcess program;
         desk.start(program, {});
         QVERIFY(!program.waitForFinished(5000));
-        ::kill(static_cast<pid_t>(program.processId()), SIGTERM);
+        requestEnd(program);
         QCOMPARE(Desk::resultOf(program).exitCode, 0);
         const QSettings settings(desk.path("user/kestdesk.ini"), QSettings::IniFormat);
         QCOMPARE(settings.value(text("recentFiles/fileList")).toStringList(), QStringList(silent));
