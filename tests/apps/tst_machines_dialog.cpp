@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include <BoxAnswerer.h>
-#include <NamedPipe.h>
 #include <SettingsFolders.h>
+#include <SpecialFile.h>
 #include <Text.h>
 
 #include <MachinesDialog.h>
@@ -177,7 +177,7 @@ private Q_SLOTS:
 
     void aPipeInTheFilesPlaceIsToldAtOnce()
     {
-        NAMED_PIPE_OR_SKIP(usersFile());
+        SPECIAL_FILE_OR_SKIP(S_IFIFO, usersFile());
         open();
         QVERIFY(origin().contains(text("it is not a regular file")));
     }

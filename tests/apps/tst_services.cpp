@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include <BoxAnswerer.h>
 #include <ChildRun.h>
-#include <NamedPipe.h>
+#include <SpecialFile.h>
 
 #include <ApplicationIdentity.h>
 #include <Services.h>
@@ -111,7 +111,7 @@ private Q_SLOTS:
     {
         const QTemporaryDir folder;
         const QString pipe = folder.filePath(QStringLiteral("pipe"));
-        NAMED_PIPE_OR_SKIP(pipe);
+        SPECIAL_FILE_OR_SKIP(S_IFIFO, pipe);
         const QString script = folder.filePath(QStringLiteral("script"));
         for (const QString& file : {pipe, script}) {
             qputenv("KEST_SCRIPT", QFile::encodeName(file));

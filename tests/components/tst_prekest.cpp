@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "SuiteRun.h"
 
-#include <NamedPipe.h>
+#include <SpecialFile.h>
 
 #include <QDir>
 #include <QRegularExpression>
@@ -121,7 +121,7 @@ void tst_prekest::missingModel()
 void tst_prekest::pipeIsRefused()
 {
     const QTemporaryDir folder;
-    NAMED_PIPE_OR_SKIP(folder.filePath(model()));
+    SPECIAL_FILE_OR_SKIP(S_IFIFO, folder.filePath(model()));
     const SuiteResult result = runSuite(prekestProgram(), {model()}, folder.path());
     QCOMPARE(result.exitCode, 1);
     QVERIFY(result.hasText(QStringLiteral("ERROR 2013: model.nec: ")));

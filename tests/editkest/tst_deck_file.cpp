@@ -2,8 +2,8 @@
 #include "DeckFile.h"
 
 #include <FileSizeLimit.h>
-#include <NamedPipe.h>
 #include <ReadingTime.h>
+#include <SpecialFile.h>
 
 #include <QDir>
 #include <QFile>
@@ -135,7 +135,7 @@ private Q_SLOTS:
 
     void pipesAndDevicesAreLeftAlone()
     {
-        NAMED_PIPE_OR_SKIP(m_path);
+        SPECIAL_FILE_OR_SKIP(S_IFIFO, m_path);
         DeckFile file;
         QVERIFY(!file.load(m_path));
         QVERIFY2(file.error().contains(QStringLiteral("not a regular file")),

@@ -4,8 +4,8 @@
 #include "EditorWindow.h"
 
 #include <BoxAnswerer.h>
-#include <NamedPipe.h>
 #include <NativeRun.h>
+#include <SpecialFile.h>
 
 #include <QFile>
 #include <QProcess>
@@ -28,7 +28,7 @@ private Q_SLOTS:
         EditorWindow window(m_path);
         QTest::keyClicks(window.findChild<DeckEditor*>(), QStringLiteral("#"));
         QVERIFY(QFile::remove(m_path));
-        NAMED_PIPE_OR_SKIP(m_path);
+        SPECIAL_FILE_OR_SKIP(S_IFIFO, m_path);
         const BoxAnswerer box(BoxAnswerer::clicking(QStringLiteral("No")));
         QVERIFY(!window.save());
         QCOMPARE(box.texts.size(), 1);

@@ -2,7 +2,7 @@
 #include "MachinesStage.h"
 
 #include <MachinesCases.h>
-#include <NamedPipe.h>
+#include <SpecialFile.h>
 
 #include <QJsonArray>
 #include <QJsonDocument>
@@ -146,7 +146,7 @@ private Q_SLOTS:
     {
         QFETCH(QByteArray, words);
         QFETCH(int, exitCode);
-        NAMED_PIPE_OR_SKIP(m_desk->path("user/machines.kest"));
+        SPECIAL_FILE_OR_SKIP(S_IFIFO, m_desk->path("user/machines.kest"));
         setEditor("true");
         const Desk::Result result = machines(words);
         QVERIFY2((result.output + result.errors).contains(text("it is not a regular file")),

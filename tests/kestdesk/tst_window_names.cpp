@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "WindowStage.h"
 
-#include <NamedPipe.h>
 #include <NativeRun.h>
 #include <RunResults.h>
+#include <SpecialFile.h>
 
 #include <QDropEvent>
 #include <QFileDialog>
@@ -169,7 +169,7 @@ private Q_SLOTS:
     void pipeIsNoTable()
     {
         const QString folder = m_stage->desk().path("models");
-        NAMED_PIPE_OR_SKIP(folder + text("/pipe.csv"));
+        SPECIAL_FILE_OR_SKIP(S_IFIFO, folder + text("/pipe.csv"));
         writeFile(folder + text("/good.csv"), "frequency_MHz,resistance_ohm,reactance_ohm,swr\n");
         QCOMPARE(RunResults::tables({text("pipe.csv"), text("good.csv")}, folder),
                  QStringList(folder + text("/good.csv")));

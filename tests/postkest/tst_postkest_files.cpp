@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "PostkestRun.h"
 
-#include <NamedPipe.h>
+#include <SpecialFile.h>
 
 #include <QDir>
 #include <QtTest>
@@ -61,7 +61,7 @@ private Q_SLOTS:
 
     void pipeIsNotWaitedFor()
     {
-        NAMED_PIPE_OR_SKIP(path("pipe.csv"));
+        SPECIAL_FILE_OR_SKIP(S_IFIFO, path("pipe.csv"));
         const Answer answer = batch({text("pipe.csv")});
         QCOMPARE(answer.exitCode, 1);
         QVERIFY2(answer.errors.contains(text("not a regular file")), qPrintable(answer.errors));
@@ -105,12 +105,12 @@ private Q_SLOTS:
 
     void pipeIsNotReplacedByAFile()
     {
-        NAMED_PIPE_OR_SKIP(path("pipe"));
+        SPECIAL_FILE_OR_SKIP(S_IFIFO, path("pipe"));
         QVERIFY(QFile::link(path("pipe"), path("link.csv")));
         const Answer answer = batch({text("second.csv"), text("--output"), text("link.csv")});
         QCOMPARE(answer.exitCode, 1);
         QVERIFY2(answer.errors.contains(text("not a regular file")), qPrintable(answer.errors));
-        QVERIFY(NamedPipe::isAt(path("pipe")));
+        QCOMPARE(SpecialFile::kindOf(path("pipe")), int(S_IFIFO));
     }
 
     void resultsOfOtherRunsAreNotOverwritten()

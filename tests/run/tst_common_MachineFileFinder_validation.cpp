@@ -2,8 +2,8 @@
 #include "MachinesHomes.h"
 
 #include <BoxReader.h>
-#include <NamedPipe.h>
 #include <SettingsFolders.h>
+#include <SpecialFile.h>
 
 #include <QApplication>
 #include <QtTest>
@@ -228,7 +228,7 @@ private Q_SLOTS:
         const Homes homes;
         const QString path = homes.userFile();
         if (isPipe) {
-            NAMED_PIPE_OR_SKIP(path);
+            SPECIAL_FILE_OR_SKIP(S_IFIFO, path);
         } else {
             DEVICE_LINK_OR_SKIP("/dev/zero", path);
         }

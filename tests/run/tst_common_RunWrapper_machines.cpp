@@ -2,9 +2,9 @@
 #include "RunWrapperSite.h"
 
 #include <BoxReader.h>
-#include <NamedPipe.h>
 #include <RecordingObserver.h>
 #include <SettingsFolders.h>
+#include <SpecialFile.h>
 
 #include <common_RunWrapper.h>
 
@@ -101,7 +101,7 @@ private Q_SLOTS:
     void pipeInPlaceOfTheMachinesFileIsNotCopied()
     {
         const Site site;
-        NAMED_PIPE_OR_SKIP(site.userFile());
+        SPECIAL_FILE_OR_SKIP(S_IFIFO, site.userFile());
         QVERIFY(site.setUpFor(Kest, Wrapper::Parallel));
         const QVector<BoxReader::Box> boxes = m_reader->take();
         QVERIFY(!boxes.isEmpty());

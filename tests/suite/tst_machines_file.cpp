@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include <MachinesCases.h>
 #include <MachinesFile.h>
-#include <NamedPipe.h>
 #include <ReadingTime.h>
+#include <SpecialFile.h>
 
 #include <HostName.h>
 
@@ -138,7 +138,7 @@ private Q_SLOTS:
         QTest::addColumn<QString>("problem");
         QTest::newRow("folder") << "folder"
                                 << "is a folder";
-        if (NamedPipe::areInFolders) {
+        if (SpecialFile::canMake(S_IFIFO)) {
             QTest::newRow("pipe") << "pipe"
                                   << "is not a regular file";
             QTest::newRow("device") << "/dev/zero"
@@ -165,7 +165,8 @@ private Q_SLOTS:
         const QTemporaryDir folder;
         QVERIFY(QDir(folder.path()).mkdir(text("folder")));
         QVERIFY(QFile::link(folder.filePath(text("circle")), folder.filePath(text("circle"))));
-        QVERIFY(!NamedPipe::areInFolders || NamedPipe::make(folder.filePath(text("pipe"))));
+        QVERIFY(!SpecialFile::canMake(S_IFIFO) ||
+                SpecialFile::make(S_IFIFO, folder.filePath(text("pipe"))));
         QFile huge(folder.filePath(text("huge")));
         QVERIFY(huge.open(QIODevice::WriteOnly) && huge.resize(qint64(3) << 30)); // takes no room
         const QString path = QDir(folder.path()).filePath(name);

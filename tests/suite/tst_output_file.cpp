@@ -4,7 +4,7 @@
 #include "TemporaryFolder.h"
 
 #include <FileSizeLimit.h>
-#include <NamedPipe.h>
+#include <SpecialFile.h>
 #include <SystemSkips.h>
 
 #include <QTemporaryDir>
@@ -120,7 +120,7 @@ private Q_SLOTS:
 
     void whatIsNoFileIsNotReplaced()
     {
-        NAMED_PIPE_OR_SKIP(path("pipe"));
+        SPECIAL_FILE_OR_SKIP(S_IFIFO, path("pipe"));
         QVERIFY(QFile::link(path("pipe"), path("link")));
         const QStringList before = entries();
         const auto reasonOf = [](const QString& path) {

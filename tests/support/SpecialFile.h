@@ -89,3 +89,12 @@ inline int kindOf(const QString& path)
         }                                                                                          \
         QVERIFY(SpecialFile::make(kind, path));                                                    \
     } while (false)
+
+/// Makes a link to a device for a test function, which is skipped where devices are in no folder.
+#define DEVICE_LINK_OR_SKIP(device, path)                                                          \
+    do {                                                                                           \
+        if (!SpecialFile::canMake(S_IFIFO)) {                                                      \
+            QSKIP("this system has no devices in a folder");                                       \
+        }                                                                                          \
+        QVERIFY(QFile::link(QStringLiteral(device), path));                                        \
+    } while (false)
