@@ -109,7 +109,9 @@ private Q_SLOTS:
                 programs.emplace_back([this, number, &hasIt] {
                     const std::string name = "new" + std::to_string(number);
                     (void)QFile(path("old")).open(QIODevice::ReadOnly);
-                    hasIt[number] = FileReplacement::rename(path("old"), path(name.c_str()));
+                    const QString newPath = path(name.c_str());
+                    hasIt[number] = FileReplacement::rename(path("old"), newPath) &&
+                                    QFile(newPath).open(QIODevice::ReadOnly);
                 });
             }
             for (std::thread& program : programs) {
