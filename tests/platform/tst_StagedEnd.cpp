@@ -179,6 +179,9 @@ private Q_SLOTS:
 
     void allProcessesEndWhenTheyAreStopped()
     {
+#ifdef Q_OS_WIN
+        QSKIP("on Windows, processes have no groups that are asked by signals");
+#endif
         ChildProcesses processes({200, never});
         QSignalSpy ended(&processes, &ChildProcesses::allEnded);
         processes.add(3, started("exec sleep 1000"));
