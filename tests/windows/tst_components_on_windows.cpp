@@ -107,6 +107,20 @@ private Q_SLOTS:
         computeIn(share + QStringLiteral("/eigene L\u00e4ufe"));
     }
 
+    void optimiserFindsTheSameLengthAsOnLinux()
+    {
+        const QTemporaryDir temporary;
+        const QString model = temporary.filePath(QStringLiteral("tune.nec"));
+        QVERIFY(QFile::copy(QStringLiteral(KEST_SUITE "/models/tune.nec"), model));
+        QProcess process;
+        process.start(QStringLiteral(KEST_SUITE "/bin/optkest.exe"), {model});
+        QVERIFY(process.waitForFinished(5 * patience));
+        const QByteArray output = process.readAllStandardOutput();
+        QVERIFY2(process.exitCode() == 0 &&
+                     output.contains("-*-variable-*-LENGTH = 0.474124562\r\n"),
+                 output.constData());
+    }
+
     void engineDoesNotOutliveAComponentThatIsKilled()
     {
         const QTemporaryDir temporary;
