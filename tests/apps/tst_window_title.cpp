@@ -2,6 +2,7 @@
 #include <WindowTitle.h>
 
 #include <QDir>
+#include <QFileInfo>
 #include <QtTest>
 
 class tst_window_title : public QObject
@@ -14,7 +15,7 @@ private:
     // As the system writes a folder; where there are drives, that of the working directory.
     static QString native(const char* folder)
     {
-        return QDir::toNativeSeparators(QDir::cleanPath(QDir(text(folder)).absolutePath()));
+        return QDir::toNativeSeparators(QFileInfo(text(folder)).absoluteFilePath());
     }
 
 private Q_SLOTS:
