@@ -2,12 +2,11 @@
 #include "BatchStage.h"
 
 #include <TerminalRun.h>
+#include <sendSignal.h>
 
 #include <QElapsedTimer>
 #include <QFileInfo>
 #include <QRegularExpression>
-
-#include <csignal>
 
 #include <unistd.h>
 
@@ -292,7 +291,7 @@ private Q_SLOTS:
         QVERIFY(process.waitForReadyRead());
         QElapsedTimer timer;
         timer.start();
-        ::kill(pid_t(process.processId()), signal);
+        QVERIFY(sendSignal(process.processId(), signal));
         QVERIFY(process.waitForFinished());
         QVERIFY(timer.elapsed() < 5000);
         QCOMPARE(process.exitCode(), 130);
@@ -311,11 +310,11 @@ private Q_SLOTS:
                         model(text("model"), {text("ignore-terminate"), text("out"), text("up\\n"),
                                               text("sleep"), text("3000"), text("touch"), alive})});
         QVERIFY(process.waitForReadyRead());
-        ::kill(pid_t(process.processId()), SIGINT);
+        QVERIFY(sendSignal(process.processId(), SIGINT));
         QVERIFY(!process.waitForFinished(500));
         QElapsedTimer timer;
         timer.start();
-        ::kill(pid_t(process.processId()), SIGINT);
+        QVERIFY(sendSignal(process.processId(), SIGINT));
         QVERIFY(process.waitForFinished());
         QVERIFY(timer.elapsed() < 2000);
         QCOMPARE(process.exitCode(), 130);

@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "MachinesStage.h"
 
+#include <sendSignal.h>
+
 #include <QElapsedTimer>
 #include <QHostInfo>
-
-#include <csignal>
 
 // Whether "kestdesk machines check" finds out what hosts are good for, in the time that it is
 // given.
@@ -229,7 +229,7 @@ private Q_SLOTS:
         QTRY_COMPARE_WITH_TIMEOUT(asked(), 16, 30000);
         QVERIFY(!process.waitForFinished(300)); // for one too many
         QCOMPARE(asked(), 16);
-        ::kill(pid_t(process.processId()), SIGTERM);
+        QVERIFY(sendSignal(process.processId(), SIGTERM));
         QCOMPARE(Desk::resultOf(process).exitCode, 130);
     }
 
@@ -252,7 +252,7 @@ private Q_SLOTS:
         QTRY_COMPARE_WITH_TIMEOUT(contentOf(m_desk->path("ssh/log")).count('\n'), 3, 30000);
         QElapsedTimer timer;
         timer.start();
-        ::kill(pid_t(process.processId()), signal);
+        QVERIFY(sendSignal(process.processId(), signal));
         const Desk::Result result = Desk::resultOf(process);
         QVERIFY(timer.elapsed() < 5000);
         QCOMPARE(result.exitCode, 130);
@@ -273,7 +273,7 @@ private Q_SLOTS:
         QTRY_COMPARE_WITH_TIMEOUT(contentOf(m_desk->path("ssh/log")).count('\n'), 1, 30000);
         QElapsedTimer timer;
         timer.start();
-        ::kill(pid_t(process.processId()), SIGTERM);
+        QVERIFY(sendSignal(process.processId(), SIGTERM));
         QCOMPARE(Desk::resultOf(process).exitCode, 130);
         QVERIFY(timer.elapsed() < 5000);
     }

@@ -88,7 +88,7 @@ private Q_SLOTS:
         QCOMPARE(temporaryFiles().size(), 2);
         const QStringList components = m_desk->processes();
         QCOMPARE(components.size(), 1);
-        ::kill(components.constFirst().section(QLatin1Char(' '), 0, 0).toInt(), SIGKILL);
+        Processes::send(SIGKILL, components);
         QTRY_COMPARE(m_desk->processes(), QStringList());
         QCOMPARE(m_desk->run(batch("next.nec")).exitCode, 0);
         QCOMPARE(temporaryFiles(), QStringList());

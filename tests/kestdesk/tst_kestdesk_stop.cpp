@@ -4,12 +4,9 @@
 
 #include <TestRandom.h>
 #include <UnloadedClock.h>
+#include <sendSignal.h>
 
 #include <QElapsedTimer>
-
-#include <csignal>
-
-#include <sys/types.h>
 
 // How runs in the terminal end, and what is left of them.
 class tst_kestdesk_stop : public BatchTest
@@ -17,13 +14,6 @@ class tst_kestdesk_stop : public BatchTest
     Q_OBJECT
 
 private:
-    // The process 0 of a program that was not started would be all tests that run beside this one.
-    static void send(const QProcess& process, int signal)
-    {
-        QVERIFY(process.processId() > 0);
-        QCOMPARE(::kill(static_cast<pid_t>(process.processId()), signal), 0);
-    }
-
     // As the user does, with Ctrl+C.
     void stop(QProcess& process, RunEnding::Stop stop) const
     {
@@ -31,11 +21,11 @@ private:
             return;
         }
         waitUntilUp(process);
-        send(process, SIGINT);
+        QVERIFY(sendSignal(process.processId(), SIGINT));
         if (stop == RunEnding::Stop::Forced) {
             process.setReadChannel(QProcess::StandardError);
             QVERIFY(process.canReadLine() || process.waitForReadyRead(30000)); // it is stopping
-            send(process, SIGINT);
+            QVERIFY(sendSignal(process.processId(), SIGINT));
         }
     }
 
@@ -69,14 +59,14 @@ private Q_SLOTS:
         m_desk->start(process, batch("--parallel m.nec next.nec"));
         waitUntilUp(process);
         QCOMPARE(temporaryFiles().size(), 2); // the copy, and whose it is
-        send(process, signal);
+        QVERIFY(sendSignal(process.processId(), signal));
         if (times > 1) {
             QVERIFY(!process.waitForFinished(300));
         }
         QElapsedTimer timer;
         timer.start();
         for (int i = 1; i < times; ++i) {
-            send(process, signal);
+            QVERIFY(sendSignal(process.processId(), signal));
         }
         const Desk::Result result = Desk::resultOf(process);
         QCOMPARE(result.exitCode, 130);
@@ -105,7 +95,7 @@ private Q_SLOTS:
         QProcess process;
         m_desk->start(process, batch("m.nec"));
         waitUntilUp(process);
-        send(process, SIGTERM);
+        QVERIFY(sendSignal(process.processId(), SIGTERM));
         QCOMPARE(Desk::resultOf(process).exitCode, 130);
         // Not a moment later: nobody ends them any more.
         QCOMPARE(m_desk->processes().join(QLatin1Char('\n')), QString());
@@ -120,9 +110,9 @@ private Q_SLOTS:
         m_desk->start(process, {text("-c"), text(R"(trap '' HUP; exec "$0" "$@")"), text(KESTDESK),
                                 text("--non-interactive"), text("m.nec")});
         waitUntilUp(process);
-        send(process, SIGHUP);
+        QVERIFY(sendSignal(process.processId(), SIGHUP));
         QVERIFY(!process.waitForFinished(300));
-        send(process, SIGTERM);
+        QVERIFY(sendSignal(process.processId(), SIGTERM));
         QCOMPARE(Desk::resultOf(process).exitCode, 130);
     }
 
@@ -159,7 +149,7 @@ private Q_SLOTS:
         QProcess process;
         m_desk->start(process, batch("m.nec next.nec"));
         waitUntilUp(process);
-        send(process, SIGINT);
+        QVERIFY(sendSignal(process.processId(), SIGINT));
         const Desk::Result result = Desk::resultOf(process);
         QVERIFY2(result.output.contains(text("m.nec: valid\n")), qPrintable(result.output));
         QCOMPARE(result.exitCode, 130);
@@ -192,14 +182,14 @@ private Q_SLOTS:
         QProcess process;
         m_desk->start(process, batch("m.nec"));
         waitUntilUp(process);
-        send(process, SIGINT);
+        QVERIFY(sendSignal(process.processId(), SIGINT));
         QByteArray output;
         while (!output.contains("m.nec: stopped")) {
             QVERIFY(process.waitForReadyRead(30000));
             output += process.readAllStandardOutput();
         }
         const UnloadedClock clock;
-        send(process, SIGINT);
+        QVERIFY(sendSignal(process.processId(), SIGINT));
         QCOMPARE(Desk::resultOf(process).exitCode, 130);
         QVERIFY2(clock.elapsed() < 1500, qPrintable(QString::number(clock.elapsed())));
         QCOMPARE(m_desk->processes().join(QLatin1Char('\n')), QString());
@@ -216,9 +206,9 @@ private Q_SLOTS:
         QProcess process;
         m_desk->start(process, batch("--parallel m.nec"));
         waitUntilUp(process);
-        send(process, SIGINT);
+        QVERIFY(sendSignal(process.processId(), SIGINT));
         QVERIFY(!process.waitForFinished(300));
-        send(process, SIGINT);
+        QVERIFY(sendSignal(process.processId(), SIGINT));
         QElapsedTimer timer;
         timer.start();
         const Desk::Result result = Desk::resultOf(process);
@@ -230,9 +220,7 @@ private Q_SLOTS:
         QCOMPARE(temporaryFiles(), QStringList());
         const QStringList processes = m_desk->processes();
         QCOMPARE(processes.size(), 2);
-        for (const QString& left : processes) {
-            ::kill(left.section(QLatin1Char(' '), 0, 0).toInt(), SIGKILL);
-        }
+        Processes::send(SIGKILL, processes);
     }
 
     void noProcessOrFileIsLeftByStopsAtRandomMoments()
@@ -247,7 +235,7 @@ private Q_SLOTS:
             m_desk->start(process, batch("--component optkest --farm-out m.nec m.nec"));
             process.waitForFinished(int(random.bounded(150)));
             for (int i = 0; i < 20 && process.state() == QProcess::Running; ++i) {
-                send(process, i % 2 ? SIGINT : SIGTERM);
+                QVERIFY(sendSignal(process.processId(), i % 2 ? SIGINT : SIGTERM));
                 process.waitForFinished(i == 0 ? int(random.bounded(100)) : 1000);
             }
             QCOMPARE(process.state(), QProcess::NotRunning);

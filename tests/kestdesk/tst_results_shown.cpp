@@ -8,8 +8,6 @@
 #include <QJsonArray>
 #include <QProcess>
 
-#include <csignal>
-
 namespace {
 
 constexpr int longTime = 120000; // ms, on a machine with much to do
@@ -118,10 +116,7 @@ private Q_SLOTS:
 
     void cleanup()
     {
-        const QStringList processes = m_desk->processes();
-        for (const QString& process : processes) { // of a failed test
-            ::kill(process.section(QLatin1Char(' '), 0, 0).toInt(), SIGKILL);
-        }
+        Processes::send(SIGKILL, m_desk->processes()); // of a failed test
         m_desk.reset();
     }
 

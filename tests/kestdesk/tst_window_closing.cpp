@@ -1,8 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "WindowTest.h"
 
+#include <sendSignal.h>
+
 #include <algorithm>
-#include <csignal>
 
 // How the window is closed, and its runs with it.
 class tst_window_closing : public WindowTest
@@ -152,7 +153,7 @@ private Q_SLOTS:
                 WindowStage::inDialog<QPushButton>(m_stage->dialogs().constFirst(), "buttonStop"),
                 Qt::LeftButton);
         } else {
-            ::kill(static_cast<pid_t>(runProcess()), way);
+            QVERIFY(sendSignal(runProcess(), way));
         }
         QTRY_VERIFY_WITH_TIMEOUT(!m_stage->find<QPushButton>("stopButton")->isEnabled(), longTime);
         QCOMPARE(m_stage->desk().processes().size(), 1);
@@ -224,11 +225,11 @@ private Q_SLOTS:
         startWaitingRun("forgetful");
         const QStringList before = m_stage->desk().processes();
         QCOMPARE(before.size(), 2);
-        ::kill(static_cast<pid_t>(runProcess()), SIGKILL);
+        QVERIFY(sendSignal(runProcess(), SIGKILL));
         QTRY_COMPARE_WITH_TIMEOUT(m_stage->desk().processes().size(), 1, longTime);
         const pid_t orphan =
             m_stage->desk().processes().constFirst().section(QLatin1Char(' '), 0, 0).toInt();
-        ::kill(orphan, SIGKILL);
+        QVERIFY(sendSignal(orphan, SIGKILL));
         QTRY_VERIFY_WITH_TIMEOUT(::kill(orphan, 0) != 0, longTime);
         QTRY_COMPARE_WITH_TIMEOUT(m_stage->state(), text("fault, SIGKILL"), longTime);
     }

@@ -107,6 +107,8 @@ private Q_SLOTS:
         editor()->document()->setModified(false);
         QVERIFY2(boxes.texts.size() == 5, qPrintable(boxes.texts.join(u'|')));
         QCOMPARE(boxes.texts.at(0), text("Das Modell wurde geändert. Soll es gespeichert werden?"));
+        QVERIFY2(boxes.texts.at(4).contains(text("Bearbeitet Modelle und prüft sie dabei.")),
+                 qPrintable(boxes.texts.at(4)));
         QCOMPARE(m_german.untranslated(shown, allowed()).join(QLatin1Char('\n')), QString());
     }
 

@@ -28,7 +28,7 @@ struct Texts
 
 public:
     // clang-format off
-    static constexpr const char* members[] = {
+    [[maybe_unused]] static constexpr const char* members[] = {
         QT_TR_NOOP("Idle"),
         QT_TR_NOOP("Low"),
         QT_TR_NOOP("Normal"),

@@ -12,6 +12,7 @@
 #include <common_KestGuiLauncher.h>
 #include <common_UserQuery.h>
 
+#include <QDir>
 #include <QFileInfo>
 
 #include <utility>

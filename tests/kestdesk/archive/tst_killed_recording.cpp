@@ -16,10 +16,7 @@ namespace {
 // The component was not killed with kestdesk: this one waits for ever.
 void endProcesses(const Desk& desk)
 {
-    const QStringList processes = desk.processes();
-    for (const QString& process : processes) {
-        ::kill(process.section(QLatin1Char(' '), 0, 0).toInt(), SIGKILL);
-    }
+    Processes::send(SIGKILL, desk.processes());
     QTRY_COMPARE_WITH_TIMEOUT(desk.processes(), QStringList(), 30000);
 }
 

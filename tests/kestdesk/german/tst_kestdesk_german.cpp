@@ -79,6 +79,18 @@ private Q_SLOTS:
         QVERIFY(result.output.endsWith(text("m.nec: fault\n")));
     }
 
+    void filesAreReportedInGerman()
+    {
+        Desk desk;
+        install(desk);
+        writeFile(desk.path("models/m.nec"), "files");
+        const Desk::Result result = run("de", batch(), desk);
+        QCOMPARE(result.exitCode, 0);
+        QVERIFY2(result.output.contains(text("b.csv geschrieben\na.csv geschrieben\n")),
+                 qPrintable(result.output));
+        QVERIFY(result.output.contains(text(", 2 Dateien in ")));
+    }
+
     void recordIsTheSameInEachLanguage()
     {
         Desk desk;

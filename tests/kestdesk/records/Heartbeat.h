@@ -18,8 +18,18 @@ public:
         m_timer.start(0);
     }
 
+    /// Milliseconds after which a user notices. Sanitizers make all work slower.
+#if defined(__SANITIZE_ADDRESS__)
+    static constexpr qint64 noticeable = 500;
+#else
+    static constexpr qint64 noticeable = 100;
+#endif
+
     /// Milliseconds between two turns, at most.
-    qint64 longestGap() const { return m_longest; }
+    qint64 longestGap() const
+    {
+        return m_longest;
+    }
 
 private:
     void beat()

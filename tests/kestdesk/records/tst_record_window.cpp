@@ -299,7 +299,8 @@ private Q_SLOTS:
         edit->setText(text("line 299998 "));
         QTest::keyClick(edit, Qt::Key_Return);
         QTRY_COMPARE_WITH_TIMEOUT(table("outputTable")->currentIndex().row(), 299998, longTime);
-        QVERIFY2(heart.longestGap() < 100, qPrintable(QString::number(heart.longestGap())));
+        QVERIFY2(heart.longestGap() < Heartbeat::noticeable,
+                 qPrintable(QString::number(heart.longestGap())));
     }
 
     void deletedRecordIsSaid()
