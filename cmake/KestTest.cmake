@@ -6,7 +6,7 @@ set(KEST_TEST_SLOWNESS 1)
 if(KEST_SANITIZERS OR KEST_COVERAGE)
     set(KEST_TEST_SLOWNESS 5)
 elseif(WIN32 AND CMAKE_CROSSCOMPILING) # not optimised, and to start a process takes Wine a while
-    set(KEST_TEST_SLOWNESS 3)
+    set(KEST_TEST_SLOWNESS 5)
 endif()
 
 # What a test needs, to choose tests by (ctest -L unit):

@@ -1,6 +1,72 @@
 // SPDX-License-Identifier: MIT
 #include "FileReplacement.h"
 
+#include <QDeadlineTimer>
+#include <QDir>
+#include <QThread>
+
+#include <cstddef>
+#include <cstring>
+#include <string>
+#include <vector>
+
+#include <windows.h>
+
+namespace {
+
+constexpr unsigned long pause = 5; // milliseconds
+
+std::wstring nativeName(const QString& path)
+{
+    return QDir::toNativeSeparators(path).toStdWString();
+}
+
+// Until it is done, or fails for another reason than that a program has the file open.
+template <typename Step>
+bool repeat(Step step)
+{
+    const QDeadlineTimer deadline(FileReplacement::longestWait());
+    while (!step()) {
+        if (GetLastError() != ERROR_SHARING_VIOLATION || deadline.hasExpired()) {
+            return false;
+        }
+        QThread::msleep(pause);
+    }
+    return true;
+}
+
+// FILE_RENAME_INFO, which ends with the name.
+std::vector<char> renameInfo(const std::wstring& newName)
+{
+    const std::size_t size = newName.size() * sizeof(wchar_t);
+    std::vector<char> result(sizeof(FILE_RENAME_INFO) + size);
+    FILE_RENAME_INFO info = {};
+    info.FileNameLength = static_cast<DWORD>(size);
+    std::memcpy(result.data(), &info, sizeof info);
+    std::memcpy(result.data() + offsetof(FILE_RENAME_INFO, FileName), newName.data(), size);
+    return result;
+}
+
+// With the file open for this program alone. MoveFileEx() lets another program open it as well,
+// which then renames it once more, or keeps it from being read; QFile copies it.
+bool renameAlone(const std::wstring& name, const std::wstring& newName)
+{
+    const HANDLE file = CreateFileW(name.c_str(), DELETE | SYNCHRONIZE, 0, nullptr, OPEN_EXISTING,
+                                    FILE_ATTRIBUTE_NORMAL, nullptr);
+    if (file == INVALID_HANDLE_VALUE) {
+        return false;
+    }
+    std::vector<char> info = renameInfo(newName);
+    const bool isRenamed = SetFileInformationByHandle(file, FileRenameInfo, info.data(),
+                                                      static_cast<DWORD>(info.size()));
+    const DWORD error = GetLastError();
+    CloseHandle(file);
+    SetLastError(error);
+    return isRenamed;
+}
+
+} // namespace
+
 bool FileReplacement::isPossibleWhileOpen()
 {
     return false;
@@ -11,4 +77,15 @@ bool FileReplacement::isPossibleWhileOpen()
 int FileReplacement::longestWait()
 {
     return 900;
+}
+
+bool FileReplacement::rename(const QString& path, const QString& newPath)
+{
+    return repeat(
+        [from = nativeName(path), to = nativeName(newPath)] { return renameAlone(from, to); });
+}
+
+bool FileReplacement::remove(const QString& path)
+{
+    return repeat([name = nativeName(path)] { return DeleteFileW(name.c_str()) != 0; });
 }

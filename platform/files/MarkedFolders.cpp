@@ -11,11 +11,9 @@
 namespace {
 
 // Nobody but the user can have put anything into it, or anything else in its place.
-bool isPrivateFolder(const QFileInfo& entry)
+bool isSafe(const QFileInfo& entry)
 {
-    constexpr auto othersMayWrite = QFile::WriteGroup | QFile::WriteOther;
-    return entry.isDir() && !entry.isSymLink() && RunningProcesses::isOwnFile(entry) &&
-           !(entry.permissions() & othersMayWrite);
+    return entry.isDir() && !entry.isSymLink() && RunningProcesses::isPrivateFolder(entry);
 }
 
 } // namespace
@@ -35,7 +33,7 @@ void MarkedFolders::removeLeft()
     for (const QString& name : names) {
         const auto mark = ProcessMark::parse(ownNames.match(name).captured(1));
         const QFileInfo entry(directory.filePath(name));
-        if (mark && mark->hasEnded() && isPrivateFolder(entry)) {
+        if (mark && mark->hasEnded() && isSafe(entry)) {
             QDir(entry.filePath()).removeRecursively();
         }
     }

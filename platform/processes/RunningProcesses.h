@@ -36,4 +36,7 @@ bool haveArgumentEndingWith(const QString& end);
 /// Whether the file belongs to the user of this process.
 bool isOwnFile(const QFileInfo& file);
 
+/// Whether the folder belongs to the user of this process, and no other user may write into it.
+bool isPrivateFolder(const QFileInfo& folder);
+
 } // namespace RunningProcesses

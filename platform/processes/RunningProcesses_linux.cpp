@@ -114,3 +114,9 @@ bool RunningProcesses::isOwnFile(const QFileInfo& file)
 {
     return file.ownerId() == ::geteuid();
 }
+
+bool RunningProcesses::isPrivateFolder(const QFileInfo& folder)
+{
+    constexpr auto othersMayWrite = QFile::WriteGroup | QFile::WriteOther;
+    return isOwnFile(folder) && !(folder.permissions() & othersMayWrite);
+}

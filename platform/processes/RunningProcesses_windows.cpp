@@ -62,3 +62,9 @@ bool RunningProcesses::isOwnFile(const QFileInfo& /*file*/)
 {
     return true;
 }
+
+// Permissions say there whether the folder is read-only.
+bool RunningProcesses::isPrivateFolder(const QFileInfo& /*folder*/)
+{
+    return true;
+}

@@ -132,6 +132,22 @@ QStringList draftPlaces(const QFileInfo& file)
             file.dir().filePath(QLatin1Char('.') + file.fileName())};
 }
 
+// Until it is done; for a while only, in which another process may replace the file, where that
+// keeps it from being opened.
+template <typename Step>
+bool repeat(Step step)
+{
+    QElapsedTimer waiting;
+    waiting.start();
+    while (!step()) {
+        if (waiting.elapsed() >= FileReplacement::longestWait()) {
+            return false;
+        }
+        QThread::msleep(replacementPause);
+    }
+    return true;
+}
+
 } // namespace
 
 common_SettingsFile::common_SettingsFile(const QString& fileName, QSettings::Format format)
@@ -160,7 +176,7 @@ QString common_SettingsFile::load(QByteArray& content) const
     if (!reason.isEmpty() || !QFileInfo::exists(m_fileName)) {
         return reason;
     }
-    if (!file.open(QIODevice::ReadOnly)) {
+    if (!repeat([&file] { return file.open(QIODevice::ReadOnly); })) {
         return QStringLiteral("it cannot be read (%1)").arg(file.errorString());
     }
     content = file.read(common_settings::largestFile + 1);
@@ -207,11 +223,15 @@ void common_SettingsFile::read(const QString& group, const Access& read, Damage 
         accessGroup(nothing, group, read);
         return;
     }
-    QSettings settings(draft ? draft->fileName() : m_fileName, m_format);
+    std::unique_ptr<QSettings> settings;
+    repeat([&] {
+        settings = std::make_unique<QSettings>(draft ? draft->fileName() : m_fileName, m_format);
+        return settings->status() != QSettings::AccessError;
+    });
     if (damage == Damage::KeepCopy) {
-        keepIfDamaged(settings, content);
+        keepIfDamaged(*settings, content);
     }
-    accessGroup(settings, group, read);
+    accessGroup(*settings, group, read);
 }
 
 QString common_SettingsFile::change(const QString& group, const Access& write) const

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "OutputFile.h"
 
+#include "FileUse.h"
 #include "InputFile.h"
 #include "WriteAll.h"
 
@@ -25,6 +26,7 @@ bool OutputFile::append(const QByteArray& bytes)
 
 bool OutputFile::commit()
 {
+    FileUse::waitForEnd(path());
     return m_file.commit() || fail(m_file.errorString());
 }
 

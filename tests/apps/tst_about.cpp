@@ -1,4 +1,6 @@
 // SPDX-License-Identifier: MIT
+#include "../support/SystemSkips.h"
+
 #include <AboutBox.h>
 #include <ApplicationIdentity.h>
 #include <BoxAnswerer.h>
@@ -51,6 +53,7 @@ private Q_SLOTS:
 
     void engineSaysItsVersion()
     {
+        SKIP_WITHOUT_SHELL();
         QFETCH(QByteArray, script);
         QFETCH(QString, version);
         const QString program = engine(script);
@@ -73,6 +76,7 @@ private Q_SLOTS:
 
     void programThatCannotBeStartedHasNoVersion()
     {
+        SKIP_WITHOUT_SHELL();
         const QString program = engine("");
         QFile file(program);
         QVERIFY(file.open(QIODevice::WriteOnly) && file.write("#!/no/such/shell\n") > 0);
@@ -110,6 +114,7 @@ private Q_SLOTS:
 
     void boxIsThereBeforeTheEngineAnswers()
     {
+        SKIP_WITHOUT_SHELL();
         const QString program = engine("sleep 0.5; echo engine 9.9");
         qputenv("KEST_NEC2C", QFile::encodeName(program));
         const Services services(ApplicationIdentity{text("viewer"), QString()}, false);
@@ -130,6 +135,7 @@ private Q_SLOTS:
 
     void boxMayBeClosedBeforeTheEngineAnswers()
     {
+        SKIP_WITHOUT_SHELL();
         qputenv("KEST_NEC2C", QFile::encodeName(engine("exec sleep 600")));
         const Services services(ApplicationIdentity{text("viewer"), QString()}, false);
         QWidget window;

@@ -163,7 +163,8 @@ private Q_SLOTS:
         m_client->showPage(QStringLiteral("no such page"), m_window.get());
         QVERIFY(shownText().contains(QStringLiteral("This page is missing")));
         QVERIFY(shownText().contains(QStringLiteral("no such page")));
-        QVERIFY(shownText().contains(m_folder->filePath(QStringLiteral("help"))));
+        QVERIFY(shownText().contains(
+            QDir::toNativeSeparators(m_folder->filePath(QStringLiteral("help")))));
         Q_EMIT browser()->anchorClicked(QUrl(QStringLiteral("index.md")));
         QVERIFY(shownText().startsWith(QStringLiteral("Contents")));
     }

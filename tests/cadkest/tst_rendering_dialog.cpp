@@ -263,7 +263,7 @@ private Q_SLOTS:
     {
         QVERIFY(SettingsFolders::write(m_stage->folders.defaultFile(), ""));
         common_CommonSettingsSet set(m_stage->folders.info.userSettings, text("cadkest"));
-        QCOMPARE(set.getFullFilename(), m_stage->file());
+        QCOMPARE(QDir::fromNativeSeparators(set.getFullFilename()), m_stage->file());
         set.readSettings();
         set.geometry()->set_width(777);
         m_stage->settings.rendering = Rendering::Hardware;

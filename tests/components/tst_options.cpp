@@ -3,6 +3,7 @@
 
 #include "CommandLine.h"
 
+#include <SystemSkips.h>
 #include <Text.h>
 
 #include <QTemporaryDir>
@@ -236,6 +237,7 @@ void tst_options::answerThatCannotBeWrittenIsAFailure_data()
 
 void tst_options::answerThatCannotBeWrittenIsAFailure()
 {
+    SKIP_WITHOUT_FULL_DEVICE();
     QFETCH(QStringList, words);
     words[0] = QStringLiteral("./") + words[0];
     const SuiteResult result = runSuite(

@@ -228,7 +228,7 @@ private Q_SLOTS:
         QVERIFY(QTest::qWaitFor(hasBegun, 30000));
         QVERIFY(spy.isEmpty());
         check.request(goodDeck);
-        QTRY_VERIFY_WITH_TIMEOUT(!spy.isEmpty(), 30000);
+        QTRY_VERIFY_WITH_TIMEOUT(!spy.isEmpty(), 120000);
         const auto findings = spy.last().first().value<QVector<suite::Finding>>();
         for (const suite::Finding& finding : findings) {
             QCOMPARE(finding.severity(), suite::Severity::Notice);

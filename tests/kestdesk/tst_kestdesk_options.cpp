@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "OptionsStage.h"
 
+#include "../support/SystemSkips.h"
+
 #include <QSettings>
 
 // "kestdesk options ...": what it shows, what it accepts and what it refuses.
@@ -119,6 +121,7 @@ private Q_SLOTS:
     {
         QFETCH(QString, assignment);
         QFETCH(QString, complaint);
+        SKIP_WITHOUT_LONG_ARGUMENTS(assignment);
         const Result result = options({text("set"), text("FarmOut=true"), assignment});
         QCOMPARE(result.exitCode, 1);
         QVERIFY2(result.errors.contains(complaint), qPrintable(result.errors));
@@ -151,6 +154,7 @@ private Q_SLOTS:
 
     void bytesThatAreNoTextAreRefused()
     {
+        SKIP_WITHOUT_BYTES_IN_ARGUMENTS();
         const Result result = runProgram(text("bash"), {text("-c"),
                                                         text("exec \"$1\" options set "
                                                              "Kest.AdvancedOptions=$'a\\xffb'"),

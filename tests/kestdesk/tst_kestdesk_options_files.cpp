@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "OptionsStage.h"
 
+#include "../support/SystemSkips.h"
+
 #include <SpecialFile.h>
 
 // The files and folders behind "kestdesk options ...", usable or not.
@@ -95,6 +97,7 @@ private Q_SLOTS:
         QFile lock(settingsFile() + text(".kestlock"));
         QVERIFY(lock.open(QIODevice::WriteOnly));
         QVERIFY(lock.resize(qint64(2) << 30));
+        lock.close(); // a program that has it open may be its owner
         const Result result = options({text("set"), text("--wait=0"), text("FarmOut=true")});
         QCOMPARE(result.errors, QString());
         QCOMPARE(result.exitCode, 0);
@@ -154,6 +157,7 @@ private Q_SLOTS:
 
     void aFolderThatIsNoTextIsRefused()
     {
+        SKIP_WITHOUT_BYTES_IN_ARGUMENTS();
         QFETCH(QString, variable);
         const Result result = runProgram(
             text("bash"),
@@ -218,7 +222,8 @@ private Q_SLOTS:
     {
         m_variables.append(text("KEST_SCRIPT=/no/such/folder/script"));
         const Result result = options({text("restore")});
-        QVERIFY(result.errors.contains(text("cannot record to /no/such/folder/script")));
+        QVERIFY(result.errors.contains(text("cannot record to ") +
+                                       QDir::toNativeSeparators(text("/no/such/folder/script"))));
     }
 };
 

@@ -89,8 +89,9 @@ private Q_SLOTS:
         QCOMPARE(result.exitCode, 0);
         QStringList seen = seenArguments("m.nec");
         const QRegularExpression copy(QLatin1Char('^') +
-                                      QRegularExpression::escape(m_desk->path("user")) +
-                                      text("/gui_tmp_machfile_\\d{1,3}$"));
+                                      QRegularExpression::escape(QDir::toNativeSeparators(
+                                          m_desk->path("user/gui_tmp_machfile_"))) +
+                                      text("\\d{1,3}$"));
         for (QString& argument : seen) {
             argument.replace(copy, text("COPY")).replace(QLatin1Char(' '), QLatin1Char('_'));
         }

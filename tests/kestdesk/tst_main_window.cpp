@@ -138,7 +138,8 @@ private Q_SLOTS:
         m_stage->find<QAction>("aboutAction")->trigger();
         QCOMPARE(reader.texts.size(), 1);
         QVERIFY(reader.texts.constFirst().startsWith(text("kestdesk 1.2.3\n")));
-        QVERIFY(reader.texts.constFirst().contains(m_stage->desk().path("home")));
+        QVERIFY(reader.texts.constFirst().contains(
+            QDir::toNativeSeparators(m_stage->desk().path("home"))));
     }
 
     void boxesFollowTheLaunchOptions()

@@ -3,6 +3,7 @@
 #include "RunStage.h"
 
 #include <Descendants.h>
+#include <ProgramName.h>
 
 #include <common_IProcessMessage.h>
 
@@ -218,7 +219,7 @@ private Q_SLOTS:
         const std::unique_ptr<Run> run = m_stage->makeRun("valid");
         QVERIFY(m_stage->setUp(*run, common_RunWrapper::Parallel).isReady());
         const QString program = m_stage->desk().path("home/bin/runkest");
-        QVERIFY(QFile::remove(program));
+        QVERIFY(QFile::remove(program + text(ProgramName::suffix())));
         QVERIFY(!run->start());
         QCOMPARE(run->state(), State::NotStarted);
         QVERIFY2(run->problem().startsWith(text("cannot start ") + program),

@@ -38,7 +38,7 @@ private:
             QTest::keyClick(name, Qt::Key_Return);
         });
         m_stage.press(Qt::Key_O, Qt::ControlModifier);
-        QCOMPARE(m_stage.find<QLineEdit>("modelEdit")->text(), model);
+        QCOMPARE(QDir::fromNativeSeparators(m_stage.find<QLineEdit>("modelEdit")->text()), model);
     }
 
     // The dialog of the newest run.

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "WindowTest.h"
 
+#include <ProgramName.h>
+
 #include <QPlainTextEdit>
 #include <QThread>
 
@@ -19,13 +21,14 @@ private Q_SLOTS:
         const QString relative = QDir::current().relativeFilePath(model);
         QVERIFY(QFileInfo(relative).isRelative());
         m_stage->window().openModel(relative);
-        QCOMPARE(m_stage->find<QLineEdit>("modelEdit")->text(), model);
+        QCOMPARE(m_stage->find<QLineEdit>("modelEdit")->text(), QDir::toNativeSeparators(model));
         m_stage->run(text("  ") + relative + text(" "));
         QTRY_COMPARE_WITH_TIMEOUT(m_stage->state(), text("valid"), longTime);
-        QCOMPARE(m_stage->find<QLineEdit>("modelEdit")->text(), model);
-        QCOMPARE(recentTexts(), QStringList(text("&1 ") + model));
+        QCOMPARE(m_stage->find<QLineEdit>("modelEdit")->text(), QDir::toNativeSeparators(model));
+        QCOMPARE(recentTexts(), QStringList(text("&1 ") + QDir::toNativeSeparators(model)));
         const QAbstractItemModel* const runs = m_stage->find<QTableView>("runList")->model();
-        QCOMPARE(runs->index(0, 0).data(Qt::ToolTipRole).toString(), model);
+        QCOMPARE(runs->index(0, 0).data(Qt::ToolTipRole).toString(),
+                 QDir::toNativeSeparators(model));
     }
 
     void boxesThatMeanNothingToTheComponentDoNotCount()
@@ -101,6 +104,7 @@ private Q_SLOTS:
         QFETCH(QString, way);
         QFETCH(QString, told);
         const QString model = m_stage->model("m.nec", "valid");
+        const QString program = m_stage->program("runkest") + text(ProgramName::suffix());
         if (way == text("no model")) {
             QFile::remove(model);
         } else if (way == text("folder")) {
@@ -111,16 +115,16 @@ private Q_SLOTS:
         } else if (way == text("no machines")) {
             m_stage->find<QCheckBox>("parallelBox")->click();
         } else {
-            QFile::remove(m_stage->program("runkest"));
+            QFile::remove(program);
         }
         if (way == text("no format, parallel")) {
             writeFile(m_stage->desk().path("user/machines.kest"), "localhost:2\n");
             m_stage->find<QCheckBox>("parallelBox")->click();
         }
         if (way.startsWith(text("no format"))) {
-            writeFile(m_stage->program("runkest"), "\x7f"
-                                                   "ELF no program");
-            QFile::setPermissions(m_stage->program("runkest"), QFile::ReadOwner | QFile::ExeOwner);
+            writeFile(program, "\x7f"
+                               "ELF no program");
+            QFile::setPermissions(program, QFile::ReadOwner | QFile::ExeOwner);
         }
         const QStringList recentBefore = recentTexts();
         const BoxAnswerer reader(WindowStage::pressing(Qt::Key_Escape));

@@ -2,12 +2,15 @@
 #pragma once
 
 #include <ProcessMark.h>
+#include <RunningProcesses.h>
 
 #include <QByteArray>
+#include <QProcess>
 #include <QtTest>
 
 #include <functional>
 
+#ifndef Q_OS_WIN
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -40,9 +43,28 @@ inline QByteArray doneByAKilledProcess(const std::function<QByteArray()>& deed)
     return word;
 }
 
-/// The mark of a process that has ended.
+#endif
+
+/// The mark of a process that has been killed.
 inline QString endedMark()
 {
-    return QString::fromLatin1(
-        doneByAKilledProcess([] { return ProcessMark::own().word().toLatin1(); }));
+#ifdef Q_OS_WIN
+    const QString waiting = QStringLiteral("cmd"); // for its input
+#else
+    const QString waiting = QStringLiteral("cat");
+#endif
+    QProcess process;
+    process.start(waiting, QStringList());
+    if (!process.waitForStarted()) {
+        qFatal("no process");
+    }
+    QStringList parts = ProcessMark::own().word().split(QLatin1Char('-'));
+    parts[2] = QString::number(process.processId());
+    parts[3] = QString::number(RunningProcesses::startTime(process.processId()).value_or(0));
+    if (ProcessMark::parse(parts.join(QLatin1Char('-')))->hasEnded()) {
+        qFatal("it has ended too early");
+    }
+    process.kill();
+    process.waitForFinished();
+    return parts.join(QLatin1Char('-'));
 }

@@ -1,4 +1,6 @@
 // SPDX-License-Identifier: MIT
+#include "../support/SystemSkips.h"
+
 #include <ChildProcesses.h>
 
 #include <QThread>
@@ -179,6 +181,7 @@ private Q_SLOTS:
 
     void allProcessesEndWhenTheyAreStopped()
     {
+        SKIP_WITHOUT_SHELL();
         ChildProcesses processes({200, never});
         QSignalSpy ended(&processes, &ChildProcesses::allEnded);
         processes.add(3, started("exec sleep 1000"));
@@ -200,6 +203,7 @@ private Q_SLOTS:
 
     void processThatHasEndedIsReleased()
     {
+        SKIP_WITHOUT_SHELL();
         ChildProcesses processes({never, never});
         auto process = std::make_unique<ChildProcess>();
         ChildProcess* const pointer = process.get();
@@ -214,6 +218,7 @@ private Q_SLOTS:
 
     void processesAreKilledWithTheObject()
     {
+        SKIP_WITHOUT_SHELL();
         std::unique_ptr<ChildProcess> process = started("sleep 1000 & exec sleep 1000");
         const QPointer<ChildProcess> guard(process.get());
         QVERIFY(process->isGroupAlive());

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "ResultWatch.h"
 
+#include <FileReplacement.h>
+
 #include <QFile>
 #include <QSaveFile>
 #include <QSignalSpy>
@@ -95,6 +97,9 @@ private Q_SLOTS:
     void newFileInPlaceOfTheOldIsWatchedToo()
     {
         QFETCH(bool, isStillRead);
+        if (isStillRead && !FileReplacement::isPossibleWhileOpen()) {
+            QSKIP("files that are read cannot be replaced here");
+        }
         write(m_path, "old");
         QFile reader(m_path);
         QVERIFY(!isStillRead || reader.open(QIODevice::ReadOnly));

@@ -10,6 +10,8 @@
 #include <QTemporaryDir>
 #include <QtTest>
 
+#include <thread>
+
 using suite::OutputFile;
 using suite::ResultFiles;
 
@@ -57,6 +59,21 @@ private:
 
 private Q_SLOTS:
     void init() { m_folder = std::make_unique<QTemporaryDir>(); }
+
+    void fileThatIsReadForAMomentIsReplaced()
+    {
+        QFile reader(write("file", "old"));
+        QVERIFY(reader.open(QIODevice::ReadOnly));
+        std::thread other([&reader] {
+            QThread::msleep(200);
+            reader.close();
+        });
+        OutputFile file(path("file"));
+        const bool isReplaced = file.replace("new");
+        other.join();
+        QVERIFY2(isReplaced, qPrintable(file.reason()));
+        QCOMPARE(read("file"), QByteArrayLiteral("new"));
+    }
 
     void contentReplacesAFile_data()
     {

@@ -55,6 +55,20 @@ private:
         QVERIFY(!table.isEmpty());
     }
 
+    // With the first three of the dipole's frequencies, in a new folder.
+    static void computeIn(const QString& folder)
+    {
+        QVERIFY(QDir().mkpath(folder));
+        const QString model = folder + QStringLiteral("/dipole.nec");
+        QByteArray cards = contentOf(QStringLiteral(KEST_SUITE "/models/dipole.nec"));
+        QVERIFY(cards.contains("FR 0 51 "));
+        write(model, cards.replace("FR 0 51 ", "FR 0 3 "));
+        QByteArray table;
+        compute(model, table);
+        QCOMPARE(table.count('\n'), 4);
+        QVERIFY2(contentOf(QStringLiteral(DIPOLE_ON_LINUX)).startsWith(table), table.constData());
+    }
+
 private Q_SLOTS:
     void init() { QTRY_COMPARE_WITH_TIMEOUT(ProgramList::count(engine), 0, patience); }
 
@@ -75,20 +89,36 @@ private Q_SLOTS:
         QTest::newRow("beyond the code page") << QStringLiteral("\u6f22\u5b57 \u03a9");
     }
 
-    // With the first three of the dipole's frequencies.
     void pathsMayHaveBlanksAndAllLetters()
     {
         QFETCH(QString, folder);
         const QTemporaryDir temporary;
-        QVERIFY(QDir(temporary.path()).mkpath(folder));
-        const QString model = temporary.filePath(folder + QStringLiteral("/dipole.nec"));
-        QByteArray cards = contentOf(QStringLiteral(KEST_SUITE "/models/dipole.nec"));
-        QVERIFY(cards.contains("FR 0 51 "));
-        write(model, cards.replace("FR 0 51 ", "FR 0 3 "));
-        QByteArray table;
-        compute(model, table);
-        QCOMPARE(table.count('\n'), 4);
-        QVERIFY2(contentOf(QStringLiteral(DIPOLE_ON_LINUX)).startsWith(table), table.constData());
+        computeIn(temporary.filePath(folder));
+    }
+
+    // The component is started in another folder: Wine starts none on a share.
+    void pathsMayBeThoseOfShares()
+    {
+        const QString share = QDir::fromNativeSeparators(qEnvironmentVariable("KEST_TEST_SHARE"));
+        if (share.isEmpty()) {
+            QSKIP("KEST_TEST_SHARE names no share");
+        }
+        QVERIFY(share.startsWith(QStringLiteral("//")));
+        computeIn(share + QStringLiteral("/eigene L\u00e4ufe"));
+    }
+
+    void optimiserFindsTheSameLengthAsOnLinux()
+    {
+        const QTemporaryDir temporary;
+        const QString model = temporary.filePath(QStringLiteral("tune.nec"));
+        QVERIFY(QFile::copy(QStringLiteral(KEST_SUITE "/models/tune.nec"), model));
+        QProcess process;
+        process.start(QStringLiteral(KEST_SUITE "/bin/optkest.exe"), {model});
+        QVERIFY(process.waitForFinished(5 * patience));
+        const QByteArray output = process.readAllStandardOutput();
+        QVERIFY2(process.exitCode() == 0 &&
+                     output.contains("-*-variable-*-LENGTH = 0.474124562\r\n"),
+                 output.constData());
     }
 
     void engineDoesNotOutliveAComponentThatIsKilled()

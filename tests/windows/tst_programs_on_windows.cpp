@@ -4,8 +4,9 @@
 #include <Desk.h>
 
 #include <ConsoleBreak.h>
+#include <StartFolder.h>
 
-#include <QRegularExpression>
+#include <algorithm>
 
 namespace {
 
@@ -30,6 +31,31 @@ class tst_programs_on_windows : public QObject
 
 private:
     std::unique_ptr<Desk> m_desk;
+
+    void runDipoleIn(const QString& folder) const
+    {
+        QVERIFY(QDir().mkpath(folder));
+        QVERIFY(QFile::copy(text(KEST_SUITE "/models/dipole.nec"), folder + text("/\xc3\xbc.nec")));
+        const Desk::Result result =
+            m_desk->run({text("--non-interactive"), folder + text("/\xc3\xbc.nec")});
+        QCOMPARE(result.errors, QString());
+        QCOMPARE(result.exitCode, 0);
+        QCOMPARE(contentOf(folder + text("/\xc3\xbc.csv")).replace("\r\n", "\n"),
+                 contentOf(text(DIPOLE_ON_LINUX)));
+    }
+
+    // A path of that length below the models, of folders with names that each system takes.
+    QString folderOfLength(int length) const
+    {
+        constexpr int longestName = 100;
+        QString path = m_desk->path("models");
+        while (path.size() < length) {
+            const int rest = length - path.size() - 1;
+            const int name = rest <= longestName ? rest : std::min(longestName, rest - 2);
+            path += QLatin1Char('/') + QString(name, QLatin1Char('x'));
+        }
+        return path;
+    }
 
     void startLongRun(QProcess& process) const
     {
@@ -63,15 +89,28 @@ private Q_SLOTS:
 
     void pathsMayHaveBlanksUmlautsAndOtherScripts()
     {
-        const QString folder = m_desk->path(text("models/L\xc3\xa4ufe \xe6\xbc\xa2\xe5\xad\x97"));
+        runDipoleIn(m_desk->path(text("models/L\xc3\xa4ufe \xe6\xbc\xa2\xe5\xad\x97")));
+    }
+
+    void longestFolderOfAModel() { runDipoleIn(folderOfLength(StartFolder::longestPath())); }
+
+    void folderInWhichNoProgramStartsIsRefusedWithTheReason()
+    {
+        const int length = StartFolder::longestPath() + 1;
+        const QString folder = folderOfLength(length);
         QVERIFY(QDir().mkpath(folder));
-        QVERIFY(QFile::copy(text(KEST_SUITE "/models/dipole.nec"), folder + text("/\xc3\xbc.nec")));
-        const Desk::Result result =
-            m_desk->run({text("--non-interactive"), folder + text("/\xc3\xbc.nec")});
-        QCOMPARE(result.errors, QString());
-        QCOMPARE(result.exitCode, 0);
-        QCOMPARE(contentOf(folder + text("/\xc3\xbc.csv")).replace("\r\n", "\n"),
-                 contentOf(text(DIPOLE_ON_LINUX)));
+        const QString model = folder + text("/m.nec");
+        QVERIFY(QFile::copy(text(KEST_SUITE "/models/dipole.nec"), model));
+        const Desk::Result result = m_desk->run({text("--non-interactive"), model});
+        QCOMPARE(result.exitCode, 2);
+        QCOMPARE(result.errors,
+                 text("kestdesk: the model %1 cannot be run: the path of its folder has %2 "
+                      "characters, and this system starts no program in a folder whose path has "
+                      "more than %3; move the model to a shorter path\n")
+                     .arg(model)
+                     .arg(length)
+                     .arg(StartFolder::longestPath()));
+        QCOMPARE(QDir(folder).entryList(QDir::Files), QStringList(text("m.nec")));
     }
 
     void nothingOutlivesKestdeskThatIsKilled()

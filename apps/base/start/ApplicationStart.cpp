@@ -10,6 +10,7 @@
 #include "Translations.h"
 #include "WindowDisplay.h"
 
+#include <ConsoleEncoding.h>
 #include <QtVersion.h>
 #include <WriteFailures.h>
 
@@ -100,6 +101,7 @@ std::unique_ptr<QCoreApplication> makeApplicationObject(WindowSystem windowSyste
 int ApplicationStart::run(const std::function<ApplicationDescription()>& describe, int argc,
                           char* argv[])
 {
+    const ConsoleEncoding encoding;
     const ApplicationDescription untranslated = describe();
     QCoreApplication::setApplicationName(untranslated.identity.name);
     QCoreApplication::setApplicationVersion(suite::version());

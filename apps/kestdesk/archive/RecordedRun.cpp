@@ -12,6 +12,7 @@
 #include <QCryptographicHash>
 #include <QDir>
 #include <QFileInfo>
+#include <QStandardPaths>
 
 #include <utility>
 
@@ -53,8 +54,10 @@ QString copyPath(const RunRecord& record, int attempt)
 // What is missing to start the run as it was, as a clause; empty if nothing is missing.
 QString missingPart(const Run& run, const RunRecord& record)
 {
+    // In its folder it is found with the suffix that programs have on some systems, and records
+    // have not.
     const QFileInfo program(record.program);
-    if (!program.isFile() || !program.isExecutable()) {
+    if (QStandardPaths::findExecutable(program.fileName(), {program.path()}).isEmpty()) {
         return QStringLiteral("%1, which the run was started with, is no longer there")
             .arg(record.program);
     }

@@ -4,6 +4,7 @@
 #include "Component.h"
 #include "RunOptionWords.h"
 
+#include <FileReplacement.h>
 #include <InputFile.h>
 #include <OutputFile.h>
 #include <ProcessMark.h>
@@ -100,7 +101,7 @@ bool read(const QString& path, QVector<QueuedRun>& runs)
 QString keepDamaged(const QString& path, const QString& name)
 {
     const QString kept = name + QStringLiteral(".damaged");
-    return QFile::copy(path, kept) || QFile::rename(path, kept) ? kept : path;
+    return QFile::copy(path, kept) || FileReplacement::rename(path, kept) ? kept : path;
 }
 
 QStringList queueFiles(const QDir& folder)
@@ -139,7 +140,7 @@ bool QueueFile::write(const QVector<QueuedRun>& runs)
 
 bool QueueFile::removeFile()
 {
-    if (QFile::exists(path()) && !QFile::remove(path())) {
+    if (QFile::exists(path()) && !FileReplacement::remove(path())) {
         m_reason = QStringLiteral("%1 cannot be removed").arg(path());
     }
     return m_reason.isEmpty();
@@ -178,13 +179,13 @@ QueueFile::Left QueueFile::takeLeft() const
     const QStringList superseded = supersededNames();
     for (const QString& name : superseded) {
         if (names.removeAll(name) > 0) {
-            QFile::remove(folder.filePath(name));
+            FileReplacement::remove(folder.filePath(name));
         }
     }
     for (const QString& name : qAsConst(names)) {
         const QString path = folder.filePath(name);
         const QString newPath = folder.filePath(leftName());
-        if (QFile::rename(path, newPath) && !read(newPath, left.runs)) {
+        if (FileReplacement::rename(path, newPath) && !read(newPath, left.runs)) {
             left.damaged.append(keepDamaged(newPath, path));
         }
     }
@@ -211,7 +212,7 @@ void QueueFile::removeTaken() const
     const QDir folder(m_folder);
     const QStringList names = takenNames();
     for (const QString& name : names) {
-        QFile::remove(folder.filePath(name));
+        FileReplacement::remove(folder.filePath(name));
     }
 }
 

@@ -48,6 +48,13 @@ bool namesOwner(const QLockFile& lock)
     return lock.getLockInfo(&process, &host, &program);
 }
 
+// On Windows, QLockFile takes the name from this variable, which is in capitals and may be
+// shortened.
+bool isThisMachine(const QString& host)
+{
+    return host == QSysInfo::machineHostName() || host == qEnvironmentVariable("COMPUTERNAME");
+}
+
 // Also if the file names no process because of a power failure or a kill in the moment between.
 bool takeOver(QLockFile& lock)
 {
@@ -88,8 +95,7 @@ QString ModelLock::owner() const
     if (!m_file->getLockInfo(&process, &host, &program)) {
         return QStringLiteral("another process");
     }
-    const QString place =
-        host == QSysInfo::machineHostName() ? QStringLiteral("this machine") : host;
+    const QString place = isThisMachine(host) ? QStringLiteral("this machine") : host;
     return QStringLiteral("process %1 on %2").arg(process).arg(place);
 }
 

@@ -10,6 +10,7 @@
 #include <FileName.h>
 #include <MachinesFile.h>
 #include <SlurmJob.h>
+#include <StartFolder.h>
 
 #include <common_CommonSettingsSet.h>
 #include <common_MachineFileFinder.h>
@@ -40,6 +41,21 @@ QString missingMachinesFile(const common_ProcessRunnerBase& runner)
     return QFileInfo(file).isFile() ? QString() : file;
 }
 
+// Components run in the folder of the model. A clause; empty if they can.
+QString folderProblem(const QFileInfo& model)
+{
+    const int length = QDir::toNativeSeparators(model.absolutePath()).size();
+    const int longest = StartFolder::longestPath();
+    return longest > 0 && length > longest
+               ? QStringLiteral("the model %1 cannot be run: the path of its folder has %2 "
+                                "characters, and this system starts no program in a folder whose "
+                                "path has more than %3; move the model to a shorter path")
+                     .arg(model.filePath())
+                     .arg(length)
+                     .arg(longest)
+               : QString();
+}
+
 // What is missing for a set-up, as a clause; empty if nothing is missing.
 QString missingPart(const Component& component, const QFileInfo& model)
 {
@@ -53,6 +69,10 @@ QString missingPart(const Component& component, const QFileInfo& model)
     }
     if (model.isDir()) {
         return QStringLiteral("%1 is a folder and not a model").arg(model.filePath());
+    }
+    const QString folder = folderProblem(model);
+    if (!folder.isEmpty()) {
+        return folder;
     }
     const QString name = QLatin1String(component.name);
     return Installation::program(name).isEmpty()

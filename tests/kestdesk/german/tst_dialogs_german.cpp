@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "GermanWindowTest.h"
 
+#include <ProgramName.h>
+
 #include <QMessageBox>
 #include <QTabWidget>
 
@@ -195,7 +197,7 @@ private Q_SLOTS:
 
     void missingComponent()
     {
-        QVERIFY(QFile::remove(m_stage->program("runkest")));
+        QVERIFY(QFile::remove(m_stage->program("runkest") + text(ProgramName::suffix())));
         check(questionsOf([this] { m_stage->run(m_stage->model("m.nec", "valid")); }),
               "Die Komponente runkest gibt es nicht in ");
     }

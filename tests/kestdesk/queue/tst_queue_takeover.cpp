@@ -8,16 +8,101 @@
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
+#include <QProcess>
 #include <QTemporaryDir>
 #include <QtTest>
 
 #include <atomic>
-#include <csignal>
+#include <chrono>
 #include <memory>
 #include <thread>
+#include <vector>
 
-#include <sys/wait.h>
-#include <unistd.h>
+namespace {
+
+constexpr int runCount = 80;
+constexpr int longTime = 30000; // ms, on a machine with much to do
+
+using Programs = std::vector<std::unique_ptr<QProcess>>;
+
+QString markOfDead(int number)
+{
+    QStringList parts = ProcessMark::own().word().split(QLatin1Char('-'));
+    parts.last() = QString::number(parts.last().toULongLong() + static_cast<quint64>(number));
+    return parts.join(QLatin1Char('-'));
+}
+
+QueuedRun runOf(int number)
+{
+    QueuedRun run;
+    run.component = QStringLiteral("runkest");
+    run.model = QStringLiteral("/%1.nec").arg(number);
+    return run;
+}
+
+// A file with one run.
+void writeRun(const QString& folder, const QString& mark, int number)
+{
+    QFile file(folder + QStringLiteral("/queue-%1.json").arg(mark));
+    const QJsonObject run{{QStringLiteral("component"), QStringLiteral("runkest")},
+                          {QStringLiteral("model"), runOf(number).model}};
+    const QJsonObject runs{{QStringLiteral("runs"), QJsonArray{run}}};
+    const QByteArray content = QJsonDocument(runs).toJson();
+    if (!file.open(QIODevice::WriteOnly) || file.write(content) != content.size()) {
+        qFatal("no queue");
+    }
+}
+
+void writeTaken(const QString& folder)
+{
+    for (int number = 1; number <= runCount; ++number) {
+        writeRun(folder, QStringLiteral("left-%1-%2").arg(number).arg(ProcessMark::own().word()),
+                 number);
+    }
+}
+
+// As a program does that starts.
+void takeOver(QueueFile& file, QVector<QueuedRun>& runs)
+{
+    runs += file.takeLeft().runs;
+    if (!file.write(runs)) {
+        qFatal("%s", qPrintable(file.reason()));
+    }
+}
+
+void say(const char* word)
+{
+    QFile output;
+    if (!output.open(stdout, QIODevice::WriteOnly) || output.write(word) < 0) {
+        qFatal("no output");
+    }
+}
+
+// A program that takes over what it finds, and stays until it is killed. It says when it begins and
+// when it has ended.
+void playProgram(const QString& folder)
+{
+    QueueFile file(folder);
+    QVector<QueuedRun> runs;
+    say("ready\n");
+    takeOver(file, runs);
+    say("done\n");
+}
+
+// A program that has taken runs over, and has not yet removed the files that it took them from.
+void playProgramThatRemovesNothing(const QString& folder)
+{
+    QVector<QueuedRun> runs;
+    for (int number = 1; number <= runCount; ++number) {
+        runs.append(runOf(number));
+    }
+    writeTaken(folder);
+    QueueFile(folder).write(runs);
+    writeTaken(folder);
+    say("ready\n");
+}
+
+} // namespace
 
 // Queues of dead programs, which several programs find at the same time: each run is taken over
 // once, also when one of these programs is killed.
@@ -26,107 +111,50 @@ class tst_queue_takeover : public QObject
     Q_OBJECT
 
 private:
-    static constexpr int runCount = 80;
-
     std::unique_ptr<QTemporaryDir> m_folder;
-
-    static QString markOfDead(int number)
-    {
-        QStringList parts = ProcessMark::own().word().split(QLatin1Char('-'));
-        parts.last() = QString::number(parts.last().toULongLong() + static_cast<quint64>(number));
-        return parts.join(QLatin1Char('-'));
-    }
-
-    static QueuedRun runOf(int number)
-    {
-        QueuedRun run;
-        run.component = QStringLiteral("runkest");
-        run.model = QStringLiteral("/%1.nec").arg(number);
-        return run;
-    }
-
-    // A file with one run.
-    void writeRun(const QString& mark, int number) const
-    {
-        QFile file(m_folder->filePath(QStringLiteral("queue-%1.json").arg(mark)));
-        const QJsonObject run{{QStringLiteral("component"), QStringLiteral("runkest")},
-                              {QStringLiteral("model"), runOf(number).model}};
-        const QJsonObject runs{{QStringLiteral("runs"), QJsonArray{run}}};
-        const QByteArray content = QJsonDocument(runs).toJson();
-        if (!file.open(QIODevice::WriteOnly) || file.write(content) != content.size()) {
-            qFatal("no queue");
-        }
-    }
 
     // A file for each run, of a program each.
     QStringList leaveRuns() const
     {
         QStringList models;
         for (int number = 1; number <= runCount; ++number) {
-            writeRun(markOfDead(number), number);
+            writeRun(m_folder->path(), markOfDead(number), number);
             models.append(runOf(number).model);
         }
         models.sort();
         return models;
     }
 
-    void writeTaken() const
+    void start(QProcess& program, const char* part) const
     {
-        for (int number = 1; number <= runCount; ++number) {
-            writeRun(QStringLiteral("left-%1-%2").arg(number).arg(ProcessMark::own().word()),
-                     number);
-        }
+        program.start(QCoreApplication::applicationFilePath(),
+                      {QString::fromUtf8(part), m_folder->path()});
+        QVERIFY(program.waitForStarted(longTime));
     }
 
-    // A program that has taken runs over, and has not yet removed the files that it took them from.
-    pid_t startProgramThatRemovesNothing() const
+    static void waitFor(QProcess& program, const char* word)
     {
-        const pid_t program = fork();
-        if (program == 0) {
-            QVector<QueuedRun> runs;
-            for (int number = 1; number <= runCount; ++number) {
-                runs.append(runOf(number));
+        do {
+            while (!program.canReadLine()) {
+                QVERIFY2(program.waitForReadyRead(longTime), word);
             }
-            writeTaken();
-            QueueFile(m_folder->path()).write(runs);
-            writeTaken();
-            QFile ready(m_folder->filePath(QStringLiteral("ready")));
-            ready.open(QIODevice::WriteOnly);
-            for (;;) {
-                pause();
-            }
-        }
-        return program;
+        } while (program.readLine().trimmed() != word);
     }
 
-    // As a program does that starts.
-    static void takeOver(QueueFile& file, QVector<QueuedRun>& runs)
+    Programs startPrograms(int count) const
     {
-        runs += file.takeLeft().runs;
-        if (!file.write(runs)) {
-            qFatal("%s", qPrintable(file.reason()));
+        Programs programs;
+        for (int number = 0; number < count; ++number) {
+            programs.push_back(std::make_unique<QProcess>());
+            start(*programs.back(), "program");
         }
+        return programs;
     }
 
-    // A program that takes over what it finds, and stays.
-    pid_t startProgram() const
+    static void kill(QProcess& program)
     {
-        const pid_t program = fork();
-        if (program == 0) {
-            QueueFile file(m_folder->path());
-            QVector<QueuedRun> runs;
-            takeOver(file, runs);
-            for (;;) {
-                pause();
-            }
-        }
-        return program;
-    }
-
-    static void kill(pid_t program)
-    {
-        QCOMPARE(::kill(program, SIGKILL), 0);
-        QCOMPARE(waitpid(program, nullptr, 0), program); // until then it counts as alive
+        program.kill();
+        QVERIFY(program.waitForFinished(longTime)); // until then it counts as alive
     }
 
     static QStringList modelsOf(const QVector<QueuedRun>& runs)
@@ -144,13 +172,24 @@ private:
 private Q_SLOTS:
     void init() { m_folder = std::make_unique<QTemporaryDir>(); }
 
-    void twoProgramsShareTheRuns()
+    void programsShareTheRuns_data()
     {
+        QTest::addColumn<int>("count");
+        QTest::newRow("two") << 2;
+        QTest::newRow("four") << 4;
+    }
+
+    void programsShareTheRuns()
+    {
+        QFETCH(int, count);
         const QStringList models = leaveRuns();
-        const pid_t programs[] = {startProgram(), startProgram()};
-        QTRY_VERIFY_WITH_TIMEOUT(fileCount() <= 2, 30000);
-        for (const pid_t program : programs) {
-            kill(program);
+        const Programs programs = startPrograms(count);
+        for (const auto& program : programs) {
+            waitFor(*program, "done");
+        }
+        QVERIFY2(fileCount() <= count, qPrintable(QString::number(fileCount())));
+        for (const auto& program : programs) {
+            kill(*program);
         }
         QCOMPARE(modelsOf(QueueFile(m_folder->path()).takeLeft().runs), models);
     }
@@ -165,14 +204,16 @@ private Q_SLOTS:
             const QStringList models = leaveRuns();
             QueueFile file(m_folder->path());
             QVector<QueuedRun> taken;
-            const pid_t program = startProgram();
+            QProcess program;
+            start(program, "program");
+            waitFor(program, "ready");
             std::atomic<bool> isOver = false;
             std::thread other([&] {
                 while (!isOver) {
                     takeOver(file, taken);
                 }
             });
-            usleep(random.bounded(longest));
+            std::this_thread::sleep_for(std::chrono::microseconds(random.bounded(longest)));
             kill(program);
             isOver = true;
             other.join();
@@ -190,10 +231,9 @@ private Q_SLOTS:
         QRandomGenerator random = TestRandom::anew();
         for (int round = 0; round < rounds; ++round) {
             m_folder = std::make_unique<QTemporaryDir>();
-            const pid_t program = startProgramThatRemovesNothing();
-            const QString ready = m_folder->filePath(QStringLiteral("ready"));
-            QTRY_VERIFY_WITH_TIMEOUT(QFile::exists(ready), 30000);
-            QVERIFY(QFile::remove(ready));
+            QProcess program;
+            start(program, "program that removes nothing");
+            waitFor(program, "ready");
             QueueFile file(m_folder->path());
             QVector<QueuedRun> taken;
             std::atomic<bool> isOver = false;
@@ -202,7 +242,7 @@ private Q_SLOTS:
                     taken += file.takeLeft().runs;
                 }
             });
-            usleep(random.bounded(longest));
+            std::this_thread::sleep_for(std::chrono::microseconds(random.bounded(longest)));
             kill(program);
             isOver = true;
             other.join();
@@ -214,6 +254,22 @@ private Q_SLOTS:
     }
 };
 
-QTEST_GUILESS_MAIN(tst_queue_takeover)
+int main(int argc, char* argv[])
+{
+    QCoreApplication application(argc, argv);
+    const QStringList arguments = application.arguments();
+    const QString part = arguments.value(1);
+    if (part == QLatin1String("program")) {
+        playProgram(arguments.value(2));
+    } else if (part == QLatin1String("program that removes nothing")) {
+        playProgramThatRemovesNothing(arguments.value(2));
+    } else {
+        tst_queue_takeover test;
+        return QTest::qExec(&test, argc, argv);
+    }
+    for (;;) {
+        std::this_thread::sleep_for(std::chrono::seconds(1));
+    }
+}
 
 #include "tst_queue_takeover.moc"

@@ -2,6 +2,7 @@
 #include "RunStage.h"
 
 #include <ModelLock.h>
+#include <ProgramName.h>
 #include <RecordedRun.h>
 #include <RunRecorder.h>
 
@@ -208,7 +209,7 @@ private Q_SLOTS:
     {
         QTest::addColumn<QString>("removed");
         QTest::addColumn<QString>("problem");
-        QTest::newRow("program") << "home/bin/runkest"
+        QTest::newRow("program") << text("home/bin/runkest") + text(ProgramName::suffix())
                                  << "which the run was started with, is no longer there";
         QTest::newRow("model") << "models/m.nec"
                                << "there is no model ";

@@ -60,7 +60,7 @@ private Q_SLOTS:
         QCOMPARE(column("State"),
                  QStringList({text("not started"), text("fault, SIGKILL"), text("valid")}));
         QCOMPARE(shown(0, "Elapsed"), text("1:15"));
-        QCOMPARE(shown(0, "Folder"), m_stage->desk().path("models"));
+        QCOMPARE(shown(0, "Folder"), QDir::toNativeSeparators(m_stage->desk().path("models")));
     }
 
     void runOfTheWindowIsRecordedAndListedOnce()

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include "../../support/SystemSkips.h"
 #include "Desk.h"
 #include "RecordsStage.h"
 
@@ -306,6 +307,7 @@ private Q_SLOTS:
 
     void batchRunGivesJsonAndNothingElse()
     {
+        SKIP_WITHOUT_SHELL();
         useScript("echo hello; echo '-*-total-percentage-*-100%'; test \"$1\" != bad.nec\n");
         writeFile(m_desk->path("models/good.nec"), "x");
         writeFile(m_desk->path("models/bad.nec"), "x");
@@ -326,6 +328,7 @@ private Q_SLOTS:
     // What was printed more than two seconds before is in the record.
     void runWhoseProgramWasKilledIsInterruptedWithItsMessages()
     {
+        SKIP_WITHOUT_SHELL();
         useScript("echo before; echo '-*-warning-*-hot'; sleep 60\n");
         writeFile(m_desk->path("models/m.nec"), "x");
         QProcess process;
@@ -351,6 +354,7 @@ private Q_SLOTS:
 
     void tableOfARunIsKept()
     {
+        SKIP_WITHOUT_SHELL();
         const QByteArray table = "frequency_MHz,resistance_ohm,reactance_ohm,swr\n1,50,0,1\n";
         useScript("printf '" + QByteArray(table).replace("\n", "\\n") +
                   "' > m.csv; echo '-*-file-*-m.csv'; echo '-*-total-percentage-*-100%'\n");

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "../../support/UnixLines.h"
+
 #include <QDir>
 #include <QFile>
 #include <QProcess>
@@ -65,7 +67,8 @@ public:
         process.write(input.toUtf8());
         process.waitForFinished(60000);
         return {process.exitStatus() == QProcess::NormalExit ? process.exitCode() : -1,
-                process.readAllStandardOutput(), process.readAllStandardError()};
+                unixLines(process.readAllStandardOutput()),
+                unixLines(process.readAllStandardError())};
     }
 
     Result runModel(const QStringList& commands) const

@@ -1,0 +1,5 @@
+// SPDX-License-Identifier: MIT
+#include "ConsoleEncoding.h"
+
+ConsoleEncoding::ConsoleEncoding() = default;
+ConsoleEncoding::~ConsoleEncoding() = default;
