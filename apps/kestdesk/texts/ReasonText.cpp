@@ -91,6 +91,7 @@ public:
         {QT_TR_NOOP("process %1 on %2"), true},
         {QT_TR_NOOP("%1 cannot be ended and goes on"), false},
         {QT_TR_NOOP("cannot start %1: %2"), false},
+        {QT_TR_NOOP("the model %1 cannot be run: the path of its folder has %2 characters, and this system starts no program in a folder whose path has more than %3; move the model to a shorter path"), false},
         {QT_TR_NOOP("the model %1 cannot be run: %2"), false},
         {QT_TR_NOOP("there is no model %1"), false},
         {QT_TR_NOOP("%1 is a folder and not a model"), false},

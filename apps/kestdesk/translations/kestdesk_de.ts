@@ -2328,6 +2328,10 @@ Diesen Rechner verwenden, mit der Zeile „%1“, oder andere nennen?</translati
         <translation>%1 kann nicht gestartet werden: %2</translation>
     </message>
     <message>
+        <source>the model %1 cannot be run: the path of its folder has %2 characters, and this system starts no program in a folder whose path has more than %3; move the model to a shorter path</source>
+        <translation>das Modell %1 kann nicht gerechnet werden: der Pfad seines Ordners hat %2 Zeichen, und dieses System startet kein Programm in einem Ordner, dessen Pfad mehr als %3 hat; verschieben Sie das Modell in einen kürzeren Pfad</translation>
+    </message>
+    <message>
         <source>the model %1 cannot be run: %2</source>
         <translation>das Modell %1 kann nicht gerechnet werden: %2</translation>
     </message>

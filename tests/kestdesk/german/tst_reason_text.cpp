@@ -46,6 +46,12 @@ private Q_SLOTS:
             "/a/m.nec wird bereits gerechnet, von Prozess 7 auf diesem Rechner");
         add("there is no model /a/valid", "das Modell /a/valid gibt es nicht");
         add("there is no model /a/100%2 %1.nec", "das Modell /a/100%2 %1.nec gibt es nicht");
+        add("the model /a/m.nec cannot be run: the path of its folder has 300 characters, and this "
+            "system starts no program in a folder whose path has more than 258; move the model to "
+            "a shorter path",
+            "das Modell /a/m.nec kann nicht gerechnet werden: der Pfad seines Ordners hat 300 "
+            "Zeichen, und dieses System startet kein Programm in einem Ordner, dessen Pfad mehr "
+            "als 258 hat; verschieben Sie das Modell in einen kürzeren Pfad");
         add("the model cannot be written to /a/%2/%1: No space left",
             "das Modell kann nicht nach /a/%2/%1 geschrieben werden: No space left");
         add("the machines file /a names no host; \"kestdesk machines use-local\" lets it name this "
