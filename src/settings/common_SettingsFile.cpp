@@ -318,21 +318,16 @@ QString common_SettingsFile::replace(const QByteArray& content) const
     if (content.size() > common_settings::largestFile) {
         return QStringLiteral("it would become ") + limitText();
     }
-    QElapsedTimer waiting;
-    waiting.start();
-    while (true) {
+    QString reason;
+    repeat([&] {
         QSaveFile file(KEST_binfiles_real_path(m_fileName));
-        if (!file.open(QIODevice::WriteOnly) || file.write(content) != content.size()) {
-            return file.errorString();
-        }
-        if (file.commit()) {
-            return QString();
-        }
-        if (waiting.elapsed() >= FileReplacement::longestWait()) {
-            return file.errorString();
-        }
-        QThread::msleep(replacementPause);
-    }
+        const bool isWritten =
+            file.open(QIODevice::WriteOnly) && file.write(content) == content.size();
+        const bool isReplaced = isWritten && file.commit();
+        reason = isReplaced ? QString() : file.errorString();
+        return isReplaced || !isWritten; // only the replacement is tried again
+    });
+    return reason;
 }
 
 bool common_SettingsFile::keepIfDamaged(const QSettings& settings, const QByteArray& content) const
