@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "ScriptRecorder.h"
 
+#include <Clause.h>
 #include <InputFile.h>
 #include <VisibleText.h>
 #include <WriteAll.h>
@@ -34,7 +35,7 @@ void ScriptRecorder::recordCommand(common_ActivePtr<common_DomainEntity> entity,
         reportError(place.reason()); // a pipe would wait for a reader
     } else if (!file.open(QIODevice::WriteOnly | QIODevice::Append | QIODevice::Unbuffered) ||
                !suite::writeAll(file, line)) {
-        reportError(file.errorString());
+        reportError(suite::clause(file.errorString()));
     }
 }
 

@@ -5,6 +5,7 @@
 #include "common_ProcessRunnerDelivery.h"
 
 #include <ConsoleWindow.h>
+#include <FileReplacement.h>
 #include <LineEnd.h>
 #include <QtVersion.h>
 #include <common_EnvironmentVariablesExt.h>
@@ -366,7 +367,7 @@ void common_ProcessRunnerBase::removeTemporaryFiles(const QVector<QFileInfo>& fi
     const QVector<QFileInfo> files = nextRuns ? filesOfRun : m_temporaryFiles;
     for (const QFileInfo& file : files) {
         if (!nextRuns || !m_temporaryFiles.contains(file)) {
-            QFile::remove(file.absoluteFilePath());
+            FileReplacement::remove(file.absoluteFilePath());
         }
     }
 }

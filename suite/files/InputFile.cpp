@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "InputFile.h"
 
+#include "Clause.h"
 #include "FileName.h"
 
 #include <QFile>
@@ -19,6 +20,21 @@ QString sizeText(qint64 bytes)
                              : QStringLiteral("%1 bytes").arg(bytes);
 }
 
+// Some regular files say that they are empty and are not, and others grow meanwhile. Asking for the
+// most at once would allocate it, for a file of a few bytes, and Windows prepares all of it.
+QByteArray readUpTo(QFile& file, qint64 mostBytes)
+{
+    constexpr qint64 leastPiece = 1 << 14;
+    QByteArray content;
+    qint64 had = -1;
+    while (had < content.size() && content.size() < mostBytes) {
+        had = content.size();
+        const qint64 expected = qMax(file.size() - had + 1, leastPiece);
+        content += file.read(qMin(expected, mostBytes - had));
+    }
+    return content;
+}
+
 } // namespace
 
 InputFile::InputFile(QString path) : m_path(std::move(path))
@@ -35,8 +51,7 @@ std::optional<QByteArray> InputFile::read(qint64 mostBytes)
         fail(Problem::TooLarge, tooLarge);
         return std::nullopt;
     }
-    // Some regular files say that they are empty and are not, and others grow meanwhile.
-    QByteArray content = file.read(mostBytes + 1);
+    QByteArray content = readUpTo(file, mostBytes + 1);
     if (file.error() != QFileDevice::NoError) {
         fail(Problem::Unreadable, file.errorString());
         return std::nullopt;
@@ -113,7 +128,7 @@ bool InputFile::open(QFile& file)
 bool InputFile::fail(Problem problem, const QString& reason)
 {
     m_problem = problem;
-    m_reason = reason;
+    m_reason = clause(reason);
     return problem == Problem::None;
 }
 

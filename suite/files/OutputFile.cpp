@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "OutputFile.h"
 
+#include "Clause.h"
 #include "FileUse.h"
 #include "InputFile.h"
 #include "WriteAll.h"
@@ -37,7 +38,7 @@ bool OutputFile::replace(const QByteArray& content)
 
 bool OutputFile::fail(const QString& reason)
 {
-    m_reason = reason;
+    m_reason = clause(reason);
     return false;
 }
 

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "TemporaryFolder.h"
 
+#include "Clause.h"
 #include "WriteAll.h"
 
 #include <QDir>
@@ -75,7 +76,7 @@ QString TemporaryFolder::writeFile(const QString& path, const QByteArray& conten
 QString TemporaryFolder::unusable(const QString& reason)
 {
     return QStringLiteral("the temporary folder '%1' cannot be used, %2 (TMPDIR %3)")
-        .arg(place(), reason,
+        .arg(place(), clause(reason),
              isChosen() ? QStringLiteral("names it") : QStringLiteral("names another"));
 }
 

@@ -77,6 +77,17 @@ private Q_SLOTS:
         QCOMPARE(file.readStart(4), std::make_optional(content.left(4)));
     }
 
+    void memoryTakenIsThatOfTheContentAndNotOfTheLimit()
+    {
+        const QByteArray content(100000, 'x');
+        const std::optional<QByteArray> few = InputFile(write("few", "EN\n")).read(256 << 20);
+        const std::optional<QByteArray> many = InputFile(write("many", content)).read(256 << 20);
+        QVERIFY(few && many);
+        QCOMPARE(*many, content);
+        QVERIFY2(few->capacity() < 100000, qPrintable(QString::number(few->capacity())));
+        QVERIFY2(many->capacity() < 500000, qPrintable(QString::number(many->capacity())));
+    }
+
     void startOfALargeFileIsRead()
     {
         QFile huge(path("huge"));
@@ -100,8 +111,8 @@ private Q_SLOTS:
         compare(QString(), Problem::Missing, text("no file is named"));
         compare(m_folder->path(), Problem::Folder, text("it is a folder"));
 #ifdef Q_OS_WIN
-        compare(path("none"), Problem::Missing, text("File not found."));
-        compare(write("file", "x") + text("/none"), Problem::Missing, text("Path not found."));
+        compare(path("none"), Problem::Missing, text("File not found"));
+        compare(write("file", "x") + text("/none"), Problem::Missing, text("Path not found"));
 #else
         compare(path("none"), Problem::Missing, text("No such file or directory"));
         compare(write("file", "x") + text("/none"), Problem::Missing, text("Not a directory"));
@@ -137,6 +148,17 @@ private Q_SLOTS:
         compare(text("/proc/self/maps"), Problem::TooLarge, text("it is larger than 100 bytes"));
         QCOMPARE(InputFile(text("/proc/sys/kernel/ostype")).read(limit),
                  std::make_optional(QByteArray("Linux\n")));
+    }
+
+    void longFileThatHidesItsSizeIsReadToItsEnd()
+    {
+        QFile file(text("/proc/kallsyms"));
+        if (!file.open(QIODevice::ReadOnly)) {
+            QSKIP("this system does not show the names in its kernel");
+        }
+        const QByteArray content = file.readAll();
+        QVERIFY(content.size() > (1 << 17));
+        QVERIFY(InputFile(file.fileName()).read(64 << 20) == content);
     }
 
     void sameFileIsKnownByEveryPath()

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "ComponentRun.h"
 
+#include <Clause.h>
+
 #include <QCoreApplication>
 
 namespace suite {
@@ -35,7 +37,7 @@ QString ComponentRun::error() const
         return m_firstError;
     }
     if (!startError().isEmpty()) {
-        return QStringLiteral("'%1' cannot be started, %2").arg(program(), startError());
+        return QStringLiteral("'%1' cannot be started, %2").arg(program(), clause(startError()));
     }
     const QString how =
         hasExited() ? QStringLiteral("'%1' ended with code %2").arg(program()).arg(exitCode())

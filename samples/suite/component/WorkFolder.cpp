@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "WorkFolder.h"
 
+#include <Clause.h>
 #include <PlainText.h>
 
 #include <QCoreApplication>
@@ -113,7 +114,7 @@ bool WorkFolder::takeOver()
         QFile file(mark);
         isOurs = file.open(QIODevice::WriteOnly | QIODevice::NewOnly);
         if (!isOurs) {
-            fail(QStringLiteral("nothing can be written into it, ") + file.errorString());
+            fail(QStringLiteral("nothing can be written into it, ") + clause(file.errorString()));
         }
     } else if (!isOurs) {
         fail(QStringLiteral("it was not made by %1").arg(m_program));

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "PartialFile.h"
 
+#include <Clause.h>
 #include <FileLock.h>
 #include <FileReplacement.h>
 #include <InputFile.h>
@@ -34,7 +35,7 @@ bool PartialFile::openAndLock()
     m_file = std::make_unique<QFile>(m_path);
     if (!m_file->open(QIODevice::ReadWrite | QIODevice::Append | QIODevice::ExistingOnly |
                       QIODevice::Unbuffered)) {
-        return refuse(m_file->errorString());
+        return refuse(clause(m_file->errorString()));
     }
     // On a file system without locks the run continues without one.
     return (FileLock::take(*m_file) && FileLock::isAtItsPath(*m_file)) ||
@@ -59,7 +60,7 @@ bool PartialFile::append(const QByteArray& line)
     char last = '\n';
     const bool isReadable = size == 0 || (m_file->seek(size - 1) && m_file->getChar(&last));
     const QByteArray bytes = last == '\n' ? line : '\n' + line;
-    m_error = isReadable && writeAll(*m_file, bytes) ? QString() : m_file->errorString();
+    m_error = isReadable && writeAll(*m_file, bytes) ? QString() : clause(m_file->errorString());
     return m_error.isEmpty();
 }
 

@@ -3,6 +3,7 @@
 
 #include "EngineOutput.h"
 
+#include <Clause.h>
 #include <InputFile.h>
 #include <TemporaryFolder.h>
 
@@ -43,8 +44,8 @@ void EngineJob::end()
 {
     if (m_error.isEmpty()) {
         if (!startError().isEmpty()) {
-            m_error =
-                QStringLiteral("the engine '%1' cannot be started, %2").arg(m_engine, startError());
+            m_error = QStringLiteral("the engine '%1' cannot be started, %2")
+                          .arg(m_engine, clause(startError()));
         } else {
             readOutput();
         }
