@@ -3,6 +3,7 @@
 
 #include <QDeadlineTimer>
 #include <QDir>
+#include <QFileInfo>
 #include <QThread>
 
 #include <cstddef>
@@ -14,11 +15,20 @@
 
 namespace {
 
-constexpr unsigned long pause = 5; // milliseconds
+constexpr unsigned long pause = 5;    // milliseconds
+constexpr int longestPlainName = 248; // as for folders, which is less than for files
 
+// With the prefix that long names need. Names with the prefix are taken as they are.
 std::wstring nativeName(const QString& path)
 {
-    return QDir::toNativeSeparators(path).toStdWString();
+    const QString name =
+        QDir::toNativeSeparators(QDir::cleanPath(QFileInfo(path).absoluteFilePath()));
+    if (name.size() < longestPlainName) {
+        return name.toStdWString();
+    }
+    const bool isShare = name.startsWith(QLatin1String("\\\\"));
+    return (isShare ? L"\\\\?\\UNC\\" + name.mid(2).toStdWString()
+                    : L"\\\\?\\" + name.toStdWString());
 }
 
 // Until it is done, or fails for another reason than that a program has the file open.

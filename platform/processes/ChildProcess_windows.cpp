@@ -4,6 +4,8 @@
 #include "ConsoleBreak.h"
 
 #include <QProcess>
+#include <QStandardPaths>
+#include <QThread>
 
 #include <windows.h>
 
@@ -73,6 +75,7 @@ public:
 
 private:
     void setChannels();
+    bool startSuspended(const QStringList& words);
     void enterJob() const;
 
     ChildProcess& m_owner;
@@ -119,13 +122,30 @@ bool ChildProcess::Process::start(const QStringList& words)
             makeGroup(arguments);
             arguments->flags |= CREATE_SUSPENDED | priority;
         });
-    QProcess::start(words.first(), words.mid(1));
-    if (!waitForStarted(-1)) {
+    if (!startSuspended(words)) {
         return false;
     }
     enterJob();
     resume(static_cast<DWORD>(processId()));
     return true;
+}
+
+// Sweeps start thousands of processes. Now and then the system refuses one for a reason that
+// passes, such as a virus scanner that has the program's file open.
+bool ChildProcess::Process::startSuspended(const QStringList& words)
+{
+    constexpr int attempts = 4;
+    constexpr unsigned long pause = 25; // ms
+    for (int attempt = 1;; ++attempt) {
+        QProcess::start(words.first(), words.mid(1));
+        if (waitForStarted(-1)) {
+            return true;
+        }
+        if (attempt == attempts || QStandardPaths::findExecutable(words.first()).isEmpty()) {
+            return false;
+        }
+        QThread::msleep(pause);
+    }
 }
 
 void ChildProcess::Process::enterJob() const

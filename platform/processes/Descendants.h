@@ -12,8 +12,8 @@ namespace Descendants {
 /// supports that, so that they can still be found.
 void adoptOrphans();
 
-/// Descendants that are started from now on end with this program, however it ends. Does nothing on
-/// Unix, where each component notices the end of the program that has started it.
+/// Descendants that are started from now on end with this program, however and whenever it ends.
+/// Does nothing on Unix, where each component notices the end of the program that has started it.
 void bindToThisProgram();
 
 /// Calls a function that starts programs which may outlive this one: these do not count as

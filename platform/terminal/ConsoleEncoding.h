@@ -10,8 +10,9 @@ public:
     ConsoleEncoding();
     ConsoleEncoding(const ConsoleEncoding&) = delete;
     ConsoleEncoding& operator=(const ConsoleEncoding&) = delete;
-    ~ConsoleEncoding();
+    ~ConsoleEncoding(); // NOLINT(performance-trivially-destructible): on Unix alone
 
 private:
-    unsigned int m_earlier = 0; ///< of the console, which may outlive this program; 0 without one
+    /// That of the console, which may outlive this program; 0 without one. Used on Windows alone.
+    [[maybe_unused]] unsigned int m_earlier = 0;
 };

@@ -3,6 +3,7 @@
 
 #include "StopReason.h"
 
+#include <Descendants.h>
 #include <StopSignals.h>
 
 #include <QCoreApplication>
@@ -132,6 +133,7 @@ int runComponent(ComponentProgram& program, const QStringList& words)
     if (done) {
         return *done;
     }
+    Descendants::bindToThisProgram(); // even an engine that is just being started
     QObject::connect(&program, &ComponentProgram::finished, QCoreApplication::instance(),
                      &QCoreApplication::exit, Qt::QueuedConnection);
     StopSignals::watch(&program, [&program](int signal) { program.stop(signal); });
