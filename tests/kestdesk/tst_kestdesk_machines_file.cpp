@@ -1,13 +1,12 @@
 // SPDX-License-Identifier: MIT
 #include "BatchTest.h"
 
+#include <SpecialFile.h>
+#include <SystemSkips.h>
+
 #include <QSet>
 
-#include <csignal>
 #include <vector>
-
-#include <sys/stat.h>
-#include <sys/types.h>
 
 // The machines file of runs in the terminal, and their copies of it.
 class tst_kestdesk_machines_file : public BatchTest
@@ -73,6 +72,7 @@ private Q_SLOTS:
     // By "kill -9", which leaves nobody time for anything.
     void whatAKilledProgramLeavesIsClearedAtTheNextStart()
     {
+        SKIP_ON_WINDOWS("components end with the program that has started them");
         writeMachines();
         model("m.nec", "wait");
         model("next.nec", "valid");
@@ -147,6 +147,7 @@ private Q_SLOTS:
 
     void runsAtOnceHaveACopyEach()
     {
+        SKIP_WITHOUT_TERMINATE();
         writeMachines();
         for (int number = 0; number < 900; ++number) { // they come close to each other
             writeFile(m_desk->path(text("user/gui_tmp_machfile_%1").arg(number)), "long.ago:2\n");
@@ -176,7 +177,7 @@ private Q_SLOTS:
             const QByteArray name = 'm' + QByteArray::number(i) + ".nec";
             const QStringList seen = seenArguments(name.constData());
             copies.remove(seen.value(seen.indexOf(text("--machines-file")) + 1));
-            ::kill(pid_t(processes[std::size_t(i)]->processId()), SIGTERM);
+            processes[std::size_t(i)]->terminate();
             QCOMPARE(Desk::resultOf(*processes[std::size_t(i)]).exitCode, 130);
         }
         QCOMPARE(temporaryFiles().size(), 900);
@@ -265,8 +266,7 @@ private Q_SLOTS:
 
     void pipeInPlaceOfTheMachinesFileIsToldOf()
     {
-        const QByteArray pipe = QFile::encodeName(m_desk->path("user/machines.kest"));
-        QVERIFY(mkfifo(pipe.constData(), 0600) == 0);
+        SPECIAL_FILE_OR_SKIP(S_IFIFO, m_desk->path("user/machines.kest"));
         model("m.nec", "valid");
         const Desk::Result result = m_desk->run(batch("--parallel m.nec"));
         QCOMPARE(result.exitCode, 2);

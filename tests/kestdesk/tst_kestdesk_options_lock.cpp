@@ -7,7 +7,6 @@
 
 #include <QSysInfo>
 
-#include <csignal>
 #include <vector>
 
 // Several processes that change the options at once.
@@ -141,7 +140,7 @@ private Q_SLOTS:
             start(writer, text(KESTDESK), {text("options"), text("set"), text("FarmOut=true")});
             QVERIFY(writer.waitForStarted());
             QTest::qSleep(random.bounded(10, 80));
-            QCOMPARE(::kill(static_cast<pid_t>(writer.processId()), SIGKILL), 0);
+            writer.kill();
             const Result next = options({text("set"), text("--wait=0"), text("RunRemote=true")});
             QCOMPARE(next.errors, QString());
             QCOMPARE(next.exitCode, 0);

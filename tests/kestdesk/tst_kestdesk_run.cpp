@@ -2,6 +2,7 @@
 #include "BatchTest.h"
 
 #include <SpecialFile.h>
+#include <SystemSkips.h>
 
 #include <common_ActivePtr.h>
 #include <common_CommonSettingsSet.h>
@@ -219,6 +220,7 @@ private Q_SLOTS:
 
     void withoutAUsersFolderTheUsersSettingsAreTaken()
     {
+        SKIP_ON_WINDOWS("the user's folder is one of the system");
         QFETCH(bool, empty);
         if (empty) {
             m_desk->set("KEST_USER_HOME", QString());
@@ -236,6 +238,7 @@ private Q_SLOTS:
 
     void withoutAnInstallationTheOneBesideTheProgramIsTaken()
     {
+        SKIP_ON_WINDOWS("the installation is the folder above the programs");
         m_desk->unset("KEST_HOME");
         QVERIFY(QDir().mkpath(m_desk->path("bin")));
         QVERIFY(QDir().mkpath(m_desk->path("lib/kest/suite")));

@@ -4,6 +4,7 @@
 
 #include <Descendants.h>
 #include <ProgramName.h>
+#include <SystemSkips.h>
 
 #include <common_IProcessMessage.h>
 
@@ -100,6 +101,7 @@ private Q_SLOTS:
     {
         QFETCH(int, row);
         const RunEnding& ending = runEndings().at(row);
+        SKIP_ENDING_WITHOUT_STOP_REQUESTS(ending);
         prepareRunEnding(ending, m_stage->desk());
         const std::unique_ptr<Run> run = RunStage::makeRunOf(m_stage->desk().path("models/m.nec"));
         const Diary diary(*run);
@@ -231,6 +233,7 @@ private Q_SLOTS:
     // Its end comes later, and no signal with it.
     void runThatIsGivenUpHasEnded()
     {
+        SKIP_WITHOUT_STOP_REQUESTS();
         writeFile(m_stage->desk().path("user/machines.kest"), "localhost:2\n");
         const std::unique_ptr<Run> run = m_stage->makeRun("stubborn");
         const Diary diary(*run);

@@ -2,6 +2,7 @@
 #include "RunStage.h"
 
 #include <Shutdown.h>
+#include <SystemSkips.h>
 
 namespace {
 
@@ -61,6 +62,7 @@ private Q_SLOTS:
 
     void runsThatHaveEndedDoNotCount()
     {
+        SKIP_WITHOUT_STOP_REQUESTS();
         const std::unique_ptr<Run> valid = m_stage->makeRun("valid");
         const std::unique_ptr<Run> waiting = m_stage->makeRun("valid", "waiting.nec");
         m_shutdown->add(*valid);
@@ -93,6 +95,7 @@ private Q_SLOTS:
 
     void secondRequestKillsTheRuns()
     {
+        SKIP_WITHOUT_STOP_REQUESTS();
         const std::unique_ptr<Run> run = startRun("stubborn");
         m_shutdown->request();
         QTest::qWait(50);
@@ -143,6 +146,7 @@ private Q_SLOTS:
 
     void runMayBeDeleted()
     {
+        SKIP_WITHOUT_STOP_REQUESTS();
         std::unique_ptr<Run> run = startRun("wait");
         run.reset(); // its runner asks the component to terminate
         QTRY_COMPARE_WITH_TIMEOUT(m_stage->desk().processes(), QStringList(), 10000);

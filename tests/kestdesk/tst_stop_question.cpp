@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "WindowTest.h"
 
+#include <SystemSkips.h>
+
 #include <QMessageBox>
 #include <QRegularExpression>
 
@@ -73,6 +75,7 @@ private Q_SLOTS:
 
     void keysThatSlipDoNotEndByForce()
     {
+        SKIP_WITHOUT_STOP_REQUESTS();
         startWaitingRun("stubborn");
         {
             const BoxAnswerer willing(WindowStage::agreeing());
@@ -184,6 +187,7 @@ private Q_SLOTS:
 
     void nameThatLooksLikeMarkupIsShownAsItIs()
     {
+        SKIP_WITHOUT_ALL_CHARACTERS_IN_NAMES();
         m_stage->askFromTheStart();
         startWaitingRun("wait", "<b>m.nec");
         Qt::TextFormat format = Qt::AutoText;
@@ -249,11 +253,12 @@ private Q_SLOTS:
         m_stage->pressStop(); // returns without an answer
         QCOMPARE(reader.text, text("Stop m.nec, 0 %?"));
         QVERIFY(reader.box() == nullptr);
-        QCOMPARE(m_stage->state(), Processes::killedState()); // and not stopped
+        QCOMPARE(m_stage->state(), Processes::killed().state); // and not stopped
     }
 
     void questionAboutSeveralRunsNamesThoseThatAreLeft()
     {
+        SKIP_WITHOUT_SIGNALS();
         startWaitingRun("wait", "a.nec");
         m_stage->run(m_stage->model("b.nec", "stubborn"));
         QTRY_COMPARE_WITH_TIMEOUT(m_stage->state(1), text("running"), longTime);
@@ -274,7 +279,7 @@ private Q_SLOTS:
     void windowClosesWhenItsRunsEndBeforeTheAnswer()
     {
         startWaitingRun();
-        const QuestionReader reader([this] { m_stage->endRuns(SIGTERM); });
+        const QuestionReader reader([this] { m_stage->endRuns(SIGKILL); });
         QVERIFY(WindowStage::quits([this] { m_stage->window().close(); }));
         QCOMPARE(reader.text, text("Stop m.nec, 0 %, and quit?"));
         QVERIFY(reader.box() == nullptr);

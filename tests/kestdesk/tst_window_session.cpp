@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "WindowStage.h"
 
+#include <SystemSkips.h>
+
 #include <QFileDialog>
 #include <QTextEdit>
 
@@ -101,6 +103,7 @@ private:
 private Q_SLOTS:
     void runsAreMadeAndStoppedAndTheNextStartIsAsTheLastEnd()
     {
+        SKIP_WITHOUT_STOP_REQUESTS();
         qputenv("KEST_HOME", KEST_SUITE);
         const QString dipole = m_stage.desk().path("models/dipole.nec");
         const QString slow = m_stage.model("long.nec", longModel);

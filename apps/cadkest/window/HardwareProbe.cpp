@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "HardwareProbe.h"
 
+#include <Clause.h>
 #include <VisibleText.h>
 
 #include <QProcess>
@@ -56,7 +57,8 @@ void HardwareProbe::start()
             [this, process] { finish(errorOf(*process)); });
     connect(process, &QProcess::errorOccurred, this, [this, process](QProcess::ProcessError error) {
         if (error == QProcess::FailedToStart) {
-            finish(HardwareProbe::tr("it could not be tried: %1").arg(process->errorString()));
+            finish(HardwareProbe::tr("it could not be tried: %1")
+                       .arg(suite::clause(process->errorString())));
         }
     });
     m_patience.start();

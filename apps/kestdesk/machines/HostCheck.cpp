@@ -3,6 +3,7 @@
 
 #include "RunTexts.h"
 
+#include <Clause.h>
 #include <RemoteShell.h>
 
 #include <QFileInfo>
@@ -86,7 +87,7 @@ void HostCheck::onLookedUp(const QHostInfo& info)
     if (info.error() == QHostInfo::NoError) {
         ask();
     } else {
-        fail(tr("the name does not resolve: %1").arg(info.errorString()));
+        fail(tr("the name does not resolve: %1").arg(suite::clause(info.errorString())));
     }
 }
 
@@ -112,7 +113,8 @@ void HostCheck::onAnswered()
     }
     const QString lastError = lastLine(m_errorOutput);
     if (!m_process.startError().isEmpty()) {
-        fail(tr("cannot start %1: %2").arg(m_process.program(), m_process.startError()));
+        fail(tr("cannot start %1: %2")
+                 .arg(m_process.program(), suite::clause(m_process.startError())));
     } else if (!m_process.hasExited()) {
         fail(tr("%1 crashed").arg(m_process.program()));
     } else if (m_process.exitCode() != 0) {

@@ -5,6 +5,7 @@
 #include "Terminal.h"
 #include "TerminalDevice.h"
 
+#include <Clause.h>
 #include <MachinesFile.h>
 #include <StopSignals.h>
 
@@ -143,8 +144,8 @@ bool MachinesEditor::makeCopy()
     QTemporaryFile copy(file.absolutePath() + QStringLiteral("/machines-edited-XXXXXX.kest"));
     copy.setAutoRemove(false);
     if (!copy.open() || copy.write(m_begun) != m_begun.size() || !copy.flush()) {
-        reportError(
-            Texts::tr("cannot write in %1: %2").arg(file.absolutePath(), copy.errorString()));
+        reportError(Texts::tr("cannot write in %1: %2")
+                        .arg(file.absolutePath(), suite::clause(copy.errorString())));
         copy.remove();
         return false;
     }
@@ -167,8 +168,8 @@ int MachinesEditor::editCopy()
     EditorWait wait(editor);
     editor.start(command.first(), command.mid(1) + QStringList(m_copyName));
     if (!editor.waitForStarted(-1)) {
-        reportError(
-            Texts::tr("cannot start the editor %1: %2").arg(command.first(), editor.errorString()));
+        reportError(Texts::tr("cannot start the editor %1: %2")
+                        .arg(command.first(), suite::clause(editor.errorString())));
         return MachinesFileStore::contentOf(m_copyName) == m_begun
                    ? (QFile::remove(m_copyName), exitImpossible)
                    : keepCopy(Texts::tr("nothing was saved"));

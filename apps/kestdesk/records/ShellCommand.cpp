@@ -2,17 +2,16 @@
 #include "ShellCommand.h"
 
 #include <QDir>
-#include <QRegularExpression>
 
 namespace {
 
-// The path is simplified as at the start of a run.
-QString assignment(const QString& entry)
+// The value is simplified as at the start of a run. An entry without "=" counts for nothing there.
+void add(ShellCommand::Variables& variables, const QString& entry)
 {
     const int sign = entry.indexOf(QLatin1Char('='));
-    return sign < 0 ? QString()
-                    : entry.left(sign).simplified() + QLatin1Char('=') +
-                          ShellCommand::quoted(entry.mid(sign + 1).simplified());
+    if (sign >= 0) {
+        variables.append({entry.left(sign).simplified(), entry.mid(sign + 1).simplified()});
+    }
 }
 
 QStringList argumentsOf(const RunRecord& record)
@@ -21,42 +20,23 @@ QStringList argumentsOf(const RunRecord& record)
     QStringList arguments = record.arguments;
     const int option = arguments.indexOf(QStringLiteral("--machines-file"), behindTheModel);
     if (option >= 0 && option + 1 < arguments.size() && !record.machinesCopy.isEmpty()) {
-        arguments[option + 1] = QDir(record.folder).filePath(record.machinesCopy);
+        arguments[option + 1] =
+            QDir::toNativeSeparators(QDir(record.folder).filePath(record.machinesCopy));
     }
     return arguments;
 }
 
 } // namespace
 
-QString ShellCommand::quoted(const QString& word)
-{
-    static const QRegularExpression plain(
-        QRegularExpression::anchoredPattern(QStringLiteral("[A-Za-z0-9_@%+:,./-]+")));
-    if (plain.match(word).hasMatch()) {
-        return word;
-    }
-    QString inner = word;
-    inner.replace(QLatin1Char('\''), QLatin1String("'\\''"));
-    return QLatin1Char('\'') + inner + QLatin1Char('\'');
-}
-
 QString ShellCommand::of(const RunRecord& record)
 {
-    QStringList words;
+    Variables variables;
     if (!record.installation.isEmpty()) {
-        words.append(assignment(QStringLiteral("KEST_HOME=") + record.installation));
+        add(variables, QStringLiteral("KEST_HOME=") + record.installation);
     }
     for (const QString& entry : record.environment) {
-        const QString word = assignment(entry);
-        if (!word.isEmpty()) {
-            words.append(word);
-        }
+        add(variables, entry);
     }
-    words.append(quoted(record.program));
-    const QStringList arguments = argumentsOf(record);
-    for (const QString& argument : arguments) {
-        words.append(quoted(argument));
-    }
-    return QStringLiteral("cd %1 && %2")
-        .arg(quoted(record.workingDirectory), words.join(QLatin1Char(' ')));
+    return line(QDir::toNativeSeparators(record.workingDirectory), variables,
+                QStringList(QDir::toNativeSeparators(record.program)) + argumentsOf(record));
 }

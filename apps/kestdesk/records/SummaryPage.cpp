@@ -56,7 +56,8 @@ QString exitText(const RunRecord& record)
         const QString meaning = ReasonText::shown(QLatin1String(reason->meaning));
         text += *reason->name == '\0'
                     ? QStringLiteral(": %1").arg(meaning)
-                    : QStringLiteral(", %1: %2").arg(QLatin1String(reason->name), meaning);
+                    : QStringLiteral(", %1: %2")
+                          .arg(ReasonText::shown(QLatin1String(reason->name)), meaning);
     }
     return text;
 }

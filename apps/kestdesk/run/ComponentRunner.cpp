@@ -2,10 +2,10 @@
 #include "ComponentRunner.h"
 
 #include <ConsoleBreak.h>
+#include <FileReplacement.h>
 
 #include <common_ActivePtr.h>
 
-#include <QFile>
 #include <QProcess>
 
 #include <utility>
@@ -51,6 +51,6 @@ void ComponentRunner::removeFiles() const
 {
     const QStringList files = getTemporaryFilenames();
     for (const QString& file : files) {
-        QFile::remove(file);
+        FileReplacement::remove(file);
     }
 }

@@ -19,7 +19,7 @@ constexpr EndReasons::Reason reasons[] = {
     {"STATUS_CONTROL_C_EXIT",         "somebody interrupted it, as Ctrl+C does",                               status(0xC000013A), false, true},
     {"",                              "somebody interrupted it, as Ctrl+C does",                               128 + SIGINT,       false, true},
     {"",                              "somebody interrupted it, as Ctrl+C does",                               128 + SIGTERM,      false, true},
-    {"killed",                        "another program killed it",                                             status(0x0000F291), true,  false},
+    {"killed",                        "another program killed it",                                             status(0x0000F291), true,  false, true},
     {"STATUS_ACCESS_VIOLATION",       "it used memory that it does not have, which is a fault of the program", status(0xC0000005), true,  false},
     {"STATUS_STACK_OVERFLOW",         "its stack overflowed, which is a fault of the program",                 status(0xC00000FD), true,  false},
     {"STATUS_NO_MEMORY",              "the system ran out of memory",                                          status(0xC0000017), true,  false},

@@ -2,7 +2,9 @@
 #include "MachinesCopies.h"
 
 #include "ComponentRunner.h"
+#include "CopyAnnouncement.h"
 
+#include <FileReplacement.h>
 #include <InputFile.h>
 #include <KEST_binfiles.h>
 #include <MachinesFile.h>
@@ -28,8 +30,9 @@
 
 namespace {
 
-constexpr int nameCount = 1000;   // one for each millisecond of a second
-constexpr int longestWait = 3000; // milliseconds
+constexpr int nameCount = 1000;       // one for each millisecond of a second
+constexpr int longestWait = 3000;     // milliseconds
+constexpr qint64 longestSetUp = 3000; // milliseconds from an announcement until there is a copy
 constexpr qint64 largestRecord = 200;
 constexpr qint64 never = -1;
 const QString copyPrefix = QStringLiteral("gui_tmp_machfile_");
@@ -117,15 +120,53 @@ QVector<Ownership> leftCopies(const QString& folder)
     return result;
 }
 
+bool isAsTheMachinesFile(const QString& copy)
+{
+    common_MachineFileFinder finder;
+    return finder.isValid() &&
+           contentOf(copy) == contentOf(finder.getMachineFileInfo()->absoluteFilePath());
+}
+
+// On Windows, a copy has the time of what was copied, but was made at a time of its own.
+qint64 birthOf(const QFileInfo& file)
+{
+    const QDateTime birth = file.birthTime();
+    return birth.isValid() ? birth.toMSecsSinceEpoch() : timeOf(file);
+}
+
+// Whether a program that was killed made this copy after it had announced it, and before the copy
+// had a record.
+bool isOf(const CopyAnnouncement::Left& announcement, const QFileInfo& copy)
+{
+    const qint64 age = birthOf(copy) - announcement.time;
+    return !copy.isSymLink() && age >= 0 && age <= longestSetUp &&
+           QFileInfo(recordOf(copy.filePath())).size() == 0 && RunningProcesses::isOwnFile(copy) &&
+           isAsTheMachinesFile(copy.filePath()) &&
+           !RunningProcesses::haveArgumentEndingWith(QLatin1Char('/') + copy.fileName());
+}
+
+void removeAnnounced(const QString& folder, const CopyAnnouncement::Left& announcement)
+{
+    const QFileInfoList copies =
+        QDir(folder).entryInfoList({copyPrefix + QLatin1Char('*')}, QDir::Files);
+    for (const QFileInfo& copy : copies) {
+        if (isOf(announcement, copy)) {
+            FileReplacement::remove(recordOf(copy.filePath()));
+            FileReplacement::remove(copy.filePath());
+        }
+    }
+    FileReplacement::remove(announcement.path);
+}
+
 // The record is removed first: a new copy of this name can only be made after the old one is
 // removed, and must not find the record of another owner.
 void remove(const Ownership& left)
 {
     const QFileInfo copy(left.copy);
     const bool isTheCopy = copy.isFile() && !copy.isSymLink() && timeOf(copy) == left.time;
-    QFile::remove(left.record);
+    FileReplacement::remove(left.record);
     if (isTheCopy) {
-        QFile::remove(left.copy);
+        FileReplacement::remove(left.copy);
     }
 }
 
@@ -157,13 +198,6 @@ private:
     bool m_isTaken;
 };
 
-bool isAsTheMachinesFile(const QString& copy)
-{
-    common_MachineFileFinder finder;
-    return finder.isValid() &&
-           contentOf(copy) == contentOf(finder.getMachineFileInfo()->absoluteFilePath());
-}
-
 } // namespace
 
 MachinesCopies::MachinesCopies(QString folder) : m_folder(std::move(folder))
@@ -171,7 +205,7 @@ MachinesCopies::MachinesCopies(QString folder) : m_folder(std::move(folder))
 
 void MachinesCopies::removeLeft() const
 {
-    if (leftCopies(m_folder).isEmpty()) {
+    if (leftCopies(m_folder).isEmpty() && CopyAnnouncement::left(m_folder).isEmpty()) {
         return;
     }
     const ClearingLock lock(m_folder);
@@ -181,6 +215,10 @@ void MachinesCopies::removeLeft() const
     const QVector<Ownership> left = leftCopies(m_folder); // read while the lock is held
     for (const Ownership& copy : left) {
         remove(copy);
+    }
+    const QVector<CopyAnnouncement::Left> announced = CopyAnnouncement::left(m_folder);
+    for (const CopyAnnouncement::Left& announcement : announced) {
+        removeAnnounced(m_folder, announcement);
     }
 }
 

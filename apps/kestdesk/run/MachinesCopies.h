@@ -28,7 +28,8 @@ public:
     explicit MachinesCopies(QString folder);
 
     /// Removes the copies that killed programs of this host have left behind, except those that are
-    /// still among the arguments of a process.
+    /// still among the arguments of a process. A copy without a record is removed if its maker
+    /// announced it.
     void removeLeft() const;
 
     /// The times of the copies that exist now.

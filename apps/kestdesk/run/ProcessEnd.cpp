@@ -31,9 +31,12 @@ QString crashText(int code)
 {
     const EndReasons::Reason* const reason = EndReasons::find(true, code);
     const QString number = EndReasons::crashNumber(code);
-    const QString what =
-        reason ? QStringLiteral("%1 (%2)").arg(QLatin1String(reason->name), number) : number;
-    return QStringLiteral("was ended by ") + what + meaningOf(reason);
+    if (!reason) {
+        return QStringLiteral("was ended by ") + number;
+    }
+    const QString form =
+        reason->isDeed ? QStringLiteral("was %1 (%2)") : QStringLiteral("was ended by %1 (%2)");
+    return form.arg(QLatin1String(reason->name), number) + meaningOf(reason);
 }
 
 QString exitText(int code)

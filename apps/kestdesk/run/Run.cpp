@@ -3,6 +3,8 @@
 
 #include "ProcessEnd.h"
 
+#include <Clause.h>
+
 #include <QFileInfo>
 
 #include <utility>
@@ -114,7 +116,7 @@ void Run::onProcessStarted(const QString& /*executable*/, const QStringList& /*a
 void Run::onFailedProcessStarted(const QString& executable, const QStringList& /*arguments*/,
                                  const QString& errorString)
 {
-    m_problem = QStringLiteral("cannot start %1: %2").arg(executable, errorString);
+    m_problem = QStringLiteral("cannot start %1: %2").arg(executable, suite::clause(errorString));
 }
 
 void Run::onProcessMessageReceived(const common_IProcessMessage& message)

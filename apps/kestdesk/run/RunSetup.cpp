@@ -2,6 +2,7 @@
 #include "RunSetup.h"
 
 #include "ComponentRunner.h"
+#include "CopyAnnouncement.h"
 #include "Installation.h"
 #include "LaunchOptionsFile.h"
 #include "MachinesCopies.h"
@@ -70,7 +71,7 @@ QString missingPart(const Component& component, const QFileInfo& model)
     if (model.isDir()) {
         return QStringLiteral("%1 is a folder and not a model").arg(model.filePath());
     }
-    const QString folder = folderProblem(model);
+    QString folder = folderProblem(model);
     if (!folder.isEmpty()) {
         return folder;
     }
@@ -149,6 +150,11 @@ RunSetup::Readiness hostReadiness(const common_ProcessRunnerBase& runner)
                : RunSetup::Readiness{};
 }
 
+bool needsHosts(common_RunWrapper::RunOptions options)
+{
+    return options & (common_RunWrapper::Parallel | common_RunWrapper::FarmOut);
+}
+
 bool lacksMachinesFile(common_RunWrapper::RunOptions options)
 {
     return options.testFlag(common_RunWrapper::Parallel) && !common_MachineFileFinder().isValid();
@@ -174,6 +180,8 @@ RunSetup::Readiness setUp(ComponentRunner& runner, const Target& target,
     for (;;) {
         const QTime begun = QTime::currentTime();
         const MachinesCopies::Times before = copies.times();
+        const auto announcement =
+            needsHosts(target.options) ? std::make_unique<CopyAnnouncement>(userFolder()) : nullptr;
         const bool isSetUp = setUpOnce(runner, target);
         const int made = MachinesCopies::millisecondOf(runner);
         const bool isOwn = copies.claim(runner, before) == MachinesCopies::Claim::Own;
@@ -210,8 +218,7 @@ RunSetup::Readiness RunSetup::apply(ComponentRunner& runner, const Component& co
     QDir().mkpath(userFolder());
     const MachinesCopies copies(userFolder());
     copies.removeLeft();
-    const bool needsHosts = options & (common_RunWrapper::Parallel | common_RunWrapper::FarmOut);
     const auto placeholder =
-        needsHosts ? std::make_unique<MachinesPlaceholder>(userFolder()) : nullptr;
+        needsHosts(options) ? std::make_unique<MachinesPlaceholder>(userFolder()) : nullptr;
     return setUp(runner, {component, options, model, settings}, copies);
 }

@@ -2240,6 +2240,10 @@ Diesen Rechner verwenden, mit der Zeile „%1“, oder andere nennen?</translati
         <translation>ein Programm oder eine Bibliothek, die sie braucht, wurde nicht gefunden</translation>
     </message>
     <message>
+        <source>killed</source>
+        <translation>abgebrochen</translation>
+    </message>
+    <message>
         <source>another program killed it</source>
         <translation>ein anderes Programm hat sie abgebrochen</translation>
     </message>
@@ -2282,6 +2286,10 @@ Diesen Rechner verwenden, mit der Zeile „%1“, oder andere nennen?</translati
     <message>
         <source>was ended by %1 (exception %2): %3</source>
         <translation>wurde durch %1 (Ausnahme %2) beendet: %3</translation>
+    </message>
+    <message>
+        <source>was killed (exception %1): %2</source>
+        <translation>wurde abgebrochen (Ausnahme %1): %2</translation>
     </message>
     <message>
         <source>was ended by signal %1</source>

@@ -3,6 +3,7 @@
 
 #include "Installation.h"
 
+#include <Clause.h>
 #include <VisibleText.h>
 
 #include <QCoreApplication>
@@ -52,7 +53,7 @@ QString SampleModels::copyOf(const QString& sample, QString& problem)
     QFile source(sample);
     if (!source.copy(copy)) {
         problem = Texts::tr("%1 cannot be written: %2")
-                      .arg(suite::visiblePath(copy), source.errorString());
+                      .arg(suite::visiblePath(copy), suite::clause(source.errorString()));
         return QString();
     }
     QFile::setPermissions(copy, QFile::permissions(copy) | QFile::WriteOwner);

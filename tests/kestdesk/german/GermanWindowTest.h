@@ -5,6 +5,7 @@
 
 #include <GermanTexts.h>
 #include <ShownTexts.h>
+#include <pathPattern.h>
 
 #include <Translations.h>
 
@@ -15,11 +16,13 @@ protected:
     static void install()
     {
         Translations::install();
+        QLocale::setDefault(QLocale(QLocale::German)); // dates follow the system's settings
         QCOMPARE(MainWindow::tr("Run ended"), text("Lauf beendet"));
     }
 
     void setUpGerman()
     {
+        qputenv("USER", "anna");
         setUpRecords();
         m_stage->open();
     }
@@ -110,6 +113,7 @@ private:
             {"SIG[A-Z]+",                                                  "names of signals"},
             {R"((Fehler|Warnungen|Hinweise|Dateien) \([0-9]+\))",           "titles with a number"},
             {".* mit [0-9]+ Kernen",                                       "the computer"},
+            {"anna",                                                       "the user"},
             {"SHA-256 [0-9a-f]+",                                          "a checksum"},
             {"[-+] .*",                                                    "a line of a model"},
             {"up|2101: unknown card 'QX'.*",                               "what a component says"},
@@ -121,7 +125,7 @@ private:
         // clang-format on
         QStringList result;
         for (const Row& row : rows) {
-            result.append(text(row.pattern));
+            result.append(pathPattern(text(row.pattern)));
         }
         return result;
     }

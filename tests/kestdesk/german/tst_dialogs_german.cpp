@@ -204,8 +204,11 @@ private Q_SLOTS:
 
     void missingModel()
     {
-        check(questionsOf([this] { m_stage->run(m_stage->desk().path("models/none.nec")); }),
-              "Das Modell /");
+        const QString model = m_stage->desk().path("models/none.nec");
+        const auto questions = questionsOf([this, &model] { m_stage->run(model); });
+        check(questions, "Das Modell ");
+        QCOMPARE(QDir::fromNativeSeparators(questions.constFirst().text),
+                 text("Das Modell %1 gibt es nicht.").arg(model));
     }
 };
 

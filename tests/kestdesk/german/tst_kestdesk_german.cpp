@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "Desk.h"
 
+#include <SystemSkips.h>
+
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
@@ -20,7 +22,7 @@ private:
 
     static void install(const Desk& desk)
     {
-        QVERIFY(QFile::link(text(FAKE_COMPONENT), desk.path("home/bin/runkest")));
+        QVERIFY(Processes::install(text(FAKE_COMPONENT), desk.path("home/bin/runkest")));
         writeFile(desk.path("models/m.nec"), "dies 50 9");
     }
 
@@ -59,6 +61,7 @@ private Q_SLOTS:
 
     void localeOfTheSystemChooses()
     {
+        SKIP_WITHOUT_LANG();
         Desk desk;
         desk.set("LC_ALL", text("de_DE.UTF-8"));
         QVERIFY(desk.run({text("--help")}).output.contains(text("Strg+C stoppt")));
@@ -72,8 +75,7 @@ private Q_SLOTS:
         install(desk);
         const Desk::Result result = run("de", batch(), desk);
         QCOMPARE(result.exitCode, 1);
-        QVERIFY2(result.output.contains(
-                     text("runkest wurde durch SIGKILL (Signal 9) beendet: meist ging dem System")),
+        QVERIFY2(result.output.contains(text("runkest ") + Processes::killed().reasonInGerman),
                  qPrintable(result.output));
         QVERIFY(result.output.contains(text("0 Fehler, 0 Warnungen, 0 Hinweise, 0 Dateien in ")));
         QVERIFY(result.output.endsWith(text("m.nec: fault\n")));
@@ -100,8 +102,8 @@ private Q_SLOTS:
         const QString json = run("de", show, desk).output;
         const QJsonObject record = QJsonDocument::fromJson(json.toUtf8()).object();
         QCOMPARE(record.value(text("state")).toString(), text("fault"));
-        QCOMPARE(record.value(text("outcome")).toString(), text("fault, SIGKILL"));
-        QVERIFY(record.value(text("reason")).toString().startsWith(text("was ended by SIGKILL")));
+        QCOMPARE(record.value(text("outcome")).toString(), Processes::killed().state);
+        QVERIFY(record.value(text("reason")).toString().startsWith(Processes::killed().reason));
         QCOMPARE(run("", show, desk).output, json);
     }
 
@@ -111,10 +113,11 @@ private Q_SLOTS:
         install(desk);
         run("", batch(), desk);
         const QString shown = run("de", {text("runs"), text("show")}, desk).output;
-        for (const char* const part :
-             {"Lauf 1: m.nec, Fehler, SIGKILL\n", "wurde durch SIGKILL (Signal 9) beendet: ",
-              "  Komponente   runkest\n", "  aus          Terminal\n"}) {
-            QVERIFY2(shown.contains(text(part)), qPrintable(shown));
+        for (const QString& part :
+             {text("Lauf 1: m.nec, ") + Processes::killed().stateInGerman + text("\n"),
+              Processes::killed().reasonInGerman, text("  Komponente   runkest\n"),
+              text("  aus          Terminal\n")}) {
+            QVERIFY2(shown.contains(part), qPrintable(shown));
         }
         const QString list = run("de", {text("runs"), text("list")}, desk).output;
         QVERIFY2(list.startsWith(text("Lauf")) && list.contains(text(" fault ")), qPrintable(list));
@@ -126,7 +129,7 @@ private Q_SLOTS:
     {
         Desk desk;
         install(desk);
-        QVERIFY(QFile::remove(desk.path("home/bin/runkest")));
+        QVERIFY(QFile::remove(Processes::installed(desk.path("home/bin/runkest"))));
         const Desk::Result result = run("de", batch(), desk);
         QCOMPARE(result.exitCode, 2);
         QVERIFY2(result.errors.contains(text("die Komponente runkest gibt es nicht in ")),

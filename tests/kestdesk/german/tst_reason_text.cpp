@@ -36,6 +36,11 @@ private Q_SLOTS:
         add("could not start", "konnte nicht starten");
         add("fault, exit code 3", "Fehler, Exit-Code 3");
         add("fault, SIGKILL", "Fehler, SIGKILL");
+        add("fault, signal 40", "Fehler, Signal 40");
+        add("fault, exception 0x0000002a", "Fehler, Ausnahme 0x0000002a");
+        add("fault, killed", "Fehler, abgebrochen");
+        add("was killed (exception 0x0000f291): another program killed it",
+            "wurde abgebrochen (Ausnahme 0x0000f291): ein anderes Programm hat sie abgebrochen");
         add("ended by itself, but reported only 50 % of the run as done",
             "endete von selbst, meldete aber nur 50 % des Laufs als erledigt");
         add("was ended by signal 40", "wurde durch Signal 40 beendet");

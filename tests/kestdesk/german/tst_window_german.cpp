@@ -42,10 +42,11 @@ private Q_SLOTS:
     void runsOfThisSession()
     {
         runUntil("gültig", "files");
-        runUntil("Fehler, SIGKILL", "dies 50 9", "n.nec");
-        QVERIFY2(m_stage->outcomeText().startsWith(
-                     text("runkest von n.nec: Fehler. Die Komponente wurde durch SIGKILL")),
-                 qPrintable(m_stage->outcomeText()));
+        runUntil(qUtf8Printable(Processes::killed().stateInGerman), "dies 50 9", "n.nec");
+        QVERIFY2(
+            m_stage->outcomeText().startsWith(text("runkest von n.nec: Fehler. Die Komponente ") +
+                                              Processes::killed().reasonInGerman),
+            qPrintable(m_stage->outcomeText()));
         runUntil("läuft", "halfway", "o.nec");
         QCOMPARE(foreign(m_stage->window()), QString());
         m_stage->pressStop();

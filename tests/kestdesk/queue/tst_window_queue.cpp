@@ -67,7 +67,7 @@ private Q_SLOTS:
         startWaitingRun();
         QVERIFY(!m_stage->find<QWidget>("queuePanel")->isVisible());
         m_stage->endRuns(SIGKILL);
-        QTRY_COMPARE_WITH_TIMEOUT(m_stage->state(), Processes::killedState(), longTime);
+        QTRY_COMPARE_WITH_TIMEOUT(m_stage->state(), Processes::killed().state, longTime);
     }
 
     void secondRunWaitsForTheFirst()
@@ -79,7 +79,8 @@ private Q_SLOTS:
         QCOMPARE(m_stage->runCount(), 1);
         m_stage->endRuns(SIGKILL);
         QTRY_COMPARE_WITH_TIMEOUT(
-            states(), QStringList({text("m.nec ") + Processes::killedState(), text("b.nec valid")}),
+            states(),
+            QStringList({text("m.nec ") + Processes::killed().state, text("b.nec valid")}),
             longTime);
         QVERIFY(!m_stage->find<QWidget>("queuePanel")->isVisible());
     }

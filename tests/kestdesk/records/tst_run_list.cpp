@@ -2,6 +2,9 @@
 #include "Heartbeat.h"
 #include "RecordsWindowTest.h"
 
+#include <ShellCommand.h>
+#include <SystemSkips.h>
+
 #include <QClipboard>
 #include <QComboBox>
 #include <QDesktopServices>
@@ -212,7 +215,11 @@ private Q_SLOTS:
         const int widest = list()->fontMetrics().horizontalAdvance(text("fault, exit code 255"));
         QVERIFY2(list()->columnWidth(state) >= widest + 16,
                  qPrintable(QString::number(list()->columnWidth(state))));
-        QVERIFY(list()->horizontalHeader()->length() <= list()->viewport()->width());
+        SKIP_UNDER_WINE("the letters are not those of Windows, and wider");
+        QVERIFY2(list()->horizontalHeader()->length() <= list()->viewport()->width(),
+                 qPrintable(text("%1 > %2")
+                                .arg(list()->horizontalHeader()->length())
+                                .arg(list()->viewport()->width())));
     }
 
     void recordsAreDeletedOnceTheUserAgrees()
@@ -253,7 +260,8 @@ private Q_SLOTS:
         QTRY_COMPARE_WITH_TIMEOUT(m_records->archive().numbers().size(), 2, longTime);
         trigger("showAllRunsAction");
         QCOMPARE(m_stage->runCount(), 2);
-        m_stage->endRuns(SIGTERM);
+        const BoxAnswerer willing(WindowStage::agreeing());
+        trigger("stopAction");
         QTRY_COMPARE_WITH_TIMEOUT(m_stage->state(1), text("stopped"), longTime);
     }
 
@@ -264,10 +272,10 @@ private Q_SLOTS:
         waitForRuns(1);
         list()->selectRow(0);
         trigger("copyCommandAction");
-        QCOMPARE(
-            QGuiApplication::clipboard()->text(),
-            text("cd '%1' && '%2' 'it'\\''s.nec' --run-from-gui")
-                .arg(m_stage->desk().path("models"), m_stage->desk().path("home/bin/runkest")));
+        const QString program = QDir::toNativeSeparators(m_stage->desk().path("home/bin/runkest"));
+        QCOMPARE(QGuiApplication::clipboard()->text(),
+                 ShellCommand::line(QDir::toNativeSeparators(m_stage->desk().path("models")), {},
+                                    {program, text("it's.nec"), text("--run-from-gui")}));
     }
 
     void runIsRunAgainExactly()
@@ -279,6 +287,7 @@ private Q_SLOTS:
         QTRY_VERIFY_WITH_TIMEOUT(
             m_records->archive().record(1) && m_records->archive().record(1)->hasEnded(), longTime);
         const QByteArray first = contentOf(model + text(".seen"));
+        QTRY_COMPARE_WITH_TIMEOUT(m_stage->cell(0, "No."), text("1"), longTime);
         list()->selectRow(0);
         trigger("runAgainAction");
         waitForRuns(2);
@@ -330,6 +339,7 @@ private Q_SLOTS:
 
     void thousandRecordsDoNotHoldUpTheWindow()
     {
+        SKIP_WITHOUT_WAITING_TIMES();
         for (int i = 0; i < 1000; ++i) {
             m_records->add(i % 3 == 0 ? "a.nec" : "b.nec",
                            i % 2 == 0 ? State::Valid : State::Fault);
@@ -344,9 +354,9 @@ private Q_SLOTS:
         m_stage->find<QToolButton>("groupRunsButton")->setChecked(true);
         startWaitingRun();
         QTest::qWait(2500); // its times are shown
-        QVERIFY2(heart.longestGap() < Heartbeat::noticeable,
-                 qPrintable(QString::number(heart.longestGap())));
-        m_stage->endRuns(SIGTERM);
+        const qint64 longestGap = heart.longestGap();
+        m_stage->endRuns(SIGKILL);
+        QVERIFY2(longestGap < Heartbeat::noticeable, qPrintable(QString::number(longestGap)));
     }
 
     void folderIsOpened()

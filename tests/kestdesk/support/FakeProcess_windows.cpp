@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "FakeProcess.h"
 
+#include "crashCode.h"
+
 #include <csignal>
 #include <cstdio>
 #include <cstdlib>
@@ -82,13 +84,7 @@ void FakeProcess::startDetachedChild(const char* file)
 
 void FakeProcess::die(int signal)
 {
-    UINT code = 0xF291; // as a process that was killed
-    if (signal == SIGSEGV) {
-        code = static_cast<UINT>(STATUS_ACCESS_VIOLATION);
-    } else if (signal == SIGINT || signal == SIGTERM) {
-        code = static_cast<UINT>(STATUS_CONTROL_C_EXIT);
-    }
-    TerminateProcess(GetCurrentProcess(), code);
+    TerminateProcess(GetCurrentProcess(), static_cast<UINT>(crashCode(signal)));
 }
 
 void FakeProcess::playChild(int argumentCount, char* arguments[])

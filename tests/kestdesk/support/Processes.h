@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "crashCode.h"
+
 #include <QDir>
 #include <QFile>
 #include <QStringList>
@@ -9,16 +11,23 @@
 
 #ifdef Q_OS_WIN
 #include <ConsoleBreak.h>
-
-#include <windows.h>
-
-#include <tlhelp32.h>
+#include <ProcessTable.h>
 
 #define SIGKILL 9 // the C library has none
 #endif
 
 /// The processes of a test: how they are found and killed on each system.
 namespace Processes {
+
+/// What kestdesk says of a run whose component was killed; of sentences, the beginning.
+struct KilledTexts
+{
+    QString state;
+    QString reason;
+    QString meaning; ///< how the reason explains it
+    QString stateInGerman;
+    QString reasonInGerman;
+};
 
 #ifdef Q_OS_WIN
 
@@ -27,11 +36,8 @@ namespace Processes {
 inline QStringList of(const QString& /*mark*/, const QString& folder)
 {
     QStringList result;
-    const HANDLE snapshot = CreateToolhelp32Snapshot(TH32CS_SNAPPROCESS, 0);
-    PROCESSENTRY32W entry = {};
-    entry.dwSize = sizeof entry;
-    for (BOOL more = Process32FirstW(snapshot, &entry); more;
-         more = Process32NextW(snapshot, &entry)) {
+    const auto entries = ProcessTable::entries();
+    for (const PROCESSENTRY32W& entry : entries) {
         const HANDLE process =
             OpenProcess(PROCESS_QUERY_LIMITED_INFORMATION, FALSE, entry.th32ProcessID);
         wchar_t path[1024] = L"";
@@ -45,7 +51,6 @@ inline QStringList of(const QString& /*mark*/, const QString& folder)
         }
         CloseHandle(process);
     }
-    CloseHandle(snapshot);
     return result;
 }
 
@@ -69,10 +74,12 @@ inline void send(int signal, const QStringList& processes)
     }
 }
 
-/// The state of a run whose component was killed.
-inline QString killedState()
+inline KilledTexts killed()
 {
-    return QStringLiteral("fault, killed");
+    return {QStringLiteral("fault, killed"),
+            QStringLiteral("was killed (exception 0x0000f291): another program killed it"),
+            QStringLiteral("another program killed it"), QStringLiteral("Fehler, abgebrochen"),
+            QStringLiteral("wurde abgebrochen (Ausnahme 0x0000f291): ein anderes Programm hat")};
 }
 
 /// Makes a program appear at a path, which is given without the suffix of programs.
@@ -118,10 +125,13 @@ inline void send(int signal, const QStringList& processes)
     }
 }
 
-/// The state of a run whose component was killed.
-inline QString killedState()
+inline KilledTexts killed()
 {
-    return QStringLiteral("fault, SIGKILL");
+    return {QStringLiteral("fault, SIGKILL"),
+            QStringLiteral("was ended by SIGKILL (signal 9): usually"),
+            QStringLiteral("usually the system ran out of memory"),
+            QStringLiteral("Fehler, SIGKILL"),
+            QStringLiteral("wurde durch SIGKILL (Signal 9) beendet: meist ging dem System")};
 }
 
 /// Makes a program appear at a path, which is given without the suffix of programs.

@@ -4,6 +4,7 @@
 #include "Desk.h"
 
 #include <RunOutcome.h>
+#include <SystemSkips.h>
 
 #include <QByteArray>
 #include <QVector>
@@ -52,7 +53,7 @@ inline const QVector<RunEnding>& runEndings()
     // clang-format off
     static const QVector<RunEnding> rows = {
 #ifdef Q_OS_WIN
-        {"all done, killed",            "dies 100 9",       Stop::None,   Kind::Fault,   "killed",        "was ended by killed (exception 0x0000f291): another program killed it"},
+        {"all done, killed",            "dies 100 9",       Stop::None,   Kind::Fault,   "killed",        "was killed (exception 0x0000f291): another program killed it"},
         {"memory that is not there",    "dies 50 11",       Stop::None,   Kind::Fault,   "STATUS_ACCESS_VIOLATION", "it used memory that it does not have"},
         {"somebody else's request",     "dies 50 15",       Stop::None,   Kind::Stopped, "",              "somebody interrupted it, as Ctrl+C does"},
         {"the same, after tidying up",  "ends 50 143",      Stop::None,   Kind::Stopped, "",              "ended with exit code 143: somebody interrupted it"},
@@ -99,6 +100,12 @@ inline const QVector<RunEnding>& runEndings()
     // clang-format on
     return rows;
 }
+
+/// Skips a run that ends well after a request to stop, where it is killed instead.
+#define SKIP_ENDING_WITHOUT_STOP_REQUESTS(ending)                                                  \
+    if ((ending).stop == RunEnding::Stop::Asked && (ending).outcome == RunOutcome::Kind::Valid) {  \
+        SKIP_WITHOUT_STOP_REQUESTS();                                                              \
+    }
 
 /// A row of the test for each of them that is wanted, with its index in the column "row".
 template <typename Wanted>

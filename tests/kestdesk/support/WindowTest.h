@@ -26,7 +26,7 @@ protected:
     {
         m_stage->close();
         QTRY_COMPARE_WITH_TIMEOUT(m_stage->desk().processes(), QStringList(), longTime / 2);
-        QCOMPARE(temporaryFiles(), QStringList());
+        QCOMPARE(temporaryFiles().join(QLatin1Char(' ')), QString());
         m_stage.reset();
     }
 
