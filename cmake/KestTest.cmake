@@ -1,13 +1,13 @@
 # How tests are registered with CTest: each in a sandbox of its own (tests/support/sandboxed), so
 # that the caller's environment plays no part.
 
-# Under the sanitizers, and under Wine, everything takes a multiple of its time.
+# Under the sanitizers, everything takes a multiple of its time.
 set(KEST_TEST_SLOWNESS 1)
 if(KEST_SANITIZERS OR KEST_COVERAGE)
     set(KEST_TEST_SLOWNESS 5)
-elseif(WIN32 AND CMAKE_CROSSCOMPILING) # not optimised, and to start a process takes Wine a while
-    set(KEST_TEST_SLOWNESS 5)
 endif()
+
+set(KEST_WINE_TIMEOUT 360 CACHE STRING "Seconds that a test may take under Wine, where much is slow")
 
 # What a test needs, to choose tests by (ctest -L unit):
 #   unit     nothing: it is quick, and starts no processes and opens no windows
@@ -83,8 +83,13 @@ function(kest_add_test name)
     if(NOT ARG_FUNCTION_TIMEOUT)
         set(ARG_FUNCTION_TIMEOUT 60)
     endif()
-    math(EXPR timeout "${ARG_TIMEOUT} * ${KEST_TEST_SLOWNESS}")
-    math(EXPR function_timeout "${ARG_FUNCTION_TIMEOUT} * ${KEST_TEST_SLOWNESS} * 1000") # ms
+    if(WIN32 AND CMAKE_CROSSCOMPILING)
+        set(timeout ${KEST_WINE_TIMEOUT})
+        math(EXPR function_timeout "${timeout} * 900") # ms
+    else()
+        math(EXPR timeout "${ARG_TIMEOUT} * ${KEST_TEST_SLOWNESS}")
+        math(EXPR function_timeout "${ARG_FUNCTION_TIMEOUT} * ${KEST_TEST_SLOWNESS} * 1000") # ms
+    endif()
     if(KEST_QT_MAJOR GREATER 5)
         # The watchdog of QtTest misses the short moment between two functions on a busy machine, and then
         # goes on with the time of the first. What is left prints the stack before the program is ended.
@@ -128,9 +133,36 @@ if(WIN32)
     list(APPEND KEST_TEST_COMPILE_OPTIONS -O0)
 endif()
 find_program(KEST_LLD ld.lld)
-if(KEST_PRECOMPILED_HEADERS AND KEST_BUILD_TESTS)
-    kest_precompiled_headers(kest_precompiled_for_tests ${KEST_TEST_COMPILE_OPTIONS})
+if(KEST_BUILD_TESTS)
+    find_package(Qt${KEST_QT_MAJOR} ${KEST_QT_MINIMUM} REQUIRED COMPONENTS Test)
 endif()
+if(KEST_PRECOMPILED_HEADERS AND KEST_BUILD_TESTS)
+    kest_precompiled_headers(kest_precompiled_for_tests
+        HEADERS <QtCore/QtCore>
+        OPTIONS ${KEST_TEST_COMPILE_OPTIONS})
+    kest_precompiled_headers(kest_precompiled_for_tests_of_widgets
+        HEADERS <QtTest/QtTest> <QAction> <QApplication> <QComboBox> <QDialog> <QLineEdit> <QMainWindow>
+            <QMessageBox> <QTableView> <QTextEdit> <QWidget>
+        LIBRARIES Qt${KEST_QT_MAJOR}::Test Qt${KEST_QT_MAJOR}::Widgets
+        OPTIONS ${KEST_TEST_COMPILE_OPTIONS})
+endif()
+
+# kest_links_widgets(variable library...): whether what links these libraries links Qt's widgets with them.
+function(kest_links_widgets variable)
+    set(found OFF)
+    foreach(library IN LISTS ARGN)
+        if(library STREQUAL Qt${KEST_QT_MAJOR}::Widgets)
+            set(found ON)
+        elseif(TARGET ${library})
+            get_target_property(libraries ${library} INTERFACE_LINK_LIBRARIES)
+            kest_links_widgets(found ${libraries})
+        endif()
+        if(found)
+            break()
+        endif()
+    endforeach()
+    set(${variable} ${found} PARENT_SCOPE)
+endfunction()
 
 # kest_moc_in(target source): makes the file SOURCE.moc that the source includes. CMake's own AUTOMOC
 # would compile one file more for each program.
@@ -152,7 +184,12 @@ function(kest_test name)
     add_executable(${name} ${name}.cpp ${ARG_SOURCES})
     target_link_libraries(${name} PRIVATE ${ARG_LIBRARIES} Qt${KEST_QT_MAJOR}::Test)
     target_compile_options(${name} PRIVATE ${KEST_TEST_COMPILE_OPTIONS})
-    kest_strict(${name} PRECOMPILED_HEADERS kest_precompiled_for_tests)
+    kest_links_widgets(has_widgets ${ARG_LIBRARIES})
+    if(has_widgets AND NOT "Qt${KEST_QT_MAJOR}::Network" IN_LIST ARG_LIBRARIES) # of which QtTest has more
+        kest_strict(${name} PRECOMPILED_HEADERS kest_precompiled_for_tests_of_widgets)
+    else()
+        kest_strict(${name} PRECOMPILED_HEADERS kest_precompiled_for_tests)
+    endif()
     kest_is_absent(is_absent ${name})
     if(WIN32 AND NOT is_absent)
         add_dependencies(kest_tests ${name})

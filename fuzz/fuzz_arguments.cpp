@@ -52,7 +52,6 @@ void fuzz(FuzzedInput input)
     require(isRefused || request.task.run, "there is something to do, or a refusal says why");
     require(!isRefused || !request.isStandalone, "an answer is no refusal");
     require(!isOfATask || !seen.isBatch || !seen.files.isEmpty(), "a run has a model");
-    require(!isOfATask || !seen.isWindow || seen.files.size() <= 1, "the window takes one model");
     require(!isOfATask || (request.windowSystem == WindowSystem::Display) == seen.isWindow,
             "a display is needed for the window alone");
     for (const QString& file : qAsConst(seen.files)) {

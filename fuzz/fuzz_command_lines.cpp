@@ -163,12 +163,18 @@ QStringList refinement(const Fields& fields)
            words(fields.text("Amrkest.AdvancedOptions"));
 }
 
+// What separates words; a no-break space, for one, belongs to its word.
+bool isWhiteSpace(QChar character)
+{
+    return character.unicode() < 128 && character.isSpace();
+}
+
 // One blank where the host text has any white space; nothing is lost or joined.
 void requireRemoteHost(const Options& options, const QString& host)
 {
     QString blanks = host;
     for (QChar& character : blanks) {
-        character = character.isSpace() ? QLatin1Char(' ') : character;
+        character = isWhiteSpace(character) ? QLatin1Char(' ') : character;
     }
     require(options.getKestRemoteOptions().join(QLatin1Char(' ')) == blanks,
             "the remote host is passed on word by word");
