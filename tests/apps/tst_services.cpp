@@ -5,6 +5,7 @@
 
 #include <ApplicationIdentity.h>
 #include <Services.h>
+#include <SystemSkips.h>
 
 #include <common_DomainEntity.h>
 #include <common_HelpClient.h>
@@ -85,6 +86,7 @@ private Q_SLOTS:
 
     void knowTheApplication()
     {
+        SKIP_ON_WINDOWS("the installation is the folder above the programs");
         qputenv("KEST_HOME", "/installation");
         qputenv("KEST_USER_HOME", "/home/user");
         const Services services(viewer, true);

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include <NativeRun.h>
+#include <SystemSkips.h>
 #include <Text.h>
+#include <UnixLines.h>
 
 #include <QDir>
 #include <QImage>
@@ -50,8 +52,8 @@ private:
         if (!process.waitForFinished(120000) || process.exitStatus() != QProcess::NormalExit) {
             return Result();
         }
-        return {process.exitCode(), QString::fromUtf8(process.readAllStandardOutput()),
-                QString::fromUtf8(process.readAllStandardError())};
+        return {process.exitCode(), QString::fromUtf8(unixLines(process.readAllStandardOutput())),
+                QString::fromUtf8(unixLines(process.readAllStandardError()))};
     }
 
     Result picture(const QStringList& arguments)
@@ -89,7 +91,8 @@ private Q_SLOTS:
         const Result result = picture({model});
         QCOMPARE(result.errors, QString());
         QCOMPARE(result.exitCode, 0);
-        QCOMPARE(result.marked("file"), QStringList{text("-*-file-*-") + path("yagi.png")});
+        QCOMPARE(result.marked("file"),
+                 QStringList{text("-*-file-*-") + QDir::toNativeSeparators(path("yagi.png"))});
         const QImage image(path("yagi.png"));
         QCOMPARE(image.size(), QSize(1280, 800));
         QVERIFY(image.pixelColor(640, 20).lightness() > 200);
@@ -109,6 +112,7 @@ private Q_SLOTS:
 
     void nameThatIsNoTextIsTold()
     {
+        SKIP_WITHOUT_BYTES_IN_ARGUMENTS();
         const NativeRun run =
             NativeRun::of(text(CADKEST), {"--non-interactive", "caf\xe9.nec"}, m_folder->path(),
                           QProcessEnvironment::systemEnvironment());
@@ -168,6 +172,10 @@ private Q_SLOTS:
     void modelsThatCannotBeReadAreTold()
     {
         QFETCH(QString, model);
+        if (model == text("link.nec")) {
+            SKIP_WITHOUT_SYMBOLIC_LINKS();
+            QVERIFY(QFile::link(path("none"), path("link.nec")));
+        }
         QFile empty(path("empty.nec"));
         QVERIFY(empty.open(QIODevice::WriteOnly));
         QFile binary(path("binary.nec"));
@@ -182,7 +190,6 @@ private Q_SLOTS:
         QVERIFY(wireless.open(QIODevice::WriteOnly));
         wireless.write("CE\nGE 0\nFR 0 1 0 0 30 0\nEX 0 1 1 0 1 0\nXQ\nEN\n");
         wireless.close();
-        QVERIFY(QFile::link(path("none"), path("link.nec")));
         QFile old(path("old.png"));
         QVERIFY(old.open(QIODevice::WriteOnly));
         old.write("old");
@@ -206,8 +213,18 @@ private Q_SLOTS:
         old.close();
         QCOMPARE(picture({text("mistakes"), text("--output"), text("old.png")}).exitCode, 1);
         QCOMPARE(bytesOf(path("old.png")), QByteArray("old"));
+        QCOMPARE(picture({text("yagi"), text("--output"), text("old.png")}).exitCode, 0);
+        QCOMPARE(QImage(path("old.png")).size(), QSize(1280, 800));
+    }
 
-        // The file may not grow beyond a few blocks, as on a full disk.
+    // The file may not grow beyond a few blocks.
+    void anOldPictureStaysOnAFullDisk()
+    {
+        SKIP_WITHOUT_SHELL();
+        QFile old(path("old.png"));
+        QVERIFY(old.open(QIODevice::WriteOnly));
+        old.write("old");
+        old.close();
         const Result full =
             run(text("/bin/sh"),
                 {text("-c"), text(R"(ulimit -f 2; exec "$0" "$@")"), text(CADKEST),
@@ -236,7 +253,7 @@ private Q_SLOTS:
         QVERIFY(QDir(m_folder->path()).mkdir(text("folder.png")));
         const Result result = picture({text("yagi"), text("--output"), output});
         QCOMPARE(result.exitCode, 1);
-        QVERIFY(result.marked("error").join(QString()).contains(output));
+        QVERIFY(result.marked("error").join(QString()).contains(QDir::toNativeSeparators(output)));
         QCOMPARE(result.marked("file"), QStringList());
     }
 
@@ -277,6 +294,7 @@ private Q_SLOTS:
 
     void withoutAScreenAWindowIsRefused()
     {
+        SKIP_ON_WINDOWS("there is always a display");
         QProcess process;
         QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
         for (const char* name : {"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM"}) {

@@ -313,7 +313,8 @@ void tst_adaptkest::restartRedoesWhatIsBehind()
 {
     const QTemporaryDir folder;
     QVERIFY(!writeFile(folder.path(), text("m.nec"), adaptiveDipole()).isEmpty());
-    QCOMPARE(runSuite(program(), words("m --keep-files"), folder.path()).exitCode, 0);
+    const SuiteResult whole = runSuite(program(), words("m --keep-files"), folder.path());
+    QVERIFY2(whole.exitCode == 0, qPrintable(whole.bodies(text("error")).join(QLatin1Char('\n'))));
     const QByteArray table = readFile(folder.filePath(text("m.csv")));
     const QString kept = folder.filePath(text("m.adaptkest"));
     const int last = QDir(kept).entryList({text("analysis_*.json")}).size();
@@ -322,7 +323,10 @@ void tst_adaptkest::restartRedoesWhatIsBehind()
                            "garbage")
                      .isEmpty());
     }
-    QCOMPARE(runSuite(program(), words("m --restart 1 --keep-files"), folder.path()).exitCode, 0);
+    const SuiteResult result =
+        runSuite(program(), words("m --restart 1 --keep-files"), folder.path());
+    QVERIFY2(result.exitCode == 0,
+             qPrintable(result.bodies(text("error")).join(QLatin1Char('\n'))));
     QCOMPARE(readFile(folder.filePath(text("m.csv"))), table);
     QCOMPARE(QDir(kept).entryList({text("analysis_*.json")}).size(), last);
 }

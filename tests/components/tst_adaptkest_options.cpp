@@ -5,6 +5,8 @@
 #include "ResultTable.h"
 #include "SuiteRun.h"
 
+#include <SystemSkips.h>
+
 #include <QDir>
 #include <QJsonArray>
 #include <QJsonDocument>
@@ -114,6 +116,9 @@ void tst_adaptkest_options::optionsOfTheFrontEnd_data()
 void tst_adaptkest_options::optionsOfTheFrontEnd()
 {
     QFETCH(QStringList, options);
+    if (options.contains(text("--parallel-authenticate"))) {
+        SKIP_WITHOUT_PARALLEL_RUNS();
+    }
     const QTemporaryDir folder;
     QVERIFY(!writeFile(folder.path(), text("m.nec"), adaptiveDipole()).isEmpty());
     const SuiteResult result =

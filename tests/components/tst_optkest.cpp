@@ -5,6 +5,8 @@
 #include "CommandLine.h"
 #include "ResultTable.h"
 
+#include <SystemSkips.h>
+
 #include <QThread>
 #include <QtTest>
 
@@ -95,7 +97,7 @@ void tst_optkest::commandLines()
 
 void tst_optkest::wordsForTheSolverArePassedOn()
 {
-    const OptkestRun model;
+    const OptkestRun model(OptkestRun::Engine::Plain);
     const SpiedInstallation spied = spiedOptkest();
     const QString options = text("-np 1 --use-gpu 2:0,1 --kest-options --mtl-circuit-export "
                                  "--prekest-options --print-variables "
@@ -105,7 +107,7 @@ void tst_optkest::wordsForTheSolverArePassedOn()
     arguments += options.split(QLatin1Char(' '));
     const SuiteResult result =
         runSuite(spied.program(), arguments, model.folder().path(), model.environment());
-    QCOMPARE(result.exitCode, 0);
+    QVERIFY2(result.exitCode == 0, qPrintable(result.bodies(text("error")).join(QLatin1Char(' '))));
     const QStringList calls = spied.calledWith();
     QCOMPARE(calls.size(), evaluationsOf(result) + 1);
     for (const QString& call : calls) {
@@ -134,10 +136,13 @@ void tst_optkest::dipoleIsTuned()
 {
     QFETCH(QString, options);
     QFETCH(int, rounds);
-    const OptkestRun model;
+    if (!options.isEmpty() && options != text("-np 2")) {
+        SKIP_UNDER_WINE("a tuning takes half a minute, and two of them are enough");
+    }
+    const OptkestRun model(OptkestRun::Engine::Plain);
     QVERIFY(!writeFile(model.folder().path(), text("farm"), "localhost:3\n127.0.0.1\n").isEmpty());
     const SuiteResult result = model.run(options);
-    QCOMPARE(result.exitCode, 0);
+    QVERIFY2(result.exitCode == 0, qPrintable(result.bodies(text("error")).join(QLatin1Char(' '))));
     QCOMPARE(result.bodies(text("error")) + result.bodies(text("warning")), QStringList());
     QVERIFY2(std::abs(tunedValue(result) - resonantValue) < 1e-4 * resonantValue,
              qPrintable(QString::number(tunedValue(result), 'g', 9)));
@@ -159,9 +164,9 @@ void tst_optkest::dipoleIsTuned()
 
 void tst_optkest::allIsEveryProcessorOfThisMachine()
 {
-    const OptkestRun model;
+    const OptkestRun model(OptkestRun::Engine::Plain);
     const SuiteResult result = model.run(text("-np all"));
-    QCOMPARE(result.exitCode, 0);
+    QVERIFY2(result.exitCode == 0, qPrintable(result.bodies(text("error")).join(QLatin1Char(' '))));
     QVERIFY(result.hasText(text(" MHz, %1 at once").arg(QThread::idealThreadCount())));
 }
 
@@ -185,7 +190,7 @@ void tst_optkest::onlyTheValueChanges()
 {
     QFETCH(QByteArray, from);
     QFETCH(QByteArray, to);
-    const OptkestRun model;
+    const OptkestRun model(OptkestRun::Engine::Plain);
     QByteArray deck = readFile(model.path("tune.nec"));
     if (!from.isEmpty()) {
         QVERIFY(deck.contains(from));
@@ -193,7 +198,7 @@ void tst_optkest::onlyTheValueChanges()
         QVERIFY(!writeFile(model.folder().path(), text("tune.nec"), deck).isEmpty());
     }
     const SuiteResult result = model.run(text("-np 4"));
-    QCOMPARE(result.exitCode, 0);
+    QVERIFY2(result.exitCode == 0, qPrintable(result.bodies(text("error")).join(QLatin1Char(' '))));
     QVERIFY(std::abs(tunedValue(result) - resonantValue) < 1e-4);
     QCOMPARE(readFile(model.path("tune.nec")), deck);
     const QByteArray value =
@@ -205,7 +210,7 @@ void tst_optkest::onlyTheValueChanges()
 
 void tst_optkest::resultsAreThoseOfTheTunedModel()
 {
-    const OptkestRun model;
+    const OptkestRun model(OptkestRun::Engine::Plain);
     QCOMPARE(model.run().exitCode, 0);
     QVERIFY(QFile::copy(model.path("tune_opt.nec"), model.path("again.nec")));
     QCOMPARE(runSuite(runkestProgram(), {text("again")}, model.folder().path()).exitCode, 0);
@@ -219,7 +224,7 @@ void tst_optkest::resultsAreThoseOfTheTunedModel()
 
 void tst_optkest::tableHoldsEveryEvaluation()
 {
-    const OptkestRun model;
+    const OptkestRun model(OptkestRun::Engine::Plain);
     const SuiteResult result = model.run(text("-np 2"));
     const QList<QByteArray> lines = readFile(model.path("tune.opt.csv")).split('\n');
     QCOMPARE(lines.first(), QByteArray("run,value,resistance_ohm,reactance_ohm,objective_ohm"));
@@ -246,7 +251,7 @@ void tst_optkest::tableHoldsEveryEvaluation()
 
 void tst_optkest::progressIsTold()
 {
-    const OptkestRun model;
+    const OptkestRun model(OptkestRun::Engine::Plain);
     const SuiteResult result = model.run();
     int before = 0;
     const QStringList totals = result.bodies(text("total-percentage"));

@@ -105,7 +105,8 @@ void tst_runkest::tableIsTheEnginesOwn()
     QFETCH(QByteArray, deck);
     const QTemporaryDir folder;
     QVERIFY(!writeFile(folder.path(), text("m.nec"), deck).isEmpty());
-    QCOMPARE(runModel(text("m"), folder.path()).exitCode, 0);
+    const SuiteResult run = runModel(text("m"), folder.path());
+    QVERIFY2(run.exitCode == 0, qPrintable(run.lines.join(QLatin1Char('\n'))));
     const QStringList arguments = {text("-i"), text("m.nec"), text("-o"), text("engine.out")};
     QCOMPARE(runSuite(text("nec2c"), arguments, folder.path()).exitCode, 0);
 
@@ -193,7 +194,8 @@ void tst_runkest::outputHoldsEveryFrequencyOnce()
 {
     const QTemporaryDir folder;
     QVERIFY(!writeFile(folder.path(), text("m.nec"), dipoleWith(5, manyFrequencies())).isEmpty());
-    QCOMPARE(runModel(text("m"), folder.path()).exitCode, 0);
+    const SuiteResult run = runModel(text("m"), folder.path());
+    QVERIFY2(run.exitCode == 0, qPrintable(run.lines.join(QLatin1Char('\n'))));
     const QByteArray output = readFile(folder.filePath(text("m.out")));
     const QVector<Row> rows = engineTable(output);
     QCOMPARE(rows.size(), 8);

@@ -2,6 +2,7 @@
 #include "SuiteRun.h"
 
 #include <MachinesCases.h>
+#include <SystemSkips.h>
 
 #include <QTemporaryDir>
 
@@ -75,7 +76,11 @@ private Q_SLOTS:
         QVERIFY(QFile::setPermissions(runtime, QFile::ReadOwner | QFile::ExeOwner));
     }
 
-    void verdictIsThatOfTheFrontEnd_data() { addMachinesCases(); }
+    void verdictIsThatOfTheFrontEnd_data()
+    {
+        SKIP_WITHOUT_PARALLEL_RUNS();
+        addMachinesCases();
+    }
 
     void verdictIsThatOfTheFrontEnd()
     {

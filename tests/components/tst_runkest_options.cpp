@@ -3,6 +3,8 @@
 #include "RunkestParts.h"
 #include "SuiteRun.h"
 
+#include <SystemSkips.h>
+
 #include <QDir>
 #include <QProcess>
 #include <QTemporaryDir>
@@ -150,6 +152,7 @@ void tst_runkest_options::twoRunsAtOnce()
 
 void tst_runkest_options::frontEndCommandLine()
 {
+    SKIP_WITHOUT_PARALLEL_RUNS();
     const QTemporaryDir folder;
     QVERIFY(!copyModel(text("dipole.nec"), folder.path()).isEmpty());
     const QString machines = writeFile(folder.path(), text("gui_tmp_machfile_1"), "localhost:2\n");

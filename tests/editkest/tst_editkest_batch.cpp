@@ -6,6 +6,7 @@
 #include <BoxAnswerer.h>
 #include <NativeRun.h>
 #include <SpecialFile.h>
+#include <SystemSkips.h>
 
 #include <QFile>
 #include <QProcess>
@@ -52,6 +53,7 @@ private Q_SLOTS:
 
     void nameThatIsNoTextIsToldInTheTerminal()
     {
+        SKIP_WITHOUT_BYTES_IN_NAMES();
         const NativeRun run =
             NativeRun::of(QStringLiteral(EDITKEST_PROGRAM), {"--non-interactive", "caf\xe9.nec"},
                           m_folder->path(), QProcessEnvironment::systemEnvironment());
@@ -188,6 +190,7 @@ private Q_SLOTS:
 
     void modelWithBlanksInItsPathIsOpened()
     {
+        SKIP_WITHOUT_ALL_CHARACTERS_IN_NAMES();
         QFETCH(QString, argument);
         QVERIFY(QDir(m_folder->path()).mkdir(QStringLiteral("my models")));
         write(m_folder->filePath(QStringLiteral("my models/a [*] dipole.nec")), goodDeck);

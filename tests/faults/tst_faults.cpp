@@ -59,6 +59,12 @@ private:
     {
         write(path("table"), table);
         QProcess process;
+        // A sanitizer would report the crash, and end the program in order.
+        QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+        environment.insert(QStringLiteral("ASAN_OPTIONS"),
+                           environment.value(QStringLiteral("ASAN_OPTIONS")) +
+                               QStringLiteral(":handle_segv=0"));
+        process.setProcessEnvironment(environment);
         process.start(QStringLiteral(FAULTS),
                       QStringList{QStringLiteral("--table"), path("table"),
                                   QStringLiteral("--programs"), path("programs"),

@@ -34,7 +34,7 @@ void withRunningChild(const std::function<void(Runner&)>& misuse)
 {
     Runner runner;
     runner.setExecutable(QStringLiteral(KEST_TEST_CHILD));
-    runner.setArguments({QStringLiteral("sleep"), QStringLiteral("10000")});
+    runner.setArguments({QStringLiteral("sleep"), QStringLiteral("3000")});
     if (runner.run()) {
         misuse(runner);
     }

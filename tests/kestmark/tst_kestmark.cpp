@@ -190,8 +190,13 @@ private Q_SLOTS:
         row({text("check"), text("--json"), good}, 0);
         row({text("check"), bad}, 1);
         row({text("check"), bad, text("--json")}, 1);
-        row({text("check"), text("/no such file")}, 2,
-            "kestmark: cannot read /no such file: No such file or directory\n");
+#ifdef Q_OS_WIN
+        const char* const missing = "kestmark: cannot read /no such file: File not found\n";
+#else
+        const char* const missing =
+            "kestmark: cannot read /no such file: No such file or directory\n";
+#endif
+        row({text("check"), text("/no such file")}, 2, missing);
         row({text("check"), text("/")}, 2, "kestmark: cannot read /: it is a folder\n");
 #ifndef Q_OS_WIN
         row({text("check"), text("/dev/zero")}, 2,
@@ -218,6 +223,7 @@ private Q_SLOTS:
 
     void standardInputThatCannotBeReadIsTold()
     {
+        SKIP_WITHOUT_SHELL();
         const Result result = shell(text("\"$0\" check --json - </"));
         QCOMPARE(result.exitCode, 2);
         QVERIFY2(result.errors.startsWith(text("kestmark: cannot read the standard input: ")),
@@ -228,6 +234,7 @@ private Q_SLOTS:
 
     void resultThatCannotBeWrittenIsAFailure()
     {
+        SKIP_WITHOUT_FULL_DEVICE();
         const Result result =
             shell(text("echo '-*-total-percentage-*-100%' | \"$0\" check >/dev/full"));
         QCOMPARE(result.errors, text("kestmark: the output could not be written\n"));
@@ -256,8 +263,6 @@ private Q_SLOTS:
         QProcess process;
         process.start(text(KESTMARK), {text("check"), text("-")});
         process.write("Solving\n");
-        QTRY_VERIFY_WITH_TIMEOUT(process.bytesAvailable() > 0 || !process.waitForReadyRead(100),
-                                 30000);
         QByteArray output;
         QTRY_VERIFY_WITH_TIMEOUT((output += process.readAllStandardOutput()).contains("Solving"),
                                  30000);
@@ -268,6 +273,7 @@ private Q_SLOTS:
 
     void needsNeitherDisplayNorInstallation()
     {
+        SKIP_WITHOUT_SHELL();
         const Result result =
             shell(text("echo '-*-total-percentage-*-100%' | env -u DISPLAY -u QT_QPA_PLATFORM "
                        "KEST_HOME=/none KEST_USER_HOME=/none TMPDIR=/none \"$0\" check"));
@@ -317,6 +323,7 @@ private Q_SLOTS:
 
     void messagesAreThoseOfTheRunner()
     {
+        SKIP_WITHOUT_SHELL();
         QFETCH(QByteArray, output);
         const QString path = write(output);
         const QMap<QString, QStringList> found =

@@ -1,8 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "HardLink.h"
 #include "ViewerStage.h"
+#include "missingFileReason.h"
 
 #include <BoxAnswerer.h>
+#include <SystemSkips.h>
 
 #include <QAction>
 #include <QStatusBar>
@@ -61,7 +63,7 @@ private Q_SLOTS:
     {
         open({path("first run.csv"), path("second.csv")});
         QVERIFY(QFile::remove(path("second.csv")));
-        QTRY_VERIFY(list()->item(1)->toolTip().contains(QStringLiteral("No such file")));
+        QTRY_VERIFY(list()->item(1)->toolTip().contains(missingFileReason()));
         QCOMPARE(curveCount(), 1);
         write("second.csv", header + "100,1,2,3\n500,5,6,7\n");
         QTRY_COMPARE(curveCount(), 2);
@@ -121,12 +123,19 @@ private Q_SLOTS:
     void exportNeverReplacesAResult()
     {
         QFETCH(QString, target);
+        const bool hasLinks =
+            target.startsWith(QLatin1String("link")) || target.contains(QLatin1String("/up/"));
+        if (hasLinks) {
+            SKIP_WITHOUT_SYMBOLIC_LINKS();
+        }
         write("bad.csv", "frequency_MHz\nnothing");
         write("third.csv", header + "1,1,1,1\n");
         write("gone.csv", header + "1,1,1,1\n");
         QVERIFY(QDir(m_folder->path()).mkdir(QStringLiteral("inner")));
-        QVERIFY(QFile::link(path("first run.csv"), path("link.csv")));
-        QVERIFY(QFile::link(m_folder->path(), path("inner/up")));
+        if (hasLinks) {
+            QVERIFY(QFile::link(path("first run.csv"), path("link.csv")));
+            QVERIFY(QFile::link(m_folder->path(), path("inner/up")));
+        }
         QVERIFY(HardLink::make(path("first run.csv"), path("hard.csv")));
         open({path("first run.csv"), path("second.csv"), path("bad.csv"), path("gone.csv")});
         list()->item(0)->setCheckState(Qt::Unchecked);
@@ -143,7 +152,7 @@ private Q_SLOTS:
         QCOMPARE(contentOf(file), before);
         QVERIFY2(box.texts.join(QLatin1Char('|')).contains(QStringLiteral("is not overwritten")),
                  qPrintable(box.texts.join(QLatin1Char('|'))));
-        QCOMPARE(QFileInfo(path("link.csv")).isSymLink(), true);
+        QCOMPARE(QFileInfo(path("link.csv")).isSymLink(), hasLinks);
     }
 };
 

@@ -2,6 +2,7 @@
 #include "LineRunner.h"
 
 #include <RecordingObserver.h>
+#include <SystemSkips.h>
 
 #include <common_ProcessRunnerBase.h>
 
@@ -153,6 +154,9 @@ private Q_SLOTS:
         QFETCH(QStringList, commands);
         QFETCH(bool, crash);
         QFETCH(int, code);
+        if (crash) {
+            SKIP_WITHOUT_SIGNALS();
+        }
         LineRunner runner;
         setUp(runner, commands);
         QVERIFY(!runner.crashExit());
@@ -264,6 +268,7 @@ private Q_SLOTS:
 
     void stopProcessAsksToTerminate()
     {
+        SKIP_WITHOUT_TERMINATE();
         LineRunner runner;
         const RecordingObserver observer(&runner);
         setUp(runner, words("out up\\n sleep 60000"));
@@ -280,6 +285,7 @@ private Q_SLOTS:
 
     void requestToStopIsOfOneRunOnly()
     {
+        SKIP_WITHOUT_TERMINATE();
         LineRunner runner;
         runner.stopProcess();
         QVERIFY(!runner.isStopRequested());

@@ -38,10 +38,16 @@ inline bool write(const QString& name, const QByteArray& content)
     return file.open(QIODevice::WriteOnly) && file.write(content) == content.size();
 }
 
-inline QByteArray contentOf(const QString& name)
+inline QByteArray bytesOf(const QString& name)
 {
     QFile file(name);
-    return file.open(QIODevice::ReadOnly) ? unixLines(file.readAll()) : QByteArray("no such file");
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("no such file");
+}
+
+/// With the line ends of Unix.
+inline QByteArray contentOf(const QString& name)
+{
+    return unixLines(bytesOf(name));
 }
 
 inline QVariant storedValue(const QString& file, const QString& key)

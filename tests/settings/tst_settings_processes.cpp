@@ -1,10 +1,13 @@
 // SPDX-License-Identifier: MIT
+#include "UnixSettings.h"
+
 #include <FakeServices.h>
 #include <MarkedFolders.h>
 #include <SettingsObjects.h>
 #include <SettingsProcess.h>
 #include <Stopwatch.h>
 #include <TestRandom.h>
+#include <UnixLines.h>
 
 #include <common_ComponentsLaunchOptions.h>
 
@@ -33,7 +36,7 @@ using Processes = std::vector<std::unique_ptr<SettingsProcess>>;
 QByteArray contentOf(const QString& name)
 {
     QFile file(name);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("no such file");
+    return file.open(QIODevice::ReadOnly) ? unixLines(file.readAll()) : QByteArray("no such file");
 }
 
 QString keyOf(int writer)
@@ -60,7 +63,13 @@ class tst_settings_processes : public QObject
 
 private Q_SLOTS:
     // Processes that are killed leave their temporary files.
-    void initTestCase() { QVERIFY(qputenv("TMPDIR", QFile::encodeName(m_temporary.path()))); }
+    void initTestCase()
+    {
+        for (const char* name : {"TMPDIR", "TMP"}) { // of Unix, and of Windows
+            QVERIFY(qputenv(name, QFile::encodeName(m_temporary.path())));
+        }
+        QCOMPARE(QDir::tempPath(), m_temporary.path());
+    }
 
     void init()
     {
@@ -88,7 +97,7 @@ private Q_SLOTS:
         for (int writer = 0; writer < writers; ++writer) {
             expected += keyOf(writer).toLatin1() + '=' + QByteArray::number(rounds) + '\n';
         }
-        QCOMPARE(contentOf(m_file), expected);
+        QCOMPARE(unixSettings(contentOf(m_file)), expected);
     }
 
     void writersWithoutTheLockLoseNothingAndWaitLittle()
@@ -106,7 +115,8 @@ private Q_SLOTS:
             QVERIFY(milliseconds >= 0);
             slowest = qMax(slowest, milliseconds);
             // On a loaded machine a write may have to wait for too long. It is told then.
-            const QList<QByteArray> lines = process->readAllStandardError().trimmed().split('\n');
+            const QList<QByteArray> lines =
+                unixLines(process->readAllStandardError()).trimmed().split('\n');
             for (const QByteArray& line : lines) {
                 const bool isRefusal =
                     line.endsWith(" was not written: somebody else is writing it.");

@@ -6,19 +6,20 @@
 #include <QCoreApplication>
 #include <QProcess>
 #include <QString>
+#include <QStringList>
 
 /// Runs the test program itself once more, to do in a process of its own what would end this one
 /// or needs another application object: main() looks at taskOfThisRun() first.
 class ChildRun
 {
 public:
-    explicit ChildRun(const QString& task)
+    explicit ChildRun(const QString& task, const QStringList& arguments = {})
     {
         QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
         environment.insert(QLatin1String(variable), task);
         environment.insert(QStringLiteral("ASAN_OPTIONS"), QStringLiteral("detect_leaks=0"));
         m_process.setProcessEnvironment(environment);
-        m_process.start(QCoreApplication::applicationFilePath(), QStringList());
+        m_process.start(QCoreApplication::applicationFilePath(), arguments);
         m_isOver = m_process.waitForFinished();
         m_output = QString::fromUtf8(unixLines(m_process.readAllStandardOutput()));
         m_error = QString::fromUtf8(unixLines(m_process.readAllStandardError()));

@@ -20,6 +20,7 @@
 //   wait-for-file NAME        until there is such a file
 //   read-input                standard input to its end, and writes how many bytes there were
 //   touch NAME                makes an empty file
+//   remove NAME               removes the file NAME
 //   leave-grandchild TEXT NAME
 //                             a process of its own that waits for the file NAME, writes TEXT on the
 //                             same channels, and removes the file
@@ -203,8 +204,24 @@ void leaveGrandchild(const std::string& text, const std::string& file)
         std::_Exit(0);
     }
 #else
-    (void)text;
-    (void)file;
+    constexpr int longest = 1024;
+    wchar_t self[longest] = L"";
+    GetModuleFileNameW(nullptr, self, longest);
+    const auto quoted = [](const std::string& word) {
+        return L" \"" + std::filesystem::u8path(word).wstring() + L'"';
+    };
+    // It inherits the channels.
+    std::wstring line = L'"' + std::wstring(self) + L"\" wait-for-file" + quoted(file) + L" out" +
+                        quoted(text) + L" remove" + quoted(file);
+    STARTUPINFOW start = {};
+    start.cb = sizeof start;
+    PROCESS_INFORMATION grandchild = {};
+    if (!CreateProcessW(self, line.data(), nullptr, nullptr, TRUE, 0, nullptr, nullptr, &start,
+                        &grandchild)) {
+        std::_Exit(EXIT_FAILURE);
+    }
+    CloseHandle(grandchild.hProcess);
+    CloseHandle(grandchild.hThread);
 #endif
 }
 
@@ -234,6 +251,7 @@ const std::map<std::string, Command>& commands()
         {"wait-for-file",    {1, [](const Arguments& a) { waitForFile(a[0]); }}},
         {"read-input",       {0, [](const Arguments&)   { readInput(); }}},
         {"touch",            {1, [](const Arguments& a) { std::ofstream(a[0]).flush(); }}},
+        {"remove",           {1, [](const Arguments& a) { std::filesystem::remove(std::filesystem::u8path(a[0])); }}},
         {"leave-grandchild", {2, [](const Arguments& a) { leaveGrandchild(a[0], a[1]); }}},
         {"crash",            {0, [](const Arguments&)   { std::abort(); }}},
         {"signal",           {1, [](const Arguments& a) { std::raise(std::stoi(a[0])); }}},
@@ -277,6 +295,19 @@ Arguments commandsOf(const Arguments& arguments)
 
 #ifdef _WIN32
 
+// In UTF-8; those of main() are in the code page.
+Arguments argumentsOf(int /*argc*/, char* /*argv*/[])
+{
+    int count = 0;
+    wchar_t** const words = CommandLineToArgvW(GetCommandLineW(), &count);
+    Arguments result;
+    for (int i = 1; i < count; ++i) {
+        result.push_back(std::filesystem::path(words[i]).u8string());
+    }
+    LocalFree(words);
+    return result;
+}
+
 // Its file without the suffix of programs.
 std::wstring ownName()
 {
@@ -309,6 +340,13 @@ void tellOfLaunch(int argc, char* argv[])
     told << (passed ? passed : "unset") << "\nend\n";
 }
 
+#else
+
+Arguments argumentsOf(int argc, char* argv[])
+{
+    return Arguments(argv + 1, argv + argc);
+}
+
 #endif
 
 } // namespace
@@ -323,7 +361,7 @@ int main(int argc, char* argv[])
     _setmode(_fileno(stdout), _O_BINARY);
     _setmode(_fileno(stderr), _O_BINARY);
 #endif
-    const Arguments arguments = commandsOf(Arguments(argv + 1, argv + argc));
+    const Arguments arguments = commandsOf(argumentsOf(argc, argv));
     for (auto argument = arguments.cbegin(); argument != arguments.cend();) {
         const std::string name = *argument++;
         if (name == "arguments") {

@@ -11,6 +11,7 @@
 #include <Text.h>
 #include <Translations.h>
 #include <ViewerWindow.h>
+#include <pathPattern.h>
 
 #include <QTemporaryDir>
 #include <QtTest>
@@ -117,12 +118,12 @@ private:
     static QStringList allowed()
     {
         return {text("(■ )?good|bad"),
-                text("/[^ ]*/bad.csv"),
+                pathPattern(text("/[^ ]*/bad.csv")),
                 text("it is no table of results.*"),
                 text("postkest"),
                 text(".*good \\(.*postkest"),
                 text(".*good.csv \\(.*postkest"),
-                text(".*/good.csv"),
+                pathPattern(text(".*/good.csv")),
                 text("<table>.*MHz.*"),
                 text("<font .*good.*"),
                 text("[0-9]+ .*\\.csv")};

@@ -4,6 +4,7 @@
 
 #include <BoxAnswerer.h>
 #include <DialogStage.h>
+#include <SystemSkips.h>
 
 #include <QScrollBar>
 #include <QtTest>
@@ -95,6 +96,7 @@ void tst_common_KestProcessDialogRuns::caresForNoExitCode()
 
 void tst_common_KestProcessDialogRuns::losesItsParent()
 {
+    SKIP_UNDER_WINE("a flood of output keeps other events waiting, which is not mended yet");
     auto window = std::make_unique<QWidget>();
     const DialogStage stage(window.get());
     QVERIFY(stage.run(words("flood 100000000 55")));

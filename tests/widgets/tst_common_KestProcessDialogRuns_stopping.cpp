@@ -4,6 +4,7 @@
 
 #include <BoxAnswerer.h>
 #include <DialogStage.h>
+#include <SystemSkips.h>
 
 #include <QtTest>
 
@@ -81,6 +82,7 @@ void tst_common_KestProcessDialogRuns_stopping::stopsWhenTheAnswerIsYes_data()
 
 void tst_common_KestProcessDialogRuns_stopping::stopsWhenTheAnswerIsYes()
 {
+    SKIP_WITHOUT_TERMINATE();
     QFETCH(Way, way);
     const DialogStage stage;
     QVERIFY(stage.run(words(asleep)));
@@ -214,6 +216,7 @@ void tst_common_KestProcessDialogRuns_stopping::stopIsReachedByTheKeyboard()
 
 void tst_common_KestProcessDialogRuns_stopping::okStopsWithoutAsking()
 {
+    SKIP_WITHOUT_TERMINATE();
     const DialogStage stage;
     QVERIFY(stage.run(words(asleep)));
     BoxAnswerer answerer(no());
@@ -267,6 +270,7 @@ void tst_common_KestProcessDialogRuns_stopping::endsWhileTheQuestionIsOpen()
 
 void tst_common_KestProcessDialogRuns_stopping::stopsDuringAFlood()
 {
+    SKIP_WITHOUT_TERMINATE();
     const DialogStage stage;
     QVERIFY(stage.run(words("flood 100000000 55")));
     stage.openDetails();
@@ -280,6 +284,7 @@ void tst_common_KestProcessDialogRuns_stopping::stopsDuringAFlood()
 
 void tst_common_KestProcessDialogRuns_stopping::isClosedDuringAFlood()
 {
+    SKIP_WITHOUT_TERMINATE();
     const DialogStage stage;
     QVERIFY(stage.run(words("flood 100000000 55")));
     stage.openDetails();
@@ -292,6 +297,7 @@ void tst_common_KestProcessDialogRuns_stopping::isClosedDuringAFlood()
 
 void tst_common_KestProcessDialogRuns_stopping::isDestroyedDuringAFlood()
 {
+    SKIP_WITHOUT_TERMINATE();
     const DialogStage stage;
     QVERIFY(stage.run(words("flood 100000000 55")));
     stage.openDetails();
@@ -323,6 +329,7 @@ void tst_common_KestProcessDialogRuns_stopping::isDestroyedWhileTheQuestionIsOpe
 
 void tst_common_KestProcessDialogRuns_stopping::isClosedWhileTheQuestionIsOpen()
 {
+    SKIP_WITHOUT_TERMINATE();
     const DialogStage stage;
     QVERIFY(stage.run(words(asleep)));
     BoxAnswerer answerer([&](QMessageBox& box) {
@@ -361,6 +368,7 @@ void tst_common_KestProcessDialogRuns_stopping::isClosedWhileASecondDialogRuns()
 
 void tst_common_KestProcessDialogRuns_stopping::isClosedWithASecondDialogOfTheSameRunner()
 {
+    SKIP_WITHOUT_TERMINATE();
     const DialogStage stage;
     const std::unique_ptr<common_KestProcessDialog> second =
         std::make_unique<common_KestProcessDialog>(stage.runner, nullptr);

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
-#include "ProgramList.h"
-
 #include <Desk.h>
+#include <ProcessTable.h>
 
 #include <ConsoleBreak.h>
 #include <StartFolder.h>
@@ -62,8 +61,8 @@ private:
         writeFile(m_desk->path("models/long.nec"), longModel());
         ConsoleBreak::prepare(process);
         m_desk->start(process, {text("--non-interactive"), text("long.nec")});
-        QTRY_VERIFY_WITH_TIMEOUT(ProgramList::count(engine) > 0, patience);
-        QVERIFY(ProgramList::count(runkest) > 0);
+        QTRY_VERIFY_WITH_TIMEOUT(ProcessTable::count(engine) > 0, patience);
+        QVERIFY(ProcessTable::count(runkest) > 0);
     }
 
 private Q_SLOTS:
@@ -71,7 +70,7 @@ private Q_SLOTS:
     {
         m_desk = std::make_unique<Desk>();
         m_desk->set("KEST_HOME", text(KEST_SUITE));
-        QTRY_COMPARE_WITH_TIMEOUT(ProgramList::count(engine), 0, patience);
+        QTRY_COMPARE_WITH_TIMEOUT(ProcessTable::count(engine), 0, patience);
     }
     void cleanup() { m_desk.reset(); }
 
@@ -119,8 +118,8 @@ private Q_SLOTS:
         startLongRun(process);
         process.kill();
         QVERIFY(process.waitForFinished(patience));
-        QTRY_COMPARE_WITH_TIMEOUT(ProgramList::count(engine), 0, patience);
-        QTRY_COMPARE_WITH_TIMEOUT(ProgramList::count(runkest), 0, patience);
+        QTRY_COMPARE_WITH_TIMEOUT(ProcessTable::count(engine), 0, patience);
+        QTRY_COMPARE_WITH_TIMEOUT(ProcessTable::count(runkest), 0, patience);
     }
 };
 

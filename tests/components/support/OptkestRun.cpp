@@ -1,13 +1,15 @@
 // SPDX-License-Identifier: MIT
 #include "OptkestRun.h"
 
-#include <QFile>
 #include <QUuid>
 
-OptkestRun::OptkestRun() : m_mark("OPTKEST_TEST=" + QUuid::createUuid().toByteArray())
+OptkestRun::OptkestRun(Engine engine)
+    : m_engine(m_engineFolder.path(), QStringLiteral("engine"))
+    , m_isEnginePlain(engine == Engine::Plain)
+    , m_mark("OPTKEST_TEST=" + QUuid::createUuid().toByteArray())
 {
     copyModel(QStringLiteral("tune.nec"), m_folder.path());
-    writeEngine("exec nec2c \"$@\"");
+    setEngine(0);
 }
 
 QString OptkestRun::path(const char* name) const
@@ -22,10 +24,12 @@ QProcessEnvironment OptkestRun::environment() const
 
 QProcessEnvironment OptkestRun::environmentOf(const QString& fakeEnginePart) const
 {
-    QProcessEnvironment result = fakeEnginePart.isEmpty()
-                                     ? environmentWith(QStringLiteral("KEST_NEC2C"),
-                                                       m_engine.filePath(QStringLiteral("engine")))
-                                     : fakeEngine(fakeEnginePart);
+    QProcessEnvironment result = QProcessEnvironment::systemEnvironment();
+    if (!fakeEnginePart.isEmpty()) {
+        result = fakeEngine(fakeEnginePart);
+    } else if (!m_isEnginePlain) {
+        result.insert(QStringLiteral("KEST_NEC2C"), m_engine.program());
+    }
     const int split = m_mark.indexOf('=');
     result.insert(QString::fromLatin1(m_mark.left(split)),
                   QString::fromLatin1(m_mark.mid(split + 1)));
@@ -42,14 +46,13 @@ SuiteResult OptkestRun::run(const QString& options) const
 
 void OptkestRun::slowDown(double seconds)
 {
-    writeEngine("sleep " + QByteArray::number(seconds) + "; exec nec2c \"$@\"");
+    setEngine(qRound(seconds * 1000));
 }
 
 int OptkestRun::takeEngineStarts()
 {
-    const QString path = m_engine.filePath(QStringLiteral("starts"));
-    const int count = readFile(path).count('\n');
-    QFile::remove(path);
+    const int count = m_engine.calls().size();
+    m_engine.removeCalls();
     return count;
 }
 
@@ -63,12 +66,12 @@ QStringList OptkestRun::runs() const
     return QDir(path("tune.optkest")).entryList({QStringLiteral("run_*")}, QDir::Dirs, QDir::Name);
 }
 
-void OptkestRun::writeEngine(const QByteArray& work)
+void OptkestRun::setEngine(int delay)
 {
-    const QByteArray starts = m_engine.filePath(QStringLiteral("starts")).toUtf8();
-    const QString path = writeFile(m_engine.path(), QStringLiteral("engine"),
-                                   "#!/bin/sh\necho start >> '" + starts + "'\n" + work + "\n");
-    QFile::setPermissions(path, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+    StandIn::Plan plan;
+    plan.program = QStringLiteral("nec2c");
+    plan.delay = delay;
+    m_engine.setPlan(plan);
 }
 
 double tunedValue(const SuiteResult& result)

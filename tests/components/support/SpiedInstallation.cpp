@@ -2,22 +2,21 @@
 #include "SpiedInstallation.h"
 
 #include <QDir>
+#include <QFile>
 #include <QFileInfo>
 
-SpiedInstallation::SpiedInstallation(const QString& component, const QByteArray& script)
+SpiedInstallation::SpiedInstallation(const QString& component, StandIn::Plan plan)
 {
     const QDir bin(m_folder.filePath(QStringLiteral("bin")));
     bin.mkpath(QStringLiteral("."));
     m_program = bin.filePath(QFileInfo(component).fileName());
-    QFile::copy(component, m_program);
-    const QString path =
-        writeFile(bin.path(), QStringLiteral("runkest"),
-                  "#!/bin/sh\n(IFS='|'; echo \"$*\") >> '" + calls().toUtf8() + "'\nRUNKEST='" +
-                      runkestProgram().toUtf8() + "'\n" + script + '\n');
-    QFile::setPermissions(path, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
-}
-
-QStringList SpiedInstallation::calledWith() const
-{
-    return QString::fromUtf8(readFile(calls())).split(QLatin1Char('\n'), Qt::SkipEmptyParts);
+    if (!QFileInfo::exists(component)) {
+        m_program += QStringLiteral(".exe");
+        QFile::copy(component + QStringLiteral(".exe"), m_program);
+    } else {
+        QFile::copy(component, m_program);
+    }
+    m_runkest = std::make_unique<StandIn>(bin.path(), QStringLiteral("runkest"));
+    plan.program = runkestProgram();
+    m_runkest->setPlan(plan);
 }
