@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "RecordJournal.h"
 
+#include <Clause.h>
 #include <FileSync.h>
 #include <InputFile.h>
 #include <ResultTable.h>
@@ -28,7 +29,7 @@ RecordJournal::RecordJournal(const QString& folder, qint64 mostBytes)
     : m_folder(folder), m_file(m_folder.messagesFile()), m_mostBytes(mostBytes)
 {
     if (!m_file.open(QIODevice::WriteOnly | QIODevice::Append | QIODevice::Unbuffered)) {
-        fail(m_file.errorString());
+        fail(suite::clause(m_file.errorString()));
     }
 }
 
@@ -63,7 +64,7 @@ bool RecordJournal::write(const QVector<RecordedMessage>& messages)
         return false;
     }
     m_isSynced = m_isSynced && lines.isEmpty();
-    return suite::writeAll(m_file, lines) || fail(m_file.errorString());
+    return suite::writeAll(m_file, lines) || fail(suite::clause(m_file.errorString()));
 }
 
 // A failed sync is retried the next time.
