@@ -21,6 +21,8 @@ private Q_SLOTS:
     void hasItsSlots();
     void hasItsOutputView();
     void hasItsErrorsView();
+    void holdsEachLineAtOnce_data();
+    void holdsEachLineAtOnce();
     void isReadableWithDarkColours_data();
     void isReadableWithDarkColours();
     void keepsLightColours();
@@ -97,6 +99,44 @@ void tst_common_KestProcessOutputTabWidget::hasItsErrorsView()
     QCOMPARE(view->font().family(), QStringLiteral("Courier"));
     QCOMPARE(int(view->font().weight()), static_cast<int>(QFont::Normal));
     QCOMPARE(view->font().styleHint(), QFont::TypeWriter);
+}
+
+void tst_common_KestProcessOutputTabWidget::holdsEachLineAtOnce_data()
+{
+    QTest::addColumn<bool>("isFolded");
+    QTest::newRow("folded") << true;
+    QTest::newRow("open") << false;
+}
+
+// Through 2,000 of them, whatever the view does for lines that are still to come.
+void tst_common_KestProcessOutputTabWidget::holdsEachLineAtOnce()
+{
+    QFETCH(bool, isFolded);
+    const TabStage stage;
+    stage.details()->setChecked(!isFolded);
+    const QTextDocument* const document = stage.output()->document();
+    QString text = QStringLiteral("line 0");
+    stage.runner->output(text);
+    QTextCursor selection(stage.output()->document());
+    selection.setPosition(2);
+    selection.setPosition(document->characterCount() - 1, QTextCursor::KeepAnchor);
+    for (int number = 1; number < 2000; ++number) {
+        const QString line = QStringLiteral("line %1").arg(number);
+        stage.runner->output(number % 3 == 0 ? red(line) : line);
+        text += QLatin1Char('\n') + line;
+        QCOMPARE(document->blockCount(), number + 1);
+        QCOMPARE(document->characterCount(), text.size() + 1);
+        QCOMPARE(document->lastBlock().text(), line);
+        QVERIFY(selection.atEnd());
+        if (number % 100 == 0) {
+            QCoreApplication::processEvents();
+        }
+    }
+    QCOMPARE(stage.text(), text);
+    QCOMPARE(selection.anchor(), 2);
+    QCoreApplication::processEvents();
+    QCOMPARE(stage.output()->textCursor().position(), text.size());
+    QVERIFY(isFolded || stage.isAtEnd());
 }
 
 void tst_common_KestProcessOutputTabWidget::isReadableWithDarkColours_data()

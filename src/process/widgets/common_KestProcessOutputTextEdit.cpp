@@ -28,6 +28,29 @@ QString plainText(QString text)
     return text;
 }
 
+// QTextDocument keeps blocks and fragments in balanced trees, whose nodes are in arrays in the
+// order in which they were made. When lines are only appended, the nodes on the way to the end are
+// powers of two apart, and compete for few places in the processor's cache. Blocks that are
+// inserted and removed again leave their nodes to the next ones, in reverse order: different
+// numbers of them scatter that way.
+void scatterNodes(QTextCursor writer, int blockCount)
+{
+    constexpr int distance = 512; // of two fragments for each line, which have 32 bytes
+    constexpr int most = 32;
+    constexpr int step = 5;   // has no factor in common with the most
+    constexpr int before = 4; // the distance, so that the node there is among the next ones
+    if (blockCount % distance != distance - before) {
+        return;
+    }
+    const int end = writer.position();
+    const int count = 1 + blockCount / distance * step % most;
+    for (int i = 0; i < count; ++i) {
+        writer.insertBlock();
+    }
+    writer.setPosition(end, QTextCursor::KeepAnchor);
+    writer.removeSelectedText();
+}
+
 bool isAtBottom(const QScrollBar* bar)
 {
     return bar->value() >= bar->maximum();
@@ -261,6 +284,7 @@ void common_KestProcessOutputTextEdit::beginLine()
     }
     if (!document()->isEmpty()) {
         m_writer.insertBlock(QTextBlockFormat(), QTextCharFormat());
+        scatterNodes(m_writer, document()->blockCount());
     }
 }
 
