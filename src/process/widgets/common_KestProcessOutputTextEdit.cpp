@@ -11,6 +11,9 @@
 #include <QScrollBar>
 #include <QTextDocumentFragment>
 
+#include <algorithm>
+#include <array>
+
 namespace {
 
 constexpr int mostStyledCharacters = 200000;
@@ -30,20 +33,29 @@ QString plainText(QString text)
 
 // QTextDocument keeps blocks and fragments in balanced trees, whose nodes are in arrays in the
 // order in which they were made. When lines are only appended, the nodes on the way to the end are
-// powers of two apart, and compete for few places in the processor's cache. Blocks that are
+// powers of two apart, and compete for few places in the processor's caches. Blocks that are
 // inserted and removed again leave their nodes to the next ones, in reverse order: different
-// numbers of them scatter that way.
+// numbers of them scatter that way, nearby for the cache of the data and over pages for that of
+// their addresses.
 void scatterNodes(QTextCursor writer, int blockCount)
 {
-    constexpr int distance = 512; // of two fragments for each line, which have 32 bytes
-    constexpr int most = 32;
-    constexpr int step = 5;   // has no factor in common with the most
+    struct Scattering
+    {
+        int distance; // in blocks
+        int most;     // blocks that are inserted and removed
+        int step;     // from one number of them to the next; has no factor in common with the most
+    };
+    constexpr std::array<Scattering, 2> scatterings = {{{16384, 2048, 389}, {512, 32, 5}}};
     constexpr int before = 4; // the distance, so that the node there is among the next ones
-    if (blockCount % distance != distance - before) {
+    const auto* const scattering =
+        std::find_if(scatterings.begin(), scatterings.end(), [blockCount](const Scattering& each) {
+            return blockCount % each.distance == each.distance - before;
+        });
+    if (scattering == scatterings.end()) {
         return;
     }
     const int end = writer.position();
-    const int count = 1 + blockCount / distance * step % most;
+    const int count = 1 + blockCount / scattering->distance * scattering->step % scattering->most;
     for (int i = 0; i < count; ++i) {
         writer.insertBlock();
     }
@@ -282,7 +294,7 @@ void common_KestProcessOutputTextEdit::beginLine()
         m_isEditing = true;
         m_writer.beginEditBlock();
     }
-    if (!document()->isEmpty()) {
+    if (!m_writer.atStart()) { // QTextDocument::isEmpty() would walk a path through a tree
         m_writer.insertBlock(QTextBlockFormat(), QTextCharFormat());
         scatterNodes(m_writer, document()->blockCount());
     }
