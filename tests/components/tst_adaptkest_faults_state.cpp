@@ -3,6 +3,8 @@
 #include "MarkedRuns.h"
 #include "SuiteRun.h"
 
+#include <SystemSkips.h>
+
 #include <QDir>
 #include <QProcess>
 #include <QTemporaryDir>
@@ -214,6 +216,7 @@ void tst_adaptkest_faults_state::linksAreNotFollowed_data()
 
 void tst_adaptkest_faults_state::linksAreNotFollowed()
 {
+    SKIP_WITHOUT_SYMBOLIC_LINKS();
     QFETCH(QString, name);
     QFETCH(int, number);
     const QTemporaryDir elsewhere;
@@ -267,6 +270,7 @@ void tst_adaptkest_faults_state::resultThatCannotBeWritten()
 // A limit on the size of files stands in for a full disk: the analyses fit, the output does not.
 void tst_adaptkest_faults_state::fullDiskLosesNothing()
 {
+    SKIP_WITHOUT_SHELL();
     const QString command = text("ulimit -f 64; exec '%1' m").arg(program());
     const SuiteResult result =
         runSuite(text("/bin/sh"), {text("-c"), command}, m_runs->folder(), m_runs->environment());

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "MarkedRuns.h"
 
+#include "StandIn.h"
 #include "SuiteRun.h"
 
 #include <QDeadlineTimer>
@@ -50,12 +51,13 @@ QProcessEnvironment MarkedRuns::environment() const
 
 QProcessEnvironment MarkedRuns::slowEnvironment(double seconds)
 {
-    const QByteArray script =
-        "#!/bin/sh\nsleep " + QByteArray::number(seconds) + "\nexec nec2c \"$@\"\n";
-    const QString path = writeFile(m_engines.path(), QStringLiteral("slow"), script);
-    QFile::setPermissions(path, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+    const StandIn engine(m_engines.path(), QStringLiteral("slow"));
+    StandIn::Plan plan;
+    plan.program = QStringLiteral("nec2c");
+    plan.delay = qRound(seconds * 1000);
+    engine.setPlan(plan);
     QProcessEnvironment result = environment();
-    result.insert(QStringLiteral("KEST_NEC2C"), path);
+    result.insert(QStringLiteral("KEST_NEC2C"), engine.program());
     return result;
 }
 

@@ -109,16 +109,3 @@ QString copyModel(const QString& name, const QString& folder)
 {
     return writeFile(folder, name, readFile(suiteHome() + QStringLiteral("/models/") + name));
 }
-
-QStringList processesWith(const QByteArray& assignment)
-{
-    QStringList result;
-    const QStringList entries = QDir(QStringLiteral("/proc")).entryList(QDir::Dirs);
-    for (const QString& entry : entries) {
-        const QByteArray environment = readFile(QStringLiteral("/proc/%1/environ").arg(entry));
-        if (environment.split('\0').contains(assignment)) {
-            result.append(entry);
-        }
-    }
-    return result;
-}
