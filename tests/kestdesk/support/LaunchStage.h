@@ -5,7 +5,11 @@
 
 #include <PlayedProgram.h>
 
+#include <WindowRun.h>
+
 #include <QFileInfo>
+
+#include <algorithm>
 
 /// The window of kestdesk with the applications that it launches, played by programs that write
 /// down what they were given.
@@ -87,6 +91,16 @@ public:
         m_stage->run(m_stage->model(name, words));
         QTRY_VERIFY_WITH_TIMEOUT(
             m_stage->runCount() > row && m_stage->state(row) != text("running"), longTime);
+    }
+
+    // What the window offers is looked up again when the record of a run is complete.
+    void waitForRecords() const
+    {
+        const QList<WindowRun*> runs = m_stage->window().findChildren<WindowRun*>();
+        QCOMPARE(runs.size(), m_stage->runCount());
+        QTRY_VERIFY_WITH_TIMEOUT(std::all_of(runs.begin(), runs.end(),
+                                             [](const WindowRun* r) { return r->isRecorded(); }),
+                                 longTime);
     }
 
     // Two runs with a table each.
