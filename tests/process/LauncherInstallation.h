@@ -2,6 +2,7 @@
 #pragma once
 
 #include <BoxReader.h>
+#include <PlayedProgram.h>
 #include <SettingsFolders.h>
 
 #include <common_KestGuiLauncher.h>
@@ -13,70 +14,20 @@
 
 using Launcher = common_KestGuiLauncher;
 
-/// Writes down its working directory and its arguments, in a file beside it of its own name with
-/// ".told" added, with "end" as the last line.
-inline const char* const tellingScript = "#!/bin/sh\n"
-                                         "{\n"
-                                         "pwd -P\n"
-                                         "for a in \"$@\"; do printf '<%s>\\n' \"$a\"; done\n"
-                                         "printf '%s\\n' \"${KEST_TEST_PASSED-unset}\" end\n"
-                                         "} > \"$0.told\"\n";
+/// Puts a program at a path without suffix, which writes down its working directory, its arguments
+/// and a variable.
+inline bool writeProgram(const QString& path)
+{
+    return PlayedProgram::install(
+        path, "tell-directory\ntell-arguments\ntell-variable\nKEST_TEST_PASSED\ntold\n");
+}
 
-/// The same, but waits for a file of its own name with ".go" added first, and says no more than
+/// The same, but it waits for a file of its own name with ".go" added first, and says no more than
 /// "late".
-inline const char* const waitingScript = "#!/bin/sh\n"
-                                         "while ! [ -e \"$0.go\" ]; do /bin/sleep 0.02; done\n"
-                                         "{ echo late; echo end; } > \"$0.told\"\n";
-
-/// The file of a program at a path without suffix.
-inline QString executable(const QString& path)
+inline bool writeWaitingProgram(const QString& path)
 {
-#ifdef Q_OS_WIN
-    return path + QStringLiteral(".exe");
-#else
-    return path;
-#endif
-}
-
-/// The same as messages show it.
-inline QString shownExecutable(const QString& path)
-{
-    return QDir::toNativeSeparators(executable(path));
-}
-
-/// Puts a program at a path without suffix. On Windows, which starts no scripts, the tests' child
-/// plays these two.
-inline bool writeProgram(const QString& path, const char* script = tellingScript)
-{
-#ifdef Q_OS_WIN
-    return QFile::copy(QStringLiteral(KEST_TEST_CHILD), executable(path)) &&
-           SettingsFolders::write(path + QStringLiteral(".tells"),
-                                  script == waitingScript ? "waits" : "");
-#endif
-    return SettingsFolders::write(path, script) &&
-           QFile::setPermissions(path, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
-}
-
-inline QString fileOf(const QString& program)
-{
-    return program + QStringLiteral(".told");
-}
-
-/// What the program has written down, without the last line; waits for it.
-inline QStringList toldBy(const QString& program)
-{
-    const QString path = fileOf(program);
-    const auto isThere = [&path] {
-        return QFile::exists(path) && SettingsFolders::read(path).endsWith("end\n");
-    };
-    if (!QTest::qWaitFor(isThere, 20000)) {
-        return {QStringLiteral("nothing")};
-    }
-    const QString told = QString::fromUtf8(SettingsFolders::read(path));
-    QStringList lines = told.split(QLatin1Char('\n'));
-    lines.removeLast();
-    lines.removeLast();
-    return lines;
+    return PlayedProgram::install(path,
+                                  "wait-for-file\n" + path.toUtf8() + ".go\ntell\nlate\ntold\n");
 }
 
 /// An installation to which KEST_HOME points, without a display.

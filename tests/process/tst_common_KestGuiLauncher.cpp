@@ -33,9 +33,9 @@ int doDeed(const QString& deed)
             nullptr, qEnvironmentVariable("KEST_HOME") + QStringLiteral("/bin/cadkest"),
             QStringList(), QLatin1String(""));
     } else if (deed == QLatin1String("launch Quill")) {
-        return Launcher::launchQuill(nullptr,
-                                     qEnvironmentVariable("KEST_HOME") + QStringLiteral("/bin"),
-                                     executable(QStringLiteral("cadkest")), QLatin1String(""));
+        return Launcher::launchQuill(
+            nullptr, qEnvironmentVariable("KEST_HOME") + QStringLiteral("/bin"),
+            PlayedProgram::file(QStringLiteral("cadkest")), QLatin1String(""));
     }
     return 0;
 }
@@ -74,7 +74,7 @@ private Q_SLOTS:
         QFETCH(int, type);
         QFETCH(QString, home);
         QFETCH(QString, expected);
-        expected = executable(expected);
+        expected = PlayedProgram::file(expected);
         const Variable root("KEST_TEST_ROOT", QStringLiteral("/root/of/all"));
         const Variable variable("KEST_HOME");
         if (!home.isNull()) {
@@ -146,7 +146,7 @@ private Q_SLOTS:
         if (nonInteractive) {
             expected << QStringLiteral("<--non-interactive>");
         }
-        QCOMPARE(toldBy(program), expected << QStringLiteral("handed down"));
+        QCOMPARE(PlayedProgram::toldBy(program), expected << QStringLiteral("handed down"));
     }
 
     void startsInTheCallersDirectoryWhenNoneIsNamed()
@@ -161,7 +161,7 @@ private Q_SLOTS:
             Launcher::launch(nullptr, Launcher::CadKest, QStringList(), QLatin1String(""));
         QVERIFY(QDir::setCurrent(before));
         QVERIFY(isLaunched);
-        QCOMPARE(toldBy(program),
+        QCOMPARE(PlayedProgram::toldBy(program),
                  (QStringList{installation.searchPath(), QStringLiteral("handed down")}));
     }
 
@@ -178,14 +178,14 @@ private Q_SLOTS:
         QFETCH(QString, deed);
         const Installation installation;
         const QString program = installation.program(QStringLiteral("cadkest"));
-        QVERIFY(writeProgram(program, waitingScript));
+        QVERIFY(writeWaitingProgram(program));
         QProcess caller;
         Child::start(caller, deed, installation.path());
         QVERIFY(caller.waitForFinished());
         QCOMPARE(caller.exitCode(), 1); // launched
-        QVERIFY(!QFile::exists(fileOf(program)));
+        QVERIFY(!QFile::exists(PlayedProgram::toldFile(program)));
         QVERIFY(SettingsFolders::write(program + QStringLiteral(".go"), ""));
-        QCOMPARE(toldBy(program), QStringList(QStringLiteral("late")));
+        QCOMPARE(PlayedProgram::toldBy(program), QStringList(QStringLiteral("late")));
     }
 
     void tellsWhenTheApplicationDoesNotStart_data()
@@ -202,12 +202,13 @@ private Q_SLOTS:
         const FakeApplication service;
         const Installation installation;
         QVERIFY(obstacle != 1 ||
-                SettingsFolders::write(executable(installation.cadKest()), "no program"));
-        QVERIFY(obstacle != 2 || QDir().mkdir(executable(installation.cadKest())));
+                SettingsFolders::write(PlayedProgram::file(installation.cadKest()), "no program"));
+        QVERIFY(obstacle != 2 || QDir().mkdir(PlayedProgram::file(installation.cadKest())));
         QWidget parent;
         QVERIFY(!Launcher::launch(&parent, Launcher::CadKest, twoArguments(),
                                   installation.workingDirectory()));
-        verifyBox(failureText(shownExecutable(installation.cadKest()) + QLatin1Char('.')), &parent);
+        verifyBox(failureText(PlayedProgram::shown(installation.cadKest()) + QLatin1Char('.')),
+                  &parent);
     }
 
     void tellsThatTheApplicationIsMissingWithoutAHome()
@@ -215,7 +216,7 @@ private Q_SLOTS:
         const FakeApplication service;
         const Variable home("KEST_HOME");
         QVERIFY(!Launcher::launch(nullptr, Launcher::PostKest, QStringList(), QLatin1String("")));
-        const QString program = shownExecutable(QStringLiteral("/bin/postkest"));
+        const QString program = PlayedProgram::shown(QStringLiteral("/bin/postkest"));
         verifyBox(failureText(program + QLatin1Char('.')), nullptr);
     }
 
@@ -228,7 +229,7 @@ private Q_SLOTS:
         QCOMPARE(caller.exitCode(), 0); // not launched
         QCOMPARE(QString::fromUtf8(unixLines(caller.readAllStandardError())),
                  QStringLiteral("Information\n") +
-                     failureText(shownExecutable(installation.cadKest()) + QLatin1Char('.')) +
+                     failureText(PlayedProgram::shown(installation.cadKest()) + QLatin1Char('.')) +
                      QLatin1Char('\n'));
     }
 
@@ -256,7 +257,7 @@ private Q_SLOTS:
                            "Assertion failed: ") +
             expected + QStringLiteral("\n$"));
         QVERIFY2(pattern.match(words).hasMatch(), qPrintable(words));
-        QVERIFY(!QFile::exists(fileOf(installation.cadKest())));
+        QVERIFY(!QFile::exists(PlayedProgram::toldFile(installation.cadKest())));
     }
 };
 

@@ -54,10 +54,10 @@ private Q_SLOTS:
         }
         QVERIFY(Launcher::launchKestConsole(nullptr, program, twoArguments(),
                                             installation.workingDirectory()));
-        QCOMPARE(toldBy(program),
+        QCOMPARE(PlayedProgram::toldBy(program),
                  (QStringList{installation.workingDirectory(), QStringLiteral("<a b>"),
                               QStringLiteral("<$(c)>"), QStringLiteral("handed down")}));
-        QVERIFY(!QFile::exists(fileOf(installation.terminal())));
+        QVERIFY(!QFile::exists(PlayedProgram::toldFile(installation.terminal())));
     }
 
     void opensConsoleProgramsInTheTerminal_data()
@@ -79,11 +79,11 @@ private Q_SLOTS:
         qputenv(display.constData(), ":7");
         QVERIFY(Launcher::launchKestConsole(nullptr, program, twoArguments(),
                                             installation.workingDirectory()));
-        QCOMPARE(toldBy(installation.terminal()),
+        QCOMPARE(PlayedProgram::toldBy(installation.terminal()),
                  (QStringList{installation.workingDirectory(), QStringLiteral("<-e>"),
                               QStringLiteral("<%1>").arg(program), QStringLiteral("<a b>"),
                               QStringLiteral("<$(c)>"), QStringLiteral("handed down")}));
-        QVERIFY(!QFile::exists(fileOf(program))); // that terminal starts nothing
+        QVERIFY(!QFile::exists(PlayedProgram::toldFile(program))); // that terminal starts nothing
     }
 
     void tellsWhenTheConsoleProgramDoesNotStart_data()
@@ -116,7 +116,7 @@ private Q_SLOTS:
         QVERIFY(!Launcher::launchKestConsole(&parent, program, arguments,
                                              installation.workingDirectory()));
         verifyBox(failureText(QDir::toNativeSeparators(program) + shown), &parent);
-        QVERIFY(!QFile::exists(fileOf(installation.terminal())));
+        QVERIFY(!QFile::exists(PlayedProgram::toldFile(installation.terminal())));
     }
 
     void launchesQuill_data()
@@ -136,7 +136,7 @@ private Q_SLOTS:
         QVERIFY(writeProgram(program));
         QVERIFY(Launcher::launchQuill(nullptr, QFileInfo(program).path(), name,
                                       installation.workingDirectory()));
-        QCOMPARE(toldBy(program),
+        QCOMPARE(PlayedProgram::toldBy(program),
                  (QStringList{installation.workingDirectory(), QStringLiteral("handed down")}));
     }
 

@@ -2,9 +2,19 @@
 #include "Desk.h"
 #include "RecordsStage.h"
 
+#include <PlayedProgram.h>
+
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
+
+namespace {
+
+// Commands of the component, at their end.
+constexpr const char* done = "out\n-*-total-percentage-*-100%\\n\n";
+constexpr const char* failing = "out\ngot \ncall\nexit\n3\n";
+
+} // namespace
 
 // "kestdesk runs again": a recorded run once more, in the terminal.
 class tst_kestdesk_runs_again : public QObject
@@ -20,22 +30,16 @@ private:
         return m_desk->run(QStringList{text("runs"), text("again")} + words);
     }
 
-    void useScript(const QByteArray& script) const
+    // What the component does, a word a line: commands of the tests' child.
+    void teach(const QByteArray& commands) const
     {
-        const QString program = m_desk->path("home/bin/runkest");
-        writeFile(program, "#!/bin/sh\n" + script);
-        QVERIFY(
-            QFile::setPermissions(program, QFile::ReadOwner | QFile::ExeOwner | QFile::WriteOwner));
+        QVERIFY(PlayedProgram::teach(m_desk->path("home/bin/runkest"), commands));
     }
 
     // A parallel run on the hosts, whose component prints its machines file.
     void runOn(const QByteArray& hosts) const
     {
-        useScript("while [ $# -gt 0 ]; do\n"
-                  "    if [ \"$1\" = --machines-file ]; then cat \"$2\"; fi\n"
-                  "    shift\n"
-                  "done\n"
-                  "echo '-*-total-percentage-*-100%'\n");
+        teach(QByteArray("machines\n") + done);
         writeFile(m_stage->path(text("user/kest/machines.kest")), hosts);
         writeFile(m_desk->path("models/m.nec"), "old\n");
         const Desk::Result result =
@@ -51,11 +55,12 @@ private Q_SLOTS:
         m_stage = std::make_unique<RecordsStage>();
         m_desk->set("KEST_USER_HOME", m_stage->path(text("user/kest")));
         QVERIFY(QDir().mkpath(m_stage->path(text("user/kest"))));
+        QVERIFY(PlayedProgram::install(m_desk->path("home/bin/runkest"), ""));
     }
 
     void runIsRepeatedAsItWas()
     {
-        useScript("echo \"$1\"; cat \"$1\"; echo '-*-total-percentage-*-100%'\n");
+        teach(QByteArray("model\n") + done);
         const QString model = m_desk->path("models/m.nec");
         writeFile(model, "old\n");
         QCOMPARE(m_desk->run({text("--non-interactive"), text("m.nec")}).exitCode, 0);
@@ -74,7 +79,7 @@ private Q_SLOTS:
 
     void stoppedRunIsResumed()
     {
-        useScript("echo \"got $*\"; exit 3\n");
+        teach(failing);
         writeFile(m_desk->path("models/m.nec"), "old\n");
         QCOMPARE(m_desk->run({text("--non-interactive"), text("m.nec")}).exitCode, 1);
         const Desk::Result refused = again({text("1"), text("--resume")});
@@ -134,7 +139,7 @@ private Q_SLOTS:
     void resumedRunLeavesHostsOut()
     {
         runOn("a:2\nb:1\n");
-        useScript("echo \"got $*\"; exit 3\n");
+        teach(failing);
         const Desk::Result first = again({text("1")});
         QVERIFY2(first.exitCode == 1, qPrintable(first.errors));
         writeFile(m_desk->path("models/m.partial"), "kept\n");

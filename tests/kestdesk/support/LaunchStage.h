@@ -3,56 +3,45 @@
 
 #include "WindowStage.h"
 
+#include <PlayedProgram.h>
+
+#include <WindowRun.h>
+
 #include <QFileInfo>
 
-/// The window of kestdesk with the applications that it launches, played by scripts that write down
-/// what they were given.
+#include <algorithm>
+
+/// The window of kestdesk with the applications that it launches, played by programs that write
+/// down what they were given.
 class LaunchStage
 {
 public:
     static constexpr int longTime = 60000; // ms, on a machine with much to do
 
-    // Writes down, in a file beside it of its own name with ".told" added, its folder and its
-    // arguments.
-    static constexpr const char* tellingScript =
-        "#!/bin/sh\n"
-        "{ pwd -P; for a in \"$@\"; do printf '<%s>\\n' \"$a\"; done; } > \"$0.new\"\n"
-        "mv \"$0.new\" \"$0.told\"\n";
-
-    // A component to which the model says in words of the shell what to do.
-    static constexpr const char* obeyingScript = "#!/bin/sh\n"
-                                                 "sh \"$1\"\n";
-
     static constexpr const char* table =
         "frequency_MHz,resistance_ohm,reactance_ohm,swr\n300,72,1,1.4\n";
 
-    // What a model says for a run that is valid.
-    static QByteArray done() { return QByteArrayLiteral("echo '-*-total-percentage-*-100%'\n"); }
-
-    static QByteArray reporting(const char* file)
+    // What a model says to the component, a word a line: commands of the tests' child.
+    static QByteArray saying(const QByteArray& line, const char* channel = "out")
     {
-        return QByteArray("echo '-*-file-*-") + file + "'\n";
+        return channel + QByteArrayLiteral("\n") + line + "\\n\n";
     }
 
-    static void writeProgram(const QString& path, const char* script)
+    static QByteArray reporting(const char* file, const char* channel = "out")
     {
-        QFile::remove(path); // it may be a link
-        writeFile(path, script);
-        QFile::setPermissions(path, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+        return saying(QByteArrayLiteral("-*-file-*-") + file, channel);
     }
 
-    // What the program has written down; waits for it.
-    static QStringList toldBy(const QString& program)
+    // For a run that is valid.
+    static QByteArray done() { return saying("-*-total-percentage-*-100%"); }
+
+    QStringList toldBy(const char* application) const
     {
-        const QString path = program + text(".told");
-        if (!QTest::qWaitFor([&path] { return QFile::exists(path); }, longTime)) {
-            return {text("nothing")};
-        }
-        QStringList lines = QString::fromUtf8(contentOf(path)).split(QLatin1Char('\n'));
-        lines.removeLast();
-        QFile::remove(path);
-        return lines;
+        return PlayedProgram::toldBy(m_stage->program(application));
     }
+
+    // As messages show a path.
+    static QString native(const QString& path) { return QDir::toNativeSeparators(path); }
 
     static QString between(const QString& path)
     {
@@ -68,7 +57,7 @@ public:
         m_stage.reset(); // a failed test left it
         m_stage = std::make_unique<WindowStage>();
         for (const char* const name : {"cadkest", "postkest", "editkest"}) {
-            writeProgram(m_stage->program(name), tellingScript);
+            play(name, PlayedProgram::telling);
         }
         m_stage->open();
     }
@@ -87,7 +76,13 @@ public:
 
     bool isEnabled(const char* action) const { return m_stage->find<QAction>(action)->isEnabled(); }
 
-    void obey() const { writeProgram(m_stage->program("runkest"), obeyingScript); }
+    void play(const char* program, const char* commands) const
+    {
+        QVERIFY(PlayedProgram::install(m_stage->program(program), commands));
+    }
+
+    // A component that does what the model says.
+    void obey() const { play("runkest", "obey\n"); }
 
     // Runs a model to its end.
     void run(const char* name, const QByteArray& words) const
@@ -96,6 +91,16 @@ public:
         m_stage->run(m_stage->model(name, words));
         QTRY_VERIFY_WITH_TIMEOUT(
             m_stage->runCount() > row && m_stage->state(row) != text("running"), longTime);
+    }
+
+    // What the window offers is looked up again when the record of a run is complete.
+    void waitForRecords() const
+    {
+        const QList<WindowRun*> runs = m_stage->window().findChildren<WindowRun*>();
+        QCOMPARE(runs.size(), m_stage->runCount());
+        QTRY_VERIFY_WITH_TIMEOUT(std::all_of(runs.begin(), runs.end(),
+                                             [](const WindowRun* r) { return r->isRecorded(); }),
+                                 longTime);
     }
 
     // Two runs with a table each.

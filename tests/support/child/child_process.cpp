@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: MIT
-// Plays every child process of the tests. Its arguments are commands, done one after another:
+// Plays every child process of the tests. Its arguments are commands, done one after another.
 // Where the first argument is the name of a file that ends in ".commands", they are read from that
-// file, a word a line, and the other arguments are ignored.
+// file, a word a line, and the other arguments are ignored. Where a file of its own name with
+// ".commands" added stands beside it, it plays a program of an installation: the commands are in
+// that file, and the arguments are what they speak of.
 //
 //   out TEXT, err TEXT        writes TEXT, with \n \r \t \0 \\ and \xHH decoded, and flushes
 //   lines COUNT WIDTH         COUNT numbered lines of WIDTH bytes, line end included,
@@ -15,11 +17,15 @@
 //   arguments ...             writes the arguments that follow, in hex, one a line, and ends
 //   variable NAME             writes the environment variable, or "unset"
 //   directory                 writes the working directory
+//   absolute NAME             writes the absolute path of the file NAME
 //   sleep MILLISECONDS
 //   ignore-terminate          from now on
 //   wait-for-file NAME        until there is such a file
 //   read-input                standard input to its end, and writes how many bytes there were
 //   touch NAME                makes an empty file
+//   write NAME TEXT           makes the file NAME with TEXT, decoded
+//   copy FROM TO              makes the file TO as FROM is
+//   make-directory NAME
 //   remove NAME               removes the file NAME
 //   leave-grandchild TEXT NAME
 //                             a process of its own that waits for the file NAME, writes TEXT on the
@@ -28,8 +34,20 @@
 //   signal NUMBER             dies by that signal
 //   exit CODE                 the end of the commands means exit 0
 //
-// Where a file of its own name with ".tells" added stands beside it, it does nothing of that, and
-// plays a program that is launched: see tellOfLaunch().
+// Those of a program of an installation:
+//
+//   call                      writes its arguments in one line
+//   model                     writes its first argument, and what stands in the file of that name
+//   machines                  writes what stands in the machines file that it was given, if any
+//   obey                      does the commands in the file that its first argument names
+//   tell TEXT                 adds a line to its file NAME.told, with TEXT
+//   tell-directory            ... with the working directory
+//   tell-arguments            ... with an argument in angle brackets, for each
+//   tell-variable NAME        ... with the environment variable, or "unset"
+//   told                      makes that file appear
+#include "OwnCall.h"
+#include "ToldFile.h"
+
 #include <algorithm>
 #include <chrono>
 #include <csignal>
@@ -166,10 +184,32 @@ void writeLongLine(const std::string& bytes)
     write(stdout, std::string(std::stoul(bytes), 'x') + '\n');
 }
 
-void writeVariable(const std::string& name)
+std::string variable(const std::string& name)
 {
     const char* const value = std::getenv(name.c_str());
-    write(stdout, std::string(value ? value : "unset") + '\n');
+    return value ? value : "unset";
+}
+
+std::string contentOf(const std::string& file)
+{
+    std::ifstream stream(std::filesystem::u8path(file), std::ios::binary);
+    return {std::istreambuf_iterator<char>(stream), {}};
+}
+
+void writeFile(const std::string& name, const std::string& text)
+{
+    std::ofstream(std::filesystem::u8path(name), std::ios::binary) << text;
+}
+
+std::string absolute(const std::string& name)
+{
+    return std::filesystem::absolute(std::filesystem::u8path(name)).u8string();
+}
+
+void writeModel()
+{
+    const std::string& model = OwnCall::arguments().at(0);
+    write(stdout, model + '\n' + contentOf(model));
 }
 
 void waitForFile(const std::string& name)
@@ -225,6 +265,8 @@ void leaveGrandchild(const std::string& text, const std::string& file)
 #endif
 }
 
+void obey(const std::string& file);
+
 struct Command
 {
     std::size_t argumentCount;
@@ -244,18 +286,31 @@ const std::map<std::string, Command>& commands()
         {"solver-lines",     {1, [](const Arguments& a) { writeSolverLines(a[0]); }}},
         {"warnings",         {2, [](const Arguments& a) { writeWarnings(a); }}},
         {"long-line",        {1, [](const Arguments& a) { writeLongLine(a[0]); }}},
-        {"variable",         {1, [](const Arguments& a) { writeVariable(a[0]); }}},
+        {"variable",         {1, [](const Arguments& a) { write(stdout, variable(a[0]) + '\n'); }}},
         {"directory",        {0, [](const Arguments&)   { write(stdout, std::filesystem::current_path().string() + '\n'); }}},
+        {"absolute",         {1, [](const Arguments& a) { write(stdout, absolute(a[0]) + '\n'); }}},
         {"sleep",            {1, [](const Arguments& a) { sleepFor(a[0]); }}},
         {"ignore-terminate", {0, [](const Arguments&)   { std::signal(SIGTERM, SIG_IGN); }}},
         {"wait-for-file",    {1, [](const Arguments& a) { waitForFile(a[0]); }}},
         {"read-input",       {0, [](const Arguments&)   { readInput(); }}},
         {"touch",            {1, [](const Arguments& a) { std::ofstream(a[0]).flush(); }}},
+        {"write",            {2, [](const Arguments& a) { writeFile(a[0], decoded(a[1])); }}},
+        {"copy",             {2, [](const Arguments& a) { std::filesystem::copy_file(std::filesystem::u8path(a[0]), std::filesystem::u8path(a[1])); }}},
+        {"make-directory",   {1, [](const Arguments& a) { std::filesystem::create_directory(a[0]); }}},
         {"remove",           {1, [](const Arguments& a) { std::filesystem::remove(std::filesystem::u8path(a[0])); }}},
         {"leave-grandchild", {2, [](const Arguments& a) { leaveGrandchild(a[0], a[1]); }}},
         {"crash",            {0, [](const Arguments&)   { std::abort(); }}},
         {"signal",           {1, [](const Arguments& a) { std::raise(std::stoi(a[0])); }}},
         {"exit",             {1, [](const Arguments& a) { std::exit(std::stoi(a[0])); }}},
+        {"call",             {0, [](const Arguments&)   { write(stdout, OwnCall::inOneLine() + '\n'); }}},
+        {"model",            {0, [](const Arguments&)   { writeModel(); }}},
+        {"machines",         {0, [](const Arguments&)   { write(stdout, contentOf(OwnCall::argumentAfter("--machines-file"))); }}},
+        {"obey",             {0, [](const Arguments&)   { obey(OwnCall::arguments().at(0)); }}},
+        {"tell",             {1, [](const Arguments& a) { ToldFile::add(a[0]); }}},
+        {"tell-directory",   {0, [](const Arguments&)   { ToldFile::add(std::filesystem::current_path().generic_u8string()); }}},
+        {"tell-arguments",   {0, [](const Arguments&)   { ToldFile::addArguments(); }}},
+        {"tell-variable",    {1, [](const Arguments& a) { ToldFile::add(variable(a[0])); }}},
+        {"told",             {0, [](const Arguments&)   { ToldFile::publish(); }}},
     };
     // clang-format on
     return table;
@@ -279,12 +334,8 @@ void writeArguments(Arguments::const_iterator argument, Arguments::const_iterato
     }
 }
 
-Arguments commandsOf(const Arguments& arguments)
+Arguments commandsIn(const std::filesystem::path& file)
 {
-    const std::filesystem::path file = arguments.empty() ? std::string() : arguments.front();
-    if (file.extension() != ".commands") {
-        return arguments;
-    }
     Arguments words;
     std::ifstream stream(file);
     for (std::string word; std::getline(stream, word);) {
@@ -293,90 +344,51 @@ Arguments commandsOf(const Arguments& arguments)
     return words;
 }
 
-#ifdef _WIN32
-
-// In UTF-8; those of main() are in the code page.
-Arguments argumentsOf(int /*argc*/, char* /*argv*/[])
+Arguments ownCommands()
 {
-    int count = 0;
-    wchar_t** const words = CommandLineToArgvW(GetCommandLineW(), &count);
-    Arguments result;
-    for (int i = 1; i < count; ++i) {
-        result.push_back(std::filesystem::path(words[i]).u8string());
+    const std::filesystem::path beside = OwnCall::fileBeside(".commands");
+    if (std::filesystem::exists(beside)) {
+        return commandsIn(beside);
     }
-    LocalFree(words);
-    return result;
+    const Arguments& arguments = OwnCall::arguments();
+    const std::filesystem::path file = arguments.empty() ? std::string() : arguments.front();
+    return file.extension() == ".commands" ? commandsIn(file) : arguments;
 }
 
-// Its file without the suffix of programs.
-std::wstring ownName()
+void doAll(const Arguments& words)
 {
-    wchar_t path[1024] = L"";
-    GetModuleFileNameW(nullptr, path, 1024);
-    const std::wstring file = path;
-    return file.substr(0, file.rfind(L'.'));
+    for (auto word = words.cbegin(); word != words.cend();) {
+        const std::string name = *word++;
+        if (name == "arguments") {
+            writeArguments(word, words.cend());
+            return;
+        }
+        const auto command = commands().find(name);
+        const std::size_t left = static_cast<std::size_t>(words.cend() - word);
+        if (command == commands().cend() || left < command->second.argumentCount) {
+            std::fprintf(stderr, "kest_test_child: cannot do %s\n", name.c_str());
+            std::exit(99);
+        }
+        const auto next = word + static_cast<long>(command->second.argumentCount);
+        command->second.run(Arguments(word, next));
+        word = next;
+    }
 }
 
-// Writes its working directory and its arguments into the file NAME.told, as the script of the
-// tests on Unix. When NAME.tells is not empty, it waits for NAME.go before, and writes no more than
-// "late".
-void tellOfLaunch(int argc, char* argv[])
+void obey(const std::string& file)
 {
-    const std::wstring name = ownName();
-    const bool waits = std::filesystem::file_size(name + L".tells") > 0;
-    while (waits && !std::filesystem::exists(name + L".go")) {
-        sleepFor("10");
-    }
-    std::ofstream told(std::filesystem::path(name + L".told"));
-    if (waits) {
-        told << "late\nend\n";
-        return;
-    }
-    told << std::filesystem::current_path().generic_u8string() << '\n';
-    for (int i = 1; i < argc; ++i) {
-        told << '<' << argv[i] << ">\n";
-    }
-    const char* const passed = std::getenv("KEST_TEST_PASSED");
-    told << (passed ? passed : "unset") << "\nend\n";
+    doAll(commandsIn(std::filesystem::u8path(file)));
 }
-
-#else
-
-Arguments argumentsOf(int argc, char* argv[])
-{
-    return Arguments(argv + 1, argv + argc);
-}
-
-#endif
 
 } // namespace
 
 int main(int argc, char* argv[])
 {
+    OwnCall::remember(argc, argv);
 #ifdef _WIN32 // the bytes of the commands, and no other line ends
-    if (std::filesystem::exists(ownName() + L".tells")) {
-        tellOfLaunch(argc, argv);
-        return 0;
-    }
     _setmode(_fileno(stdout), _O_BINARY);
     _setmode(_fileno(stderr), _O_BINARY);
 #endif
-    const Arguments arguments = commandsOf(argumentsOf(argc, argv));
-    for (auto argument = arguments.cbegin(); argument != arguments.cend();) {
-        const std::string name = *argument++;
-        if (name == "arguments") {
-            writeArguments(argument, arguments.cend());
-            return 0;
-        }
-        const auto command = commands().find(name);
-        const std::size_t left = static_cast<std::size_t>(arguments.cend() - argument);
-        if (command == commands().cend() || left < command->second.argumentCount) {
-            std::fprintf(stderr, "kest_test_child: cannot do %s\n", name.c_str());
-            return 99;
-        }
-        const auto next = argument + static_cast<long>(command->second.argumentCount);
-        command->second.run(Arguments(argument, next));
-        argument = next;
-    }
+    doAll(ownCommands());
     return 0;
 }
